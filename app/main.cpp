@@ -1,0 +1,7 @@
+#include "core/KMResources.h"
+
+int main(int, char **)
+{
+    initKelmoResources();
+    return 0;
+}

@@ -1,0 +1,25 @@
+# Compiler launcher, warnings and sanitizers: the interface target kelmo_options carries them.
+
+find_program(KELMO_CCACHE ccache)
+if(KELMO_CCACHE)
+    # A clone in another folder hits the same cache: paths are taken relative to the root of the clone.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
+        CCACHE_SLOPPINESS=include_file_mtime,include_file_ctime,pch_defines,time_macros
+        ${KELMO_CCACHE})
+endif()
+
+add_library(kelmo_options INTERFACE)
+target_compile_options(kelmo_options INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual)
+target_compile_definitions(kelmo_options INTERFACE QT_NO_FOREACH QT_DEPRECATED_WARNINGS)
+if(KELMO_CCACHE)
+    target_compile_options(kelmo_options INTERFACE -fpch-preprocess)
+endif()
+if(KELMO_WERROR)
+    target_compile_options(kelmo_options INTERFACE -Werror)
+endif()
+if(KELMO_SANITIZE)
+    target_compile_options(kelmo_options INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+    target_link_options(kelmo_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,8 @@
+#include "core/KMResources.h"
+
+#include <QtGlobal>
+
+void initKelmoResources()
+{
+    Q_INIT_RESOURCE(kelmo);
+}
