@@ -1,0 +1,64 @@
+#include "core/KMFileTextureNode.h"
+
+#include "core/KMNodeType.h"
+
+#include <QDebug>
+#include <QFileInfo>
+#include <QThread>
+
+KMFileTextureNode::KMFileTextureNode(const QString &path) : m_path(path)
+{
+    setType(KMNodeType::FileTexture);
+    setName(path.isEmpty() ? tr("Texture") : QFileInfo(path).fileName());
+}
+
+void KMFileTextureNode::setPath(const QString &path)
+{
+    if (m_path == path)
+        return;
+    m_path = path;
+    m_image = {};
+    m_tried = false;
+    emit imageChanged();
+}
+
+QImage KMFileTextureNode::image() const
+{
+    if (!m_tried)
+        load();
+    return m_image;
+}
+
+void KMFileTextureNode::reload()
+{
+    if (load())
+        emit imageChanged();
+}
+
+KMContainerNode *KMFileTextureNode::clone() const
+{
+    auto *copy = new KMFileTextureNode(m_path);
+    copy->setName(name());
+    copy->setEnName(enName());
+    cloneTagsTo(copy);
+    return copy;
+}
+
+bool KMFileTextureNode::load() const
+{
+    constexpr int tries = 10;
+    constexpr unsigned long pauseMs = 10;
+    m_tried = true;
+    // A missing file won't come while we wait; a half-written one may be whole in a moment.
+    const bool present = !m_path.isEmpty() && QFileInfo(m_path).isFile();
+    for (int i = 0; present && i < tries; ++i) {
+        QImage image;
+        if (image.load(m_path)) {
+            m_image = image;
+            return true;
+        }
+        QThread::msleep(pauseMs);
+    }
+    qDebug() << "texture load [NG]" << m_path;
+    return false;
+}

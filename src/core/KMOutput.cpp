@@ -1,0 +1,4 @@
+#include "core/KMOutput.h"
+
+QTextEdit *gOutputEdit = nullptr;
+QString gMessageBuffer;

@@ -1,0 +1,138 @@
+// How nodes leave the scene, with everything that refers to them.
+
+#include "core/KMBasicShaderNode.h"
+#include "core/KMBlockModel.h"
+#include "core/KMFileTextureNode.h"
+#include "core/KMNodeType.h"
+#include "core/KMProject.h"
+#include "core/KMShaderCommands.h"
+#include "core/KMShelfCommands.h"
+#include "core/KMSolution.h"
+#include "core/KMTagBase.h"
+#include "core/KMTreeWidget.h"
+#include "core/KMUndoMacro.h"
+
+namespace {
+
+QList<KMNode *> nodesOfSubtree(const KMContainerNode *node)
+{
+    QList<KMNode *> nodes;
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(node->item()))
+        nodes << KMTreeWidget::nodeOf(row);
+    return nodes;
+}
+
+/// Texture references of a material after the texture at an index went: its own become none, later ones move down.
+KMBasicShader withoutTexture(KMBasicShader values, int index)
+{
+    for (int &slot : values.textures)
+        slot = slot == index ? -1 : slot > index ? slot - 1 : slot;
+    return values;
+}
+
+} // namespace
+
+void KMProject::deleteNode(KMContainerNode *node)
+{
+    const KMUndoMacro macro(tr("Delete Node"));
+    const int type = node->type();
+    if (isShader(type))
+        deleteShader(nodeAs<KMShaderNode>(node));
+    if (isTexture(type))
+        deleteTexture(nodeAs<KMTextureNode>(node));
+    if (isTreeNode(type))
+        deleteTreeNode(node);
+    else
+        deleteBlocks({node});
+}
+
+void KMProject::deleteTreeNode(KMContainerNode *node)
+{
+    const QList<KMNode *> subtree = nodesOfSubtree(node);
+    QList<KMNode *> tagMembers;
+    for (KMNode *member : subtree) {
+        for (KMTagBase *tag : nodeAs<KMContainerNode>(member)->tags())
+            tagMembers << tag->blockNodes();
+    }
+    deleteBlocks(tagMembers);
+    node->pushDeleteCommand();
+    checkModifiers();
+    rebuildDerivedLists();
+    deleteBlocks(subtree);
+}
+
+void KMProject::deleteBlocks(const QList<KMNode *> &nodes)
+{
+    if (!m_blocks)
+        return;
+    for (KMNode *node : nodes)
+        m_blocks->pushDeleteBlock(node);
+}
+
+void KMProject::deleteShader(KMShaderNode *shader)
+{
+    const int index = shaders().indexOf(shader);
+    if (index < 0)
+        return;
+    for (const List list : {MeshNodes, PrimitiveNodes}) {
+        const QList<KMNode *> users = m_lists[list];
+        for (KMNode *user : users)
+            nodeAs<KMContainerNode>(user)->pushShaderRemoved(index);
+    }
+    gSolution->push(new deleteShaderNodeCommand(shader));
+}
+
+void KMProject::deleteTexture(KMTextureNode *texture)
+{
+    const int index = textures().indexOf(texture);
+    if (index < 0)
+        return;
+    for (KMShaderNode *shader : allShaders()) {
+        if (shader->type() != KMNodeType::BasicShader)
+            continue;
+        auto *basic = nodeAs<KMBasicShaderNode>(shader);
+        const KMBasicShader values = withoutTexture(basic->values(), index);
+        if (values != basic->values())
+            gSolution->push(new editShaderNodeCommand(basic, values));
+    }
+    gSolution->push(new deleteTextureNodeCommand(texture));
+}
+
+KMFileTextureNode *KMProject::addTextureFile(const QString &path)
+{
+    for (KMTextureNode *texture : textures()) {
+        if (texture->type() == KMNodeType::FileTexture && nodeAs<KMFileTextureNode>(texture)->path() == path)
+            return nodeAs<KMFileTextureNode>(texture);
+    }
+    auto *texture = new KMFileTextureNode(path);
+    addToScene(texture);
+    return texture;
+}
+
+QList<KMNode *> &KMProject::shelfList(Shelf shelf)
+{
+    return m_lists[shelf == Shelf::Shaders ? Shaders : Textures];
+}
+
+void KMProject::announceShelf(Shelf shelf)
+{
+    if (shelf == Shelf::Shaders)
+        emit shadersChanged();
+    else
+        emit texturesChanged();
+}
+
+void KMProject::attachToShelf(Shelf shelf, int index, KMContainerNode *node)
+{
+    QList<KMNode *> &list = shelfList(shelf);
+    list.insert(index < 0 ? list.size() : index, node);
+    announceShelf(shelf);
+}
+
+int KMProject::detachFromShelf(Shelf shelf, KMContainerNode *node)
+{
+    const int index = shelfList(shelf).indexOf(node);
+    shelfList(shelf).removeOne(node);
+    announceShelf(shelf);
+    return index;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QTreeWidget>
+
+class KMContainerNode;
+class KMNode;
+
+/// The tree of the scene: its rows hold parenthood and order of all nodes. It belongs to the project; the
+/// node panel only shows it.
+class KMTreeWidget : public QTreeWidget
+{
+    Q_OBJECT
+public:
+    enum Column { NameColumn, VisibleColumn, LockColumn, TagColumn, ColumnCount };
+
+    explicit KMTreeWidget(QWidget *parent = nullptr);
+
+    static QTreeWidgetItem *makeRow(KMContainerNode *node); ///< a row that leads to the node, in no tree yet
+    static void showState(QTreeWidgetItem *row); ///< puts name and, where the class has them, the boxes on the row
+    static KMContainerNode *nodeOf(const QTreeWidgetItem *row); ///< null for a null row
+    static KMContainerNode *parentNodeOf(const KMContainerNode *node); ///< null at the top or without a row
+
+    static QList<QTreeWidgetItem *> flatten(const QTreeWidget *tree); ///< all rows, parents before children
+    static QList<QTreeWidgetItem *> flatten(QTreeWidgetItem *row); ///< the row and all below it, likewise
+    /// The selected rows without those below another one whose node is selected, so that a subtree moves as one.
+    static QList<QTreeWidgetItem *> topSelectedItems(const QTreeWidget *tree);
+    /// Copies what is expanded and hidden between subtrees of equal length; does nothing for others.
+    static void copyRowState(QTreeWidgetItem *from, QTreeWidgetItem *to);
+
+    static int positionOf(const QTreeWidgetItem *row); ///< among its siblings; -1 for a row in no tree
+
+signals:
+    void onNodeUpdate(KMNode *node); ///< the current row changed; null when none is
+
+protected:
+    void currentRowChanged(QTreeWidgetItem *current);
+};

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "core/KMNode.h"
+
+#include <QList>
+#include <QVariant>
+
+class KMContainerNode;
+
+/// One parameter value of a container, which can drive the parameters of other nodes.
+class KMVariantNode : public KMNode
+{
+    Q_OBJECT
+public:
+    explicit KMVariantNode(KMContainerNode *owner = nullptr);
+
+    QVariant value() const { return m_value; }
+    bool toBool() const { return m_value.toBool(); }
+    int toInt() const { return m_value.toInt(); }
+    float toFloat() const { return m_value.toFloat(); }
+
+    /// Writes the value. Unless blocked, hands it on to the targets and announces it with refresh().
+    void setBool(bool value);
+    void setInt(int value);
+    void setFloat(float value);
+    void setValue(const QVariant &value);
+
+    KMContainerNode *owner() const { return m_owner; } ///< may be null
+    void setOwner(KMContainerNode *owner) { m_owner = owner; }
+    bool isBlocked() const { return m_blocked; }
+    void setBlocked(bool blocked) { m_blocked = blocked; } ///< a blocked node changes quietly
+
+    /// Connects a value that follows this one; it takes this value at once.
+    void addTarget(KMVariantNode *target);
+    void removeTarget(KMVariantNode *target); ///< the first occurrence
+    QList<KMVariantNode *> targets() const { return m_targets; }
+
+signals:
+    void refresh(KMNode *owner); ///< the value was set; the owner may be null
+
+protected:
+    void setInitialValue(const QVariant &value) { m_value = value; }
+
+private:
+    void propagate(KMVariantNode *origin);
+
+    KMContainerNode *m_owner; // not owned
+    QVariant m_value;
+    bool m_blocked = false;
+    QList<KMVariantNode *> m_targets;
+};
+
+/// A truth value, false at first.
+class KMBoolNode : public KMVariantNode
+{
+    Q_OBJECT
+public:
+    explicit KMBoolNode(KMContainerNode *owner = nullptr);
+};
+
+/// A whole number, 0 at first.
+class KMIntNode : public KMVariantNode
+{
+    Q_OBJECT
+public:
+    explicit KMIntNode(KMContainerNode *owner = nullptr);
+};
+
+/// A single-precision number, 0 at first.
+class KMFloatNode : public KMVariantNode
+{
+    Q_OBJECT
+public:
+    explicit KMFloatNode(KMContainerNode *owner = nullptr);
+};
