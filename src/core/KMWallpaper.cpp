@@ -32,6 +32,8 @@ QPixmap blurredWallpaper(const QString &file)
 {
     if (file.isEmpty() || !QFileInfo::exists(file) || !qobject_cast<QApplication *>(QCoreApplication::instance()))
         return {};
-    const QImage image = QImage(file).scaled(WallpaperSize, Qt::IgnoreAspectRatio, Qt::FastTransformation);
-    return image.isNull() ? QPixmap() : blurred(image);
+    const QImage image(file);
+    if (image.isNull())
+        return {};
+    return blurred(image.scaled(WallpaperSize, Qt::IgnoreAspectRatio, Qt::FastTransformation));
 }
