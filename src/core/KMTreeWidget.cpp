@@ -35,7 +35,7 @@ KMTreeWidget::KMTreeWidget(QWidget *parent) : QTreeWidget(parent)
 QTreeWidgetItem *KMTreeWidget::makeRow(KMContainerNode *node)
 {
     auto *row = new QTreeWidgetItem;
-    const QVariant pointer(qulonglong(quintptr(node)));
+    const QVariant pointer{qulonglong(reinterpret_cast<quintptr>(node))};
     row->setData(NameColumn, Qt::UserRole, pointer);
     row->setData(TagColumn, Qt::UserRole, pointer);
     showState(row);
