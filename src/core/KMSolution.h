@@ -91,6 +91,7 @@ public:
     KMTagBase *currentTag() const { return m_currentTag; }
     void setCurrentTag(KMTagBase *tag) { m_currentTag = tag; }
     void forgetNode(const KMNode *node); ///< it left the scene: no current pointer keeps it
+    void forgetTag(const KMTagBase *tag); ///< likewise
     QAction *lastCommand() const { return m_lastCommand; }
 
     // What the views show; stored in the file
