@@ -210,3 +210,4 @@ static_assert(sizeof(Quaternion) == 4 * sizeof(float), "no padding");
 
 // Not Q_PRIMITIVE_TYPE: a container would then fill new places with zeros, and a new quaternion is the identity.
 Q_DECLARE_TYPEINFO(kvm::Quaternion, Q_MOVABLE_TYPE);
+Q_DECLARE_METATYPE(kvm::Quaternion)
