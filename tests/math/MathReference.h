@@ -3,6 +3,9 @@
 #include "math/Matrix4.h"
 #include "math/Quaternion.h"
 
+#include <QDebug>
+
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <random>

@@ -338,8 +338,11 @@ void tst_Quaternion::slerpLeavesNeighbours()
 
 void tst_Quaternion::slerpOfOpposites()
 {
-    const Quaternion a(0.6f, 0.8f, 0, 0), b(-0.6f, -0.8f, 0, 0.005f);
-    QCOMPARE(a.slerped(b, 0.25f), (a + b) * 0.5f); // whatever t is
+    const Quaternion a = aboutX(0.3);
+    for (const double apart : {0.0, 0.007}) {
+        const Quaternion b = -aboutX(0.3 + 2 * apart);
+        QCOMPARE(a.slerped(b, 0.25f), (a + b) * 0.5f); // whatever t is
+    }
 }
 
 void tst_Quaternion::slerpTakesTheLongArc()
