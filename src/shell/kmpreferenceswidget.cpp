@@ -94,6 +94,7 @@ void kmpreferenceswidget::createPages()
     m_pageList = new QListWidget(this);
     m_pageList->setObjectName(QStringLiteral("pageList"));
     m_pageList->setFixedWidth(dpiScaled(140));
+    m_pageList->setSpacing(dpiScaled(3));
     m_stack = new QStackedWidget(this);
     m_stack->setObjectName(QStringLiteral("pages"));
     for (const PageRow &row : pageRows) {

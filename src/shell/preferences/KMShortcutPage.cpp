@@ -100,11 +100,16 @@ QWidget *KMShortcutPage::createEditor()
 
 void KMShortcutPage::load(const KMSettingsValues &)
 {
+    const QPointer<QAction> selected = m_current >= 0 ? m_entries.at(m_current).action : nullptr;
     m_current = -1;
     m_entries.clear();
     fillTree();
     applyFilter(m_filter->text());
     onCurrentChanged();
+    for (const Entry &entry : std::as_const(m_entries)) {
+        if (selected && entry.action == selected)
+            m_tree->setCurrentItem(entry.rows.first());
+    }
 }
 
 void KMShortcutPage::fillTree()
