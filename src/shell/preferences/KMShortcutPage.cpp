@@ -60,6 +60,7 @@ KMShortcutPage::KMShortcutPage(QWidget *parent)
     connect(m_filter, &QLineEdit::textChanged, this, &KMShortcutPage::applyFilter);
     createTree();
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_filter);
     layout->addWidget(m_tree);
     layout->addWidget(createEditor());

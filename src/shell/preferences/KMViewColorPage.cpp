@@ -50,6 +50,7 @@ KMViewColorPage::KMViewColorPage(QWidget *parent)
     setObjectName(QStringLiteral("View Color"));
     createList();
     auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_list);
     layout->addWidget(createButtons());
     updateButtons();
@@ -152,7 +153,10 @@ void KMViewColorPage::setColor(int index, const QColor &color)
 void KMViewColorPage::showColor(QTreeWidgetItem *item)
 {
     const QColor color = m_colors[indexOf(item)];
-    item->setIcon(ColorColumn, QIcon(swatch(color, m_list->iconSize(), devicePixelRatioF())));
+    const QPixmap picture = swatch(color, m_list->iconSize(), devicePixelRatioF());
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected); // or the selection would tint the color
+    item->setIcon(ColorColumn, icon);
     item->setText(ColorColumn,
                   tr("%1, %2, %3, %4").arg(color.red()).arg(color.green()).arg(color.blue()).arg(color.alpha()));
 }
