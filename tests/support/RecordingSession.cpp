@@ -9,6 +9,7 @@ void RecordingWindow::setDocumentTitle(const QString &text)
 {
     title = text;
     ++titleChanges;
+    *m_log << QStringLiteral("setDocumentTitle");
 }
 
 bool RecordingFormat::write(const QString &path, double)
