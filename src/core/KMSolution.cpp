@@ -96,6 +96,12 @@ void KMSolution::dropUnreachableSave()
         m_savedCount = unreachable;
 }
 
+void KMSolution::markUnsaved()
+{
+    m_savedCount = unreachable;
+    updateTitle();
+}
+
 void KMSolution::clearHistory()
 {
     m_history.clear();

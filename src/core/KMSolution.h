@@ -58,6 +58,7 @@ public:
     void clearHistory();
     bool isModified() const { return m_commandCount != m_savedCount; }
     void markSaved() { m_savedCount = m_commandCount; }
+    void markUnsaved(); ///< the document counts as modified until it is saved: no step of the history leads to a file
 
     // Files
 
