@@ -4,6 +4,7 @@
 
 class KMContainerNode;
 class KMNode;
+class QMimeData;
 
 /// The tree of the scene: its rows hold parenthood and order of all nodes. It belongs to the project; the
 /// node panel only shows it.
@@ -12,6 +13,9 @@ class KMTreeWidget : public QTreeWidget
     Q_OBJECT
 public:
     enum Column { NameColumn, VisibleColumn, LockColumn, TagColumn, ColumnCount };
+    enum class Place { Before, Into, After }; ///< of a drop, seen from the row that it hits
+
+    static const QString NodeMimeType; ///< of dragged rows: the nodes' pointers, good within this run only
 
     explicit KMTreeWidget(QWidget *parent = nullptr);
 
@@ -29,9 +33,18 @@ public:
 
     static int positionOf(const QTreeWidgetItem *row); ///< among its siblings; -1 for a row in no tree
 
+    static QList<KMContainerNode *> nodesOf(const QMimeData *data); ///< what is dragged; empty for other data
+
 signals:
     void onNodeUpdate(KMNode *node); ///< the current row changed; null when none is
 
+    /// Nodes of this tree were dropped; a null target is the free space below all rows. The tree itself moves nothing:
+    /// a move is a step of the history.
+    void nodesDropped(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place);
+
 protected:
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QList<QTreeWidgetItem *> items) const override;
+    void dropEvent(QDropEvent *event) override;
     void currentRowChanged(QTreeWidgetItem *current);
 };
