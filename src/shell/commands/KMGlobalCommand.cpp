@@ -10,5 +10,5 @@ void KMEachNodeCommand::run()
     // All targets are found before the first one changes: deleting one must not make another one a target.
     const QList<KMContainerNode *> nodes = targets();
     for (KMContainerNode *node : nodes)
-        run(node);
+        runOn(node);
 }

@@ -24,7 +24,7 @@ public:
 
 protected:
     virtual QList<KMContainerNode *> targets() const = 0;
-    virtual void run(KMContainerNode *node) = 0;
+    virtual void runOn(KMContainerNode *node) = 0;
     QString obstacle() const override;
     void run() final;
 };

@@ -106,7 +106,7 @@ QList<KMContainerNode *> KMVisibilityCommand::targets() const
     return nodes;
 }
 
-void KMVisibilityCommand::run(KMContainerNode *node)
+void KMVisibilityCommand::runOn(KMContainerNode *node)
 {
     gSolution->push(new setVisibleCommand(node, shallBeVisible(node)));
 }
@@ -136,7 +136,7 @@ ComHideAll::ComHideAll(QObject *parent)
 {
 }
 
-void KMDeleteCommand::run(KMContainerNode *node)
+void KMDeleteCommand::runOn(KMContainerNode *node)
 {
     gProject->deleteNode(node);
 }

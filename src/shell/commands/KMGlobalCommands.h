@@ -60,7 +60,7 @@ public:
 protected:
     virtual bool shallBeVisible(const KMContainerNode *node) const = 0;
     QList<KMContainerNode *> targets() const override;
-    void run(KMContainerNode *node) override;
+    void runOn(KMContainerNode *node) override;
 };
 
 class ComShowCurrentOnly : public KMVisibilityCommand
@@ -102,7 +102,7 @@ public:
     using KMEachNodeCommand::KMEachNodeCommand;
 
 protected:
-    void run(KMContainerNode *node) override;
+    void runOn(KMContainerNode *node) override;
 };
 
 class ComDeleteCurrentNode : public KMDeleteCommand
