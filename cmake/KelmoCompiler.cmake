@@ -23,8 +23,3 @@ if(KELMO_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(kelmo_options INTERFACE -fsanitize=address,undefined)
 endif()
-
-# Autogen looks only at the files that it knew the last time; a configure run may have found new ones.
-function(kelmo_refresh_autogen target)
-    file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/timestamp)
-endfunction()

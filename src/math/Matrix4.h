@@ -141,3 +141,4 @@ static_assert(sizeof(Matrix4) == 16 * sizeof(float), "no padding");
 
 // Not Q_PRIMITIVE_TYPE: a container would then fill new places with zeros, and a new matrix is the identity.
 Q_DECLARE_TYPEINFO(kvm::Matrix4, Q_MOVABLE_TYPE);
+Q_DECLARE_METATYPE(kvm::Matrix4)

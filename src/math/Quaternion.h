@@ -34,13 +34,14 @@ struct Quaternion
         , z(pz)
     {
     }
+    /// The pure quaternion of a vector: w is 0.
     constexpr explicit Quaternion(const Vector3 &v)
         : w(0.0f)
         , x(v.x)
         , y(v.y)
         , z(v.z)
     {
-    } ///< pure: w is 0
+    }
 
     /// Turns by `angle` about `axis`, which is normalised here. A zero axis stays zero: (cos(angle / 2), 0, 0, 0).
     static Quaternion fromAxisAngle(const Vector3 &axis, float angle);
@@ -74,21 +75,20 @@ struct Quaternion
     /// Angles of the turn about X first (bank), then Z (attitude), then Y (heading), stored under their axes as
     /// (bank, heading, attitude). Close to the poles of the attitude the bank is 0.
     Vector3 toHeadingAttitudeBank() const;
-    /// The axis is of unit length, (0, 1, 0) when there is none to tell. The angle is 0 to pi: a scalar part of zero or
-    /// below yields angle 0, so that a caller who wants the long turn negates the quaternion first.
+    /// The axis is of unit length, (0, 1, 0) when there is none to tell. The angle is 0 to pi. A scalar part of zero or
+    /// below yields the angle 0: negate such a quaternion first, which is the same rotation, to learn its angle.
     AxisAngle toAxisAngle() const;
     Matrix4 toMatrix() const;
 
     /// (1 - t) of this and t of q, not normalised.
     constexpr Quaternion &lerp(const Quaternion &q, float t);
-    /// Turns this along the arc to q, t from 0 to 1. Leaves this as it is when both are closer than 0.01 radians, and
-    /// takes their mean when they are opposite. It never chooses the shorter arc: negate one of them for that.
+    /// Moves this along the arc to q, t from 0 to 1. Both being closer than 0.01 radians on the sphere of quaternions
+    /// (half the angle of the turn) leaves this as it is, and opposite ones give their mean. It never chooses the
+    /// shorter arc: negate one of them for that.
     Quaternion &slerp(const Quaternion &q, float t);
-    constexpr Quaternion lerped(const Quaternion &q, float t) const; ///< lerp of a copy
-    Quaternion slerped(const Quaternion &q, float t) const
-    {
-        return Quaternion(*this).slerp(q, t);
-    } ///< slerp of a copy
+    /// The same two for a copy.
+    constexpr Quaternion lerped(const Quaternion &q, float t) const;
+    Quaternion slerped(const Quaternion &q, float t) const { return Quaternion(*this).slerp(q, t); }
 
     constexpr Quaternion &operator+=(const Quaternion &q);
     constexpr Quaternion &operator*=(const Quaternion &q);
@@ -210,3 +210,4 @@ static_assert(sizeof(Quaternion) == 4 * sizeof(float), "no padding");
 
 // Not Q_PRIMITIVE_TYPE: a container would then fill new places with zeros, and a new quaternion is the identity.
 Q_DECLARE_TYPEINFO(kvm::Quaternion, Q_MOVABLE_TYPE);
+Q_DECLARE_METATYPE(kvm::Quaternion)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QMetaType>
 
 #include <cmath>
 #include <type_traits>
@@ -118,3 +118,4 @@ static_assert(sizeof(Vector2) == 2 * sizeof(float), "no padding");
 } // namespace kvm
 
 Q_DECLARE_TYPEINFO(kvm::Vector2, Q_PRIMITIVE_TYPE);
+Q_DECLARE_METATYPE(kvm::Vector2)

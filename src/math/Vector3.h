@@ -127,3 +127,4 @@ static_assert(sizeof(Vector3) == 3 * sizeof(float), "no padding");
 } // namespace kvm
 
 Q_DECLARE_TYPEINFO(kvm::Vector3, Q_PRIMITIVE_TYPE);
+Q_DECLARE_METATYPE(kvm::Vector3)

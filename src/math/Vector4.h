@@ -129,3 +129,4 @@ static_assert(sizeof(Vector4) == 4 * sizeof(float), "no padding");
 } // namespace kvm
 
 Q_DECLARE_TYPEINFO(kvm::Vector4, Q_PRIMITIVE_TYPE);
+Q_DECLARE_METATYPE(kvm::Vector4)

@@ -24,7 +24,7 @@ constexpr ThemeColors light = {0xffececee, 0xffffffff, 0xffe4e4e8, 0xff1b1c20, 0
 
 constexpr ThemeColors onDark(QRgb accent, QRgb link)
 {
-    return {0xff2e2f33, 0xff222326, 0xff3a3b40, 0xffe6e6e8, accent, 0xff101114, link};
+    return {0xff3b3c41, 0xff242528, 0xff4b4c52, 0xffe6e6e8, accent, 0xff101114, link};
 }
 
 constexpr ThemeColors darkThemes[KMStyle::LastTheme + 1] = {
@@ -64,7 +64,7 @@ QPalette makePalette(const ThemeColors &colors)
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
         palette.setColor(role, colors.text);
     palette.setColor(QPalette::BrightText, colors.accent);
-    palette.setColor(QPalette::PlaceholderText, mixed(colors.base, colors.text, 0.6));
+    palette.setColor(QPalette::PlaceholderText, mixed(colors.base, colors.text, 0.65));
     palette.setColor(QPalette::Highlight, colors.accent);
     palette.setColor(QPalette::HighlightedText, colors.onAccent);
     palette.setColor(QPalette::Link, colors.link);
@@ -118,6 +118,14 @@ void KMStyle::applyTheme(int theme)
 QPalette KMStyle::standardPalette() const
 {
     return themePalette(m_theme);
+}
+
+int KMStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                       QStyleHintReturn *returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) // the desktop's icons don't follow our palettes
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
 int KMStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const

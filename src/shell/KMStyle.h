@@ -25,6 +25,8 @@ public:
     QPalette standardPalette() const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
                     const QWidget *widget = nullptr) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option = nullptr, const QWidget *widget = nullptr,
+                  QStyleHintReturn *returned = nullptr) const override;
 
 private:
     int m_theme = DefaultTheme;

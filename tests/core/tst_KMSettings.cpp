@@ -37,6 +37,7 @@ private slots:
     void handleSignal();
     void applySendsOnlyWhatChanged();
     void actionGroups();
+    void windowWithAndWithoutFactory();
     void wallpaperOfAFile();
 
 private:
@@ -408,6 +409,27 @@ void tst_KMSettings::actionGroups()
     settings.setActionGroup(QStringLiteral("File(&F)"), {&save});
     QCOMPARE(settings.actionGroups().size(), 2);
     QCOMPARE(settings.actionGroups().at(0).actions.size(), 1);
+}
+
+/// The settings only hand the pointers on, so any address serves for a window and a dialogue.
+void tst_KMSettings::windowWithAndWithoutFactory()
+{
+    static int made = 0;
+    auto *window = reinterpret_cast<kmmainwidget *>(this);
+    KMSettings settings(m_dir->path());
+    settings.setMainWidget(window);
+    QCOMPARE(settings.mainWidget, window);
+    QVERIFY(!settings.preferences);
+
+    settings.preferencesFactory = [](kmmainwidget *parent) {
+        ++made;
+        return reinterpret_cast<kmpreferenceswidget *>(parent);
+    };
+    settings.setMainWidget(window);
+    QVERIFY(settings.preferences);
+    settings.setMainWidget(nullptr);
+    QVERIFY(!settings.mainWidget && !settings.preferences);
+    QCOMPARE(made, 1);
 }
 
 void tst_KMSettings::wallpaperOfAFile()

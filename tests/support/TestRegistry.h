@@ -14,5 +14,5 @@ public:
     static QStringList names();
 };
 
-#define KM_TEST(Class) \
+#define KM_TEST(Class)                                                                                                 \
     static const int registered_##Class = TestRegistry::add(#Class, []() -> QObject * { return new Class; })

@@ -1,0 +1,41 @@
+# Shows that check_includes.cmake tells good from bad: cmake -D WORK_DIR=<scratch folder> -P check_includes_selftest.cmake
+cmake_minimum_required(VERSION 3.25)
+
+function(expect outcome file line)
+    file(REMOVE_RECURSE ${WORK_DIR})
+    file(WRITE ${WORK_DIR}/${file} "#pragma once\n${line}\n")
+    execute_process(
+        COMMAND ${CMAKE_COMMAND} -D SOURCE_DIR=${WORK_DIR} -P ${CMAKE_CURRENT_LIST_DIR}/check_includes.cmake
+        RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(result EQUAL 0)
+        set(actual accepted)
+    else()
+        set(actual refused)
+    endif()
+    if(NOT actual STREQUAL outcome)
+        message(SEND_ERROR "${file} with ${line} was ${actual}:\n${output}")
+    endif()
+    if(outcome STREQUAL refused AND NOT output MATCHES "${file}")
+        message(SEND_ERROR "the report on ${line} doesn't name ${file}:\n${output}")
+    endif()
+endfunction()
+
+expect(accepted mesh/A.cpp "#include \"mesh/B.h\"")
+expect(accepted mesh/A.cpp "#include \"core/B.h\"")
+expect(accepted mesh/A.cpp "#include <QVector>")
+expect(accepted mesh/A.cpp "#include \"A.moc\"")
+expect(accepted mesh/A.cpp "#include <opensubdiv/far/topologyRefiner.h>")
+expect(accepted mesh/A.cpp "// #include \"shell/B.h\"")
+expect(accepted script/A.h "#include \"tools/B.h\"")
+expect(accepted shell/A.h "#include \"schematic/B.h\"")
+
+expect(refused mesh/A.cpp "#include \"rig/B.h\"")
+expect(refused math/A.h "#include \"core/B.h\"")
+expect(refused mesh/A.cpp "  #  include <shell/B.h>")
+expect(refused mesh/deep/A.cpp "#include \"tools/B.h\" // for now")
+expect(refused script/A.h "#include \"schematic/B.h\"")
+expect(refused schematic/A.h "#include \"script/B.h\"")
+expect(refused tools/A.cpp "#include \"../shell/B.h\"")
+expect(refused extras/A.cpp "#include \"core/B.h\"")
+
+file(REMOVE_RECURSE ${WORK_DIR})
