@@ -14,14 +14,14 @@ void closeGaps(QVector<T *> &store, QVector<int> &remap)
 {
     remap.resize(store.size());
     int next = 0;
-    T **slots = store.data();
+    T **records = store.data();
     for (int i = 0, n = store.size(); i < n; ++i) {
-        T *record = slots[i];
+        T *record = records[i];
         remap[i] = record ? next : -1;
         if (!record)
             continue;
         record->index = next;
-        slots[next++] = record;
+        records[next++] = record;
     }
     store.resize(next);
 }
@@ -52,15 +52,15 @@ template <class T, class IsUnused>
 QVector<KMMeshStore::DroppedSlot<T>> dropUnused(QVector<T *> &store, KMRecordPool<T> &pool, IsUnused isUnused)
 {
     QVector<KMMeshStore::DroppedSlot<T>> dropped;
-    T *const *slots = store.constData();
+    T *const *records = store.constData();
     for (int i = 0, n = store.size(); i < n; ++i) {
-        T *record = slots[i];
+        T *record = records[i];
         if (record && !isUnused(*record))
             continue;
         dropped.append({i, record != nullptr, record ? *record : T()});
         pool.destroy(record);
         store[i] = nullptr;
-        slots = store.constData();
+        records = store.constData();
     }
     return dropped;
 }
