@@ -238,6 +238,11 @@ void KMSolution::doCommand()
         m_tool->commandRun();
 }
 
+QAction *KMSolution::lastCommand() const
+{
+    return m_lastCommand;
+}
+
 void KMSolution::speech(const QString &text)
 {
     emit speechRequested(text);

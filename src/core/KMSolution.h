@@ -91,7 +91,7 @@ public:
     KMTagBase *currentTag() const { return m_currentTag; }
     void setCurrentTag(KMTagBase *tag) { m_currentTag = tag; }
     void forgetNode(const KMNode *node); ///< it left the scene: no current pointer keeps it
-    QAction *lastCommand() const { return m_lastCommand; }
+    QAction *lastCommand() const;
 
     // What the views show; stored in the file
 
