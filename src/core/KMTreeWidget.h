@@ -4,6 +4,15 @@
 
 class KMContainerNode;
 class KMNode;
+class QMimeData;
+
+/// What of a subtree is expanded and hidden, a flag for each row, parents before children. Rows that leave
+/// the tree lose both, since the view keeps them.
+struct KMRowFlags
+{
+    QList<bool> expandedFlags;
+    QList<bool> hiddenFlags;
+};
 
 /// The tree of the scene: its rows hold parenthood and order of all nodes. It belongs to the project; the
 /// node panel only shows it.
@@ -12,11 +21,17 @@ class KMTreeWidget : public QTreeWidget
     Q_OBJECT
 public:
     enum Column { NameColumn, VisibleColumn, LockColumn, TagColumn, ColumnCount };
+    enum class Place { Before, Into, After }; ///< of a drop, seen from the row that it hits
+
+    static const QString NodeMimeType; ///< of dragged rows: the nodes' pointers, good within this run only
 
     explicit KMTreeWidget(QWidget *parent = nullptr);
 
     static QTreeWidgetItem *makeRow(KMContainerNode *node); ///< a row that leads to the node, in no tree yet
     static void showState(QTreeWidgetItem *row); ///< puts name and, where the class has them, the boxes on the row
+    void giveRow(QTreeWidgetItem *row, KMContainerNode *node); ///< lets the row lead to another node from now on
+    void setRowText(QTreeWidgetItem *row, const QString &name); ///< quietly: the tree's signals tell of the user's edits
+    void setRowBox(QTreeWidgetItem *row, Column column, Qt::CheckState state); ///< likewise
     static KMContainerNode *nodeOf(const QTreeWidgetItem *row); ///< null for a null row
     static KMContainerNode *parentNodeOf(const KMContainerNode *node); ///< null at the top or without a row
 
@@ -27,11 +42,25 @@ public:
     /// Copies what is expanded and hidden between subtrees of equal length; does nothing for others.
     static void copyRowState(QTreeWidgetItem *from, QTreeWidgetItem *to);
 
+    static KMRowFlags flagsOf(QTreeWidgetItem *row);
+    static void setFlags(QTreeWidgetItem *row, const KMRowFlags &flags); ///< does nothing for another number of rows
+
     static int positionOf(const QTreeWidgetItem *row); ///< among its siblings; -1 for a row in no tree
+    void insertRow(QTreeWidgetItem *parent, int position, QTreeWidgetItem *row); ///< null for the top; -1 for the end
+    void takeRow(QTreeWidgetItem *row); ///< out of the tree with all below it; the caller owns it now
+
+    static QList<KMContainerNode *> nodesOf(const QMimeData *data); ///< what is dragged; empty for other data
 
 signals:
     void onNodeUpdate(KMNode *node); ///< the current row changed; null when none is
 
+    /// Nodes of this tree were dropped; a null target is the free space below all rows. The tree itself moves nothing:
+    /// a move is a step of the history.
+    void nodesDropped(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place);
+
 protected:
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QList<QTreeWidgetItem *> items) const override;
+    void dropEvent(QDropEvent *event) override;
     void currentRowChanged(QTreeWidgetItem *current);
 };

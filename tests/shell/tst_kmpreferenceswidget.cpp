@@ -1,9 +1,11 @@
 #include "core/KMSettings.h"
+#include "shell/KMStyle.h"
 #include "shell/kmpreferenceswidget.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestRegistry.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -46,6 +48,7 @@ private slots:
     void shortcutIsRefused();
     void clearedShortcutIsFree();
     void deletedActionIsHarmless();
+    void themeIsTakenAtOnce();
     void autoSaveTimer();
     void dialogueIsForgotten();
 
@@ -424,6 +427,17 @@ void tst_kmpreferenceswidget::deletedActionIsHarmless()
     QCOMPARE(m_undo->shortcut(), QKeySequence(QStringLiteral("Ctrl+P")));
     m_dialog->show();
     QCOMPARE(find<QTreeWidget>("shortcutTree")->findItems(QStringLiteral("Open"), Qt::MatchRecursive).size(), 0);
+}
+
+void tst_kmpreferenceswidget::themeIsTakenAtOnce()
+{
+    QApplication::setStyle(new KMStyle); // the application takes it
+    auto *theme = find<QComboBox>("Global/Theme");
+    theme->setCurrentIndex(theme->findText(QStringLiteral("Dark Green")));
+    QVERIFY(QApplication::palette() != KMStyle::themePalette(2));
+    press(QDialogButtonBox::Apply);
+    QCOMPARE(m_settings->theme, 2);
+    QCOMPARE(m_dialog->palette().color(QPalette::Highlight), KMStyle::themePalette(2).color(QPalette::Highlight));
 }
 
 void tst_kmpreferenceswidget::autoSaveTimer()
