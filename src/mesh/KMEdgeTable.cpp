@@ -97,17 +97,17 @@ KMEdge *KMEdgeTable::append(int low, int high)
 
 void KMEdgeTable::reserve(int edges)
 {
-    size_t slots = std::max(smallestTable, m_slotCount);
-    while (slots < 2 * size_t(edges))
-        slots *= 2;
-    if (slots != m_slotCount)
-        rehash(slots);
+    size_t slotCount = std::max(smallestTable, m_slotCount);
+    while (slotCount < 2 * size_t(edges))
+        slotCount *= 2;
+    if (slotCount != m_slotCount)
+        rehash(slotCount);
 }
 
-void KMEdgeTable::rehash(size_t slots)
+void KMEdgeTable::rehash(size_t slotCount)
 {
-    m_slots = std::make_unique<quint32[]>(slots);
-    m_slotCount = slots;
+    m_slots = std::make_unique<quint32[]>(slotCount);
+    m_slotCount = slotCount;
     for (int number = 0; number < m_size; ++number) {
         const KMEdge *edge = at(number);
         *findSlot(edge->index0, edge->index1) = quint32(number) + 1;

@@ -50,7 +50,7 @@ private:
     static constexpr int BlockSize = 1 << BlockBits;
 
     quint32 *findSlot(int low, int high) const;
-    void rehash(size_t slots);
+    void rehash(size_t slotCount);
     KMEdge *append(int low, int high);
 
     std::vector<std::unique_ptr<KMEdge[]>> m_blocks;
