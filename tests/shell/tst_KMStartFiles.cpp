@@ -126,7 +126,7 @@ void tst_KMStartFiles::questionShowsTheFile()
 
 void tst_KMStartFiles::answers_data()
 {
-    using Buttons = QVector<QMessageBox::StandardButton>;
+    using Buttons = QVector<int>;
     QTest::addColumn<Buttons>("buttons");
     QTest::addColumn<bool>("skipsTheRest");
     QTest::addColumn<bool>("backupStays");
@@ -142,10 +142,11 @@ void tst_KMStartFiles::answers_data()
 
 void tst_KMStartFiles::answers()
 {
-    QFETCH(QVector<QMessageBox::StandardButton>, buttons);
+    QFETCH(QVector<int>, buttons);
     QFETCH(int, nodes);
     leaveBackup();
-    m_session->prompt.buttons = buttons;
+    for (const int button : std::as_const(buttons))
+        m_session->prompt.buttons << QMessageBox::StandardButton(button);
     QTEST(KMStartFiles::recoverBackup(), "skipsTheRest");
     QTEST(QFile::exists(path("_backup_.kmd")), "backupStays");
     QTEST(int(m_session->prompt.messages.size()), "questions");
