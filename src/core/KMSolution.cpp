@@ -5,6 +5,7 @@
 #include "core/KMSessionTool.h"
 #include "core/KMSessionViews.h"
 #include "core/KMSessionWindow.h"
+#include "core/KMSettings.h"
 #include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoCommand.h"
@@ -128,7 +129,7 @@ void KMSolution::update(int undoIndex)
     if (m_window)
         m_window->refreshAttributes();
     updateTitle();
-    if (m_autoSavePending)
+    if (m_autoSavePending && gSettings->enableAutoSave)
         autoSave();
     if (m_window)
         m_window->repaintTrees();
@@ -253,6 +254,11 @@ void KMSolution::doCommand()
     }
     if (m_tool)
         m_tool->commandRun();
+}
+
+QAction *KMSolution::lastCommand() const
+{
+    return m_lastCommand;
 }
 
 void KMSolution::speech(const QString &text)
