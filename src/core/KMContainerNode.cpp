@@ -9,7 +9,8 @@
 #include "core/KMVariantNode.h"
 
 #include <QDebug>
-#include <QSet>
+
+#include <algorithm>
 
 KMContainerNode::KMContainerNode()
     : m_name(new KMStringNode)
@@ -102,13 +103,18 @@ KMNode *KMContainerNode::nodePort(const QString &objectName) const
 
 int KMContainerNode::addTag(KMTagBase *tag)
 {
-    QSet<QString> taken;
-    for (const KMTagBase *other : std::as_const(m_tags)) {
-        if (!other->isDeleted())
-            taken.insert(other->name());
-    }
-    tag->setName(firstFreeName(tag->name(), taken));
+    tag->setName(numberedTagName(tag->name()));
     return addTagKeepName(tag);
+}
+
+QString KMContainerNode::numberedTagName(const QString &name) const
+{
+    KMNumberedNames names(name);
+    for (const KMTagBase *other : m_tags) {
+        if (!other->isDeleted())
+            names.take(other->name());
+    }
+    return names.firstFree();
 }
 
 int KMContainerNode::addTagKeepName(KMTagBase *tag)
@@ -133,7 +139,12 @@ int KMContainerNode::removeTag(KMTagBase *tag)
 
 bool KMContainerNode::hasTag(const KMTagBase *tag) const
 {
-    return m_tags.contains(const_cast<KMTagBase *>(tag));
+    return indexOfTag(tag) >= 0;
+}
+
+int KMContainerNode::indexOfTag(const KMTagBase *tag) const
+{
+    return m_tags.indexOf(const_cast<KMTagBase *>(tag));
 }
 
 void KMContainerNode::clearTags()

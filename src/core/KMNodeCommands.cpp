@@ -3,17 +3,13 @@
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
-#include "core/KMTagBase.h"
-#include "core/KMTreeWidget.h"
 
 addNodeCommand::addNodeCommand(KMContainerNode *node) : KMUndoCommand(tr("Add Node"), node), m_target(node) {}
 
 addNodeCommand::~addNodeCommand()
 {
-    if (m_applied)
-        return;
-    gProject->removeNode(m_target);
-    delete m_target;
+    if (!m_applied)
+        KMProject::destroyNodes({m_target});
 }
 
 void addNodeCommand::apply(Direction direction)
@@ -32,6 +28,11 @@ void addNodeCommand::attach()
     m_target->setSelected(true);
     QTreeWidgetItem *row = KMTreeWidget::makeRow(m_target);
     m_target->setItem(row);
+    placeRow(row);
+}
+
+void addNodeCommand::placeRow(QTreeWidgetItem *row)
+{
     gProject->tree()->addTopLevelItem(row);
     gProject->tree()->setCurrentItem(row);
 }
@@ -40,9 +41,11 @@ void addNodeCommand::detach()
 {
     m_applied = false;
     m_target->setDeleted(true);
-    QTreeWidgetItem *row = m_target->item();
+    gSolution->forgetNode(m_target);
+    // Else the view would make a neighbour current, which the session isn't to take up.
+    gProject->tree()->setCurrentItem(nullptr);
+    delete m_target->item();
     m_target->setItem(nullptr);
-    delete row;
     emit gProject->tree()->onNodeUpdate(nullptr);
 }
 
@@ -56,11 +59,10 @@ deleteNodeCommand::~deleteNodeCommand()
 {
     if (!m_applied)
         return;
-    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(m_row)) {
-        KMContainerNode *node = KMTreeWidget::nodeOf(row);
-        gProject->removeNode(node);
-        delete node;
-    }
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(m_row))
+        nodes << KMTreeWidget::nodeOf(row);
+    KMProject::destroyNodes(nodes);
     delete m_row;
 }
 
@@ -76,48 +78,32 @@ void deleteNodeCommand::apply(Direction direction)
 void deleteNodeCommand::detach()
 {
     m_applied = true;
-    QTreeWidgetItem *original = m_target->item();
-    m_expandedFlags.clear();
-    m_hiddenFlags.clear();
-    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(original)) {
-        m_expandedFlags << row->isExpanded();
-        m_hiddenFlags << row->isHidden();
-    }
+    m_row = m_target->item();
+    m_flags = KMTreeWidget::flagsOf(m_row);
     m_parentNode = KMTreeWidget::parentNodeOf(m_target);
-    m_position = KMTreeWidget::positionOf(original);
-    m_row = original->clone();
-    for (QTreeWidgetItem *row : KMTreeWidget::flatten(m_row)) {
+    m_position = KMTreeWidget::positionOf(m_row);
+    gProject->tree()->setCurrentItem(nullptr); // before the row goes, or the view would take a neighbour
+    gProject->tree()->takeRow(m_row);
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(m_row)) {
         KMContainerNode *node = KMTreeWidget::nodeOf(row);
-        node->setItem(row);
         node->setDeleted(true);
         node->setSelected(false);
-        if (node->hasTag(gSolution->currentTag()))
-            gSolution->setCurrentTag(nullptr);
         gSolution->forgetNode(node);
     }
-    delete original;
-    gProject->tree()->setCurrentItem(nullptr);
 }
 
 void deleteNodeCommand::attach()
 {
     m_applied = false;
-    const QList<QTreeWidgetItem *> rows = KMTreeWidget::flatten(m_row);
-    for (const QTreeWidgetItem *row : rows) {
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(m_row)) {
         KMContainerNode *node = KMTreeWidget::nodeOf(row);
         node->setDeleted(false);
         if (node->type() == KMNodeType::Mesh || node->type() == KMNodeType::BoneContainer)
             touch(node);
     }
-    // The parent's own row may have been replaced by a move since, so it is asked of the node.
-    if (m_parentNode)
-        m_parentNode->item()->insertChild(m_position, m_row);
-    else
-        gProject->tree()->insertTopLevelItem(m_position, m_row);
-    for (int i = 0; i < rows.size(); ++i) {
-        rows[i]->setHidden(m_hiddenFlags[i]);
-        rows[i]->setExpanded(m_expandedFlags[i]);
-    }
+    // The parent's own row may have been replaced since, so it is asked of the node.
+    gProject->tree()->insertRow(m_parentNode ? m_parentNode->item() : nullptr, m_position, m_row);
+    KMTreeWidget::setFlags(m_row, m_flags);
     gProject->tree()->setCurrentItem(m_row);
     m_row = nullptr;
 }

@@ -1,12 +1,9 @@
 #pragma once
 
+#include "core/KMTreeWidget.h"
 #include "core/KMUndoCommand.h"
 
 #include <QCoreApplication>
-#include <QList>
-
-class KMContainerNode;
-class QTreeWidgetItem;
 
 /// Brings a new node into the tree as the last top-level row. While undone it owns the node.
 class addNodeCommand : public KMUndoCommand
@@ -18,6 +15,7 @@ public:
 
 protected:
     void apply(Direction direction) override;
+    virtual void placeRow(QTreeWidgetItem *row); ///< puts the new row into the tree
 
 private:
     void attach();
@@ -44,10 +42,9 @@ private:
     void attach();
 
     KMContainerNode *m_target;
-    QTreeWidgetItem *m_row = nullptr; // a copy of the subtree's rows, owned while applied
+    QTreeWidgetItem *m_row = nullptr; // owned while applied, with all rows below it
     KMContainerNode *m_parentNode = nullptr; // null for a top-level row
     int m_position = -1;
     bool m_applied = false;
-    QList<bool> m_expandedFlags; // a flag for each row of the subtree, parents before children
-    QList<bool> m_hiddenFlags;
+    KMRowFlags m_flags;
 };

@@ -57,36 +57,38 @@ private:
     int m_slot;
 };
 
+/// A switch of a node that has a box in its row. Rows of nulls start with cleared boxes, whatever the node
+/// says, so undo puts back the box as well as the value.
+struct KMNodeSwitch
+{
+    bool on;
+    Qt::CheckState box;
+};
+
 /// Shows or hides a node in the views; the class decides what else follows.
-class setVisibleCommand : public KMUndoCommand
+class setVisibleCommand : public changeValueCommand<KMNodeSwitch>
 {
     Q_DECLARE_TR_FUNCTIONS(setVisibleCommand)
 public:
     setVisibleCommand(KMContainerNode *node, bool visible);
 
 protected:
-    void apply(Direction direction) override;
+    void write(const KMNodeSwitch &visible) override;
 
 private:
     KMContainerNode *m_target;
-    bool m_before;
-    bool m_after;
-    Qt::CheckState m_boxBefore; // rows of nulls start with cleared boxes, whatever the node says
 };
 
 /// Locks a node against selection and edits, or frees it.
-class setLockedCommand : public KMUndoCommand
+class setLockedCommand : public changeValueCommand<KMNodeSwitch>
 {
     Q_DECLARE_TR_FUNCTIONS(setLockedCommand)
 public:
     setLockedCommand(KMContainerNode *node, bool locked);
 
 protected:
-    void apply(Direction direction) override;
+    void write(const KMNodeSwitch &locked) override;
 
 private:
     KMContainerNode *m_target;
-    bool m_before;
-    bool m_after;
-    Qt::CheckState m_boxBefore;
 };

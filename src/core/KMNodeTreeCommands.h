@@ -2,7 +2,6 @@
 
 #include "core/KMNodeCommands.h"
 
-#include <QPointer>
 #include <QString>
 
 /// Whether the view follows a command to the row that it brings.
@@ -60,7 +59,6 @@ private:
         int position = -1;
     };
     Place destination() const;
-    void moveTo(const Place &place);
 
     Mode m_mode;
     KMContainerNode *m_target;
@@ -83,10 +81,12 @@ protected:
 
 private:
     void exchange(KMContainerNode *in, KMContainerNode *out);
+    void rememberLook(const QTreeWidgetItem *row);
+    void restoreLook(QTreeWidgetItem *row) const;
 
     KMContainerNode *m_newcomer;
     KMContainerNode *m_leaver;
-    QString m_leaverText; // how the row looked before
+    QString m_leaverText; // how the row looked before: not all that it shows follows from the node
     Qt::CheckState m_leaverVisible = Qt::Unchecked;
     Qt::CheckState m_leaverLocked = Qt::Unchecked;
     bool m_applied = false;

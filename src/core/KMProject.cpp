@@ -1,6 +1,7 @@
 #include "core/KMProject.h"
 
 #include "core/KMBasicShaderNode.h"
+#include "core/KMBlockModel.h"
 #include "core/KMNodeType.h"
 #include "core/KMSessionWindow.h"
 #include "core/KMShaderNode.h"
@@ -11,6 +12,9 @@
 #include "core/KMUniqueName.h"
 
 #include <QRandomGenerator>
+
+#include <algorithm>
+#include <limits>
 
 KMProject *gProject = nullptr;
 
@@ -182,13 +186,13 @@ QString KMProject::uniqueName(const KMContainerNode *node) const
     const Family *family = familyOf(node->type());
     if (!family || family->namesIn == NoList)
         return node->name();
-    QSet<QString> taken;
+    KMNumberedNames names(withoutTrailingDigits(node->name()));
     for (KMNode *other : currentList(family->namesIn)) {
         const auto *container = nodeAs<KMContainerNode>(other);
         if (!container->isDeleted())
-            taken.insert(container->name());
+            names.take(container->name());
     }
-    return firstFreeName(withoutTrailingDigits(node->name()), taken);
+    return names.firstFree();
 }
 
 void KMProject::enlist(KMContainerNode *node)
@@ -238,11 +242,29 @@ void KMProject::checkModifiers()
     }
 }
 
-void KMProject::removeNode(KMContainerNode *node)
+void KMProject::removeNodes(const QList<KMContainerNode *> &nodes)
 {
-    for (QList<KMNode *> &list : m_lists)
-        list.removeAll(node);
-    gSolution->forgetNode(node);
+    const QSet<KMNode *> gone(nodes.cbegin(), nodes.cend());
+    for (QList<KMNode *> &list : m_lists) {
+        const auto isGone = [&gone](KMNode *node) { return gone.contains(node); };
+        list.erase(std::remove_if(list.begin(), list.end(), isGone), list.end());
+    }
+    for (const KMContainerNode *node : nodes)
+        gSolution->forgetNode(node);
+}
+
+void KMProject::destroyNodes(const QList<KMContainerNode *> &nodes)
+{
+    if (!gProject)
+        return;
+    gProject->removeNodes(nodes);
+    qDeleteAll(nodes);
+}
+
+void KMProject::retitleBlock(KMNode *node, const QString &title)
+{
+    if (m_blocks)
+        m_blocks->retitle(node, title);
 }
 
 void KMProject::addCamera(KMNode *camera)

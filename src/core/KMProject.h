@@ -92,7 +92,12 @@ public:
 
     // For commands
 
-    void removeNode(KMContainerNode *node); ///< out of every list, and forgotten by the session; doesn't delete it
+    void removeNode(KMContainerNode *node) { removeNodes({node}); }
+    void removeNodes(const QList<KMContainerNode *> &nodes); ///< out of every list and forgotten by the session; not deleted
+    /// Deletes what only a command still kept, after removing it from every list. Nothing is left to do when
+    /// the project went first: it owned the nodes of its lists.
+    static void destroyNodes(const QList<KMContainerNode *> &nodes);
+    void retitleBlock(KMNode *node, const QString &title); ///< its block in the schematic, where there is one
     enum class Shelf { Shaders, Textures };
     void attachToShelf(Shelf shelf, int index, KMContainerNode *node); ///< into the live list; an index of -1 appends
     int detachFromShelf(Shelf shelf, KMContainerNode *node); ///< out of the live list; returns where it was

@@ -1,14 +1,12 @@
 #include "core/KMShaderCommands.h"
 
 editShaderNodeCommand::editShaderNodeCommand(KMBasicShaderNode *shader, const KMBasicShader &values)
-    : KMUndoCommand(tr("Edit BasicShaderNode"), shader)
+    : changeValueCommand(tr("Edit BasicShaderNode"), shader, shader->values(), values)
     , m_shader(shader)
-    , m_before(shader->values())
-    , m_after(values)
 {
 }
 
-void editShaderNodeCommand::apply(Direction direction)
+void editShaderNodeCommand::write(const KMBasicShader &values)
 {
-    m_shader->setValues(direction == Direction::Redo ? m_after : m_before);
+    m_shader->setValues(values);
 }

@@ -13,10 +13,8 @@ shelfCommand::shelfCommand(const QString &text, KMProject::Shelf shelf, Step ste
 
 shelfCommand::~shelfCommand()
 {
-    if (m_attached)
-        return;
-    gProject->removeNode(m_target);
-    delete m_target;
+    if (!m_attached)
+        KMProject::destroyNodes({m_target});
 }
 
 void shelfCommand::apply(Direction direction)

@@ -96,6 +96,12 @@ void KMSolution::dropUnreachableSave()
         m_savedCount = unreachable;
 }
 
+void KMSolution::markUnsaved()
+{
+    m_savedCount = unreachable;
+    updateTitle();
+}
+
 void KMSolution::clearHistory()
 {
     m_history.clear();
@@ -140,11 +146,17 @@ QSet<KMNode *> KMSolution::nodesOfHistory() const
 
 void KMSolution::refreshNodes()
 {
-    const QSet<KMNode *> edited = nodesOfHistory();
+    // Few nodes put their refresh off, and a long history has many commands: it is searched only when one does.
+    QSet<KMNode *> edited;
+    const auto isEdited = [this, &edited](KMNode *node) {
+        if (edited.isEmpty())
+            edited = nodesOfHistory();
+        return edited.contains(node);
+    };
     for (const QList<KMNode *> &nodes : {m_project->meshNodes().nodes(), m_project->ctrlNodes().nodes()}) {
         for (KMNode *node : nodes) {
             auto *container = nodeAs<KMContainerNode>(node);
-            if (!(container->isRefreshDeferred() && edited.contains(node)))
+            if (!(container->isRefreshDeferred() && isEdited(node)))
                 container->refreshAfterEdit();
         }
     }
@@ -179,6 +191,12 @@ void KMSolution::forgetNode(const KMNode *node)
         m_currentTag = nullptr;
     if (m_currentNode == node)
         setCurrentNode(nullptr);
+}
+
+void KMSolution::forgetTag(const KMTagBase *tag)
+{
+    if (m_currentTag == tag)
+        m_currentTag = nullptr;
 }
 
 void KMSolution::setLightAngles(const kvm::Vector3 &degrees)

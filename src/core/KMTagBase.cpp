@@ -1,6 +1,7 @@
 #include "core/KMTagBase.h"
 
 #include "core/KMNodeType.h"
+#include "core/KMSolution.h"
 #include "core/KMStringNode.h"
 
 KMTagBase::KMTagBase() : m_name(new KMStringNode)
@@ -12,6 +13,8 @@ KMTagBase::KMTagBase() : m_name(new KMStringNode)
 
 KMTagBase::~KMTagBase()
 {
+    if (gSolution)
+        gSolution->forgetTag(this);
     delete m_name;
 }
 

@@ -46,6 +46,7 @@ protected:
     void apply(Direction direction) override;
 
 private:
+    KMContainerNode *m_target;
     QPointer<KMTagBase> m_tag;
     bool m_applied = false;
 };
@@ -62,7 +63,7 @@ protected:
     void apply(Direction direction) override;
 
 private:
-    void moveTo(KMContainerNode *node, int index);
+    int indexOnSource() const;
 
     KMTagBase *m_tag;
     KMContainerNode *m_source;

@@ -11,11 +11,23 @@ const QString KMTreeWidget::NodeMimeType = QStringLiteral("application/kmnode");
 
 namespace {
 
-void appendSubtree(QTreeWidgetItem *row, QList<QTreeWidgetItem *> &rows)
+/// Without recursion: a chain of rows may be deeper than the stack of the program.
+void appendSubtree(QTreeWidgetItem *root, QList<QTreeWidgetItem *> &rows)
 {
-    rows << row;
-    for (int i = 0; i < row->childCount(); ++i)
-        appendSubtree(row->child(i), rows);
+    QVector<QTreeWidgetItem *> open{root};
+    while (!open.isEmpty()) {
+        QTreeWidgetItem *row = open.takeLast();
+        rows << row;
+        for (int i = row->childCount() - 1; i >= 0; --i)
+            open << row->child(i);
+    }
+}
+
+void leadTo(QTreeWidgetItem *row, KMContainerNode *node)
+{
+    const QVariant pointer{qulonglong(reinterpret_cast<quintptr>(node))};
+    row->setData(KMTreeWidget::NameColumn, Qt::UserRole, pointer);
+    row->setData(KMTreeWidget::TagColumn, Qt::UserRole, pointer);
 }
 
 bool hasSelectedAncestor(const QTreeWidgetItem *row)
@@ -41,12 +53,29 @@ KMTreeWidget::KMTreeWidget(QWidget *parent) : QTreeWidget(parent)
 QTreeWidgetItem *KMTreeWidget::makeRow(KMContainerNode *node)
 {
     auto *row = new QTreeWidgetItem;
-    const QVariant pointer{qulonglong(reinterpret_cast<quintptr>(node))};
-    row->setData(NameColumn, Qt::UserRole, pointer);
-    row->setData(TagColumn, Qt::UserRole, pointer);
+    leadTo(row, node);
     row->setFlags(row->flags() | Qt::ItemIsEditable); // the delegate turns an edit into a step of the history
     showState(row);
     return row;
+}
+
+void KMTreeWidget::giveRow(QTreeWidgetItem *row, KMContainerNode *node)
+{
+    const QSignalBlocker quiet(this);
+    leadTo(row, node);
+    showState(row);
+}
+
+void KMTreeWidget::setRowText(QTreeWidgetItem *row, const QString &name)
+{
+    const QSignalBlocker quiet(this);
+    row->setText(NameColumn, name);
+}
+
+void KMTreeWidget::setRowBox(QTreeWidgetItem *row, Column column, Qt::CheckState state)
+{
+    const QSignalBlocker quiet(this);
+    row->setCheckState(column, state);
 }
 
 void KMTreeWidget::showState(QTreeWidgetItem *row)
@@ -97,13 +126,29 @@ QList<QTreeWidgetItem *> KMTreeWidget::topSelectedItems(const QTreeWidget *tree)
 
 void KMTreeWidget::copyRowState(QTreeWidgetItem *from, QTreeWidgetItem *to)
 {
-    const QList<QTreeWidgetItem *> sources = flatten(from);
-    const QList<QTreeWidgetItem *> targets = flatten(to);
-    if (sources.size() != targets.size())
+    setFlags(to, flagsOf(from));
+}
+
+KMRowFlags KMTreeWidget::flagsOf(QTreeWidgetItem *row)
+{
+    KMRowFlags flags;
+    for (const QTreeWidgetItem *member : flatten(row)) {
+        flags.expandedFlags << member->isExpanded();
+        flags.hiddenFlags << member->isHidden();
+    }
+    return flags;
+}
+
+void KMTreeWidget::setFlags(QTreeWidgetItem *row, const KMRowFlags &flags)
+{
+    const QList<QTreeWidgetItem *> members = flatten(row);
+    if (members.size() != flags.expandedFlags.size())
         return;
-    for (int i = 0; i < sources.size(); ++i) {
-        targets[i]->setHidden(sources[i]->isHidden());
-        targets[i]->setExpanded(sources[i]->isExpanded());
+    for (int i = 0; i < members.size(); ++i) {
+        if (members[i]->isHidden() != flags.hiddenFlags[i])
+            members[i]->setHidden(flags.hiddenFlags[i]);
+        if (members[i]->isExpanded() != flags.expandedFlags[i])
+            members[i]->setExpanded(flags.expandedFlags[i]);
     }
 }
 
@@ -112,6 +157,19 @@ int KMTreeWidget::positionOf(const QTreeWidgetItem *row)
     if (row->parent())
         return row->parent()->indexOfChild(const_cast<QTreeWidgetItem *>(row));
     return row->treeWidget() ? row->treeWidget()->indexOfTopLevelItem(const_cast<QTreeWidgetItem *>(row)) : -1;
+}
+
+void KMTreeWidget::insertRow(QTreeWidgetItem *parent, int position, QTreeWidgetItem *row)
+{
+    if (!parent)
+        parent = invisibleRootItem();
+    parent->insertChild(position < 0 ? parent->childCount() : position, row);
+}
+
+void KMTreeWidget::takeRow(QTreeWidgetItem *row)
+{
+    QTreeWidgetItem *parent = row->parent() ? row->parent() : invisibleRootItem();
+    parent->takeChild(positionOf(row));
 }
 
 void KMTreeWidget::currentRowChanged(QTreeWidgetItem *current)

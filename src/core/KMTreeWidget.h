@@ -6,6 +6,14 @@ class KMContainerNode;
 class KMNode;
 class QMimeData;
 
+/// What of a subtree is expanded and hidden, a flag for each row, parents before children. Rows that leave
+/// the tree lose both, since the view keeps them.
+struct KMRowFlags
+{
+    QList<bool> expandedFlags;
+    QList<bool> hiddenFlags;
+};
+
 /// The tree of the scene: its rows hold parenthood and order of all nodes. It belongs to the project; the
 /// node panel only shows it.
 class KMTreeWidget : public QTreeWidget
@@ -21,6 +29,9 @@ public:
 
     static QTreeWidgetItem *makeRow(KMContainerNode *node); ///< a row that leads to the node, in no tree yet
     static void showState(QTreeWidgetItem *row); ///< puts name and, where the class has them, the boxes on the row
+    void giveRow(QTreeWidgetItem *row, KMContainerNode *node); ///< lets the row lead to another node from now on
+    void setRowText(QTreeWidgetItem *row, const QString &name); ///< quietly: the tree's signals tell of the user's edits
+    void setRowBox(QTreeWidgetItem *row, Column column, Qt::CheckState state); ///< likewise
     static KMContainerNode *nodeOf(const QTreeWidgetItem *row); ///< null for a null row
     static KMContainerNode *parentNodeOf(const KMContainerNode *node); ///< null at the top or without a row
 
@@ -31,7 +42,12 @@ public:
     /// Copies what is expanded and hidden between subtrees of equal length; does nothing for others.
     static void copyRowState(QTreeWidgetItem *from, QTreeWidgetItem *to);
 
+    static KMRowFlags flagsOf(QTreeWidgetItem *row);
+    static void setFlags(QTreeWidgetItem *row, const KMRowFlags &flags); ///< does nothing for another number of rows
+
     static int positionOf(const QTreeWidgetItem *row); ///< among its siblings; -1 for a row in no tree
+    void insertRow(QTreeWidgetItem *parent, int position, QTreeWidgetItem *row); ///< null for the top; -1 for the end
+    void takeRow(QTreeWidgetItem *row); ///< out of the tree with all below it; the caller owns it now
 
     static QList<KMContainerNode *> nodesOf(const QMimeData *data); ///< what is dragged; empty for other data
 

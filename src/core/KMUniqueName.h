@@ -1,10 +1,24 @@
 #pragma once
 
-#include <QSet>
 #include <QString>
 
-/// The base with the first of 0, 1, 2, ... 999 that is not taken; base999 when all are.
-QString firstFreeName(const QString &base, const QSet<QString> &taken);
+#include <bitset>
+
+/// Finds the first free one of the names base0, base1, ... base999 among those that are in use.
+/// A document holds thousands of names, so they are looked at one by one and not collected.
+class KMNumberedNames
+{
+public:
+    explicit KMNumberedNames(const QString &base);
+    void take(const QString &name); ///< this name is in use
+    QString firstFree() const; ///< base999 when all are in use
+
+private:
+    static constexpr int Limit = 1000;
+
+    QString m_base;
+    std::bitset<Limit> m_taken;
+};
 
 /// The name without the digits at its end; digits further in stay.
 QString withoutTrailingDigits(const QString &name);

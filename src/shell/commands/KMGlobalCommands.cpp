@@ -159,7 +159,7 @@ ComDeleteUnusedShader::ComDeleteUnusedShader(QObject *parent)
 
 QList<KMContainerNode *> ComDeleteUnusedShader::targets() const
 {
-    return unused(gProject->shaders(), usedIndices(&KMContainerNode::usedShaders));
+    return unused(gProject->shaders(), usedIndices(&KMContainerNode::shaderReferences));
 }
 
 ComDeleteUnusedTexture::ComDeleteUnusedTexture(QObject *parent)
