@@ -3,6 +3,7 @@
 #include "core/KMNode.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 
 class KMBoolNode;
@@ -85,6 +86,8 @@ public:
     virtual KMContainerNode *evaluatedMesh() const { return nullptr; } ///< what a modifier or primitive makes
     virtual bool sourcesChanged() { return false; } ///< a modifier whose meshes in the tree are others now
     virtual KMUndoCommand *makeBuildCommand() { return nullptr; } ///< rebuilds such a modifier
+    virtual QSet<int> shaderReferences() const { return {}; } ///< indices into KMProject::shaders() that it refers to
+    virtual QSet<int> usedTextures() const { return {}; } ///< indices into KMProject::textures() that it refers to
     virtual void pushShaderRemoved(int index); ///< follows the removal of the shader at this place of the list
 
 signals:

@@ -203,11 +203,12 @@ QString KMProject::uniqueName(const KMContainerNode *node) const
     return names.firstFree();
 }
 
-void KMProject::enlist(KMContainerNode *node)
+void KMProject::enlist(KMContainerNode *node, Naming naming)
 {
     const Family *family = familyOf(node->type());
     Q_ASSERT(family);
-    node->setName(uniqueName(node));
+    if (naming == Naming::Unique)
+        node->setName(uniqueName(node));
     m_lists[family->list] << node;
     m_lists[AllNodes] << node;
 }
@@ -224,15 +225,15 @@ void KMProject::addNode(KMContainerNode *node)
     }
 }
 
-void KMProject::addToScene(KMContainerNode *node)
+void KMProject::addToScene(KMContainerNode *node, Naming naming)
 {
-    enlist(node);
+    enlist(node, naming);
     node->pushAddCommand();
 }
 
 void KMProject::addRaw(KMContainerNode *node)
 {
-    enlist(node);
+    enlist(node, Naming::Unique);
 }
 
 void KMProject::checkModifiers()

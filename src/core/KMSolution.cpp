@@ -99,12 +99,20 @@ void KMSolution::dropUnreachableSave()
         m_savedCount = unreachable;
 }
 
+void KMSolution::markUnsaved()
+{
+    m_savedCount = unreachable;
+    updateTitle();
+}
+
 void KMSolution::clearHistory()
 {
     m_history.clear();
     // Emptying the stack runs update(), where an autosave may wait: it must not write what is given up here.
     m_commandCount = 0;
     m_savedCount = 0;
+    if (m_project)
+        m_project->tree()->setCurrentItem(nullptr); // else a click on that row would announce no change
     setCurrentNode(nullptr);
     if (m_stack)
         m_stack->clear();
@@ -251,6 +259,11 @@ void KMSolution::doCommand()
     }
     if (m_tool)
         m_tool->commandRun();
+}
+
+QAction *KMSolution::lastCommand() const
+{
+    return m_lastCommand;
 }
 
 void KMSolution::speech(const QString &text)

@@ -3,6 +3,12 @@
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 
+#include <QDataStream>
+#include <QDropEvent>
+#include <QMimeData>
+
+const QString KMTreeWidget::NodeMimeType = QStringLiteral("application/kmnode");
+
 namespace {
 
 /// Without recursion: a chain of rows may be deeper than the stack of the program.
@@ -48,6 +54,7 @@ QTreeWidgetItem *KMTreeWidget::makeRow(KMContainerNode *node)
 {
     auto *row = new QTreeWidgetItem;
     leadTo(row, node);
+    row->setFlags(row->flags() | Qt::ItemIsEditable); // the delegate turns an edit into a step of the history
     showState(row);
     return row;
 }
@@ -168,4 +175,51 @@ void KMTreeWidget::takeRow(QTreeWidgetItem *row)
 void KMTreeWidget::currentRowChanged(QTreeWidgetItem *current)
 {
     emit onNodeUpdate(nodeOf(current));
+}
+
+QStringList KMTreeWidget::mimeTypes() const
+{
+    return {NodeMimeType};
+}
+
+QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
+{
+    if (items.isEmpty())
+        return nullptr;
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    for (const QTreeWidgetItem *row : topSelectedItems(this))
+        out << row->data(NameColumn, Qt::UserRole).toULongLong();
+    auto *data = new QMimeData;
+    data->setData(NodeMimeType, bytes);
+    return data;
+}
+
+QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data)
+{
+    QList<KMContainerNode *> nodes;
+    QDataStream in(data->data(NodeMimeType));
+    while (!in.atEnd()) {
+        qulonglong pointer = 0;
+        in >> pointer;
+        nodes << reinterpret_cast<KMContainerNode *>(quintptr(pointer));
+    }
+    return nodes;
+}
+
+void KMTreeWidget::dropEvent(QDropEvent *event)
+{
+    if (event->source() != this || !event->mimeData()->hasFormat(NodeMimeType))
+        return event->ignore();
+    const DropIndicatorPosition indicator = dropIndicatorPosition();
+    const Place place = indicator == AboveItem ? Place::Before : indicator == BelowItem ? Place::After : Place::Into;
+    KMContainerNode *target = nodeOf(itemAt(event->pos()));
+    const QList<KMContainerNode *> nodes = nodesOf(event->mimeData());
+    // A move action would make the view delete the dragged rows after the drop.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    stopAutoScroll();
+    setState(NoState);
+    viewport()->update();
+    emit nodesDropped(nodes, target, place);
 }
