@@ -69,6 +69,9 @@ void KMProject::deleteBlocks(const QList<KMNode *> &nodes)
         m_blocks->pushDeleteBlock(node);
 }
 
+// What is deleted itself keeps its references: it can only come back after the deletion here is undone, and an
+// edit of it would be left pointing at nothing once the history lets go of it.
+
 void KMProject::deleteShader(KMShaderNode *shader)
 {
     const int index = shaders().indexOf(shader);
@@ -76,8 +79,11 @@ void KMProject::deleteShader(KMShaderNode *shader)
         return;
     for (const List list : {MeshNodes, PrimitiveNodes}) {
         const QList<KMNode *> users = m_lists[list];
-        for (KMNode *user : users)
-            nodeAs<KMContainerNode>(user)->pushShaderRemoved(index);
+        for (KMNode *user : users) {
+            auto *container = nodeAs<KMContainerNode>(user);
+            if (!container->isDeleted())
+                container->pushShaderRemoved(index);
+        }
     }
     gSolution->push(new deleteShaderNodeCommand(shader));
 }
@@ -87,7 +93,7 @@ void KMProject::deleteTexture(KMTextureNode *texture)
     const int index = textures().indexOf(texture);
     if (index < 0)
         return;
-    for (KMShaderNode *shader : allShaders()) {
+    for (KMShaderNode *shader : shaders()) {
         if (shader->type() != KMNodeType::BasicShader)
             continue;
         auto *basic = nodeAs<KMBasicShaderNode>(shader);
