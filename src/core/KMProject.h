@@ -86,7 +86,8 @@ public:
     void addToScene(KMContainerNode *node, Naming naming = Naming::Unique);
     void deleteNode(KMContainerNode *node); ///< one macro "Delete Node"; shaders and textures with their references
     KMFileTextureNode *addTextureFile(const QString &path); ///< the live node of an equal path, or a new one
-    void addCamera(KMNode *camera); ///< no command: cameras are not edited in steps
+    void addCamera(KMContainerNode *camera); ///< no command: cameras are not edited in steps; the project owns it
+    KMContainerNode *cameraById(int id) const; ///< the camera whose index() is the id; null when there is none
     void addRaw(KMContainerNode *node); ///< unique name and list entry with neither row nor command, for readers
     void checkModifiers(); ///< pushes a build command for every modifier when one finds other meshes to work on
 
