@@ -7,6 +7,7 @@
 #include "core/KMPrompt.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
+#include "formats/KMNativeFormat.h"
 #include "shell/KMApplicationFont.h"
 #include "shell/KMEmergency.h"
 #include "shell/KMScreenManager.h"
@@ -177,6 +178,7 @@ int KMStartup::refuse()
 void KMStartup::createWindow()
 {
     m_window = new kmmainwidget(m_style, nullptr);
+    installNativeFormat(gSolution);
     connectPreferences();
     QObject::connect(gSolution, &KMSolution::speechRequested, new KMSpeech(gSolution), &KMSpeech::say);
     m_window->setAttribute(Qt::WA_DeleteOnClose, true);
@@ -198,12 +200,13 @@ void KMStartup::connectPreferences()
 void KMStartup::logVersions() const
 {
     constexpr int subdivisionVersion[] = {3, 3, 3};
+    const QString early = std::exchange(gMessageBuffer, {});
     qDebug("KM Version:%s", qUtf8Printable(QCoreApplication::applicationVersion()));
     qDebug("OS Version:%s (%s)", qUtf8Printable(m_system.name), qUtf8Printable(QSysInfo::kernelVersion()));
     qDebug("Qt Version:%s", qVersion());
     qDebug("Osd Version:%d.%d.%d", subdivisionVersion[0], subdivisionVersion[1], subdivisionVersion[2]);
     qDebug("CPU Threads:%d", QThread::idealThreadCount());
-    logWhole(std::exchange(gMessageBuffer, {}));
+    logWhole(early);
 }
 
 void KMStartup::openFirstDocument()
