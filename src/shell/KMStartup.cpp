@@ -20,10 +20,12 @@
 
 #include <QApplication>
 #include <QDebug>
+#include <QElapsedTimer>
 #include <QFontInfo>
 #include <QSplashScreen>
 #include <QTextCodec>
 #include <QThread>
+#include <QWindow>
 
 #include <cstdlib>
 #include <utility>
@@ -46,6 +48,18 @@ void setIdentity()
 {
     QCoreApplication::setApplicationName(QObject::tr("KELMO2"));
     QCoreApplication::setApplicationVersion(QObject::tr("225"));
+}
+
+/// Gives the display a moment to map a window that was just shown.
+void waitUntilExposed(const QWidget &widget)
+{
+    constexpr int longestWait = 200; // ms
+    QElapsedTimer timer;
+    timer.start();
+    while (!widget.windowHandle()->isExposed() && !timer.hasExpired(longestWait)) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(1);
+    }
 }
 
 template <class T>
@@ -118,6 +132,7 @@ void KMStartup::createApplication()
     QCoreApplication::setAttribute(Qt::AA_SynthesizeMouseForUnhandledTouchEvents, false);
 }
 
+/// The start doesn't come back to the event loop before the window stands, so the picture is painted here.
 void KMStartup::showSplash()
 {
     const QPixmap picture(QStringLiteral(":/img/Resources/splash.png"));
@@ -125,6 +140,8 @@ void KMStartup::showSplash()
         picture.scaled(dpiScaled(512), dpiScaled(256), Qt::KeepAspectRatio, Qt::SmoothTransformation));
     m_splash->setWindowFlags(m_splash->windowFlags() | Qt::WindowStaysOnTopHint);
     m_splash->show();
+    waitUntilExposed(*m_splash);
+    m_splash->repaint();
 }
 
 void KMStartup::installTranslations()
