@@ -57,8 +57,9 @@ public:
     void refreshMesh(quint32 mask);
     void recomputeNormals(quint32 mask);
     void beginFrame(); ///< hands pending notifications to tags and chain
-    /// Brings the chain's results up to date with what changed since the last time. Main thread only.
-    void evaluateModifiers();
+    /// A refresh took bits that the results of the chain don't show yet.
+    bool isChainPending() const { return m_chainPending; }
+    void evaluateModifiers(); ///< brings the results of the chain up to date; main thread only
 
     // Derived by the refresh
 
@@ -88,7 +89,6 @@ public:
     KMFloatNode *smoothAngleNode() const { return m_smoothAngle; }
     kvm::Matrix4 worldMatrix() const; ///< frame of the mesh: its transform and those of its parents
     void setTransform(const KMTransform &transform) override; ///< moves the frame, not the vertices
-    void setVisible(bool visible) override;
 
     // Tags and modifiers
 
@@ -110,10 +110,8 @@ public:
     const QVector<kvm::Vector3> &selectionPositions() const { return m_selectionPositions; } ///< a slot for each vertex
     const kvm::Vector3 &selectionCentre() const { return m_selectionCentre; }
     void rememberVertex(int i); ///< its present position becomes the remembered one
-    enum class Offsets { Keep, TakeOff };
-    /// Stores all positions; on request those without the offsets that tags lay on.
-    void rememberPositions(Offsets offsets);
-    void rememberPositions(bool tellChildren) { rememberPositions(tellChildren ? Offsets::TakeOff : Offsets::Keep); }
+    /// Stores all positions. tellChildren: those without the offsets that tags lay on.
+    void rememberPositions(bool tellChildren);
     const QVector<float> &memoryPositions() const { return m_memoryPositions; } ///< three for each vertex slot
 
     // View
@@ -149,10 +147,14 @@ private:
     void tellEarly(quint32 mask);
     bool refreshPositions(quint32 mask);
     bool refreshAttributes(quint32 mask);
-    void refreshLists();
+    void refreshLiveVertices();
+    void refreshLiveFaces();
+    void finishRefresh(quint32 mask) { m_dirtyMask &= ~mask; }
+    void changeFlags(quint8 &flags, quint8 bit, bool on, quint32 mask);
     bool hasDrawnNormals(const KMTagBase *tag) const;
     void afterRenumbering();
-    bool isDrawn(const KMFace &face, bool backFaceCulling) const;
+    bool turnsToView(const KMFace &face) const;
+    float screenOrientation(const KMFace &face, int b, int c) const;
 
     std::unique_ptr<KMMeshRenderData> m_renderer; // null without a view
     std::unique_ptr<KMSmoothNormals> m_normals;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mesh/KMEdgeState.h"
 #include "mesh/KMEdgeTable.h"
 #include "mesh/KMFace.h"
 #include "mesh/KMRecordPool.h"
@@ -30,10 +31,19 @@ public:
         bool hadRecord;
         T record;
     };
+    struct DroppedRef
+    {
+        int vertex;
+        int place; ///< in the vertex's list of faces
+        int face;
+    };
     struct Dropped
     {
         QVector<DroppedSlot<KMVertex>> vertices; ///< ascending
         QVector<DroppedSlot<KMFace>> faces; ///< ascending
+        QVector<DroppedRef> refs; ///< in the order in which they were taken out
+        QVector<KMEdgeState> edges; ///< what edges carried that are gone
+        bool neededCompact = false;
     };
 
     KMMeshStore() = default;
@@ -96,7 +106,8 @@ public:
 
     // Renumbering
 
-    /// Frees vertices without faces and faces of fewer than two corners, and closes all gaps.
+    /// Frees vertices without faces and faces that have fewer than two corners or lack one of their vertices,
+    /// and closes all gaps.
     Dropped compactStore();
     void expandStore(const Dropped &dropped); ///< the exact reverse of the compactStore() that returned this
     int remappedVertex(int i) const { return m_vertexRemap.value(i, -1); } ///< of the last renumbering; -1 when gone
@@ -104,10 +115,18 @@ public:
 
 protected:
     void clearRecords(); ///< frees everything
+    /// Takes over what shape the source has: positions, weights, faces, null slots; vertices without their
+    /// flags. This store has to be empty.
+    void copyRecords(const KMMeshStore &source);
 
 private:
     void insertEdges();
     void renumberRefs();
+    QVector<KMEdgeState> rekeyEdges();
+    QVector<KMEdgeState> edgeStates() const;
+    QVector<KMEdgeState> rederiveEdges(const QVector<KMEdgeState> &states);
+    bool isUsed(const KMFace &face) const;
+    QVector<DroppedRef> removeRefsOfUnusedFaces();
     void logNullSlots() const;
 
     QVector<KMVertex *> m_vertices;

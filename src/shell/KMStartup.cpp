@@ -119,9 +119,9 @@ void KMStartup::createApplication()
 
 void KMStartup::showSplash()
 {
-    m_splashPicture = QPixmap(QStringLiteral(":/img/Resources/splash.png"))
-                          .scaled(dpiScaled(512), dpiScaled(256), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    m_splash = std::make_unique<QSplashScreen>(m_splashPicture);
+    const QPixmap picture(QStringLiteral(":/img/Resources/splash.png"));
+    m_splash = std::make_unique<QSplashScreen>(
+        picture.scaled(dpiScaled(512), dpiScaled(256), Qt::KeepAspectRatio, Qt::SmoothTransformation));
     m_splash->setWindowFlags(m_splash->windowFlags() | Qt::WindowStaysOnTopHint);
     m_splash->show();
 }
