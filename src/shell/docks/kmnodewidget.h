@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/KMTreeWidget.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/docks/KMNodeFilter.h"
 
@@ -7,7 +8,6 @@
 
 class KMNodeRowDelegate;
 class KMTagBase;
-class KMTreeWidget;
 class QComboBox;
 class QLineEdit;
 class QVBoxLayout;
