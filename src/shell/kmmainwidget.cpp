@@ -5,6 +5,7 @@
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "formats/KMNativeFormat.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMRecentFiles.h"
@@ -94,6 +95,7 @@ void kmmainwidget::createSession()
     gSolution->setUndoStack(m_undoStack);
     gSolution->setProject(gProject);
     gSolution->setWindow(this);
+    installNativeFormat(gSolution);
 }
 
 /// Commands own nodes and reach for the project when they go, so the history is emptied first.
