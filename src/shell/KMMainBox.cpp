@@ -35,6 +35,7 @@ QString line(const QAction *action)
 KMMainBox::KMMainBox(QWidget *parent)
     : QWidget(parent)
     , m_pages(new QStackedLayout(this))
+    , m_startLines(new QVBoxLayout)
     , m_startPage(createStartPage())
 {
     setObjectName(QStringLiteral("KMMainBox"));
@@ -55,7 +56,6 @@ QWidget *KMMainBox::createStartPage()
     font.setPointSizeF(font.pointSizeF() * 2.6);
     font.setLetterSpacing(QFont::AbsoluteSpacing, dpiScaled(4));
     name->setFont(font);
-    m_startLines = new QVBoxLayout;
     m_startLines->setSpacing(dpiScaled(6));
     layout->addStretch(2);
     layout->addWidget(name);

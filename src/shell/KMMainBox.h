@@ -28,6 +28,6 @@ private:
     void matchInkToBackground();
 
     QStackedLayout *m_pages;
+    QVBoxLayout *m_startLines; // of the start page
     QWidget *m_startPage;
-    QVBoxLayout *m_startLines = nullptr;
 };
