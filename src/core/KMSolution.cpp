@@ -105,6 +105,8 @@ void KMSolution::markUnsaved()
 void KMSolution::clearHistory()
 {
     m_history.clear();
+    if (m_project)
+        m_project->tree()->setCurrentItem(nullptr); // else a click on that row would announce no change
     setCurrentNode(nullptr);
     if (m_stack)
         m_stack->clear();
