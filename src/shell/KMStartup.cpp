@@ -92,6 +92,7 @@ int KMStartup::run()
     createWindow();
     logVersions();
 
+    m_selfTest.prepare();
     int exitCode = 0;
     const bool undisturbed = m_faults.guard([this, &exitCode] {
         openFirstDocument();
@@ -242,14 +243,18 @@ void KMStartup::openFirstDocument()
 int KMStartup::runLoop()
 {
     m_selfTest.begin(m_window);
+    m_isLoopRunning = true;
     return QApplication::exec();
 }
 
 /// Without a session, which the closed window has taken along, there is nothing left to save.
 void KMStartup::handleFault()
 {
-    if (gSolution)
-        KMEmergency(QCoreApplication::applicationDirPath()).run(m_faults.record(), m_window);
+    using Document = KMEmergency::Document;
+    if (!gSolution)
+        return;
+    const KMEmergency emergency(QCoreApplication::applicationDirPath());
+    emergency.run(m_faults.record(), m_isLoopRunning ? Document::Edited : Document::BeingOpened, m_window);
 }
 
 void appShutdown(kmmainwidget *window)
