@@ -7,7 +7,6 @@
 #include "core/KMPrompt.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
-#include "formats/KMNativeFormat.h"
 #include "shell/KMApplicationFont.h"
 #include "shell/KMEmergency.h"
 #include "shell/KMScreenManager.h"
@@ -196,7 +195,6 @@ int KMStartup::refuse()
 void KMStartup::createWindow()
 {
     m_window = new kmmainwidget(m_style, nullptr);
-    installNativeFormat(gSolution);
     connectPreferences();
     QObject::connect(gSolution, &KMSolution::speechRequested, new KMSpeech(gSolution), &KMSpeech::say);
     m_window->setAttribute(Qt::WA_DeleteOnClose, true);
