@@ -54,6 +54,7 @@ private:
     KMOperatingSystem m_system;
     KMStyle *m_style = nullptr;       // the application's
     QPointer<kmmainwidget> m_window; // deletes itself when it is closed
+    bool m_isLoopRunning = false;
 };
 
 /// Deletes the process-wide objects that are still set, gProject, gSolution, gRenderer, gSettings, and sets each

@@ -8,6 +8,7 @@
 #include "support/VirtualDisplay.h"
 
 #include <QDir>
+#include <QJsonArray>
 #include <QSettings>
 #include <QTest>
 
@@ -113,12 +114,17 @@ void tst_KMStartup::speaksTheChosenLanguage_data()
 {
     QTest::addColumn<int>("language");
     QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("firstMenu");
     QTest::addColumn<QString>("cancel");
 
-    QTest::newRow("Japanese") << int(QLocale::Japanese) << "KELMO2 - [無題]" << "キャンセル";
-    QTest::newRow("English") << int(QLocale::English) << "KELMO2 - [untitled]" << "Cancel";
-    QTest::newRow("one without a translation") << int(QLocale::Zulu) << "KELMO2 - [untitled]" << "Cancel";
-    QTest::newRow("none at all") << 99999 << "KELMO2 - [untitled]" << "Cancel";
+    QTest::newRow("Japanese") << int(QLocale::Japanese) << "KELMO2 - [無題]" << "ファイル(&F)" << "キャンセル";
+    const struct
+    {
+        const char *name;
+        int language;
+    } englishRows[] = {{"English", QLocale::English}, {"one without a translation", QLocale::Zulu}, {"none", 99999}};
+    for (const auto &row : englishRows)
+        QTest::newRow(row.name) << row.language << "KELMO2 - [untitled]" << "File(&F)" << "Cancel";
 }
 
 void tst_KMStartup::speaksTheChosenLanguage()
@@ -129,6 +135,7 @@ void tst_KMStartup::speaksTheChosenLanguage()
     const ProgramRun::Result result = program.runAndClose();
     QVERIFY(result.ended && !result.crashed);
     QTEST(result.reported("title"), "title");
+    QTEST(result.report.value(QStringLiteral("menus")).toArray().at(0).toString(), "firstMenu");
     QTEST(result.reported("cancel"), "cancel");
     QCOMPARE(result.reported("font"), QStringLiteral("Meiryo UI"));
 }
