@@ -16,7 +16,8 @@ VirtualDisplay::VirtualDisplay()
         return;
     m_server.start(program, {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                              QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-                             QStringLiteral("tcp")});
+                             QStringLiteral("tcp"),
+                             QStringLiteral("-noreset")}); // a held key outlives the client that pressed it
     QByteArray number;
     while (!number.endsWith('\n') && m_server.waitForReadyRead(LongestStart))
         number += m_server.readAllStandardOutput();
