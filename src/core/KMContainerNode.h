@@ -45,7 +45,7 @@ public:
     void setSelected(bool selected);
     QTreeWidgetItem *item() const { return m_item; } ///< the row; null while the node isn't in the tree
     void setItem(QTreeWidgetItem *item) { m_item = item; }
-    int index() const { return m_index; } ///< number within the bone family, else -1
+    int index() const { return m_index; } ///< number within the bone family, id of a camera, else -1
     void setIndex(int index) { m_index = index; }
 
     KMStringNode *nameNode() const { return m_name; }

@@ -93,7 +93,7 @@ public:
     void setCurrentTag(KMTagBase *tag) { m_currentTag = tag; }
     void forgetNode(const KMNode *node); ///< it left the scene: no current pointer keeps it
     void forgetTag(const KMTagBase *tag); ///< likewise
-    QAction *lastCommand() const { return m_lastCommand; }
+    QAction *lastCommand() const;
 
     // What the views show; stored in the file
 

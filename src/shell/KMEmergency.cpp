@@ -79,8 +79,8 @@ QString KMEmergency::saveDocument() const
     const QString path = filePath("_backup_.kmd");
     if (gSolution->saveBackup(path))
         return {};
-    return tr("The document could not be saved to %1.").arg(path) + QLatin1Char('\n')
-        + prompt.texts.join(QLatin1Char('\n'));
+    prompt.texts.prepend(tr("The document could not be saved to %1.").arg(path));
+    return prompt.texts.join(QLatin1Char('\n'));
 }
 
 void KMEmergency::tellUser(const QString &text, const QString &trouble) const

@@ -12,6 +12,8 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMetaEnum>
+#include <QOpenGLContext>
+#include <QPushButton>
 #include <QSurfaceFormat>
 #include <QTextEdit>
 #include <QTimer>
@@ -130,6 +132,8 @@ void KMSelfTest::report(const QWidget *window) const
            {"gl", QStringLiteral("%1.%2").arg(format.majorVersion()).arg(format.minorVersion())},
            {"profile", int(format.profile())},
            {"samples", format.samples()},
+           {"sharing", QOpenGLContext::globalShareContext() && QOpenGLContext::globalShareContext()->isValid()},
+           {"cancel", QCoreApplication::translate("QPlatformTheme", "Cancel")},
            {"menus", menuTitles(window)},
            {"log", gOutputEdit ? gOutputEdit->toPlainText() : gMessageBuffer}});
 }

@@ -7,6 +7,7 @@
 #include "core/KMPrompt.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
+#include "formats/KMNativeFormat.h"
 #include "shell/KMApplicationFont.h"
 #include "shell/KMEmergency.h"
 #include "shell/KMScreenManager.h"
@@ -19,10 +20,12 @@
 
 #include <QApplication>
 #include <QDebug>
+#include <QElapsedTimer>
 #include <QFontInfo>
 #include <QSplashScreen>
 #include <QTextCodec>
 #include <QThread>
+#include <QWindow>
 
 #include <cstdlib>
 #include <utility>
@@ -45,6 +48,18 @@ void setIdentity()
 {
     QCoreApplication::setApplicationName(QObject::tr("KELMO2"));
     QCoreApplication::setApplicationVersion(QObject::tr("225"));
+}
+
+/// Gives the display a moment to map a window that was just shown.
+void waitUntilExposed(const QWidget &widget)
+{
+    constexpr int longestWait = 200; // ms
+    QElapsedTimer timer;
+    timer.start();
+    while (!widget.windowHandle()->isExposed() && !timer.hasExpired(longestWait)) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(1);
+    }
 }
 
 template <class T>
@@ -117,13 +132,16 @@ void KMStartup::createApplication()
     QCoreApplication::setAttribute(Qt::AA_SynthesizeMouseForUnhandledTouchEvents, false);
 }
 
+/// The start doesn't come back to the event loop before the window stands, so the picture is painted here.
 void KMStartup::showSplash()
 {
-    m_splashPicture = QPixmap(QStringLiteral(":/img/Resources/splash.png"))
-                          .scaled(dpiScaled(512), dpiScaled(256), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    m_splash = std::make_unique<QSplashScreen>(m_splashPicture);
+    const QPixmap picture(QStringLiteral(":/img/Resources/splash.png"));
+    m_splash = std::make_unique<QSplashScreen>(
+        picture.scaled(dpiScaled(512), dpiScaled(256), Qt::KeepAspectRatio, Qt::SmoothTransformation));
     m_splash->setWindowFlags(m_splash->windowFlags() | Qt::WindowStaysOnTopHint);
     m_splash->show();
+    waitUntilExposed(*m_splash);
+    m_splash->repaint();
 }
 
 void KMStartup::installTranslations()
@@ -177,6 +195,7 @@ int KMStartup::refuse()
 void KMStartup::createWindow()
 {
     m_window = new kmmainwidget(m_style, nullptr);
+    installNativeFormat(gSolution);
     connectPreferences();
     QObject::connect(gSolution, &KMSolution::speechRequested, new KMSpeech(gSolution), &KMSpeech::say);
     m_window->setAttribute(Qt::WA_DeleteOnClose, true);
@@ -198,12 +217,13 @@ void KMStartup::connectPreferences()
 void KMStartup::logVersions() const
 {
     constexpr int subdivisionVersion[] = {3, 3, 3};
+    const QString early = std::exchange(gMessageBuffer, {});
     qDebug("KM Version:%s", qUtf8Printable(QCoreApplication::applicationVersion()));
     qDebug("OS Version:%s (%s)", qUtf8Printable(m_system.name), qUtf8Printable(QSysInfo::kernelVersion()));
     qDebug("Qt Version:%s", qVersion());
     qDebug("Osd Version:%d.%d.%d", subdivisionVersion[0], subdivisionVersion[1], subdivisionVersion[2]);
     qDebug("CPU Threads:%d", QThread::idealThreadCount());
-    logWhole(std::exchange(gMessageBuffer, {}));
+    logWhole(early);
 }
 
 void KMStartup::openFirstDocument()

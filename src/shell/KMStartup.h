@@ -4,8 +4,6 @@
 #include "shell/KMSelfTest.h"
 #include "shell/KMTranslators.h"
 
-#include <QLocale>
-#include <QPixmap>
 #include <QPointer>
 
 #include <memory>
@@ -51,7 +49,6 @@ private:
     std::unique_ptr<QApplication> m_application;
     KMSelfTest m_selfTest;
     std::unique_ptr<KMScreenManager> m_screens;
-    QPixmap m_splashPicture;
     std::unique_ptr<QSplashScreen> m_splash;
     KMTranslators m_translators;
     KMOperatingSystem m_system;

@@ -47,13 +47,15 @@ QSurfaceFormat surfaceFormatFor(const KMSettingsValues &settings)
 
 void useSurfaceFormat(const QSurfaceFormat &format)
 {
-    QSurfaceFormat::setDefaultFormat(format);
-
     // The shared context came with the application, before the settings were read. Drivers share objects most
-    // readily between contexts of one profile and version.
-    QOpenGLContext *shared = QOpenGLContext::globalShareContext();
-    if (!shared)
-        return;
-    shared->setFormat(format);
-    shared->create();
+    // readily between contexts of one profile and version, so it is made again; Qt's warning that it has another
+    // format than the default is about the moment in between.
+    const QtMessageHandler handler =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    QSurfaceFormat::setDefaultFormat(format);
+    qInstallMessageHandler(handler);
+    if (QOpenGLContext *shared = QOpenGLContext::globalShareContext()) {
+        shared->setFormat(format);
+        shared->create();
+    }
 }

@@ -13,13 +13,16 @@
 
 namespace {
 
-void writeToNowhere()
+// The sanitizers would turn these into messages of their own.
+#define KM_REAL_FAULT __attribute__((noinline, no_sanitize("undefined", "address")))
+
+KM_REAL_FAULT void writeToNowhere()
 {
     volatile int *volatile nowhere = nullptr;
     *nowhere = 1;
 }
 
-void readBehindAFile()
+KM_REAL_FAULT void readBehindAFile()
 {
     QTemporaryFile file;
     file.open();
@@ -27,7 +30,7 @@ void readBehindAFile()
     [[maybe_unused]] const volatile char byte = *static_cast<const volatile char *>(page);
 }
 
-void divideByZero()
+KM_REAL_FAULT void divideByZero()
 {
     volatile int zero = 0;
     volatile int one = 1;
@@ -44,7 +47,7 @@ void fatalMessage()
     qFatal("fatal on purpose");
 }
 
-int exhaustStack(volatile int depth)
+KM_REAL_FAULT int exhaustStack(volatile int depth)
 {
     volatile char frame[4096] = {};
     frame[depth % 4096] = char(depth);

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/KMTreeWidget.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/docks/KMNodeFilter.h"
 
+#include <QPointer>
+
 class KMNodeRowDelegate;
 class KMTagBase;
-class KMTreeWidget;
 class QComboBox;
 class QLineEdit;
 class QVBoxLayout;
@@ -37,7 +39,7 @@ private:
     void showMenu(const QPoint &position);
     void showTagMenu(KMTagBase *tag, const QPoint &globalPosition);
 
-    KMTreeWidget *m_tree; // the project's
+    QPointer<KMTreeWidget> m_tree; // the project's, which may go first
     KMNodeRowDelegate *m_delegate;
     KMNodeFilter m_filter;
     QLineEdit *m_filterText = nullptr;
