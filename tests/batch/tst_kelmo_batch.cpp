@@ -1,4 +1,5 @@
 #include "support/KmdBytes.h"
+#include "support/TestPaths.h"
 #include "support/TestRegistry.h"
 
 #include <QJsonArray>
@@ -66,7 +67,7 @@ tst_kelmo_batch::Result tst_kelmo_batch::run(const QStringList &arguments, const
     if (!environment.isEmpty())
         process.setEnvironment(environment);
     process.setWorkingDirectory(m_dir->path());
-    process.start(QStringLiteral(KELMO_BATCH_PROGRAM), arguments);
+    process.start(TestPaths::batchProgram(), arguments);
     if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
         return {};
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};

@@ -15,6 +15,7 @@
 #include "formats/KMNativeFormat.h"
 #include "support/DocumentText.h"
 #include "support/ScriptedPrompt.h"
+#include "support/TestPaths.h"
 #include "support/TestRegistry.h"
 #include "support/TestTag.h"
 
@@ -365,7 +366,7 @@ void tst_KMNativeFormat::fullDisk()
     QVERIFY(!saved("large.kmd").isEmpty());
 
     LimitedProcess process;
-    process.start(QStringLiteral(KELMO_BATCH_PROGRAM), {QStringLiteral("convert"), path("large.kmd"), path("old.kmd")});
+    process.start(TestPaths::batchProgram(), {QStringLiteral("convert"), path("large.kmd"), path("old.kmd")});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
     QCOMPARE(process.exitCode(), 3);
