@@ -191,6 +191,8 @@ QString KMProject::uniqueName(const KMContainerNode *node) const
         const auto *container = nodeAs<KMContainerNode>(other);
         if (!container->isDeleted())
             names.take(container->name());
+        if (names.isFull())
+            break;
     }
     return names.firstFree();
 }
@@ -210,10 +212,8 @@ void KMProject::addNode(KMContainerNode *node)
         gSolution->window()->commitOpenEditors();
     const KMUndoMacro macro(tr("Add Node"));
     addToScene(node);
-    if (isTreeNode(node->type())) {
+    if (isTreeNode(node->type()))
         checkModifiers();
-        rebuildDerivedLists();
-    }
 }
 
 void KMProject::addToScene(KMContainerNode *node)
@@ -240,6 +240,7 @@ void KMProject::checkModifiers()
         if (KMUndoCommand *command = nodeAs<KMContainerNode>(node)->makeBuildCommand())
             gSolution->push(command);
     }
+    rebuildDerivedLists(); // what the modifiers make may be other meshes now
 }
 
 void KMProject::removeNodes(const QList<KMContainerNode *> &nodes)
