@@ -87,8 +87,8 @@ void tst_KMStartup::profileBySetting()
 {
     QFETCH(QByteArray, value);
     ProgramRun program;
-    QVERIFY(program.write(QStringLiteral("kelmo.ini"),
-                          "[GL]\nCore=" + value + "\nSamples=2\n[Global]\nFontType=Tahoma\n"));
+    QVERIFY(
+        program.write(QStringLiteral("kelmo.ini"), "[GL]\nCore=" + value + "\nSamples=2\n[Global]\nFontType=Tahoma\n"));
     const ProgramRun::Result result = program.runAndClose();
     QVERIFY(result.ended && !result.crashed);
     QTEST(result.reported("gl"), "version");
@@ -117,14 +117,18 @@ void tst_KMStartup::speaksTheChosenLanguage_data()
     QTest::addColumn<QString>("firstMenu");
     QTest::addColumn<QString>("cancel");
 
-    QTest::newRow("Japanese") << int(QLocale::Japanese) << "KELMO2 - [無題]" << "ファイル(&F)" << "キャンセル";
+    QTest::newRow("Japanese") << int(QLocale::Japanese) << "KELMO2 - [無題]"
+                              << "ファイル(&F)"
+                              << "キャンセル";
     const struct
     {
         const char *name;
         int language;
     } englishRows[] = {{"English", QLocale::English}, {"one without a translation", QLocale::Zulu}, {"none", 99999}};
     for (const auto &row : englishRows)
-        QTest::newRow(row.name) << row.language << "KELMO2 - [untitled]" << "File(&F)" << "Cancel";
+        QTest::newRow(row.name) << row.language << "KELMO2 - [untitled]"
+                                << "File(&F)"
+                                << "Cancel";
 }
 
 void tst_KMStartup::speaksTheChosenLanguage()
