@@ -3,9 +3,11 @@
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 
+#include <QCoreApplication>
 #include <QDataStream>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QSet>
 
 #include <vector>
 
@@ -224,6 +226,7 @@ QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
         return nullptr;
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << QCoreApplication::applicationPid();
     for (const QTreeWidgetItem *row : topSelectedItems(this))
         out << row->data(NameColumn, Qt::UserRole).toULongLong();
     auto *data = new QMimeData;
@@ -231,26 +234,36 @@ QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
     return data;
 }
 
-QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data)
+/// Pointers out of another run, or of nodes that are gone, lead to no row of this tree.
+QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data) const
 {
-    QList<KMContainerNode *> nodes;
     QDataStream in(data->data(NodeMimeType));
+    qint64 run = 0;
+    in >> run;
+    if (run != QCoreApplication::applicationPid())
+        return {};
+    QSet<qulonglong> dragged;
     while (!in.atEnd()) {
         qulonglong pointer = 0;
         in >> pointer;
-        nodes << reinterpret_cast<KMContainerNode *>(quintptr(pointer));
+        dragged << pointer;
+    }
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : flatten(this)) {
+        if (dragged.contains(row->data(NameColumn, Qt::UserRole).toULongLong()))
+            nodes << nodeOf(row);
     }
     return nodes;
 }
 
 void KMTreeWidget::dropEvent(QDropEvent *event)
 {
-    if (event->source() != this || !event->mimeData()->hasFormat(NodeMimeType))
+    const QList<KMContainerNode *> nodes = nodesOf(event->mimeData());
+    if (nodes.isEmpty())
         return event->ignore();
     const DropIndicatorPosition indicator = dropIndicatorPosition();
     const Place place = indicator == AboveItem ? Place::Before : indicator == BelowItem ? Place::After : Place::Into;
     KMContainerNode *target = nodeOf(itemAt(event->pos()));
-    const QList<KMContainerNode *> nodes = nodesOf(event->mimeData());
     // A move action would make the view delete the dragged rows after the drop.
     event->setDropAction(Qt::CopyAction);
     event->accept();
