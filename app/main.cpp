@@ -1,7 +1,9 @@
 #include "core/KMResources.h"
+#include "shell/KMStartup.h"
 
-int main(int, char **)
+int main(int argc, char **argv)
 {
     initKelmoResources();
-    return 0;
+    KMStartup startup(argc, argv);
+    return startup.run();
 }

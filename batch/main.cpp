@@ -1,7 +1,12 @@
+#include "KMBatchProgram.h"
 #include "core/KMResources.h"
 
-int main(int, char **)
+#include <QApplication>
+
+int main(int argc, char **argv)
 {
+    KMBatchProgram::prepareEnvironment(argc, argv);
+    QApplication app(argc, argv);
     initKelmoResources();
-    return 0;
+    return KMBatchProgram(app.arguments().mid(1)).run();
 }

@@ -18,9 +18,8 @@ QString backupFolder()
 {
     const QString setting = gSettings->backupDir;
     const QDir program(QCoreApplication::applicationDirPath());
-    if (!setting.isEmpty() && program.exists(setting))
-        return program.absoluteFilePath(setting);
-    return QDir::isAbsolutePath(setting) && QDir(setting).exists() ? setting : QString();
+    const QString folder = program.absoluteFilePath(setting); // an absolute setting stays as it is
+    return !setting.isEmpty() && QFileInfo(folder).isDir() ? folder : QString();
 }
 
 bool addFile(QuaZip &zip, const QString &filePath)

@@ -40,3 +40,10 @@ KMContainerNode *KMBasicShaderNode::clone() const
     cloneTagsTo(copy);
     return copy;
 }
+
+QSet<int> KMBasicShaderNode::usedTextures() const
+{
+    QSet<int> used(m_values.textures.begin(), m_values.textures.end());
+    used.remove(-1);
+    return used;
+}

@@ -3,6 +3,7 @@
 #include "core/KMNode.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 
 class KMBoolNode;
@@ -44,7 +45,7 @@ public:
     void setSelected(bool selected);
     QTreeWidgetItem *item() const { return m_item; } ///< the row; null while the node isn't in the tree
     void setItem(QTreeWidgetItem *item) { m_item = item; }
-    int index() const { return m_index; } ///< number within the bone family, else -1
+    int index() const { return m_index; } ///< number within the bone family, id of a camera, else -1
     void setIndex(int index) { m_index = index; }
 
     KMStringNode *nameNode() const { return m_name; }
@@ -85,6 +86,8 @@ public:
     virtual KMContainerNode *evaluatedMesh() const { return nullptr; } ///< what a modifier or primitive makes
     virtual bool sourcesChanged() { return false; } ///< a modifier whose meshes in the tree are others now
     virtual KMUndoCommand *makeBuildCommand() { return nullptr; } ///< rebuilds such a modifier
+    virtual QSet<int> shaderReferences() const { return {}; } ///< indices into KMProject::shaders() that it refers to
+    virtual QSet<int> usedTextures() const { return {}; } ///< indices into KMProject::textures() that it refers to
     virtual void pushShaderRemoved(int index); ///< follows the removal of the shader at this place of the list
 
 signals:

@@ -52,12 +52,13 @@ bool KMFileTextureNode::load() const
     // A missing file won't come while we wait; a half-written one may be whole in a moment.
     const bool present = !m_path.isEmpty() && QFileInfo(m_path).isFile();
     for (int i = 0; present && i < tries; ++i) {
+        if (i > 0)
+            QThread::msleep(pauseMs);
         QImage image;
         if (image.load(m_path)) {
             m_image = image;
             return true;
         }
-        QThread::msleep(pauseMs);
     }
     qDebug() << "texture load [NG]" << m_path;
     return false;

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 KMProject *gProject = nullptr;
 
@@ -55,6 +56,8 @@ KMProject::KMProject() : m_tree(new KMTreeWidget), m_information(new KMStringNod
 KMProject::~KMProject()
 {
     m_destroying = true;
+    if (gSolution && gSolution->project() == this)
+        gSolution->setProject(nullptr);
     deleteContents();
     qDeleteAll(m_lists[Cameras]);
     qDeleteAll(m_lists[DefaultShaders]);
@@ -106,29 +109,34 @@ void KMProject::makeDefaultShaders()
 
 void KMProject::clear()
 {
+    m_destroying = true;
     deleteContents();
     resetProperties();
+    m_destroying = false;
     emit shadersChanged();
     emit texturesChanged();
 }
 
-/// Group and value nodes go first: what they refer to must still be there then.
+/// Lists and rows go before the nodes: a destructor, or who is told that nothing is current any more, finds an
+/// empty scene and not one half deleted. Group and value nodes go first, as what they refer to must still be there.
 void KMProject::deleteContents()
 {
-    static const List order[] = {DisplayNodes, BoolNodes, IntNodes, FloatNodes, NullNodes, BluePrints, ModifierNodes,
-                                 PrimitiveNodes, CtrlNodes, MeshNodes, AllShaders, AllTextures};
-    for (const List list : order) {
-        for (KMNode *node : std::as_const(m_lists[list])) {
-            if (gSolution)
-                gSolution->forgetNode(node);
-            delete node;
-        }
-        m_lists[list].clear();
-    }
+    static const List owning[] = {DisplayNodes, BoolNodes, IntNodes, FloatNodes, NullNodes, BluePrints, ModifierNodes,
+                                  PrimitiveNodes, CtrlNodes, MeshNodes, AllShaders, AllTextures};
+    QList<KMNode *> nodes;
+    for (const List list : owning)
+        nodes += std::exchange(m_lists[list], {});
     for (const List list : {AllNodes, Textures, Shaders})
         m_lists[list].clear();
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(m_tree.get()))
+        KMTreeWidget::nodeOf(row)->setItem(nullptr);
     m_tree->clear();
     rebuildDerivedLists();
+    for (KMNode *node : std::as_const(nodes)) {
+        if (gSolution)
+            gSolution->forgetNode(node);
+        delete node;
+    }
 }
 
 const QList<KMNode *> &KMProject::currentList(List list) const
@@ -209,11 +217,12 @@ QString KMProject::uniqueName(const KMContainerNode *node) const
     return names.firstFree();
 }
 
-void KMProject::enlist(KMContainerNode *node)
+void KMProject::enlist(KMContainerNode *node, Naming naming)
 {
     const Family *family = familyOf(node->type());
     Q_ASSERT(family);
-    node->setName(uniqueName(node));
+    if (naming == Naming::Unique)
+        node->setName(uniqueName(node));
     m_lists[family->list] << node;
     m_lists[AllNodes] << node;
 }
@@ -228,21 +237,22 @@ void KMProject::addNode(KMContainerNode *node)
         checkModifiers();
 }
 
-void KMProject::addToScene(KMContainerNode *node)
+void KMProject::addToScene(KMContainerNode *node, Naming naming)
 {
-    enlist(node);
+    enlist(node, naming);
     node->pushAddCommand();
 }
 
 void KMProject::addRaw(KMContainerNode *node)
 {
-    enlist(node);
+    enlist(node, Naming::Unique);
 }
 
 void KMProject::checkModifiers()
 {
     bool changed = false;
-    for (KMNode *node : currentList(ModifiersInTree))
+    const QList<KMNode *> inTree = currentList(ModifiersInTree);
+    for (KMNode *node : inTree)
         changed |= nodeAs<KMContainerNode>(node)->sourcesChanged();
     if (!changed)
         return;
@@ -280,9 +290,19 @@ void KMProject::retitleBlock(KMNode *node, const QString &title)
         m_blocks->retitle(node, title);
 }
 
-void KMProject::addCamera(KMNode *camera)
+void KMProject::addCamera(KMContainerNode *camera)
 {
     m_lists[Cameras] << camera;
+}
+
+KMContainerNode *KMProject::cameraById(int id) const
+{
+    for (KMNode *node : std::as_const(m_lists[Cameras])) {
+        auto *camera = nodeAs<KMContainerNode>(node);
+        if (camera->index() == id)
+            return camera;
+    }
+    return nullptr;
 }
 
 QString KMProject::information() const

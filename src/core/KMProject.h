@@ -81,11 +81,14 @@ public:
 
     /// The general entry of the menus: one macro "Add Node" with a unique name, list entry and add command.
     void addNode(KMContainerNode *node);
-    /// The same without a macro of its own: for readers and commands that have one open.
-    void addToScene(KMContainerNode *node);
+    enum class Naming { Unique, Keep };
+    /// The same without a macro of its own: for readers and commands that have one open. A file that is read
+    /// has given its nodes their names already.
+    void addToScene(KMContainerNode *node, Naming naming = Naming::Unique);
     void deleteNode(KMContainerNode *node); ///< one macro "Delete Node"; shaders and textures with their references
     KMFileTextureNode *addTextureFile(const QString &path); ///< the live node of an equal path, or a new one
-    void addCamera(KMNode *camera); ///< no command: cameras are not edited in steps
+    void addCamera(KMContainerNode *camera); ///< no command: cameras are not edited in steps; the project owns it
+    KMContainerNode *cameraById(int id) const; ///< the camera whose index() is the id; null when there is none
     void addRaw(KMContainerNode *node); ///< unique name and list entry with neither row nor command, for readers
     void checkModifiers(); ///< pushes a build command for every modifier when one finds other meshes to work on
 
@@ -166,7 +169,7 @@ private:
     const QList<KMNode *> &currentList(List list) const; ///< brings derived lists up to date first
     void refillDerivedLists() const;
     static const Family *familyOf(int type);
-    void enlist(KMContainerNode *node);
+    void enlist(KMContainerNode *node, Naming naming);
     void makeDefaultShaders();
     void resetProperties();
     void deleteShader(KMShaderNode *shader);

@@ -68,22 +68,15 @@ void KMProject::deleteBlocks(const QList<KMNode *> &nodes)
         m_blocks->pushDeleteBlock(node);
 }
 
-// What is deleted itself keeps its references: it can only come back after the deletion here is undone, and an
-// edit of it would be left pointing at nothing once the history lets go of it.
-
 void KMProject::deleteShader(KMShaderNode *shader)
 {
     const int index = shaders().indexOf(shader);
     if (index < 0)
         return;
-    for (const List list : {MeshNodes, PrimitiveNodes}) {
-        const QList<KMNode *> users = m_lists[list];
-        for (KMNode *user : users) {
-            auto *container = nodeAs<KMContainerNode>(user);
-            if (!container->isDeleted())
-                container->pushShaderRemoved(index);
-        }
-    }
+    // Only what is in the scene: the history may let go of a deleted node before it lets go of this step.
+    const QList<KMNode *> users = currentList(MeshesInTree) + currentList(PrimitivesInTree);
+    for (KMNode *user : users)
+        nodeAs<KMContainerNode>(user)->pushShaderRemoved(index);
     gSolution->push(new deleteShaderNodeCommand(shader));
 }
 
@@ -92,7 +85,7 @@ void KMProject::deleteTexture(KMTextureNode *texture)
     const int index = textures().indexOf(texture);
     if (index < 0)
         return;
-    for (KMShaderNode *shader : shaders()) {
+    for (KMShaderNode *shader : shaders()) { // a deleted one comes back with the indices of its own time
         if (shader->type() != KMNodeType::BasicShader)
             continue;
         auto *basic = nodeAs<KMBasicShaderNode>(shader);

@@ -5,6 +5,7 @@
 #include "core/KMSessionTool.h"
 #include "core/KMSessionViews.h"
 #include "core/KMSessionWindow.h"
+#include "core/KMSettings.h"
 #include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoCommand.h"
@@ -46,6 +47,8 @@ void KMSolution::setUndoStack(QUndoStack *stack)
 
 void KMSolution::setProject(KMProject *project)
 {
+    if (m_project)
+        m_project->tree()->disconnect(this);
     m_project = project;
     if (project)
         connect(project->tree(), &KMTreeWidget::onNodeUpdate, this, &KMSolution::setCurrentNode);
@@ -54,9 +57,9 @@ void KMSolution::setProject(KMProject *project)
 void KMSolution::push(KMUndoCommand *command)
 {
     Q_ASSERT(m_stack);
+    m_history.insert(command);
     announceAddonStep();
     dropUnreachableSave();
-    m_history.insert(command);
     m_stack->push(command);
 }
 
@@ -96,9 +99,18 @@ void KMSolution::dropUnreachableSave()
         m_savedCount = unreachable;
 }
 
+void KMSolution::markUnsaved()
+{
+    m_savedCount = unreachable;
+    updateTitle();
+}
+
 void KMSolution::clearHistory()
 {
     m_history.clear();
+    // Emptying the stack runs update(), where an autosave may wait: it must not write what is given up here.
+    m_commandCount = 0;
+    m_savedCount = 0;
     if (m_project)
         m_project->tree()->setCurrentItem(nullptr); // else a click on that row would announce no change
     setCurrentNode(nullptr);
@@ -106,8 +118,6 @@ void KMSolution::clearHistory()
         m_stack->clear();
     for (KMNode *mesh : gProject->meshNodes().nodes())
         nodeAs<KMContainerNode>(mesh)->forceFullRefresh();
-    m_commandCount = 0;
-    m_savedCount = 0;
     updateTitle();
 }
 
@@ -124,7 +134,7 @@ void KMSolution::update(int undoIndex)
     if (m_window)
         m_window->refreshAttributes();
     updateTitle();
-    if (m_autoSavePending)
+    if (m_autoSavePending && gSettings->enableAutoSave)
         autoSave();
     if (m_window)
         m_window->repaintTrees();
@@ -249,6 +259,11 @@ void KMSolution::doCommand()
     }
     if (m_tool)
         m_tool->commandRun();
+}
+
+QAction *KMSolution::lastCommand() const
+{
+    return m_lastCommand;
 }
 
 void KMSolution::speech(const QString &text)

@@ -58,6 +58,7 @@ public:
     void clearHistory();
     bool isModified() const { return m_commandCount != m_savedCount; }
     void markSaved() { m_savedCount = m_commandCount; }
+    void markUnsaved(); ///< the document counts as modified until it is saved: no step of the history leads to a file
 
     // Files
 
@@ -92,7 +93,7 @@ public:
     void setCurrentTag(KMTagBase *tag) { m_currentTag = tag; }
     void forgetNode(const KMNode *node); ///< it left the scene: no current pointer keeps it
     void forgetTag(const KMTagBase *tag); ///< likewise
-    QAction *lastCommand() const { return m_lastCommand; }
+    QAction *lastCommand() const;
 
     // What the views show; stored in the file
 

@@ -29,10 +29,10 @@ public:
     virtual void removeOffsets() {} ///< takes its offsets off and forgets them
     virtual void resetValues() {} ///< puts its parameters back to rest
 
-    virtual QList<KMNode *> blockNodes() const { return {}; } ///< its parts that may have a block in the schematic
-
     /// A new tag of the same class with a copy of the data, not yet attached to a node.
     virtual KMTagBase *clone() const = 0;
+
+    virtual QList<KMNode *> blockNodes() const { return {}; } ///< its parts that may have a block in the schematic
 
     QString name() const;
     void setName(const QString &name);

@@ -3,7 +3,15 @@
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 
+#include <QCoreApplication>
+#include <QDataStream>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QSet>
+
 #include <vector>
+
+const QString KMTreeWidget::NodeMimeType = QStringLiteral("application/kmnode");
 
 namespace {
 
@@ -80,6 +88,7 @@ QTreeWidgetItem *KMTreeWidget::makeRow(KMContainerNode *node)
 {
     auto *row = new NodeRow;
     leadTo(row, node);
+    row->setFlags(row->flags() | Qt::ItemIsEditable); // the delegate turns an edit into a step of the history
     showState(row);
     return row;
 }
@@ -204,4 +213,62 @@ void KMTreeWidget::takeRow(QTreeWidgetItem *row)
 void KMTreeWidget::currentRowChanged(QTreeWidgetItem *current)
 {
     emit onNodeUpdate(nodeOf(current));
+}
+
+QStringList KMTreeWidget::mimeTypes() const
+{
+    return {NodeMimeType};
+}
+
+QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
+{
+    if (items.isEmpty())
+        return nullptr;
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << QCoreApplication::applicationPid();
+    for (const QTreeWidgetItem *row : topSelectedItems(this))
+        out << row->data(NameColumn, Qt::UserRole).toULongLong();
+    auto *data = new QMimeData;
+    data->setData(NodeMimeType, bytes);
+    return data;
+}
+
+/// Pointers out of another run, or of nodes that are gone, lead to no row of this tree.
+QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data) const
+{
+    QDataStream in(data->data(NodeMimeType));
+    qint64 run = 0;
+    in >> run;
+    if (run != QCoreApplication::applicationPid())
+        return {};
+    QSet<qulonglong> dragged;
+    while (!in.atEnd()) {
+        qulonglong pointer = 0;
+        in >> pointer;
+        dragged << pointer;
+    }
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : flatten(this)) {
+        if (dragged.contains(row->data(NameColumn, Qt::UserRole).toULongLong()))
+            nodes << nodeOf(row);
+    }
+    return nodes;
+}
+
+void KMTreeWidget::dropEvent(QDropEvent *event)
+{
+    const QList<KMContainerNode *> nodes = nodesOf(event->mimeData());
+    if (nodes.isEmpty())
+        return event->ignore();
+    const DropIndicatorPosition indicator = dropIndicatorPosition();
+    const Place place = indicator == AboveItem ? Place::Before : indicator == BelowItem ? Place::After : Place::Into;
+    KMContainerNode *target = nodeOf(itemAt(event->pos()));
+    // A move action would make the view delete the dragged rows after the drop.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    stopAutoScroll();
+    setState(NoState);
+    viewport()->update();
+    emit nodesDropped(nodes, target, place);
 }

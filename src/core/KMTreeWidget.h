@@ -4,6 +4,7 @@
 
 class KMContainerNode;
 class KMNode;
+class QMimeData;
 
 /// What of a subtree is expanded and hidden, a flag for each row, parents before children. Rows that leave
 /// the tree lose both, since the view keeps them.
@@ -20,6 +21,9 @@ class KMTreeWidget : public QTreeWidget
     Q_OBJECT
 public:
     enum Column { NameColumn, VisibleColumn, LockColumn, TagColumn, ColumnCount };
+    enum class Place { Before, Into, After }; ///< of a drop, seen from the row that it hits
+
+    static const QString NodeMimeType; ///< of dragged rows: the run that they are of and the nodes' pointers
 
     explicit KMTreeWidget(QWidget *parent = nullptr);
 
@@ -45,9 +49,18 @@ public:
     void insertRow(QTreeWidgetItem *parent, int position, QTreeWidgetItem *row); ///< null for the top; -1 for the end
     void takeRow(QTreeWidgetItem *row); ///< out of the tree with all below it; the caller owns it now
 
+    QList<KMContainerNode *> nodesOf(const QMimeData *data) const; ///< dragged rows; empty for what is not of this tree
+
 signals:
     void onNodeUpdate(KMNode *node); ///< the current row changed; null when none is
 
+    /// Nodes of this tree were dropped; a null target is the free space below all rows. The tree itself moves nothing:
+    /// a move is a step of the history.
+    void nodesDropped(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place);
+
 protected:
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QList<QTreeWidgetItem *> items) const override;
+    void dropEvent(QDropEvent *event) override;
     void currentRowChanged(QTreeWidgetItem *current);
 };

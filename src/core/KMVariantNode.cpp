@@ -28,7 +28,7 @@ void KMVariantNode::setValue(const QVariant &value)
     m_value = value;
     if (m_blocked)
         return;
-    propagate(this);
+    propagate();
     // Owners rebuild on the refresh of their own parameters, connected or not.
     emit refresh(m_owner);
 }
@@ -36,7 +36,7 @@ void KMVariantNode::setValue(const QVariant &value)
 void KMVariantNode::addTarget(KMVariantNode *target)
 {
     m_targets.append(target);
-    propagate(this);
+    propagate();
 }
 
 void KMVariantNode::removeTarget(KMVariantNode *target)
@@ -44,15 +44,25 @@ void KMVariantNode::removeTarget(KMVariantNode *target)
     m_targets.removeOne(target);
 }
 
-void KMVariantNode::propagate(KMVariantNode *origin)
+void KMVariantNode::propagate()
 {
+    Path path;
+    propagateAlong(path);
+}
+
+/// The path holds the nodes from where the change started to the one above this; it is handed on because a slot of
+/// refresh() may set values too, which is a change with a path of its own.
+void KMVariantNode::propagateAlong(Path &path)
+{
+    path.append(this);
     const QList<KMVariantNode *> targets = m_targets; // a slot of refresh() may connect or disconnect
     for (KMVariantNode *target : targets) {
         target->m_value = m_value;
-        if (target != origin)
-            target->propagate(origin);
+        if (!path.contains(target))
+            target->propagateAlong(path);
         emit target->refresh(target->m_owner);
     }
+    path.removeLast();
 }
 
 KMBoolNode::KMBoolNode(KMContainerNode *owner) : KMVariantNode(owner)

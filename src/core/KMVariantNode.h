@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QVariant>
+#include <QVector>
 
 class KMContainerNode;
 
@@ -19,7 +20,8 @@ public:
     int toInt() const { return m_value.toInt(); }
     float toFloat() const { return m_value.toFloat(); }
 
-    /// Writes the value. Unless blocked, hands it on to the targets and announces it with refresh().
+    /// Writes the value. Unless blocked, hands it on to the targets, depth first, and announces it with refresh().
+    /// Connections may form rings: a value that comes back to a node on its way ends there.
     void setBool(bool value);
     void setInt(int value);
     void setFloat(float value);
@@ -42,7 +44,10 @@ protected:
     void setInitialValue(const QVariant &value) { m_value = value; }
 
 private:
-    void propagate(KMVariantNode *origin);
+    using Path = QVector<const KMVariantNode *>;
+
+    void propagate();
+    void propagateAlong(Path &path);
 
     KMContainerNode *m_owner; // not owned
     QVariant m_value;

@@ -4,7 +4,6 @@
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QDebug>
 #include <QFile>
@@ -12,39 +11,43 @@
 #include <QGuiApplication>
 #include <QSettings>
 
+KMStartFiles::ModifierQuery KMStartFiles::modifierQuery = &QGuiApplication::queryKeyboardModifiers;
+
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("KMStartFiles", text);
-}
-
-QMessageBox::StandardButton askAbout(const QString &backup)
+KMMessage backupQuestion(const QString &backup, const QString &text)
 {
     KMMessage question;
     question.icon = QMessageBox::Warning;
-    question.text = tr("There is a possibility that terminated abnormally last time.\nTrying to Recover Files?");
+    question.text = text;
     question.detailedText = backup + QStringLiteral("\n\nmodify:")
-        + QFileInfo(backup).lastModified().toString(QStringLiteral("yyyy/MM/dd hh:mm:ss")) + QStringLiteral("\n\n");
+                            + QFileInfo(backup).lastModified().toString(QStringLiteral("yyyy/MM/dd hh:mm:ss"))
+                            + QStringLiteral("\n\n");
     question.buttons = QMessageBox::Open | QMessageBox::Cancel | QMessageBox::Reset;
     question.defaultButton = QMessageBox::Open;
-    return KMPrompt::current().message(question);
+    return question;
 }
 
-bool mayRemove()
+KMMessage removalQuestion(const QString &text)
 {
     KMMessage question;
-    question.text = tr("Remove Recover Files?");
+    question.icon = QMessageBox::Question;
+    question.text = text;
     question.buttons = QMessageBox::Yes | QMessageBox::No;
     question.defaultButton = QMessageBox::Yes;
-    return KMPrompt::current().message(question) == QMessageBox::Yes;
+    return question;
 }
 
-void restore(const QString &backup)
+/// The restored model is an untitled document. It may be its only copy, so closing asks about it.
+void restore(const QString &backup, const KMMessage &removal)
 {
     const QDir before = gSolution->directory();
-    if (gSolution->load(backup) && mayRemove() && QFile::remove(backup))
-        qDebug("restored");
+    if (gSolution->load(backup)) {
+        gSolution->markUnsaved();
+        const bool mayRemove = KMPrompt::current().message(removal) == QMessageBox::Yes;
+        if (mayRemove && QFile::remove(backup))
+            qDebug("restored");
+    }
     gSolution->setDirectory(before);
     gSolution->setFileName({});
 }
@@ -56,9 +59,10 @@ bool KMStartFiles::recoverBackup()
     const QString backup = gSettings->filePath(QStringLiteral("_backup_.kmd"));
     if (!QFile::exists(backup))
         return false;
-    const QMessageBox::StandardButton answer = askAbout(backup);
+    const QString text = tr("There is a possibility that terminated abnormally last time.\nTrying to Recover Files?");
+    const QMessageBox::StandardButton answer = KMPrompt::current().message(backupQuestion(backup, text));
     if (answer == QMessageBox::Open) {
-        restore(backup);
+        restore(backup, removalQuestion(tr("Remove Recover Files?")));
         return true;
     }
     if (answer == QMessageBox::Reset && QFile::remove(backup))
@@ -68,13 +72,16 @@ bool KMStartFiles::recoverBackup()
 
 bool KMStartFiles::loadStartupFile()
 {
-    if (QGuiApplication::queryKeyboardModifiers() & Qt::ShiftModifier)
-        return false;
-    if (gSettings->startup == 0)
+    if (isShiftHeld() || gSettings->startup == 0)
         return false;
     const QSettings file(gSettings->filePath(QStringLiteral("kelmo.ini")), QSettings::IniFormat);
     const QStringList recent = file.value(QStringLiteral("recentFileList")).toStringList();
     if (!recent.isEmpty())
         gSolution->load(recent.first());
     return true;
+}
+
+bool KMStartFiles::isShiftHeld()
+{
+    return modifierQuery().testFlag(Qt::ShiftModifier);
 }

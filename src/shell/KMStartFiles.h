@@ -1,14 +1,21 @@
 #pragma once
 
+#include <QCoreApplication>
+
 /// What the program opens by itself at the start.
-namespace KMStartFiles {
+class KMStartFiles
+{
+    Q_DECLARE_TR_FUNCTIONS(KMStartFiles)
+public:
+    /// Asks about the backup that an abnormal end left beside the program. True when the start is to open nothing
+    /// else, whether the backup could be read or not.
+    static bool recoverBackup();
 
-/// Asks about the backup that an abnormal end left beside the program. True when the start is to open nothing
-/// else.
-bool recoverBackup();
+    /// Opens the most recent file, when the settings ask for it. False when they don't, or Shift is held.
+    static bool loadStartupFile();
 
-/// Opens the most recent file, when the settings ask for it. False when nothing was to be opened: Shift is held or
-/// the setting is off.
-bool loadStartupFile();
+    static bool isShiftHeld(); ///< at this moment, whoever has the focus
 
-} // namespace KMStartFiles
+    using ModifierQuery = Qt::KeyboardModifiers (*)();
+    static ModifierQuery modifierQuery; ///< asks the keyboard; a test can hold keys of its own
+};

@@ -1,0 +1,120 @@
+#include "KMBatchProgram.h"
+
+#include "KMBatchInfo.h"
+#include "KMBatchPrompt.h"
+#include "core/KMHeadlessSession.h"
+#include "core/KMSolution.h"
+#include "core/KMVersion.h"
+#include "formats/KMNativeFormat.h"
+
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QTextCodec>
+
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+/// The log of the window program, and Qt's remarks on the platform, would drown what the user has to read.
+void logHandler(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        KMBatchPrompt::print(text);
+}
+
+QString suffixOf(const QString &path)
+{
+    return QFileInfo(path).suffix().toLower();
+}
+
+bool isNative(const QString &path)
+{
+    return suffixOf(path) == QLatin1String("kmd");
+}
+
+bool writeOut(const QByteArray &bytes)
+{
+    return std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout) == size_t(bytes.size())
+        && std::fflush(stdout) == 0;
+}
+
+} // namespace
+
+void KMBatchProgram::prepareEnvironment(int argc, char **argv)
+{
+    const bool draws = argc > 1 && std::strcmp(argv[1], "render") == 0;
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && (!draws || qEnvironmentVariableIsEmpty("DISPLAY")))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    qInstallMessageHandler(logHandler);
+}
+
+int KMBatchProgram::run()
+{
+    QString error;
+    m_arguments = KMBatchArguments::parse(m_argumentList, error);
+    if (!error.isEmpty()) {
+        KMBatchPrompt::print(QStringLiteral("kelmo-batch: %1\n%2").arg(error, KMBatchArguments::usage()));
+        return WrongUse;
+    }
+    if (m_arguments.command == QLatin1String("help"))
+        return writeOut(KMBatchArguments::usage().toUtf8()) ? Done : NoOutput;
+
+    KMBatchPrompt prompt(m_arguments.switches);
+    const KMPromptScope scope(&prompt);
+    const KMHeadlessSession session;
+    m_format = installNativeFormat(gSolution);
+    return runCommand(prompt);
+}
+
+KMBatchProgram::ExitCode KMBatchProgram::runCommand(KMBatchPrompt &prompt)
+{
+    if (m_arguments.command == QLatin1String("info"))
+        return info();
+    if (m_arguments.command == QLatin1String("convert"))
+        return convert(prompt);
+    KMBatchPrompt::print(QStringLiteral("kelmo-batch: %1 isn't possible in this version").arg(m_arguments.command));
+    return WrongUse;
+}
+
+KMBatchProgram::ExitCode KMBatchProgram::readInput(const QString &path) const
+{
+    const QFileInfo info(path);
+    if (info.isFile() && !isNative(path)) {
+        KMBatchPrompt::print(QStringLiteral("kelmo-batch: files of the suffix \"%1\" can't be read in this version")
+                                 .arg(suffixOf(path)));
+        return WrongUse;
+    }
+    return gSolution->load(path) ? Done : BadInput; // which has said why
+}
+
+KMBatchProgram::ExitCode KMBatchProgram::info()
+{
+    const QString path = m_arguments.paths.first();
+    const ExitCode read = readInput(path);
+    if (read != Done)
+        return read;
+    return writeOut(QJsonDocument(documentInfo(suffixOf(path))).toJson()) ? Done : NoOutput;
+}
+
+KMBatchProgram::ExitCode KMBatchProgram::convert(KMBatchPrompt &prompt)
+{
+    const QString output = m_arguments.paths.last();
+    if (!isNative(output)) {
+        KMBatchPrompt::print(QStringLiteral("kelmo-batch: files of the suffix \"%1\" can't be written in this version")
+                                 .arg(suffixOf(output)));
+        return WrongUse;
+    }
+    const ExitCode read = readInput(m_arguments.paths.first());
+    if (read != Done)
+        return read;
+    const bool compatibility = m_arguments.has(QStringLiteral("compatibility"));
+    if (!m_format->write(output, compatibility ? KMVersion::CompatibilityForm : KMVersion::WriterForm))
+        return NoOutput;
+    for (const QString &name : prompt.unusedSwitches()) {
+        if (name != QLatin1String("compatibility"))
+            KMBatchPrompt::print(QStringLiteral("--%1 has no meaning for these files").arg(name));
+    }
+    return Done;
+}

@@ -1,0 +1,34 @@
+#include "core/KMCommandContainer.h"
+
+#include "core/KMSolution.h"
+
+#include <algorithm>
+
+KMCommandContainer::KMCommandContainer(QObject *parent)
+    : QObject(parent)
+{
+}
+
+void KMCommandContainer::add(KMCommand *command, const char *objectName)
+{
+    command->setObjectName(QString::fromLatin1(objectName));
+    if (command->statusTip().isEmpty())
+        command->setStatusTip(command->text());
+    connect(command, &KMCommand::done, gSolution, &KMSolution::doCommand);
+    m_commands << command;
+}
+
+KMCommand *KMCommandContainer::command(const QString &className) const
+{
+    const auto found = std::find_if(m_commands.begin(), m_commands.end(),
+                                    [&className](const KMCommand *command) { return command->objectName() == className; });
+    return found == m_commands.end() ? nullptr : *found;
+}
+
+QList<QAction *> KMCommandContainer::actions() const
+{
+    QList<QAction *> actions;
+    for (KMCommand *command : m_commands)
+        actions << command;
+    return actions;
+}

@@ -1,0 +1,132 @@
+#include "formats/KMDNodeBodies.h"
+
+#include "core/KMNodeType.h"
+#include "core/KMNullNode.h"
+#include "core/KMValueNodeContainer.h"
+#include "core/KMVariantNode.h"
+#include "formats/KMDTagBodies.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+template <class T>
+KMContainerNode *make()
+{
+    return new T;
+}
+
+const KMVariantNode *valueOf(const KMContainerNode *node)
+{
+    return static_cast<const KMValueNodeContainer *>(node)->value();
+}
+
+KMVariantNode *valueOf(KMContainerNode *node)
+{
+    return static_cast<KMValueNodeContainer *>(node)->value();
+}
+
+void writeBool(KMDOutput &out, const KMContainerNode *node)
+{
+    out.writeString(node->name());
+    out.writeBool(valueOf(node)->toBool());
+    KMDTagBodies::writeTags(out, node);
+}
+
+void readBool(KMDReadContext &context, KMContainerNode *node)
+{
+    node->setName(context.in.readString());
+    valueOf(node)->setBool(context.in.readBool());
+    KMDTagBodies::readTags(context, node);
+}
+
+void writeInt(KMDOutput &out, const KMContainerNode *node)
+{
+    out.writeString(node->name());
+    out.writeI32(valueOf(node)->toInt());
+    KMDTagBodies::writeTags(out, node);
+}
+
+void readInt(KMDReadContext &context, KMContainerNode *node)
+{
+    node->setName(context.in.readString());
+    valueOf(node)->setInt(context.in.readI32());
+    KMDTagBodies::readTags(context, node);
+}
+
+void writeFloat(KMDOutput &out, const KMContainerNode *node)
+{
+    out.writeString(node->name());
+    out.writeF32(valueOf(node)->toFloat());
+    KMDTagBodies::writeTags(out, node);
+}
+
+void readFloat(KMDReadContext &context, KMContainerNode *node)
+{
+    node->setName(context.in.readString());
+    valueOf(node)->setFloat(context.in.readF32());
+    KMDTagBodies::readTags(context, node);
+}
+
+void writeNull(KMDOutput &out, const KMContainerNode *node)
+{
+    KMDNodeBodies::writeTransform(out, static_cast<const KMNullNode *>(node));
+    KMDTagBodies::writeTags(out, node);
+}
+
+void readNull(KMDReadContext &context, KMContainerNode *node)
+{
+    KMDNodeBodies::readTransform(context, static_cast<KMNullNode *>(node));
+    KMDTagBodies::readTags(context, node);
+}
+
+constexpr KMDNodeBody bodies[] = {
+    {KMNodeType::BoolContainer, &make<KMBoolNodeContainer>, &writeBool, &readBool},
+    {KMNodeType::IntContainer, &make<KMIntNodeContainer>, &writeInt, &readInt},
+    {KMNodeType::FloatContainer, &make<KMFloatNodeContainer>, &writeFloat, &readFloat},
+    {KMNodeType::Null, &make<KMNullNode>, &writeNull, &readNull},
+};
+
+} // namespace
+
+const KMDNodeBody *KMDNodeBodies::find(int type)
+{
+    const auto isOfType = [type](const KMDNodeBody &body) { return body.type == type; };
+    const KMDNodeBody *body = std::find_if(std::begin(bodies), std::end(bodies), isOfType);
+    return body == std::end(bodies) ? nullptr : body;
+}
+
+bool KMDNodeBodies::isHeadOnly(int type)
+{
+    return type == KMNodeType::PrimSVG;
+}
+
+void KMDNodeBodies::writeTransform(KMDOutput &out, const KMNullNode *node)
+{
+    const kvm::Quaternion &rotation = node->rotation();
+    out.writeString(node->name());
+    out.writeBool(node->isLocked());
+    out.writeBool(node->isVisible());
+    out.writeVector3(node->scale());
+    out.writeF32(rotation.w);
+    out.writeVector3({rotation.x, rotation.y, rotation.z});
+    out.writeVector3(node->translation());
+}
+
+void KMDNodeBodies::readTransform(KMDReadContext &context, KMNullNode *node)
+{
+    KMDStream &in = context.in;
+    KMTransform transform;
+    node->setName(in.readString());
+    node->setLocked(in.readBool());
+    node->setVisible(in.readBool());
+    transform.scale = in.readVector3({1.0f, 1.0f, 1.0f});
+    transform.rotation.w = in.readF32(1.0f);
+    const kvm::Vector3 imaginary = in.readVector3();
+    transform.rotation.x = imaginary.x;
+    transform.rotation.y = imaginary.y;
+    transform.rotation.z = imaginary.z;
+    transform.translation = in.readVector3() * context.importScale;
+    node->setTransform(transform);
+}

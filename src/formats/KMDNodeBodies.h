@@ -1,0 +1,30 @@
+#pragma once
+
+#include "formats/KMDOutput.h"
+#include "formats/KMDReadContext.h"
+
+class KMContainerNode;
+class KMNullNode;
+
+/// What a node record of the native file holds behind its head: one row for each class.
+struct KMDNodeBody
+{
+    int type;
+    KMContainerNode *(*make)();
+    void (*write)(KMDOutput &out, const KMContainerNode *node);
+    void (*read)(KMDReadContext &context, KMContainerNode *node); ///< trouble is told to the stream
+};
+
+namespace KMDNodeBodies {
+
+const KMDNodeBody *find(int type); ///< null for a class that has no row
+
+/// Whether the layout gives nodes of this class a head and nothing behind it. They have no row.
+bool isHeadOnly(int type);
+
+// Parts of bodies
+
+void writeTransform(KMDOutput &out, const KMNullNode *node); ///< name, locked, visible, scale, rotation, translation
+void readTransform(KMDReadContext &context, KMNullNode *node);
+
+} // namespace KMDNodeBodies

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "formats/KMDStream.h"
+
+#include <QHash>
+
+class KMContainerNode;
+
+/// What the readers of bodies share for the time of one file.
+struct KMDReadContext
+{
+    explicit KMDReadContext(KMDStream &stream) : in(stream) {}
+
+    KMDStream &in;
+    float importScale = 1.0f; ///< multiplies positions
+    int shaderBase = 0; ///< shaders in the document before: added to the indices of the file
+    int shaderCount = 0; ///< shaders in the document once the file's have come
+    QHash<quint64, KMContainerNode *> nodes; ///< by the ids of the file; only nodes that were read already
+    QHash<quint64, int> rows; ///< index of the node record by the row id of the file
+
+    /// A shader index of a face or a primitive: none below 0 and for one that the file doesn't hold.
+    int shaderIndex(int inFile) const
+    {
+        return inFile < 0 || inFile >= shaderCount - shaderBase ? -1 : inFile + shaderBase;
+    }
+};

@@ -1,0 +1,222 @@
+#include "formats/KMDSceneBuilder.h"
+
+#include "core/KMBasicShaderNode.h"
+#include "core/KMEmbeddedTextureNode.h"
+#include "core/KMFileTextureNode.h"
+#include "core/KMNodeType.h"
+#include "core/KMProcTextureNode.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
+#include "core/KMUndoMacro.h"
+#include "formats/KMDContents.h"
+
+#include <QDebug>
+#include <QSignalBlocker>
+
+namespace {
+
+/// While it lives nothing is saved by itself, and the tree shows and tells nothing.
+class LoadingGuard
+{
+    Q_DISABLE_COPY(LoadingGuard)
+public:
+    LoadingGuard()
+        : m_signals(gProject->tree())
+        , m_wasBusy(gSolution->isBusy())
+        , m_wasHidden(gProject->tree()->isHidden())
+    {
+        gSolution->setBusy(true);
+        gProject->tree()->hide();
+    }
+    ~LoadingGuard()
+    {
+        if (!m_wasHidden)
+            gProject->tree()->show();
+        gSolution->setBusy(m_wasBusy);
+    }
+
+private:
+    QSignalBlocker m_signals;
+    bool m_wasBusy;
+    bool m_wasHidden;
+};
+
+void showBoxes(QTreeWidgetItem *row, const KMContainerNode *node)
+{
+    row->setCheckState(KMTreeWidget::VisibleColumn, node->isVisible() ? Qt::Checked : Qt::Unchecked);
+    row->setCheckState(KMTreeWidget::LockColumn, node->isLocked() ? Qt::Checked : Qt::Unchecked);
+}
+
+} // namespace
+
+KMDSceneBuilder::KMDSceneBuilder(KMDContents &contents, const KMDReader::Options &options)
+    : m_contents(contents)
+    , m_options(options)
+{
+}
+
+void KMDSceneBuilder::build()
+{
+    addQuietly();
+    // Emptying the history has cleared what is current, so that comes last, and the panels hear of it.
+    restoreCurrent();
+}
+
+void KMDSceneBuilder::addQuietly()
+{
+    const LoadingGuard guard;
+    addEverything();
+    gSolution->clearHistory();
+    gProject->tree()->clearSelection();
+    gProject->tree()->setCurrentItem(nullptr);
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(gProject->tree()))
+        KMTreeWidget::nodeOf(row)->setSelected(false);
+}
+
+void KMDSceneBuilder::addEverything()
+{
+    const KMUndoMacro macro(tr("Load kmd"));
+    if (takesAll())
+        applyProject();
+    applyViewState();
+    addTextures();
+    addShaders();
+    addNodes();
+    restoreRows();
+    gProject->checkModifiers();
+    qDebug() << "textures" << m_contents.textures.size() << "shaders" << m_contents.shaders.size() << "nodes"
+             << m_nodes.size();
+}
+
+void KMDSceneBuilder::applyProject()
+{
+    gProject->setName(m_contents.name);
+    gProject->setInformation(m_contents.information);
+    for (int i = 0; i < int(m_contents.textInfo.size()); ++i)
+        gProject->setTextInfo(i + 1, m_contents.textInfo[size_t(i)]);
+    gSolution->setBackgroundColor(m_contents.background);
+    gSolution->setLightAngles(m_contents.lightAngles);
+}
+
+void KMDSceneBuilder::applyViewState()
+{
+    KMDViewParts *parts = m_options.viewParts;
+    if (m_options.mask & KMD::TakeViewState) {
+        gSolution->setFogDistance(m_contents.fogDistance);
+        gSolution->setViewFlags(m_contents.viewFlags);
+        gSolution->setNodeFilterOn(m_contents.nodeFilterOn);
+        gSolution->setDisplayMask(m_contents.displayMask);
+        if (parts)
+            parts->takeViewSettings(m_contents.views);
+    }
+    if ((m_options.mask & KMD::TakeCameras) && parts) {
+        for (const KMDCamera &camera : std::as_const(m_contents.cameras))
+            parts->takeCamera(camera);
+    }
+}
+
+KMTextureNode *KMDSceneBuilder::makeTexture(const KMDTextureRecord &record)
+{
+    if (record.type == KMNodeType::FileTexture)
+        return gProject->addTextureFile(record.path);
+    KMTextureNode *texture = nullptr;
+    if (record.type == KMNodeType::EmbeddedTexture) {
+        auto *embedded = new KMEmbeddedTextureNode;
+        embedded->setEncodedImage(record.png);
+        texture = embedded;
+    } else if (record.type == KMNodeType::ProcTexture) {
+        texture = new KMProcTextureNode;
+    }
+    if (texture)
+        gProject->addToScene(texture, KMProject::Naming::Keep);
+    return texture;
+}
+
+void KMDSceneBuilder::addTextures()
+{
+    for (const KMDTextureRecord &record : m_contents.textures) {
+        KMTextureNode *texture = makeTexture(record);
+        if (texture)
+            texture->setName(record.name);
+        m_textureIndices << gProject->textures().indexOf(texture);
+        m_byId.insert(record.id, texture);
+    }
+}
+
+/// An index beyond the textures of the file stays as it is.
+void KMDSceneBuilder::redirectTextures(KMBasicShader &values) const
+{
+    for (int &slot : values.textures) {
+        if (slot >= 0 && slot < m_textureIndices.size())
+            slot = m_textureIndices[slot];
+    }
+}
+
+void KMDSceneBuilder::addShaders()
+{
+    for (KMDShaderRecord &record : m_contents.shaders) {
+        KMShaderNode *shader = record.node.release();
+        if (shader->type() == KMNodeType::BasicShader) {
+            KMBasicShader values = nodeAs<KMBasicShaderNode>(shader)->values();
+            redirectTextures(values);
+            nodeAs<KMBasicShaderNode>(shader)->setValues(values);
+        }
+        gProject->addToScene(shader, KMProject::Naming::Keep);
+        m_byId.insert(record.id, shader);
+    }
+}
+
+void KMDSceneBuilder::addNodes()
+{
+    m_nodes.reserve(int(m_contents.nodes.size()));
+    for (KMDNodeRecord &record : m_contents.nodes) {
+        KMContainerNode *node = record.node.release();
+        gProject->addToScene(node, KMProject::Naming::Keep);
+        placeRow(node->item(), record);
+        m_nodes << node;
+        m_byId.insert(record.id, node);
+    }
+    gProject->rebuildDerivedLists();
+}
+
+/// A new row stands last at the top. It is moved without a command: the history is emptied anyway.
+void KMDSceneBuilder::placeRow(QTreeWidgetItem *row, const KMDNodeRecord &record)
+{
+    if (!row || record.parent < 0)
+        return;
+    KMTreeWidget *tree = gProject->tree();
+    tree->takeTopLevelItem(tree->topLevelItemCount() - 1);
+    m_nodes[record.parent]->item()->addChild(row);
+}
+
+void KMDSceneBuilder::restoreRows()
+{
+    for (int i = 0; i < m_nodes.size(); ++i) {
+        QTreeWidgetItem *row = m_nodes[i]->item();
+        if (!row)
+            continue;
+        showBoxes(row, m_nodes[i]);
+        row->setExpanded(m_contents.nodes[size_t(i)].expanded);
+    }
+}
+
+/// What an id of the file stands for, when it is of that family; a damaged file may name anything.
+KMContainerNode *KMDSceneBuilder::nodeOfFamily(quint64 id, KMNodeType::Flag family) const
+{
+    KMContainerNode *node = id ? m_byId.value(id) : nullptr;
+    return node && (node->type() & family) ? node : nullptr;
+}
+
+void KMDSceneBuilder::restoreCurrent()
+{
+    if (KMContainerNode *current = nodeOfFamily(m_contents.currentNode, KMNodeType::TreeFlag)) {
+        gProject->tree()->setCurrentItem(current->item());
+        current->setSelected(true);
+        gSolution->setCurrentNode(current);
+    }
+    if (!takesAll())
+        return;
+    gSolution->setCurrentShader(nodeOfFamily(m_contents.currentShader, KMNodeType::ShaderFlag));
+    gSolution->setCurrentTexture(nodeOfFamily(m_contents.currentTexture, KMNodeType::TextureFlag));
+}

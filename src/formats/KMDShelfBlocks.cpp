@@ -1,0 +1,202 @@
+#include "formats/KMDShelfBlocks.h"
+
+#include "core/KMBasicShaderNode.h"
+#include "core/KMEmbeddedTextureNode.h"
+#include "core/KMFileTextureNode.h"
+#include "core/KMNodeType.h"
+#include "core/KMPbrShaderNode.h"
+#include "core/KMProject.h"
+#include "formats/KMDContents.h"
+#include "formats/KMDFormat.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int leastBytes = 16; // type, id and an empty name
+constexpr int leastShininess = 2;
+constexpr int mostShininess = 1000;
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("KMDShelfBlocks", text);
+}
+
+/// Page and visible tiles of the panel. No panel keeps a choice of tiles, so all are visible.
+template <class T>
+void writeTiles(KMDOutput &out, const KMNodeListView<T> &nodes)
+{
+    out.writeI32(0);
+    out.writeI32(nodes.size());
+    for (const T *node : nodes)
+        out.writeId(node);
+}
+
+void skipTiles(KMDStream &in)
+{
+    constexpr int idBytes = 8;
+    if (!in.since(1.4f))
+        return;
+    in.readI32();
+    in.skip(qint64(in.readCount(idBytes)) * idBytes);
+}
+
+void skipReserved(KMDStream &in)
+{
+    for (int i = 0; i < KMD::ReservedFields; ++i)
+        in.readI32();
+    in.skip(qint64(in.floatBytes()) * KMD::ReservedFields);
+}
+
+void writeTextureBody(KMDOutput &out, KMTextureNode *texture)
+{
+    switch (texture->type()) {
+    case KMNodeType::FileTexture:
+        out.writeString(nodeAs<KMFileTextureNode>(texture)->path());
+        out.writeReserved();
+        break;
+    case KMNodeType::EmbeddedTexture:
+        out.writeReserved();
+        out.writeI32(0);
+        out.writeImage(nodeAs<KMEmbeddedTextureNode>(texture)->encodedImage());
+        break;
+    default:
+        break; // the program computes the others anew
+    }
+}
+
+void readEmbeddedBody(KMDStream &in, KMDTextureRecord &record)
+{
+    bool isSound = true;
+    if (in.since(4.2f))
+        skipReserved(in);
+    if (in.since(4.2f))
+        in.readI32();
+    record.png = in.readImage(&isSound);
+    if (!isSound)
+        in.warn(translated("The picture of the texture %1 is damaged").arg(record.name));
+}
+
+KMDTextureRecord readTexture(KMDStream &in)
+{
+    KMDTextureRecord record;
+    record.type = in.readI32();
+    record.id = in.readU64();
+    record.name = in.readString();
+    if (record.type == KMNodeType::FileTexture) {
+        record.path = in.readString();
+        if (in.since(4.2f))
+            skipReserved(in);
+    } else if (record.type == KMNodeType::EmbeddedTexture) {
+        readEmbeddedBody(in, record);
+    } else if (record.type != KMNodeType::ProcTexture) {
+        in.warn(translated("The texture %1 is of an unknown kind and was left out").arg(record.name));
+    }
+    return record;
+}
+
+void writeShaderBody(KMDOutput &out, const KMBasicShader &values)
+{
+    out.stream() << values.diffuse << values.specular << values.ambient << values.emissive;
+    out.writeI32(values.shininess);
+    for (const int texture : values.textures)
+        out.writeI32(texture);
+    out.stream() << values.outlineColor;
+    out.writeBool(values.outlineEnabled);
+    out.writeF32(values.outlineSize);
+    out.writeBool(values.doubleSided);
+    out.writeI32(values.multiMode);
+    out.writeI32(values.shaderType);
+    out.writeI32(0);
+}
+
+KMBasicShader readShaderBody(KMDStream &in)
+{
+    KMBasicShader values;
+    for (QColor *color : {&values.diffuse, &values.specular, &values.ambient, &values.emissive})
+        *color = in.readColor();
+    values.shininess = qBound(leastShininess, in.readI32(), mostShininess);
+    for (int &texture : values.textures)
+        texture = in.readI32();
+    values.outlineColor = in.readColor();
+    values.outlineEnabled = in.readBool();
+    values.outlineSize = in.readF32(values.outlineSize);
+    values.doubleSided = in.readBool();
+    values.multiMode = in.readI32();
+    values.shaderType = in.readI32();
+    in.readI32();
+    return values;
+}
+
+KMDShaderRecord readShader(KMDStream &in)
+{
+    KMDShaderRecord record;
+    const int type = in.readI32();
+    record.id = in.readU64();
+    const QString name = in.readString();
+    if (type == KMNodeType::PbrShader) {
+        record.node = std::make_unique<KMPbrShaderNode>();
+    } else {
+        auto basic = std::make_unique<KMBasicShaderNode>();
+        if (type == KMNodeType::BasicShader)
+            basic->setValues(readShaderBody(in));
+        else // faces count the materials before theirs, so it keeps its place
+            in.warn(translated("The shader %1 is of an unknown kind and became a basic one").arg(name));
+        record.node = std::move(basic);
+    }
+    record.node->setName(name);
+    return record;
+}
+
+} // namespace
+
+void KMDShelfBlocks::writeTextures(KMDOutput &out)
+{
+    const KMNodeListView<KMTextureNode> textures = gProject->textures();
+    out.writeI32(textures.size());
+    for (KMTextureNode *texture : textures) {
+        out.writeI32(texture->type());
+        out.writeId(texture);
+        out.writeString(texture->name());
+        writeTextureBody(out, texture);
+    }
+    writeTiles(out, textures);
+}
+
+void KMDShelfBlocks::readTextures(KMDStream &in, KMDContents &contents)
+{
+    in.enterSection(translated("textures"));
+    const int count = in.readCount(leastBytes);
+    for (int i = 0; i < count && in.ok(); ++i) {
+        in.enterElement(i, count);
+        contents.textures.push_back(readTexture(in));
+    }
+    skipTiles(in);
+}
+
+void KMDShelfBlocks::writeShaders(KMDOutput &out)
+{
+    const KMNodeListView<KMShaderNode> shaders = gProject->shaders();
+    out.writeI32(shaders.size());
+    for (KMShaderNode *shader : shaders) {
+        out.writeI32(shader->type());
+        out.writeId(shader);
+        out.writeString(shader->name());
+        if (shader->type() == KMNodeType::BasicShader)
+            writeShaderBody(out, nodeAs<KMBasicShaderNode>(shader)->values());
+    }
+    writeTiles(out, shaders);
+}
+
+void KMDShelfBlocks::readShaders(KMDStream &in, KMDContents &contents)
+{
+    in.enterSection(translated("shaders"));
+    const int count = in.readCount(leastBytes);
+    for (int i = 0; i < count && in.ok(); ++i) {
+        in.enterElement(i, count);
+        contents.shaders.push_back(readShader(in));
+    }
+    skipTiles(in);
+}

@@ -1,0 +1,241 @@
+#include "formats/KMDStream.h"
+
+#include "formats/KMDFormat.h"
+
+#include <QDataStream>
+#include <QtEndian>
+
+#include <quacrc32.h>
+
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+constexpr char pngSignature[] = "\x89PNG\r\n\x1a\n";
+constexpr int pngSignatureBytes = 8;
+constexpr int pngChunkFrame = 12; // length, type and check sum around the data
+
+} // namespace
+
+KMDStream::KMDStream(const QByteArray &bytes) : m_bytes(bytes) {}
+
+void KMDStream::setVersion(float version)
+{
+    m_version = version;
+    m_doublePrecision = version < 2.0f;
+}
+
+void KMDStream::enterSection(const QString &name)
+{
+    m_section = name;
+    m_element = -1;
+}
+
+void KMDStream::enterElement(int index, int count)
+{
+    m_element = index;
+    m_elementCount = count;
+}
+
+QString KMDStream::place() const
+{
+    if (m_element < 0)
+        return tr("%1, byte %2").arg(m_section).arg(m_lastRead);
+    return tr("%1, element %2 of %3, byte %4")
+        .arg(m_section)
+        .arg(m_element + 1)
+        .arg(m_elementCount)
+        .arg(m_lastRead);
+}
+
+void KMDStream::fail(const QString &what)
+{
+    if (ok())
+        m_error = QStringLiteral("%1 (%2)").arg(what, place());
+}
+
+void KMDStream::warn(const QString &what)
+{
+    if (++m_warningCount <= KMD::MaxWarnings)
+        m_warnings << QStringLiteral("%1 (%2)").arg(what, place());
+}
+
+QStringList KMDStream::warnings() const
+{
+    QStringList lines = m_warnings;
+    if (m_warningCount > lines.size())
+        lines << tr("and %1 more").arg(m_warningCount - lines.size());
+    return lines;
+}
+
+bool KMDStream::take(qint64 bytes, const uchar **at)
+{
+    if (!ok())
+        return false;
+    m_lastRead = m_position;
+    if (bytes < 0 || bytes > bytesLeft()) {
+        fail(tr("The file ends too early"));
+        return false;
+    }
+    *at = reinterpret_cast<const uchar *>(m_bytes.constData()) + m_position;
+    m_position += bytes;
+    return true;
+}
+
+void KMDStream::skip(qint64 bytes)
+{
+    const uchar *at;
+    take(bytes, &at);
+}
+
+quint8 KMDStream::readU8()
+{
+    const uchar *at;
+    return take(1, &at) ? *at : 0;
+}
+
+qint32 KMDStream::readI32()
+{
+    return qint32(readU32());
+}
+
+quint32 KMDStream::readU32()
+{
+    const uchar *at;
+    return take(4, &at) ? qFromBigEndian<quint32>(at) : 0;
+}
+
+quint64 KMDStream::readU64()
+{
+    const uchar *at;
+    return take(8, &at) ? qFromBigEndian<quint64>(at) : 0;
+}
+
+double KMDStream::readF64()
+{
+    const quint64 bits = readU64();
+    double value;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
+}
+
+/// False when the number is not finite as a float.
+bool KMDStream::takeFloat(double *value)
+{
+    if (m_doublePrecision) {
+        *value = readF64();
+    } else {
+        const quint32 bits = readU32();
+        float number;
+        std::memcpy(&number, &bits, sizeof number);
+        *value = double(number);
+    }
+    return std::isfinite(float(*value));
+}
+
+void KMDStream::noteNonFinite()
+{
+    warn(tr("A number that is not finite was replaced"));
+}
+
+float KMDStream::readF32(float fallback)
+{
+    double value;
+    if (takeFloat(&value))
+        return float(value);
+    noteNonFinite();
+    return fallback;
+}
+
+kvm::Vector3 KMDStream::readVector3(const kvm::Vector3 &fallback)
+{
+    double x, y, z;
+    const bool finite[] = {takeFloat(&x), takeFloat(&y), takeFloat(&z)};
+    if (finite[0] && finite[1] && finite[2])
+        return {float(x), float(y), float(z)};
+    noteNonFinite();
+    return fallback;
+}
+
+QString KMDStream::readString()
+{
+    constexpr quint32 nullString = 0xffffffff;
+    const quint32 bytes = readU32();
+    if (!ok() || bytes == nullString)
+        return {};
+    if (bytes % 2 != 0 || bytes > KMD::MaxStringBytes) {
+        fail(tr("A text of %1 bytes can't be").arg(bytes));
+        return {};
+    }
+    const uchar *at;
+    if (!take(bytes, &at))
+        return {};
+    QString text(int(bytes / 2), Qt::Uninitialized);
+    qFromBigEndian<quint16>(at, text.size(), text.data());
+    return text;
+}
+
+bool KMDStream::isNext(const QString &text) const
+{
+    KMDStream ahead(m_bytes);
+    ahead.m_position = m_position;
+    return ok() && ahead.readString() == text && ahead.ok();
+}
+
+QColor KMDStream::readColor()
+{
+    constexpr int colorBytes = 11;
+    const uchar *at;
+    if (!take(colorBytes, &at))
+        return {};
+    if (*at > QColor::ExtendedRgb) {
+        fail(tr("A colour of the unknown kind %1").arg(*at));
+        return {};
+    }
+    QDataStream in(QByteArray::fromRawData(reinterpret_cast<const char *>(at), colorBytes));
+    in.setVersion(KMD::StreamVersion);
+    QColor color;
+    in >> color;
+    return color;
+}
+
+/// The pixels stay packed: a few bytes may claim a picture of gigabytes. Its PNG tells where it ends.
+QByteArray KMDStream::readImage(bool *isSound)
+{
+    if (isSound)
+        *isSound = true;
+    if (readI32() == 0)
+        return {};
+    const qint64 start = m_position;
+    const uchar *at;
+    if (!take(pngSignatureBytes, &at))
+        return {};
+    if (std::memcmp(at, pngSignature, pngSignatureBytes) != 0) {
+        fail(tr("A picture doesn't begin as one"));
+        return {};
+    }
+    QByteArray type;
+    while (ok() && type != "IEND") {
+        const quint32 length = readU32();
+        if (!take(qint64(length) + pngChunkFrame - 4, &at))
+            return {};
+        const QByteArray checked = QByteArray::fromRawData(reinterpret_cast<const char *>(at), int(length + 4));
+        type = QByteArray(checked.constData(), 4);
+        if (isSound && QuaCrc32().calculate(checked) != qFromBigEndian<quint32>(at + length + 4))
+            *isSound = false;
+    }
+    return m_bytes.mid(int(start), int(m_position - start));
+}
+
+int KMDStream::readCount(int leastBytesOfEach)
+{
+    const qint32 count = readI32();
+    if (!ok())
+        return 0;
+    if (count < 0 || qint64(count) * leastBytesOfEach > bytesLeft()) {
+        fail(tr("%1 records are promised, but only %2 bytes are left").arg(count).arg(bytesLeft()));
+        return 0;
+    }
+    return count;
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "math/Vector3.h"
+
+#include <QByteArray>
+#include <QColor>
+#include <QCoreApplication>
+#include <QString>
+#include <QStringList>
+
+/// Walks the bytes of a native file and believes none of them: every length and count is compared with what
+/// is left before anything is allocated. The first failure ends the walk: it keeps one sentence with the
+/// section, the element and the byte, and every read after it gives zeros without moving on.
+///
+/// What is odd but harmless becomes a warning instead.
+class KMDStream
+{
+    Q_DECLARE_TR_FUNCTIONS(KMDStream)
+public:
+    explicit KMDStream(const QByteArray &bytes);
+
+    float version() const { return m_version; }
+    /// From now on fields are gated by this version; below 2.0 floating point numbers take 8 bytes.
+    void setVersion(float version);
+    bool since(float version) const { return m_version >= version; }
+
+    // Where the walk is, for the sentence of a failure
+
+    void enterSection(const QString &name);
+    void enterElement(int index, int count); ///< index from 0
+    qint64 position() const { return m_position; }
+    qint64 bytesLeft() const { return m_bytes.size() - m_position; }
+
+    bool ok() const { return m_error.isEmpty(); }
+    QString error() const { return m_error; }
+    void fail(const QString &what); ///< keeps the sentence, unless the walk failed before
+    void warn(const QString &what); ///< collects a remark, with where it was
+    QStringList warnings() const; ///< the last line counts those beyond the limit
+
+    // Reading
+
+    quint8 readU8();
+    bool readBool() { return readU8() != 0; }
+    qint32 readI32();
+    quint32 readU32();
+    quint64 readU64();
+    double readF64(); ///< eight bytes whatever the version
+    /// A number of the precision of the version. One that is not finite gives the fallback and a warning.
+    float readF32(float fallback = 0.0f);
+    kvm::Vector3 readVector3(const kvm::Vector3 &fallback = {}); ///< the whole fallback when one number is not finite
+    QString readString();
+    QColor readColor();
+    /// A picture as QImage streams it, not decoded: the bytes of its PNG, empty for a null picture.
+    /// isSound becomes false when a check sum in it is wrong.
+    QByteArray readImage(bool *isSound = nullptr);
+    /// A count of records that take at least so many bytes each. Fails when the file is too short for them.
+    int readCount(int leastBytesOfEach);
+    void skip(qint64 bytes);
+    bool isNext(const QString &text) const; ///< whether the next element, which stays unread, is this text
+    int floatBytes() const { return m_doublePrecision ? 8 : 4; } ///< what readF32 takes from the file
+
+private:
+    bool take(qint64 bytes, const uchar **at);
+    bool takeFloat(double *value);
+    QString place() const;
+    void noteNonFinite();
+
+    QByteArray m_bytes;
+    qint64 m_position = 0;
+    qint64 m_lastRead = 0; // where the last element began: what is wrong lies there
+    float m_version = 0.0f;
+    bool m_doublePrecision = true;
+    QString m_section;
+    int m_element = -1;
+    int m_elementCount = 0;
+    QString m_error;
+    QStringList m_warnings;
+    int m_warningCount = 0;
+};

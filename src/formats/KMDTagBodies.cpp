@@ -1,0 +1,86 @@
+#include "formats/KMDTagBodies.h"
+
+#include "core/KMContainerNode.h"
+#include "core/KMNodeType.h"
+#include "core/KMTagBase.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+
+namespace {
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("KMDTagBodies", text);
+}
+
+const QVector<KMDTagBody> &bodies()
+{
+    static const QVector<KMDTagBody> rows;
+    return rows;
+}
+
+bool isUnknownToRelease1(int type)
+{
+    return type == KMNodeType::TagNormal || type == KMNodeType::TagGroup;
+}
+
+QList<const KMTagBase *> tagsToWrite(KMDOutput &out, const KMContainerNode *node)
+{
+    QList<const KMTagBase *> tags;
+    for (const KMTagBase *tag : node->tags()) {
+        if (tag->isDeleted() || (out.isCompatibility() && isUnknownToRelease1(tag->type())))
+            continue;
+        if (KMDTagBodies::find(tag->type()))
+            tags << tag;
+        else
+            out.warn(translated("The tag %1 of %2 has no place in the file").arg(tag->name(), node->name()));
+    }
+    return tags;
+}
+
+} // namespace
+
+const KMDTagBody *KMDTagBodies::find(int type)
+{
+    for (const KMDTagBody &body : bodies()) {
+        if (body.type == type)
+            return &body;
+    }
+    return nullptr;
+}
+
+void KMDTagBodies::writeTags(KMDOutput &out, const KMContainerNode *node)
+{
+    const QList<const KMTagBase *> tags = tagsToWrite(out, node);
+    out.writeI32(tags.size());
+    for (const KMTagBase *tag : tags) {
+        out.writeI32(tag->type());
+        out.writeString(tag->name());
+        find(tag->type())->write(out, tag);
+    }
+}
+
+void KMDTagBodies::readTags(KMDReadContext &context, KMContainerNode *node)
+{
+    constexpr int leastBytes = 8; // type and an empty name
+    KMDStream &in = context.in;
+    if (!in.since(1.6f))
+        return;
+    for (int left = in.readCount(leastBytes); left > 0 && in.ok(); --left) {
+        const int type = in.readI32();
+        const QString name = in.readString();
+        const KMDTagBody *body = find(type);
+        if (!body) {
+            in.fail(translated("A tag of the unknown type 0x%1").arg(uint(type), 0, 16));
+            return;
+        }
+        std::unique_ptr<KMTagBase> tag(body->make());
+        tag->setName(name);
+        tag->setOwner(node);
+        body->read(context, tag.get());
+        if (in.ok())
+            node->addTagKeepName(tag.release());
+    }
+}

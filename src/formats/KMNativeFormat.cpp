@@ -1,0 +1,128 @@
+#include "formats/KMNativeFormat.h"
+
+#include "core/KMPrompt.h"
+#include "core/KMSolution.h"
+#include "formats/KMDWriter.h"
+#include "formats/KMDViewParts.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QDebug>
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+#include <QSaveFile>
+
+namespace {
+
+class WaitCursor
+{
+    Q_DISABLE_COPY(WaitCursor)
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+};
+
+} // namespace
+
+KMNativeFormat *installNativeFormat(KMSolution *solution)
+{
+    static KMNativeFormat format;
+    solution->setDocumentFormat(&format);
+    return &format;
+}
+
+bool KMNativeFormat::read(const QString &path)
+{
+    return readWith(path, {});
+}
+
+bool KMNativeFormat::importFile(const QString &path, int mask, float scale)
+{
+    KMDReader::Options options;
+    options.mask = mask;
+    options.importScale = scale;
+    return readWith(path, options);
+}
+
+bool KMNativeFormat::readWith(const QString &path, KMDReader::Options options)
+{
+    options.viewParts = m_parts;
+    KMDReader reader(options);
+    bool isRead = false;
+    {
+        const WaitCursor cursor; // gone before a box comes
+        isRead = reader.read(path);
+    }
+    if (!isRead)
+        return tellFailure(path, reader.error());
+    tellWarnings(path, reader.warnings());
+    return true;
+}
+
+bool KMNativeFormat::write(const QString &path, double applicationNumber)
+{
+    const bool compatibility = applicationNumber < KMD::CompatibilityBelow;
+    QString error;
+    if (compatibility)
+        qDebug("Ver1_compatibility");
+    return writeTo(path, compatibility, error) || tellFailure(path, error);
+}
+
+bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &error)
+{
+    QSaveFile file(path);
+    // Without a name the temporary file would still open, and the renaming fail.
+    if (path.isEmpty() || !file.open(QIODevice::WriteOnly)) {
+        qDebug("file open error.");
+        error = path.isEmpty() ? tr("There is no file name") : tr("The file can't be written: %1").arg(file.errorString());
+        return false;
+    }
+    KMDWriter writer(compatibility ? KMDOutput::Form::Compatibility : KMDOutput::Form::Present, thumbnail(path), m_parts);
+    bool isWritten = false;
+    {
+        const WaitCursor cursor;
+        isWritten = writer.write(&file);
+        if (!isWritten)
+            file.cancelWriting();
+        isWritten = file.commit() && isWritten;
+    }
+    if (!isWritten) {
+        error = tr("The file can't be written: %1").arg(file.errorString());
+        return false;
+    }
+    tellWarnings(path, writer.warnings());
+    return true;
+}
+
+/// A picture that the user laid beside the file goes before a grab of the view.
+QByteArray KMNativeFormat::thumbnail(const QString &path) const
+{
+    constexpr int side = 256;
+    QImage image(QFileInfo(path).absoluteDir().filePath(QStringLiteral("shot.png")));
+    if (image.isNull() && m_parts)
+        image = m_parts->thumbnail();
+    QByteArray png;
+    if (image.isNull())
+        return png;
+    QBuffer buffer(&png);
+    image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation).save(&buffer, "png");
+    return png;
+}
+
+bool KMNativeFormat::tellFailure(const QString &path, const QString &sentence) const
+{
+    const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), sentence);
+    qDebug().noquote() << text;
+    KMPrompt::current().warn(text);
+    return false;
+}
+
+void KMNativeFormat::tellWarnings(const QString &path, const QStringList &warnings) const
+{
+    if (warnings.isEmpty())
+        return;
+    const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), warnings.join(QLatin1Char('\n')));
+    qDebug().noquote() << text;
+    KMPrompt::current().warn(text);
+}

@@ -1,0 +1,134 @@
+// Flags of the elements of a mesh, and what is remembered of the selection.
+
+#include "core/KMTagBase.h"
+#include "mesh/KMMeshNode.h"
+
+using namespace KMMeshDirty;
+
+void KMMeshNode::changeFlags(quint8 &flags, quint8 bit, bool on, quint32 mask)
+{
+    const quint8 changed = on ? flags | bit : flags & ~bit;
+    if (changed == flags)
+        return;
+    flags = changed;
+    markDirty(mask);
+}
+
+void KMMeshNode::setVertexFlag(int i, quint8 bit)
+{
+    if (KMVertex *record = vertex(i))
+        changeFlags(record->flags, bit, true, Colors | VertexFlags);
+}
+
+void KMMeshNode::clearVertexFlag(int i, quint8 bit)
+{
+    if (KMVertex *record = vertex(i))
+        changeFlags(record->flags, bit, false, Colors | VertexFlags);
+}
+
+void KMMeshNode::setFaceFlag(int f, quint8 bit)
+{
+    if (KMFace *record = face(f))
+        changeFlags(record->flags, bit, true, Colors | FaceFlags);
+}
+
+void KMMeshNode::clearFaceFlag(int f, quint8 bit)
+{
+    if (KMFace *record = face(f))
+        changeFlags(record->flags, bit, false, Colors | FaceFlags);
+}
+
+void KMMeshNode::setCornerFlag(int f, int corner, quint8 bit)
+{
+    if (KMFace *record = face(f))
+        changeFlags(record->cornerFlags[corner], bit, true, Colors);
+}
+
+void KMMeshNode::clearCornerFlag(int f, int corner, quint8 bit)
+{
+    if (KMFace *record = face(f))
+        changeFlags(record->cornerFlags[corner], bit, false, Colors);
+}
+
+void KMMeshNode::setEdgeFlag(int a, int b, quint8 bit)
+{
+    setEdgeFlag(findEdge(a, b), bit);
+}
+
+void KMMeshNode::clearEdgeFlag(int a, int b, quint8 bit)
+{
+    clearEdgeFlag(findEdge(a, b), bit);
+}
+
+void KMMeshNode::setEdgeFlag(KMEdge *edge, quint8 bit)
+{
+    if (edge)
+        changeFlags(edge->flags, bit, true, Colors);
+}
+
+void KMMeshNode::clearEdgeFlag(KMEdge *edge, quint8 bit)
+{
+    if (edge)
+        changeFlags(edge->flags, bit, false, Colors);
+}
+
+void KMMeshNode::clearAllEdgeFlags(quint8 bit)
+{
+    if (bit & KMElementFlag::Hot)
+        bit |= KMElementFlag::HotSecond;
+    for (KMEdge *edge : edges())
+        changeFlags(edge->flags, bit, false, Colors);
+}
+
+void KMMeshNode::rebuildSelectionCache()
+{
+    m_selectedVertices.clear();
+    m_selectedFaces.clear();
+    for (const KMVertex *vertex : std::as_const(m_liveVertices)) {
+        if (vertex->hasFlag(KMElementFlag::Selected))
+            m_selectedVertices.insert(vertex->index);
+    }
+    for (const KMEdge *edge : edges()) {
+        if (!edge->hasFlag(KMElementFlag::Selected))
+            continue;
+        for (const int end : {edge->index0, edge->index1}) {
+            if (vertex(end))
+                m_selectedVertices.insert(end);
+        }
+    }
+    for (const KMFace *face : std::as_const(m_liveFaces)) {
+        if (!face->hasFlag(KMElementFlag::Selected))
+            continue;
+        for (int c = 0; c < face->count; ++c)
+            m_selectedVertices.insert(face->indices[c]);
+        m_selectedFaces.insert(face->index);
+    }
+    m_selectionPositions.fill({}, vertexCount());
+    m_selectionCentre = {};
+    for (const int i : std::as_const(m_selectedVertices)) {
+        rememberVertex(i);
+        m_selectionCentre += position(i);
+    }
+    if (!m_selectedVertices.isEmpty())
+        m_selectionCentre /= float(m_selectedVertices.size());
+}
+
+void KMMeshNode::rememberVertex(int i)
+{
+    m_selectionPositions[i] = position(i);
+}
+
+void KMMeshNode::rememberPositions(bool tellChildren)
+{
+    if (tellChildren)
+        tellTags(&KMTagBase::unapply);
+    m_memoryPositions.fill(0.0f, 3 * vertexCount());
+    float *out = m_memoryPositions.data();
+    for (const KMVertex *vertex : vertices()) {
+        if (vertex)
+            std::copy_n(vertex->pos.data(), 3, out);
+        out += 3;
+    }
+    if (tellChildren)
+        tellTags(&KMTagBase::apply);
+}

@@ -1,0 +1,79 @@
+#include "mesh/KMMeshSelectCommands.h"
+
+#include "mesh/KMMeshNode.h"
+
+namespace {
+
+bool isEdgeSelected(const KMMeshNode &mesh, int a, int b)
+{
+    const KMEdge *edge = mesh.findEdge(a, b);
+    return edge && edge->hasFlag(KMElementFlag::Selected);
+}
+
+} // namespace
+
+setSelectVertexCommand::setSelectVertexCommand(KMMeshNode *mesh, int index, bool selected)
+    : KMMeshCommand(tr("Select Vertex"), mesh)
+    , m_index(index)
+    , m_before(mesh->vertex(index)->hasFlag(KMElementFlag::Selected))
+    , m_after(selected)
+{
+}
+
+void setSelectVertexCommand::apply(Direction direction)
+{
+    if (direction == Direction::Redo ? m_after : m_before)
+        mesh()->setVertexFlag(m_index, KMElementFlag::Selected);
+    else
+        mesh()->clearVertexFlag(m_index, KMElementFlag::Selected);
+}
+
+setSelectFaceCommand::setSelectFaceCommand(KMMeshNode *mesh, int index, bool selected)
+    : KMMeshCommand(tr("Select Face"), mesh)
+    , m_index(index)
+    , m_before(mesh->face(index)->hasFlag(KMElementFlag::Selected))
+    , m_after(selected)
+{
+}
+
+void setSelectFaceCommand::apply(Direction direction)
+{
+    if (direction == Direction::Redo ? m_after : m_before)
+        mesh()->setFaceFlag(m_index, KMElementFlag::Selected);
+    else
+        mesh()->clearFaceFlag(m_index, KMElementFlag::Selected);
+}
+
+setSelectEdgeCommand::setSelectEdgeCommand(KMMeshNode *mesh, int a, int b, bool selected)
+    : KMMeshCommand(tr("Select Edge"), mesh)
+    , m_a(a)
+    , m_b(b)
+    , m_before(isEdgeSelected(*mesh, a, b))
+    , m_after(selected)
+{
+}
+
+void setSelectEdgeCommand::apply(Direction direction)
+{
+    if (direction == Direction::Redo ? m_after : m_before)
+        mesh()->setEdgeFlag(m_a, m_b, KMElementFlag::Selected);
+    else
+        mesh()->clearEdgeFlag(m_a, m_b, KMElementFlag::Selected);
+}
+
+setHideFaceCommand::setHideFaceCommand(KMMeshNode *mesh, int index, bool hidden)
+    : KMMeshCommand(tr("Hide Face"), mesh)
+    , m_index(index)
+    , m_before(mesh->face(index)->hasFlag(KMElementFlag::Hidden))
+    , m_after(hidden)
+{
+}
+
+void setHideFaceCommand::apply(Direction direction)
+{
+    if (direction == Direction::Redo ? m_after : m_before)
+        mesh()->setFaceFlag(m_index, KMElementFlag::Hidden);
+    else
+        mesh()->clearFaceFlag(m_index, KMElementFlag::Hidden);
+    mesh()->markDirty(KMMeshDirty::All);
+}

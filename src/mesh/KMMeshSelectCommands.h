@@ -1,0 +1,70 @@
+#pragma once
+
+#include "mesh/KMMeshCommand.h"
+
+#include <QCoreApplication>
+
+/// Selects a vertex or takes it out of the selection.
+class setSelectVertexCommand : public KMMeshCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(setSelectVertexCommand)
+public:
+    setSelectVertexCommand(KMMeshNode *mesh, int index, bool selected);
+
+protected:
+    void apply(Direction direction) override;
+
+private:
+    int m_index;
+    bool m_before;
+    bool m_after;
+};
+
+/// The same for a face.
+class setSelectFaceCommand : public KMMeshCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(setSelectFaceCommand)
+public:
+    setSelectFaceCommand(KMMeshNode *mesh, int index, bool selected);
+
+protected:
+    void apply(Direction direction) override;
+
+private:
+    int m_index;
+    bool m_before;
+    bool m_after;
+};
+
+/// The same for an edge; does nothing while there is no such edge.
+class setSelectEdgeCommand : public KMMeshCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(setSelectEdgeCommand)
+public:
+    setSelectEdgeCommand(KMMeshNode *mesh, int a, int b, bool selected);
+
+protected:
+    void apply(Direction direction) override;
+
+private:
+    int m_a;
+    int m_b;
+    bool m_before;
+    bool m_after;
+};
+
+/// Hides a face or shows it again.
+class setHideFaceCommand : public KMMeshCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(setHideFaceCommand)
+public:
+    setHideFaceCommand(KMMeshNode *mesh, int index, bool hidden);
+
+protected:
+    void apply(Direction direction) override;
+
+private:
+    int m_index;
+    bool m_before;
+    bool m_after;
+};

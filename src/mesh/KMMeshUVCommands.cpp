@@ -1,0 +1,58 @@
+#include "mesh/KMMeshUVCommands.h"
+
+#include "mesh/KMMeshNode.h"
+
+editFaceUVCommand::editFaceUVCommand(KMMeshNode *mesh, int face, int corner, const kvm::Vector2 &uv)
+    : editFaceUVCommand(mesh, face, corner, mesh->face(face)->uvs[corner], uv)
+{
+}
+
+editFaceUVCommand::editFaceUVCommand(KMMeshNode *mesh, int face, int corner, const kvm::Vector2 &before,
+                                     const kvm::Vector2 &after)
+    : KMMeshCommand(tr("Edit Face UV"), mesh)
+    , m_face(face)
+    , m_corner(corner)
+    , m_before(before)
+    , m_after(after)
+{
+}
+
+void editFaceUVCommand::apply(Direction direction)
+{
+    mesh()->face(m_face)->uvs[m_corner] = direction == Direction::Redo ? m_after : m_before;
+    mesh()->markDirty(KMMeshDirty::All);
+}
+
+setSelectUVCommand::setSelectUVCommand(KMMeshNode *mesh, int face, int corner, bool selected)
+    : KMMeshCommand(tr("Set Select UV"), mesh)
+    , m_face(face)
+    , m_corner(corner)
+    , m_before(mesh->face(face)->cornerFlags[corner] & KMElementFlag::Selected)
+    , m_after(selected)
+{
+}
+
+void setSelectUVCommand::apply(Direction direction)
+{
+    if (direction == Direction::Redo ? m_after : m_before)
+        mesh()->setCornerFlag(m_face, m_corner, KMElementFlag::Selected);
+    else
+        mesh()->clearCornerFlag(m_face, m_corner, KMElementFlag::Selected);
+}
+
+setLockUVCommand::setLockUVCommand(KMMeshNode *mesh, int face, int corner, bool locked)
+    : KMMeshCommand(tr("Set Pinned UV"), mesh)
+    , m_face(face)
+    , m_corner(corner)
+    , m_before(mesh->face(face)->cornerFlags[corner] & KMElementFlag::UVLocked)
+    , m_after(locked)
+{
+}
+
+void setLockUVCommand::apply(Direction direction)
+{
+    if (direction == Direction::Redo ? m_after : m_before)
+        mesh()->setCornerFlag(m_face, m_corner, KMElementFlag::UVLocked);
+    else
+        mesh()->clearCornerFlag(m_face, m_corner, KMElementFlag::UVLocked);
+}

@@ -1,0 +1,3 @@
+#include "mesh/KMSmoothNormals.h"
+
+void KMSmoothNormals::compute(KMMeshNode &, const KMTagNormal *, bool) {}

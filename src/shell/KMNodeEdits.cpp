@@ -1,0 +1,175 @@
+#include "shell/KMNodeEdits.h"
+
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMNodeTreeCommands.h"
+#include "core/KMNullNode.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("KMNodeEdits", text);
+}
+
+/// The row behind a node that is none of those on the move.
+KMContainerNode *nextSibling(KMContainerNode *node, const QList<KMContainerNode *> &moved)
+{
+    QTreeWidgetItem *parent = node->item()->parent();
+    if (!parent)
+        parent = gProject->tree()->invisibleRootItem();
+    for (int i = parent->indexOfChild(node->item()) + 1; i < parent->childCount(); ++i) {
+        KMContainerNode *sibling = KMTreeWidget::nodeOf(parent->child(i));
+        if (!moved.contains(sibling))
+            return sibling;
+    }
+    return nullptr;
+}
+
+void moveTo(KMContainerNode *node, KMContainerNode *parent)
+{
+    if (parent)
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, parent, node));
+    else
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastTopLevel, nullptr, node));
+}
+
+void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
+{
+    const auto mode = sibling->item()->parent() ? moveNodeCommand::BeforeSibling : moveNodeCommand::BeforeTopLevel;
+    gSolution->push(new moveNodeCommand(mode, sibling, node));
+}
+
+} // namespace
+
+QList<KMContainerNode *> KMNodeEdits::selectedNodes()
+{
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : KMTreeWidget::topSelectedItems(gProject->tree()))
+        nodes << KMTreeWidget::nodeOf(row);
+    return nodes;
+}
+
+bool KMNodeEdits::move(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place)
+{
+    QList<KMContainerNode *> movable;
+    for (KMContainerNode *node : nodes) {
+        if (canMove(node, target) || (node == target && place != KMTreeWidget::Place::Into && nodes.size() > 1))
+            movable << node;
+    }
+    if (movable.isEmpty())
+        return false;
+
+    KMContainerNode *parent = nullptr;
+    KMContainerNode *sibling = nullptr; // the nodes go before it, or last where there is none
+    if (target && place == KMTreeWidget::Place::Into) {
+        parent = target;
+    } else if (target) {
+        parent = KMTreeWidget::parentNodeOf(target);
+        const bool atTarget = place == KMTreeWidget::Place::Before && !movable.contains(target);
+        sibling = atTarget ? target : nextSibling(target, movable);
+    }
+    const KMUndoMacro macro(tr("Move Node"));
+    for (KMContainerNode *node : std::as_const(movable)) {
+        if (sibling)
+            moveBefore(node, sibling);
+        else
+            moveTo(node, parent);
+    }
+    gProject->checkModifiers();
+    return true;
+}
+
+void KMNodeEdits::groupUnderNull(const QList<KMContainerNode *> &nodes)
+{
+    if (nodes.isEmpty())
+        return;
+    const KMUndoMacro macro(tr("Group"));
+    auto *group = new KMNullNode;
+    gProject->addToScene(group);
+    moveBefore(group, nodes.first());
+    for (KMContainerNode *node : nodes)
+        moveTo(node, group);
+    group->item()->setExpanded(true);
+    gProject->checkModifiers();
+    gProject->tree()->setCurrentItem(group->item());
+}
+
+void KMNodeEdits::remove(const QList<KMContainerNode *> &nodes)
+{
+    if (nodes.isEmpty())
+        return;
+    const KMUndoMacro macro(tr("Delete Node"));
+    for (KMContainerNode *node : nodes)
+        gProject->deleteNode(node);
+}
+
+KMNodeEdits::Template::Template(const KMContainerNode *root)
+    : m_node(root->clone())
+{
+    if (!m_node || !root->item())
+        return;
+    for (int i = 0; i < root->item()->childCount(); ++i) {
+        auto *child = new Template(KMTreeWidget::nodeOf(root->item()->child(i)));
+        if (child->isEmpty())
+            delete child;
+        else
+            m_children << child;
+    }
+}
+
+KMNodeEdits::Template::~Template()
+{
+    qDeleteAll(m_children);
+    delete m_node;
+}
+
+KMContainerNode *KMNodeEdits::Template::instantiate(KMContainerNode *parent) const
+{
+    KMContainerNode *node = m_node->clone();
+    gProject->addToScene(node);
+    if (parent)
+        moveTo(node, parent);
+    for (const Template *child : m_children)
+        child->instantiate(node);
+    return node;
+}
+
+void KMNodeEdits::duplicate(const QList<KMContainerNode *> &nodes)
+{
+    QList<KMContainerNode *> copies;
+    const KMUndoMacro macro(tr("Duplicate"));
+    for (KMContainerNode *node : nodes) {
+        const Template original(node);
+        if (original.isEmpty())
+            continue;
+        KMContainerNode *copy = original.instantiate(KMTreeWidget::parentNodeOf(node));
+        if (KMContainerNode *sibling = nextSibling(node, {copy}))
+            moveBefore(copy, sibling);
+        copies << copy;
+    }
+    gProject->checkModifiers();
+    if (copies.isEmpty())
+        return;
+    gProject->tree()->setCurrentItem(copies.last()->item());
+    for (KMContainerNode *copy : std::as_const(copies))
+        copy->item()->setSelected(true);
+}
+
+void KMNodeEdits::setVisible(const QList<KMContainerNode *> &nodes, bool visible)
+{
+    const KMUndoMacro macro(tr("Set Visible"));
+    for (KMContainerNode *node : nodes)
+        gSolution->push(new setVisibleCommand(node, visible));
+}
+
+void KMNodeEdits::setLocked(const QList<KMContainerNode *> &nodes, bool locked)
+{
+    const KMUndoMacro macro(tr("Set Lock"));
+    for (KMContainerNode *node : nodes)
+        gSolution->push(new setLockedCommand(node, locked));
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+
+class KMColorField;
+class KMContainerNode;
+class KMNode;
+class KMNumberField;
+class KMTextField;
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+
+/// The values of one node in the attribute panel. Each edit becomes one step of the history; the page shows it when
+/// the history has moved, and so shows an undo as well.
+class KMAttributePage : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit KMAttributePage(QWidget *parent = nullptr);
+
+    virtual void refresh() = 0; ///< shows what the node holds
+
+    void commit(); ///< hands over what is being typed
+    void retire(); ///< the node may be gone: nothing is handed over any more
+
+protected:
+    /// Rows of the form, labelled and named after the value that they edit.
+    KMTextField *addText(const QString &label, const QString &objectName);
+    KMNumberField *addNumber(const QString &label, const QString &objectName);
+    KMNumberField *addWhole(const QString &label, const QString &objectName, int least, int most);
+    KMColorField *addColor(const QString &label, const QString &objectName);
+    QCheckBox *addCheck(const QString &label, const QString &objectName);
+    QComboBox *addChoice(const QString &label, const QString &objectName, const QStringList &choices = {});
+    void addHeading(const QString &text);
+    void addRow(const QString &label, QWidget *editor, const QString &objectName);
+    QFormLayout *form() const { return m_form; }
+
+private:
+    QFormLayout *m_form;
+};

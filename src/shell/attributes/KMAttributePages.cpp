@@ -1,0 +1,59 @@
+#include "shell/attributes/KMAttributePages.h"
+
+#include "core/KMEmbeddedTextureNode.h"
+#include "core/KMFileTextureNode.h"
+#include "core/KMNodeType.h"
+#include "core/KMNullNode.h"
+#include "core/KMProject.h"
+#include "core/KMTagBase.h"
+#include "core/KMValueNodeContainer.h"
+#include "shell/attributes/KMBasicShaderPage.h"
+#include "shell/attributes/KMNullPage.h"
+#include "shell/attributes/KMProjectPage.h"
+#include "shell/attributes/KMTagPage.h"
+#include "shell/attributes/KMTexturePages.h"
+#include "shell/attributes/KMValuePage.h"
+
+namespace {
+
+template <class Page, class Node>
+KMAttributePage *make(KMNode *node)
+{
+    return new Page(nodeAs<Node>(node));
+}
+
+/// A row matches its one type, or every type with its flag; the first row that matches counts, so that classes stand
+/// before families.
+struct PageRow
+{
+    int type;
+    int flag;
+    KMAttributePage *(*make)(KMNode *node);
+};
+
+constexpr PageRow pageRows[] = {
+    {KMNodeType::BoolContainer, 0, &make<KMValuePage, KMValueNodeContainer>},
+    {KMNodeType::IntContainer, 0, &make<KMValuePage, KMValueNodeContainer>},
+    {KMNodeType::FloatContainer, 0, &make<KMValuePage, KMValueNodeContainer>},
+    {KMNodeType::BasicShader, 0, &make<KMBasicShaderPage, KMBasicShaderNode>},
+    {KMNodeType::FileTexture, 0, &make<KMFileTexturePage, KMFileTextureNode>},
+    {KMNodeType::EmbeddedTexture, 0, &make<KMEmbeddedTexturePage, KMEmbeddedTextureNode>},
+    {KMNodeType::Project, 0, &make<KMProjectPage, KMProject>},
+    {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
+    {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
+    {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},
+    {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
+    {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
+    {0, KMNodeType::ShaderFlag, &make<KMNodePage, KMContainerNode>},
+};
+
+} // namespace
+
+KMAttributePage *KMAttributePages::makeFor(KMNode *node)
+{
+    for (const PageRow &row : pageRows) {
+        if (row.type ? row.type == node->type() : (node->type() & row.flag) != 0)
+            return row.make(node);
+    }
+    return nullptr;
+}

@@ -1,0 +1,24 @@
+#include "shell/attributes/KMTagPage.h"
+
+#include "core/KMSolution.h"
+#include "core/KMTagBase.h"
+#include "core/KMTagCommands.h"
+#include "shell/widgets/KMTextField.h"
+
+KMTagPage::KMTagPage(KMTagBase *tag)
+    : m_tag(tag)
+    , m_name(addText(tr("Name"), QStringLiteral("name")))
+{
+    connect(m_name, &KMTextField::committed, this, [this](const QString &text) {
+        const QString name = text.trimmed();
+        if (name.isEmpty() || name == m_tag->name())
+            KMTagPage::refresh();
+        else
+            gSolution->push(new renameTagCommand(m_tag, name));
+    });
+}
+
+void KMTagPage::refresh()
+{
+    m_name->showText(m_tag->name());
+}

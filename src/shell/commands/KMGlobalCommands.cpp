@@ -1,0 +1,209 @@
+#include "shell/commands/KMGlobalCommands.h"
+
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMNodeType.h"
+#include "core/KMProject.h"
+#include "core/KMShaderNode.h"
+#include "core/KMSolution.h"
+#include "core/KMTextureNode.h"
+#include "core/KMTreeWidget.h"
+
+#include <QCursor>
+#include <QMenu>
+#include <QSet>
+
+namespace {
+
+QList<KMContainerNode *> nodesInTree()
+{
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(gProject->tree()))
+        nodes << KMTreeWidget::nodeOf(row);
+    return nodes;
+}
+
+/// All that may refer to shaders and textures: what is in the tree and the live shaders themselves.
+QSet<int> usedIndices(QSet<int> (KMContainerNode::*used)() const)
+{
+    QSet<int> indices;
+    for (const KMContainerNode *node : nodesInTree())
+        indices.unite((node->*used)());
+    for (const KMShaderNode *shader : gProject->shaders())
+        indices.unite((shader->*used)());
+    return indices;
+}
+
+template <class Shelf>
+QList<KMContainerNode *> unused(const Shelf &shelf, const QSet<int> &used)
+{
+    QList<KMContainerNode *> nodes;
+    for (int i = 0; i < shelf.size(); ++i) {
+        if (!used.contains(i))
+            nodes << shelf.at(i);
+    }
+    return nodes;
+}
+
+} // namespace
+
+ComDoLastCommand::ComDoLastCommand(QObject *parent)
+    : KMGlobalCommand(tr("Do Last Command"), parent)
+{
+}
+
+QString ComDoLastCommand::obstacle() const
+{
+    return gSolution->lastCommand() ? QString() : tr("No command was run yet");
+}
+
+void ComDoLastCommand::run()
+{
+    gSolution->lastCommand()->trigger();
+}
+
+ComSelectLastNode::ComSelectLastNode(QObject *parent)
+    : KMGlobalCommand(tr("Select LastNode"), parent)
+{
+}
+
+QString ComSelectLastNode::obstacle() const
+{
+    return gSolution->previousNode() ? QString() : tr("No node was selected before");
+}
+
+void ComSelectLastNode::run()
+{
+    gProject->tree()->setCurrentItem(nodeAs<KMContainerNode>(gSolution->previousNode())->item());
+}
+
+ComSelectAll::ComSelectAll(QObject *parent)
+    : KMGlobalCommand(tr("Select All"), parent)
+{
+}
+
+void ComSelectAll::run()
+{
+    gProject->tree()->selectAll();
+}
+
+ComUnselectAll::ComUnselectAll(QObject *parent)
+    : KMGlobalCommand(tr("Unselect All"), parent)
+{
+}
+
+void ComUnselectAll::run()
+{
+    gProject->tree()->clearSelection();
+}
+
+QList<KMContainerNode *> KMVisibilityCommand::targets() const
+{
+    QList<KMContainerNode *> nodes;
+    for (KMContainerNode *node : nodesInTree()) {
+        if (node->isVisible() != shallBeVisible(node))
+            nodes << node;
+    }
+    return nodes;
+}
+
+void KMVisibilityCommand::runOn(KMContainerNode *node)
+{
+    gSolution->push(new setVisibleCommand(node, shallBeVisible(node)));
+}
+
+ComShowCurrentOnly::ComShowCurrentOnly(QObject *parent)
+    : KMVisibilityCommand(tr("Show current only"), parent)
+{
+}
+
+QString ComShowCurrentOnly::obstacle() const
+{
+    return gSolution->currentNode() ? KMVisibilityCommand::obstacle() : tr("Select a node first");
+}
+
+bool ComShowCurrentOnly::shallBeVisible(const KMContainerNode *node) const
+{
+    return node == gSolution->currentNode();
+}
+
+ComShowAll::ComShowAll(QObject *parent)
+    : KMVisibilityCommand(tr("Show All"), parent)
+{
+}
+
+ComHideAll::ComHideAll(QObject *parent)
+    : KMVisibilityCommand(tr("Hide All"), parent)
+{
+}
+
+void KMDeleteCommand::runOn(KMContainerNode *node)
+{
+    gProject->deleteNode(node);
+}
+
+ComDeleteCurrentNode::ComDeleteCurrentNode(QObject *parent)
+    : KMDeleteCommand(tr("Delete Node"), parent)
+{
+}
+
+QList<KMContainerNode *> ComDeleteCurrentNode::targets() const
+{
+    KMNode *current = gSolution->currentNode();
+    return current ? QList<KMContainerNode *>{nodeAs<KMContainerNode>(current)} : QList<KMContainerNode *>();
+}
+
+ComDeleteUnusedShader::ComDeleteUnusedShader(QObject *parent)
+    : KMDeleteCommand(tr("Delete unused shader"), parent)
+{
+}
+
+QList<KMContainerNode *> ComDeleteUnusedShader::targets() const
+{
+    return unused(gProject->shaders(), usedIndices(&KMContainerNode::shaderReferences));
+}
+
+ComDeleteUnusedTexture::ComDeleteUnusedTexture(QObject *parent)
+    : KMDeleteCommand(tr("Delete unused texture"), parent)
+{
+}
+
+QList<KMContainerNode *> ComDeleteUnusedTexture::targets() const
+{
+    return unused(gProject->textures(), usedIndices(&KMContainerNode::usedTextures));
+}
+
+ComDeleteNull::ComDeleteNull(QObject *parent)
+    : KMDeleteCommand(tr("delete StandAlone NullNode"), parent)
+{
+}
+
+QList<KMContainerNode *> ComDeleteNull::targets() const
+{
+    QList<KMContainerNode *> nodes;
+    for (KMContainerNode *node : nodesInTree()) {
+        if (node->type() == KMNodeType::Null && node->item()->childCount() == 0)
+            nodes << node;
+    }
+    return nodes;
+}
+
+ComClearBuffer::ComClearBuffer(QObject *parent)
+    : KMGlobalCommand(tr("clear Buffer"), parent)
+{
+}
+
+void ComClearBuffer::run()
+{
+    gSolution->clearHistory();
+}
+
+ComShowMenuCommand::ComShowMenuCommand(const QString &text, QMenu *menu, QObject *parent)
+    : KMGlobalCommand(text, parent)
+    , m_menu(menu)
+{
+}
+
+void ComShowMenuCommand::run()
+{
+    m_menu->popup(QCursor::pos());
+}

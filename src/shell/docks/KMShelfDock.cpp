@@ -1,0 +1,137 @@
+#include "shell/docks/KMShelfDock.h"
+
+#include "core/KMContainerNode.h"
+#include "core/KMDpi.h"
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+
+#include <QAction>
+#include <QListWidget>
+#include <QMenu>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr int TileSize = 56;
+constexpr int KeyRole = Qt::UserRole + 1; // of the picture that the tile shows
+
+} // namespace
+
+KMShelfDock::KMShelfDock(const QString &objectName, const QString &title, const QString &icon, QWidget *parent)
+    : KMDockWidget(objectName, title, icon, parent)
+    , m_list(new QListWidget)
+{
+    m_list->setObjectName(objectName + QStringLiteral("List"));
+    m_list->setViewMode(QListView::IconMode);
+    m_list->setMovement(QListView::Static);
+    m_list->setResizeMode(QListView::Adjust);
+    m_list->setIconSize({dpiScaled(TileSize), dpiScaled(TileSize)});
+    m_list->setGridSize({dpiScaled(TileSize + 20), dpiScaled(TileSize + 12) + m_list->fontMetrics().height()});
+    m_list->setTextElideMode(Qt::ElideRight);
+    m_list->setWordWrap(false);
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::DoubleClicked);
+    m_list->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_list, &QListWidget::currentItemChanged, this, &KMShelfDock::choose);
+    connect(m_list, &QListWidget::itemClicked, this, &KMShelfDock::choose);
+    connect(m_list, &QListWidget::itemChanged, this, &KMShelfDock::rename);
+    connect(m_list, &QWidget::customContextMenuRequested, this, &KMShelfDock::showMenu);
+    setWidget(m_list);
+}
+
+KMContainerNode *KMShelfDock::nodeOf(const QListWidgetItem *tile)
+{
+    return tile ? reinterpret_cast<KMContainerNode *>(quintptr(tile->data(Qt::UserRole).toULongLong())) : nullptr;
+}
+
+void KMShelfDock::refill()
+{
+    const QSignalBlocker blocker(m_list);
+    m_list->clear();
+    for (KMContainerNode *node : nodes()) {
+        auto *tile = new QListWidgetItem(m_list);
+        tile->setSizeHint(m_list->gridSize()); // known before the picture is: tiles stay in their columns
+        tile->setFlags(tile->flags() | Qt::ItemIsEditable);
+        tile->setData(Qt::UserRole, qulonglong(reinterpret_cast<quintptr>(node)));
+        tile->setTextAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+    }
+    refresh();
+}
+
+void KMShelfDock::refresh()
+{
+    const QSignalBlocker blocker(m_list);
+    const KMContainerNode *chosen = current();
+    for (int i = 0; i < m_list->count(); ++i) {
+        QListWidgetItem *tile = m_list->item(i);
+        showTile(tile);
+        if (nodeOf(tile) == chosen && m_list->currentItem() != tile)
+            m_list->setCurrentItem(tile);
+    }
+    if (!chosen)
+        m_list->setCurrentItem(nullptr);
+}
+
+void KMShelfDock::showTile(QListWidgetItem *tile)
+{
+    KMContainerNode *node = nodeOf(tile);
+    tile->setText(node->name());
+    tile->setToolTip(tr("%1: %2").arg(m_list->row(tile)).arg(node->name()));
+    const QByteArray key = pictureKey(node);
+    if (tile->data(KeyRole).toByteArray() == key)
+        return;
+    tile->setData(KeyRole, key);
+    const qreal ratio = devicePixelRatioF();
+    QPixmap shown = picture(node, m_list->iconSize() * ratio);
+    shown.setDevicePixelRatio(ratio);
+    QIcon icon(shown);
+    icon.addPixmap(shown, QIcon::Selected); // the tile's frame shows the choice; tinted colours would lie
+    tile->setIcon(icon);
+}
+
+void KMShelfDock::resetDocument()
+{
+    const QSignalBlocker blocker(m_list);
+    m_list->clear();
+}
+
+void KMShelfDock::choose(QListWidgetItem *tile)
+{
+    KMContainerNode *node = nodeOf(tile);
+    if (!node)
+        return;
+    setCurrent(node);
+    emit onNodeChanged(node, node->type());
+}
+
+void KMShelfDock::rename(QListWidgetItem *tile)
+{
+    KMContainerNode *node = nodeOf(tile);
+    const QString name = tile->text().trimmed();
+    if (!name.isEmpty() && name != node->name())
+        gSolution->push(new renameNodeCommand(node, name));
+    else
+        refresh();
+}
+
+void KMShelfDock::duplicate(KMContainerNode *node)
+{
+    if (KMContainerNode *copy = node->clone())
+        gProject->addNode(copy);
+}
+
+void KMShelfDock::showMenu(const QPoint &position)
+{
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(m_addActions);
+    if (QListWidgetItem *tile = m_list->itemAt(position)) {
+        KMContainerNode *node = nodeOf(tile);
+        menu->addSeparator();
+        menu->addAction(tr("Rename"), this, [this, tile] { m_list->editItem(tile); });
+        menu->addAction(tr("Duplicate"), this, [this, node] { duplicate(node); });
+        menu->addAction(tr("Delete"), this, [node] { gProject->deleteNode(node); });
+    }
+    menu->popup(m_list->viewport()->mapToGlobal(position));
+}

@@ -1,0 +1,225 @@
+#include "shell/docks/kmnodewidget.h"
+
+#include "core/KMContainerNode.h"
+#include "core/KMDpi.h"
+#include "core/KMPrompt.h"
+#include "core/KMSolution.h"
+#include "core/KMTagBase.h"
+#include "core/KMTagCommands.h"
+#include "core/KMTreeWidget.h"
+#include "shell/KMNodeEdits.h"
+#include "shell/docks/KMNodeRowDelegate.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QVBoxLayout>
+
+namespace {
+
+void setSelected(const QItemSelection &rows, bool selected)
+{
+    const QModelIndexList indexes = rows.indexes();
+    for (const QModelIndex &index : indexes) {
+        if (index.column() != KMTreeWidget::NameColumn)
+            continue;
+        const quintptr pointer = quintptr(index.data(Qt::UserRole).toULongLong());
+        if (pointer)
+            reinterpret_cast<KMContainerNode *>(pointer)->setSelected(selected);
+    }
+}
+
+} // namespace
+
+kmnodewidget::kmnodewidget(KMTreeWidget *tree, QWidget *parent)
+    : KMDockWidget(QStringLiteral("kmnodewidget"), tr("Nodes"), QStringLiteral("node_menu"), parent)
+    , m_tree(tree)
+    , m_delegate(new KMNodeRowDelegate(this))
+{
+    auto *page = new QWidget;
+    auto *layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(dpiScaled(2));
+    createFilterRow(layout);
+    layout->addWidget(m_tree, 1);
+    setWidget(page);
+    prepareTree();
+    setUpHeader();
+    connect(m_delegate, &KMNodeRowDelegate::tagClicked, this, &kmnodewidget::selectTag);
+}
+
+kmnodewidget::~kmnodewidget()
+{
+    releaseDocument();
+}
+
+void kmnodewidget::createFilterRow(QVBoxLayout *layout)
+{
+    m_filterText = new QLineEdit;
+    m_filterText->setObjectName(QStringLiteral("nodeFilterText"));
+    m_filterText->setPlaceholderText(tr("Filter by name"));
+    m_filterText->setClearButtonEnabled(true);
+    m_filterFamily = new QComboBox;
+    m_filterFamily->setObjectName(QStringLiteral("nodeFilterFamily"));
+    m_filterFamily->setToolTip(tr("Kind of the nodes that are shown"));
+    for (int i = 0; i < KMNodeFilter::FamilyCount; ++i)
+        m_filterFamily->addItem(KMNodeFilter::familyName(KMNodeFilter::Family(i)));
+    connect(m_filterText, &QLineEdit::textChanged, this, &kmnodewidget::filterChanged);
+    connect(m_filterFamily, qOverload<int>(&QComboBox::currentIndexChanged), this, &kmnodewidget::filterChanged);
+
+    auto *row = new QHBoxLayout;
+    const int margin = dpiScaled(2);
+    row->setContentsMargins(margin, margin, margin, 0);
+    row->setSpacing(margin);
+    row->addWidget(m_filterText, 1);
+    row->addWidget(m_filterFamily);
+    layout->addLayout(row);
+}
+
+void kmnodewidget::prepareTree()
+{
+    m_tree->setItemDelegate(m_delegate);
+    m_tree->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    m_tree->setExpandsOnDoubleClick(false);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setIndentation(dpiScaled(14));
+    m_tree->setFrameShape(QFrame::NoFrame);
+    m_tree->setDragDropMode(QAbstractItemView::DragDrop);
+    m_tree->setDefaultDropAction(Qt::MoveAction);
+    m_tree->setDropIndicatorShown(true);
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_tree, &QWidget::customContextMenuRequested, this, &kmnodewidget::showMenu);
+    connect(m_tree, &KMTreeWidget::nodesDropped, this, &KMNodeEdits::move);
+    connect(m_tree, &KMTreeWidget::onNodeUpdate, this, [this](KMNode *node) {
+        clearTagSelection();
+        emit onNodeChanged(node, node ? node->type() : 0);
+    });
+    connect(m_tree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem *row, int column) {
+        if (column != KMTreeWidget::NameColumn)
+            return;
+        // The row may have been current all the time, while the attributes showed something else.
+        clearTagSelection();
+        KMContainerNode *node = KMTreeWidget::nodeOf(row);
+        emit onNodeChanged(node, node->type());
+    });
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [](const QItemSelection &selected, const QItemSelection &deselected) {
+                setSelected(deselected, false);
+                setSelected(selected, true);
+            });
+}
+
+void kmnodewidget::setUpHeader()
+{
+    m_tree->setHeaderLabels({tr("Name"), tr("V"), tr("L"), tr("Tags")});
+    QTreeWidgetItem *titles = m_tree->headerItem();
+    titles->setToolTip(KMTreeWidget::VisibleColumn, tr("Visible"));
+    titles->setToolTip(KMTreeWidget::LockColumn, tr("Locked"));
+    titles->setTextAlignment(KMTreeWidget::VisibleColumn, Qt::AlignCenter);
+    titles->setTextAlignment(KMTreeWidget::LockColumn, Qt::AlignCenter);
+    QHeaderView *header = m_tree->header();
+    header->setStretchLastSection(false);
+    header->setSectionsMovable(false);
+    header->setMinimumSectionSize(dpiScaled(22));
+    header->setSectionResizeMode(KMTreeWidget::NameColumn, QHeaderView::Stretch);
+    for (const int column : {KMTreeWidget::VisibleColumn, KMTreeWidget::LockColumn}) {
+        header->setSectionResizeMode(column, QHeaderView::Fixed);
+        header->resizeSection(column, dpiScaled(24));
+    }
+    header->setSectionResizeMode(KMTreeWidget::TagColumn, QHeaderView::Interactive);
+    header->resizeSection(KMTreeWidget::TagColumn, dpiScaled(46));
+}
+
+void kmnodewidget::filterChanged()
+{
+    m_filter.setText(m_filterText->text().trimmed());
+    m_filter.setFamily(KMNodeFilter::Family(m_filterFamily->currentIndex()));
+    gSolution->setNodeFilterOn(m_filter.isOn());
+    m_filter.apply(m_tree);
+}
+
+void kmnodewidget::refresh()
+{
+    if (m_tree && m_filter.isOn())
+        m_filter.apply(m_tree);
+}
+
+void kmnodewidget::resetDocument()
+{
+    m_filterText->clear();
+    m_filterFamily->setCurrentIndex(KMNodeFilter::AnyFamily);
+}
+
+void kmnodewidget::releaseDocument()
+{
+    if (!m_tree)
+        return;
+    m_tree->disconnect(this);
+    m_tree->selectionModel()->disconnect(this);
+    m_tree->setItemDelegate(nullptr);
+    m_tree->setParent(nullptr);
+    m_tree = nullptr;
+}
+
+void kmnodewidget::renameCurrent()
+{
+    if (QTreeWidgetItem *row = m_tree->currentItem())
+        m_tree->editItem(row, KMTreeWidget::NameColumn);
+}
+
+void kmnodewidget::selectTag(KMTagBase *tag)
+{
+    clearTagSelection();
+    tag->setSelected(true);
+    gSolution->setCurrentTag(tag);
+    m_tree->viewport()->update();
+    emit onNodeChanged(tag, tag->type());
+}
+
+void kmnodewidget::clearTagSelection()
+{
+    if (KMTagBase *tag = gSolution->currentTag())
+        tag->setSelected(false);
+    gSolution->setCurrentTag(nullptr);
+    m_tree->viewport()->update();
+}
+
+void kmnodewidget::showMenu(const QPoint &position)
+{
+    const QTreeWidgetItem *row = m_tree->itemAt(position);
+    const QPoint globalPosition = m_tree->viewport()->mapToGlobal(position);
+    if (row) {
+        const QModelIndex index = m_tree->indexAt(position);
+        const QRect cell = m_tree->visualRect(index.sibling(index.row(), KMTreeWidget::TagColumn));
+        if (KMTagBase *tag = KMNodeRowDelegate::tagAt(KMTreeWidget::nodeOf(row), cell, position))
+            return showTagMenu(tag, globalPosition);
+    }
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction *action : std::as_const(m_menuActions)) {
+        if (action)
+            menu->addAction(action);
+        else
+            menu->addSeparator();
+    }
+    menu->popup(globalPosition);
+}
+
+void kmnodewidget::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
+{
+    selectTag(tag);
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(tr("Rename Tag..."), this, [this, tag] {
+        bool accepted = false;
+        const QString name = KMPrompt::current().text(tr("Rename Tag"), tr("Name"), tag->name(), this, &accepted);
+        if (accepted && !name.isEmpty() && name != tag->name())
+            gSolution->push(new renameTagCommand(tag, name));
+    });
+    menu->addAction(tr("Delete Tag"), this,
+                    [tag] { gSolution->push(new deleteTagCommand(nodeAs<KMContainerNode>(tag->owner()), tag)); });
+    menu->popup(globalPosition);
+}

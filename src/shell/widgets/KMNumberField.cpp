@@ -1,0 +1,82 @@
+#include "shell/widgets/KMNumberField.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QTimer>
+
+namespace {
+
+constexpr int StepPause = 350; // milliseconds without a further step
+
+} // namespace
+
+KMNumberField::KMNumberField(Kind kind, QWidget *parent)
+    : QDoubleSpinBox(parent)
+    , m_stepTimer(new QTimer(this))
+{
+    constexpr double widest = 1e7; // single precision holds no more whole numbers than that
+    setDecimals(kind == Kind::Whole ? 0 : 4);
+    setRange(kind == Kind::Whole ? -2147483648.0 : -widest, kind == Kind::Whole ? 2147483647.0 : widest);
+    setKeyboardTracking(false);
+    m_stepTimer->setSingleShot(true);
+    m_stepTimer->setInterval(StepPause);
+    connect(m_stepTimer, &QTimer::timeout, this, &KMNumberField::commit);
+    connect(this, &QAbstractSpinBox::editingFinished, this, &KMNumberField::commit);
+}
+
+void KMNumberField::showNumber(double number)
+{
+    if (m_stepTimer->isActive())
+        return;
+    const QSignalBlocker blocker(this);
+    m_exact = number;
+    setValue(number);
+    m_rounded = value();
+}
+
+void KMNumberField::commit()
+{
+    m_stepTimer->stop();
+    if (value() == m_rounded)
+        return;
+    m_exact = m_rounded = value();
+    emit committed(m_exact);
+}
+
+void KMNumberField::stepBy(int steps)
+{
+    QDoubleSpinBox::stepBy(steps);
+    m_stepTimer->start();
+}
+
+QString KMNumberField::textFromValue(double value) const
+{
+    QString text = QDoubleSpinBox::textFromValue(value);
+    const QString point = locale().decimalPoint();
+    if (!text.contains(point))
+        return text;
+    while (text.endsWith(locale().zeroDigit()))
+        text.chop(1);
+    if (text.endsWith(point))
+        text.chop(point.size());
+    return text == QLatin1String("-0") ? QStringLiteral("0") : text;
+}
+
+/// A wheel that scrolls the page must not change numbers on its way.
+void KMNumberField::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QDoubleSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+void KMNumberField::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Escape)
+        return QDoubleSpinBox::keyPressEvent(event);
+    const QSignalBlocker blocker(this);
+    m_stepTimer->stop();
+    setValue(m_exact);
+    clearFocus();
+}

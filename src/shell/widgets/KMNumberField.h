@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QDoubleSpinBox>
+
+class QTimer;
+
+/// A number that is handed over once for each edit: at Enter, when the focus leaves, or shortly after the last of a
+/// row of steps by wheel, arrows or keys, so that a held arrow makes one edit and not fifty.
+class KMNumberField : public QDoubleSpinBox
+{
+    Q_OBJECT
+public:
+    enum class Kind { Float, Whole };
+
+    explicit KMNumberField(Kind kind = Kind::Float, QWidget *parent = nullptr);
+
+    void showNumber(double number); ///< what the model holds; takes no part in a running edit
+    double shownNumber() const { return m_exact; } ///< as given to showNumber(), not rounded to the digits shown
+    void commit();
+
+    QString textFromValue(double value) const override; ///< without zeros at the end
+    void stepBy(int steps) override;
+
+signals:
+    void committed(double number);
+
+protected:
+    void wheelEvent(QWheelEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    double m_exact = 0.0;
+    double m_rounded = 0.0; // m_exact as the field holds it
+    QTimer *m_stepTimer;
+};

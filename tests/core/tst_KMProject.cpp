@@ -1,0 +1,594 @@
+#include "core/KMProject.h"
+
+#include "core/KMBasicShaderNode.h"
+#include "core/KMFileTextureNode.h"
+#include "core/KMNodeTreeCommands.h"
+#include "core/KMNodeType.h"
+#include "core/KMPbrShaderNode.h"
+#include "core/KMProcTextureNode.h"
+#include "core/KMSolution.h"
+#include "core/KMValueNodeContainer.h"
+#include "support/RecordingSession.h"
+#include "support/TestRegistry.h"
+
+#include <QPointer>
+#include <QRegularExpression>
+#include <QSet>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <algorithm>
+
+class tst_KMProject : public QObject
+{
+    Q_OBJECT
+private slots:
+    void newProject();
+    void builtInShaders_data();
+    void builtInShaders();
+    void shaderByIndex();
+    void uniqueNames_data();
+    void uniqueNames();
+    void namesOfDeletedNodesAreFree();
+    void namesAreUniqueInTheirFamilyOnly();
+    void numbersEnd();
+    void derivedListsFollowTheTree();
+    void derivedListsHoldWhatIsEvaluated();
+    void addNodeSteps();
+    void everyFamilyHasItsList_data();
+    void everyFamilyHasItsList();
+    void modifiersAreBuiltAgain();
+    void deleteNodeSteps();
+    void deletingAShaderShiftsReferences_data();
+    void deletingAShaderShiftsReferences();
+    void deletedUsersKeepTheirShaders();
+    void deletingATextureShiftsReferences();
+    void textureFilesAreShared();
+    void clearEmptiesEverything();
+    void nothingRefersToWhatIsBeingCleared();
+    void ids();
+    void cameras();
+    void frame();
+};
+
+namespace {
+
+QString namesOf(const QList<KMNode *> &nodes)
+{
+    QStringList names;
+    for (KMNode *node : nodes)
+        names << nodeAs<KMContainerNode>(node)->name();
+    return names.join(QLatin1Char(' '));
+}
+
+QString topCommand(const QUndoStack &stack)
+{
+    return stack.count() ? stack.command(stack.count() - 1)->text() : QString();
+}
+
+QStringList stepsOfTopCommand(const QUndoStack &stack)
+{
+    QStringList texts;
+    const QUndoCommand *macro = stack.command(stack.count() - 1);
+    for (int i = 0; i < macro->childCount(); ++i)
+        texts << macro->child(i)->text();
+    return texts;
+}
+
+KMBasicShaderNode *addShader(const char *name)
+{
+    auto *shader = new KMBasicShaderNode;
+    shader->setName(QString::fromLatin1(name));
+    gProject->addNode(shader);
+    return shader;
+}
+
+void move(FakeNode *node, KMContainerNode *parent)
+{
+    gSolution->push(new moveNodeCommand(parent ? moveNodeCommand::LastChild : moveNodeCommand::LastTopLevel, parent, node));
+}
+
+} // namespace
+
+void tst_KMProject::newProject()
+{
+    const RecordingSession scene;
+    QCOMPARE(gProject->type(), 0x200004);
+    QCOMPARE(gProject->name(), QStringLiteral("unnamed Project"));
+    QCOMPARE(gProject->information(), QStringLiteral("information"));
+    QCOMPARE(gProject->currentFrame(), 0);
+    for (int number = 1; number <= 4; ++number)
+        QCOMPARE(gProject->textInfo(number), QString());
+    QVERIFY(gProject->allNodes().isEmpty() && gProject->shaders().isEmpty() && gProject->textures().isEmpty());
+    QVERIFY(!gProject->isDestroying());
+}
+
+void tst_KMProject::builtInShaders_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QColor>("diffuse");
+    QTest::addColumn<QColor>("specular");
+    QTest::addColumn<QColor>("ambient");
+
+    const KMBasicShader plain;
+    QTest::newRow("0") << 0 << "Default" << plain.diffuse << plain.specular << plain.ambient;
+    QTest::newRow("1") << 1 << "Default" << QColor(160, 172, 216) << QColor(64, 64, 64) << QColor(16, 16, 32);
+    QTest::newRow("2") << 2 << "Orange" << QColor(255, 160, 0) << plain.specular << plain.ambient;
+    QTest::newRow("3") << 3 << "Red" << QColor(200, 0, 32) << plain.specular << plain.ambient;
+    QTest::newRow("4") << 4 << "Green" << QColor(0, 140, 32) << plain.specular << plain.ambient;
+    QTest::newRow("5") << 5 << "Blue" << QColor(0, 0, 200) << QColor(96, 96, 128) << plain.ambient;
+    QTest::newRow("6") << 6 << "BoneGreen" << QColor(60, 100, 100, 200) << plain.specular << plain.ambient;
+    QTest::newRow("7") << 7 << "AlphaGray" << QColor(128, 128, 128, 32) << plain.specular << plain.ambient;
+    QTest::newRow("8") << 8 << "clear" << QColor(0, 0, 0, 0) << plain.specular << plain.ambient;
+}
+
+void tst_KMProject::builtInShaders()
+{
+    const RecordingSession scene;
+    QFETCH(int, index);
+    QCOMPARE(gProject->defaultShaders().size(), 9);
+    const KMBasicShaderNode *shader = gProject->defaultShaders().at(index);
+    QTEST(shader->name(), "name");
+    QTEST(shader->values().diffuse, "diffuse");
+    QTEST(shader->values().specular, "specular");
+    QTEST(shader->values().ambient, "ambient");
+}
+
+void tst_KMProject::shaderByIndex()
+{
+    const RecordingSession scene;
+    KMBasicShaderNode *first = addShader("First");
+    KMBasicShaderNode *second = addShader("Second");
+    QCOMPARE(gProject->shader(0), first);
+    QCOMPARE(gProject->shader(1), second);
+    QVERIFY(!gProject->shader(2));
+    for (int i = 1; i < 9; ++i)
+        QCOMPARE(gProject->shader(-i), gProject->defaultShaders().at(i));
+    QVERIFY(!gProject->shader(-9));
+}
+
+void tst_KMProject::uniqueNames_data()
+{
+    QTest::addColumn<QStringList>("taken");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("result");
+
+    QTest::newRow("first") << QStringList{} << "Mesh" << "Mesh0";
+    QTest::newRow("others with numbers") << QStringList{"Mesh7", "Mesh12"} << "Mesh" << "Mesh0";
+    QTest::newRow("digits are stripped") << QStringList{"Mesh7", "Mesh12"} << "Mesh12" << "Mesh0";
+    QTest::newRow("next") << QStringList{"Mesh0", "Mesh1", "Mesh3"} << "Mesh9" << "Mesh2";
+    QTest::newRow("digits further in stay") << QStringList{"a1b0"} << "a1b23" << "a1b1";
+    QTest::newRow("digits only") << QStringList{"0", "1"} << "2024" << "2";
+    QTest::newRow("empty") << QStringList{} << "" << "0";
+    QTest::newRow("placeholder") << QStringList{"%10"} << "%1" << "%0";
+    QTest::newRow("placeholder within") << QStringList{"%1x0"} << "%1x" << "%1x1";
+    QTest::newRow("leading zero is another name") << QStringList{"Mesh00"} << "Mesh" << "Mesh0";
+    QTest::newRow("case counts") << QStringList{"mesh0"} << "Mesh" << "Mesh0";
+    QTest::newRow("Japanese") << QStringList{QString::fromUtf8("腕0")} << QString::fromUtf8("腕") << QString::fromUtf8("腕1");
+}
+
+void tst_KMProject::uniqueNames()
+{
+    QFETCH(QStringList, taken);
+    QFETCH(QString, name);
+    QFETCH(QString, result);
+    const int types[] = {KMNodeType::Null, KMNodeType::Mesh, KMNodeType::BluePrint, KMNodeType::ModFFD,
+                         KMNodeType::PrimCube, KMNodeType::Bone};
+    for (const int type : types) {
+        RecordingSession scene;
+        for (const QString &other : taken)
+            scene.addFake(type, QStringLiteral("x"))->setName(other); // as a rename by the user
+        QCOMPARE(scene.addFake(type, name)->name(), result);
+    }
+}
+
+void tst_KMProject::namesOfDeletedNodesAreFree()
+{
+    for (const int type : {KMNodeType::Null, KMNodeType::Mesh, KMNodeType::ModSdv, KMNodeType::BoneContainer}) {
+        RecordingSession scene;
+        FakeNode *first = scene.addFake(type, QStringLiteral("N"));
+        gProject->deleteNode(first);
+        QCOMPARE(scene.addFake(type, QStringLiteral("N"))->name(), QStringLiteral("N0"));
+        QCOMPARE(first->name(), QStringLiteral("N0"));
+    }
+}
+
+void tst_KMProject::namesAreUniqueInTheirFamilyOnly()
+{
+    RecordingSession scene;
+    const int families[] = {KMNodeType::Null, KMNodeType::Mesh, KMNodeType::BluePrint, KMNodeType::ModSym,
+                            KMNodeType::PrimPlane, KMNodeType::Bone};
+    for (const int type : families)
+        QCOMPARE(scene.addFake(type, QStringLiteral("N"))->name(), QStringLiteral("N0"));
+    // Within a family the class makes no difference.
+    QCOMPARE(scene.addFake(KMNodeType::ModPipe, QStringLiteral("N"))->name(), QStringLiteral("N1"));
+    QCOMPARE(scene.addFake(KMNodeType::PrimCube, QStringLiteral("N"))->name(), QStringLiteral("N1"));
+    QCOMPARE(scene.addFake(KMNodeType::BoneContainer, QStringLiteral("N"))->name(), QStringLiteral("N1"));
+
+    auto *computed = new KMProcTextureNode;
+    gProject->addNode(computed);
+    QCOMPARE(computed->name(), QStringLiteral("PTexture0"));
+    auto *file = new KMFileTextureNode(QStringLiteral("skin2"));
+    gProject->addNode(file);
+    QCOMPARE(file->name(), QStringLiteral("skin2"));
+    QCOMPARE(addShader("Shader7")->name(), QStringLiteral("Shader7"));
+}
+
+void tst_KMProject::numbersEnd()
+{
+    RecordingSession scene;
+    for (int i = 0; i < 1000; ++i)
+        gProject->addToScene(new FakeNode(KMNodeType::Mesh, QStringLiteral("Mesh")));
+    QCOMPARE(nodeAs<KMContainerNode>(gProject->meshNodes().nodes().last())->name(), QStringLiteral("Mesh999"));
+    QCOMPARE(scene.addFake(KMNodeType::Mesh, QStringLiteral("Mesh"))->name(), QStringLiteral("Mesh999"));
+}
+
+void tst_KMProject::derivedListsFollowTheTree()
+{
+    RecordingSession scene;
+    FakeNode *a = scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
+    FakeNode *b = scene.addFake(KMNodeType::Mesh, QStringLiteral("b"));
+    FakeNode *group = scene.addFake(KMNodeType::Null, QStringLiteral("g"));
+    scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
+    FakeNode *bone = scene.addFake(KMNodeType::BoneContainer, QStringLiteral("c"));
+    scene.addFake(KMNodeType::PrimCube, QStringLiteral("p"));
+    const auto lists = [] {
+        return QStringList{namesOf(gProject->meshesInTree().nodes()), namesOf(gProject->modifiersInTree().nodes()),
+                           namesOf(gProject->primitivesInTree().nodes()), namesOf(gProject->ctrlsInTree().nodes())}
+            .join(QLatin1Char('|'));
+    };
+    QCOMPARE(lists(), QStringLiteral("a0 b0|m0|p0|c0"));
+    move(a, group);
+    QCOMPARE(lists(), QStringLiteral("b0 a0|m0|p0|c0"));
+    gProject->deleteNode(group); // with a below it
+    QCOMPARE(lists(), QStringLiteral("b0|m0|p0|c0"));
+    QCOMPARE(namesOf(gProject->meshNodes().nodes()), QStringLiteral("a0 b0")); // the history still owns a
+    gProject->deleteNode(bone);
+    gProject->deleteNode(b);
+    QCOMPARE(lists(), QStringLiteral("|m0|p0|"));
+    scene.stack().undo();
+    scene.stack().undo();
+    scene.stack().undo();
+    QCOMPARE(lists(), QStringLiteral("b0 a0|m0|p0|c0"));
+    scene.stack().setIndex(1);
+    QCOMPARE(lists(), QStringLiteral("a0|||"));
+    scene.addFake(KMNodeType::Mesh, QStringLiteral("x")); // cuts the rest off for good
+    QCOMPARE(namesOf(gProject->meshNodes().nodes()), QStringLiteral("a0 x0"));
+    QCOMPARE(namesOf(gProject->allNodes().nodes()), QStringLiteral("a0 x0"));
+}
+
+void tst_KMProject::derivedListsHoldWhatIsEvaluated()
+{
+    RecordingSession scene;
+    FakeNode ofModifier(KMNodeType::Mesh, QStringLiteral("ofModifier"));
+    FakeNode ofPrimitive(KMNodeType::Mesh, QStringLiteral("ofPrimitive"));
+    scene.addFake(KMNodeType::PrimCube, QStringLiteral("p"))->evaluated = &ofPrimitive;
+    FakeNode *mesh = scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
+    FakeNode *modifier = scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
+    scene.addFake(KMNodeType::ModSdv, QStringLiteral("n")); // has made nothing yet
+    modifier->evaluated = &ofModifier;
+    gProject->rebuildDerivedLists();
+    QCOMPARE(namesOf(gProject->renderMeshes().nodes()), QStringLiteral("ofPrimitive a0 ofModifier"));
+    QCOMPARE(namesOf(gProject->meshesInTree().nodes()), QStringLiteral("a0"));
+    move(mesh, nullptr);
+    QCOMPARE(namesOf(gProject->renderMeshes().nodes()), QStringLiteral("ofPrimitive ofModifier a0"));
+}
+
+void tst_KMProject::addNodeSteps()
+{
+    RecordingSession scene;
+    scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
+    scene.takeLog();
+    auto *mesh = new FakeNode(KMNodeType::Mesh, QStringLiteral("Body"), scene.log());
+    gProject->addNode(mesh);
+    QCOMPARE(scene.takeLog().mid(0, 3),
+             (CallLog{"commitOpenEditors", "sourcesChanged m0", "refresh Body0"})); // nothing in between but silent steps
+    QCOMPARE(scene.stack().count(), 2);
+    QCOMPARE(topCommand(scene.stack()), QStringLiteral("Add Node"));
+    QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add Node")});
+    QVERIFY(mesh->isSelected() && !mesh->isDeleted() && mesh->item());
+    QCOMPARE(gSolution->currentNode(), mesh);
+
+    addShader("Skin");
+    QCOMPARE(scene.takeLog().filter(QStringLiteral("sourcesChanged")), CallLog{}); // not a row of the tree
+    QCOMPARE(topCommand(scene.stack()), QStringLiteral("Add Node"));
+    QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add ShaderNode")});
+    gProject->addNode(new KMProcTextureNode);
+    QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add TextureNode")});
+    QCOMPARE(gSolution->macroDepth(), 0);
+}
+
+void tst_KMProject::everyFamilyHasItsList_data()
+{
+    QTest::addColumn<KMContainerNode *>("node");
+    QTest::addColumn<int>("list");
+
+    const auto row = [](const char *name, KMContainerNode *node, int list) { QTest::newRow(name) << node << list; };
+    row("mesh", new FakeNode(KMNodeType::Mesh, {}), 0);
+    row("blueprint", new FakeNode(KMNodeType::BluePrint, {}), 1);
+    row("null", new KMNullNode, 2);
+    row("bool", new KMBoolNodeContainer, 3);
+    row("int", new KMIntNodeContainer, 4);
+    row("float", new KMFloatNodeContainer, 5);
+    row("modifier", new FakeNode(KMNodeType::ModAnchor, {}), 6);
+    row("primitive", new FakeNode(KMNodeType::Prim3DText, {}), 7);
+    row("bone", new FakeNode(KMNodeType::Bone, {}), 8);
+    row("bone container", new FakeNode(KMNodeType::BoneContainer, {}), 8);
+    row("basic shader", new KMBasicShaderNode, 9);
+    row("pbr shader", new KMPbrShaderNode, 9);
+    row("file texture", new KMFileTextureNode, 10);
+    row("computed texture", new KMProcTextureNode, 10);
+    row("display group", new FakeNode(KMNodeType::Display, {}), 11);
+}
+
+void tst_KMProject::everyFamilyHasItsList()
+{
+    RecordingSession scene;
+    QFETCH(KMContainerNode *, node);
+    QFETCH(int, list);
+    gProject->addToScene(node);
+    const QList<KMNode *> lists[] = {
+        gProject->meshNodes().nodes(),     gProject->bluePrints().nodes(),     gProject->nullNodes().nodes(),
+        gProject->boolNodes().nodes(),     gProject->intNodes().nodes(),       gProject->floatNodes().nodes(),
+        gProject->modifierNodes().nodes(), gProject->primitiveNodes().nodes(), gProject->ctrlNodes().nodes(),
+        gProject->allShaders().nodes(),    gProject->allTextures().nodes(),    gProject->displayNodes().nodes()};
+    for (int i = 0; i < int(std::size(lists)); ++i)
+        QCOMPARE(lists[i], i == list ? QList<KMNode *>{node} : QList<KMNode *>{});
+    QCOMPARE(gProject->allNodes().nodes(), QList<KMNode *>{node});
+    QCOMPARE(gProject->shaders().contains(node), list == 9);
+    QCOMPARE(gProject->textures().contains(node), list == 10);
+}
+
+void tst_KMProject::modifiersAreBuiltAgain()
+{
+    RecordingSession scene;
+    FakeNode *first = scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
+    FakeNode *second = scene.addFake(KMNodeType::ModSdv, QStringLiteral("m"));
+    move(first, second);
+    scene.takeLog();
+
+    const int steps = scene.stack().count();
+    gProject->checkModifiers();
+    QCOMPARE(scene.takeLog(), (CallLog{"sourcesChanged m1", "sourcesChanged m0"}));
+    QCOMPARE(scene.stack().count(), steps);
+
+    second->hasOtherSources = true; // the first one asked: the others are asked all the same
+    gProject->addNode(new FakeNode(KMNodeType::Mesh, QStringLiteral("a")));
+    QCOMPARE(scene.takeLog().filter(QRegularExpression(QStringLiteral("^(sourcesChanged|redo)"))),
+             (CallLog{"sourcesChanged m1", "sourcesChanged m0", "redo build m1", "redo build m0"}));
+    QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"Add Node", "build m1", "build m0"}));
+}
+
+void tst_KMProject::deleteNodeSteps()
+{
+    RecordingSession scene;
+    FakeNode *group = scene.addFake(KMNodeType::Null, QStringLiteral("g"));
+    FakeNode *mesh = scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
+    scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
+    FakeNode other(KMNodeType::Mesh, QStringLiteral("other"));
+    auto *morphs = new FakeTag(QStringLiteral("Morphs"), KMNodeType::TagMorph);
+    FakeNode smile(KMNodeType::Morph, QStringLiteral("smile"));
+    FakeNode frown(KMNodeType::Morph, QStringLiteral("frown"));
+    morphs->parts = {&smile, &frown};
+    mesh->addTag(morphs);
+    move(mesh, group);
+    gSolution->setCurrentTag(morphs);
+    scene.blocks.nodesWithBlock = {mesh, &smile, &other};
+    scene.takeLog();
+
+    gProject->deleteNode(group);
+    QCOMPARE(scene.takeLog().mid(0, 4),
+             (CallLog{"redo delete block", "pushDelete g0", "sourcesChanged m0", "redo delete block"}));
+    QCOMPARE(topCommand(scene.stack()), QStringLiteral("Delete Node"));
+    QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"delete block", "Delete Node", "delete block"}));
+    QCOMPARE(scene.blocks.nodesWithBlock, QSet<const KMNode *>{&other});
+    QVERIFY(mesh->isDeleted() && group->isDeleted());
+    QVERIFY(!gSolution->currentNode() && !gSolution->currentTag());
+
+    scene.stack().undo();
+    QVERIFY(!mesh->isDeleted() && !group->isDeleted());
+    QCOMPARE(KMTreeWidget::parentNodeOf(mesh), group);
+}
+
+void tst_KMProject::deletingAShaderShiftsReferences_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QVector<int>>("after");
+
+    QTest::newRow("first") << 0 << QVector<int>{-3, -1, -1, 0, 1};
+    QTest::newRow("middle") << 1 << QVector<int>{-3, -1, 0, -1, 1};
+    QTest::newRow("last") << 2 << QVector<int>{-3, -1, 0, 1, -1};
+}
+
+void tst_KMProject::deletingAShaderShiftsReferences()
+{
+    QFETCH(int, index);
+    QFETCH(QVector<int>, after);
+    RecordingSession scene;
+    KMBasicShaderNode *const shaders[] = {addShader("a"), addShader("b"), addShader("c")};
+    FakeNode *mesh = scene.addFake(KMNodeType::Mesh, QStringLiteral("mesh"));
+    FakeNode *primitive = scene.addFake(KMNodeType::PrimCube, QStringLiteral("cube"));
+    const QVector<int> before{-3, -1, 0, 1, 2};
+    mesh->faceShaders = before;
+    primitive->faceShaders = {index};
+    gSolution->setCurrentShader(shaders[index]);
+    const QSignalSpy changed(gProject, &KMProject::shadersChanged);
+
+    gProject->deleteNode(shaders[index]);
+    QCOMPARE(mesh->faceShaders, after);
+    QCOMPARE(primitive->faceShaders, QVector<int>{-1});
+    QVERIFY(!gProject->shaders().contains(shaders[index]));
+    QVERIFY(gProject->allShaders().contains(shaders[index]));
+    QVERIFY(shaders[index]->isDeleted());
+    QVERIFY(!gSolution->currentShader());
+    QVERIFY(!changed.isEmpty());
+    QCOMPARE(topCommand(scene.stack()), QStringLiteral("Delete Node"));
+    QCOMPARE(stepsOfTopCommand(scene.stack()).last(), QStringLiteral("Delete ShaderNode"));
+
+    scene.stack().undo();
+    QCOMPARE(mesh->faceShaders, before);
+    QCOMPARE(primitive->faceShaders, QVector<int>{index});
+    QCOMPARE(namesOf(gProject->shaders().nodes()), QStringLiteral("a b c"));
+    scene.stack().redo();
+    QCOMPARE(mesh->faceShaders, after);
+}
+
+void tst_KMProject::deletedUsersKeepTheirShaders()
+{
+    RecordingSession scene;
+    KMBasicShaderNode *skin = addShader("a");
+    auto *texture = new KMProcTextureNode;
+    gProject->addNode(texture);
+    KMBasicShaderNode *user = addShader("b");
+    KMBasicShader values = user->values();
+    values.textures[KMBasicShader::Toon] = 0;
+    user->setValues(values);
+    FakeNode *mesh = scene.addFake(KMNodeType::Mesh, QStringLiteral("mesh"));
+    mesh->faceShaders = {0, 1};
+
+    gProject->deleteNode(mesh);
+    gProject->deleteNode(user);
+    gProject->deleteNode(skin);
+    gProject->deleteNode(texture);
+    QCOMPARE(mesh->faceShaders, (QVector<int>{0, 1}));
+    QCOMPARE(user->values().textures[KMBasicShader::Toon], 0);
+    // No step may stand in the history that edits what an older step destroys when it falls off its end.
+    for (int i = scene.stack().count() - 2; i < scene.stack().count(); ++i)
+        QCOMPARE(scene.stack().command(i)->childCount(), 1);
+}
+
+void tst_KMProject::deletingATextureShiftsReferences()
+{
+    RecordingSession scene;
+    KMTextureNode *textures[3];
+    for (KMTextureNode *&texture : textures)
+        gProject->addNode(texture = new KMProcTextureNode);
+    KMBasicShaderNode *shader = addShader("a");
+    KMBasicShaderNode *other = addShader("b");
+    gProject->addNode(new KMPbrShaderNode);
+    KMBasicShader values = shader->values();
+    values.textures = {0, 1, 2, -1, 1, 7};
+    shader->setValues(values);
+    gSolution->setCurrentTexture(textures[1]);
+
+    gProject->deleteNode(textures[1]);
+    using Slots = std::array<int, KMBasicShader::TextureSlotCount>;
+    QVERIFY(shader->values().textures == (Slots{0, -1, 1, -1, -1, 6}));
+    QVERIFY(other->values() == KMBasicShader());
+    QCOMPARE(gProject->textures().nodes(), (QList<KMNode *>{textures[0], textures[2]}));
+    QVERIFY(!gSolution->currentTexture());
+    QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"Edit BasicShaderNode", "Delete TextureNode"}));
+    scene.stack().undo();
+    QVERIFY(shader->values() == values);
+    QCOMPARE(gProject->textures().nodes(), (QList<KMNode *>{textures[0], textures[1], textures[2]}));
+}
+
+void tst_KMProject::textureFilesAreShared()
+{
+    RecordingSession scene;
+    KMFileTextureNode *skin = gProject->addTextureFile(QStringLiteral("tex/skin.png"));
+    QCOMPARE(gProject->addTextureFile(QStringLiteral("tex/skin.png")), skin);
+    QVERIFY(gProject->addTextureFile(QStringLiteral("tex/Skin.png")) != skin);
+    QCOMPARE(gProject->textures().size(), 2);
+    gProject->deleteNode(skin);
+    QVERIFY(gProject->addTextureFile(QStringLiteral("tex/skin.png")) != skin); // a deleted one doesn't count
+}
+
+void tst_KMProject::clearEmptiesEverything()
+{
+    RecordingSession scene;
+    QList<QPointer<KMNode>> nodes;
+    const int types[] = {KMNodeType::Mesh, KMNodeType::Null, KMNodeType::ModSdv, KMNodeType::PrimCube,
+                         KMNodeType::BoneContainer, KMNodeType::BluePrint, KMNodeType::Display};
+    for (const int type : types)
+        nodes << scene.addFake(type, QStringLiteral("n"));
+    nodes << addShader("s") << gProject->addTextureFile(QStringLiteral("f.png"));
+    gProject->addNode(new KMFloatNodeContainer);
+    nodes << gProject->floatNodes().first();
+    gProject->setName(QStringLiteral("Miku"));
+    gProject->setInformation(QStringLiteral("text"));
+    gProject->setTextInfo(3, QStringLiteral("three"));
+    gProject->setCurrentFrame(12);
+    gSolution->clearHistory();
+    const QSignalSpy shaders(gProject, &KMProject::shadersChanged);
+
+    gProject->clear();
+    for (const QPointer<KMNode> &node : nodes)
+        QVERIFY(!node);
+    QVERIFY(gProject->allNodes().isEmpty() && gProject->meshNodes().isEmpty() && gProject->renderMeshes().isEmpty());
+    QVERIFY(gProject->shaders().isEmpty() && gProject->allShaders().isEmpty() && gProject->textures().isEmpty());
+    QVERIFY(gProject->modifiersInTree().isEmpty() && gProject->displayNodes().isEmpty());
+    QCOMPARE(gProject->tree()->topLevelItemCount(), 0);
+    QCOMPARE(gProject->defaultShaders().size(), 9);
+    QCOMPARE(gProject->name(), QStringLiteral("unnamed Project"));
+    QCOMPARE(gProject->information(), QStringLiteral("information"));
+    QCOMPARE(gProject->textInfo(3), QString());
+    QCOMPARE(gProject->currentFrame(), 0);
+    QVERIFY(!gProject->isDestroying());
+    QCOMPARE(shaders.size(), 1);
+    QCOMPARE(scene.addFake(KMNodeType::Mesh, QStringLiteral("n"))->name(), QStringLiteral("n0"));
+}
+
+/// Who hears that nothing is current any more may look at the whole scene.
+void tst_KMProject::nothingRefersToWhatIsBeingCleared()
+{
+    int seen = -1; // these outlive the session, which announces to its end
+    bool destroying = false;
+    RecordingSession scene;
+    scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
+    FakeNode *second = scene.addFake(KMNodeType::Mesh, QStringLiteral("b"));
+    gSolution->clearHistory();
+    gProject->tree()->setCurrentItem(nullptr);
+    gSolution->setCurrentNode(second);
+    gSolution->setCurrentShader(gProject->defaultShaders().first());
+
+    connect(gSolution, &KMSolution::currentNodeChanged, this, [&] {
+        seen = gProject->meshesInTree().size() + gProject->meshNodes().size() + gProject->renderMeshes().size();
+        destroying = gProject->isDestroying();
+    });
+    gProject->clear();
+    QCOMPARE(seen, 0);
+    QVERIFY(destroying);
+    QVERIFY(!gSolution->currentNode() && !gSolution->previousNode());
+}
+
+void tst_KMProject::ids()
+{
+    const RecordingSession scene;
+    QSet<int> ids;
+    for (int i = 0; i < 200000; ++i)
+        ids << gProject->newId();
+    QCOMPARE(ids.size(), 200000);
+    QVERIFY(*std::min_element(ids.cbegin(), ids.cend()) >= 0);
+}
+
+void tst_KMProject::cameras()
+{
+    const RecordingSession scene;
+    for (const int id : {4, 0}) {
+        auto *camera = new FakeNode(KMNodeType::Camera, QString::number(id));
+        camera->setIndex(id);
+        gProject->addCamera(camera);
+    }
+    QCOMPARE(gProject->cameraById(0)->name(), QStringLiteral("0"));
+    QCOMPARE(gProject->cameraById(4)->name(), QStringLiteral("4"));
+    QVERIFY(!gProject->cameraById(1));
+    QCOMPARE(gSolution->undoStack()->count(), 0);
+    gProject->clear(); // the views keep looking through them
+    QCOMPARE(gProject->cameras().size(), 2);
+}
+
+void tst_KMProject::frame()
+{
+    const RecordingSession scene;
+    const QSignalSpy spy(gProject, &KMProject::frameChanged);
+    gProject->setCurrentFrame(30);
+    QCOMPARE(gProject->currentFrame(), 30);
+    QCOMPARE(spy.size(), 1);
+    QCOMPARE(spy[0][0].toInt(), 30);
+}
+
+KM_TEST(tst_KMProject);
+
+#include "tst_KMProject.moc"

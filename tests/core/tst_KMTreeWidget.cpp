@@ -1,0 +1,205 @@
+#include "core/KMNodeType.h"
+#include "core/KMTreeWidget.h"
+#include "core/KMValueNodeContainer.h"
+#include "support/SceneFakes.h"
+#include "support/TestRegistry.h"
+
+#include <QTest>
+
+#include <map>
+#include <memory>
+
+class tst_KMTreeWidget : public QObject
+{
+    Q_OBJECT
+private slots:
+    void rowsLeadToTheirNode();
+    void boxesOfANewRow_data();
+    void boxesOfANewRow();
+    void flattensParentsBeforeChildren();
+    void topSelectedItems_data();
+    void topSelectedItems();
+    void copiesRowState();
+    void leavesOtherShapesAlone();
+    void positions();
+    void currentRowIsAnnounced();
+};
+
+namespace {
+
+/// A tree of one-letter nulls, written as "A(B(C) D) E".
+class LetterTree
+{
+public:
+    explicit LetterTree(const char *text)
+    {
+        QTreeWidgetItem *parent = nullptr;
+        QTreeWidgetItem *last = nullptr;
+        for (; *text; ++text) {
+            if (*text == '(')
+                parent = last;
+            else if (*text == ')')
+                parent = parent->parent();
+            else if (*text != ' ')
+                last = add(*text, parent);
+        }
+    }
+
+    KMTreeWidget tree;
+    QTreeWidgetItem *row(char name) { return m_nodes.at(name)->item(); }
+    FakeNode *node(char name) { return m_nodes.at(name).get(); }
+
+private:
+    QTreeWidgetItem *add(char name, QTreeWidgetItem *parent)
+    {
+        auto node = std::make_unique<FakeNode>(KMNodeType::Null, QString(QLatin1Char(name)));
+        QTreeWidgetItem *row = KMTreeWidget::makeRow(node.get());
+        node->setItem(row);
+        tree.insertRow(parent, -1, row);
+        m_nodes[name] = std::move(node);
+        return row;
+    }
+
+    std::map<char, std::unique_ptr<FakeNode>> m_nodes;
+};
+
+QString namesOf(const QList<QTreeWidgetItem *> &rows)
+{
+    QString names;
+    for (const QTreeWidgetItem *row : rows)
+        names += KMTreeWidget::nodeOf(row)->name();
+    return names;
+}
+
+} // namespace
+
+void tst_KMTreeWidget::rowsLeadToTheirNode()
+{
+    FakeNode node(KMNodeType::Mesh, QStringLiteral("Body"));
+    const std::unique_ptr<QTreeWidgetItem> row(KMTreeWidget::makeRow(&node));
+    QCOMPARE(KMTreeWidget::nodeOf(row.get()), &node);
+    const qulonglong pointer = quintptr(&node);
+    QCOMPARE(row->data(0, Qt::UserRole), QVariant(pointer));
+    QCOMPARE(row->data(3, Qt::UserRole), QVariant(pointer));
+    QCOMPARE(row->text(0), QStringLiteral("Body"));
+    QVERIFY(!KMTreeWidget::nodeOf(nullptr));
+    QCOMPARE(KMTreeWidget().columnCount(), 4);
+}
+
+void tst_KMTreeWidget::boxesOfANewRow_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("followsNode");
+
+    QTest::newRow("mesh") << int(KMNodeType::Mesh) << true;
+    QTest::newRow("modifier") << int(KMNodeType::ModSym) << true;
+    QTest::newRow("null") << int(KMNodeType::Null) << false;
+    QTest::newRow("float") << int(KMNodeType::FloatContainer) << false;
+}
+
+void tst_KMTreeWidget::boxesOfANewRow()
+{
+    QFETCH(int, type);
+    QFETCH(bool, followsNode);
+    FakeNode node(type, {});
+    for (const bool on : {true, false}) {
+        node.setVisible(on);
+        node.setLocked(!on);
+        const std::unique_ptr<QTreeWidgetItem> row(KMTreeWidget::makeRow(&node));
+        QCOMPARE(row->data(1, Qt::CheckStateRole).toInt(), followsNode && on ? 2 : 0);
+        QCOMPARE(row->data(2, Qt::CheckStateRole).toInt(), followsNode && !on ? 2 : 0);
+    }
+}
+
+void tst_KMTreeWidget::flattensParentsBeforeChildren()
+{
+    LetterTree letters("A(B(C D) E) F(G)");
+    QCOMPARE(namesOf(KMTreeWidget::flatten(&letters.tree)), QStringLiteral("ABCDEFG"));
+    QCOMPARE(namesOf(KMTreeWidget::flatten(letters.row('B'))), QStringLiteral("BCD"));
+    QCOMPARE(namesOf(KMTreeWidget::flatten(letters.row('E'))), QStringLiteral("E"));
+    QVERIFY(KMTreeWidget::flatten(static_cast<QTreeWidgetItem *>(nullptr)).isEmpty());
+}
+
+void tst_KMTreeWidget::topSelectedItems_data()
+{
+    QTest::addColumn<QString>("rows");
+    QTest::addColumn<QString>("nodes");
+    QTest::addColumn<QString>("result");
+
+    QTest::newRow("nothing") << "" << "" << "";
+    QTest::newRow("in order of the tree") << "FCE" << "FCE" << "CEF";
+    QTest::newRow("below the parent") << "BCD" << "BCD" << "B";
+    QTest::newRow("below a grandparent") << "AD" << "AD" << "A";
+    QTest::newRow("parent's row alone") << "BC" << "C" << "BC";
+    QTest::newRow("parent's node alone") << "C" << "BC" << "C";
+}
+
+void tst_KMTreeWidget::topSelectedItems()
+{
+    QFETCH(QString, rows);
+    QFETCH(QString, nodes);
+    LetterTree letters("A(B(C D) E) F(G)");
+    for (const QChar name : rows)
+        letters.row(name.toLatin1())->setSelected(true);
+    for (const QChar name : nodes)
+        letters.node(name.toLatin1())->setSelected(true);
+    QTEST(namesOf(KMTreeWidget::topSelectedItems(&letters.tree)), "result");
+}
+
+void tst_KMTreeWidget::copiesRowState()
+{
+    LetterTree letters("A(B(C) D) E(F(G) H)");
+    letters.row('A')->setExpanded(true);
+    letters.row('D')->setHidden(true);
+    letters.row('F')->setExpanded(true);
+    letters.row('G')->setHidden(true);
+    KMTreeWidget::copyRowState(letters.row('A'), letters.row('E'));
+    QVERIFY(letters.row('E')->isExpanded());
+    QVERIFY(!letters.row('F')->isExpanded());
+    QVERIFY(!letters.row('G')->isHidden());
+    QVERIFY(letters.row('H')->isHidden());
+    QVERIFY(letters.row('A')->isExpanded() && letters.row('D')->isHidden());
+}
+
+void tst_KMTreeWidget::leavesOtherShapesAlone()
+{
+    LetterTree letters("A(B C) D(E)");
+    letters.row('A')->setExpanded(true);
+    KMTreeWidget::copyRowState(letters.row('A'), letters.row('D'));
+    KMTreeWidget::copyRowState(nullptr, letters.row('A'));
+    KMTreeWidget::copyRowState(letters.row('D'), nullptr);
+    QVERIFY(!letters.row('D')->isExpanded());
+    QVERIFY(letters.row('A')->isExpanded());
+}
+
+void tst_KMTreeWidget::positions()
+{
+    LetterTree letters("A(B C) D");
+    QCOMPARE(KMTreeWidget::positionOf(letters.row('C')), 1);
+    QCOMPARE(KMTreeWidget::positionOf(letters.row('D')), 1);
+    QCOMPARE(KMTreeWidget::parentNodeOf(letters.node('C')), letters.node('A'));
+    QVERIFY(!KMTreeWidget::parentNodeOf(letters.node('D')));
+
+    QTreeWidgetItem *row = letters.row('B');
+    letters.tree.takeRow(row);
+    QCOMPARE(KMTreeWidget::positionOf(row), -1);
+    letters.tree.insertRow(nullptr, 1, row);
+    QCOMPARE(namesOf(KMTreeWidget::flatten(&letters.tree)), QStringLiteral("ACBD"));
+    QVERIFY(!KMTreeWidget::parentNodeOf(letters.node('B')));
+    const FakeNode rowless(KMNodeType::Null, {});
+    QVERIFY(!KMTreeWidget::parentNodeOf(&rowless));
+}
+
+void tst_KMTreeWidget::currentRowIsAnnounced()
+{
+    QList<KMNode *> announced;
+    LetterTree letters("A B");
+    connect(&letters.tree, &KMTreeWidget::onNodeUpdate, [&announced](KMNode *node) { announced << node; });
+    letters.tree.setCurrentItem(letters.row('B'));
+    letters.tree.setCurrentItem(nullptr);
+    QCOMPARE(announced, (QList<KMNode *>{letters.node('B'), nullptr}));
+}
+
+KM_TEST(tst_KMTreeWidget);
+
+#include "tst_KMTreeWidget.moc"

@@ -1,0 +1,72 @@
+#include "support/DocumentText.h"
+
+#include "core/KMContainerNode.h"
+#include "core/KMNodeType.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
+#include "support/DocumentDump.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+QString nameOf(KMNode *node)
+{
+    return node ? nodeAs<KMContainerNode>(node)->name() : QStringLiteral("none");
+}
+
+} // namespace
+
+QStringList documentText()
+{
+    DocumentDump dump;
+    dump.withCurrent = true;
+    // The boxes of a row say nothing that its node doesn't.
+    QStringList lines = dump.text().remove(QRegularExpression(QStringLiteral(" boxes [0-9]+"))).split(QLatin1Char('\n'));
+    const kvm::Vector3 light = gSolution->lightAngles();
+    QString flags;
+    for (const bool flag : gSolution->viewFlags())
+        flags += flag ? QLatin1Char('1') : QLatin1Char('0');
+    return lines << QStringLiteral("background %1 light %2 %3 %4")
+                        .arg(gSolution->backgroundColor().name())
+                        .arg(double(light.x))
+                        .arg(double(light.y))
+                        .arg(double(light.z))
+                 << QStringLiteral("view %1 fog %2 filter %3 mask %4")
+                        .arg(flags)
+                        .arg(gSolution->fogDistance())
+                        .arg(gSolution->isNodeFilterOn())
+                        .arg(gSolution->displayMask())
+                 << QStringLiteral("current \"%1\" \"%2\"")
+                        .arg(nameOf(gSolution->currentShader()), nameOf(gSolution->currentTexture()));
+}
+
+bool isEmptyUntitledDocument()
+{
+    return gProject->tree()->topLevelItemCount() == 0 && gProject->allNodes().isEmpty() && gProject->shaders().isEmpty()
+        && gProject->textures().isEmpty() && gSolution->fileName().isEmpty() && !gSolution->isModified()
+        && !gSolution->currentNode() && !gSolution->isBusy() && gSolution->macroDepth() == 0;
+}
+
+QString documentFault()
+{
+    int treeNodes = 0;
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(gProject->tree())) {
+        const KMContainerNode *node = KMTreeWidget::nodeOf(row);
+        ++treeNodes;
+        if (!node || node->item() != row)
+            return QStringLiteral("a row and its node don't know each other");
+        if (!gProject->allNodes().contains(node) || node->isDeleted())
+            return QStringLiteral("a row's node isn't in the project");
+        if (row->text(KMTreeWidget::NameColumn) != node->name())
+            return QStringLiteral("a row shows another name than its node has");
+    }
+    for (KMNode *node : gProject->allNodes())
+        treeNodes -= isTreeNode(node->type()) ? 1 : 0;
+    if (treeNodes != 0)
+        return QStringLiteral("the project holds other nodes than the tree");
+    if (gSolution->isBusy() || gSolution->macroDepth() != 0)
+        return QStringLiteral("the session is still at work");
+    return {};
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QStringList>
+
+/// The dump of the open document and what else of the session a file keeps, in lines, so that a failed comparison
+/// shows what differs.
+QStringList documentText();
+
+/// Whether the document holds nothing and has no name.
+bool isEmptyUntitledDocument();
+
+/// Whether rows, nodes and lists of the document agree with one another; tells the first contradiction.
+QString documentFault();
