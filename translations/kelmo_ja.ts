@@ -12,7 +12,7 @@
     <name>ComDeleteCurrentNode</name>
     <message>
         <source>Delete Node</source>
-        <translation type="unfinished">ノードの削除</translation>
+        <translation>ノードの削除</translation>
     </message>
 </context>
 <context>
@@ -176,7 +176,7 @@
     </message>
     <message>
         <source>Normal</source>
-        <translation type="unfinished">法線</translation>
+        <translation>通常</translation>
     </message>
     <message>
         <source>Toon</source>
@@ -200,7 +200,7 @@
     </message>
     <message>
         <source>Color</source>
-        <translation type="unfinished">色</translation>
+        <translation>色</translation>
     </message>
     <message>
         <source>Size</source>
@@ -656,7 +656,7 @@
     <name>KMNodeEdits</name>
     <message>
         <source>Move Node</source>
-        <translation type="unfinished">ノードの移動</translation>
+        <translation>ノードの移動</translation>
     </message>
     <message>
         <source>Group</source>
@@ -664,7 +664,7 @@
     </message>
     <message>
         <source>Delete Node</source>
-        <translation type="unfinished">ノードの削除</translation>
+        <translation>ノードの削除</translation>
     </message>
     <message>
         <source>Duplicate</source>
@@ -672,11 +672,11 @@
     </message>
     <message>
         <source>Set Visible</source>
-        <translation type="unfinished">表示の切り替え</translation>
+        <translation>表示の切り替え</translation>
     </message>
     <message>
         <source>Set Lock</source>
-        <translation type="unfinished">ロックの切り替え</translation>
+        <translation>ロックの切り替え</translation>
     </message>
 </context>
 <context>
@@ -796,7 +796,7 @@
     </message>
     <message>
         <source>Edit Info</source>
-        <translation type="unfinished">情報の編集</translation>
+        <translation>情報の編集</translation>
     </message>
 </context>
 <context>
@@ -822,11 +822,11 @@
     <name>KMSaveQuestion</name>
     <message>
         <source>The document has been modified.</source>
-        <translation type="unfinished">ドキュメントは変更されています。</translation>
+        <translation>ドキュメントは変更されています。</translation>
     </message>
     <message>
         <source>Do you want to save your changes?</source>
-        <translation type="unfinished">変更を保存しますか?</translation>
+        <translation>変更を保存しますか?</translation>
     </message>
 </context>
 <context>
@@ -1295,7 +1295,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished">クリア</translation>
+        <translation>クリア</translation>
     </message>
     <message>
         <source>Forget the files that were opened last</source>
@@ -1367,7 +1367,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Int</source>
-        <translation type="unfinished">整数</translation>
+        <translation>整数</translation>
     </message>
     <message>
         <source>Add a whole number</source>
@@ -1375,7 +1375,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Float</source>
-        <translation type="unfinished">小数</translation>
+        <translation>小数</translation>
     </message>
     <message>
         <source>Add a number</source>
@@ -1383,7 +1383,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Bool</source>
-        <translation type="unfinished">真偽値</translation>
+        <translation>真偽値</translation>
     </message>
     <message>
         <source>Add a switch</source>
@@ -1391,7 +1391,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Null</source>
-        <translation type="unfinished">ヌル</translation>
+        <translation>ヌル</translation>
     </message>
     <message>
         <source>Add a null, which groups other nodes</source>
@@ -1399,7 +1399,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Shader</source>
-        <translation type="unfinished">シェーダー</translation>
+        <translation>シェーダー</translation>
     </message>
     <message>
         <source>Add a basic shader</source>
@@ -1407,7 +1407,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>PbrShader</source>
-        <translation type="unfinished">PBRシェーダー</translation>
+        <translation>PBRシェーダー</translation>
     </message>
     <message>
         <source>Add a physically based shader</source>
@@ -1415,7 +1415,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>PTexture</source>
-        <translation type="unfinished">プロシージャルテクスチャ</translation>
+        <translation>プロシージャルテクスチャ</translation>
     </message>
     <message>
         <source>Add a texture that the program computes</source>
@@ -1423,7 +1423,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>EmbeddedTexture</source>
-        <translation type="unfinished">埋め込みテクスチャ</translation>
+        <translation>埋め込みテクスチャ</translation>
     </message>
     <message>
         <source>Add a texture that lies in the document</source>
@@ -1571,7 +1571,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Add TextureNode</source>
-        <translation type="unfinished">テクスチャの追加</translation>
+        <translation>テクスチャの追加</translation>
     </message>
     <message>
         <source>File(&amp;F)</source>
@@ -1666,11 +1666,11 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Rename Tag</source>
-        <translation type="unfinished">タグ名の変更</translation>
+        <translation>タグ名の変更</translation>
     </message>
     <message>
         <source>Delete Tag</source>
-        <translation type="unfinished">タグの削除</translation>
+        <translation>タグの削除</translation>
     </message>
 </context>
 <context>
@@ -1681,7 +1681,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Clear</source>
-        <translation type="unfinished">クリア</translation>
+        <translation>クリア</translation>
     </message>
 </context>
 <context>
@@ -1739,14 +1739,14 @@ Trying to Recover Files?</source>
     <name>kmshaderwidget</name>
     <message>
         <source>Shader</source>
-        <translation type="unfinished">シェーダー</translation>
+        <translation>シェーダー</translation>
     </message>
 </context>
 <context>
     <name>kmtexturewidget</name>
     <message>
         <source>Texture</source>
-        <translation type="unfinished">テクスチャ</translation>
+        <translation>テクスチャ</translation>
     </message>
 </context>
 <context>

@@ -199,6 +199,8 @@ QString KMProject::uniqueName(const KMContainerNode *node) const
         const auto *container = nodeAs<KMContainerNode>(other);
         if (!container->isDeleted())
             names.take(container->name());
+        if (names.isFull())
+            break;
     }
     return names.firstFree();
 }
@@ -219,10 +221,8 @@ void KMProject::addNode(KMContainerNode *node)
         gSolution->window()->commitOpenEditors();
     const KMUndoMacro macro(tr("Add Node"));
     addToScene(node);
-    if (isTreeNode(node->type())) {
+    if (isTreeNode(node->type()))
         checkModifiers();
-        rebuildDerivedLists();
-    }
 }
 
 void KMProject::addToScene(KMContainerNode *node, Naming naming)
@@ -250,6 +250,7 @@ void KMProject::checkModifiers()
         if (KMUndoCommand *command = nodeAs<KMContainerNode>(node)->makeBuildCommand())
             gSolution->push(command);
     }
+    rebuildDerivedLists(); // what the modifiers make may be other meshes now
 }
 
 void KMProject::removeNodes(const QList<KMContainerNode *> &nodes)

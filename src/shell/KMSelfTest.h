@@ -29,8 +29,8 @@ public:
     static KMOperatingSystem operatingSystem(); ///< the real one, unless a test wants another
     static unsigned watchdogSeconds();          ///< 0 where a test doesn't ask for any
 
-    void answerBoxes(); ///< from now on; there has to be an application
-    void prepare(); ///< before the first document is opened
+    void answerBoxes();          ///< from now on; there has to be an application
+    void prepare();              ///< before the first document is opened
     void begin(QWidget *window); ///< right before the event loop
 
 private:

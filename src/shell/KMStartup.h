@@ -52,7 +52,7 @@ private:
     std::unique_ptr<QSplashScreen> m_splash;
     KMTranslators m_translators;
     KMOperatingSystem m_system;
-    KMStyle *m_style = nullptr;       // the application's
+    KMStyle *m_style = nullptr;      // the application's
     QPointer<kmmainwidget> m_window; // deletes itself when it is closed
     bool m_isLoopRunning = false;
 };

@@ -109,8 +109,8 @@ struct FaultRow
 };
 
 constexpr FaultRow faultRows[] = {
-    {"segv", &writeToNowhere},   {"bus", &readBehindAFile},      {"fpe", &divideByZero},
-    {"ill", &illegalInstruction}, {"abort", &std::abort},         {"fatal", &fatalMessage},
+    {"segv", &writeToNowhere},     {"bus", &readBehindAFile},  {"fpe", &divideByZero},
+    {"ill", &illegalInstruction},  {"abort", &std::abort},     {"fatal", &fatalMessage},
     {"stack", &exhaustWholeStack}, {"worker", &faultInWorker}, {"worker-fatal", &fatalInWorker},
     {"paint", &faultAtPaint},
 };
@@ -119,7 +119,10 @@ constexpr FaultRow faultRows[] = {
 class TroubledFormat : public KMDocumentFormat
 {
 public:
-    explicit TroubledFormat(Trouble trouble) : m_trouble(trouble) {}
+    explicit TroubledFormat(Trouble trouble)
+        : m_trouble(trouble)
+    {
+    }
     bool read(const QString &) override
     {
         m_trouble();

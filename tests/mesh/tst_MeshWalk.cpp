@@ -24,7 +24,7 @@ public:
 
     void step(); ///< one edit, a macro of several, or some way along the history
     void goTo(int index);
-    int length() const { return m_scene.session.stack().count(); }
+    int length() { return stack().count(); }
     QString problem() const { return m_problem; } ///< the first one that showed
 
 private:

@@ -85,8 +85,8 @@ void tst_KMStartupFaults::dumpHoldsTheLogInOrder()
     const QString dump = QString::fromUtf8(program.read(QStringLiteral("dump.log")));
     QVERIFY2(dump.startsWith(result.reported("log")), qPrintable(dump));
     int from = -1;
-    for (const char *line : {"KM Version:225", "OS Version:", "Qt Version:5.", "Osd Version:3.3.3", "CPU Threads:",
-                             "Display1 Width:", "code:b"}) {
+    for (const char *line : {"KM Version:225", "OS Version:", "Qt Version:5.", "Osd Version:3.3.3",
+                             "CPU Threads:", "Display1 Width:", "code:b"}) {
         const int at = dump.indexOf(QLatin1String(line));
         QVERIFY2(at > from, qPrintable(QLatin1String(line) + QLatin1Char('\n') + dump));
         from = at;

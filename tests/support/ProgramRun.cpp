@@ -17,7 +17,7 @@ constexpr int LongestRun = 60000;
 bool placeProgram(const QString &target)
 {
     return ::link(QFile::encodeName(TestPaths::program()).constData(), QFile::encodeName(target).constData()) == 0
-        || QFile::copy(TestPaths::program(), target);
+           || QFile::copy(TestPaths::program(), target);
 }
 
 } // namespace
@@ -27,7 +27,7 @@ ProgramRun::ProgramRun()
 {
     const QString translations = QFileInfo(TestPaths::program()).path() + QStringLiteral("/translations");
     m_isValid = m_folder.isValid() && placeProgram(path(QStringLiteral("kelmo2")))
-        && QFile::link(translations, path(QStringLiteral("translations")));
+                && QFile::link(translations, path(QStringLiteral("translations")));
     // A fault leaves its frames without unwinding them; what those held is no leak to report.
     set("ASAN_OPTIONS", m_environment.value(QStringLiteral("ASAN_OPTIONS")) + QStringLiteral(":detect_leaks=0"));
     set("KELMO_TEST_ANSWERS", QString());
