@@ -99,8 +99,8 @@ void kmmainwidget::rebuildRecentMenu()
     m_recentMenu->clear();
     const QStringList paths = KMRecentFiles::paths();
     for (int i = 0; i < paths.size(); ++i) {
-        QAction *entry = m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this,
-                                                 &kmmainwidget::openRecentFile);
+        QAction *entry =
+            m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this, &kmmainwidget::openRecentFile);
         entry->setData(paths[i]);
         entry->setStatusTip(paths[i]);
     }

@@ -47,10 +47,9 @@ void tst_KMComContainer::namesAndTexts()
 void tst_KMComContainer::emptyDocument_data()
 {
     QTest::addColumn<QString>("name");
-    for (const char *name :
-         {"ComDoLastCommand", "ComSelectLastNode", "ComSelectAll", "ComUnselectAll", "ComShowCurrentOnly", "ComShowAll",
-          "ComHideAll", "ComDeleteCurrentNode", "ComDeleteUnusedShader", "ComDeleteUnusedTexture", "ComDeleteNull",
-          "ComClearBuffer"})
+    for (const char *name : {"ComDoLastCommand", "ComSelectLastNode", "ComSelectAll", "ComUnselectAll",
+                             "ComShowCurrentOnly", "ComShowAll", "ComHideAll", "ComDeleteCurrentNode",
+                             "ComDeleteUnusedShader", "ComDeleteUnusedTexture", "ComDeleteNull", "ComClearBuffer"})
         QTest::newRow(name) << name;
 }
 
@@ -69,9 +68,12 @@ void tst_KMComContainer::visibility_data()
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("visible");
 
-    QTest::newRow("show all") << "ComShowAll" << "Null0 Null1 Null2";
-    QTest::newRow("hide all") << "ComHideAll" << "";
-    QTest::newRow("current only") << "ComShowCurrentOnly" << "Null2";
+    QTest::newRow("show all") << "ComShowAll"
+                              << "Null0 Null1 Null2";
+    QTest::newRow("hide all") << "ComHideAll"
+                              << "";
+    QTest::newRow("current only") << "ComShowCurrentOnly"
+                                  << "Null2";
 }
 
 void tst_KMComContainer::visibility()
@@ -113,7 +115,7 @@ void tst_KMComContainer::unusedShelves()
     window.trigger("ComDeleteUnusedTexture");
     QCOMPARE(gProject->textures().size(), 1);
     QCOMPARE(shader->values().textures[KMBasicShader::Normal], 0); // moved down with the texture
-    window.trigger("ComDeleteUnusedShader"); // no face refers to it
+    window.trigger("ComDeleteUnusedShader");                       // no face refers to it
     QCOMPARE(gProject->shaders().size(), 0);
     window.trigger("actionUndo");
     window.trigger("actionUndo");

@@ -77,6 +77,9 @@ void tst_kmmainwidget::drop(kmmainwidget &window, const QString &path)
 {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(window.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    QVERIFY(enter.isAccepted());
     QDropEvent event(QPointF(window.rect().center()), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&window, &event);
     QVERIFY(event.isAccepted());
@@ -110,9 +113,9 @@ void tst_kmmainwidget::nodesFromTheMenu()
     QCOMPARE(node->type(), type);
     if (!name.isEmpty())
         QCOMPARE(node->name(), name);
-    const KMNode *current = isShader(type) ? gSolution->currentShader()
-        : isTexture(type)                  ? gSolution->currentTexture()
-                                           : gSolution->currentNode();
+    const KMNode *current = isShader(type)    ? gSolution->currentShader()
+                            : isTexture(type) ? gSolution->currentTexture()
+                                              : gSolution->currentNode();
     QCOMPARE(current, static_cast<const KMNode *>(node));
 
     QCOMPARE(window->undoStack()->count(), 1);
@@ -288,7 +291,7 @@ void tst_kmmainwidget::droppedPicture()
     QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(path));
     drop(*window, path);
     QCOMPARE(gProject->textures().size(), 1);
-    QCOMPARE(gSolution->currentTexture(), static_cast<KMNode *>(gProject->textures().first()));
+    QCOMPARE(gSolution->currentTexture(), gProject->textures().nodes().first());
     QCOMPARE(window->undoStack()->count(), 1);
     QVERIFY(window.prompt.messages.isEmpty());
 }
@@ -345,8 +348,14 @@ void tst_kmmainwidget::shortcutFile()
     QVERIFY(!file.contains(QStringLiteral("actionOfLongAgo")));
     QVERIFY(file.contains(QStringLiteral("Version/AppVer")));
 
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&*window));
     QTest::keySequence(&*window, quick);
-    QCOMPARE(treeText(), QStringLiteral("Null0"));
+    QTest::keySequence(&*window, quick);
+    QCOMPARE(treeText(), QStringLiteral("Null0 Null1"));
+    // The keys that are held down must not make the new row join the selection.
+    QCOMPARE(gProject->tree()->selectedItems().size(), 1);
+    QCOMPARE(gProject->tree()->selectedItems().first()->text(0), QStringLiteral("Null1"));
 }
 
 void tst_kmmainwidget::menuTitlesAndActions()
