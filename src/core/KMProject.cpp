@@ -152,6 +152,18 @@ void KMProject::rebuildDerivedLists()
     m_derivedStale = true;
 }
 
+void KMProject::rebuildDerivedLists(QTreeWidgetItem *row)
+{
+    const auto isListed = [](const QTreeWidgetItem *member) {
+        KMContainerNode *node = KMTreeWidget::nodeOf(member);
+        const int type = node->type();
+        return type == KMNodeType::Mesh || isModifier(type) || isPrimitive(type) || isCtrl(type) || node->evaluatedMesh();
+    };
+    const QList<QTreeWidgetItem *> members = KMTreeWidget::flatten(row);
+    if (std::any_of(members.cbegin(), members.cend(), isListed))
+        rebuildDerivedLists();
+}
+
 void KMProject::refillDerivedLists() const
 {
     for (const List list : {MeshesInTree, RenderMeshes, ModifiersInTree, PrimitivesInTree, CtrlsInTree})

@@ -3,6 +3,7 @@
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
+#include "core/KMTextureNode.h"
 #include "core/KMTreeWidget.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
