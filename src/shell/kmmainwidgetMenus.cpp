@@ -125,9 +125,12 @@ void kmmainwidget::createEditMenu()
 void kmmainwidget::createCreateMenu()
 {
     QMenu *menu = addMenu(tr("Create(&C)"), "Menu Create");
-    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull", nullptr,
-                "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
-                "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
+    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull",
+                "actionCreateMesh", nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr,
+                "actionCreatePTexture", "actionCreateEmbeddedTexture", "actionCreateFileTexture", nullptr});
+    fill(menu->addMenu(tr("Primitive")),
+         {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane", "actionCreateTorus",
+          "actionCreate3DText", "actionCreatePSVG"});
     listActionGroup(menu, action("Menu Create"));
 }
 
