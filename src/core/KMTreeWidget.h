@@ -23,7 +23,7 @@ public:
     enum Column { NameColumn, VisibleColumn, LockColumn, TagColumn, ColumnCount };
     enum class Place { Before, Into, After }; ///< of a drop, seen from the row that it hits
 
-    static const QString NodeMimeType; ///< of dragged rows: the nodes' pointers, good within this run only
+    static const QString NodeMimeType; ///< of dragged rows: the run that they are of and the nodes' pointers
 
     explicit KMTreeWidget(QWidget *parent = nullptr);
 
@@ -49,7 +49,7 @@ public:
     void insertRow(QTreeWidgetItem *parent, int position, QTreeWidgetItem *row); ///< null for the top; -1 for the end
     void takeRow(QTreeWidgetItem *row); ///< out of the tree with all below it; the caller owns it now
 
-    static QList<KMContainerNode *> nodesOf(const QMimeData *data); ///< what is dragged; empty for other data
+    QList<KMContainerNode *> nodesOf(const QMimeData *data) const; ///< dragged rows; empty for what is not of this tree
 
 signals:
     void onNodeUpdate(KMNode *node); ///< the current row changed; null when none is

@@ -19,6 +19,7 @@ public:
     void commit();
 
     QString textFromValue(double value) const override; ///< without zeros at the end
+    void stepBy(int steps) override;
 
 signals:
     void committed(double number);
