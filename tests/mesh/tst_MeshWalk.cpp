@@ -41,7 +41,7 @@ public:
 
     void step(); ///< a macro of one or more edits, or some way along the history
     void goTo(int index);
-    int length() { return m_scene.session.stack().count(); }
+    int length() { return stack().count(); }
     QString problem() const { return m_problem; } ///< the first one that showed
 
 private:
