@@ -40,7 +40,8 @@ public:
     T *last() const { return at(size() - 1); }
     int indexOf(const KMNode *node) const { return m_nodes.indexOf(const_cast<KMNode *>(node)); }
     bool contains(const KMNode *node) const { return m_nodes.contains(const_cast<KMNode *>(node)); }
-    const QList<KMNode *> &nodes() const { return m_nodes; }
+    /// By value, since views are temporaries; const, so that loops over it don't copy the list.
+    const QList<KMNode *> nodes() const { return m_nodes; }
 
 private:
     QList<KMNode *> m_nodes;

@@ -158,7 +158,8 @@ void KMSolution::refreshNodes()
             edited = nodesOfHistory();
         return edited.contains(node);
     };
-    for (const QList<KMNode *> &nodes : {m_project->meshNodes().nodes(), m_project->ctrlNodes().nodes()}) {
+    for (const QList<KMNode *> &nodes :
+         {m_project->meshNodes().nodes(), m_project->primitiveNodes().nodes(), m_project->ctrlNodes().nodes()}) {
         for (KMNode *node : nodes) {
             auto *container = nodeAs<KMContainerNode>(node);
             if (!(container->isRefreshDeferred() && isEdited(node)))

@@ -4,6 +4,7 @@
 #include "core/KMNullNode.h"
 #include "core/KMValueNodeContainer.h"
 #include "core/KMVariantNode.h"
+#include "formats/KMDPrimitiveBodies.h"
 #include "formats/KMDTagBodies.h"
 
 #include <algorithm>
@@ -94,12 +95,7 @@ const KMDNodeBody *KMDNodeBodies::find(int type)
 {
     const auto isOfType = [type](const KMDNodeBody &body) { return body.type == type; };
     const KMDNodeBody *body = std::find_if(std::begin(bodies), std::end(bodies), isOfType);
-    return body == std::end(bodies) ? nullptr : body;
-}
-
-bool KMDNodeBodies::isHeadOnly(int type)
-{
-    return type == KMNodeType::PrimSVG;
+    return body == std::end(bodies) ? KMDPrimitiveBodies::find(type) : body;
 }
 
 void KMDNodeBodies::writeTransform(KMDOutput &out, const KMNullNode *node)

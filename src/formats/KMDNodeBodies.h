@@ -19,9 +19,6 @@ namespace KMDNodeBodies {
 
 const KMDNodeBody *find(int type); ///< null for a class that has no row
 
-/// Whether the layout gives nodes of this class a head and nothing behind it. They have no row.
-bool isHeadOnly(int type);
-
 // Parts of bodies
 
 void writeTransform(KMDOutput &out, const KMNullNode *node); ///< name, locked, visible, scale, rotation, translation

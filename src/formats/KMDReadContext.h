@@ -2,6 +2,7 @@
 
 #include "formats/KMDStream.h"
 
+#include <QCoreApplication>
 #include <QHash>
 
 class KMContainerNode;
@@ -9,6 +10,8 @@ class KMContainerNode;
 /// What the readers of bodies share for the time of one file.
 struct KMDReadContext
 {
+    Q_DECLARE_TR_FUNCTIONS(KMDReadContext)
+public:
     explicit KMDReadContext(KMDStream &stream) : in(stream) {}
 
     KMDStream &in;
@@ -17,6 +20,17 @@ struct KMDReadContext
     int shaderCount = 0; ///< shaders in the document once the file's have come
     QHash<quint64, KMContainerNode *> nodes; ///< by the ids of the file; only nodes that were read already
     QHash<quint64, int> rows; ///< index of the node record by the row id of the file
+
+    qint64 facesTaken = 0; ///< of the shapes that the file only describes
+
+    /// Whether all shapes stay within the limit with so many faces more; counts them when they do.
+    bool takeFaces(qint64 faces, qint64 limit)
+    {
+        if (faces > limit - facesTaken)
+            return false;
+        facesTaken += faces;
+        return true;
+    }
 
     /// A shader index of a face or a primitive: none below 0 and for one that the file doesn't hold.
     int shaderIndex(int inFile) const

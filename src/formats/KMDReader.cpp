@@ -173,13 +173,8 @@ void KMDReader::readNode(KMDReadContext &context, KMDContents &contents)
     record.depth = record.parent < 0 ? 0 : contents.nodes[size_t(record.parent)].depth + 1;
 
     const KMDNodeBody *body = KMDNodeBodies::find(type);
-    if (!body && !KMDNodeBodies::isHeadOnly(type)) {
-        in.fail(tr("A node of the unknown type 0x%1").arg(uint(type), 0, 16));
-        return;
-    }
     if (!body) {
-        in.warn(tr("A node of the type 0x%1 can't be shown and was left out").arg(uint(type), 0, 16));
-        context.rows.insert(row, record.parent);
+        in.fail(tr("A node of the unknown type 0x%1").arg(uint(type), 0, 16));
         return;
     }
     record.node.reset(body->make());

@@ -19,8 +19,7 @@ constexpr int reservedTexts = 4;
 
 bool hasRecord(const QTreeWidgetItem *row)
 {
-    const int type = KMTreeWidget::nodeOf(row)->type();
-    return KMDNodeBodies::find(type) || KMDNodeBodies::isHeadOnly(type);
+    return KMDNodeBodies::find(KMTreeWidget::nodeOf(row)->type());
 }
 
 /// The row under which a reader finds this one: the nearest above it that is in the file.
@@ -98,8 +97,7 @@ void KMDWriter::writeNodes(KMDOutput &out)
     for (const QTreeWidgetItem *row : std::as_const(rows)) {
         const KMContainerNode *node = KMTreeWidget::nodeOf(row);
         writeNodeHead(out, row);
-        if (const KMDNodeBody *body = KMDNodeBodies::find(node->type()))
-            body->write(out, node);
+        KMDNodeBodies::find(node->type())->write(out, node);
     }
 }
 

@@ -19,10 +19,12 @@
 
 #include <QApplication>
 #include <QDebug>
+#include <QElapsedTimer>
 #include <QFontInfo>
 #include <QSplashScreen>
 #include <QTextCodec>
 #include <QThread>
+#include <QWindow>
 
 #include <cstdlib>
 #include <utility>
@@ -45,6 +47,18 @@ void setIdentity()
 {
     QCoreApplication::setApplicationName(QObject::tr("KELMO2"));
     QCoreApplication::setApplicationVersion(QObject::tr("225"));
+}
+
+/// Gives the display a moment to map a window that was just shown.
+void waitUntilExposed(const QWidget &widget)
+{
+    constexpr int longestWait = 200; // ms
+    QElapsedTimer timer;
+    timer.start();
+    while (!widget.windowHandle()->isExposed() && !timer.hasExpired(longestWait)) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QThread::msleep(1);
+    }
 }
 
 template <class T>
@@ -77,6 +91,7 @@ int KMStartup::run()
     createWindow();
     logVersions();
 
+    m_selfTest.prepare();
     int exitCode = 0;
     const bool undisturbed = m_faults.guard([this, &exitCode] {
         openFirstDocument();
@@ -117,6 +132,7 @@ void KMStartup::createApplication()
     QCoreApplication::setAttribute(Qt::AA_SynthesizeMouseForUnhandledTouchEvents, false);
 }
 
+/// The start doesn't come back to the event loop before the window stands, so the picture is painted here.
 void KMStartup::showSplash()
 {
     const QPixmap picture(QStringLiteral(":/img/Resources/splash.png"));
@@ -124,6 +140,8 @@ void KMStartup::showSplash()
         picture.scaled(dpiScaled(512), dpiScaled(256), Qt::KeepAspectRatio, Qt::SmoothTransformation));
     m_splash->setWindowFlags(m_splash->windowFlags() | Qt::WindowStaysOnTopHint);
     m_splash->show();
+    waitUntilExposed(*m_splash);
+    m_splash->repaint();
 }
 
 void KMStartup::installTranslations()
@@ -198,12 +216,13 @@ void KMStartup::connectPreferences()
 void KMStartup::logVersions() const
 {
     constexpr int subdivisionVersion[] = {3, 3, 3};
+    const QString early = std::exchange(gMessageBuffer, {});
     qDebug("KM Version:%s", qUtf8Printable(QCoreApplication::applicationVersion()));
     qDebug("OS Version:%s (%s)", qUtf8Printable(m_system.name), qUtf8Printable(QSysInfo::kernelVersion()));
     qDebug("Qt Version:%s", qVersion());
     qDebug("Osd Version:%d.%d.%d", subdivisionVersion[0], subdivisionVersion[1], subdivisionVersion[2]);
     qDebug("CPU Threads:%d", QThread::idealThreadCount());
-    logWhole(std::exchange(gMessageBuffer, {}));
+    logWhole(early);
 }
 
 void KMStartup::openFirstDocument()
@@ -222,14 +241,18 @@ void KMStartup::openFirstDocument()
 int KMStartup::runLoop()
 {
     m_selfTest.begin(m_window);
+    m_isLoopRunning = true;
     return QApplication::exec();
 }
 
 /// Without a session, which the closed window has taken along, there is nothing left to save.
 void KMStartup::handleFault()
 {
-    if (gSolution)
-        KMEmergency(QCoreApplication::applicationDirPath()).run(m_faults.record(), m_window);
+    using Document = KMEmergency::Document;
+    if (!gSolution)
+        return;
+    const KMEmergency emergency(QCoreApplication::applicationDirPath());
+    emergency.run(m_faults.record(), m_isLoopRunning ? Document::Edited : Document::BeingOpened, m_window);
 }
 
 void appShutdown(kmmainwidget *window)

@@ -3,7 +3,10 @@
 #include "core/KMDocumentFormat.h"
 #include "core/KMSolution.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QTemporaryFile>
+#include <QWidget>
 #include <QtConcurrent>
 
 #include <cstdlib>
@@ -13,13 +16,16 @@
 
 namespace {
 
-void writeToNowhere()
+// The sanitizers would turn these into messages of their own.
+#define KM_REAL_FAULT __attribute__((noinline, no_sanitize("undefined", "address")))
+
+KM_REAL_FAULT void writeToNowhere()
 {
     volatile int *volatile nowhere = nullptr;
     *nowhere = 1;
 }
 
-void readBehindAFile()
+KM_REAL_FAULT void readBehindAFile()
 {
     QTemporaryFile file;
     file.open();
@@ -27,7 +33,7 @@ void readBehindAFile()
     [[maybe_unused]] const volatile char byte = *static_cast<const volatile char *>(page);
 }
 
-void divideByZero()
+KM_REAL_FAULT void divideByZero()
 {
     volatile int zero = 0;
     volatile int one = 1;
@@ -44,7 +50,7 @@ void fatalMessage()
     qFatal("fatal on purpose");
 }
 
-int exhaustStack(volatile int depth)
+KM_REAL_FAULT int exhaustStack(volatile int depth)
 {
     volatile char frame[4096] = {};
     frame[depth % 4096] = char(depth);
@@ -66,6 +72,28 @@ void fatalInWorker()
     QtConcurrent::run(&fatalMessage).waitForFinished();
 }
 
+/// Faults while a widget paints itself, which leaves its window's paint device open.
+class FaultAtPaint : public QObject
+{
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            writeToNowhere();
+        return false;
+    }
+};
+
+void faultAtPaint()
+{
+    static FaultAtPaint filter;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        window->installEventFilter(&filter);
+        window->update();
+    }
+}
+
 void hang()
 {
     for (;;)
@@ -81,17 +109,25 @@ struct FaultRow
 };
 
 constexpr FaultRow faultRows[] = {
-    {"segv", &writeToNowhere},   {"bus", &readBehindAFile},      {"fpe", &divideByZero},
-    {"ill", &illegalInstruction}, {"abort", &std::abort},         {"fatal", &fatalMessage},
+    {"segv", &writeToNowhere},     {"bus", &readBehindAFile},  {"fpe", &divideByZero},
+    {"ill", &illegalInstruction},  {"abort", &std::abort},     {"fatal", &fatalMessage},
     {"stack", &exhaustWholeStack}, {"worker", &faultInWorker}, {"worker-fatal", &fatalInWorker},
+    {"paint", &faultAtPaint},
 };
 
-/// A writer that makes the emergency save the next trouble.
+/// Makes opening or saving a document a trouble.
 class TroubledFormat : public KMDocumentFormat
 {
 public:
-    explicit TroubledFormat(Trouble trouble) : m_trouble(trouble) {}
-    bool read(const QString &) override { return false; }
+    explicit TroubledFormat(Trouble trouble)
+        : m_trouble(trouble)
+    {
+    }
+    bool read(const QString &) override
+    {
+        m_trouble();
+        return false;
+    }
     bool write(const QString &, double) override
     {
         m_trouble();
@@ -101,6 +137,12 @@ public:
 private:
     Trouble m_trouble;
 };
+
+KMDocumentFormat *faultingFormat()
+{
+    static TroubledFormat format(&writeToNowhere);
+    return &format;
+}
 
 /// Cuts a suffix off a name and says whether it was there.
 bool takeSuffix(QString &name, const char *suffix)
@@ -113,13 +155,18 @@ bool takeSuffix(QString &name, const char *suffix)
 
 } // namespace
 
+void KMTestFault::prepare(const QString &name)
+{
+    if (name == QLatin1String("in-load"))
+        gSolution->setDocumentFormat(faultingFormat());
+}
+
 void KMTestFault::raise(const QString &name)
 {
-    static TroubledFormat faulting(&writeToNowhere);
     static TroubledFormat hanging(&hang);
     QString kind = name;
     if (takeSuffix(kind, "-in-save"))
-        gSolution->setDocumentFormat(&faulting);
+        gSolution->setDocumentFormat(faultingFormat());
     if (takeSuffix(kind, "-hang"))
         gSolution->setDocumentFormat(&hanging);
     for (const FaultRow &row : faultRows) {

@@ -1,23 +1,82 @@
 #include "shell/kmmainwidget.h"
 
+#include "core/KMDpi.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
-#include "core/KMVersion.h"
+#include "core/KMTreeWidget.h"
+#include "formats/KMNativeFormat.h"
+#include "shell/KMMainBox.h"
+#include "shell/KMNodeClipboard.h"
+#include "shell/KMRecentFiles.h"
+#include "shell/KMSaveQuestion.h"
+#include "shell/KMShortcutFile.h"
+#include "shell/KMShortcutFilter.h"
 #include "shell/KMStartFiles.h"
+#include "shell/KMStyle.h"
+#include "shell/KMUndoToolBar.h"
+#include "shell/KMWindowState.h"
+#include "shell/commands/KMComContainer.h"
+#include "shell/commands/KMGlobalCommands.h"
+#include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmhistorywidget.h"
+#include "shell/docks/kmnodewidget.h"
+#include "shell/docks/kmshaderwidget.h"
+#include "shell/docks/kmtexturewidget.h"
+#include "shell/widgets/KMMessageLabel.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QStatusBar>
+#include <QStatusTipEvent>
 #include <QUndoStack>
+
+namespace {
+
+constexpr int MessageLifetime = 8000; // milliseconds
+
+} // namespace
 
 kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     : QMainWindow(parent)
     , m_style(style)
 {
+    setObjectName(QStringLiteral("kmmainwidget"));
+    createActions();
     createSession();
+    createUndoActions();
+    createCommands();
+    m_clipboard = new KMNodeClipboard(this);
+    createDocks();
+    createBars();
+    createStatusBar();
+    resize(dpiScaled(1280), dpiScaled(680));
+    if (!gSettings->animateGui) {
+        setDockOptions(dockOptions() & ~QMainWindow::AnimatedDocks);
+        setAnimated(false);
+    }
+    m_mainBox = new KMMainBox;
+    setCentralWidget(m_mainBox);
+    arrangeDocks();
+    createMenus();
+    connectDocks();
+    connect(m_undoStack, &QUndoStack::indexChanged, this, &kmmainwidget::onUndoIndexChanged);
+    limitFocusToClicks();
+    KMShortcutFile::read(shortcutActions());
+    m_mainBox->setStartActions({action("actionNew"), action("actionOpen")});
+    gSolution->setBackgroundColor(gSettings->displayColor(DP_BG));
+    gSolution->setFileName({});
+    m_attributeDock->refresh();
+    updateCounts();
+    setAcceptDrops(true);
+    qApp->installEventFilter(new KMShortcutFilter(this));
+    KMWindowState::restore(*this);
 }
 
 kmmainwidget::~kmmainwidget()
 {
+    for (KMDockWidget *dock : std::as_const(m_docks))
+        dock->releaseDocument();
     endProject();
     delete gSolution;
     gSolution = nullptr;
@@ -36,7 +95,7 @@ void kmmainwidget::createSession()
     gSolution->setUndoStack(m_undoStack);
     gSolution->setProject(gProject);
     gSolution->setWindow(this);
-    gSolution->setFileName({});
+    installNativeFormat(gSolution);
 }
 
 /// Commands own nodes and reach for the project when they go, so the history is emptied first.
@@ -44,11 +103,44 @@ void kmmainwidget::endProject()
 {
     if (!gProject)
         return;
-    gSolution->clearHistory();
+    m_clipboard->clear();
     gSolution->setWindow(nullptr);
+    gSolution->clearHistory();
     gSolution->setProject(nullptr);
     delete gProject;
     gProject = nullptr;
+}
+
+/// The views get the keys: a widget takes the focus only when it is clicked, so that Tab doesn't wander off.
+void kmmainwidget::limitFocusToClicks()
+{
+    for (QWidget *child : findChildren<QWidget *>()) {
+        if (child->focusPolicy() != Qt::NoFocus)
+            child->setFocusPolicy(Qt::ClickFocus);
+    }
+}
+
+void kmmainwidget::createStatusBar()
+{
+    m_messageLabel = new KMMessageLabel;
+    m_messageLabel->setObjectName(QStringLiteral("messageLabel"));
+    m_messageLabel->setLifetime(MessageLifetime);
+    m_progressLabel = new KMMessageLabel;
+    m_progressLabel->setObjectName(QStringLiteral("progressLabel"));
+    m_countLabel = new KMMessageLabel;
+    m_countLabel->setObjectName(QStringLiteral("countLabel"));
+    m_countLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    statusBar()->addPermanentWidget(m_messageLabel, 1);
+    statusBar()->addPermanentWidget(m_progressLabel);
+    statusBar()->addPermanentWidget(m_countLabel);
+}
+
+void kmmainwidget::updateCounts()
+{
+    m_countLabel->showMessage(tr("Nodes %1   Shaders %2   Textures %3")
+                                  .arg(KMTreeWidget::flatten(gProject->tree()).size())
+                                  .arg(gProject->shaders().size())
+                                  .arg(gProject->textures().size()));
 }
 
 bool kmmainwidget::recoverBackup()
@@ -63,11 +155,49 @@ bool kmmainwidget::loadStartupFile()
 
 void kmmainwidget::closeEvent(QCloseEvent *event)
 {
-    setFocus();
+    if (!gProject)
+        return event->accept();
+    commitOpenEditors();
+    if (gSolution->isModified()) {
+        const QMessageBox::StandardButton answer = KMSaveQuestion::ask(this);
+        if (answer == QMessageBox::Save)
+            saveDocument();
+        if (answer != QMessageBox::Discard)
+            return event->ignore(); // after a save too: the next attempt closes what is then unchanged
+    }
+    KMWindowState::save(*this);
     hide();
+    for (KMDockWidget *dock : std::as_const(m_docks)) {
+        dock->hide();
+        dock->releaseDocument();
+    }
+    m_mainBox->closeViews();
+    gSolution->setViews(nullptr);
+    gSolution->setTool(nullptr);
     endProject();
+    KMShortcutFile::save(shortcutActions());
     gSettings->save();
     event->accept();
+}
+
+void kmmainwidget::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        onPaletteChanged();
+}
+
+/// Status tips go to the message line: the permanent labels leave the status bar no room of its own.
+bool kmmainwidget::event(QEvent *event)
+{
+    if (event->type() != QEvent::StatusTip || !m_messageLabel)
+        return QMainWindow::event(event);
+    const QString tip = static_cast<QStatusTipEvent *>(event)->tip();
+    if (m_messageLabel->level() != KMMessageLabel::Hint)
+        m_interruptedMessage = m_messageLabel->message();
+    m_messageLabel->showMessage(tip.isEmpty() ? m_interruptedMessage : tip,
+                                tip.isEmpty() ? KMMessageLabel::Information : KMMessageLabel::Hint);
+    return true;
 }
 
 QString kmmainwidget::documentTitle() const
@@ -82,39 +212,84 @@ void kmmainwidget::setDocumentTitle(const QString &title)
 
 void kmmainwidget::addRecentFile(const QString &path)
 {
+    KMRecentFiles::add(path);
     setWindowFilePath(path);
+    rebuildRecentMenu();
 }
 
 void kmmainwidget::commitOpenEditors()
 {
-    setFocus();
+    m_attributeDock->commit();
+    m_attributeDock->setFocus(); // closes an editor in a row or a tile
 }
 
-void kmmainwidget::refreshAttributes() {}
+void kmmainwidget::refreshAttributes()
+{
+    m_attributeDock->refresh();
+}
 
 void kmmainwidget::refreshSetup() {}
 
-void kmmainwidget::repaintTrees() {}
+void kmmainwidget::repaintTrees()
+{
+    gProject->tree()->viewport()->repaint();
+}
 
-void kmmainwidget::resetPanels() {}
+void kmmainwidget::resetPanels()
+{
+    m_clipboard->clear();
+    for (KMDockWidget *dock : std::as_const(m_docks))
+        dock->resetDocument();
+    updateCounts();
+}
 
-void kmmainwidget::showMessage(const QString &, int) {}
+void kmmainwidget::showMessage(const QString &text, int level)
+{
+    m_interruptedMessage.clear();
+    m_messageLabel->showMessage(text, level);
+}
 
-void kmmainwidget::setProgress(const QString &) {}
+void kmmainwidget::setProgress(const QString &text)
+{
+    m_progressLabel->showMessage(text);
+    m_progressLabel->repaint(); // long work doesn't come back to the event loop
+}
 
 QAction *kmmainwidget::repeatAction() const
 {
-    return nullptr;
+    return m_commands->command<ComDoLastCommand>();
 }
 
 bool kmmainwidget::hasHistoryView() const
 {
-    return false;
+    return m_historyDock;
 }
 
 QStringList kmmainwidget::historyStrings() const
 {
-    return {};
+    return m_historyDock->historyStrings();
+}
+
+void kmmainwidget::onNodeChanged(KMNode *node, int)
+{
+    m_attributeDock->showFor(node);
+}
+
+void kmmainwidget::onUndoIndexChanged(int)
+{
+    if (!gProject)
+        return;
+    for (KMDockWidget *dock : std::as_const(m_docks)) {
+        if (dock != m_attributeDock) // the session refreshes that one
+            dock->refresh();
+    }
+    updateCounts();
+}
+
+void kmmainwidget::onPaletteChanged()
+{
+    if (m_mainBox)
+        m_mainBox->update();
 }
 
 void kmmainwidget::onPanelNameChanged(const QString &, int) {}

@@ -2,24 +2,55 @@
 
 #include "core/KMSessionWindow.h"
 
+#include <QList>
 #include <QMainWindow>
 
+class KMComContainer;
+class KMCommandContainer;
+class KMCommandContainer;
+class KMContainerNode;
+class KMDockWidget;
+class KMMainBox;
+class KMMessageLabel;
+class KMNode;
+class KMNodeClipboard;
 class KMStyle;
+class QMimeData;
+class QToolBar;
 class QUndoStack;
+class kmattributewidget;
+class kmhistorywidget;
+class kmnodewidget;
+class kmshaderwidget;
+class kmtexturewidget;
 
 /// The one top-level window. It makes the session, the document and the history, and takes them down again when it
-/// is closed; it has no model logic of its own.
+/// is closed; it has no model logic of its own: its slots open dialogues, or call the project, the session or a
+/// family of commands.
+///
+/// What its parts are is told in tables: the docks in kmmainwidgetDocks.cpp, the actions in kmmainwidgetActions.cpp
+/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp and kmmainwidgetEdit.cpp.
 class kmmainwidget : public QMainWindow, public KMSessionWindow
 {
     Q_OBJECT
 public:
+    /// gSettings stands already. The style is the application's, may be null and is not owned.
     explicit kmmainwidget(KMStyle *style, QWidget *parent = nullptr);
     ~kmmainwidget() override; ///< deletes the session's objects that are still there, gSettings included
 
-    bool recoverBackup();
-    bool loadStartupFile();
+    bool recoverBackup();   ///< the question about a backup of an abnormal end; true when nothing else is to be opened
+    bool loadStartupFile(); ///< the most recent file, when the settings ask for it
 
     QUndoStack *undoStack() const { return m_undoStack; }
+    KMMainBox *mainBox() const { return m_mainBox; }
+    QToolBar *undoToolBar() const { return m_undoToolBar; }
+    const QList<KMDockWidget *> &docks() const { return m_docks; } ///< in the order in which they were made
+    kmnodewidget *nodeDock() const { return m_nodeDock; }
+    kmattributewidget *attributeDock() const { return m_attributeDock; }
+    QAction *action(const char *objectName) const; ///< of the window or a command family; null for an unknown name
+
+    /// Reads a file that was dropped on the window or named otherwise: opens a model, takes a picture as a texture.
+    void openDroppedFile(const QString &path);
 
     QString documentTitle() const override;
     void setDocumentTitle(const QString &title) override;
@@ -36,15 +67,109 @@ public:
     QStringList historyStrings() const override;
 
 public slots:
-    void onPanelNameChanged(const QString &name, int index);
+    void onNodeChanged(KMNode *node, int type);
+    void onUndoIndexChanged(int index);
+    void onPaletteChanged();
+    void onPanelNameChanged(const QString &name, int index); ///< of a custom panel, 0 to 3
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool event(QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private slots:
+    void onMenuNew();
+    void onMenuOpen();
+    void onMenuSave();
+    void onMenuSaveAs();
+    void openRecentFile();
+    void onClearRecentFile();
+    void onMenuProject();
+    void onMenuQuit();
+
+    void onMenuCopy();
+    void onMenuCut();
+    void onMenuPaste();
+    void onMenuDuplicate();
+    void onMenuGroup();
+    void onMenuRename();
+    void onMenuSelectionDelete();
+    void onMenuPreferences();
+
+    void onMenuCreateIntNode();
+    void onMenuCreateFloatNode();
+    void onMenuCreateBoolNode();
+    void onMenuCreateNullNode();
+    void onMenuCreateShaderNode();
+    void onMenuCreatePbrShaderNode();
+    void onMenuCreatePTextureNode();
+    void onMenuCreateEmbeddedTextureNode();
+    void onMenuCreateFileTextureNode();
+
+    void onMenuAbout();
+    void onMenuAboutQt();
+    void onPreMenuWidget();
+    void onPreMenuToolBar();
+    void onTopLevelChanged(bool floating);
 
 private:
     void createSession();
     void endProject();
 
+    void createActions();
+    void createUndoActions();
+    void createCommands();
+
+    void createDocks();
+    void addDock(KMDockWidget *dock, Qt::DockWidgetArea area);
+    void connectDocks();
+    void arrangeDocks();
+
+    void createBars();
+    void createStatusBar();
+    void createMenus();
+    QMenu *addMenu(const QString &title, const char *key);
+    void fill(QMenu *menu, const QList<const char *> &items);
+    void createFileMenu();
+    void createEditMenu();
+    void createCreateMenu();
+    void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
+    void createWidgetMenu();
+    void createPanelMenu();
+    void createHelpMenu();
+    void rebuildRecentMenu();
+    void listActionGroup(QMenu *menu, QAction *showMenu);
+    QList<QAction *> shortcutActions() const;
+    void limitFocusToClicks();
+
+    bool mayLeaveDocument(); ///< asks about changes; false when the document must stay
+    void saveDocument();
+    void create(KMContainerNode *node);
+    void updateCounts();
+
     KMStyle *m_style; // the application's
     QUndoStack *m_undoStack = nullptr;
+    KMNodeClipboard *m_clipboard = nullptr;
+    KMComContainer *m_commands = nullptr;
+    QList<KMCommandContainer *> m_families; // of commands on what a mesh holds, each with a menu of its own
+    QList<QAction *> m_actions; // the window's own
+
+    QList<KMDockWidget *> m_docks;
+    kmnodewidget *m_nodeDock = nullptr;
+    kmhistorywidget *m_historyDock = nullptr;
+    kmtexturewidget *m_textureDock = nullptr;
+    kmshaderwidget *m_shaderDock = nullptr;
+    kmattributewidget *m_attributeDock = nullptr;
+
+    KMMainBox *m_mainBox = nullptr;
+    QToolBar *m_undoToolBar = nullptr;
+    KMMessageLabel *m_messageLabel = nullptr;
+    KMMessageLabel *m_progressLabel = nullptr;
+    KMMessageLabel *m_countLabel = nullptr;
+    QMenu *m_recentMenu = nullptr;
+    QMenu *m_widgetMenu = nullptr;
+    QMenu *m_panelMenu = nullptr;
+    QString m_interruptedMessage; // what the message line said before the status tip of an action
 };

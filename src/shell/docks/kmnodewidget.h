@@ -1,11 +1,13 @@
 #pragma once
 
+#include "core/KMTreeWidget.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/docks/KMNodeFilter.h"
 
+#include <QPointer>
+
 class KMNodeRowDelegate;
 class KMTagBase;
-class KMTreeWidget;
 class QComboBox;
 class QLineEdit;
 class QVBoxLayout;
@@ -20,7 +22,10 @@ public:
     ~kmnodewidget() override;
 
     KMTreeWidget *tree() const { return m_tree; } ///< null after releaseDocument()
-    void setMenuActions(const QList<QAction *> &actions) { m_menuActions = actions; } ///< of the rows' menu; a null is a line
+    void setMenuActions(const QList<QAction *> &actions)
+    {
+        m_menuActions = actions;
+    }                     ///< of the rows' menu; a null is a line
     void renameCurrent(); ///< opens the editor of the current row
 
     void refresh() override; ///< keeps the filter true after an edit
@@ -37,7 +42,7 @@ private:
     void showMenu(const QPoint &position);
     void showTagMenu(KMTagBase *tag, const QPoint &globalPosition);
 
-    KMTreeWidget *m_tree; // the project's
+    QPointer<KMTreeWidget> m_tree; // the project's, which may go first
     KMNodeRowDelegate *m_delegate;
     KMNodeFilter m_filter;
     QLineEdit *m_filterText = nullptr;

@@ -1,0 +1,17 @@
+#pragma once
+
+class KMPrimitiveBuilder;
+struct KMPathMesh;
+
+/// Makes a body from a flat area: the area faces +Z at the height 0, and stands on walls of the given depth with
+/// its back behind it. UVs of front and back are the place in the bounds of the area, those of a wall run along
+/// the outline and from the front to the back.
+namespace KMPathExtruder {
+
+/// A depth of 0 gives the front alone; below 0 the body stands before the area.
+void extrude(const KMPathMesh &area, float depth, int segments, KMPrimitiveBuilder &builder);
+
+/// How many faces that are; the area is walked for it.
+long long faceCount(const KMPathMesh &area, float depth, int segments);
+
+} // namespace KMPathExtruder

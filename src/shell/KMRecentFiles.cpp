@@ -1,0 +1,45 @@
+#include "shell/KMRecentFiles.h"
+
+#include "core/KMSettings.h"
+
+#include <QFileInfo>
+#include <QSettings>
+
+namespace {
+
+const QString listKey = QStringLiteral("recentFileList");
+
+QString iniFile()
+{
+    return gSettings->filePath(QStringLiteral("kelmo.ini"));
+}
+
+} // namespace
+
+QStringList KMRecentFiles::paths()
+{
+    return QSettings(iniFile(), QSettings::IniFormat).value(listKey).toStringList();
+}
+
+void KMRecentFiles::add(const QString &path)
+{
+    if (QFileInfo(path).baseName() == QLatin1String("_backup_"))
+        return;
+    QSettings file(iniFile(), QSettings::IniFormat);
+    QStringList list = file.value(listKey).toStringList();
+    list.removeAll(path);
+    list.prepend(path);
+    file.setValue(listKey, QStringList(list.mid(0, Limit)));
+}
+
+void KMRecentFiles::clear()
+{
+    QSettings(iniFile(), QSettings::IniFormat).remove(listKey);
+}
+
+QString KMRecentFiles::entryText(int number, const QString &path)
+{
+    QString name = QFileInfo(path).fileName();
+    name.replace(QLatin1Char('&'), QLatin1String("&&"));
+    return QStringLiteral("&%1 %2").arg(number).arg(name);
+}

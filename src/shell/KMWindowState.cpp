@@ -1,0 +1,43 @@
+#include "shell/KMWindowState.h"
+
+#include "core/KMSettings.h"
+#include "core/KMVersion.h"
+#include "shell/kmmainwidget.h"
+
+#include <QFile>
+#include <QSettings>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace {
+
+QString stateFile()
+{
+    return gSettings->filePath(QStringLiteral("geometry.ini"));
+}
+
+} // namespace
+
+void KMWindowState::save(const kmmainwidget &window)
+{
+    QSettings file(stateFile(), QSettings::IniFormat);
+    file.setValue(QStringLiteral("Version/AppVer"), double(KMVersion::Number));
+    file.setValue(QStringLiteral("main/geometry"), window.saveGeometry());
+    file.setValue(QStringLiteral("main/windowState"), window.saveState());
+    file.setValue(QStringLiteral("main/statusbar"), !window.statusBar()->isHidden());
+    file.setValue(QStringLiteral("undoPanel/buttonStyle"), int(window.undoToolBar()->toolButtonStyle()));
+}
+
+bool KMWindowState::restore(kmmainwidget &window)
+{
+    if (!QFile::exists(stateFile()))
+        return false;
+    const QSettings file(stateFile(), QSettings::IniFormat);
+    window.restoreGeometry(file.value(QStringLiteral("main/geometry")).toByteArray());
+    window.restoreState(file.value(QStringLiteral("main/windowState")).toByteArray());
+    window.statusBar()->setVisible(file.value(QStringLiteral("main/statusbar"), true).toBool());
+    const int style = file.value(QStringLiteral("undoPanel/buttonStyle"), int(Qt::ToolButtonIconOnly)).toInt();
+    window.undoToolBar()->setToolButtonStyle(
+        Qt::ToolButtonStyle(qBound(int(Qt::ToolButtonIconOnly), style, int(Qt::ToolButtonFollowStyle))));
+    return true;
+}

@@ -1,0 +1,119 @@
+// The window's own actions. What belongs to a family of commands stands in its container.
+
+#include "shell/KMIcon.h"
+#include "shell/commands/KMComContainer.h"
+#include "shell/kmmainwidget.h"
+
+#include <QAction>
+#include <QUndoStack>
+
+void kmmainwidget::createActions()
+{
+    struct Row
+    {
+        const char *objectName;
+        const char *text;
+        const char *icon;
+        const char *keys;
+        void (kmmainwidget::*slot)();
+        const char *tip;
+    };
+    using W = kmmainwidget;
+    static constexpr Row rows[] = {
+        {"actionNew", QT_TR_NOOP("New"), "new", "Ctrl+N", &W::onMenuNew, QT_TR_NOOP("Start an empty document")},
+        {"actionOpen", QT_TR_NOOP("Open..."), "open", "Ctrl+O", &W::onMenuOpen, QT_TR_NOOP("Open a model file")},
+        {"actionSave", QT_TR_NOOP("Save"), "save", "Ctrl+S", &W::onMenuSave, QT_TR_NOOP("Save the document")},
+        {"actionSaveAs", QT_TR_NOOP("Save as..."), "save-as", "Ctrl+Shift+S", &W::onMenuSaveAs,
+         QT_TR_NOOP("Save the document under another name")},
+        {"actionProject", QT_TR_NOOP("Project..."), "project", "", &W::onMenuProject,
+         QT_TR_NOOP("Edit the name and the texts of the project")},
+        {"actionQuit", QT_TR_NOOP("Quit"), "quit", "Ctrl+Q", &W::onMenuQuit, QT_TR_NOOP("Close the program")},
+        {"actionClearRecent", QT_TR_NOOP("Clear"), "", "", &W::onClearRecentFile,
+         QT_TR_NOOP("Forget the files that were opened last")},
+
+        {"actionCut", QT_TR_NOOP("Cut"), "cut", "Ctrl+X", &W::onMenuCut,
+         QT_TR_NOOP("Copy the selected nodes and delete them")},
+        {"actionCopy", QT_TR_NOOP("Copy"), "copy", "Ctrl+C", &W::onMenuCopy, QT_TR_NOOP("Copy the selected nodes")},
+        {"actionPaste", QT_TR_NOOP("Paste"), "paste", "Ctrl+V", &W::onMenuPaste, QT_TR_NOOP("Insert the copied nodes")},
+        {"actionDuplicate", QT_TR_NOOP("Duplicate"), "", "Ctrl+D", &W::onMenuDuplicate,
+         QT_TR_NOOP("Put a copy behind each selected node")},
+        {"actionGroup", QT_TR_NOOP("Group under Null"), "node-null", "Ctrl+G", &W::onMenuGroup,
+         QT_TR_NOOP("Put the selected nodes under a new null")},
+        {"actionRename", QT_TR_NOOP("Rename"), "edit45", "F2", &W::onMenuRename, QT_TR_NOOP("Rename the current node")},
+        {"actionDelete", QT_TR_NOOP("Delete"), "delete", "Del", &W::onMenuSelectionDelete,
+         QT_TR_NOOP("Delete the selected nodes")},
+        {"actionPreferences", QT_TR_NOOP("Preferences..."), "preferences", "Ctrl+,", &W::onMenuPreferences,
+         QT_TR_NOOP("Settings, colors and shortcuts")},
+
+        {"actionCreateInt", QT_TR_NOOP("Int"), "node-int", "", &W::onMenuCreateIntNode,
+         QT_TR_NOOP("Add a whole number")},
+        {"actionCreateFloat", QT_TR_NOOP("Float"), "node-float", "", &W::onMenuCreateFloatNode,
+         QT_TR_NOOP("Add a number")},
+        {"actionCreateBool", QT_TR_NOOP("Bool"), "node-bool", "", &W::onMenuCreateBoolNode, QT_TR_NOOP("Add a switch")},
+        {"actionCreateNull", QT_TR_NOOP("Null"), "node-null", "", &W::onMenuCreateNullNode,
+         QT_TR_NOOP("Add a null, which groups other nodes")},
+        {"actionCreateShader", QT_TR_NOOP("Shader"), "node-shader", "", &W::onMenuCreateShaderNode,
+         QT_TR_NOOP("Add a basic shader")},
+        {"actionCreatePbrShader", QT_TR_NOOP("PbrShader"), "node-shader", "", &W::onMenuCreatePbrShaderNode,
+         QT_TR_NOOP("Add a physically based shader")},
+        {"actionCreatePTexture", QT_TR_NOOP("PTexture"), "node-texture", "", &W::onMenuCreatePTextureNode,
+         QT_TR_NOOP("Add a texture that the program computes")},
+        {"actionCreateEmbeddedTexture", QT_TR_NOOP("EmbeddedTexture"), "node-texture", "",
+         &W::onMenuCreateEmbeddedTextureNode, QT_TR_NOOP("Add a texture that lies in the document")},
+        {"actionCreateFileTexture", QT_TR_NOOP("Texture File..."), "node-texture", "", &W::onMenuCreateFileTextureNode,
+         QT_TR_NOOP("Add a texture from a picture file")},
+
+        {"actionAbout", QT_TR_NOOP("About"), "about", "", &W::onMenuAbout, QT_TR_NOOP("What this program is")},
+        {"actionAboutQt", QT_TR_NOOP("About Qt"), "info", "", &W::onMenuAboutQt, QT_TR_NOOP("About the toolkit Qt")},
+    };
+    for (const Row &row : rows) {
+        auto *made = new QAction(KMIcon::icon(QLatin1String(row.icon)), tr(row.text), this);
+        made->setObjectName(QLatin1String(row.objectName));
+        made->setShortcut(QKeySequence(QLatin1String(row.keys), QKeySequence::PortableText));
+        made->setStatusTip(tr(row.tip));
+        connect(made, &QAction::triggered, this, row.slot);
+        m_actions << made;
+    }
+    action("actionQuit")->setMenuRole(QAction::QuitRole);
+    action("actionAbout")->setMenuRole(QAction::AboutRole);
+    action("actionAboutQt")->setMenuRole(QAction::AboutQtRole);
+    action("actionPreferences")->setMenuRole(QAction::PreferencesRole);
+}
+
+/// The stack keeps their texts, "Undo Add Node", and whether there is anything to undo.
+void kmmainwidget::createUndoActions()
+{
+    QAction *undo = m_undoStack->createUndoAction(this, tr("Undo"));
+    undo->setObjectName(QStringLiteral("actionUndo"));
+    undo->setIcon(KMIcon::icon(QStringLiteral("undo")));
+    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    undo->setStatusTip(tr("Take the last step back"));
+    QAction *redo = m_undoStack->createRedoAction(this, tr("Redo"));
+    redo->setObjectName(QStringLiteral("actionRedo"));
+    redo->setIcon(KMIcon::icon(QStringLiteral("redo")));
+    redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    redo->setStatusTip(tr("Do the step again that was taken back"));
+    m_actions << undo << redo;
+}
+
+void kmmainwidget::createCommands()
+{
+    m_commands = new KMComContainer(this);
+    m_commands->command(QStringLiteral("ComDoLastCommand"))->setShortcut(QKeySequence(Qt::Key_F4));
+    m_commands->command(QStringLiteral("ComSelectAll"))->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_A));
+    m_commands->command(QStringLiteral("ComUnselectAll"))->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
+}
+
+QAction *kmmainwidget::action(const char *objectName) const
+{
+    const QLatin1String name(objectName);
+    for (QAction *known : m_actions) {
+        if (known->objectName() == name)
+            return known;
+    }
+    for (const KMCommandContainer *family : m_families) {
+        if (QAction *known = family->command(name))
+            return known;
+    }
+    return m_commands ? m_commands->command(name) : nullptr;
+}

@@ -1,0 +1,111 @@
+// The docks of the window: which there are, where they stand and how they start.
+
+#include "core/KMDpi.h"
+#include "core/KMProject.h"
+#include "core/KMSettings.h"
+#include "shell/docks/KMEmptyDock.h"
+#include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmhistorywidget.h"
+#include "shell/docks/kmnodewidget.h"
+#include "shell/docks/kmoutputwidget.h"
+#include "shell/docks/kmshaderwidget.h"
+#include "shell/docks/kmtexturewidget.h"
+#include "shell/kmmainwidget.h"
+
+namespace {
+
+constexpr Qt::DockWidgetArea Left = Qt::LeftDockWidgetArea;
+constexpr Qt::DockWidgetArea Right = Qt::RightDockWidgetArea;
+
+void floatHidden(QDockWidget *dock)
+{
+    dock->setFloating(true);
+    dock->hide();
+}
+
+} // namespace
+
+void kmmainwidget::addDock(KMDockWidget *dock, Qt::DockWidgetArea area)
+{
+    addDockWidget(area, dock);
+    m_docks << dock;
+    connect(dock, &QDockWidget::topLevelChanged, this, &kmmainwidget::onTopLevelChanged);
+}
+
+void kmmainwidget::createDocks()
+{
+    const auto empty = [](const char *objectName, const QString &title, const char *icon, const QString &purpose) {
+        return new KMEmptyDock(QLatin1String(objectName), title, QLatin1String(icon), purpose);
+    };
+    addDock(new kmoutputwidget, Right);
+    addDock(empty("kmcodeeditorwidget", tr("Code Editor"), "code", tr("Scripts are written and run here.")), Right);
+    addDock(empty("kmschematicwidget", tr("Schematic"), "schematic", tr("Nodes are wired to one another here.")),
+            Right);
+    addDock(m_nodeDock = new kmnodewidget(gProject->tree()), Left);
+    addDock(m_historyDock = new kmhistorywidget(m_undoStack), Right);
+    addDock(empty("kmbonewidget", tr("Bones"), "bone", tr("The bones of the current container are listed here.")),
+            Left);
+    addDock(empty("kmtoolwidget", tr("Tool"), "tool", tr("The options of the current tool stand here.")), Right);
+    addDock(m_textureDock = new kmtexturewidget, Left);
+    addDock(m_shaderDock = new kmshaderwidget, Left);
+    addDock(
+        empty("kmcoodinatewidget", tr("Coordinate"), "coordinate", tr("The position of the selection stands here.")),
+        Left);
+    addDock(m_attributeDock = new kmattributewidget, Right);
+    addDock(empty("kmanimationwidget", tr("Animation"), "animation", tr("Frames and keys of the motion stand here.")),
+            Left);
+    addDock(empty("kmsetupwidget", tr("Setup"), "setup", tr("Physics and display groups are set up here.")), Right);
+    m_docks.last()->setAllowedAreas(Qt::NoDockWidgetArea);
+}
+
+void kmmainwidget::arrangeDocks()
+{
+    constexpr int width = 220;
+    const int narrowest = int(180 * gSettings->dpiScale);
+    const auto dock = [this](const char *objectName) {
+        return findChild<KMDockWidget *>(QLatin1String(objectName), Qt::FindDirectChildrenOnly);
+    };
+    for (const char *objectName : {"kmoutputwidget", "kmcodeeditorwidget", "kmschematicwidget", "kmhistorywidget",
+                                   "kmbonewidget", "kmanimationwidget", "kmsetupwidget"})
+        floatHidden(dock(objectName));
+    dock("kmcoodinatewidget")->hide();
+    dock("kmoutputwidget")->setGeometry(0, dpiScaled(120), dpiScaled(260), dpiScaled(300));
+    m_nodeDock->setMinimumWidth(narrowest);
+    m_attributeDock->setMinimumWidth(narrowest);
+    m_shaderDock->setMinimumHeight(1);
+    tabifyDockWidget(m_textureDock, m_shaderDock);
+
+    const int wanted = int(width * gSettings->dpiScale);
+    resizeDocks({m_nodeDock, m_shaderDock, m_attributeDock}, {wanted, wanted, wanted}, Qt::Horizontal);
+    resizeDocks({dock("kmcoodinatewidget")}, {dpiScaled(100)}, Qt::Vertical);
+    resizeDocks({m_nodeDock, m_shaderDock}, {dpiScaled(360), dpiScaled(240)}, Qt::Vertical);
+    resizeDocks({dock("kmtoolwidget"), m_attributeDock}, {dpiScaled(160), dpiScaled(440)}, Qt::Vertical);
+}
+
+void kmmainwidget::connectDocks()
+{
+    for (KMDockWidget *dock : {static_cast<KMDockWidget *>(m_nodeDock), static_cast<KMDockWidget *>(m_textureDock),
+                               static_cast<KMDockWidget *>(m_shaderDock)})
+        connect(dock, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
+
+    const QList<const char *> nodeItems{"actionCreateNull", "actionCreateInt", "actionCreateFloat",
+                                        "actionCreateBool", nullptr,           "actionRename",
+                                        "actionDuplicate",  "actionGroup",     nullptr,
+                                        "actionCut",        "actionCopy",      "actionPaste",
+                                        "actionDelete"};
+    QList<QAction *> nodeActions;
+    for (const char *item : nodeItems)
+        nodeActions << (item ? action(item) : nullptr);
+    m_nodeDock->setMenuActions(nodeActions);
+    m_shaderDock->setAddActions({action("actionCreateShader"), action("actionCreatePbrShader")});
+    m_textureDock->setAddActions(
+        {action("actionCreateFileTexture"), action("actionCreatePTexture"), action("actionCreateEmbeddedTexture")});
+}
+
+/// A floating panel is a window of its own, and so it may be larger than the room beside the views.
+void kmmainwidget::onTopLevelChanged(bool floating)
+{
+    auto *dock = qobject_cast<QDockWidget *>(sender());
+    if (floating && dock && dock->isVisible())
+        dock->raise();
+}

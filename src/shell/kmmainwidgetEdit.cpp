@@ -1,0 +1,189 @@
+// The window's slots that edit the document, and those of the help menu.
+
+#include "core/KMBasicShaderNode.h"
+#include "core/KMCommand.h"
+#include "core/KMEmbeddedTextureNode.h"
+#include "core/KMFileTextureNode.h"
+#include "core/KMNodeType.h"
+#include "core/KMNullNode.h"
+#include "core/KMPbrShaderNode.h"
+#include "core/KMProcTextureNode.h"
+#include "core/KMProject.h"
+#include "core/KMPrompt.h"
+#include "core/KMSettings.h"
+#include "core/KMSolution.h"
+#include "core/KMValueNodeContainer.h"
+#include "shell/KMImageFiles.h"
+#include "shell/KMNodeClipboard.h"
+#include "shell/KMNodeEdits.h"
+#include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmnodewidget.h"
+#include "shell/docks/kmshaderwidget.h"
+#include "shell/docks/kmtexturewidget.h"
+#include "shell/kmmainwidget.h"
+#include "shell/kmpreferenceswidget.h"
+
+#include <QApplication>
+
+namespace {
+
+/// Says that a command found no node to work on.
+bool noneSelected(const QList<KMContainerNode *> &nodes)
+{
+    if (nodes.isEmpty())
+        gSolution->showMessage(kmmainwidget::tr("Select a node first"), KMCommand::MessageLevel);
+    return nodes.isEmpty();
+}
+
+} // namespace
+
+void kmmainwidget::onMenuCopy()
+{
+    const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
+    if (noneSelected(nodes))
+        return;
+    m_clipboard->copy(nodes);
+}
+
+void kmmainwidget::onMenuCut()
+{
+    commitOpenEditors();
+    const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
+    if (noneSelected(nodes))
+        return;
+    m_clipboard->copy(nodes);
+    KMNodeEdits::remove(nodes);
+}
+
+void kmmainwidget::onMenuPaste()
+{
+    commitOpenEditors();
+    m_clipboard->paste();
+}
+
+void kmmainwidget::onMenuDuplicate()
+{
+    commitOpenEditors();
+    const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
+    if (!noneSelected(nodes))
+        KMNodeEdits::duplicate(nodes);
+}
+
+void kmmainwidget::onMenuGroup()
+{
+    commitOpenEditors();
+    const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
+    if (!noneSelected(nodes))
+        KMNodeEdits::groupUnderNull(nodes);
+}
+
+void kmmainwidget::onMenuRename()
+{
+    m_nodeDock->renameCurrent();
+}
+
+void kmmainwidget::onMenuSelectionDelete()
+{
+    commitOpenEditors();
+    const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
+    if (!noneSelected(nodes))
+        KMNodeEdits::remove(nodes);
+}
+
+void kmmainwidget::onMenuPreferences()
+{
+    if (!gSettings->preferences)
+        return;
+    gSettings->preferences->show();
+    gSettings->preferences->raise();
+    gSettings->preferences->activateWindow();
+}
+
+/// A new row becomes current by itself; shaders and textures have no row, and are made current here.
+void kmmainwidget::create(KMContainerNode *node)
+{
+    gProject->addNode(node);
+    if (isShader(node->type()))
+        gSolution->setCurrentShader(node);
+    if (isTexture(node->type()))
+        gSolution->setCurrentTexture(node);
+    m_shaderDock->refresh();
+    m_textureDock->refresh();
+    m_attributeDock->showFor(node);
+}
+
+void kmmainwidget::onMenuCreateIntNode()
+{
+    create(new KMIntNodeContainer);
+}
+
+void kmmainwidget::onMenuCreateFloatNode()
+{
+    create(new KMFloatNodeContainer);
+}
+
+void kmmainwidget::onMenuCreateBoolNode()
+{
+    create(new KMBoolNodeContainer);
+}
+
+void kmmainwidget::onMenuCreateNullNode()
+{
+    create(new KMNullNode);
+}
+
+void kmmainwidget::onMenuCreateShaderNode()
+{
+    create(new KMBasicShaderNode);
+}
+
+void kmmainwidget::onMenuCreatePbrShaderNode()
+{
+    create(new KMPbrShaderNode);
+}
+
+void kmmainwidget::onMenuCreatePTextureNode()
+{
+    create(new KMProcTextureNode);
+}
+
+void kmmainwidget::onMenuCreateEmbeddedTextureNode()
+{
+    create(new KMEmbeddedTextureNode);
+}
+
+void kmmainwidget::onMenuCreateFileTextureNode()
+{
+    KMFileRequest request;
+    request.title = tr("Open Image");
+    request.directory = gSolution->directory().absolutePath();
+    request.filter = KMImageFiles::openFilter();
+    request.parent = this;
+    const QString path = KMPrompt::current().openFile(request);
+    if (!path.isEmpty())
+        create(new KMFileTextureNode(path));
+}
+
+void kmmainwidget::onMenuAbout()
+{
+    KMMessage box;
+    box.icon = QMessageBox::Information;
+    box.title = tr("About");
+    box.text = tr("%1 %2").arg(QApplication::applicationName(), QApplication::applicationVersion());
+    box.informativeText = tr("A polygon modeller for character models.");
+    box.parent = this;
+    KMPrompt::current().message(box);
+}
+
+void kmmainwidget::onMenuAboutQt()
+{
+    KMMessage box;
+    box.icon = QMessageBox::Information;
+    box.title = tr("About Qt");
+    box.text = tr("This program uses Qt version %1.").arg(QLatin1String(qVersion()));
+    box.informativeText =
+        tr("Qt is a toolkit for programs with a user interface, used here under the GNU Lesser General "
+           "Public License. See https://www.qt.io for more.");
+    box.parent = this;
+    KMPrompt::current().message(box);
+}

@@ -1,0 +1,163 @@
+// The window's slots around files: open, save, recent files, what is dropped on the window.
+
+#include "core/KMFileTextureNode.h"
+#include "core/KMProject.h"
+#include "core/KMPrompt.h"
+#include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
+#include "shell/KMImageFiles.h"
+#include "shell/KMProjectDialog.h"
+#include "shell/KMRecentFiles.h"
+#include "shell/KMSaveQuestion.h"
+#include "shell/docks/kmattributewidget.h"
+#include "shell/kmmainwidget.h"
+
+#include <QAction>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+
+namespace {
+
+QString firstLocalFile(const QMimeData *data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+}
+
+} // namespace
+
+bool kmmainwidget::mayLeaveDocument()
+{
+    commitOpenEditors();
+    if (!gSolution->isModified())
+        return true;
+    const QMessageBox::StandardButton answer = KMSaveQuestion::ask(this);
+    if (answer == QMessageBox::Save)
+        saveDocument();
+    // A save that failed or was cancelled must not cost the document.
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && !gSolution->isModified());
+}
+
+void kmmainwidget::saveDocument()
+{
+    if (gSolution->fileName().isEmpty())
+        onMenuSaveAs();
+    else
+        gSolution->save();
+}
+
+void kmmainwidget::onMenuNew()
+{
+    if (mayLeaveDocument())
+        gSolution->newDocument();
+}
+
+void kmmainwidget::onMenuOpen()
+{
+    if (!mayLeaveDocument())
+        return;
+    KMFileRequest request;
+    request.title = tr("Open File");
+    request.directory = gSolution->directory().absolutePath();
+    request.filter = tr("kelmo Model File (*.kmd)");
+    request.parent = this;
+    const QString path = KMPrompt::current().openFile(request);
+    if (!path.isEmpty())
+        gSolution->load(path);
+}
+
+void kmmainwidget::onMenuSave()
+{
+    commitOpenEditors();
+    saveDocument();
+}
+
+void kmmainwidget::onMenuSaveAs()
+{
+    commitOpenEditors();
+    KMFileRequest request;
+    request.title = tr("Save File");
+    request.directory = gSolution->fileName().isEmpty() ? gSolution->directory().absolutePath() : gSolution->fileName();
+    request.filter = tr("kelmo Model File (*.kmd)");
+    request.parent = this;
+    QString path = KMPrompt::current().saveFile(request);
+    if (path.isEmpty())
+        return;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".kmd");
+    if (gSolution->saveBackup(path))
+        gSolution->setDirectory(QFileInfo(path).absoluteDir());
+}
+
+void kmmainwidget::openRecentFile()
+{
+    const auto *entry = qobject_cast<QAction *>(sender());
+    if (!entry)
+        return;
+    const QString path = entry->data().toString(); // loading rebuilds the menu, and the entry goes
+    if (mayLeaveDocument())
+        gSolution->load(path);
+}
+
+void kmmainwidget::onClearRecentFile()
+{
+    KMMessage question;
+    question.icon = QMessageBox::Warning;
+    question.text = tr("This operation is cannot be undone.");
+    question.buttons = QMessageBox::Ok | QMessageBox::Cancel;
+    question.parent = this;
+    if (KMPrompt::current().message(question) != QMessageBox::Ok)
+        return;
+    KMRecentFiles::clear();
+    rebuildRecentMenu();
+}
+
+void kmmainwidget::onMenuProject()
+{
+    commitOpenEditors();
+    KMProjectDialog dialog(*gProject, this);
+    if (KMPrompt::current().dialog(dialog))
+        dialog.apply();
+}
+
+void kmmainwidget::onMenuQuit()
+{
+    close();
+}
+
+void kmmainwidget::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!firstLocalFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+/// The questions come after the drop has ended: the program that the file comes from waits for it.
+void kmmainwidget::dropEvent(QDropEvent *event)
+{
+    const QString path = firstLocalFile(event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, path] { openDroppedFile(path); }, Qt::QueuedConnection);
+}
+
+void kmmainwidget::openDroppedFile(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("kmd")) {
+        if (mayLeaveDocument())
+            gSolution->load(path);
+        return;
+    }
+    if (!KMImageFiles::isImage(path)) {
+        KMPrompt::current().warn(tr("%1 is no file that can be opened here.").arg(QFileInfo(path).fileName()), this);
+        return;
+    }
+    const KMUndoMacro macro(tr("Add TextureNode"));
+    KMFileTextureNode *texture = gProject->addTextureFile(path);
+    gSolution->setCurrentTexture(texture);
+    m_attributeDock->showFor(texture);
+}

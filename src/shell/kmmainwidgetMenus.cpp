@@ -1,0 +1,191 @@
+// The menu bar and the tool bars. Each menu is a list of the names of its actions; a null is a line.
+
+#include "core/KMSettings.h"
+#include "shell/KMRecentFiles.h"
+#include "shell/KMUndoToolBar.h"
+#include "shell/commands/KMComContainer.h"
+#include "shell/commands/KMNormalComContainer.h"
+#include "shell/docks/KMDockWidget.h"
+#include "shell/kmmainwidget.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+
+namespace {
+
+/// The actions of a menu and its submenus, without those that only open a submenu.
+void collectActions(const QMenu *menu, QList<QAction *> &actions)
+{
+    for (QAction *action : menu->actions()) {
+        if (action->menu())
+            collectActions(action->menu(), actions);
+        else if (!action->isSeparator() && !action->objectName().isEmpty())
+            actions << action;
+    }
+}
+
+} // namespace
+
+void kmmainwidget::createBars()
+{
+    m_undoToolBar = new KMUndoToolBar({action("actionUndo"), action("actionRedo")}, this);
+    addToolBar(m_undoToolBar);
+}
+
+void kmmainwidget::createMenus()
+{
+    menuBar()->setNativeMenuBar(gSettings->nativeMenu);
+    createFileMenu();
+    createEditMenu();
+    createCreateMenu();
+    createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
+    createWidgetMenu();
+    createPanelMenu();
+    createHelpMenu();
+}
+
+QMenu *kmmainwidget::addMenu(const QString &title, const char *key)
+{
+    QMenu *menu = menuBar()->addMenu(title);
+    menu->setObjectName(QLatin1String(key));
+    m_commands->addShowMenu(key, menu);
+    return menu;
+}
+
+void kmmainwidget::fill(QMenu *menu, const QList<const char *> &items)
+{
+    for (const char *item : items) {
+        if (item)
+            menu->addAction(action(item));
+        else
+            menu->addSeparator();
+    }
+}
+
+/// Offers a menu's actions to the dialogue of the shortcuts, with the command that opens the menu in front. A
+/// shortcut works from anywhere in the window only when the window has the action.
+void kmmainwidget::listActionGroup(QMenu *menu, QAction *showMenu)
+{
+    QList<QAction *> actions{showMenu};
+    collectActions(menu, actions);
+    addActions(actions);
+    gSettings->setActionGroup(menu->title(), actions);
+}
+
+QList<QAction *> kmmainwidget::shortcutActions() const
+{
+    QList<QAction *> actions;
+    for (const KMActionGroup &group : gSettings->actionGroups()) {
+        for (QAction *action : group.actions) {
+            if (action && !actions.contains(action))
+                actions << action;
+        }
+    }
+    return actions;
+}
+
+void kmmainwidget::createFileMenu()
+{
+    QMenu *menu = addMenu(tr("File(&F)"), "Menu File");
+    fill(menu, {"actionNew", "actionOpen", nullptr, "actionSave", "actionSaveAs", nullptr});
+    m_recentMenu = menu->addMenu(tr("Recent Files"));
+    m_recentMenu->setObjectName(QStringLiteral("recentFiles"));
+    rebuildRecentMenu();
+    fill(menu, {nullptr, "actionProject", nullptr, "actionQuit"});
+    listActionGroup(menu, action("Menu File"));
+}
+
+void kmmainwidget::rebuildRecentMenu()
+{
+    m_recentMenu->clear();
+    const QStringList paths = KMRecentFiles::paths();
+    for (int i = 0; i < paths.size(); ++i) {
+        QAction *entry =
+            m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this, &kmmainwidget::openRecentFile);
+        entry->setData(paths[i]);
+        entry->setStatusTip(paths[i]);
+    }
+    m_recentMenu->addSeparator();
+    m_recentMenu->addAction(action("actionClearRecent"));
+    action("actionClearRecent")->setEnabled(!paths.isEmpty());
+}
+
+void kmmainwidget::createEditMenu()
+{
+    QMenu *menu = addMenu(tr("Edit(&E)"), "Menu Edit");
+    fill(menu, {"actionUndo", "actionRedo", "ComDoLastCommand", nullptr, "actionCopy", "actionPaste", "actionCut",
+                "actionDuplicate", "actionGroup", "actionRename", "actionDelete", nullptr, "ComSelectAll",
+                "ComUnselectAll", "ComSelectLastNode", nullptr});
+    fill(menu->addMenu(tr("Show")), {"ComShowCurrentOnly", "ComShowAll", "ComHideAll"});
+    fill(menu->addMenu(tr("Clean up")), {"ComDeleteCurrentNode", "ComDeleteUnusedShader", "ComDeleteUnusedTexture",
+                                         "ComDeleteNull", nullptr, "ComClearBuffer"});
+    fill(menu, {nullptr, "actionPreferences"});
+    listActionGroup(menu, action("Menu Edit"));
+}
+
+void kmmainwidget::createCreateMenu()
+{
+    QMenu *menu = addMenu(tr("Create(&C)"), "Menu Create");
+    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull", nullptr,
+                "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
+                "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
+    listActionGroup(menu, action("Menu Create"));
+}
+
+/// All commands of a family, in the family's order.
+void kmmainwidget::createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family)
+{
+    m_families << family;
+    QMenu *menu = addMenu(title, key);
+    menu->addActions(family->actions());
+    listActionGroup(menu, action(key));
+}
+
+void kmmainwidget::createWidgetMenu()
+{
+    m_widgetMenu = addMenu(tr("Widget(&W)"), "Menu Widget");
+    for (const KMDockWidget *dock : std::as_const(m_docks))
+        m_widgetMenu->addAction(dock->toggleViewAction());
+    connect(m_widgetMenu, &QMenu::aboutToShow, this, &kmmainwidget::onPreMenuWidget);
+    listActionGroup(m_widgetMenu, action("Menu Widget"));
+}
+
+void kmmainwidget::createPanelMenu()
+{
+    m_panelMenu = addMenu(tr("Panel(&P)"), "Menu Panel");
+    QAction *undoPanel = m_undoToolBar->toggleViewAction();
+    undoPanel->setObjectName(QStringLiteral("show_KMUndoToolBar"));
+    undoPanel->setStatusTip(tr("Show or hide the buttons for undo and redo"));
+    m_panelMenu->addAction(undoPanel);
+    QAction *status = m_panelMenu->addAction(tr("Status Bar"));
+    status->setObjectName(QStringLiteral("show_statusBar"));
+    status->setStatusTip(tr("Show or hide the line of messages"));
+    status->setCheckable(true);
+    connect(status, &QAction::triggered, statusBar(), &QWidget::setVisible);
+    connect(m_panelMenu, &QMenu::aboutToShow, this, &kmmainwidget::onPreMenuToolBar);
+    listActionGroup(m_panelMenu, action("Menu Panel"));
+}
+
+void kmmainwidget::createHelpMenu()
+{
+    QMenu *menu = addMenu(tr("Help(&H)"), "Menu Help");
+    fill(menu, {"actionAbout", "actionAboutQt"});
+    listActionGroup(menu, action("Menu Help"));
+}
+
+/// A tab that lies behind another one counts as shown: the entry would bring it up in vain.
+void kmmainwidget::onPreMenuWidget()
+{
+    for (KMDockWidget *dock : std::as_const(m_docks))
+        dock->toggleViewAction()->setChecked(!dock->isHidden());
+}
+
+void kmmainwidget::onPreMenuToolBar()
+{
+    m_undoToolBar->toggleViewAction()->setChecked(!m_undoToolBar->isHidden());
+    for (QAction *entry : m_panelMenu->actions()) {
+        if (entry->objectName() == QLatin1String("show_statusBar"))
+            entry->setChecked(!statusBar()->isHidden());
+    }
+}
