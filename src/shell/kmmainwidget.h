@@ -7,7 +7,6 @@
 
 class KMComContainer;
 class KMCommandContainer;
-class KMCommandContainer;
 class KMContainerNode;
 class KMDockWidget;
 class KMMainBox;
