@@ -142,6 +142,7 @@ private:
     void createFileMenu();
     void createEditMenu();
     void createCreateMenu();
+    void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
     void createWidgetMenu();
     void createPanelMenu();
     void createHelpMenu();
@@ -159,6 +160,7 @@ private:
     QUndoStack *m_undoStack = nullptr;
     KMNodeClipboard *m_clipboard = nullptr;
     KMComContainer *m_commands = nullptr;
+    QList<KMCommandContainer *> m_families; // of commands on what a mesh holds, each with a menu of its own
     QList<QAction *> m_actions; // the window's own
 
     QList<KMDockWidget *> m_docks;

@@ -119,5 +119,9 @@ QAction *kmmainwidget::action(const char *objectName) const
         if (known->objectName() == name)
             return known;
     }
+    for (const KMCommandContainer *family : m_families) {
+        if (QAction *known = family->command(name))
+            return known;
+    }
     return m_commands ? m_commands->command(name) : nullptr;
 }

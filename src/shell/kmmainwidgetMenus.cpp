@@ -4,6 +4,7 @@
 #include "shell/KMRecentFiles.h"
 #include "shell/KMUndoToolBar.h"
 #include "shell/commands/KMComContainer.h"
+#include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/kmmainwidget.h"
 
@@ -38,6 +39,7 @@ void kmmainwidget::createMenus()
     createFileMenu();
     createEditMenu();
     createCreateMenu();
+    createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
     createHelpMenu();
@@ -132,6 +134,15 @@ void kmmainwidget::createCreateMenu()
          {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane", "actionCreateTorus",
           "actionCreate3DText", "actionCreatePSVG"});
     listActionGroup(menu, action("Menu Create"));
+}
+
+/// All commands of a family, in the family's order.
+void kmmainwidget::createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family)
+{
+    m_families << family;
+    QMenu *menu = addMenu(title, key);
+    menu->addActions(family->actions());
+    listActionGroup(menu, action(key));
 }
 
 void kmmainwidget::createWidgetMenu()
