@@ -101,6 +101,13 @@ private slots:
     void onMenuCreateFloatNode();
     void onMenuCreateBoolNode();
     void onMenuCreateNullNode();
+    void onMenuCreateSphereNode();
+    void onMenuCreateCubeNode();
+    void onMenuCreateCylinderNode();
+    void onMenuCreatePlaneNode();
+    void onMenuCreateTorusNode();
+    void onMenuCreate3DTextNode();
+    void onMenuCreatePSVGNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();
