@@ -141,7 +141,8 @@ void tst_KMDPrimitiveBodies::roundTrip()
         transform.translation = {7, 8, 9};
         original->setTransform(transform);
         before = bodyText(*original);
-        QVERIFY(gSolution->save(path));
+        gSolution->setFileName(path);
+        QVERIFY(gSolution->save());
     }
     KMHeadlessSession session;
     installNativeFormat(gSolution);
@@ -167,7 +168,8 @@ void tst_KMDPrimitiveBodies::svgKeepsItsPlace()
         QTreeWidgetItem *row = child->item();
         gProject->tree()->takeRow(row);
         gProject->tree()->insertRow(svg->item(), -1, row);
-        QVERIFY(gSolution->save(path));
+        gSolution->setFileName(path);
+        QVERIFY(gSolution->save());
     }
     KMHeadlessSession session;
     installNativeFormat(gSolution);
