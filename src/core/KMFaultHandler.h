@@ -9,8 +9,8 @@
 struct KMFaultRecord
 {
     int signal = 0;
-    int code = 0;                  ///< the system's reason for the signal
-    quintptr address = 0;          ///< of the instruction, where the system tells it
+    int code = 0;                         ///< the system's reason for the signal
+    quintptr address = 0;                 ///< of the instruction, where the system tells it
     std::array<quintptr, 2> parameters{}; ///< of an access to memory: 1 for writing, 0 for reading, and where
     int parameterCount = 0;
     bool inWorkerThread = false; ///< that thread stands still until the process ends
@@ -35,9 +35,9 @@ public:
     ~KMFaultHandler();
 
     bool guard(const std::function<void()> &body); ///< false when a fault ended the body; it can't be run again then
-    const KMFaultRecord &record() const; ///< of the fault that ended the guarded body
+    const KMFaultRecord &record() const;           ///< of the fault that ended the guarded body
 
     void setWatchdogSeconds(unsigned seconds); ///< from the fault on
-    static void startWatchdog(); ///< the process ends by SIGALRM unless stopWatchdog() comes in time
+    static void startWatchdog();               ///< the process ends by SIGALRM unless stopWatchdog() comes in time
     static void stopWatchdog();
 };

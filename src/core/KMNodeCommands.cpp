@@ -18,7 +18,6 @@ void addNodeCommand::apply(Direction direction)
         attach();
     else
         detach();
-    gProject->rebuildDerivedLists();
 }
 
 void addNodeCommand::attach()
@@ -29,6 +28,7 @@ void addNodeCommand::attach()
     QTreeWidgetItem *row = KMTreeWidget::makeRow(m_target);
     m_target->setItem(row);
     placeRow(row);
+    gProject->rebuildDerivedLists(row);
 }
 
 void addNodeCommand::placeRow(QTreeWidgetItem *row)
@@ -44,6 +44,7 @@ void addNodeCommand::detach()
     gSolution->forgetNode(m_target);
     // Else the view would make a neighbour current, which the session isn't to take up.
     gProject->tree()->setCurrentItem(nullptr);
+    gProject->rebuildDerivedLists(m_target->item());
     delete m_target->item();
     m_target->setItem(nullptr);
     emit gProject->tree()->onNodeUpdate(nullptr);
@@ -72,7 +73,6 @@ void deleteNodeCommand::apply(Direction direction)
         detach();
     else
         attach();
-    gProject->rebuildDerivedLists();
 }
 
 void deleteNodeCommand::detach()
@@ -90,6 +90,7 @@ void deleteNodeCommand::detach()
         node->setSelected(false);
         gSolution->forgetNode(node);
     }
+    gProject->rebuildDerivedLists(m_row);
 }
 
 void deleteNodeCommand::attach()
@@ -105,5 +106,6 @@ void deleteNodeCommand::attach()
     gProject->tree()->insertRow(m_parentNode ? m_parentNode->item() : nullptr, m_position, m_row);
     KMTreeWidget::setFlags(m_row, m_flags);
     gProject->tree()->setCurrentItem(m_row);
+    gProject->rebuildDerivedLists(m_row);
     m_row = nullptr;
 }

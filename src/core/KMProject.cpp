@@ -152,6 +152,18 @@ void KMProject::rebuildDerivedLists()
     m_derivedStale = true;
 }
 
+void KMProject::rebuildDerivedLists(QTreeWidgetItem *row)
+{
+    const auto isListed = [](const QTreeWidgetItem *member) {
+        KMContainerNode *node = KMTreeWidget::nodeOf(member);
+        const int type = node->type();
+        return type == KMNodeType::Mesh || isModifier(type) || isPrimitive(type) || isCtrl(type) || node->evaluatedMesh();
+    };
+    const QList<QTreeWidgetItem *> members = KMTreeWidget::flatten(row);
+    if (std::any_of(members.cbegin(), members.cend(), isListed))
+        rebuildDerivedLists();
+}
+
 void KMProject::refillDerivedLists() const
 {
     for (const List list : {MeshesInTree, RenderMeshes, ModifiersInTree, PrimitivesInTree, CtrlsInTree})
@@ -199,6 +211,8 @@ QString KMProject::uniqueName(const KMContainerNode *node) const
         const auto *container = nodeAs<KMContainerNode>(other);
         if (!container->isDeleted())
             names.take(container->name());
+        if (names.isFull())
+            break;
     }
     return names.firstFree();
 }
@@ -219,10 +233,8 @@ void KMProject::addNode(KMContainerNode *node)
         gSolution->window()->commitOpenEditors();
     const KMUndoMacro macro(tr("Add Node"));
     addToScene(node);
-    if (isTreeNode(node->type())) {
+    if (isTreeNode(node->type()))
         checkModifiers();
-        rebuildDerivedLists();
-    }
 }
 
 void KMProject::addToScene(KMContainerNode *node, Naming naming)
@@ -250,6 +262,7 @@ void KMProject::checkModifiers()
         if (KMUndoCommand *command = nodeAs<KMContainerNode>(node)->makeBuildCommand())
             gSolution->push(command);
     }
+    rebuildDerivedLists(); // what the modifiers make may be other meshes now
 }
 
 void KMProject::removeNodes(const QList<KMContainerNode *> &nodes)

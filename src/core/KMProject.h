@@ -71,6 +71,7 @@ public:
     KMNodeListView<KMPrimitiveNode> primitivesInTree() const { return derivedView<KMPrimitiveNode>(PrimitivesInTree); }
     KMNodeListView<KMCtrlNode> ctrlsInTree() const { return derivedView<KMCtrlNode>(CtrlsInTree); }
     void rebuildDerivedLists(); ///< marks them stale; they are rebuilt when next asked for
+    void rebuildDerivedLists(QTreeWidgetItem *row); ///< likewise, if the row or one below it concerns them
 
     /// The shader at an index of a face: from 0 on one of shaders(), below it the built-in one of that number,
     /// -1 being the default. Null outside both lists.

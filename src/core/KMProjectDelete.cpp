@@ -57,7 +57,6 @@ void KMProject::deleteTreeNode(KMContainerNode *node)
     deleteBlocks(tagMembers);
     node->pushDeleteCommand();
     checkModifiers();
-    rebuildDerivedLists();
     deleteBlocks(subtree);
 }
 

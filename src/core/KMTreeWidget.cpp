@@ -3,23 +3,58 @@
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 
+#include <QCoreApplication>
 #include <QDataStream>
 #include <QDropEvent>
+#include <QItemSelectionModel>
 #include <QMimeData>
+#include <QSet>
+
+#include <vector>
 
 const QString KMTreeWidget::NodeMimeType = QStringLiteral("application/kmnode");
 
 namespace {
 
-/// Without recursion: a chain of rows may be deeper than the stack of the program.
-void appendSubtree(QTreeWidgetItem *root, QList<QTreeWidgetItem *> &rows)
+/// A row that knows its node without a search through its data. Every edit walks over all rows.
+class NodeRow : public QTreeWidgetItem
 {
-    QVector<QTreeWidgetItem *> open{root};
-    while (!open.isEmpty()) {
-        QTreeWidgetItem *row = open.takeLast();
-        rows << row;
+public:
+    static constexpr int TypeId = UserType + 1;
+
+    NodeRow() : QTreeWidgetItem(TypeId) {}
+    KMContainerNode *node() const { return m_node; }
+
+    void setData(int column, int role, const QVariant &value) override
+    {
+        if (column == KMTreeWidget::NameColumn && role == Qt::UserRole)
+            m_node = pointerIn(value);
+        QTreeWidgetItem::setData(column, role, value);
+    }
+
+    static KMContainerNode *pointerIn(const QVariant &value)
+    {
+        return reinterpret_cast<KMContainerNode *>(quintptr(value.toULongLong()));
+    }
+
+private:
+    KMContainerNode *m_node = nullptr;
+};
+
+/// Without recursion: a chain of rows may be deeper than the stack of the program.
+void appendBelow(const QTreeWidgetItem *root, QList<QTreeWidgetItem *> &rows)
+{
+    std::vector<QTreeWidgetItem *> open;
+    const auto openChildren = [&open](const QTreeWidgetItem *row) {
         for (int i = row->childCount() - 1; i >= 0; --i)
-            open << row->child(i);
+            open.push_back(row->child(i));
+    };
+    openChildren(root);
+    while (!open.empty()) {
+        QTreeWidgetItem *row = open.back();
+        open.pop_back();
+        rows << row;
+        openChildren(row);
     }
 }
 
@@ -52,7 +87,7 @@ KMTreeWidget::KMTreeWidget(QWidget *parent) : QTreeWidget(parent)
 
 QTreeWidgetItem *KMTreeWidget::makeRow(KMContainerNode *node)
 {
-    auto *row = new QTreeWidgetItem;
+    auto *row = new NodeRow;
     leadTo(row, node);
     row->setFlags(row->flags() | Qt::ItemIsEditable); // the delegate turns an edit into a step of the history
     showState(row);
@@ -89,8 +124,11 @@ void KMTreeWidget::showState(QTreeWidgetItem *row)
 
 KMContainerNode *KMTreeWidget::nodeOf(const QTreeWidgetItem *row)
 {
-    return row ? reinterpret_cast<KMContainerNode *>(quintptr(row->data(NameColumn, Qt::UserRole).toULongLong()))
-               : nullptr;
+    if (!row)
+        return nullptr;
+    if (row->type() == NodeRow::TypeId)
+        return static_cast<const NodeRow *>(row)->node();
+    return NodeRow::pointerIn(row->data(NameColumn, Qt::UserRole));
 }
 
 KMContainerNode *KMTreeWidget::parentNodeOf(const KMContainerNode *node)
@@ -101,16 +139,17 @@ KMContainerNode *KMTreeWidget::parentNodeOf(const KMContainerNode *node)
 QList<QTreeWidgetItem *> KMTreeWidget::flatten(const QTreeWidget *tree)
 {
     QList<QTreeWidgetItem *> rows;
-    for (int i = 0; i < tree->topLevelItemCount(); ++i)
-        appendSubtree(tree->topLevelItem(i), rows);
+    appendBelow(tree->invisibleRootItem(), rows);
     return rows;
 }
 
 QList<QTreeWidgetItem *> KMTreeWidget::flatten(QTreeWidgetItem *row)
 {
     QList<QTreeWidgetItem *> rows;
-    if (row)
-        appendSubtree(row, rows);
+    if (row) {
+        rows << row;
+        appendBelow(row, rows);
+    }
     return rows;
 }
 
@@ -152,6 +191,13 @@ void KMTreeWidget::setFlags(QTreeWidgetItem *row, const KMRowFlags &flags)
     }
 }
 
+void KMTreeWidget::setCurrentItem(QTreeWidgetItem *row)
+{
+    const auto command = row ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                             : QItemSelectionModel::SelectionFlags(QItemSelectionModel::Clear);
+    setCurrentItem(row, NameColumn, command);
+}
+
 int KMTreeWidget::positionOf(const QTreeWidgetItem *row)
 {
     if (row->parent())
@@ -188,6 +234,7 @@ QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
         return nullptr;
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << QCoreApplication::applicationPid();
     for (const QTreeWidgetItem *row : topSelectedItems(this))
         out << row->data(NameColumn, Qt::UserRole).toULongLong();
     auto *data = new QMimeData;
@@ -195,26 +242,36 @@ QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
     return data;
 }
 
-QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data)
+/// Pointers out of another run, or of nodes that are gone, lead to no row of this tree.
+QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data) const
 {
-    QList<KMContainerNode *> nodes;
     QDataStream in(data->data(NodeMimeType));
+    qint64 run = 0;
+    in >> run;
+    if (run != QCoreApplication::applicationPid())
+        return {};
+    QSet<qulonglong> dragged;
     while (!in.atEnd()) {
         qulonglong pointer = 0;
         in >> pointer;
-        nodes << reinterpret_cast<KMContainerNode *>(quintptr(pointer));
+        dragged << pointer;
+    }
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : flatten(this)) {
+        if (dragged.contains(row->data(NameColumn, Qt::UserRole).toULongLong()))
+            nodes << nodeOf(row);
     }
     return nodes;
 }
 
 void KMTreeWidget::dropEvent(QDropEvent *event)
 {
-    if (event->source() != this || !event->mimeData()->hasFormat(NodeMimeType))
+    const QList<KMContainerNode *> nodes = nodesOf(event->mimeData());
+    if (nodes.isEmpty())
         return event->ignore();
     const DropIndicatorPosition indicator = dropIndicatorPosition();
     const Place place = indicator == AboveItem ? Place::Before : indicator == BelowItem ? Place::After : Place::Into;
     KMContainerNode *target = nodeOf(itemAt(event->pos()));
-    const QList<KMContainerNode *> nodes = nodesOf(event->mimeData());
     // A move action would make the view delete the dragged rows after the drop.
     event->setDropAction(Qt::CopyAction);
     event->accept();

@@ -23,7 +23,7 @@ public:
     enum Column { NameColumn, VisibleColumn, LockColumn, TagColumn, ColumnCount };
     enum class Place { Before, Into, After }; ///< of a drop, seen from the row that it hits
 
-    static const QString NodeMimeType; ///< of dragged rows: the nodes' pointers, good within this run only
+    static const QString NodeMimeType; ///< of dragged rows: the run that they are of and the nodes' pointers
 
     explicit KMTreeWidget(QWidget *parent = nullptr);
 
@@ -45,11 +45,16 @@ public:
     static KMRowFlags flagsOf(QTreeWidgetItem *row);
     static void setFlags(QTreeWidgetItem *row, const KMRowFlags &flags); ///< does nothing for another number of rows
 
+    using QTreeWidget::setCurrentItem;
+    /// Makes a row the current and only selected one; null for none. The view's own function asks the keyboard, and a
+    /// command that was called by Ctrl+V would leave the former selection as it was.
+    void setCurrentItem(QTreeWidgetItem *row);
+
     static int positionOf(const QTreeWidgetItem *row); ///< among its siblings; -1 for a row in no tree
     void insertRow(QTreeWidgetItem *parent, int position, QTreeWidgetItem *row); ///< null for the top; -1 for the end
     void takeRow(QTreeWidgetItem *row); ///< out of the tree with all below it; the caller owns it now
 
-    static QList<KMContainerNode *> nodesOf(const QMimeData *data); ///< what is dragged; empty for other data
+    QList<KMContainerNode *> nodesOf(const QMimeData *data) const; ///< dragged rows; empty for what is not of this tree
 
 signals:
     void onNodeUpdate(KMNode *node); ///< the current row changed; null when none is

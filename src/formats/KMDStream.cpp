@@ -41,12 +41,12 @@ void KMDStream::enterElement(int index, int count)
 QString KMDStream::place() const
 {
     if (m_element < 0)
-        return tr("%1, byte %2").arg(m_section).arg(m_position);
+        return tr("%1, byte %2").arg(m_section).arg(m_lastRead);
     return tr("%1, element %2 of %3, byte %4")
         .arg(m_section)
         .arg(m_element + 1)
         .arg(m_elementCount)
-        .arg(m_position);
+        .arg(m_lastRead);
 }
 
 void KMDStream::fail(const QString &what)
@@ -73,6 +73,7 @@ bool KMDStream::take(qint64 bytes, const uchar **at)
 {
     if (!ok())
         return false;
+    m_lastRead = m_position;
     if (bytes < 0 || bytes > bytesLeft()) {
         fail(tr("The file ends too early"));
         return false;

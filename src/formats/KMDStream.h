@@ -67,6 +67,7 @@ private:
 
     QByteArray m_bytes;
     qint64 m_position = 0;
+    qint64 m_lastRead = 0; // where the last element began: what is wrong lies there
     float m_version = 0.0f;
     bool m_doublePrecision = true;
     QString m_section;

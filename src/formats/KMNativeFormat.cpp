@@ -72,9 +72,10 @@ bool KMNativeFormat::write(const QString &path, double applicationNumber)
 bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &error)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    // Without a name the temporary file would still open, and the renaming fail.
+    if (path.isEmpty() || !file.open(QIODevice::WriteOnly)) {
         qDebug("file open error.");
-        error = tr("The file can't be written: %1").arg(file.errorString());
+        error = path.isEmpty() ? tr("There is no file name") : tr("The file can't be written: %1").arg(file.errorString());
         return false;
     }
     KMDWriter writer(compatibility ? KMDOutput::Form::Compatibility : KMDOutput::Form::Present, thumbnail(path), m_parts);

@@ -39,7 +39,12 @@ public:
     const_iterator end() const { return {this, m_size}; }
 
     KMEdge *find(int a, int b) const; ///< in either order; null when there is no such edge
-    KMEdge *findKey(quint64 key) const { return find(int(quint32(key)), int(quint32(key >> 32))); }
+    KMEdge *findKey(quint64 key) const ///< of the smaller index in the lower half; null for any other key
+    {
+        const int low = int(quint32(key));
+        const int high = int(quint32(key >> 32));
+        return low <= high ? find(low, high) : nullptr;
+    }
     KMEdge *findOrAdd(int a, int b); ///< a new edge has no flags, weight and faces
     void reserve(int edges); ///< room for so many edges without growing
     void clear(); ///< keeps the room for the next filling

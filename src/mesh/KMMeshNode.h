@@ -139,6 +139,7 @@ public:
     void notifyDependents() override;
     void forceFullRefresh() override;
     void pushShaderRemoved(int index) override;
+    void tagsChanged() override { markDirty(KMMeshDirty::All); }
 
 private:
     void onSelectionChanged(bool selected);

@@ -6,6 +6,7 @@
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMSmoothNormals.h"
+#include "mesh/KMTagNormal.h"
 
 #include <algorithm>
 
@@ -151,11 +152,9 @@ void KMMeshNode::recomputeNormals(quint32 mask)
 {
     if (m_suspendNormals)
         return;
-    const KMTagBase *tag = findTag(KMNodeType::TagNormal);
-    if (!hasDrawnNormals(tag))
-        return;
-    // Only the computation needs to know the class that the type stands for.
-    m_normals->compute(*this, reinterpret_cast<const KMTagNormal *>(tag), mask != Positions);
+    auto *tag = static_cast<KMTagNormal *>(findTag(KMNodeType::TagNormal));
+    if (hasDrawnNormals(tag))
+        m_normals->compute(*this, tag, mask != Positions);
 }
 
 /// Only what is drawn, or read by a subdivision, needs normals: without a chain the mesh itself, else the

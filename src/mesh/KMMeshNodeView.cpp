@@ -24,7 +24,8 @@ float KMMeshNode::screenOrientation(const KMFace &face, int b, int c) const
     return (p1.x - p0.x) * (p2.y - p1.y) - (p1.y - p0.y) * (p2.x - p1.x);
 }
 
-/// Front faces run clockwise; with y pointing down on the screen that is an orientation below zero.
+/// Views are left-handed: a face whose normal points to the eye runs counterclockwise on the screen. With y
+/// pointing down there, that is an orientation below zero.
 bool KMMeshNode::turnsToView(const KMFace &face) const
 {
     if (!face.isPolygon())

@@ -112,6 +112,10 @@ public:
     void expandStore(const Dropped &dropped); ///< the exact reverse of the compactStore() that returned this
     int remappedVertex(int i) const { return m_vertexRemap.value(i, -1); } ///< of the last renumbering; -1 when gone
     int remappedFace(int i) const { return m_faceRemap.value(i, -1); }
+    int slotsGained() const ///< by the last renumbering: above 0 it opened gaps again, below 0 it closed some
+    {
+        return m_vertices.size() - m_vertexRemap.size() + m_faces.size() - m_faceRemap.size();
+    }
 
 protected:
     void clearRecords(); ///< frees everything

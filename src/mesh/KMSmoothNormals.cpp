@@ -1,3 +1,259 @@
 #include "mesh/KMSmoothNormals.h"
 
-void KMSmoothNormals::compute(KMMeshNode &, const KMTagNormal *, bool) {}
+#include "mesh/KMFaceNormal.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMTagNormal.h"
+
+#include <algorithm>
+#include <cmath>
+
+using kvm::Vector3;
+
+namespace {
+
+constexpr int Corners = KMFace::MaxCorners;
+
+double dotOf(const Vector3 &a, const Vector3 &b)
+{
+    return double(a.x) * double(b.x) + double(a.y) * double(b.y) + double(a.z) * double(b.z);
+}
+
+/// False when a vertex of the face is missing.
+bool faceNormal(const KMMeshNode &mesh, const KMFace &face, Vector3 *normal)
+{
+    const KMVertex *corners[Corners];
+    for (int c = 0; c < face.count; ++c) {
+        corners[c] = mesh.vertex(face.indices[c]);
+        if (!corners[c])
+            return false;
+    }
+    *normal = face.count == 3 ? KMFaceNormal::ofTriangle(corners[0]->pos, corners[1]->pos, corners[2]->pos)
+                              : KMFaceNormal::ofQuad(corners[0]->pos, corners[1]->pos, corners[2]->pos, corners[3]->pos);
+    return true;
+}
+
+/// The normal that the user wants in place of the computed one.
+Vector3 overridden(const KMNormalFace &record, int corner, const Vector3 &computed, const kvm::Quaternion &frame)
+{
+    const kvm::Quaternion &stored = record.rotation[corner];
+    switch (KMNormalFace::Mode(record.mode[corner])) {
+    case KMNormalFace::Computed:
+        break;
+    case KMNormalFace::Fixed:
+        return frame.rotate(stored.vector());
+    case KMNormalFace::Rotated: {
+        const Vector3 axis = frame.rotate(stored.vector()).normalized();
+        const Vector3 part = axis * std::sin(stored.w / 2);
+        return kvm::Quaternion(std::cos(stored.w / 2), part.x, part.y, part.z).rotate(computed);
+    }
+    }
+    return computed;
+}
+
+} // namespace
+
+/// Compares a cosine with that of the smooth angle, without root and division.
+struct KMSmoothNormals::Limit
+{
+    explicit Limit(float degrees)
+        : cosine(std::cos(double(degrees) * 0.0055555557 * M_PI))
+        , square(cosine * cosine)
+    {
+    }
+
+    /// Whether a group takes the normal in. A vector without length stands at a right angle to all others.
+    bool takes(const Vector3 &sum, const Vector3 &normal, double normalLength2) const
+    {
+        const double product = dotOf(sum, normal);
+        const double limit2 = square * dotOf(sum, sum) * normalLength2;
+        return cosine >= 0.0 ? product > 0.0 && product * product > limit2
+                             : !(product < 0.0 && product * product >= limit2);
+    }
+
+    double cosine;
+    double square;
+};
+
+struct KMSmoothNormals::NoCreases
+{
+    bool allows(int, int) const { return true; }
+    void start(int, int) const {}
+    void add(int, int) const {}
+};
+
+/// Knows the members of each group, so that a face stays out of a group from which a crease parts it.
+struct KMSmoothNormals::Creases
+{
+    bool allows(int group, int corner) const
+    {
+        const int face = corner / Corners;
+        if (!normals.m_creased[size_t(face)])
+            return true;
+        for (int member = normals.m_lastMembers[size_t(group)]; member >= 0;
+             member = normals.m_formerMembers[size_t(member)]) {
+            if (pairs.contains(KMTagNormal::facePair(face, member / Corners)))
+                return false;
+        }
+        return true;
+    }
+    void start(int group, int corner) const
+    {
+        normals.m_lastMembers[size_t(group)] = corner;
+        normals.m_formerMembers[size_t(corner)] = -1;
+    }
+    void add(int group, int corner) const
+    {
+        normals.m_formerMembers[size_t(corner)] = normals.m_lastMembers[size_t(group)];
+        normals.m_lastMembers[size_t(group)] = corner;
+    }
+
+    KMSmoothNormals &normals;
+    const QSet<quint64> &pairs;
+};
+
+void KMSmoothNormals::compute(KMMeshNode &mesh, KMTagNormal *tag, bool force)
+{
+    if (tag && tag->faceNormals().size() != mesh.faceCount())
+        tag->fit();
+    prepare(mesh, tag, force);
+    if (tag && !tag->creaseFaces().isEmpty())
+        gather(mesh, Creases{*this, tag->creaseFaces()});
+    else
+        gather(mesh, NoCreases());
+    normalizeGroups();
+    if (tag)
+        writeNormals(mesh, *tag);
+    else
+        writeNormals(mesh);
+}
+
+void KMSmoothNormals::prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bool force)
+{
+    const bool isOther = mesh.vertexCount() != m_vertexCount || mesh.faceCount() != m_faceCount;
+    m_vertexCount = mesh.vertexCount();
+    m_faceCount = mesh.faceCount();
+    const size_t corners = size_t(Corners) * size_t(m_faceCount);
+    const size_t groups = size_t(m_vertexCount) + corners;
+    if (isOther) {
+        m_groups.reset(new Group[groups]);
+        m_cornerGroups.reset(new int[corners]);
+    }
+    const bool hasCreases = tag && !tag->creaseFaces().isEmpty();
+    if (isOther || !hasCreases) {
+        m_lastMembers.reset();
+        m_formerMembers.reset();
+        m_creased = {};
+    }
+    if (!hasCreases)
+        return;
+    const bool isFresh = !m_lastMembers;
+    if (isFresh) {
+        m_lastMembers.reset(new int[groups]);
+        m_formerMembers.reset(new int[corners]);
+    }
+    if (isFresh || force)
+        prepareCreases(*tag);
+}
+
+void KMSmoothNormals::prepareCreases(const KMTagNormal &tag)
+{
+    m_creased.assign(size_t(m_faceCount), 0);
+    for (const quint64 pair : tag.creaseFaces()) {
+        for (const size_t face : {size_t(quint32(pair)), size_t(pair >> 32)}) {
+            if (face < m_creased.size())
+                m_creased[face] = 1;
+        }
+    }
+}
+
+template <class Parting>
+void KMSmoothNormals::gather(const KMMeshNode &mesh, const Parting &parting)
+{
+    const Limit limit(mesh.smoothAngle());
+    for (int i = 0; i < m_vertexCount; ++i)
+        m_groups[size_t(i)] = {0.0f, 0.0f, 0.0f, 0, -1};
+    m_groupCount = m_vertexCount;
+
+    const KMFace *const *faces = mesh.faces().constData();
+    for (int f = 0; f < m_faceCount; ++f) {
+        const KMFace *face = faces[f];
+        if (!face || !face->isPolygon())
+            continue;
+        Vector3 normal;
+        const bool isWhole = faceNormal(mesh, *face, &normal);
+        for (int c = 0; c < face->count; ++c) {
+            const int corner = Corners * f + c;
+            m_cornerGroups[size_t(corner)] = isWhole ? join(face->indices[c], corner, normal, limit, parting) : -1;
+        }
+    }
+}
+
+/// Returns the group that takes the corner.
+template <class Parting>
+int KMSmoothNormals::join(int vertex, int corner, const Vector3 &normal, const Limit &limit, const Parting &parting)
+{
+    int g = vertex;
+    if (m_groups[size_t(g)].count > 0) {
+        const double normalLength2 = dotOf(normal, normal);
+        for (;;) {
+            Group &group = m_groups[size_t(g)];
+            if (limit.takes(group.normal(), normal, normalLength2) && parting.allows(g, corner)) {
+                group.setNormal(group.normal() + normal);
+                ++group.count;
+                parting.add(g, corner);
+                return g;
+            }
+            if (group.next < 0)
+                break;
+            g = group.next;
+        }
+        m_groups[size_t(g)].next = m_groupCount;
+        g = m_groupCount++;
+    }
+    m_groups[size_t(g)] = {normal.x, normal.y, normal.z, 1, -1};
+    parting.start(g, corner);
+    return g;
+}
+
+void KMSmoothNormals::normalizeGroups()
+{
+    for (int g = 0; g < m_groupCount; ++g) {
+        Group &group = m_groups[size_t(g)];
+        if (group.count > 1)
+            group.setNormal(group.normal().normalized());
+    }
+}
+
+void KMSmoothNormals::writeNormals(KMMeshNode &mesh) const
+{
+    KMFace *const *faces = mesh.faces().constData();
+    for (int f = 0; f < m_faceCount; ++f) {
+        KMFace *face = faces[f];
+        if (!face || !face->isPolygon())
+            continue;
+        for (int c = 0; c < face->count; ++c) {
+            const int group = m_cornerGroups[size_t(Corners * f + c)];
+            face->normals[c] = group < 0 ? Vector3() : m_groups[size_t(group)].normal();
+        }
+    }
+}
+
+void KMSmoothNormals::writeNormals(KMMeshNode &mesh, KMTagNormal &tag) const
+{
+    writeNormals(mesh);
+    Q_ASSERT(tag.faceNormals().size() == m_faceCount);
+    const kvm::Quaternion frame = mesh.rotation().normalized();
+    KMNormalFace *records = tag.faceRecords();
+    KMFace *const *faces = mesh.faces().constData();
+    for (int f = 0; f < m_faceCount; ++f) {
+        KMFace *face = faces[f];
+        if (!face || !face->isPolygon())
+            continue;
+        KMNormalFace &record = records[f];
+        std::copy_n(face->normals, Corners, record.baseNormal);
+        if (!record.hasOverride())
+            continue;
+        for (int c = 0; c < face->count; ++c)
+            face->normals[c] = overridden(record, c, face->normals[c], frame);
+    }
+}

@@ -1,15 +1,65 @@
 #pragma once
 
+#include "math/Vector3.h"
+
+#include <QtGlobal>
+
+#include <memory>
+#include <vector>
+
 class KMMeshNode;
 class KMTagNormal;
+struct KMFace;
+struct KMNormalFace;
 
 /// Corner normals of a mesh, smoothed over faces whose angle is below the mesh's smooth angle.
-/// Keeps its arrays from one computation to the next.
+///
+/// The faces at a vertex are gathered in groups, in the order of the faces: each joins the first group whose
+/// normal so far, the sum of its members' normals, is within the angle, or starts one of its own. All corners
+/// of a group share its normal.
+///
+/// The arrays are kept from one computation to the next, so that one after a mere move allocates nothing.
 class KMSmoothNormals
 {
 public:
-    /// Writes the normals of all corners of faces of at least three corners.
-    /// tag: creases and overridden normals, null for none. force: the topology may have changed since the
-    /// last call; without it only positions have.
-    void compute(KMMeshNode &mesh, const KMTagNormal *tag, bool force);
+    /// Writes the normals of all corners of faces of at least three corners; line polygons keep theirs.
+    /// tag: creases and overridden normals, null for none; it takes note of the normals without the overrides.
+    /// force: the topology may have changed since the last call; without it only positions have.
+    void compute(KMMeshNode &mesh, KMTagNormal *tag, bool force);
+
+private:
+    // Raw numbers: most places of a long array are never used, and then never touched.
+    struct Group
+    {
+        float x, y, z; // sum of the members' normals
+        int count;
+        int next; // group of the same vertex, -1 for the last one
+        kvm::Vector3 normal() const { return {x, y, z}; }
+        void setNormal(const kvm::Vector3 &n) { x = n.x, y = n.y, z = n.z; }
+    };
+    struct Limit; // the smooth angle
+    struct NoCreases;
+    struct Creases;
+
+    void prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bool force);
+    void prepareCreases(const KMTagNormal &tag);
+    template <class Parting>
+    void gather(const KMMeshNode &mesh, const Parting &parting);
+    template <class Parting>
+    int join(int vertex, int corner, const kvm::Vector3 &normal, const Limit &limit, const Parting &parting);
+    void normalizeGroups();
+    void writeNormals(KMMeshNode &mesh) const;
+    void writeNormals(KMMeshNode &mesh, KMTagNormal &tag) const;
+
+    int m_vertexCount = -1;
+    int m_faceCount = -1;
+    int m_groupCount = 0;
+    std::unique_ptr<Group[]> m_groups; // the first one of each vertex in front, further ones behind them
+    std::unique_ptr<int[]> m_cornerGroups; // four a face; -1 for a corner without normal
+
+    // With creases only
+
+    std::unique_ptr<int[]> m_lastMembers; // of each group: its newest corner
+    std::unique_ptr<int[]> m_formerMembers; // of each corner: the one that joined its group before it, or -1
+    std::vector<quint8> m_creased; // faces that stand in a pair of the tag
 };

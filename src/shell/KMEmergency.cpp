@@ -57,7 +57,7 @@ KMEmergency::KMEmergency(const QString &directory)
 {
 }
 
-void KMEmergency::run(const KMFaultRecord &fault, QWidget *window) const
+void KMEmergency::run(const KMFaultRecord &fault, Document document, QWidget *window) const
 {
     QApplication::setQuitOnLastWindowClosed(false); // the event loop that would quit is gone
     if (window)
@@ -67,7 +67,7 @@ void KMEmergency::run(const KMFaultRecord &fault, QWidget *window) const
 
     const QString text = fault.text();
     gSolution->writeDump(filePath("dump.log"), text);
-    const QString trouble = saveDocument();
+    const QString trouble = document == Document::Edited ? saveDocument() : QString();
     freeInput();
     tellUser(text, trouble);
 }

@@ -13,9 +13,13 @@ class KMEmergency
 public:
     explicit KMEmergency(const QString &directory); ///< of the program
 
+    /// What the document is to the user when the fault comes. While one is being opened, what stands of it is not
+    /// worth the backup that may lie there from before.
+    enum class Document { Edited, BeingOpened };
+
     /// The session has to be there still. The window, which may be null, shows nothing new from then on: what it
     /// draws may be what the fault came from.
-    void run(const KMFaultRecord &fault, QWidget *window) const;
+    void run(const KMFaultRecord &fault, Document document, QWidget *window) const;
 
 private:
     QString saveDocument() const; ///< why that failed; empty when it didn't

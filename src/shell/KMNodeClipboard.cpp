@@ -9,12 +9,6 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
-namespace {
-
-const QString markFormat = QStringLiteral("application/kmnode");
-
-} // namespace
-
 KMNodeClipboard::KMNodeClipboard(QObject *parent)
     : QObject(parent)
 {
@@ -33,14 +27,14 @@ void KMNodeClipboard::copy(const QList<KMContainerNode *> &nodes)
     if (m_templates.empty())
         return;
     auto *mark = new QMimeData;
-    mark->setData(markFormat, {});
+    mark->setData(KMTreeWidget::NodeMimeType, {});
     QGuiApplication::clipboard()->setMimeData(mark); // takes the data
 }
 
 bool KMNodeClipboard::hasNodes() const
 {
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    return !m_templates.empty() && data && data->hasFormat(markFormat);
+    return !m_templates.empty() && data && data->hasFormat(KMTreeWidget::NodeMimeType);
 }
 
 void KMNodeClipboard::paste()

@@ -111,6 +111,11 @@ void KMSelfTest::answerBox()
         button->click();
 }
 
+void KMSelfTest::prepare()
+{
+    KMTestFault::prepare(qEnvironmentVariable("KELMO_TEST_FAULT"));
+}
+
 void KMSelfTest::begin(QWidget *window)
 {
     if (qEnvironmentVariableIsSet("KELMO_TEST_REPORT"))

@@ -16,8 +16,8 @@ class QWidget;
 ///                          when there are no more; each box is reported on stdout as a line of JSON
 ///     KELMO_TEST_REPORT    what stands after the start, reported on stdout as a line of JSON
 ///     KELMO_TEST_FAULT     a fault soon after the event loop has begun: segv, bus, fpe, ill, abort, fatal, stack,
-///                          worker, worker-fatal; with "-in-save" or "-hang" behind it, a second trouble while the
-///                          document is saved
+///                          worker, worker-fatal, paint; with "-in-save" or "-hang" behind it, a second trouble
+///                          while the document is saved. Or in-load: a fault as soon as a document is opened
 ///     KELMO_TEST_WATCHDOG  seconds until the watchdog of a fault ends the process
 ///     KELMO_TEST_CLOSE     the window is closed soon after the event loop has begun
 class KMSelfTest : public QObject
@@ -29,7 +29,8 @@ public:
     static KMOperatingSystem operatingSystem(); ///< the real one, unless a test wants another
     static unsigned watchdogSeconds();          ///< 0 where a test doesn't ask for any
 
-    void answerBoxes(); ///< from now on; there has to be an application
+    void answerBoxes();          ///< from now on; there has to be an application
+    void prepare();              ///< before the first document is opened
     void begin(QWidget *window); ///< right before the event loop
 
 private:

@@ -21,7 +21,8 @@ KMMessage backupQuestion(const QString &backup, const QString &text)
     question.icon = QMessageBox::Warning;
     question.text = text;
     question.detailedText = backup + QStringLiteral("\n\nmodify:")
-        + QFileInfo(backup).lastModified().toString(QStringLiteral("yyyy/MM/dd hh:mm:ss")) + QStringLiteral("\n\n");
+                            + QFileInfo(backup).lastModified().toString(QStringLiteral("yyyy/MM/dd hh:mm:ss"))
+                            + QStringLiteral("\n\n");
     question.buttons = QMessageBox::Open | QMessageBox::Cancel | QMessageBox::Reset;
     question.defaultButton = QMessageBox::Open;
     return question;

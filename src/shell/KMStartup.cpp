@@ -7,7 +7,6 @@
 #include "core/KMPrompt.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
-#include "formats/KMNativeFormat.h"
 #include "shell/KMApplicationFont.h"
 #include "shell/KMEmergency.h"
 #include "shell/KMScreenManager.h"
@@ -92,6 +91,7 @@ int KMStartup::run()
     createWindow();
     logVersions();
 
+    m_selfTest.prepare();
     int exitCode = 0;
     const bool undisturbed = m_faults.guard([this, &exitCode] {
         openFirstDocument();
@@ -195,7 +195,6 @@ int KMStartup::refuse()
 void KMStartup::createWindow()
 {
     m_window = new kmmainwidget(m_style, nullptr);
-    installNativeFormat(gSolution);
     connectPreferences();
     QObject::connect(gSolution, &KMSolution::speechRequested, new KMSpeech(gSolution), &KMSpeech::say);
     m_window->setAttribute(Qt::WA_DeleteOnClose, true);
@@ -242,14 +241,18 @@ void KMStartup::openFirstDocument()
 int KMStartup::runLoop()
 {
     m_selfTest.begin(m_window);
+    m_isLoopRunning = true;
     return QApplication::exec();
 }
 
 /// Without a session, which the closed window has taken along, there is nothing left to save.
 void KMStartup::handleFault()
 {
-    if (gSolution)
-        KMEmergency(QCoreApplication::applicationDirPath()).run(m_faults.record(), m_window);
+    using Document = KMEmergency::Document;
+    if (!gSolution)
+        return;
+    const KMEmergency emergency(QCoreApplication::applicationDirPath());
+    emergency.run(m_faults.record(), m_isLoopRunning ? Document::Edited : Document::BeingOpened, m_window);
 }
 
 void appShutdown(kmmainwidget *window)

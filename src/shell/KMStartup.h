@@ -52,8 +52,9 @@ private:
     std::unique_ptr<QSplashScreen> m_splash;
     KMTranslators m_translators;
     KMOperatingSystem m_system;
-    KMStyle *m_style = nullptr;       // the application's
+    KMStyle *m_style = nullptr;      // the application's
     QPointer<kmmainwidget> m_window; // deletes itself when it is closed
+    bool m_isLoopRunning = false;
 };
 
 /// Deletes the process-wide objects that are still set, gProject, gSolution, gRenderer, gSettings, and sets each

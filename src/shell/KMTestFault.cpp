@@ -3,7 +3,10 @@
 #include "core/KMDocumentFormat.h"
 #include "core/KMSolution.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QTemporaryFile>
+#include <QWidget>
 #include <QtConcurrent>
 
 #include <cstdlib>
@@ -69,6 +72,28 @@ void fatalInWorker()
     QtConcurrent::run(&fatalMessage).waitForFinished();
 }
 
+/// Faults while a widget paints itself, which leaves its window's paint device open.
+class FaultAtPaint : public QObject
+{
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            writeToNowhere();
+        return false;
+    }
+};
+
+void faultAtPaint()
+{
+    static FaultAtPaint filter;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        window->installEventFilter(&filter);
+        window->update();
+    }
+}
+
 void hang()
 {
     for (;;)
@@ -84,17 +109,25 @@ struct FaultRow
 };
 
 constexpr FaultRow faultRows[] = {
-    {"segv", &writeToNowhere},   {"bus", &readBehindAFile},      {"fpe", &divideByZero},
-    {"ill", &illegalInstruction}, {"abort", &std::abort},         {"fatal", &fatalMessage},
+    {"segv", &writeToNowhere},     {"bus", &readBehindAFile},  {"fpe", &divideByZero},
+    {"ill", &illegalInstruction},  {"abort", &std::abort},     {"fatal", &fatalMessage},
     {"stack", &exhaustWholeStack}, {"worker", &faultInWorker}, {"worker-fatal", &fatalInWorker},
+    {"paint", &faultAtPaint},
 };
 
-/// A writer that makes the emergency save the next trouble.
+/// Makes opening or saving a document a trouble.
 class TroubledFormat : public KMDocumentFormat
 {
 public:
-    explicit TroubledFormat(Trouble trouble) : m_trouble(trouble) {}
-    bool read(const QString &) override { return false; }
+    explicit TroubledFormat(Trouble trouble)
+        : m_trouble(trouble)
+    {
+    }
+    bool read(const QString &) override
+    {
+        m_trouble();
+        return false;
+    }
     bool write(const QString &, double) override
     {
         m_trouble();
@@ -104,6 +137,12 @@ public:
 private:
     Trouble m_trouble;
 };
+
+KMDocumentFormat *faultingFormat()
+{
+    static TroubledFormat format(&writeToNowhere);
+    return &format;
+}
 
 /// Cuts a suffix off a name and says whether it was there.
 bool takeSuffix(QString &name, const char *suffix)
@@ -116,13 +155,18 @@ bool takeSuffix(QString &name, const char *suffix)
 
 } // namespace
 
+void KMTestFault::prepare(const QString &name)
+{
+    if (name == QLatin1String("in-load"))
+        gSolution->setDocumentFormat(faultingFormat());
+}
+
 void KMTestFault::raise(const QString &name)
 {
-    static TroubledFormat faulting(&writeToNowhere);
     static TroubledFormat hanging(&hang);
     QString kind = name;
     if (takeSuffix(kind, "-in-save"))
-        gSolution->setDocumentFormat(&faulting);
+        gSolution->setDocumentFormat(faultingFormat());
     if (takeSuffix(kind, "-hang"))
         gSolution->setDocumentFormat(&hanging);
     for (const FaultRow &row : faultRows) {

@@ -223,8 +223,9 @@ void kmmainwidget::onMenuAboutQt()
     box.icon = QMessageBox::Information;
     box.title = tr("About Qt");
     box.text = tr("This program uses Qt version %1.").arg(QLatin1String(qVersion()));
-    box.informativeText = tr("Qt is a toolkit for programs with a user interface, used here under the GNU Lesser General "
-                             "Public License. See https://www.qt.io for more.");
+    box.informativeText =
+        tr("Qt is a toolkit for programs with a user interface, used here under the GNU Lesser General "
+           "Public License. See https://www.qt.io for more.");
     box.parent = this;
     KMPrompt::current().message(box);
 }

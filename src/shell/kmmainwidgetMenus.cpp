@@ -5,6 +5,7 @@
 #include "shell/KMRecentFiles.h"
 #include "shell/KMUndoToolBar.h"
 #include "shell/commands/KMComContainer.h"
+#include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/kmmainwidget.h"
 
@@ -39,6 +40,7 @@ void kmmainwidget::createMenus()
     createFileMenu();
     createEditMenu();
     createCreateMenu();
+    createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
     createHelpMenu();
@@ -100,8 +102,8 @@ void kmmainwidget::rebuildRecentMenu()
     m_recentMenu->clear();
     const QStringList paths = KMRecentFiles::paths();
     for (int i = 0; i < paths.size(); ++i) {
-        QAction *entry = m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this,
-                                                 &kmmainwidget::openRecentFile);
+        QAction *entry =
+            m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this, &kmmainwidget::openRecentFile);
         entry->setData(paths[i]);
         entry->setStatusTip(paths[i]);
     }
@@ -134,6 +136,15 @@ void kmmainwidget::createCreateMenu()
     fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));
+}
+
+/// All commands of a family, in the family's order.
+void kmmainwidget::createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family)
+{
+    m_families << family;
+    QMenu *menu = addMenu(title, key);
+    menu->addActions(family->actions());
+    listActionGroup(menu, action(key));
 }
 
 void kmmainwidget::createWidgetMenu()

@@ -533,6 +533,8 @@ void tst_KMProject::clearEmptiesEverything()
 /// Who hears that nothing is current any more may look at the whole scene.
 void tst_KMProject::nothingRefersToWhatIsBeingCleared()
 {
+    int seen = -1; // these outlive the session, which announces to its end
+    bool destroying = false;
     RecordingSession scene;
     scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
     FakeNode *second = scene.addFake(KMNodeType::Mesh, QStringLiteral("b"));
@@ -541,8 +543,6 @@ void tst_KMProject::nothingRefersToWhatIsBeingCleared()
     gSolution->setCurrentNode(second);
     gSolution->setCurrentShader(gProject->defaultShaders().first());
 
-    int seen = -1;
-    bool destroying = false;
     connect(gSolution, &KMSolution::currentNodeChanged, this, [&] {
         seen = gProject->meshesInTree().size() + gProject->meshNodes().size() + gProject->renderMeshes().size();
         destroying = gProject->isDestroying();

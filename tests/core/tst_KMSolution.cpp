@@ -259,10 +259,10 @@ void tst_KMSolution::worksWithoutAnybody()
 
 void tst_KMSolution::currentAndPreviousNode()
 {
+    QVector<KMNode *> announced; // outlives the session, which announces to its end
     RecordingSession scene;
     FakeNode *a = scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
     FakeNode *b = scene.addFake(KMNodeType::Mesh, QStringLiteral("b"));
-    QVector<KMNode *> announced;
     connect(gSolution, &KMSolution::currentNodeChanged, this, [&announced](KMNode *node) { announced << node; });
     gSolution->setCurrentNode(a);
     QCOMPARE(gSolution->currentNode(), a);

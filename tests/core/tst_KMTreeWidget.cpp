@@ -192,8 +192,8 @@ void tst_KMTreeWidget::positions()
 
 void tst_KMTreeWidget::currentRowIsAnnounced()
 {
-    LetterTree letters("A B");
     QList<KMNode *> announced;
+    LetterTree letters("A B");
     connect(&letters.tree, &KMTreeWidget::onNodeUpdate, [&announced](KMNode *node) { announced << node; });
     letters.tree.setCurrentItem(letters.row('B'));
     letters.tree.setCurrentItem(nullptr);

@@ -17,6 +17,7 @@ private slots:
     void dumpHoldsTheLogInOrder();
     void secondTroubleEndsTheProcess_data();
     void secondTroubleEndsTheProcess();
+    void faultWhileOpeningSparesTheBackup();
     void userIsToldWhenNothingCouldBeSaved();
     void nextStartAsks_data();
     void nextStartAsks();
@@ -49,6 +50,7 @@ void tst_KMStartupFaults::faultLeavesDumpAndBackup_data()
     QTest::newRow("stack") << "b" << 2;
     QTest::newRow("worker") << "b" << 2;
     QTest::newRow("worker-fatal") << "6" << 0;
+    QTest::newRow("paint") << "b" << 2;
 }
 
 void tst_KMStartupFaults::faultLeavesDumpAndBackup()
@@ -83,8 +85,8 @@ void tst_KMStartupFaults::dumpHoldsTheLogInOrder()
     const QString dump = QString::fromUtf8(program.read(QStringLiteral("dump.log")));
     QVERIFY2(dump.startsWith(result.reported("log")), qPrintable(dump));
     int from = -1;
-    for (const char *line : {"KM Version:225", "OS Version:", "Qt Version:5.", "Osd Version:3.3.3", "CPU Threads:",
-                             "Display1 Width:", "code:b"}) {
+    for (const char *line : {"KM Version:225", "OS Version:", "Qt Version:5.", "Osd Version:3.3.3",
+                             "CPU Threads:", "Display1 Width:", "code:b"}) {
         const int at = dump.indexOf(QLatin1String(line));
         QVERIFY2(at > from, qPrintable(QLatin1String(line) + QLatin1Char('\n') + dump));
         from = at;
@@ -112,6 +114,21 @@ void tst_KMStartupFaults::secondTroubleEndsTheProcess()
     QVERIFY(result.boxes.isEmpty());
     QVERIFY2(program.exists(QStringLiteral("dump.log")), "the dump is written first");
     QVERIFY(!program.exists(QStringLiteral("_backup_.kmd")));
+}
+
+/// Half a document must not take the place of the one that the last fault left.
+void tst_KMStartupFaults::faultWhileOpeningSparesTheBackup()
+{
+    ProgramRun program;
+    QVERIFY(program.write(QStringLiteral("_backup_.kmd"), "the work of a day"));
+    program.set("KELMO_TEST_ANSWERS", QStringLiteral("Open"));
+    program.set("KELMO_TEST_FAULT", QStringLiteral("in-load"));
+    const ProgramRun::Result result = program.run();
+    QVERIFY(result.ended && !result.crashed);
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY(result.boxText(1).startsWith(QStringLiteral("fatal error occurred.")));
+    QVERIFY(program.exists(QStringLiteral("dump.log")));
+    QCOMPARE(program.read(QStringLiteral("_backup_.kmd")), QByteArray("the work of a day"));
 }
 
 void tst_KMStartupFaults::userIsToldWhenNothingCouldBeSaved()

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QString>
 #include <QStringList>
 
-/// The open document as text, one line for each thing in it, so that a failed comparison shows what differs.
-/// Numbers are told by their bits.
+/// The dump of the open document and what else of the session a file keeps, in lines, so that a failed comparison
+/// shows what differs.
 QStringList documentText();
 
 /// Whether the document holds nothing and has no name.

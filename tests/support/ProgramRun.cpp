@@ -1,5 +1,7 @@
 #include "support/ProgramRun.h"
 
+#include "support/TestPaths.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -14,8 +16,8 @@ constexpr int LongestRun = 60000;
 /// The program takes its folder from where it lies, so a symbolic link won't do.
 bool placeProgram(const QString &target)
 {
-    return ::link(KELMO_PROGRAM, QFile::encodeName(target).constData()) == 0
-        || QFile::copy(QStringLiteral(KELMO_PROGRAM), target);
+    return ::link(QFile::encodeName(TestPaths::program()).constData(), QFile::encodeName(target).constData()) == 0
+           || QFile::copy(TestPaths::program(), target);
 }
 
 } // namespace
@@ -23,9 +25,9 @@ bool placeProgram(const QString &target)
 ProgramRun::ProgramRun()
     : m_environment(QProcessEnvironment::systemEnvironment())
 {
-    const QString translations = QFileInfo(QStringLiteral(KELMO_PROGRAM)).path() + QStringLiteral("/translations");
+    const QString translations = QFileInfo(TestPaths::program()).path() + QStringLiteral("/translations");
     m_isValid = m_folder.isValid() && placeProgram(path(QStringLiteral("kelmo2")))
-        && QFile::link(translations, path(QStringLiteral("translations")));
+                && QFile::link(translations, path(QStringLiteral("translations")));
     // A fault leaves its frames without unwinding them; what those held is no leak to report.
     set("ASAN_OPTIONS", m_environment.value(QStringLiteral("ASAN_OPTIONS")) + QStringLiteral(":detect_leaks=0"));
     set("KELMO_TEST_ANSWERS", QString());

@@ -14,8 +14,8 @@ class ProgramRun
 public:
     struct Result
     {
-        bool ended = false;      ///< by itself, in time
-        bool crashed = false;    ///< by a signal
+        bool ended = false;   ///< by itself, in time
+        bool crashed = false; ///< by a signal
         int exitCode = -1;
         QVector<QJsonObject> boxes; ///< the message boxes, as KMSelfTest reports them
         QJsonObject report;         ///< what stood after the start; empty when the event loop wasn't reached

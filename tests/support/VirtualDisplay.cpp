@@ -14,10 +14,10 @@ VirtualDisplay::VirtualDisplay()
     const QString program = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
     if (program.isEmpty())
         return;
-    m_server.start(program, {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                             QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-                             QStringLiteral("tcp"),
-                             QStringLiteral("-noreset")}); // a held key outlives the client that pressed it
+    m_server.start(program,
+                   {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
+                    QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
+                    QStringLiteral("-noreset")}); // a held key outlives the client that pressed it
     QByteArray number;
     while (!number.endsWith('\n') && m_server.waitForReadyRead(LongestStart))
         number += m_server.readAllStandardOutput();

@@ -7,7 +7,9 @@
 #include "core/KMProject.h"
 #include "core/KMTagBase.h"
 #include "core/KMValueNodeContainer.h"
+#include "mesh/KMTagNormal.h"
 #include "shell/attributes/KMBasicShaderPage.h"
+#include "shell/attributes/KMNormalTagPage.h"
 #include "shell/attributes/KMNullPage.h"
 #include "shell/attributes/KMPrimitivePages.h"
 #include "shell/attributes/KMProjectPage.h"
@@ -50,6 +52,7 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},
+    {KMNodeType::TagNormal, 0, &make<KMNormalTagPage, KMTagNormal>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
     {0, KMNodeType::ShaderFlag, &make<KMNodePage, KMContainerNode>},

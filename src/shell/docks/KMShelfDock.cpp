@@ -26,7 +26,6 @@ KMShelfDock::KMShelfDock(const QString &objectName, const QString &title, const 
     m_list->setViewMode(QListView::IconMode);
     m_list->setMovement(QListView::Static);
     m_list->setResizeMode(QListView::Adjust);
-    m_list->setUniformItemSizes(true);
     m_list->setIconSize({dpiScaled(TileSize), dpiScaled(TileSize)});
     m_list->setGridSize({dpiScaled(TileSize + 20), dpiScaled(TileSize + 12) + m_list->fontMetrics().height()});
     m_list->setTextElideMode(Qt::ElideRight);
@@ -52,6 +51,7 @@ void KMShelfDock::refill()
     m_list->clear();
     for (KMContainerNode *node : nodes()) {
         auto *tile = new QListWidgetItem(m_list);
+        tile->setSizeHint(m_list->gridSize()); // known before the picture is: tiles stay in their columns
         tile->setFlags(tile->flags() | Qt::ItemIsEditable);
         tile->setData(Qt::UserRole, qulonglong(reinterpret_cast<quintptr>(node)));
         tile->setTextAlignment(Qt::AlignHCenter | Qt::AlignBottom);

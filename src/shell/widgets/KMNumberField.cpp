@@ -21,7 +21,6 @@ KMNumberField::KMNumberField(Kind kind, QWidget *parent)
     m_stepTimer->setSingleShot(true);
     m_stepTimer->setInterval(StepPause);
     connect(m_stepTimer, &QTimer::timeout, this, &KMNumberField::commit);
-    connect(this, qOverload<double>(&QDoubleSpinBox::valueChanged), m_stepTimer, qOverload<>(&QTimer::start));
     connect(this, &QAbstractSpinBox::editingFinished, this, &KMNumberField::commit);
 }
 
@@ -42,6 +41,12 @@ void KMNumberField::commit()
         return;
     m_exact = m_rounded = value();
     emit committed(m_exact);
+}
+
+void KMNumberField::stepBy(int steps)
+{
+    QDoubleSpinBox::stepBy(steps);
+    m_stepTimer->start();
 }
 
 QString KMNumberField::textFromValue(double value) const

@@ -14,11 +14,12 @@ public:
 
     explicit KMNumberField(Kind kind = Kind::Float, QWidget *parent = nullptr);
 
-    void showNumber(double number); ///< what the model holds; takes no part in a running edit
+    void showNumber(double number);                ///< what the model holds; takes no part in a running edit
     double shownNumber() const { return m_exact; } ///< as given to showNumber(), not rounded to the digits shown
     void commit();
 
     QString textFromValue(double value) const override; ///< without zeros at the end
+    void stepBy(int steps) override;
 
 signals:
     void committed(double number);

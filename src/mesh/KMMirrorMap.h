@@ -1,0 +1,36 @@
+#pragma once
+
+#include "math/Vector3.h"
+
+#include <array>
+#include <vector>
+
+class KMMeshNode;
+
+/// Which vertices and faces of a mesh are mirror images of each other across the plane of the mesh's frame that
+/// stands on its x axis. It holds for the mesh as it was when it was made.
+class KMMirrorMap
+{
+public:
+    /// A face and, for each corner of the face that it is the image of, its own corner there.
+    struct FaceImage
+    {
+        int face = -1; ///< -1 when there is none
+        std::array<int, 4> corners{};
+    };
+
+    /// Images lie within the tolerance, in world units, of the exact place; the nearest one counts.
+    KMMirrorMap(const KMMeshNode &mesh, float tolerance);
+
+    const kvm::Vector3 &normal() const { return m_normal; } ///< of the plane, unit length, in world space
+    float distance(const kvm::Vector3 &point) const; ///< from the plane, above 0 on the side of the normal
+    bool isOnPlane(int vertex) const; ///< it is its own image
+    int vertexImage(int vertex) const { return m_images[size_t(vertex)]; } ///< -1 when there is none
+    FaceImage faceImage(int face) const;
+
+private:
+    const KMMeshNode &m_mesh;
+    kvm::Vector3 m_normal;
+    kvm::Vector3 m_origin;
+    std::vector<int> m_images;
+};

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "math/Vector3.h"
+#include "mesh/KMFace.h"
+
+#include <QList>
+
+#include <vector>
+
+class KMMeshNode;
+
+/// Finds the nearest point of the surface of meshes. It holds for the meshes as they were when it was made.
+class KMSurfaceTree
+{
+public:
+    struct Hit
+    {
+        const KMFace *face = nullptr;
+        int corners[3] = {}; ///< the triangle of the face on which the point lies
+        float weights[3] = {}; ///< of those corners at the point, with the sum 1
+        kvm::Vector3 point;
+        float distance2 = 0.0f; ///< squared distance
+
+        bool isValid() const { return face; }
+    };
+
+    explicit KMSurfaceTree(const QList<KMMeshNode *> &meshes); ///< triangles and quads, drawn or not
+
+    bool isEmpty() const { return m_triangles.empty(); }
+    Hit nearest(const kvm::Vector3 &point) const; ///< an invalid one when there is no surface
+    static kvm::Vector3 normalAt(const Hit &hit); ///< of unit length, between the normals of the corners
+
+private:
+    struct Triangle
+    {
+        const KMFace *face;
+        bool isSecond; // of a quad
+        kvm::Vector3 points[3];
+    };
+    /// A leaf has triangles, any other node two nodes: the one behind it and that at `second`.
+    struct Node
+    {
+        kvm::Vector3 low;
+        kvm::Vector3 high;
+        int first;
+        int count; // 0 for a node that is no leaf
+        int second;
+    };
+
+    void addTriangles(const KMMeshNode &mesh);
+    void build(int first, int count);
+    static Hit nearestOn(const Triangle &triangle, const kvm::Vector3 &point);
+
+    std::vector<Triangle> m_triangles;
+    std::vector<Node> m_nodes;
+};

@@ -1,0 +1,229 @@
+#include "support/KmdBytes.h"
+#include "support/TestPaths.h"
+#include "support/TestRegistry.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+/// Drives the batch program from outside, as scripts do.
+class tst_kelmo_batch : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void exitCodes_data();
+    void exitCodes();
+    void helpIsNoFault();
+    void infoTellsTheDocument();
+    void infoOfAnEmptyDocument();
+    void convertWritesTheSameDocument();
+    void convertFitsRelease1();
+    void pathsInAnyLanguageAndLocale();
+    void warningsGoToStderr();
+    void noDisplayIsNeeded();
+
+private:
+    struct Result
+    {
+        int code = -1;
+        QByteArray out;
+        QByteArray error;
+    };
+    Result run(const QStringList &arguments, const QStringList &environment = {}) const;
+    QString path(const char *name) const { return m_dir->filePath(QString::fromUtf8(name)); }
+    bool write(const char *name, const QByteArray &bytes) const;
+    QByteArray read(const char *name) const;
+    QJsonObject info(const QString &file) const;
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+void tst_kelmo_batch::init()
+{
+    m_dir = std::make_unique<QTemporaryDir>();
+    QVERIFY(write("good.kmd", KmdBytes(4.4).bytes()));
+}
+
+bool tst_kelmo_batch::write(const char *name, const QByteArray &bytes) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray tst_kelmo_batch::read(const char *name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Runs in the folder of the test. The environment replaces that of the test, given as NAME=VALUE.
+tst_kelmo_batch::Result tst_kelmo_batch::run(const QStringList &arguments, const QStringList &environment) const
+{
+    QProcess process;
+    if (!environment.isEmpty())
+        process.setEnvironment(environment);
+    process.setWorkingDirectory(m_dir->path());
+    process.start(TestPaths::batchProgram(), arguments);
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QJsonObject tst_kelmo_batch::info(const QString &file) const
+{
+    const Result result = run({QStringLiteral("info"), file});
+    return result.code == 0 ? QJsonDocument::fromJson(result.out).object() : QJsonObject();
+}
+
+void tst_kelmo_batch::exitCodes_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("words"); // on stderr
+    const auto row = [](const char *arguments, int code, const char *words) {
+        QTest::newRow(*arguments ? arguments : "nothing") << QString::fromUtf8(arguments) << code
+                                                          << QString::fromUtf8(words);
+    };
+    row("info good.kmd", 0, "");
+    row("convert good.kmd out.kmd", 0, "");
+    row("convert good.kmd good.kmd", 0, "");
+    row("convert --import-scale=2 good.kmd -- out.kmd", 0, "--import-scale");
+    row("", 1, "Usage");
+    row("explode good.kmd", 1, "explode");
+    row("info", 1, "FILE");
+    row("info good.kmd good.kmd", 1, "FILE");
+    row("info --compatibility good.kmd", 1, "--compatibility");
+    row("convert good.kmd", 1, "IN OUT");
+    row("convert good.kmd out.kmd --import-scale", 1, "needs a value");
+    row("convert good.kmd out.kmd --import-scale much", 1, "much");
+    row("convert good.kmd out.kmd --compatibility=1", 1, "takes no value");
+    row("convert good.kmd out.kmd --compatibility --compatibility", 1, "twice");
+    row("convert good.kmd out.docx", 1, "docx");
+    row("info letter.docx", 1, "docx");
+    row("render good.kmd out.png", 1, "render");
+    row("render good.kmd out.png --size 0x10", 1, "--size");
+    row("run script.js", 1, "run");
+    row("info missing.kmd", 2, "exist");
+    row("info missing.docx", 2, "exist");
+    row("info .", 2, "folder");
+    row("info empty.kmd", 2, "not a model file");
+    row("info letter.kmd", 2, "not a model file");
+    row("info short.kmd", 2, "damaged");
+    row("convert short.kmd out.kmd", 2, "damaged");
+    row("convert good.kmd missing/out.kmd", 3, "can't be written");
+    row("convert good.kmd folder.kmd", 3, "can't be written");
+    row("convert good.kmd /proc/out.kmd", 3, "can't be written");
+}
+
+void tst_kelmo_batch::exitCodes()
+{
+    QFETCH(QString, arguments);
+    QFETCH(int, code);
+    QFETCH(QString, words);
+    QVERIFY(write("empty.kmd", {}) && write("letter.kmd", "Dear Sir,") && write("letter.docx", "Dear Sir,"));
+    QVERIFY(write("short.kmd", KmdBytes(4.4).bytes().left(900)));
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder.kmd")));
+    const Result result = run(arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QCOMPARE(result.code, code);
+    QVERIFY2(result.error.contains(words.toUtf8()), result.error.constData());
+    QCOMPARE(result.out.isEmpty(), code != 0 || !arguments.startsWith(QLatin1String("info")));
+    if (code != 0)
+        QVERIFY(!QFile::exists(path("out.kmd")));
+}
+
+void tst_kelmo_batch::helpIsNoFault()
+{
+    const Result result = run({QStringLiteral("--help")});
+    QCOMPARE(result.code, 0);
+    for (const char *command : {"info", "convert", "render", "run", "--compatibility"})
+        QVERIFY2(result.out.contains(command), command);
+}
+
+void tst_kelmo_batch::infoTellsTheDocument()
+{
+    const QJsonObject document = info(QStringLiteral("good.kmd"));
+    const auto node = [](const char *type, const char *name, const QJsonValue &parent) {
+        return QJsonObject{{"type", QLatin1String(type)}, {"name", QLatin1String(name)}, {"parent", parent}};
+    };
+    QCOMPARE(document.value("format").toString(), QStringLiteral("kmd"));
+    QCOMPARE(document.value("nodes").toArray(),
+             QJsonArray({node("N_BOOL", "switch", QJsonValue()), node("N_NULL", "group", QJsonValue()),
+                         node("N_INT", "count", "group"), node("N_FLOAT", "ratio", QJsonValue())}));
+    QCOMPARE(document.value("shaders").toArray(), QJsonArray({"body", "metal"}));
+    QCOMPARE(document.value("textures").toArray(), QJsonArray({"tex/skin.png", "inside"}));
+}
+
+void tst_kelmo_batch::infoOfAnEmptyDocument()
+{
+    KmdBytes file(1.0); // which has no materials
+    QVERIFY(write("old.kmd", file.bytes()));
+    const QJsonObject document = info(QStringLiteral("old.kmd"));
+    for (const char *list : {"meshes", "bones", "morphs", "rigidBodies", "joints", "displayNodes", "shaders", "textures"}) {
+        QVERIFY2(document.value(QLatin1String(list)).isArray(), list);
+        QVERIFY2(document.value(QLatin1String(list)).toArray().isEmpty(), list);
+    }
+    QCOMPARE(document.value("weights").toObject(), QJsonObject({{"entries", 0}, {"sdef", 0}}));
+    QCOMPARE(document.value("keys").toInt(-1), 0);
+    QCOMPARE(document.size(), 12);
+}
+
+void tst_kelmo_batch::convertWritesTheSameDocument()
+{
+    QCOMPARE(run({QStringLiteral("convert"), QStringLiteral("good.kmd"), QStringLiteral("a.kmd")}).code, 0);
+    QCOMPARE(run({QStringLiteral("convert"), QStringLiteral("a.kmd"), QStringLiteral("b.kmd")}).code, 0);
+    QCOMPARE(info(QStringLiteral("a.kmd")), info(QStringLiteral("good.kmd")));
+    QVERIFY(!read("a.kmd").isEmpty());
+    QCOMPARE(read("b.kmd"), read("a.kmd"));
+}
+
+void tst_kelmo_batch::convertFitsRelease1()
+{
+    QCOMPARE(run({QStringLiteral("convert"), QStringLiteral("--compatibility"), QStringLiteral("good.kmd"),
+                  QStringLiteral("old.kmd")})
+                 .code,
+             0);
+    QCOMPARE(read("old.kmd").mid(10, 8), QByteArray("\x40\x08\0\0\0\0\0\0", 8));
+    const Result back = run({QStringLiteral("info"), QStringLiteral("old.kmd")});
+    QCOMPARE(back.code, 2);
+    QVERIFY(back.error.contains("release 1"));
+}
+
+void tst_kelmo_batch::pathsInAnyLanguageAndLocale()
+{
+    const QString name = QStringLiteral("モデル ü \U0001F98A.kmd");
+    QVERIFY(QFile::copy(path("good.kmd"), m_dir->filePath(name)));
+    for (const char *locale : {"C", "C.UTF-8", "POSIX"}) {
+        const QStringList environment{QStringLiteral("LC_ALL=%1").arg(QLatin1String(locale)), QStringLiteral("LANG=C")};
+        const QString copy = QStringLiteral("写し_%1.kmd").arg(QLatin1String(locale));
+        const Result result = run({QStringLiteral("convert"), name, copy}, environment);
+        QVERIFY2(result.code == 0, result.error.constData());
+        QVERIFY(QFile::exists(m_dir->filePath(copy)));
+    }
+}
+
+void tst_kelmo_batch::warningsGoToStderr()
+{
+    KmdBytes file(4.4);
+    file.parents[3] = 777;
+    QVERIFY(write("odd.kmd", file.bytes()));
+    const Result result = run({QStringLiteral("info"), QStringLiteral("odd.kmd")});
+    QCOMPARE(result.code, 0);
+    QVERIFY2(result.error.contains("unknown parent"), result.error.constData());
+    QVERIFY(!QJsonDocument::fromJson(result.out).isNull());
+}
+
+void tst_kelmo_batch::noDisplayIsNeeded()
+{
+    for (const char *display : {"DISPLAY=", "DISPLAY=:4711"}) { // none, and one that isn't there
+        const Result result = run({QStringLiteral("info"), QStringLiteral("good.kmd")}, {QLatin1String(display)});
+        QVERIFY2(result.code == 0, result.error.constData());
+    }
+}
+
+KM_TEST(tst_kelmo_batch);
+
+#include "tst_kelmo_batch.moc"

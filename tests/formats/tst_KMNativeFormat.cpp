@@ -1,0 +1,409 @@
+#include "core/KMBasicShaderNode.h"
+#include "core/KMEmbeddedTextureNode.h"
+#include "core/KMFileTextureNode.h"
+#include "core/KMHeadlessSession.h"
+#include "core/KMNullNode.h"
+#include "core/KMPbrShaderNode.h"
+#include "core/KMProcTextureNode.h"
+#include "core/KMProject.h"
+#include "core/KMSettings.h"
+#include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
+#include "core/KMValueNodeContainer.h"
+#include "core/KMVariantNode.h"
+#include "core/KMVersion.h"
+#include "formats/KMNativeFormat.h"
+#include "support/DocumentText.h"
+#include "support/ScriptedPrompt.h"
+#include "support/TestPaths.h"
+#include "support/TestRegistry.h"
+#include "support/TestTag.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <random>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+class tst_KMNativeFormat : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void roundTrip_data();
+    void roundTrip();
+    void writesAreEqual();
+    void newNamesOfOldNodes();
+    void manyNodes();
+    void whatHasNoPlaceIsTold();
+    void compatibilityForm();
+    void thumbnailBesideTheFile();
+    void failedSaveKeepsTheOldFile_data();
+    void failedSaveKeepsTheOldFile();
+    void fullDisk();
+    void killedWhileSaving();
+
+private:
+    QString path(const char *name) const { return m_dir->filePath(QString::fromUtf8(name)); }
+    QByteArray saved(const char *name);
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<KMHeadlessSession> m_session;
+    ScriptedPrompt m_prompt;
+};
+
+namespace {
+
+constexpr char loopVariable[] = "KELMO_TEST_SAVE_LOOP";
+
+KMNullNode *addNull(const QString &name, KMContainerNode *parent = nullptr)
+{
+    auto *node = new KMNullNode;
+    gProject->addToScene(node);
+    node->setName(name);
+    if (parent) {
+        gProject->tree()->takeTopLevelItem(gProject->tree()->topLevelItemCount() - 1);
+        parent->item()->addChild(node->item());
+    }
+    KMTreeWidget::showState(node->item());
+    return node;
+}
+
+template <class T, class Value>
+T *addValue(const QString &name, const Value &value)
+{
+    auto *node = new T;
+    gProject->addToScene(node);
+    node->setName(name);
+    node->value()->setValue(value);
+    KMTreeWidget::showState(node->item());
+    return node;
+}
+
+void fillWithEverything()
+{
+    gProject->setName(QStringLiteral("作品 ß \U0001F98A"));
+    gProject->setInformation(QStringLiteral("line\nline\0end"));
+    gProject->setTextInfo(2, QStringLiteral("two"));
+    gSolution->setBackgroundColor(QColor::fromHsv(200, 40, 60));
+    gSolution->setLightAngles({1.25f, -30.0f, 1e-30f});
+    gSolution->setViewFlags({{true, false, true, true, false, false, true, false, true, true, true}});
+    gSolution->setFogDistance(-3);
+    gSolution->setDisplayMask(-1);
+    gSolution->setNodeFilterOn(true);
+
+    addValue<KMBoolNodeContainer>(QStringLiteral("はい"), false);
+    addValue<KMIntNodeContainer>(QString(), -2147483647);
+    addValue<KMFloatNodeContainer>(QStringLiteral("%1"), 1.0f / 3.0f);
+    KMNullNode *group = addNull(QStringLiteral("グループ"));
+    KMTransform transform;
+    transform.scale = {1.0f, -2.0f, 0.1f};
+    transform.rotation = kvm::Quaternion(0.5f, 0.5f, -0.5f, 0.5f);
+    transform.translation = {1e30f, -0.0f, 1e-42f};
+    group->setTransform(transform);
+    group->setVisible(false);
+    group->setLocked(true);
+    addNull(QStringLiteral("same"), group);
+    addNull(QStringLiteral("same"), group);
+    group->item()->setExpanded(true);
+
+    gProject->addTextureFile(QStringLiteral("テクスチャ/肌.png"))->setName(QStringLiteral("skin"));
+    gProject->addToScene(new KMProcTextureNode);
+    auto *embedded = new KMEmbeddedTextureNode;
+    QImage picture(7, 5, QImage::Format_ARGB32);
+    picture.fill(QColor(1, 2, 3, 4));
+    embedded->setImage(picture);
+    gProject->addToScene(embedded);
+
+    auto *shader = new KMBasicShaderNode;
+    KMBasicShader values;
+    values.diffuse = QColor(1, 2, 3, 4);
+    values.shininess = 999;
+    values.textures = {2, 1, 0, -1, 2, -1};
+    values.multiMode = 3;
+    values.shaderType = 1;
+    values.outlineEnabled = true;
+    values.outlineSize = 0.3f;
+    values.doubleSided = true;
+    shader->setValues(values);
+    gProject->addToScene(shader);
+    gProject->addToScene(new KMPbrShaderNode);
+    gSolution->setCurrentNode(group);
+    gSolution->setCurrentShader(shader);
+    gSolution->setCurrentTexture(embedded);
+}
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+/// The child of killedWhileSaving(): saves documents of changing size until it is killed.
+[[noreturn]] void saveForEver(const QString &path)
+{
+    const KMHeadlessSession session;
+    installNativeFormat(gSolution);
+    for (int i = 0;; ++i) {
+        gProject->setInformation(QString(100000 + i % 7 * 50000, QLatin1Char('x')));
+        if (!gSolution->saveBackup(path))
+            ::_exit(1);
+    }
+}
+
+/// Runs the batch program with a limit on the size of files, as a full disk would be.
+class LimitedProcess : public QProcess
+{
+protected:
+    void setupChildProcess() override
+    {
+        const rlimit limit{4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ::signal(SIGXFSZ, SIG_IGN);
+    }
+};
+
+} // namespace
+
+void tst_KMNativeFormat::initTestCase()
+{
+    if (qEnvironmentVariableIsSet(loopVariable))
+        saveForEver(qEnvironmentVariable(loopVariable));
+}
+
+void tst_KMNativeFormat::init()
+{
+    m_dir = std::make_unique<QTemporaryDir>();
+    m_session = std::make_unique<KMHeadlessSession>();
+    gSettings->enableBackup = false;
+    installNativeFormat(gSolution);
+    m_prompt.messages.clear();
+    KMPrompt::setCurrent(&m_prompt);
+}
+
+void tst_KMNativeFormat::cleanup()
+{
+    m_session.reset();
+    KMPrompt::setCurrent(nullptr);
+}
+
+QByteArray tst_KMNativeFormat::saved(const char *name)
+{
+    return gSolution->saveBackup(path(name)) ? contents(path(name)) : QByteArray();
+}
+
+void tst_KMNativeFormat::roundTrip_data()
+{
+    using Fill = std::function<void()>;
+    QTest::addColumn<Fill>("fill");
+    QTest::newRow("nothing") << Fill([] {});
+    QTest::newRow("one value") << Fill([] { addValue<KMIntNodeContainer>(QStringLiteral("n"), 5); });
+    QTest::newRow("everything") << Fill(&fillWithEverything);
+    QTest::newRow("nested 50 deep") << Fill([] {
+        KMNullNode *parent = nullptr;
+        for (int i = 0; i < 50; ++i) {
+            parent = addNull(QString::number(i), parent);
+            addNull(QStringLiteral("leaf"), parent);
+        }
+        for (QTreeWidgetItem *row : KMTreeWidget::flatten(gProject->tree()))
+            row->setExpanded(row->childCount() > 0 && KMTreeWidget::nodeOf(row)->name() != QLatin1String("7"));
+    });
+}
+
+Q_DECLARE_METATYPE(std::function<void()>)
+
+void tst_KMNativeFormat::roundTrip()
+{
+    QFETCH(std::function<void()>, fill);
+    fill();
+    const QStringList before = documentText();
+    const QByteArray first = saved("первый 一.kmd");
+    QVERIFY(!first.isEmpty());
+    QVERIFY(gSolution->load(path("первый 一.kmd")));
+    QCOMPARE(documentText(), before);
+    QCOMPARE(documentFault(), QString());
+    QVERIFY(!gSolution->isModified());
+    QCOMPARE(m_session->stack().count(), 0);
+    QCOMPARE(saved("second.kmd"), first);
+    QCOMPARE(m_prompt.messages.size(), 0);
+}
+
+void tst_KMNativeFormat::writesAreEqual()
+{
+    fillWithEverything();
+    const QByteArray first = saved("a.kmd");
+    QCOMPARE(saved("b.kmd"), first);
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden), QStringList({"a.kmd", "b.kmd"}));
+}
+
+/// Nodes of a file keep their names even where they meet; what is added afterwards is numbered past them.
+void tst_KMNativeFormat::newNamesOfOldNodes()
+{
+    addNull(QStringLiteral("Null0"));
+    addNull(QStringLiteral("Null0"));
+    QVERIFY(!saved("a.kmd").isEmpty());
+    QVERIFY(gSolution->load(path("a.kmd")));
+    auto *node = new KMNullNode;
+    gProject->addNode(node);
+    QCOMPARE(node->name(), QStringLiteral("Null1"));
+    QCOMPARE(gProject->nullNodes().at(1)->name(), QStringLiteral("Null0"));
+}
+
+void tst_KMNativeFormat::manyNodes()
+{
+    KMNullNode *group = nullptr;
+    for (int i = 0; i < 2000; ++i)
+        group = addNull(QString::number(i), i % 50 ? group : nullptr);
+    const QStringList before = documentText();
+    QVERIFY(!saved("many.kmd").isEmpty());
+    QVERIFY(gSolution->load(path("many.kmd")));
+    QStringList after = documentText();
+    after.removeAll(QStringLiteral("current 0"));
+    QCOMPARE(gProject->nullNodes().size(), 2000);
+    QCOMPARE(after.size(), before.size() - before.count(QStringLiteral("current 0")));
+    QCOMPARE(documentFault(), QString());
+}
+
+void tst_KMNativeFormat::whatHasNoPlaceIsTold()
+{
+    KMNullNode *node = addNull(QStringLiteral("owner"));
+    node->addTag(new TestTag(QStringLiteral("note")));
+    QVERIFY(!saved("a.kmd").isEmpty());
+    QCOMPARE(m_prompt.messages.size(), 1);
+    QVERIFY(m_prompt.messages.first().text.contains(QStringLiteral("note0")));
+    QVERIFY(gSolution->load(path("a.kmd")));
+    QCOMPARE(gProject->nullNodes().size(), 1);
+}
+
+void tst_KMNativeFormat::compatibilityForm()
+{
+    fillWithEverything();
+    const QByteArray present = saved("present.kmd");
+    KMNativeFormat *format = installNativeFormat(gSolution);
+    QTest::ignoreMessage(QtDebugMsg, "Ver1_compatibility");
+    QVERIFY(format->write(path("old.kmd"), KMVersion::CompatibilityForm));
+    QByteArray old = contents(path("old.kmd"));
+    // Without tags, cubes and 3D text the number of the form is all that differs.
+    const int versionAt = 10;
+    QCOMPARE(old.mid(versionAt, 8), QByteArray("\x40\x08\0\0\0\0\0\0", 8));
+    QCOMPARE(present.mid(versionAt, 8), QByteArray("\x40\x11\x99\x99\xa0\0\0\0", 8));
+    old.replace(versionAt, 8, present.mid(versionAt, 8));
+    QCOMPARE(old, present);
+}
+
+void tst_KMNativeFormat::thumbnailBesideTheFile()
+{
+    addNull(QStringLiteral("n"));
+    const QByteArray without = saved("a.kmd");
+    QImage shot(1000, 500, QImage::Format_RGB32);
+    shot.fill(Qt::green);
+    QVERIFY(shot.save(path("shot.png")));
+    QByteArray with = saved("a.kmd");
+    const int start = with.indexOf("\x89PNG");
+    const int end = with.indexOf("IEND") + 8;
+    QVERIFY(start > 0 && !without.contains("\x89PNG"));
+    const QImage image = QImage::fromData(with.mid(start, end - start));
+    QCOMPARE(image.size(), QSize(256, 128));
+    QCOMPARE(image.pixelColor(100, 100), QColor(Qt::green));
+    // The mark for "a picture follows" and the picture are all that was added.
+    with.remove(start, end - start);
+    with[start - 1] = 0;
+    QCOMPARE(with, without);
+    QVERIFY(gSolution->load(path("a.kmd")));
+}
+
+void tst_KMNativeFormat::failedSaveKeepsTheOldFile_data()
+{
+    QTest::addColumn<QString>("target"); // below the folder of the test
+    QTest::addColumn<bool>("locked");
+    QTest::newRow("folder missing") << QStringLiteral("nowhere/a.kmd") << false;
+    QTest::newRow("path is a folder") << QStringLiteral("folder") << false;
+    QTest::newRow("path below a file") << QStringLiteral("old.kmd/a.kmd") << false;
+    QTest::newRow("read-only folder") << QStringLiteral("locked/old.kmd") << true;
+    QTest::newRow("device that takes no files") << QStringLiteral("/proc/a.kmd") << false;
+    QTest::newRow("no path") << QString() << false;
+}
+
+void tst_KMNativeFormat::failedSaveKeepsTheOldFile()
+{
+    QFETCH(QString, target);
+    QFETCH(bool, locked);
+    if (locked && ::geteuid() == 0)
+        QSKIP("root writes into read-only folders");
+    QDir dir(m_dir->path());
+    QVERIFY(dir.mkdir(QStringLiteral("folder")) && dir.mkdir(QStringLiteral("locked")));
+    const QByteArray old = saved("old.kmd");
+    QVERIFY(QFile::copy(path("old.kmd"), path("locked/old.kmd")));
+    if (locked)
+        QFile::setPermissions(path("locked"), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+    addNull(QStringLiteral("new"));
+    QVERIFY(!gSolution->isModified() || m_session->stack().count() > 0);
+
+    QTest::ignoreMessage(QtDebugMsg, "file open error.");
+    QVERIFY(!gSolution->saveBackup(target.isEmpty() ? target : dir.filePath(target)));
+    QFile::setPermissions(path("locked"), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    QCOMPARE(m_prompt.messages.size(), 1);
+    QVERIFY(gSolution->fileName().isEmpty());
+    QVERIFY(gSolution->isModified());
+    QCOMPARE(contents(path("old.kmd")), old);
+    QCOMPARE(contents(path("locked/old.kmd")), old);
+    QVERIFY(QFileInfo(path("folder")).isDir());
+}
+
+void tst_KMNativeFormat::fullDisk()
+{
+    QVERIFY(!saved("old.kmd").isEmpty());
+    const QByteArray old = contents(path("old.kmd"));
+    gProject->setInformation(QString(10000, QLatin1Char('x')));
+    QVERIFY(!saved("large.kmd").isEmpty());
+
+    LimitedProcess process;
+    process.start(TestPaths::batchProgram(), {QStringLiteral("convert"), path("large.kmd"), path("old.kmd")});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 3);
+    QVERIFY(process.readAllStandardError().contains("can't be written"));
+    QCOMPARE(contents(path("old.kmd")), old);
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden).size(), 2); // nothing half written is left
+}
+
+/// Whenever a save is cut off, what is at the path is a whole document, the old one or the new.
+void tst_KMNativeFormat::killedWhileSaving()
+{
+    const int rounds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 300 : 12;
+    std::mt19937 random(7);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(loopVariable), path("loop.kmd"));
+    QVERIFY(!saved("loop.kmd").isEmpty());
+    int written = 0;
+    for (int round = 0; round < rounds; ++round) {
+        QProcess child;
+        child.setProcessEnvironment(environment);
+        child.setStandardOutputFile(QProcess::nullDevice());
+        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("tst_KMNativeFormat")});
+        QVERIFY(child.waitForStarted());
+        const QDateTime before = QFileInfo(path("loop.kmd")).lastModified();
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(path("loop.kmd")).lastModified() != before, 20000);
+        QTest::qWait(int(random() % 40));
+        child.kill();
+        QVERIFY(child.waitForFinished());
+        QVERIFY2(gSolution->load(path("loop.kmd")), qPrintable(QString::number(round)));
+        const int length = gProject->information().size();
+        written += length >= 100000;
+        QVERIFY2(length >= 100000 && length % 50000 == 0, qPrintable(QString::number(length)));
+    }
+    QCOMPARE(written, rounds);
+    QCOMPARE(m_prompt.messages.size(), 0);
+}
+
+KM_TEST(tst_KMNativeFormat);
+
+#include "tst_KMNativeFormat.moc"

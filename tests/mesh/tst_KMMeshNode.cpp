@@ -1,0 +1,706 @@
+#include "core/KMNodeType.h"
+#include "core/KMSolution.h"
+#include "core/KMTransformCommands.h"
+#include "core/KMVariantNode.h"
+#include "mesh/KMMeshEdit.h"
+#include "mesh/KMMeshNode.h"
+#include "support/MeshFixtures.h"
+#include "support/TestModifier.h"
+#include "support/TestRegistry.h"
+
+#include <QDebug>
+#include <QTest>
+#include <QUndoStack>
+
+#include <cmath>
+#include <memory>
+
+using namespace KMMeshDirty;
+
+class tst_KMMeshNode : public QObject
+{
+    Q_OBJECT
+private slots:
+    void fixturesAreSound_data();
+    void fixturesAreSound();
+    void freshMesh();
+    void debugTexts();
+    void rawEdits();
+    void refreshOrder_data();
+    void refreshOrder();
+    void earlyExits_data();
+    void earlyExits();
+    void refreshTakesItsBits();
+    void offsetsAreTakenBackAndLaidOn();
+    void shadersRaiseBuffers();
+    void chainFollowsTheSession();
+    void chainIsRebuiltFromTheChangedStage();
+    void editedResultReachesItsOwner();
+    void notificationsComeOnce();
+    void edgesKeepWhatTheyCarry();
+    void lineAndDegenerateFaces();
+    void compactKeepsEdges();
+    void compactAndBack_data();
+    void compactAndBack();
+    void compactTellsAndRemaps();
+    void cloneCopiesShape_data();
+    void cloneCopiesShape();
+    void clearedGeometry();
+    void flagSettersRaiseBits();
+    void selectionCache();
+    void rememberedPositions();
+    void projection();
+    void drawnElements_data();
+    void drawnElements();
+    void smoothAngleMarksNormals();
+    void frameMovesNoVertices();
+};
+
+namespace {
+
+using Maker = std::function<KMMeshNode *()>;
+
+void addFixtureRows()
+{
+    QTest::addColumn<Maker>("make");
+    QTest::newRow("grid") << Maker([] { return MeshFixtures::grid(4, 3); });
+    QTest::newRow("torus") << Maker([] { return MeshFixtures::torus(5, 4); });
+    QTest::newRow("cube") << Maker(MeshFixtures::cube);
+    QTest::newRow("open cone") << Maker([] { return MeshFixtures::openCone(7); });
+    QTest::newRow("quad with hole") << Maker(MeshFixtures::quadWithHole);
+    QTest::newRow("fan") << Maker([] { return MeshFixtures::nonManifoldFan(); });
+    QTest::newRow("mixed bag") << Maker(MeshFixtures::mixedBag);
+    QTest::newRow("empty") << Maker([] { return MeshFixtures::grid(0, 0); });
+}
+
+std::unique_ptr<KMMeshNode> fetchMesh()
+{
+    QFETCH(Maker, make);
+    return std::unique_ptr<KMMeshNode>(make());
+}
+
+QStringList taken(QStringList &log)
+{
+    QStringList result;
+    result.swap(log);
+    return result;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Maker)
+
+void tst_KMMeshNode::fixturesAreSound_data()
+{
+    addFixtureRows();
+}
+
+void tst_KMMeshNode::fixturesAreSound()
+{
+    QCOMPARE(checkInvariants(*fetchMesh()), QString());
+}
+
+void tst_KMMeshNode::freshMesh()
+{
+    const KMMeshNode mesh;
+    QCOMPARE(mesh.type(), 0x4600004);
+    QCOMPARE(mesh.name(), QStringLiteral("Mesh"));
+    QCOMPARE(mesh.dirtyMask(), 32767u);
+    QCOMPARE(mesh.renderDirty(), 7u);
+    QCOMPARE(mesh.smoothAngle(), 60.0f);
+    QVERIFY(!mesh.needsCompact());
+    QVERIFY(!mesh.vertex(0) && !mesh.face(-1) && !mesh.findEdge(0, 1));
+    for (KMNode *port : {static_cast<KMNode *>(mesh.visibleNode()), static_cast<KMNode *>(mesh.lockedNode()),
+                         static_cast<KMNode *>(mesh.smoothAngleNode())})
+        QCOMPARE(mesh.nodePort(port->objectName()), port);
+}
+
+void tst_KMMeshNode::debugTexts()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::openCone(3));
+    mesh->vertex(0)->weight = 0.25f;
+    QString vertex;
+    QDebug(&vertex) << *mesh->vertex(0);
+    QCOMPARE(vertex.trimmed(), QStringLiteral("KMVertex(\npos:0, 2, 0\nweight:0.25\nrefcount:3\n0,1,2,\n)"));
+    mesh->face(1)->uvs[2] = {0.5f, 1.0f};
+    for (kvm::Vector3 &normal : mesh->face(1)->normals)
+        normal = {0, 1, 0};
+    QString face;
+    QDebug(&face) << *mesh->face(1);
+    QCOMPARE(face.trimmed(),
+             QStringLiteral("KMFace(\ncount:3\nshader:-1\nref index:0,2,3,Vector3(0, 1, 0),Vector3(0, 1, 0),"
+                            "Vector3(0, 1, 0),Vector2(0, 0),Vector2(0, 0),Vector2(0.5, 1),\n)"));
+}
+
+void tst_KMMeshNode::rawEdits()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(2, 1));
+    mesh->face(0)->normals[1] = {0, 1, 0};
+    mesh->face(0)->uvs[1] = {1, 1};
+    mesh->face(0)->flags = KMElementFlag::Selected;
+    const int triangle[] = {0, 1, 5};
+    mesh->setFaceRaw(0, 3, triangle);
+    QCOMPARE(mesh->faceCornerCount(0), 3);
+    QCOMPARE(mesh->face(0)->normals[1], kvm::Vector3(0, 1, 0));
+    QCOMPARE(mesh->faceUVs(0)[1], kvm::Vector2());
+    QCOMPARE(int(mesh->face(0)->flags), 0);
+    QVERIFY(!mesh->vertex(4)->faceRefs.contains(0));
+    const int twice[] = {0, 0, 1};
+    QCOMPARE(mesh->addFaceRaw(3, twice), 2);
+    QCOMPARE(mesh->vertex(0)->faceRefs.toList(), QList<int>({0, 2}));
+    mesh->resizeVertices(9);
+    mesh->resizeFaces(4);
+    QCOMPARE(mesh->vertex(8)->index, 8);
+    QCOMPARE(mesh->faceCornerCount(3), 0);
+    mesh->setFaceRaw(3, 3, triangle);
+    mesh->setFaceColor(3, {1, 0, 0, 1});
+    QCOMPARE(mesh->face(3)->colors[2], kvm::Vector4(1, 0, 0, 1));
+    mesh->refreshMesh(All);
+    QCOMPARE(checkInvariants(*mesh), QString());
+    QVERIFY(!mesh->needsCompact());
+}
+
+void tst_KMMeshNode::refreshOrder_data()
+{
+    QTest::addColumn<quint32>("mask");
+    QTest::addColumn<QString>("calls");
+    QTest::newRow("nothing") << 0u << "";
+    QTest::newRow("all") << quint32(All)
+                         << "tag.onFullRefresh a.clearResult b.clearResult a.copyFaceFlags b.copyFaceFlags "
+                            "a.onVertexFlagsChanged b.onVertexFlagsChanged tag.unapply tag.apply "
+                            "a.onPositionsChanged b.onPositionsChanged a.onWeightChanged b.onWeightChanged "
+                            "a.onShaderChanged b.onShaderChanged a.rebuild b.rebuild";
+    QTest::newRow("positions") << 1u << "tag.unapply tag.apply";
+    QTest::newRow("moved") << 2049u << "tag.unapply tag.apply a.onPositionsChanged b.onPositionsChanged";
+    QTest::newRow("weights") << 32u << "a.onWeightChanged b.onWeightChanged";
+    QTest::newRow("shaders") << 64u << "a.onShaderChanged b.onShaderChanged";
+    QTest::newRow("weights and shaders") << 96u
+                                         << "a.onWeightChanged b.onWeightChanged a.onShaderChanged b.onShaderChanged";
+    QTest::newRow("face flags") << 0x180u << "a.copyFaceFlags b.copyFaceFlags";
+    QTest::newRow("all but one bit") << quint32(All & ~Topology & ~Positions)
+                                     << "a.copyFaceFlags b.copyFaceFlags a.onVertexFlagsChanged "
+                                        "b.onVertexFlagsChanged a.onPositionsChanged b.onPositionsChanged "
+                                        "a.onWeightChanged b.onWeightChanged a.onShaderChanged b.onShaderChanged";
+}
+
+void tst_KMMeshNode::refreshOrder()
+{
+    QFETCH(const quint32, mask);
+    QFETCH(const QString, calls);
+    QStringList log; // outlives those who write to it
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    mesh->addTag(new TestMeshTag(&log));
+    auto *gone = new TestMeshTag(&log);
+    gone->setDeleted(true);
+    mesh->addTag(gone);
+    const TestModifier a(mesh.get(), &log, QStringLiteral("a"));
+    const TestModifier b(mesh.get(), &log, QStringLiteral("b"));
+    mesh->refreshMesh(mask);
+    QCOMPARE(log.join(QLatin1Char(' ')), calls);
+}
+
+void tst_KMMeshNode::earlyExits_data()
+{
+    QTest::addColumn<quint32>("mask");
+    QTest::addColumn<bool>("listsFollow");
+    QTest::newRow("positions") << 1u << false;
+    QTest::newRow("weights") << 32u << false;
+    QTest::newRow("shaders") << 64u << false;
+    QTest::newRow("moved") << 2049u << true;
+    QTest::newRow("positions and weights") << 33u << true;
+    QTest::newRow("weights and shaders") << 96u << true;
+}
+
+void tst_KMMeshNode::earlyExits()
+{
+    QFETCH(const quint32, mask);
+    QFETCH(const bool, listsFollow);
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    mesh->removeFaceRefs(5);
+    mesh->setFace(5, nullptr);
+    mesh->refreshMesh(mask);
+    QCOMPARE(mesh->liveFaces().size(), listsFollow ? 5 : 6);
+    QCOMPARE(mesh->triangleCount(), listsFollow ? 10 : 12);
+    QCOMPARE(mesh->edgeCount(), 12);
+    QCOMPARE(mesh->findEdge(1, 3)->faceRefs.size(), 2); // without bit 2 the edges stay as they were
+    QCOMPARE(bool(mesh->dirtyMask() & mask), false);
+}
+
+void tst_KMMeshNode::refreshTakesItsBits()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    QCOMPARE(mesh->dirtyMask(), 0u);
+    mesh->markDirty(Moved);
+    mesh->requestRefresh(Weights);
+    mesh->refreshMesh(Weights);
+    QCOMPARE(mesh->dirtyMask(), quint32(Moved));
+    mesh->clearRenderDirty(~0u);
+    mesh->refreshMesh(Colors);
+    QCOMPARE(mesh->renderDirty(), quint32(RenderColors));
+    mesh->refreshMesh(Moved);
+    QCOMPARE(mesh->renderDirty(), quint32(RenderColors | RenderVertices));
+    mesh->refreshMesh(Buffers);
+    QCOMPARE(mesh->renderDirty(), quint32(RenderAll | RenderColors));
+}
+
+void tst_KMMeshNode::offsetsAreTakenBackAndLaidOn()
+{
+    QStringList log; // outlives those who write to it
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    auto *tag = new TestMeshTag(&log);
+    mesh->addTag(tag);
+    const float y = mesh->position(0).y;
+    tag->offset = 1.0f;
+    tag->apply();
+    mesh->refreshMesh(Positions);
+    QCOMPARE(mesh->position(0).y, y + 1.0f);
+    mesh->rememberPositions(true);
+    QCOMPARE(mesh->memoryPositions().at(1), y);
+    QCOMPARE(mesh->position(0).y, y + 1.0f);
+    mesh->rememberPositions(false);
+    QCOMPARE(mesh->memoryPositions().at(1), y + 1.0f);
+    QCOMPARE(mesh->findTag(KMNodeType::Tag), tag);
+    tag->setDeleted(true);
+    QVERIFY(!mesh->findTag(KMNodeType::Tag));
+}
+
+void tst_KMMeshNode::shadersRaiseBuffers()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    mesh->clearRenderDirty(~0u);
+    mesh->setFaceShader(3, 4);
+    mesh->refreshMesh(Edges);
+    QCOMPARE(mesh->usedShaders(), QList<int>({-1, 4}));
+    QCOMPARE(mesh->renderDirty(), quint32(RenderAll));
+    mesh->clearRenderDirty(~0u);
+    mesh->setFaceShader(3, 2);
+    mesh->refreshMesh(Edges);
+    QCOMPARE(mesh->renderDirty(), 0u); // as many as before
+}
+
+void tst_KMMeshNode::chainFollowsTheSession()
+{
+    QStringList log; // outlives those who write to it
+    MeshScene scene(MeshFixtures::cube());
+    TestModifier modifier(scene.mesh, &log, QStringLiteral("a"));
+    QUndoStack &stack = scene.session.stack();
+    const QStringList moved{QStringLiteral("a.onPositionsChanged"), QStringLiteral("a.update")};
+    KMMeshEdit::moveVertex(*scene.mesh, 2, {5, 5, 5});
+    QCOMPARE(taken(log), moved);
+    stack.undo();
+    QCOMPARE(taken(log), moved);
+    stack.redo();
+    QCOMPARE(taken(log), moved);
+    const QStringList weighted{QStringLiteral("a.onWeightChanged"), QStringLiteral("a.update")};
+    KMMeshEdit::setVertexWeight(*scene.mesh, 2, 0.5f);
+    QCOMPARE(taken(log), weighted);
+    stack.undo();
+    QCOMPARE(taken(log), weighted);
+    KMMeshEdit::deleteFace(*scene.mesh, 1);
+    QCOMPARE(log.count(QStringLiteral("a.rebuild")), 1);
+    QVERIFY(!log.contains(QStringLiteral("a.update"))); // a rebuilt chain has nothing to catch up with
+    QVERIFY(!scene.mesh->isChainPending());
+    scene.mesh->removeModifierEntry(&modifier);
+    taken(log);
+    stack.undo();
+    QVERIFY(log.isEmpty());
+}
+
+void tst_KMMeshNode::chainIsRebuiltFromTheChangedStage()
+{
+    QStringList log; // outlives those who write to it
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    TestModifier a(mesh.get(), &log, QStringLiteral("a"));
+    TestModifier b(mesh.get(), &log, QStringLiteral("b"));
+    TestModifier c(mesh.get(), &log, QStringLiteral("c"));
+    b.topologyChanges = true;
+    mesh->evaluateModifiers();
+    QCOMPARE(taken(log).join(QLatin1Char(' ')), QStringLiteral("a.update b.update b.rebuild c.rebuild"));
+    QCOMPARE(mesh->findModifierOfType(KMNodeType::ModSym), &a);
+    mesh->removeModifierEntry(&a);
+    QCOMPARE(mesh->findModifierOfType(KMNodeType::ModSym), &b);
+    QVERIFY(!mesh->findModifierOfType(KMNodeType::ModSdv));
+}
+
+void tst_KMMeshNode::editedResultReachesItsOwner()
+{
+    QStringList log; // outlives those who write to it
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    TestModifier a(mesh.get(), &log, QStringLiteral("a"));
+    a.modMesh()->setDirtyMask(0);
+    a.modMesh()->addVertexRaw({});
+    a.modMesh()->markMoved();
+    QCOMPARE(a.modMesh()->dirtyMask(), 512u | 2049u);
+    QCOMPARE(mesh->dirtyMask(), 2049u);
+    a.modMesh()->refreshMesh(a.modMesh()->dirtyMask());
+    QCOMPARE(log, QStringList(QStringLiteral("a.onModMeshEdited")));
+    mesh->setDirtyMask(0);
+    mesh->markMoved();
+    QCOMPARE(mesh->dirtyMask(), 2049u);
+}
+
+void tst_KMMeshNode::notificationsComeOnce()
+{
+    QStringList log; // outlives those who write to it
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    mesh->addTag(new TestMeshTag(&log));
+    const TestModifier a(mesh.get(), &log, QStringLiteral("a"));
+    mesh->beginFrame();
+    QVERIFY(log.isEmpty());
+    mesh->markNotify(ModifierBuilt);
+    mesh->setDirtyMask(All);
+    mesh->beginFrame();
+    QVERIFY(log.isEmpty()); // a mesh that has to be read anew first keeps them for later
+    mesh->setDirtyMask(Moved);
+    mesh->beginFrame();
+    mesh->beginFrame();
+    QCOMPARE(log, QStringList({QStringLiteral("a.updateTags"), QStringLiteral("tag.onNodeEvent 32768")}));
+}
+
+void tst_KMMeshNode::edgesKeepWhatTheyCarry()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(2, 1));
+    mesh->findEdge(1, 4)->weight = 0.5f; // between the quads
+    mesh->findEdge(0, 1)->flags = KMElementFlag::Selected; // of the first alone
+    mesh->findEdge(0, 3)->weight = 0.25f;
+    mesh->removeFaceRefs(0);
+    mesh->setFace(0, nullptr);
+    mesh->refreshMesh(All);
+    QCOMPARE(mesh->findEdge(1, 4)->weight, 0.5f);
+    QVERIFY(!mesh->findEdge(0, 1) && !mesh->findEdge(0, 3));
+    QVERIFY(!mesh->hasEdgeFlag(KMElementFlag::Selected));
+    mesh->buildEdges();
+    QCOMPARE(mesh->findEdge(4, 1)->weight, 0.0f);
+}
+
+void tst_KMMeshNode::lineAndDegenerateFaces()
+{
+    KMMeshNode mesh;
+    for (int i = 0; i < 4; ++i)
+        mesh.addVertexRaw({float(i), 0, 0});
+    const int corners[] = {2, 1, 3};
+    QCOMPARE(mesh.addFaceRaw(2, corners), 0);
+    mesh.addFaceRaw(1, corners + 2);
+    mesh.refreshMesh(All);
+    QCOMPARE(mesh.findEdge(1, 2)->faceRefs.toList(), QList<int>({0, 0}));
+    QCOMPARE(mesh.faceOfEdge(2, 1), 0);
+    QCOMPARE(mesh.liveVertices().size(), 3); // the loose vertex is not live
+    QCOMPARE(mesh.liveFaces().size(), 1);
+    QCOMPARE(mesh.triangleCount(), 0);
+    QCOMPARE(mesh.face(0)->normals[0], kvm::Vector3());
+    mesh.compact();
+    mesh.refreshMesh(All);
+    QCOMPARE(mesh.vertexCount(), 2);
+    QCOMPARE(mesh.faceCount(), 1);
+    QCOMPARE(mesh.position(0).x, 1.0f);
+    QCOMPARE(mesh.findEdge(0, 1)->faceRefs.size(), 2);
+    QCOMPARE(checkInvariants(mesh), QString());
+}
+
+void tst_KMMeshNode::compactKeepsEdges()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(3, 1));
+    KMEdge *edge = mesh->findEdge(3, 7);
+    edge->flags = KMElementFlag::Selected;
+    edge->weight = 0.75f;
+    for (const int f : {0, 1}) {
+        mesh->removeFaceRefs(f);
+        mesh->setFace(f, nullptr);
+    }
+    mesh->compact();
+    QCOMPARE(mesh->vertexCount(), 4);
+    QCOMPARE(mesh->remappedVertex(3), 1);
+    QCOMPARE(mesh->remappedVertex(7), 3);
+    QCOMPARE(mesh->remappedVertex(0), -1);
+    QCOMPARE(mesh->remappedVertex(99), -1);
+    QCOMPARE(mesh->remappedFace(2), 0);
+    QVERIFY(mesh->findEdge(3, 1)->hasFlag(KMElementFlag::Selected));
+    QCOMPARE(mesh->findEdge(1, 3)->weight, 0.75f);
+    mesh->refreshMesh(All);
+    QCOMPARE(mesh->findEdge(1, 3)->weight, 0.75f);
+    QCOMPARE(checkInvariants(*mesh), QString());
+}
+
+void tst_KMMeshNode::compactAndBack_data()
+{
+    addFixtureRows();
+}
+
+void tst_KMMeshNode::compactAndBack()
+{
+    const std::unique_ptr<KMMeshNode> mesh = fetchMesh();
+    const int point[] = {0};
+    if (mesh->vertexCount() > 4) {
+        mesh->addFaceRaw(1, point); // stands in the list of a vertex that stays
+        mesh->addVertexRaw({9, 9, 9});
+        mesh->addFaceRaw(0, point);
+        const int corners[] = {1, 4, 0};
+        mesh->addFaceRaw(3, corners);
+    }
+    int weight = 0;
+    for (KMEdge *edge : mesh->edges())
+        edge->weight = float(++weight);
+    if (mesh->faceCount() > 1) {
+        mesh->removeFaceRefs(0);
+        mesh->setFace(0, nullptr);
+    }
+    mesh->refreshMesh(All);
+    const QString before = meshText(*mesh);
+    const bool neededCompact = mesh->needsCompact();
+    KMMeshStore::Dropped dropped;
+    mesh->applyCompact(&dropped);
+    mesh->refreshMesh(All);
+    QCOMPARE(checkInvariants(*mesh), QString());
+    QVERIFY(!mesh->needsCompact());
+    QVERIFY(!mesh->vertices().contains(nullptr) && !mesh->faces().contains(nullptr));
+    QCOMPARE(mesh->liveVertices().size(), mesh->vertexCount());
+    QCOMPARE(mesh->liveFaces().size(), mesh->faceCount());
+    mesh->applyExpand(dropped);
+    mesh->refreshMesh(All);
+    QCOMPARE(meshText(*mesh), before);
+    QCOMPARE(mesh->needsCompact(), neededCompact);
+    QCOMPARE(checkInvariants(*mesh), QString());
+}
+
+void tst_KMMeshNode::compactTellsAndRemaps()
+{
+    QStringList log; // outlives those who write to it
+    MeshScene scene(MeshFixtures::mixedBag());
+    scene.mesh->addTag(new TestMeshTag(&log));
+    const TestModifier a(scene.mesh, &log, QStringLiteral("a"));
+    const QStringList told{QStringLiteral("tag.remapIndices"), QStringLiteral("a.remapIndices")};
+    QVERIFY(KMMeshEdit::compact(*scene.mesh)); // at once: there is no history
+    QCOMPARE(scene.session.stack().count(), 0);
+    QCOMPARE(taken(log), told);
+    QVERIFY(!KMMeshEdit::compact(*scene.mesh));
+    const QString before = scene.dump.text();
+    KMMeshEdit::deleteVertex(*scene.mesh, 1);
+    taken(log);
+    QVERIFY(KMMeshEdit::compact(*scene.mesh));
+    QCOMPARE(scene.session.stack().undoText(), QStringLiteral("Compact"));
+    QCOMPARE(log.mid(0, 2), told);
+    QCOMPARE(scene.mesh->remappedVertex(3), 0);
+    taken(log);
+    scene.session.stack().undo();
+    QCOMPARE(log.mid(0, 2), told);
+    QCOMPARE(scene.mesh->remappedVertex(0), 3); // from the closed indices to the open ones
+    while (scene.session.stack().canUndo())
+        scene.session.stack().undo();
+    QCOMPARE(scene.dump.text(), before);
+}
+
+void tst_KMMeshNode::cloneCopiesShape_data()
+{
+    addFixtureRows();
+}
+
+void tst_KMMeshNode::cloneCopiesShape()
+{
+    QStringList log; // outlives those who write to it
+    const std::unique_ptr<KMMeshNode> mesh = fetchMesh();
+    mesh->setName(QStringLiteral("Body"));
+    mesh->setSmoothAngle(35.0f);
+    mesh->setLocked(true);
+    mesh->setTransform({{2, 2, 2}, {}, {1, 2, 3}});
+    mesh->addTagKeepName(new TestMeshTag(&log));
+    for (int i = 0; i < mesh->vertexCount(); ++i) {
+        if (mesh->vertex(i))
+            mesh->vertex(i)->weight = 0.1f * float(i);
+    }
+    for (KMEdge *edge : mesh->edges())
+        edge->weight = float(edge->index1);
+    for (KMFace *face : mesh->liveFaces()) {
+        face->uvs[1] = {0.5f, float(face->index)};
+        face->source = 77;
+        face->shader = face->index % 3;
+    }
+    mesh->refreshMesh(All);
+    const std::unique_ptr<KMMeshNode> copy(mesh->clone());
+    QCOMPARE(meshText(*copy), meshText(*mesh));
+    QCOMPARE(checkInvariants(*copy), QString());
+    QCOMPARE(copy->name(), QStringLiteral("Body"));
+    QVERIFY(copy->isLocked() && !copy->isSelected());
+    QCOMPARE(copy->translation(), kvm::Vector3(1, 2, 3));
+    QCOMPARE(copy->tagCount(), 1);
+    QCOMPARE(copy->tag(0)->owner(), copy.get());
+    QCOMPARE(copy->needsCompact(), mesh->needsCompact());
+    QCOMPARE(copy->dirtyMask(), quint32(All));
+}
+
+void tst_KMMeshNode::clearedGeometry()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::mixedBag());
+    mesh->setVertexFlag(0, KMElementFlag::Selected);
+    mesh->setFaceFlag(0, KMElementFlag::Selected);
+    mesh->rebuildSelectionCache();
+    mesh->rememberPositions(false);
+    mesh->setDirtyMask(0);
+    mesh->clearGeometry();
+    QCOMPARE(mesh->vertexCount() + mesh->faceCount() + mesh->edgeCount() + mesh->liveFaces().size()
+                 + mesh->liveVertices().size() + mesh->usedShaders().size() + mesh->triangleCount()
+                 + mesh->selectedFaces().size() + mesh->selectionPositions().size() + mesh->memoryPositions().size(),
+             0);
+    QCOMPARE(mesh->dirtyMask(), quint32(All));
+    QVERIFY(!mesh->needsCompact());
+    mesh->addVertexRaw({});
+    mesh->refreshMesh(All);
+    QCOMPARE(checkInvariants(*mesh), QString());
+}
+
+void tst_KMMeshNode::flagSettersRaiseBits()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::mixedBag());
+    const auto bitsOf = [&](const std::function<void()> &edit) {
+        mesh->setDirtyMask(0);
+        edit();
+        return mesh->dirtyMask();
+    };
+    const quint8 bit = KMElementFlag::Selected;
+    QCOMPARE(bitsOf([&] { mesh->setVertexFlag(0, bit); }), 0x500u);
+    QCOMPARE(bitsOf([&] { mesh->setVertexFlag(0, bit); }), 0u);
+    QCOMPARE(bitsOf([&] { mesh->clearVertexFlag(0, bit); }), 0x500u);
+    QCOMPARE(bitsOf([&] { mesh->setFaceFlag(0, bit); }), 0x180u);
+    QCOMPARE(bitsOf([&] { mesh->clearFaceFlag(0, KMElementFlag::Hidden); }), 0u);
+    QCOMPARE(bitsOf([&] { mesh->setCornerFlag(0, 2, bit); }), 0x100u);
+    QCOMPARE(bitsOf([&] { mesh->setEdgeFlag(1, 0, bit | KMElementFlag::HotSecond); }), 0x100u);
+    QCOMPARE(bitsOf([&] { mesh->setEdgeFlag(0, 9, bit); }), 0u); // no such edge
+    QCOMPARE(bitsOf([&] { mesh->setVertexFlag(7, bit); }), 0u); // null slots
+    QCOMPARE(bitsOf([&] { mesh->setFaceFlag(2, bit); }), 0u);
+    QVERIFY(mesh->hasEdgeFlag(KMElementFlag::HotSecond));
+    mesh->clearAllEdgeFlags(KMElementFlag::Hot);
+    QVERIFY(!mesh->hasEdgeFlag(KMElementFlag::HotSecond) && mesh->hasEdgeFlag(bit));
+}
+
+void tst_KMMeshNode::selectionCache()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(4, 1));
+    mesh->rebuildSelectionCache();
+    QVERIFY(mesh->selectedVertices().isEmpty());
+    QCOMPARE(mesh->selectionCentre(), kvm::Vector3());
+    mesh->addVertexRaw({});
+    mesh->setVertexFlag(10, KMElementFlag::Selected); // no face uses it
+    mesh->setVertexFlag(0, KMElementFlag::Selected);
+    mesh->setEdgeFlag(1, 2, KMElementFlag::Selected);
+    mesh->setFaceFlag(3, KMElementFlag::Selected);
+    mesh->rebuildSelectionCache();
+    QCOMPARE(mesh->selectedVertices(), QSet<int>({0, 1, 2, 3, 4, 8, 9}));
+    QCOMPARE(mesh->selectedFaces(), QSet<int>({3}));
+    QCOMPARE(mesh->selectionPositions().size(), 11);
+    QCOMPARE(mesh->selectionPositions().at(9), mesh->position(9));
+    QCOMPARE(mesh->selectionPositions().at(6), kvm::Vector3());
+    QCOMPARE(mesh->selectionCentre(), kvm::Vector3(17.0f / 7.0f, 0, 2.0f / 7.0f));
+}
+
+void tst_KMMeshNode::rememberedPositions()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::mixedBag());
+    mesh->rememberPositions(false);
+    QCOMPARE(mesh->memoryPositions().size(), 30);
+    QCOMPARE(mesh->memoryPositions().at(3 * 8 + 1), mesh->position(8).y);
+    QCOMPARE(mesh->memoryPositions().at(3 * 7), 0.0f);
+    mesh->setVertexFlag(2, KMElementFlag::Selected);
+    mesh->rebuildSelectionCache();
+    mesh->setPosition(2, {7, 7, 7});
+    mesh->rememberVertex(2);
+    QCOMPARE(mesh->selectionPositions().at(2), kvm::Vector3(7, 7, 7));
+}
+
+void tst_KMMeshNode::projection()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(1, 1));
+    mesh->setPosition(0, {1, 2, -4});
+    mesh->setPosition(1, {1, 2, 4}); // behind the eye
+    kvm::Matrix4 perspective; // looks down z, w is the distance
+    perspective[11] = -1;
+    perspective[15] = 0;
+    perspective[14] = -0.5f;
+    mesh->projectVertices(perspective, 800, 600);
+    const kvm::Vector3 front = mesh->vertex(0)->screenPos;
+    QCOMPARE(front, kvm::Vector3((0.25f + 1) * 400, (1 - 0.5f) * 300, -4.5f / 4));
+    const kvm::Vector3 behind = mesh->vertex(1)->screenPos;
+    QCOMPARE(behind, kvm::Vector3((0.25f + 1) * 400, (1 - 0.5f) * 300, 3.5f / -4));
+}
+
+void tst_KMMeshNode::drawnElements_data()
+{
+    QTest::addColumn<bool>("culling");
+    QTest::addColumn<bool>("seenFromFront");
+    QTest::addColumn<int>("drawnFaces");
+    QTest::addColumn<int>("drawnVertices");
+    QTest::addColumn<int>("drawnEdges");
+    // One of the four quads is hidden, a line polygon stands apart.
+    QTest::newRow("no culling, front") << false << true << 4 << 10 << 11;
+    QTest::newRow("no culling, back") << false << false << 4 << 10 << 11;
+    QTest::newRow("culling, front") << true << true << 4 << 10 << 11;
+    QTest::newRow("culling, back") << true << false << 1 << 2 << 1;
+}
+
+void tst_KMMeshNode::drawnElements()
+{
+    QFETCH(const bool, culling);
+    QFETCH(const bool, seenFromFront);
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(2, 2));
+    mesh->addVertexRaw({0, 1, 0});
+    mesh->addVertexRaw({1, 1, 0});
+    const int line[] = {9, 10};
+    mesh->addFaceRaw(2, line);
+    mesh->setFaceFlag(3, KMElementFlag::Hidden);
+    mesh->refreshMesh(All);
+    // The normal by the order of the corners says which side is the front.
+    const kvm::Vector3 p0 = mesh->position(mesh->face(0)->indices[0]);
+    const kvm::Vector3 p1 = mesh->position(mesh->face(0)->indices[1]);
+    const kvm::Vector3 p2 = mesh->position(mesh->face(0)->indices[2]);
+    const float up = cross(p1 - p2, p0 - p1).y;
+    QVERIFY(up != 0.0f);
+    // An orthogonal view along y. Views are left-handed: right, up and forward are as x, y and z are.
+    const float fromAbove = (up > 0) == seenFromFront ? 1.0f : -1.0f;
+    kvm::Matrix4 view;
+    std::fill_n(view.m, 16, 0.0f);
+    view[0] = 0.1f; // x to the right
+    view[9] = 0.1f * fromAbove; // z up when seen from above
+    view[6] = -0.1f * fromAbove;
+    view[15] = 1.0f;
+    mesh->projectVertices(view, 100, 100);
+    mesh->updateDrawn(culling);
+    const auto countDrawn = [](const auto &records) {
+        return int(std::count_if(records.begin(), records.end(), [](const auto *record) { return record->drawn; }));
+    };
+    QTEST(countDrawn(mesh->liveFaces()), "drawnFaces");
+    QTEST(countDrawn(mesh->liveVertices()), "drawnVertices");
+    int edges = 0;
+    for (const KMEdge *edge : mesh->edges())
+        edges += edge->drawn;
+    QTEST(edges, "drawnEdges");
+}
+
+void tst_KMMeshNode::smoothAngleMarksNormals()
+{
+    KMMeshNode empty;
+    empty.setDirtyMask(0);
+    empty.setSmoothAngle(20.0f);
+    QCOMPARE(empty.dirtyMask(), 0u);
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    KMFloatNode driver;
+    driver.setFloat(20.0f);
+    driver.addTarget(mesh->smoothAngleNode());
+    QCOMPARE(mesh->smoothAngle(), 20.0f);
+    QCOMPARE(mesh->dirtyMask(), 1u);
+    mesh->setDirtyMask(0);
+    mesh->setVisible(false);
+    QCOMPARE(mesh->dirtyMask(), quint32(All));
+}
+
+void tst_KMMeshNode::frameMovesNoVertices()
+{
+    MeshScene scene(MeshFixtures::cube());
+    const QString before = meshText(*scene.mesh);
+    gSolution->push(new editSRTCommand(scene.mesh, {{2, 2, 2}, {}, {5, 0, 0}}));
+    QCOMPARE(meshText(*scene.mesh), before);
+    QCOMPARE(scene.mesh->worldMatrix() * kvm::Vector3(1, 1, 1), kvm::Vector3(7, 2, 2));
+    scene.session.stack().undo();
+    QCOMPARE(scene.mesh->worldMatrix(), kvm::Matrix4());
+}
+
+KM_TEST(tst_KMMeshNode);
+
+#include "tst_KMMeshNode.moc"

@@ -1,0 +1,175 @@
+#include "core/KMBasicShaderNode.h"
+#include "core/KMNullNode.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
+#include "shell/KMNodeEdits.h"
+#include "shell/commands/KMComContainer.h"
+#include "shell/commands/KMGlobalCommand.h"
+#include "shell/kmmainwidget.h"
+#include "support/TestRegistry.h"
+#include "support/TestWindow.h"
+
+#include <QTest>
+#include <QUndoStack>
+
+class tst_KMComContainer : public QObject
+{
+    Q_OBJECT
+private slots:
+    void namesAndTexts();
+    void emptyDocument_data();
+    void emptyDocument();
+    void visibility_data();
+    void visibility();
+    void unusedShelves();
+    void standAloneNulls();
+    void selectLastNode();
+    void repeat();
+    void clearBuffer();
+};
+
+void tst_KMComContainer::namesAndTexts()
+{
+    const TestWindow window;
+    const KMComContainer container;
+    QSet<QString> names;
+    for (const KMCommand *command : container.commands()) {
+        QVERIFY2(command->objectName().startsWith(QLatin1String("Com")), qPrintable(command->text()));
+        QVERIFY2(!names.contains(command->objectName()), qPrintable(command->objectName()));
+        QVERIFY(!command->text().isEmpty());
+        names << command->objectName();
+    }
+    QCOMPARE(container.command(QStringLiteral("ComDeleteNull"))->text(), QStringLiteral("delete StandAlone NullNode"));
+    QVERIFY(!container.command(QStringLiteral("ComNothing")));
+}
+
+void tst_KMComContainer::emptyDocument_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"ComDoLastCommand", "ComSelectLastNode", "ComSelectAll", "ComUnselectAll",
+                             "ComShowCurrentOnly", "ComShowAll", "ComHideAll", "ComDeleteCurrentNode",
+                             "ComDeleteUnusedShader", "ComDeleteUnusedTexture", "ComDeleteNull", "ComClearBuffer"})
+        QTest::newRow(name) << name;
+}
+
+/// With nothing to do a command says so, or does nothing, and leaves no step in the history.
+void tst_KMComContainer::emptyDocument()
+{
+    QFETCH(QString, name);
+    const TestWindow window;
+    window.trigger(qPrintable(name));
+    QCOMPARE(window->undoStack()->count(), 0);
+    QVERIFY(!gSolution->isModified());
+}
+
+void tst_KMComContainer::visibility_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("visible");
+
+    QTest::newRow("show all") << "ComShowAll"
+                              << "Null0 Null1 Null2";
+    QTest::newRow("hide all") << "ComHideAll"
+                              << "";
+    QTest::newRow("current only") << "ComShowCurrentOnly"
+                                  << "Null2";
+}
+
+void tst_KMComContainer::visibility()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, visible);
+    const TestWindow window;
+    QList<KMNullNode *> nodes;
+    for (int i = 0; i < 3; ++i)
+        nodes << window.create<KMNullNode>("actionCreateNull");
+    KMNodeEdits::setVisible({nodes[0]}, false);
+    const auto visibleNames = [&] {
+        QStringList names;
+        for (const KMNullNode *node : std::as_const(nodes)) {
+            if (node->isVisible())
+                names << node->name();
+        }
+        return names.join(' ');
+    };
+    const QString before = visibleNames();
+    const int steps = window->undoStack()->count();
+    window.trigger(qPrintable(command));
+    QCOMPARE(visibleNames(), visible);
+    QCOMPARE(window->undoStack()->count(), steps + 1);
+    window.trigger("actionUndo");
+    QCOMPARE(visibleNames(), before);
+}
+
+void tst_KMComContainer::unusedShelves()
+{
+    const TestWindow window;
+    window.trigger("actionCreatePTexture");
+    window.trigger("actionCreatePTexture");
+    auto *shader = window.create<KMBasicShaderNode>("actionCreateShader");
+    KMBasicShader values = shader->values();
+    values.textures[KMBasicShader::Normal] = 1;
+    shader->setValues(values);
+
+    window.trigger("ComDeleteUnusedTexture");
+    QCOMPARE(gProject->textures().size(), 1);
+    QCOMPARE(shader->values().textures[KMBasicShader::Normal], 0); // moved down with the texture
+    window.trigger("ComDeleteUnusedShader");                       // no face refers to it
+    QCOMPARE(gProject->shaders().size(), 0);
+    window.trigger("actionUndo");
+    window.trigger("actionUndo");
+    QCOMPARE(gProject->textures().size(), 2);
+    QCOMPARE(shader->values().textures[KMBasicShader::Normal], 1);
+}
+
+void tst_KMComContainer::standAloneNulls()
+{
+    const TestWindow window;
+    window.trigger("actionCreateNull");
+    window.trigger("actionGroup");
+    window.trigger("actionCreateNull");
+    window.trigger("actionCreateInt");
+    window.trigger("ComDeleteNull");
+    // The parent of a null that went stays: it had a child when the command looked.
+    QCOMPARE(KMTreeWidget::flatten(gProject->tree()).size(), 2);
+    window.trigger("actionUndo");
+    QCOMPARE(KMTreeWidget::flatten(gProject->tree()).size(), 4);
+}
+
+void tst_KMComContainer::selectLastNode()
+{
+    const TestWindow window;
+    auto *first = window.create<KMNullNode>("actionCreateNull");
+    auto *second = window.create<KMNullNode>("actionCreateNull");
+    window.trigger("ComSelectLastNode");
+    QCOMPARE(gSolution->currentNode(), static_cast<KMNode *>(first));
+    window.trigger("ComSelectLastNode");
+    QCOMPARE(gSolution->currentNode(), static_cast<KMNode *>(second));
+}
+
+void tst_KMComContainer::repeat()
+{
+    const TestWindow window;
+    window.trigger("actionCreateShader");
+    window.trigger("ComDeleteUnusedShader");
+    QAction *repeat = window->repeatAction();
+    QCOMPARE(repeat->text(), QStringLiteral("Delete unused shader"));
+    QCOMPARE(gSolution->lastCommand(), window->action("ComDeleteUnusedShader"));
+    window.trigger("actionCreateShader");
+    repeat->trigger();
+    QCOMPARE(gProject->shaders().size(), 0);
+    QCOMPARE(gSolution->lastCommand(), window->action("ComDeleteUnusedShader"));
+}
+
+void tst_KMComContainer::clearBuffer()
+{
+    const TestWindow window;
+    window.trigger("actionCreateNull");
+    window.trigger("ComClearBuffer");
+    QCOMPARE(window->undoStack()->count(), 0);
+    QCOMPARE(KMTreeWidget::flatten(gProject->tree()).size(), 1);
+}
+
+KM_TEST(tst_KMComContainer);
+#include "tst_KMComContainer.moc"

@@ -1,0 +1,492 @@
+#include "core/KMNodeType.h"
+#include "core/KMNullNode.h"
+#include "core/KMProject.h"
+#include "core/KMSettings.h"
+#include "core/KMSolution.h"
+#include "core/KMTextureNode.h"
+#include "core/KMTreeWidget.h"
+#include "shell/KMProjectDialog.h"
+#include "shell/KMRecentFiles.h"
+#include "shell/docks/KMDockWidget.h"
+#include "shell/kmmainwidget.h"
+#include "shell/widgets/KMMessageLabel.h"
+#include "support/TestRegistry.h"
+#include "support/TestWindow.h"
+
+#include <QImage>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTest>
+#include <QToolBar>
+#include <QUndoStack>
+#include <QUrl>
+
+Q_DECLARE_METATYPE(QMessageBox::StandardButton)
+
+class tst_kmmainwidget : public QObject
+{
+    Q_OBJECT
+private slots:
+    void nodesFromTheMenu_data();
+    void nodesFromTheMenu();
+    void undoTextAndTitle();
+    void closeWithChanges_data();
+    void closeWithChanges();
+    void sessionIsGoneAfterClose();
+    void failedSaveKeepsTheDocument();
+    void savedFileOpensAgain();
+    void recentFiles();
+    void droppedModelAsksFirst_data();
+    void droppedModelAsksFirst();
+    void droppedPicture();
+    void droppedUnknownFile();
+    void windowState();
+    void shortcutFile();
+    void menuTitlesAndActions();
+    void menuOpensByShortcut();
+    void cutAndPaste();
+    void groupAndDuplicate();
+    void projectDialogue_data();
+    void projectDialogue();
+    void messageLine();
+
+private:
+    static void drop(kmmainwidget &window, const QString &path);
+    static QString treeText();
+};
+
+/// The names of the rows, children in brackets.
+QString tst_kmmainwidget::treeText()
+{
+    const std::function<QString(const QTreeWidgetItem *)> text = [&text](const QTreeWidgetItem *row) {
+        QStringList children;
+        for (int i = 0; i < row->childCount(); ++i)
+            children << text(row->child(i));
+        return row->text(0) + (children.isEmpty() ? QString() : QStringLiteral("(%1)").arg(children.join(' ')));
+    };
+    QStringList rows;
+    for (int i = 0; i < gProject->tree()->topLevelItemCount(); ++i)
+        rows << text(gProject->tree()->topLevelItem(i));
+    return rows.join(' ');
+}
+
+void tst_kmmainwidget::drop(kmmainwidget &window, const QString &path)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(window.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent event(QPointF(window.rect().center()), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &event);
+    QVERIFY(event.isAccepted());
+    QCoreApplication::processEvents();
+}
+
+void tst_kmmainwidget::nodesFromTheMenu_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("int") << "actionCreateInt" << int(KMNodeType::IntContainer) << "Int0";
+    QTest::newRow("float") << "actionCreateFloat" << int(KMNodeType::FloatContainer) << "Float0";
+    QTest::newRow("bool") << "actionCreateBool" << int(KMNodeType::BoolContainer) << "Bool0";
+    QTest::newRow("null") << "actionCreateNull" << int(KMNodeType::Null) << "Null0";
+    QTest::newRow("shader") << "actionCreateShader" << int(KMNodeType::BasicShader) << "Shader";
+    QTest::newRow("pbr shader") << "actionCreatePbrShader" << int(KMNodeType::PbrShader) << "PbrShader";
+    QTest::newRow("texture") << "actionCreatePTexture" << int(KMNodeType::ProcTexture) << "PTexture0";
+    QTest::newRow("embedded") << "actionCreateEmbeddedTexture" << int(KMNodeType::EmbeddedTexture) << "";
+}
+
+void tst_kmmainwidget::nodesFromTheMenu()
+{
+    QFETCH(QString, action);
+    QFETCH(int, type);
+    QFETCH(QString, name);
+    TestWindow window;
+    auto *node = window.create<KMContainerNode>(qPrintable(action));
+    QVERIFY(node);
+    QCOMPARE(node->type(), type);
+    if (!name.isEmpty())
+        QCOMPARE(node->name(), name);
+    const KMNode *current = isShader(type)    ? gSolution->currentShader()
+                            : isTexture(type) ? gSolution->currentTexture()
+                                              : gSolution->currentNode();
+    QCOMPARE(current, static_cast<const KMNode *>(node));
+
+    QCOMPARE(window->undoStack()->count(), 1);
+    window.trigger("actionUndo");
+    QVERIFY(node->isDeleted());
+    QVERIFY(!gProject->shaders().contains(node));
+    QVERIFY(!gProject->textures().contains(node));
+    QVERIFY(!node->item());
+}
+
+void tst_kmmainwidget::undoTextAndTitle()
+{
+    TestWindow window;
+    QVERIFY(window->windowTitle().endsWith(QLatin1String(" - [untitled]")));
+    QVERIFY(!window->action("actionUndo")->isEnabled());
+    window.trigger("actionCreateNull");
+    QVERIFY(window->windowTitle().endsWith(QLatin1String(" - [untitled*]")));
+    QCOMPARE(window->action("actionUndo")->text(), QStringLiteral("Undo Add Node"));
+    window.trigger("actionUndo");
+    QVERIFY(window->windowTitle().endsWith(QLatin1String(" - [untitled]")));
+    QCOMPARE(window->action("actionRedo")->text(), QStringLiteral("Redo Add Node"));
+}
+
+void tst_kmmainwidget::closeWithChanges_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("answer");
+    QTest::addColumn<bool>("namesFile");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<bool>("writes");
+
+    QTest::newRow("save, no name given") << QMessageBox::Save << false << false << false;
+    QTest::newRow("save under a name") << QMessageBox::Save << true << false << true;
+    QTest::newRow("discard") << QMessageBox::Discard << false << true << false;
+    QTest::newRow("cancel") << QMessageBox::Cancel << false << false << false;
+}
+
+void tst_kmmainwidget::closeWithChanges()
+{
+    QFETCH(QMessageBox::StandardButton, answer);
+    QFETCH(bool, namesFile);
+    QFETCH(bool, closes);
+    QFETCH(bool, writes);
+    TestWindow window;
+    window.trigger("actionCreateNull");
+    window.prompt.buttons << answer;
+    const QString path = window.filePath("saved.kmd");
+    if (namesFile)
+        window.prompt.paths << path;
+    QCOMPARE(window->close(), closes);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(window.isOpen(), !closes);
+    QCOMPARE(window.prompt.messages.size(), 1);
+    QCOMPARE(window.prompt.messages.first().text, QStringLiteral("The document has been modified."));
+    QCOMPARE(window.prompt.messages.first().defaultButton, QMessageBox::Save);
+    QCOMPARE(window.prompt.fileRequests.size(), answer == QMessageBox::Save ? 1 : 0);
+    QCOMPARE(QFile::exists(path), writes);
+    if (!closes) {
+        QVERIFY(window->isVisible());
+        QCOMPARE(gSolution->isModified(), !writes);
+    }
+}
+
+void tst_kmmainwidget::sessionIsGoneAfterClose()
+{
+    TestWindow window;
+    for (const char *action : {"actionCreateNull", "actionCreateShader", "actionDelete", "actionUndo"})
+        window.trigger(action);
+    const QString settings = window.filePath("kelmo.ini");
+    window.close();
+    QVERIFY(!gProject);
+    QVERIFY(!gSolution);
+    QVERIFY(!gSettings);
+    QVERIFY(QFile::exists(settings));
+}
+
+void tst_kmmainwidget::failedSaveKeepsTheDocument()
+{
+    TestWindow window;
+    window.trigger("actionCreateNull");
+    window.prompt.buttons << QMessageBox::Save; // and no path for the file question
+    window.trigger("actionNew");
+    QCOMPARE(treeText(), QStringLiteral("Null0"));
+    window.prompt.buttons << QMessageBox::Discard;
+    window.trigger("actionNew");
+    QCOMPARE(treeText(), QString());
+    QVERIFY(!gSolution->isModified());
+}
+
+void tst_kmmainwidget::savedFileOpensAgain()
+{
+    TestWindow window;
+    window.trigger("actionCreateNull");
+    window.trigger("actionCreateShader");
+    window.prompt.paths << window.filePath("model"); // the suffix is ours to add
+    window.trigger("actionSave");
+    QVERIFY(!gSolution->isModified());
+    QCOMPARE(gSolution->fileName(), window.filePath("model.kmd"));
+    window.trigger("actionCreateInt");
+    window.trigger("actionSave");
+    QCOMPARE(window.prompt.fileRequests.size(), 1);
+
+    window.trigger("actionNew");
+    QCOMPARE(treeText(), QString());
+    auto *recent = window.child<QMenu>("recentFiles");
+    QCOMPARE(recent->actions().first()->text(), QStringLiteral("&1 model.kmd"));
+    recent->actions().first()->trigger();
+    QCOMPARE(treeText(), QStringLiteral("Null0 Int0"));
+    QCOMPARE(gProject->shaders().size(), 1);
+    QVERIFY(window->windowTitle().endsWith(QLatin1String(" - [model]")));
+}
+
+void tst_kmmainwidget::recentFiles()
+{
+    TestWindow window;
+    QStringList expected;
+    for (int i = 1; i <= 10; ++i) {
+        const QString path = QStringLiteral("/models/m%1.kmd").arg(i);
+        window->addRecentFile(path);
+        expected.prepend(path);
+    }
+    expected.removeLast(); // the tenth drops off
+    QCOMPARE(KMRecentFiles::paths(), expected);
+
+    window->addRecentFile(expected[4]);
+    expected.move(4, 0);
+    window->addRecentFile(QStringLiteral("/program/_backup_.kmd"));
+    QCOMPARE(KMRecentFiles::paths(), expected);
+    window.reopen();
+    QCOMPARE(KMRecentFiles::paths(), expected);
+
+    const auto *menu = window.child<QMenu>("recentFiles");
+    QCOMPARE(menu->actions().at(1)->text(), QStringLiteral("&2 m10.kmd"));
+    window.prompt.buttons << QMessageBox::Cancel;
+    window.trigger("actionClearRecent");
+    QCOMPARE(KMRecentFiles::paths(), expected);
+    window.prompt.buttons << QMessageBox::Ok;
+    window.trigger("actionClearRecent");
+    QCOMPARE(window.prompt.messages.last().text, QStringLiteral("This operation is cannot be undone."));
+    QVERIFY(KMRecentFiles::paths().isEmpty());
+    QVERIFY(!window->action("actionClearRecent")->isEnabled());
+}
+
+void tst_kmmainwidget::droppedModelAsksFirst_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("answer");
+    QTest::addColumn<QString>("tree");
+
+    QTest::newRow("cancel") << QMessageBox::Cancel << "Null0";
+    QTest::newRow("discard") << QMessageBox::Discard << "Int0";
+}
+
+void tst_kmmainwidget::droppedModelAsksFirst()
+{
+    QFETCH(QMessageBox::StandardButton, answer);
+    QFETCH(QString, tree);
+    TestWindow window;
+    const QString path = window.filePath("other.KMD");
+    window.trigger("actionCreateInt");
+    QVERIFY(gSolution->saveBackup(path));
+    window.trigger("actionNew");
+    window.trigger("actionCreateNull");
+
+    window.prompt.buttons << answer;
+    drop(*window, path);
+    QCOMPARE(window.prompt.messages.size(), 1);
+    QCOMPARE(treeText(), tree);
+}
+
+void tst_kmmainwidget::droppedPicture()
+{
+    TestWindow window;
+    const QString path = window.filePath("picture.png");
+    QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(path));
+    drop(*window, path);
+    QCOMPARE(gProject->textures().size(), 1);
+    QCOMPARE(gSolution->currentTexture(), gProject->textures().nodes().first());
+    QCOMPARE(window->undoStack()->count(), 1);
+    QVERIFY(window.prompt.messages.isEmpty());
+}
+
+void tst_kmmainwidget::droppedUnknownFile()
+{
+    TestWindow window;
+    window.trigger("actionCreateNull");
+    drop(*window, window.filePath("notes.xyz"));
+    QCOMPARE(window.prompt.messages.size(), 1);
+    QVERIFY(window.prompt.messages.first().text.contains(QLatin1String("notes.xyz")));
+    QCOMPARE(treeText(), QStringLiteral("Null0"));
+}
+
+void tst_kmmainwidget::windowState()
+{
+    TestWindow window;
+    auto *coordinate = window->findChild<KMDockWidget *>(QStringLiteral("kmcoodinatewidget"));
+    auto *tool = window->findChild<KMDockWidget *>(QStringLiteral("kmtoolwidget"));
+    QVERIFY(coordinate->isHidden());
+    QVERIFY(!tool->isHidden());
+    coordinate->show();
+    tool->hide();
+    window->statusBar()->hide();
+    window->undoToolBar()->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    window->resize(900, 640);
+    QCoreApplication::processEvents();
+    const QSize size = window->size();
+
+    window.reopen();
+    QVERIFY(!window->findChild<KMDockWidget *>(QStringLiteral("kmcoodinatewidget"))->isHidden());
+    QVERIFY(window->findChild<KMDockWidget *>(QStringLiteral("kmtoolwidget"))->isHidden());
+    QVERIFY(window->statusBar()->isHidden());
+    QCOMPARE(window->undoToolBar()->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+    QCOMPARE(window->size(), size);
+}
+
+void tst_kmmainwidget::shortcutFile()
+{
+    TestWindow window;
+    const QKeySequence quick(QStringLiteral("Ctrl+Alt+N"));
+    window->action("actionCreateNull")->setShortcut(quick);
+    window->action("actionDelete")->setShortcut({});
+    const QString path = window.filePath("shortcuts.ini");
+    {
+        QSettings file(path, QSettings::IniFormat);
+        file.setValue(QStringLiteral("actionOfLongAgo"), QStringLiteral("Ctrl+L"));
+    }
+    window.reopen();
+    QCOMPARE(window->action("actionCreateNull")->shortcut(), quick);
+    QVERIFY(window->action("actionDelete")->shortcut().isEmpty());
+    QCOMPARE(window->action("actionNew")->shortcut(), QKeySequence(QStringLiteral("Ctrl+N")));
+    const QSettings file(path, QSettings::IniFormat);
+    QVERIFY(!file.contains(QStringLiteral("actionOfLongAgo")));
+    QVERIFY(file.contains(QStringLiteral("Version/AppVer")));
+
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&*window));
+    QTest::keySequence(&*window, quick);
+    QTest::keySequence(&*window, quick);
+    QCOMPARE(treeText(), QStringLiteral("Null0 Null1"));
+    // The keys that are held down must not make the new row join the selection.
+    QCOMPARE(gProject->tree()->selectedItems().size(), 1);
+    QCOMPARE(gProject->tree()->selectedItems().first()->text(0), QStringLiteral("Null1"));
+}
+
+void tst_kmmainwidget::menuTitlesAndActions()
+{
+    TestWindow window;
+    QStringList bar;
+    for (const QAction *entry : window->menuBar()->actions())
+        bar << entry->text();
+    QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Widget(&W)", "Panel(&P)", "Help(&H)"}));
+
+    QStringList groups;
+    QHash<QString, const QAction *> known;
+    for (const KMActionGroup &group : gSettings->actionGroups()) {
+        groups << group.title;
+        QCOMPARE(group.actions.first()->text(), QStringLiteral("Menu ") + group.title);
+        for (const QAction *action : group.actions) {
+            QVERIFY2(!action->statusTip().isEmpty(), qPrintable(action->text()));
+            QVERIFY2(known.value(action->objectName(), action) == action, qPrintable(action->objectName()));
+            known.insert(action->objectName(), action);
+        }
+    }
+    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Widget", "Panel", "Help"}));
+
+    QSet<QString> keys;
+    for (const QAction *action : known) {
+        const QString text = action->shortcut().toString();
+        QVERIFY2(text.isEmpty() || !keys.contains(text), qPrintable(text));
+        keys << text;
+    }
+}
+
+void tst_kmmainwidget::menuOpensByShortcut()
+{
+    TestWindow window;
+    auto *menu = window.child<QMenu>("Menu Create");
+    window.trigger("Menu Create");
+    QVERIFY(menu->isVisible());
+    menu->close();
+    QCOMPARE(window->undoStack()->count(), 0);
+}
+
+void tst_kmmainwidget::cutAndPaste()
+{
+    TestWindow window;
+    auto *parent = window.create<KMNullNode>("actionCreateNull");
+    window.trigger("actionGroup"); // Null1 with Null0 in it
+    QCOMPARE(treeText(), QStringLiteral("Null1(Null0)"));
+    parent->setTranslation({1.0f, 2.0f, 3.0f});
+    window.trigger("actionCut");
+    QCOMPARE(treeText(), QString());
+    window.trigger("actionPaste");
+    QCOMPARE(treeText(), QStringLiteral("Null0(Null1)"));
+    const auto *pasted = static_cast<KMNullNode *>(KMTreeWidget::nodeOf(gProject->tree()->topLevelItem(0)->child(0)));
+    QCOMPARE(pasted->translation().y, 2.0f);
+    QCOMPARE(gProject->tree()->selectedItems().size(), 1);
+    window.trigger("actionUndo");
+    QCOMPARE(treeText(), QString());
+    window.trigger("actionUndo");
+    QCOMPARE(treeText(), QStringLiteral("Null1(Null0)"));
+
+    window.prompt.buttons << QMessageBox::Discard;
+    window.trigger("actionNew"); // copies don't go from one document into another
+    window.trigger("actionPaste");
+    QCOMPARE(treeText(), QString());
+}
+
+void tst_kmmainwidget::groupAndDuplicate()
+{
+    TestWindow window;
+    auto *a = window.create<KMNullNode>("actionCreateNull");
+    auto *b = window.create<KMNullNode>("actionCreateNull");
+    window.trigger("actionCreateInt");
+    gProject->tree()->setCurrentItem(a->item());
+    b->item()->setSelected(true);
+    window.trigger("actionGroup");
+    QCOMPARE(treeText(), QStringLiteral("Null2(Null0 Null1) Int0"));
+    window.trigger("actionDuplicate");
+    QCOMPARE(treeText(), QStringLiteral("Null2(Null0 Null1) Null3(Null4 Null5) Int0"));
+    window.trigger("actionUndo");
+    window.trigger("actionUndo");
+    QCOMPARE(treeText(), QStringLiteral("Null0 Null1 Int0"));
+}
+
+void tst_kmmainwidget::projectDialogue_data()
+{
+    QTest::addColumn<bool>("accept");
+    QTest::addColumn<bool>("change");
+    QTest::addColumn<int>("steps");
+
+    QTest::newRow("accepted") << true << true << 1;
+    QTest::newRow("nothing changed") << true << false << 0;
+    QTest::newRow("cancelled") << false << true << 0;
+}
+
+void tst_kmmainwidget::projectDialogue()
+{
+    QFETCH(bool, accept);
+    QFETCH(bool, change);
+    QFETCH(int, steps);
+    TestWindow window;
+    const QString name = gProject->name();
+    window.prompt.onDialog = [&](QDialog &dialog) {
+        if (change) {
+            dialog.findChild<QLineEdit *>(QStringLiteral("name"))->setText(QStringLiteral("Model"));
+            dialog.findChild<QLineEdit *>(QStringLiteral("text3"))->setText(QStringLiteral("third"));
+        }
+        return accept;
+    };
+    window.trigger("actionProject");
+    QCOMPARE(window->undoStack()->count(), steps);
+    QCOMPARE(gProject->name(), steps ? QStringLiteral("Model") : name);
+    QCOMPARE(gProject->textInfo(3), steps ? QStringLiteral("third") : QString());
+    window.trigger("actionUndo");
+    QCOMPARE(gProject->name(), name);
+    QCOMPARE(gProject->textInfo(3), QString());
+}
+
+void tst_kmmainwidget::messageLine()
+{
+    TestWindow window;
+    const auto *label = window.child<KMMessageLabel>("messageLabel");
+    gSolution->showMessage(QStringLiteral("done"), KMMessageLabel::Command);
+    QCOMPARE(label->message(), QStringLiteral("done"));
+    QStatusTipEvent tip(QStringLiteral("what the entry does"));
+    QApplication::sendEvent(&*window, &tip);
+    QCOMPARE(label->message(), QStringLiteral("what the entry does"));
+    QStatusTipEvent leave{QString()};
+    QApplication::sendEvent(&*window, &leave);
+    QCOMPARE(label->message(), QStringLiteral("done"));
+}
+
+KM_TEST(tst_kmmainwidget);
+#include "tst_kmmainwidget.moc"
