@@ -37,7 +37,7 @@ public:
     explicit kmmainwidget(KMStyle *style, QWidget *parent = nullptr);
     ~kmmainwidget() override; ///< deletes the session's objects that are still there, gSettings included
 
-    bool recoverBackup(); ///< the question about a backup of an abnormal end; true when nothing else is to be opened
+    bool recoverBackup();   ///< the question about a backup of an abnormal end; true when nothing else is to be opened
     bool loadStartupFile(); ///< the most recent file, when the settings ask for it
 
     QUndoStack *undoStack() const { return m_undoStack; }
@@ -101,6 +101,14 @@ private slots:
     void onMenuCreateFloatNode();
     void onMenuCreateBoolNode();
     void onMenuCreateNullNode();
+    void onMenuCreateMeshNode();
+    void onMenuCreateSphereNode();
+    void onMenuCreateCubeNode();
+    void onMenuCreateCylinderNode();
+    void onMenuCreatePlaneNode();
+    void onMenuCreateTorusNode();
+    void onMenuCreate3DTextNode();
+    void onMenuCreatePSVGNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();
@@ -134,6 +142,7 @@ private:
     void createFileMenu();
     void createEditMenu();
     void createCreateMenu();
+    void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
     void createWidgetMenu();
     void createPanelMenu();
     void createHelpMenu();
@@ -151,6 +160,7 @@ private:
     QUndoStack *m_undoStack = nullptr;
     KMNodeClipboard *m_clipboard = nullptr;
     KMComContainer *m_commands = nullptr;
+    QList<KMCommandContainer *> m_families; // of commands on what a mesh holds, each with a menu of its own
     QList<QAction *> m_actions; // the window's own
 
     QList<KMDockWidget *> m_docks;

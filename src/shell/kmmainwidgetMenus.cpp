@@ -1,9 +1,11 @@
 // The menu bar and the tool bars. Each menu is a list of the names of its actions; a null is a line.
 
 #include "core/KMSettings.h"
+#include "shell/KMIcon.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/KMUndoToolBar.h"
 #include "shell/commands/KMComContainer.h"
+#include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/kmmainwidget.h"
 
@@ -38,6 +40,7 @@ void kmmainwidget::createMenus()
     createFileMenu();
     createEditMenu();
     createCreateMenu();
+    createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
     createHelpMenu();
@@ -99,8 +102,8 @@ void kmmainwidget::rebuildRecentMenu()
     m_recentMenu->clear();
     const QStringList paths = KMRecentFiles::paths();
     for (int i = 0; i < paths.size(); ++i) {
-        QAction *entry = m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this,
-                                                 &kmmainwidget::openRecentFile);
+        QAction *entry =
+            m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this, &kmmainwidget::openRecentFile);
         entry->setData(paths[i]);
         entry->setStatusTip(paths[i]);
     }
@@ -125,10 +128,24 @@ void kmmainwidget::createEditMenu()
 void kmmainwidget::createCreateMenu()
 {
     QMenu *menu = addMenu(tr("Create(&C)"), "Menu Create");
-    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull", nullptr,
-                "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
+    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull",
+                "actionCreateMesh", nullptr});
+    QMenu *primitives = menu->addMenu(KMIcon::icon(QStringLiteral("node-primitive")), tr("Primitive"));
+    primitives->setObjectName(QStringLiteral("primitives"));
+    fill(primitives, {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane",
+                      "actionCreateTorus", "actionCreate3DText", "actionCreatePSVG"});
+    fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));
+}
+
+/// All commands of a family, in the family's order.
+void kmmainwidget::createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family)
+{
+    m_families << family;
+    QMenu *menu = addMenu(title, key);
+    menu->addActions(family->actions());
+    listActionGroup(menu, action(key));
 }
 
 void kmmainwidget::createWidgetMenu()

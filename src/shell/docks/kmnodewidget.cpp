@@ -2,11 +2,14 @@
 
 #include "core/KMContainerNode.h"
 #include "core/KMDpi.h"
+#include "core/KMNodeType.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMTagNormal.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
 
@@ -205,7 +208,22 @@ void kmnodewidget::showMenu(const QPoint &position)
         else
             menu->addSeparator();
     }
+    if (row)
+        addTagEntries(menu, KMTreeWidget::nodeOf(row));
     menu->popup(globalPosition);
+}
+
+/// A mesh has one normal tag that counts; a second one would lie idle.
+void kmnodewidget::addTagEntries(QMenu *menu, KMContainerNode *node)
+{
+    if (!node || node->type() != KMNodeType::Mesh
+        || static_cast<const KMMeshNode *>(node)->findTag(KMNodeType::TagNormal))
+        return;
+    menu->addSeparator();
+    QAction *add = menu->addAction(tr("Add Normal Tag"), this,
+                                   [node] { gSolution->push(new addTagCommand(node, new KMTagNormal)); });
+    add->setObjectName(QStringLiteral("addNormalTag"));
+    add->setStatusTip(tr("Let creases and normals of this mesh be edited"));
 }
 
 void kmnodewidget::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
