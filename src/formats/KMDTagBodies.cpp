@@ -3,6 +3,7 @@
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMTagBase.h"
+#include "formats/KMDNormalTag.h"
 
 #include <QCoreApplication>
 
@@ -17,7 +18,9 @@ QString translated(const char *text)
 
 const QVector<KMDTagBody> &bodies()
 {
-    static const QVector<KMDTagBody> rows;
+    static const QVector<KMDTagBody> rows = {
+        {KMNodeType::TagNormal, &KMDNormalTag::make, &KMDNormalTag::write, &KMDNormalTag::read},
+    };
     return rows;
 }
 

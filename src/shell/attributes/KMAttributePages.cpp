@@ -7,8 +7,11 @@
 #include "core/KMProject.h"
 #include "core/KMTagBase.h"
 #include "core/KMValueNodeContainer.h"
+#include "mesh/KMTagNormal.h"
 #include "shell/attributes/KMBasicShaderPage.h"
+#include "shell/attributes/KMNormalTagPage.h"
 #include "shell/attributes/KMNullPage.h"
+#include "shell/attributes/KMPrimitivePages.h"
 #include "shell/attributes/KMProjectPage.h"
 #include "shell/attributes/KMTagPage.h"
 #include "shell/attributes/KMTexturePages.h"
@@ -39,9 +42,17 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::FileTexture, 0, &make<KMFileTexturePage, KMFileTextureNode>},
     {KMNodeType::EmbeddedTexture, 0, &make<KMEmbeddedTexturePage, KMEmbeddedTextureNode>},
     {KMNodeType::Project, 0, &make<KMProjectPage, KMProject>},
+    {KMNodeType::PrimSphere, 0, &make<KMPrimSpherePage, KMPrimSphereNode>},
+    {KMNodeType::PrimCube, 0, &make<KMPrimCubePage, KMPrimCubeNode>},
+    {KMNodeType::PrimCylinder, 0, &make<KMPrimCylinderPage, KMPrimCylinderNode>},
+    {KMNodeType::PrimTorus, 0, &make<KMPrimTorusPage, KMPrimTorusNode>},
+    {KMNodeType::PrimPlane, 0, &make<KMPrimPlanePage, KMPrimPlaneNode>},
+    {KMNodeType::Prim3DText, 0, &make<KMPrim3DTextPage, KMPrim3DTextNode>},
+    {KMNodeType::PrimSVG, 0, &make<KMPrimSVGPage, KMPrimSVGNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},
+    {KMNodeType::TagNormal, 0, &make<KMNormalTagPage, KMTagNormal>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
     {0, KMNodeType::ShaderFlag, &make<KMNodePage, KMContainerNode>},

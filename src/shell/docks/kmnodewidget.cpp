@@ -2,11 +2,14 @@
 
 #include "core/KMContainerNode.h"
 #include "core/KMDpi.h"
+#include "core/KMNodeType.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMTagNormal.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
 

@@ -6,10 +6,12 @@
 
 #include <QPointer>
 
+class KMContainerNode;
 class KMNodeRowDelegate;
 class KMTagBase;
 class QComboBox;
 class QLineEdit;
+class QMenu;
 class QVBoxLayout;
 
 /// The tree of the document with a field that filters it. The tree itself is the project's; the panel shows it and
@@ -40,6 +42,7 @@ private:
     void selectTag(KMTagBase *tag);
     void clearTagSelection();
     void showMenu(const QPoint &position);
+    void addTagEntries(QMenu *menu, KMContainerNode *node);
     void showTagMenu(KMTagBase *tag, const QPoint &globalPosition);
 
     QPointer<KMTreeWidget> m_tree; // the project's, which may go first
