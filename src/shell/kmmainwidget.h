@@ -101,6 +101,14 @@ private slots:
     void onMenuCreateFloatNode();
     void onMenuCreateBoolNode();
     void onMenuCreateNullNode();
+    void onMenuCreateMeshNode();
+    void onMenuCreateSphereNode();
+    void onMenuCreateCubeNode();
+    void onMenuCreateCylinderNode();
+    void onMenuCreatePlaneNode();
+    void onMenuCreateTorusNode();
+    void onMenuCreate3DTextNode();
+    void onMenuCreatePSVGNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();
