@@ -20,8 +20,9 @@ void KMCommandContainer::add(KMCommand *command, const char *objectName)
 
 KMCommand *KMCommandContainer::command(const QString &className) const
 {
-    const auto found = std::find_if(m_commands.begin(), m_commands.end(),
-                                    [&className](const KMCommand *command) { return command->objectName() == className; });
+    const auto found = std::find_if(m_commands.begin(), m_commands.end(), [&className](const KMCommand *command) {
+        return command->objectName() == className;
+    });
     return found == m_commands.end() ? nullptr : *found;
 }
 

@@ -14,7 +14,7 @@ public:
     explicit KMCommandContainer(QObject *parent = nullptr);
 
     const QList<KMCommand *> &commands() const { return m_commands; } ///< in the order of the list
-    KMCommand *command(const QString &className) const; ///< null when there is none of that class
+    KMCommand *command(const QString &className) const;               ///< null when there is none of that class
     template <class T>
     T *command() const
     {

@@ -66,7 +66,6 @@ void KMSolution::push(KMUndoCommand *command)
 void KMSolution::beginMacro(const QString &text)
 {
     announceAddonStep();
-    dropUnreachableSave();
     m_stack->beginMacro(text);
     ++m_macroDepth;
 }

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QDataStream>
 #include <QDropEvent>
+#include <QItemSelectionModel>
 #include <QMimeData>
 #include <QSet>
 
@@ -188,6 +189,13 @@ void KMTreeWidget::setFlags(QTreeWidgetItem *row, const KMRowFlags &flags)
         if (members[i]->isExpanded() != flags.expandedFlags[i])
             members[i]->setExpanded(flags.expandedFlags[i]);
     }
+}
+
+void KMTreeWidget::setCurrentItem(QTreeWidgetItem *row)
+{
+    const auto command = row ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                             : QItemSelectionModel::SelectionFlags(QItemSelectionModel::Clear);
+    setCurrentItem(row, NameColumn, command);
 }
 
 int KMTreeWidget::positionOf(const QTreeWidgetItem *row)

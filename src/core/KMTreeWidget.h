@@ -45,6 +45,11 @@ public:
     static KMRowFlags flagsOf(QTreeWidgetItem *row);
     static void setFlags(QTreeWidgetItem *row, const KMRowFlags &flags); ///< does nothing for another number of rows
 
+    using QTreeWidget::setCurrentItem;
+    /// Makes a row the current and only selected one; null for none. The view's own function asks the keyboard, and a
+    /// command that was called by Ctrl+V would leave the former selection as it was.
+    void setCurrentItem(QTreeWidgetItem *row);
+
     static int positionOf(const QTreeWidgetItem *row); ///< among its siblings; -1 for a row in no tree
     void insertRow(QTreeWidgetItem *parent, int position, QTreeWidgetItem *row); ///< null for the top; -1 for the end
     void takeRow(QTreeWidgetItem *row); ///< out of the tree with all below it; the caller owns it now

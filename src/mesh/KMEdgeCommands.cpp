@@ -6,19 +6,18 @@ setEdgeWeightCommand::setEdgeWeightCommand(KMMeshNode *mesh, int a, int b, float
     : KMMeshCommand(tr("Set Edge Weight"), mesh)
     , m_a(a)
     , m_b(b)
-    , m_before(0.0f)
+    , m_exists(mesh->findEdge(a, b))
+    , m_before(edgeStateOf(*mesh, a, b).weight)
     , m_after(weight)
 {
-    if (const KMEdge *edge = mesh->findEdge(a, b))
-        m_before = edge->weight;
 }
 
 void setEdgeWeightCommand::apply(Direction direction)
 {
-    KMEdge *edge = mesh()->findEdge(m_a, m_b);
-    if (!edge)
+    if (!m_exists)
         return;
-    edge->weight = direction == Direction::Redo ? m_after : m_before;
+    // The edge may wait for a refresh to come back; what it carries is kept for it.
+    mesh()->findOrAddEdge(m_a, m_b)->weight = direction == Direction::Redo ? m_after : m_before;
     mesh()->markDirty(KMMeshDirty::Weights);
 }
 
@@ -33,7 +32,10 @@ memoryEdgeWeightCommand::memoryEdgeWeightCommand(KMMeshNode *mesh)
 void memoryEdgeWeightCommand::restore()
 {
     for (const KMEdgeState &state : std::as_const(m_weights)) {
-        if (KMEdge *edge = mesh()->findEdge(state.a, state.b))
+        KMEdge *edge = mesh()->findEdge(state.a, state.b);
+        if (!edge && state.weight != 0.0f)
+            edge = mesh()->findOrAddEdge(state.a, state.b);
+        if (edge)
             edge->weight = state.weight;
     }
 }

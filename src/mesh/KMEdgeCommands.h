@@ -5,7 +5,7 @@
 
 #include <QCoreApplication>
 
-/// Sets the crease weight of an edge; does nothing while there is no such edge.
+/// Sets the crease weight of an edge; does nothing where there was no such edge.
 class setEdgeWeightCommand : public KMMeshCommand
 {
     Q_DECLARE_TR_FUNCTIONS(setEdgeWeightCommand)
@@ -18,6 +18,7 @@ protected:
 private:
     int m_a;
     int m_b;
+    bool m_exists;
     float m_before;
     float m_after;
 };

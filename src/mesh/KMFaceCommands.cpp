@@ -49,12 +49,14 @@ addFaceCommand::addFaceCommand(KMMeshNode *mesh, int count, const int *indices)
     , m_index(mesh->addFaceRaw(count, indices))
 {
     m_record = *mesh->face(m_index);
+    m_edges = edgeStatesOf(*mesh, m_record);
 }
 
 addFaceCommand::addFaceCommand(KMMeshNode *mesh, const KMFace &record)
     : KMMeshCommand(tr("Add Face"), mesh)
     , m_record(record)
     , m_index(mesh->addFaceRaw(record.count, record.indices))
+    , m_edges(edgeStatesOf(*mesh, record))
 {
 }
 
@@ -63,6 +65,7 @@ void addFaceCommand::apply(Direction direction)
     if (direction == Direction::Redo) {
         mesh()->placeFace(m_index, m_record);
         mesh()->addFaceRefs(m_index);
+        restoreEdgeStates(*mesh(), m_edges);
     } else {
         mesh()->removeFaceRefs(m_index);
         mesh()->takeFace(m_index);
@@ -103,27 +106,25 @@ editFaceTopologyCommand::editFaceTopologyCommand(KMMeshNode *mesh, int index, co
     , m_before(*mesh->face(index))
     , m_after(record)
     , m_refPlaces(refPlacesOf(*mesh, m_before, index))
-    , m_edges(edgeStatesOf(*mesh, m_before))
+    , m_edgesBefore(edgeStatesOf(*mesh, m_before))
+    , m_edgesAfter(edgeStatesOf(*mesh, m_after))
 {
-    for (int c = 0; c < m_before.count; ++c) {
-        const KMEdge *edge = mesh->findEdge(m_before.indices[c], m_before.next(c));
-        m_weights[size_t(c)] = edge ? edge->weight : 0.0f;
-    }
-    // Undo has to undo what the weights overwrite, zeros included.
-    for (int c = 0; c < m_after.count; ++c) {
-        const KMEdge *edge = mesh->findEdge(m_after.indices[c], m_after.next(c));
-        if (edge && m_weights[size_t(c)] != 0.0f)
-            m_edges.append({edge->index0, edge->index1, edge->flags, edge->weight});
-    }
+    moveWeights(*mesh);
+    m_edgesBefore += edgeStatesOf(*mesh, m_after);
 }
 
-/// The edge after each new corner takes the weight that the edge after the old corner had.
-void editFaceTopologyCommand::moveWeights()
+/// The edge after each new corner takes the weight that the edge after the old corner has.
+void editFaceTopologyCommand::moveWeights(const KMMeshNode &mesh)
 {
-    for (int c = 0; c < m_after.count; ++c) {
-        const float weight = m_weights[size_t(c)];
-        if (weight != 0.0f)
-            mesh()->findOrAddEdge(m_after.indices[c], m_after.next(c))->weight = weight;
+    for (int c = 0; c < std::min(m_before.count, m_after.count); ++c) {
+        const float weight = edgeStateOf(mesh, m_before.indices[c], m_before.next(c)).weight;
+        if (weight == 0.0f)
+            continue;
+        const quint64 key = KMEdge::keyOf(m_after.indices[c], m_after.next(c));
+        for (KMEdgeState &state : m_edgesAfter) {
+            if (KMEdge::keyOf(state.a, state.b) == key) // corners may lie on the same edge
+                state.weight = weight;
+        }
     }
 }
 
@@ -133,12 +134,12 @@ void editFaceTopologyCommand::apply(Direction direction)
         mesh()->placeFace(m_index, m_after);
         leaveVertices(*mesh(), m_index, m_before, m_after);
         mesh()->addFaceRefs(m_index);
-        moveWeights();
+        restoreEdgeStates(*mesh(), m_edgesAfter);
     } else {
         mesh()->placeFace(m_index, m_before);
         leaveVertices(*mesh(), m_index, m_after, m_before);
         restoreRefs(*mesh(), m_before, m_index, m_refPlaces);
-        restoreEdgeStates(*mesh(), m_edges);
+        restoreEdgeStates(*mesh(), m_edgesBefore);
     }
     mesh()->markDirty(KMMeshDirty::All);
 }

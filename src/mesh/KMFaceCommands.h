@@ -25,6 +25,7 @@ protected:
 private:
     KMFace m_record;
     int m_index;
+    QVector<KMEdgeState> m_edges;
 };
 
 /// Leaves a null slot. Does nothing where the slot was null already. Undo gives back flags and weights of
@@ -57,14 +58,14 @@ protected:
     void apply(Direction direction) override;
 
 private:
-    void moveWeights();
+    void moveWeights(const KMMeshNode &mesh);
 
     int m_index;
     KMFace m_before;
     KMFace m_after;
-    std::array<float, KMFace::MaxCorners> m_weights{}; // of the edges after the old corners, 0 where there is none
     std::array<int, KMFace::MaxCorners> m_refPlaces;
-    QVector<KMEdgeState> m_edges; // of old and new edges before the command
+    QVector<KMEdgeState> m_edgesBefore; // of the old corners and of the new ones
+    QVector<KMEdgeState> m_edgesAfter; // of the new corners
 };
 
 /// Sets the shader of one face.

@@ -2,16 +2,6 @@
 
 #include "mesh/KMMeshNode.h"
 
-namespace {
-
-bool isEdgeSelected(const KMMeshNode &mesh, int a, int b)
-{
-    const KMEdge *edge = mesh.findEdge(a, b);
-    return edge && edge->hasFlag(KMElementFlag::Selected);
-}
-
-} // namespace
-
 setSelectVertexCommand::setSelectVertexCommand(KMMeshNode *mesh, int index, bool selected)
     : KMMeshCommand(tr("Select Vertex"), mesh)
     , m_index(index)
@@ -48,17 +38,21 @@ setSelectEdgeCommand::setSelectEdgeCommand(KMMeshNode *mesh, int a, int b, bool 
     : KMMeshCommand(tr("Select Edge"), mesh)
     , m_a(a)
     , m_b(b)
-    , m_before(isEdgeSelected(*mesh, a, b))
+    , m_exists(mesh->findEdge(a, b))
+    , m_before(edgeStateOf(*mesh, a, b).flags & KMElementFlag::Selected)
     , m_after(selected)
 {
 }
 
 void setSelectEdgeCommand::apply(Direction direction)
 {
+    if (!m_exists)
+        return;
+    KMEdge *edge = mesh()->findOrAddEdge(m_a, m_b); // it may wait for a refresh to come back
     if (direction == Direction::Redo ? m_after : m_before)
-        mesh()->setEdgeFlag(m_a, m_b, KMElementFlag::Selected);
+        mesh()->setEdgeFlag(edge, KMElementFlag::Selected);
     else
-        mesh()->clearEdgeFlag(m_a, m_b, KMElementFlag::Selected);
+        mesh()->clearEdgeFlag(edge, KMElementFlag::Selected);
 }
 
 setHideFaceCommand::setHideFaceCommand(KMMeshNode *mesh, int index, bool hidden)

@@ -36,7 +36,7 @@ private:
     bool m_after;
 };
 
-/// The same for an edge; does nothing while there is no such edge.
+/// The same for an edge; does nothing where there was no such edge.
 class setSelectEdgeCommand : public KMMeshCommand
 {
     Q_DECLARE_TR_FUNCTIONS(setSelectEdgeCommand)
@@ -49,6 +49,7 @@ protected:
 private:
     int m_a;
     int m_b;
+    bool m_exists;
     bool m_before;
     bool m_after;
 };

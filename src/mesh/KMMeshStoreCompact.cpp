@@ -116,6 +116,10 @@ KMMeshStore::Dropped KMMeshStore::compactStore()
     Dropped dropped;
     dropped.neededCompact = m_needsCompact;
     // Faces go first: a vertex that only such faces use goes with them.
+    for (const KMFace *face : std::as_const(m_faces)) {
+        if (face && !isUsed(*face))
+            dropped.edges += edgeStatesOf(*this, *face);
+    }
     dropped.refs = removeRefsOfUnusedFaces();
     dropped.faces = dropUnused(m_faces, m_facePool, [this](const KMFace &face) { return !isUsed(face); });
     dropped.vertices =
@@ -123,7 +127,7 @@ KMMeshStore::Dropped KMMeshStore::compactStore()
     closeGaps(m_vertices, m_vertexRemap);
     closeGaps(m_faces, m_faceRemap);
     renumberRefs();
-    dropped.edges = rekeyEdges();
+    dropped.edges += rekeyEdges();
     logNullSlots();
     m_needsCompact = false;
     return dropped;

@@ -87,26 +87,3 @@ void KMMeshStore::insertEdges()
         }
     }
 }
-
-QVector<KMEdgeState> edgeStatesOf(const KMMeshStore &mesh, const KMFace &face)
-{
-    QVector<KMEdgeState> states;
-    for (int c = 0; c < face.count; ++c) {
-        const KMEdge *edge = mesh.findEdge(face.indices[c], face.next(c));
-        if (!edge)
-            continue;
-        const quint8 flags = edge->flags & ~(KMElementFlag::Hot | KMElementFlag::HotSecond);
-        if (flags || edge->weight != 0.0f)
-            states.append({edge->index0, edge->index1, flags, edge->weight});
-    }
-    return states;
-}
-
-void restoreEdgeStates(KMMeshStore &mesh, const QVector<KMEdgeState> &states)
-{
-    for (const KMEdgeState &state : states) {
-        KMEdge *edge = mesh.findOrAddEdge(state.a, state.b);
-        edge->flags = state.flags;
-        edge->weight = state.weight;
-    }
-}

@@ -31,18 +31,28 @@ deleteVertexCommand::deleteVertexCommand(KMMeshNode *mesh, int index)
     , m_index(index)
     , m_kept(!mesh->vertex(index))
 {
-    if (!m_kept)
-        m_record = *mesh->vertex(index);
+    if (m_kept)
+        return;
+    m_record = *mesh->vertex(index);
+    for (const int f : m_record.faceRefs) {
+        const QVector<KMEdgeState> states = edgeStatesOf(*mesh, *mesh->face(f));
+        for (const KMEdgeState &state : states) {
+            if ((state.a == index || state.b == index) && !state.isPlain())
+                m_edges.append(state);
+        }
+    }
 }
 
 void deleteVertexCommand::apply(Direction direction)
 {
     if (m_kept)
         return;
-    if (direction == Direction::Redo)
+    if (direction == Direction::Redo) {
         mesh()->setVertex(m_index, nullptr);
-    else
+    } else {
         mesh()->placeVertex(m_index, m_record);
+        restoreEdgeStates(*mesh(), m_edges);
+    }
     mesh()->markDirty(KMMeshDirty::All);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "math/Vector3.h"
+#include "mesh/KMEdgeState.h"
 #include "mesh/KMMeshCommand.h"
 #include "mesh/KMVertex.h"
 
@@ -37,6 +38,7 @@ private:
     int m_index;
     bool m_kept; // there was nothing to delete
     KMVertex m_record;
+    QVector<KMEdgeState> m_edges; // those at the vertex
 };
 
 /// Replaces the whole record, face list included.

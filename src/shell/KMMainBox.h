@@ -16,8 +16,8 @@ public:
     explicit KMMainBox(QWidget *parent = nullptr);
 
     void setStartActions(const QList<QAction *> &actions); ///< shown as lines with their keys
-    void setView(QWidget *view); ///< takes the place of the empty page; takes the widget over
-    void closeViews(); ///< the window closes: views go before the document does
+    void setView(QWidget *view);                           ///< takes the place of the empty page; takes the widget over
+    void closeViews();                                     ///< the window closes: views go before the document does
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -28,11 +28,11 @@ public:
     explicit Template(const KMContainerNode *root);
     ~Template();
 
-    bool isEmpty() const { return !m_node; } ///< the class of the root can't be copied
+    bool isEmpty() const { return !m_node; }                     ///< the class of the root can't be copied
     KMContainerNode *instantiate(KMContainerNode *parent) const; ///< brings new copies into the document
 
 private:
-    KMContainerNode *m_node; // owned
+    KMContainerNode *m_node;      // owned
     QList<Template *> m_children; // owned
 };
 

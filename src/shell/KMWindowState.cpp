@@ -37,7 +37,7 @@ bool KMWindowState::restore(kmmainwidget &window)
     window.restoreState(file.value(QStringLiteral("main/windowState")).toByteArray());
     window.statusBar()->setVisible(file.value(QStringLiteral("main/statusbar"), true).toBool());
     const int style = file.value(QStringLiteral("undoPanel/buttonStyle"), int(Qt::ToolButtonIconOnly)).toInt();
-    window.undoToolBar()->setToolButtonStyle(Qt::ToolButtonStyle(qBound(int(Qt::ToolButtonIconOnly), style,
-                                                                        int(Qt::ToolButtonFollowStyle))));
+    window.undoToolBar()->setToolButtonStyle(
+        Qt::ToolButtonStyle(qBound(int(Qt::ToolButtonIconOnly), style, int(Qt::ToolButtonFollowStyle))));
     return true;
 }

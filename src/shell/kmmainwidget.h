@@ -37,7 +37,7 @@ public:
     explicit kmmainwidget(KMStyle *style, QWidget *parent = nullptr);
     ~kmmainwidget() override; ///< deletes the session's objects that are still there, gSettings included
 
-    bool recoverBackup(); ///< the question about a backup of an abnormal end; true when nothing else is to be opened
+    bool recoverBackup();   ///< the question about a backup of an abnormal end; true when nothing else is to be opened
     bool loadStartupFile(); ///< the most recent file, when the settings ask for it
 
     QUndoStack *undoStack() const { return m_undoStack; }
@@ -101,6 +101,14 @@ private slots:
     void onMenuCreateFloatNode();
     void onMenuCreateBoolNode();
     void onMenuCreateNullNode();
+    void onMenuCreateMeshNode();
+    void onMenuCreateSphereNode();
+    void onMenuCreateCubeNode();
+    void onMenuCreateCylinderNode();
+    void onMenuCreatePlaneNode();
+    void onMenuCreateTorusNode();
+    void onMenuCreate3DTextNode();
+    void onMenuCreatePSVGNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();

@@ -31,7 +31,8 @@ void kmmainwidget::createActions()
         {"actionClearRecent", QT_TR_NOOP("Clear"), "", "", &W::onClearRecentFile,
          QT_TR_NOOP("Forget the files that were opened last")},
 
-        {"actionCut", QT_TR_NOOP("Cut"), "cut", "Ctrl+X", &W::onMenuCut, QT_TR_NOOP("Copy the selected nodes and delete them")},
+        {"actionCut", QT_TR_NOOP("Cut"), "cut", "Ctrl+X", &W::onMenuCut,
+         QT_TR_NOOP("Copy the selected nodes and delete them")},
         {"actionCopy", QT_TR_NOOP("Copy"), "copy", "Ctrl+C", &W::onMenuCopy, QT_TR_NOOP("Copy the selected nodes")},
         {"actionPaste", QT_TR_NOOP("Paste"), "paste", "Ctrl+V", &W::onMenuPaste, QT_TR_NOOP("Insert the copied nodes")},
         {"actionDuplicate", QT_TR_NOOP("Duplicate"), "", "Ctrl+D", &W::onMenuDuplicate,
@@ -44,11 +45,25 @@ void kmmainwidget::createActions()
         {"actionPreferences", QT_TR_NOOP("Preferences..."), "preferences", "Ctrl+,", &W::onMenuPreferences,
          QT_TR_NOOP("Settings, colors and shortcuts")},
 
-        {"actionCreateInt", QT_TR_NOOP("Int"), "node-int", "", &W::onMenuCreateIntNode, QT_TR_NOOP("Add a whole number")},
-        {"actionCreateFloat", QT_TR_NOOP("Float"), "node-float", "", &W::onMenuCreateFloatNode, QT_TR_NOOP("Add a number")},
+        {"actionCreateInt", QT_TR_NOOP("Int"), "node-int", "", &W::onMenuCreateIntNode,
+         QT_TR_NOOP("Add a whole number")},
+        {"actionCreateFloat", QT_TR_NOOP("Float"), "node-float", "", &W::onMenuCreateFloatNode,
+         QT_TR_NOOP("Add a number")},
         {"actionCreateBool", QT_TR_NOOP("Bool"), "node-bool", "", &W::onMenuCreateBoolNode, QT_TR_NOOP("Add a switch")},
         {"actionCreateNull", QT_TR_NOOP("Null"), "node-null", "", &W::onMenuCreateNullNode,
          QT_TR_NOOP("Add a null, which groups other nodes")},
+        {"actionCreateMesh", QT_TR_NOOP("Mesh"), "node-mesh", "", &W::onMenuCreateMeshNode, QT_TR_NOOP("Add an empty mesh")},
+        {"actionCreateSphere", QT_TR_NOOP("Sphere"), "sphere", "", &W::onMenuCreateSphereNode,
+         QT_TR_NOOP("Add a sphere")},
+        {"actionCreateCube", QT_TR_NOOP("Cube"), "cube", "", &W::onMenuCreateCubeNode, QT_TR_NOOP("Add a cube")},
+        {"actionCreateCylinder", QT_TR_NOOP("Cylinder"), "cylinder", "", &W::onMenuCreateCylinderNode,
+         QT_TR_NOOP("Add a cylinder")},
+        {"actionCreatePlane", QT_TR_NOOP("Plane"), "plane", "", &W::onMenuCreatePlaneNode, QT_TR_NOOP("Add a plane")},
+        {"actionCreateTorus", QT_TR_NOOP("Torus"), "torus", "", &W::onMenuCreateTorusNode, QT_TR_NOOP("Add a torus")},
+        {"actionCreate3DText", QT_TR_NOOP("3DText"), "text3d", "", &W::onMenuCreate3DTextNode,
+         QT_TR_NOOP("Add a text as a body")},
+        {"actionCreatePSVG", QT_TR_NOOP("SVG"), "svg", "", &W::onMenuCreatePSVGNode,
+         QT_TR_NOOP("Add the shapes of an SVG drawing")},
         {"actionCreateShader", QT_TR_NOOP("Shader"), "node-shader", "", &W::onMenuCreateShaderNode,
          QT_TR_NOOP("Add a basic shader")},
         {"actionCreatePbrShader", QT_TR_NOOP("PbrShader"), "node-shader", "", &W::onMenuCreatePbrShaderNode,
@@ -98,8 +113,7 @@ void kmmainwidget::createCommands()
     m_commands = new KMComContainer(this);
     m_commands->command(QStringLiteral("ComDoLastCommand"))->setShortcut(QKeySequence(Qt::Key_F4));
     m_commands->command(QStringLiteral("ComSelectAll"))->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_A));
-    m_commands->command(QStringLiteral("ComUnselectAll"))
-        ->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
+    m_commands->command(QStringLiteral("ComUnselectAll"))->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
 }
 
 QAction *kmmainwidget::action(const char *objectName) const

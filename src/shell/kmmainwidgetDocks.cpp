@@ -39,15 +39,18 @@ void kmmainwidget::createDocks()
     };
     addDock(new kmoutputwidget, Right);
     addDock(empty("kmcodeeditorwidget", tr("Code Editor"), "code", tr("Scripts are written and run here.")), Right);
-    addDock(empty("kmschematicwidget", tr("Schematic"), "schematic", tr("Nodes are wired to one another here.")), Right);
+    addDock(empty("kmschematicwidget", tr("Schematic"), "schematic", tr("Nodes are wired to one another here.")),
+            Right);
     addDock(m_nodeDock = new kmnodewidget(gProject->tree()), Left);
     addDock(m_historyDock = new kmhistorywidget(m_undoStack), Right);
-    addDock(empty("kmbonewidget", tr("Bones"), "bone", tr("The bones of the current container are listed here.")), Left);
+    addDock(empty("kmbonewidget", tr("Bones"), "bone", tr("The bones of the current container are listed here.")),
+            Left);
     addDock(empty("kmtoolwidget", tr("Tool"), "tool", tr("The options of the current tool stand here.")), Right);
     addDock(m_textureDock = new kmtexturewidget, Left);
     addDock(m_shaderDock = new kmshaderwidget, Left);
-    addDock(empty("kmcoodinatewidget", tr("Coordinate"), "coordinate", tr("The position of the selection stands here.")),
-            Left);
+    addDock(
+        empty("kmcoodinatewidget", tr("Coordinate"), "coordinate", tr("The position of the selection stands here.")),
+        Left);
     addDock(m_attributeDock = new kmattributewidget, Right);
     addDock(empty("kmanimationwidget", tr("Animation"), "animation", tr("Frames and keys of the motion stand here.")),
             Left);
@@ -85,18 +88,18 @@ void kmmainwidget::connectDocks()
                                static_cast<KMDockWidget *>(m_shaderDock)})
         connect(dock, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
 
-    const QList<const char *> nodeItems{"actionCreateNull",  "actionCreateInt", "actionCreateFloat",
-                                        "actionCreateBool",  nullptr,           "actionRename",
-                                        "actionDuplicate",   "actionGroup",     nullptr,
-                                        "actionCut",         "actionCopy",      "actionPaste",
+    const QList<const char *> nodeItems{"actionCreateNull", "actionCreateInt", "actionCreateFloat",
+                                        "actionCreateBool", nullptr,           "actionRename",
+                                        "actionDuplicate",  "actionGroup",     nullptr,
+                                        "actionCut",        "actionCopy",      "actionPaste",
                                         "actionDelete"};
     QList<QAction *> nodeActions;
     for (const char *item : nodeItems)
         nodeActions << (item ? action(item) : nullptr);
     m_nodeDock->setMenuActions(nodeActions);
     m_shaderDock->setAddActions({action("actionCreateShader"), action("actionCreatePbrShader")});
-    m_textureDock->setAddActions({action("actionCreateFileTexture"), action("actionCreatePTexture"),
-                                  action("actionCreateEmbeddedTexture")});
+    m_textureDock->setAddActions(
+        {action("actionCreateFileTexture"), action("actionCreatePTexture"), action("actionCreateEmbeddedTexture")});
 }
 
 /// A floating panel is a window of its own, and so it may be larger than the room beside the views.

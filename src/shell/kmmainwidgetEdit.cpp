@@ -13,6 +13,14 @@
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "core/KMValueNodeContainer.h"
+#include "mesh/KMMeshNode.h"
+#include "modifiers/KMPrim3DTextNode.h"
+#include "modifiers/KMPrimCubeNode.h"
+#include "modifiers/KMPrimCylinderNode.h"
+#include "modifiers/KMPrimPlaneNode.h"
+#include "modifiers/KMPrimSVGNode.h"
+#include "modifiers/KMPrimSphereNode.h"
+#include "modifiers/KMPrimTorusNode.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
@@ -132,6 +140,46 @@ void kmmainwidget::onMenuCreateNullNode()
     create(new KMNullNode);
 }
 
+void kmmainwidget::onMenuCreateMeshNode()
+{
+    create(new KMMeshNode);
+}
+
+void kmmainwidget::onMenuCreateSphereNode()
+{
+    create(new KMPrimSphereNode);
+}
+
+void kmmainwidget::onMenuCreateCubeNode()
+{
+    create(new KMPrimCubeNode);
+}
+
+void kmmainwidget::onMenuCreateCylinderNode()
+{
+    create(new KMPrimCylinderNode);
+}
+
+void kmmainwidget::onMenuCreatePlaneNode()
+{
+    create(new KMPrimPlaneNode);
+}
+
+void kmmainwidget::onMenuCreateTorusNode()
+{
+    create(new KMPrimTorusNode);
+}
+
+void kmmainwidget::onMenuCreate3DTextNode()
+{
+    create(new KMPrim3DTextNode);
+}
+
+void kmmainwidget::onMenuCreatePSVGNode()
+{
+    create(new KMPrimSVGNode);
+}
+
 void kmmainwidget::onMenuCreateShaderNode()
 {
     create(new KMBasicShaderNode);
@@ -181,8 +229,9 @@ void kmmainwidget::onMenuAboutQt()
     box.icon = QMessageBox::Information;
     box.title = tr("About Qt");
     box.text = tr("This program uses Qt version %1.").arg(QLatin1String(qVersion()));
-    box.informativeText = tr("Qt is a toolkit for programs with a user interface, used here under the GNU Lesser General "
-                             "Public License. See https://www.qt.io for more.");
+    box.informativeText =
+        tr("Qt is a toolkit for programs with a user interface, used here under the GNU Lesser General "
+           "Public License. See https://www.qt.io for more.");
     box.parent = this;
     KMPrompt::current().message(box);
 }

@@ -1,6 +1,7 @@
 // The menu bar and the tool bars. Each menu is a list of the names of its actions; a null is a line.
 
 #include "core/KMSettings.h"
+#include "shell/KMIcon.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/KMUndoToolBar.h"
 #include "shell/commands/KMComContainer.h"
@@ -101,8 +102,8 @@ void kmmainwidget::rebuildRecentMenu()
     m_recentMenu->clear();
     const QStringList paths = KMRecentFiles::paths();
     for (int i = 0; i < paths.size(); ++i) {
-        QAction *entry = m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this,
-                                                 &kmmainwidget::openRecentFile);
+        QAction *entry =
+            m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this, &kmmainwidget::openRecentFile);
         entry->setData(paths[i]);
         entry->setStatusTip(paths[i]);
     }
@@ -127,8 +128,13 @@ void kmmainwidget::createEditMenu()
 void kmmainwidget::createCreateMenu()
 {
     QMenu *menu = addMenu(tr("Create(&C)"), "Menu Create");
-    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull", nullptr,
-                "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
+    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull",
+                "actionCreateMesh", nullptr});
+    QMenu *primitives = menu->addMenu(KMIcon::icon(QStringLiteral("node-primitive")), tr("Primitive"));
+    primitives->setObjectName(QStringLiteral("primitives"));
+    fill(primitives, {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane",
+                      "actionCreateTorus", "actionCreate3DText", "actionCreatePSVG"});
+    fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));
 }

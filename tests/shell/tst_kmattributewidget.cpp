@@ -88,9 +88,12 @@ void tst_kmattributewidget::numbers_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<double>("value");
 
-    QTest::newRow("whole") << "actionCreateInt" << "-17" << -17.0;
-    QTest::newRow("whole, widest") << "actionCreateInt" << "2147483647" << 2147483647.0;
-    QTest::newRow("fraction") << "actionCreateFloat" << "2.25" << 2.25;
+    QTest::newRow("whole") << "actionCreateInt"
+                           << "-17" << -17.0;
+    QTest::newRow("whole, widest") << "actionCreateInt"
+                                   << "2147483647" << 2147483647.0;
+    QTest::newRow("fraction") << "actionCreateFloat"
+                              << "2.25" << 2.25;
 }
 
 void tst_kmattributewidget::numbers()

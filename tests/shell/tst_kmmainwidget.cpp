@@ -78,6 +78,9 @@ void tst_kmmainwidget::drop(kmmainwidget &window, const QString &path)
 {
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(window.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window, &enter);
+    QVERIFY(enter.isAccepted());
     QDropEvent event(QPointF(window.rect().center()), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&window, &event);
     QVERIFY(event.isAccepted());
@@ -94,6 +97,9 @@ void tst_kmmainwidget::nodesFromTheMenu_data()
     QTest::newRow("float") << "actionCreateFloat" << int(KMNodeType::FloatContainer) << "Float0";
     QTest::newRow("bool") << "actionCreateBool" << int(KMNodeType::BoolContainer) << "Bool0";
     QTest::newRow("null") << "actionCreateNull" << int(KMNodeType::Null) << "Null0";
+    QTest::newRow("mesh") << "actionCreateMesh" << int(KMNodeType::Mesh) << "Mesh0";
+    QTest::newRow("sphere") << "actionCreateSphere" << int(KMNodeType::PrimSphere) << "";
+    QTest::newRow("text") << "actionCreate3DText" << int(KMNodeType::Prim3DText) << "";
     QTest::newRow("shader") << "actionCreateShader" << int(KMNodeType::BasicShader) << "Shader";
     QTest::newRow("pbr shader") << "actionCreatePbrShader" << int(KMNodeType::PbrShader) << "PbrShader";
     QTest::newRow("texture") << "actionCreatePTexture" << int(KMNodeType::ProcTexture) << "PTexture0";
@@ -111,9 +117,9 @@ void tst_kmmainwidget::nodesFromTheMenu()
     QCOMPARE(node->type(), type);
     if (!name.isEmpty())
         QCOMPARE(node->name(), name);
-    const KMNode *current = isShader(type) ? gSolution->currentShader()
-        : isTexture(type)                  ? gSolution->currentTexture()
-                                           : gSolution->currentNode();
+    const KMNode *current = isShader(type)    ? gSolution->currentShader()
+                            : isTexture(type) ? gSolution->currentTexture()
+                                              : gSolution->currentNode();
     QCOMPARE(current, static_cast<const KMNode *>(node));
 
     QCOMPARE(window->undoStack()->count(), 1);
@@ -289,7 +295,7 @@ void tst_kmmainwidget::droppedPicture()
     QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(path));
     drop(*window, path);
     QCOMPARE(gProject->textures().size(), 1);
-    QCOMPARE(gSolution->currentTexture(), static_cast<KMNode *>(gProject->textures().first()));
+    QCOMPARE(gSolution->currentTexture(), gProject->textures().nodes().first());
     QCOMPARE(window->undoStack()->count(), 1);
     QVERIFY(window.prompt.messages.isEmpty());
 }
@@ -346,8 +352,14 @@ void tst_kmmainwidget::shortcutFile()
     QVERIFY(!file.contains(QStringLiteral("actionOfLongAgo")));
     QVERIFY(file.contains(QStringLiteral("Version/AppVer")));
 
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&*window));
     QTest::keySequence(&*window, quick);
-    QCOMPARE(treeText(), QStringLiteral("Null0"));
+    QTest::keySequence(&*window, quick);
+    QCOMPARE(treeText(), QStringLiteral("Null0 Null1"));
+    // The keys that are held down must not make the new row join the selection.
+    QCOMPARE(gProject->tree()->selectedItems().size(), 1);
+    QCOMPARE(gProject->tree()->selectedItems().first()->text(0), QStringLiteral("Null1"));
 }
 
 void tst_kmmainwidget::menuTitlesAndActions()

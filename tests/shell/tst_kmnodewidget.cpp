@@ -168,6 +168,7 @@ void tst_kmnodewidget::renameInPlace()
     editor->selectAll();
     QTest::keyClicks(editor, typed);
     QTest::keyClick(editor, Qt::Key(key));
+    QTRY_VERIFY(!m_tree->findChild<QLineEdit *>()); // the editor hands over after the key was handled
     QCOMPARE(m_a->name(), name);
     QCOMPARE(m_a->item()->text(0), name);
     QCOMPARE((*m_window)->undoStack()->count(), steps);
@@ -212,19 +213,29 @@ void tst_kmnodewidget::drop_data()
 {
     QTest::addColumn<QString>("dragged");
     QTest::addColumn<QString>("target"); // empty for the free space below
-    QTest::addColumn<int>("height"); // of the drop in the row: -1 its upper edge, 0 its middle, 1 its lower edge
+    QTest::addColumn<int>("height");     // of the drop in the row: -1 its upper edge, 0 its middle, 1 its lower edge
     QTest::addColumn<QString>("shapeAfter");
 
-    QTest::newRow("into another") << "i" << "a" << 0 << "a(i) b(c)";
-    QTest::newRow("above a top-level row") << "i" << "a" << -1 << "i a b(c)";
-    QTest::newRow("below a top-level row") << "i" << "a" << 1 << "a i b(c)";
-    QTest::newRow("above a child") << "i" << "c" << -1 << "a b(i c)";
-    QTest::newRow("below a child") << "i" << "c" << 1 << "a b(c i)";
-    QTest::newRow("to the end") << "c" << "" << 0 << "a b i c";
-    QTest::newRow("two in their order") << "ai" << "b" << 0 << "b(c a i)";
-    QTest::newRow("above one of the dragged") << "ai" << "i" << -1 << "b(c) a i";
-    QTest::newRow("into itself") << "b" << "b" << 0 << "a b(c) i";
-    QTest::newRow("into its child") << "b" << "c" << 0 << "a b(c) i";
+    QTest::newRow("into another") << "i"
+                                  << "a" << 0 << "a(i) b(c)";
+    QTest::newRow("above a top-level row") << "i"
+                                           << "a" << -1 << "i a b(c)";
+    QTest::newRow("below a top-level row") << "i"
+                                           << "a" << 1 << "a i b(c)";
+    QTest::newRow("above a child") << "i"
+                                   << "c" << -1 << "a b(i c)";
+    QTest::newRow("below a child") << "i"
+                                   << "c" << 1 << "a b(c i)";
+    QTest::newRow("to the end") << "c"
+                                << "" << 0 << "a b i c";
+    QTest::newRow("two in their order") << "ai"
+                                        << "b" << 0 << "b(c a i)";
+    QTest::newRow("above one of the dragged") << "ai"
+                                              << "i" << -1 << "b(c) a i";
+    QTest::newRow("into itself") << "b"
+                                 << "b" << 0 << "a b(c) i";
+    QTest::newRow("into its child") << "b"
+                                    << "c" << 0 << "a b(c) i";
 }
 
 void tst_kmnodewidget::drop()
@@ -255,8 +266,7 @@ void tst_kmnodewidget::foreignDrop()
     const QPoint onA = m_tree->visualItemRect(m_a->item()).center();
     QMimeData otherRun;
     QByteArray bytes;
-    QDataStream(&bytes, QIODevice::WriteOnly) << QCoreApplication::applicationPid() + 1
-                                              << qulonglong(quintptr(m_i));
+    QDataStream(&bytes, QIODevice::WriteOnly) << QCoreApplication::applicationPid() + 1 << qulonglong(quintptr(m_i));
     otherRun.setData(KMTreeWidget::NodeMimeType, bytes);
     dropAt(onA, &otherRun);
     const std::unique_ptr<QMimeData> gone(drag({m_i}));
@@ -306,8 +316,7 @@ void tst_kmnodewidget::tagIcons()
     gSolution->push(new addTagCommand(m_a, new TestTag(QStringLiteral("Group"))));
     gSolution->push(new addTagCommand(m_a, new TestTag(QStringLiteral("Group"))));
     const QRect tags = cell(m_a, KMTreeWidget::TagColumn);
-    QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier,
-                      KMNodeRowDelegate::tagRect(tags, 1).center());
+    QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, KMNodeRowDelegate::tagRect(tags, 1).center());
     QCOMPARE(gSolution->currentTag(), m_a->tag(1));
     QVERIFY(m_a->tag(1)->isSelected());
     auto *name = (*m_window)->attributeDock()->findChild<QLineEdit *>(QStringLiteral("name"));

@@ -23,7 +23,7 @@ public:
     kmmainwidget &operator*() const { return *m_window; }
     bool isOpen() const { return m_window; }
     void reopen(); ///< closes the window and starts again with the same files
-    void close(); ///< discards the document when it was changed; gone afterwards
+    void close();  ///< discards the document when it was changed; gone afterwards
 
     void trigger(const char *actionName) const; ///< of an action of the window; fails the test for an unknown one
     template <class Node>

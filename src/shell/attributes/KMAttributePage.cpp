@@ -3,6 +3,7 @@
 #include "core/KMDpi.h"
 #include "shell/widgets/KMColorField.h"
 #include "shell/widgets/KMNumberField.h"
+#include "shell/widgets/KMTextArea.h"
 #include "shell/widgets/KMTextField.h"
 
 #include <QCheckBox>
@@ -25,6 +26,8 @@ void KMAttributePage::commit()
 {
     for (KMTextField *field : findChildren<KMTextField *>())
         field->commit();
+    for (KMTextArea *area : findChildren<KMTextArea *>())
+        area->commit();
     for (KMNumberField *field : findChildren<KMNumberField *>()) {
         field->interpretText();
         field->commit();

@@ -11,6 +11,7 @@
 #include "shell/attributes/KMBasicShaderPage.h"
 #include "shell/attributes/KMNormalTagPage.h"
 #include "shell/attributes/KMNullPage.h"
+#include "shell/attributes/KMPrimitivePages.h"
 #include "shell/attributes/KMProjectPage.h"
 #include "shell/attributes/KMTagPage.h"
 #include "shell/attributes/KMTexturePages.h"
@@ -41,6 +42,13 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::FileTexture, 0, &make<KMFileTexturePage, KMFileTextureNode>},
     {KMNodeType::EmbeddedTexture, 0, &make<KMEmbeddedTexturePage, KMEmbeddedTextureNode>},
     {KMNodeType::Project, 0, &make<KMProjectPage, KMProject>},
+    {KMNodeType::PrimSphere, 0, &make<KMPrimSpherePage, KMPrimSphereNode>},
+    {KMNodeType::PrimCube, 0, &make<KMPrimCubePage, KMPrimCubeNode>},
+    {KMNodeType::PrimCylinder, 0, &make<KMPrimCylinderPage, KMPrimCylinderNode>},
+    {KMNodeType::PrimTorus, 0, &make<KMPrimTorusPage, KMPrimTorusNode>},
+    {KMNodeType::PrimPlane, 0, &make<KMPrimPlanePage, KMPrimPlaneNode>},
+    {KMNodeType::Prim3DText, 0, &make<KMPrim3DTextPage, KMPrim3DTextNode>},
+    {KMNodeType::PrimSVG, 0, &make<KMPrimSVGPage, KMPrimSVGNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},

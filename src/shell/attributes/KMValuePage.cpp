@@ -31,9 +31,8 @@ void KMValuePage::createEditor()
         return;
     case KMNodeType::IntContainer:
         m_number = addWhole(label, key, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-        connect(m_number, &KMNumberField::committed, this, [value](double number) {
-            gSolution->push(new setIntIntCommand(value, value->toInt(), int(number)));
-        });
+        connect(m_number, &KMNumberField::committed, this,
+                [value](double number) { gSolution->push(new setIntIntCommand(value, value->toInt(), int(number))); });
         return;
     case KMNodeType::FloatContainer:
         m_number = addNumber(label, key);

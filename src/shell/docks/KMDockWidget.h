@@ -11,8 +11,8 @@ class KMDockWidget : public QDockWidget
 public:
     KMDockWidget(const QString &objectName, const QString &title, const QString &icon, QWidget *parent = nullptr);
 
-    virtual void refresh() {} ///< the history moved: what is shown may be another
-    virtual void resetDocument() {} ///< another document comes: forget every node
+    virtual void refresh() {}                           ///< the history moved: what is shown may be another
+    virtual void resetDocument() {}                     ///< another document comes: forget every node
     virtual void releaseDocument() { resetDocument(); } ///< the window closes; the document goes next
 
 signals:

@@ -101,7 +101,8 @@ void KMNodeRowDelegate::paintBox(QPainter *painter, const QStyleOptionViewItem &
         const char *set;
         const char *cleared;
     };
-    const Look look = index.column() == KMTreeWidget::VisibleColumn ? Look{"visible", "hidden"} : Look{"lock", "unlock"};
+    const Look look =
+        index.column() == KMTreeWidget::VisibleColumn ? Look{"visible", "hidden"} : Look{"lock", "unlock"};
     const bool set = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     const int size = tagIconSize();
     QRect box(0, 0, size, size);

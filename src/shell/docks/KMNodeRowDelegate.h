@@ -13,7 +13,7 @@ class KMNodeRowDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    static int tagIconSize(); ///< pixels
+    static int tagIconSize();                           ///< pixels
     static QRect tagRect(const QRect &cell, int place); ///< of the icon at a place among the live tags
     static KMTagBase *tagAt(const KMContainerNode *node, const QRect &cell, const QPoint &position); ///< null for none
 

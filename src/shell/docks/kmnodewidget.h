@@ -24,7 +24,10 @@ public:
     ~kmnodewidget() override;
 
     KMTreeWidget *tree() const { return m_tree; } ///< null after releaseDocument()
-    void setMenuActions(const QList<QAction *> &actions) { m_menuActions = actions; } ///< of the rows' menu; a null is a line
+    void setMenuActions(const QList<QAction *> &actions)
+    {
+        m_menuActions = actions;
+    }                     ///< of the rows' menu; a null is a line
     void renameCurrent(); ///< opens the editor of the current row
 
     void refresh() override; ///< keeps the filter true after an edit

@@ -22,7 +22,8 @@ QBrush litBall(const KMBasicShader &values, const QRectF &ball)
 {
     const QColor shade = sum(sum({0, 0, 0, values.diffuse.alpha()}, values.ambient), values.emissive);
     const QColor lit = sum(sum(values.diffuse, values.ambient), values.emissive);
-    QRadialGradient light(ball.center(), ball.width() * 0.75, ball.topLeft() + QPointF(ball.width(), ball.height()) * 0.35);
+    QRadialGradient light(ball.center(), ball.width() * 0.75,
+                          ball.topLeft() + QPointF(ball.width(), ball.height()) * 0.35);
     light.setColorAt(0.0, sum(lit, values.specular));
     light.setColorAt(qBound(0.05, 0.4 - values.shininess / 500.0, 0.4), lit);
     light.setColorAt(1.0, shade);

@@ -14,7 +14,7 @@ public:
 
     explicit KMNumberField(Kind kind = Kind::Float, QWidget *parent = nullptr);
 
-    void showNumber(double number); ///< what the model holds; takes no part in a running edit
+    void showNumber(double number);                ///< what the model holds; takes no part in a running edit
     double shownNumber() const { return m_exact; } ///< as given to showNumber(), not rounded to the digits shown
     void commit();
 

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "shell/attributes/KMNullPage.h"
+
+#include <QVector>
+
+#include <functional>
+
+class KMPrimitiveNode;
+
+/// A primitive: its transform, its shader and, in the classes of KMPrimitivePages, its parameters.
+class KMPrimitivePage : public KMNullPage
+{
+    Q_OBJECT
+public:
+    KMPrimitivePage(KMPrimitiveNode *primitive, const QString &title);
+
+    void refresh() override;
+
+protected:
+    void addShader(); ///< the last row of a page
+    void onRefresh(const std::function<void()> &show) { m_showers << show; } ///< shows one value of the node
+
+private:
+    void fillShaders();
+
+    KMPrimitiveNode *m_primitive;
+    QComboBox *m_shader = nullptr;
+    QVector<std::function<void()>> m_showers;
+};

@@ -1,0 +1,71 @@
+#include "support/MeshProbe.h"
+
+#include "mesh/KMMeshStore.h"
+
+#include <QHash>
+#include <QPair>
+#include <QSet>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+quint32 bits(float value)
+{
+    quint32 number;
+    std::memcpy(&number, &value, sizeof number);
+    return number;
+}
+
+kvm::Vector3 cornerOf(const KMMeshStore &mesh, const KMFace &face, int corner)
+{
+    return mesh.position(face.indices[corner]);
+}
+
+} // namespace
+
+MeshProbe::MeshProbe(const KMMeshStore &mesh)
+{
+    QHash<QPair<int, int>, int> sides;
+    QSet<int> used;
+    for (const KMFace *face : mesh.faces()) {
+        ++faces;
+        for (int c = 0; c < face->count; ++c) {
+            used.insert(face->indices[c]);
+            ++sides[{face->indices[c], face->next(c)}];
+        }
+        for (int c = 2; c < face->count; ++c) {
+            const kvm::Vector3 a = cornerOf(mesh, *face, 0);
+            const kvm::Vector3 b = cornerOf(mesh, *face, c - 1);
+            const kvm::Vector3 d = cornerOf(mesh, *face, c);
+            const kvm::Vector3 twice = cross(b - d, a - b); // the normal of the three corners, twice as long as the area
+            area += double(twice.length()) / 2.0;
+            volume += double(dot(a, twice)) / 6.0;
+        }
+    }
+    vertices = used.size();
+    for (auto side = sides.cbegin(); side != sides.cend(); ++side) {
+        const int back = sides.value({side.key().second, side.key().first});
+        openEdges += std::max(0, side.value() - back);
+        if (side.key().first < side.key().second || back == 0)
+            edges += std::max(side.value(), back);
+    }
+}
+
+QString meshText(const KMMeshStore &mesh)
+{
+    QString text;
+    QTextStream out(&text);
+    for (const KMVertex *vertex : mesh.vertices())
+        out << "v " << bits(vertex->pos.x) << ' ' << bits(vertex->pos.y) << ' ' << bits(vertex->pos.z) << '\n';
+    for (const KMFace *face : mesh.faces()) {
+        out << "f " << face->shader;
+        for (int c = 0; c < face->count; ++c)
+            out << ' ' << face->indices[c] << '/' << bits(face->uvs[c].x) << '/' << bits(face->uvs[c].y);
+        out << '\n';
+    }
+    out.flush();
+    return text;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+class KMMeshStore;
+
+/// What the shape of a mesh is, found from its faces alone.
+struct MeshProbe
+{
+    explicit MeshProbe(const KMMeshStore &mesh);
+
+    int vertices = 0; ///< used by a face
+    int edges = 0;
+    int faces = 0;
+    int openEdges = 0; ///< sides without a neighbour that runs the other way, each counted
+    double volume = 0.0; ///< positive when the faces look outwards
+    double area = 0.0;
+
+    bool isClosed() const { return openEdges == 0; }
+    int euler() const { return vertices - edges + faces; } ///< 2 for each ball, 0 for each ring
+};
+
+/// The whole mesh as text, bit for bit.
+QString meshText(const KMMeshStore &mesh);
