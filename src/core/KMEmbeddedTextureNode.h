@@ -19,4 +19,5 @@ public:
 private:
     mutable QByteArray m_encoded; // of the picture, when it isn't empty
     mutable QImage m_image;
+    mutable bool m_isPacked = false; // the image wasn't asked for yet; once it was, a damaged one stays null
 };

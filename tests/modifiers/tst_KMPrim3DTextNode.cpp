@@ -60,9 +60,14 @@ struct Bounds
     kvm::Vector3 most{-1e9f, -1e9f, -1e9f};
 };
 
+QPolygonF polygon(const QVector<QPointF> &corners)
+{
+    return QPolygonF(corners);
+}
+
 QPolygonF square(double x, double y, double size, bool clockwise = true)
 {
-    QPolygonF corners{{x, y}, {x + size, y}, {x + size, y + size}, {x, y + size}};
+    QPolygonF corners = polygon({{x, y}, {x + size, y}, {x + size, y + size}, {x, y + size}});
     if (!clockwise)
         std::reverse(corners.begin(), corners.end());
     return corners;
@@ -294,7 +299,7 @@ void tst_KMPrim3DTextNode::overlappingOutlines_data()
     const QList<QPolygonF> crossed{square(0, 0, 10), square(5, 5, 10)};
     const QList<QPolygonF> hole{square(0, 0, 10), square(2, 2, 5, false)};
     const QList<QPolygonF> same{square(0, 0, 10), square(0, 0, 10)};
-    const QPolygonF bow{{0, 0}, {10, 10}, {10, 0}, {0, 10}};
+    const QPolygonF bow = polygon({{0, 0}, {10, 10}, {10, 0}, {0, 10}});
     QTest::newRow("crossed, joined") << crossed << int(Qt::WindingFill) << 175.0;
     QTest::newRow("crossed, cut out") << crossed << int(Qt::OddEvenFill) << 150.0;
     QTest::newRow("hole") << hole << int(Qt::WindingFill) << 75.0;
@@ -307,11 +312,11 @@ void tst_KMPrim3DTextNode::overlappingOutlines_data()
                                       << 50.0;
     QTest::newRow("side by side") << QList<QPolygonF>{square(0, 0, 5), square(5, 0, 5)} << int(Qt::WindingFill)
                                   << 50.0;
-    QTest::newRow("points on a line") << QList<QPolygonF>{QPolygonF{{0, 0}, {5, 0}, {10, 0}, {10, 10}, {0, 10}}}
+    QTest::newRow("points on a line") << QList<QPolygonF>{polygon({{0, 0}, {5, 0}, {10, 0}, {10, 10}, {0, 10}})}
                                       << int(Qt::WindingFill) << 100.0;
-    QTest::newRow("no area") << QList<QPolygonF>{QPolygonF{{0, 0}, {5, 0}, {10, 0}}} << int(Qt::WindingFill) << 0.0;
+    QTest::newRow("no area") << QList<QPolygonF>{polygon({{0, 0}, {5, 0}, {10, 0}})} << int(Qt::WindingFill) << 0.0;
     QTest::newRow("points repeated")
-        << QList<QPolygonF>{QPolygonF{{0, 0}, {0, 0}, {10, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}}}
+        << QList<QPolygonF>{polygon({{0, 0}, {0, 0}, {10, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}})}
         << int(Qt::WindingFill) << 100.0;
 }
 
@@ -347,7 +352,7 @@ void tst_KMPrim3DTextNode::tangledOutlinesEnd()
     KMPathMesher mesher;
     QVERIFY(mesher.mesh({star}, Qt::WindingFill).isEmpty());
     QVERIFY(mesher.error().contains(QStringLiteral("cross")));
-    QVERIFY(mesher.mesh({QPolygonF{{0, 0}, {1e30, 0}, {0, 1}}}, Qt::WindingFill).isEmpty());
+    QVERIFY(mesher.mesh({polygon({{0, 0}, {1e30, 0}, {0, 1}})}, Qt::WindingFill).isEmpty());
     QVERIFY(!mesher.error().isEmpty());
 }
 

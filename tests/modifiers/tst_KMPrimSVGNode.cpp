@@ -33,7 +33,7 @@ private slots:
     void notDrawings();
     void limits();
     void mutations();
-    void node();
+    void shapeOfNode();
     void badFileLeavesNothing();
     void changedFileIsReadAgain();
     void ownIcons();
@@ -268,7 +268,7 @@ void tst_KMPrimSVGNode::limits()
     QByteArray tangle = "<path d='M0 0";
     std::mt19937 random(3);
     for (int i = 0; i < 15000; ++i)
-        tangle += 'L' + QByteArray::number(random() % 1000) + ' ' + QByteArray::number(random() % 1000);
+        tangle += 'L' + QByteArray::number(uint(random() % 1000)) + ' ' + QByteArray::number(uint(random() % 1000));
     QVERIFY(readBytes(reader, drawing((tangle + "'/>").repeated(5) + "<rect width='1' height='1'/>")));
     QVERIFY(reader.warnings().size() >= 5);
     QCOMPARE(areaOf(reader.area()), 1.0);
@@ -304,7 +304,7 @@ void tst_KMPrimSVGNode::mutations()
     }
 }
 
-void tst_KMPrimSVGNode::node()
+void tst_KMPrimSVGNode::shapeOfNode()
 {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("図.svg"));
@@ -361,7 +361,7 @@ void tst_KMPrimSVGNode::changedFileIsReadAgain()
 /// The program's own drawings are line art, filled shapes and groups: each has something to show.
 void tst_KMPrimSVGNode::ownIcons()
 {
-    const QDir icons(QStringLiteral(KELMO_SOURCE_DIR "/src/Resources/svg"));
+    const QDir icons(QLatin1String(KELMO_SOURCE_DIR "/src/Resources/svg"));
     const QStringList names = icons.entryList({QStringLiteral("node-*.svg")});
     QVERIFY(!names.isEmpty());
     for (const QString &name : names) {

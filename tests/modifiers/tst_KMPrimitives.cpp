@@ -1,3 +1,4 @@
+#include "core/KMBasicShaderNode.h"
 #include "core/KMHeadlessSession.h"
 #include "core/KMNodeClone.h"
 #include "core/KMNodeType.h"
@@ -55,7 +56,7 @@ private slots:
 
 namespace {
 
-constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+constexpr float noNumber = std::numeric_limits<float>::quiet_NaN();
 constexpr int billion = 1000000000;
 
 using Primitive = std::shared_ptr<KMPrimitiveNode>;
@@ -316,7 +317,7 @@ void tst_KMPrimitives::outOfRangeKeepsTheMesh_data()
     row("sphere radius", sphere, KMPrimSphere{-1.0f, 15, 25});
     row("sphere rings", sphere, KMPrimSphere{25.0f, 2, 25});
     row("sphere sectors", sphere, KMPrimSphere{25.0f, 15, 3});
-    row("sphere without a number", sphere, KMPrimSphere{nan, 15, 25});
+    row("sphere without a number", sphere, KMPrimSphere{noNumber, 15, 25});
     const auto cylinder = std::make_shared<KMPrimCylinderNode>();
     row("cylinder radius", cylinder, KMPrimCylinder{50.0f, -0.1f, 4, 13});
     row("cylinder rings", cylinder, KMPrimCylinder{50.0f, 25.0f, 3, 13});
