@@ -26,6 +26,7 @@ private slots:
     void uselessSettingsFile_data();
     void uselessSettingsFile();
     void opensOnePath();
+    void relativePathIsRememberedWhole();
     void badPath_data();
     void badPath();
     void backupComesBeforeThePath();
@@ -183,6 +184,18 @@ void tst_KMStartup::opensOnePath()
     QVERIFY(result.boxes.isEmpty());
     QCOMPARE(result.reported("file"), first);
     QCOMPARE(result.reported("title"), QStringLiteral("KELMO2 - [first model]"));
+}
+
+/// The list of recent files is read by the next start, which may happen in another folder.
+void tst_KMStartup::relativePathIsRememberedWhole()
+{
+    ProgramRun program;
+    QVERIFY(QDir().mkdir(program.path(QStringLiteral("models"))));
+    const QString model = program.path(QStringLiteral("models/model.kmd"));
+    QVERIFY(writeDocument(model));
+    program.setWorkingDirectory(program.path(QStringLiteral("models")));
+    QCOMPARE(program.runAndClose({QStringLiteral("model.kmd")}).reported("file"), model);
+    QCOMPARE(setting(program, "recentFileList").toStringList(), QStringList{model});
 }
 
 void tst_KMStartup::badPath_data()
