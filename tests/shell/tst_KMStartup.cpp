@@ -126,7 +126,10 @@ void tst_KMStartup::speaksTheChosenLanguage_data()
     {
         const char *name;
         int language;
-    } englishRows[] = {{"English", QLocale::English}, {"one without a translation", QLocale::Zulu}, {"none", 99999}};
+    } englishRows[] = {{"English", QLocale::English},
+                       {"one that only Qt speaks", QLocale::German},
+                       {"one without a translation", QLocale::Zulu},
+                       {"none", 99999}};
     for (const auto &row : englishRows)
         QTest::newRow(row.name) << row.language << "KELMO2 - [untitled]"
                                 << "File(&F)"
