@@ -46,6 +46,8 @@ QStringList creasePlaces(const KMTagNormal *tag)
 
 } // namespace
 
+Q_DECLARE_METATYPE(Maker)
+
 class tst_KMTagNormal : public QObject
 {
     Q_OBJECT
