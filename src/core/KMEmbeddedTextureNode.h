@@ -12,7 +12,7 @@ public:
 
     QImage image() const override; ///< null when the packed picture is damaged or larger than 16384 on a side
     void setImage(const QImage &image);
-    QByteArray encodedImage() const; ///< the picture as a PNG; empty when there is none
+    QByteArray encodedImage() const;             ///< the picture as a PNG; empty when there is none
     void setEncodedImage(const QByteArray &png); ///< taken as it is, and given back so even when it is damaged
     KMContainerNode *clone() const override;
 

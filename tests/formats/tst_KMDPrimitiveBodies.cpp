@@ -1,3 +1,4 @@
+#include "core/KMBasicShaderNode.h"
 #include "core/KMHeadlessSession.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
@@ -10,7 +11,6 @@
 #include "modifiers/KMPrimitiveCommands.h"
 #include "support/MeshProbe.h"
 #include "support/ScriptedPrompt.h"
-#include "support/SmallScene.h"
 #include "support/TestRegistry.h"
 
 #include <QBuffer>
@@ -128,8 +128,10 @@ void tst_KMDPrimitiveBodies::roundTrip()
     const QString path = m_dir.filePath(QStringLiteral("a.kmd"));
     QString before;
     {
-        SmallScene scene;
+        KMHeadlessSession session;
         installNativeFormat(gSolution);
+        for (int i = 0; i < 3; ++i)
+            gProject->addNode(new KMBasicShaderNode);
         gProject->addNode(original);
         original->setName(QStringLiteral("図形"));
         original->setLocked(true);

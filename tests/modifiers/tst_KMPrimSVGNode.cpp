@@ -4,6 +4,7 @@
 #include "modifiers/KMSvgReader.h"
 #include "modifiers/KMSvgStyle.h"
 #include "support/MeshProbe.h"
+#include "support/TestPaths.h"
 #include "support/TestRegistry.h"
 
 #include <QBuffer>
@@ -361,7 +362,7 @@ void tst_KMPrimSVGNode::changedFileIsReadAgain()
 /// The program's own drawings are line art, filled shapes and groups: each has something to show.
 void tst_KMPrimSVGNode::ownIcons()
 {
-    const QDir icons(QLatin1String(KELMO_SOURCE_DIR "/src/Resources/svg"));
+    const QDir icons(TestPaths::sourceDir() + QLatin1String("/src/Resources/svg"));
     const QStringList names = icons.entryList({QStringLiteral("node-*.svg")});
     QVERIFY(!names.isEmpty());
     for (const QString &name : names) {
