@@ -180,7 +180,7 @@ void tst_KMSolution::updateOrder()
     gSolution->push(new FakeCommand(QStringLiteral("step"), scene.log()));
     QCOMPARE(scene.takeLog(), (CallLog{"redo step",
                                        "refresh a0", "refresh b0", // also what the history keeps may be stale
-                                       "refresh c0",
+                                       "refresh p0", "refresh c0",
                                        "notify a0", // but only what is in the tree tells others
                                        "notify m0",
                                        "historyChanged 7",
