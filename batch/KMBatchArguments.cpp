@@ -86,8 +86,7 @@ QString takeSwitch(const CommandRow &command, QString name, QStringList &rest, Q
         return QStringLiteral("--%1 needs a value").arg(name);
     const QString value = equals < 0 ? rest.takeFirst() : given;
     switches.insert(name, value);
-    return matches(value, row->pattern) ? QString()
-                                        : QStringLiteral("--%1 can't be \"%2\"").arg(name, value);
+    return matches(value, row->pattern) ? QString() : QStringLiteral("--%1 can't be \"%2\"").arg(name, value);
 }
 
 QString takeAll(const CommandRow &command, QStringList rest, KMBatchArguments &result)
@@ -143,5 +142,6 @@ QString KMBatchArguments::usage()
         text += QLatin1Char('\n');
     }
     return text
-        + QStringLiteral("Exit code: 0 done; 1 wrong use; 2 input missing, unreadable or damaged; 3 output not written\n");
+           + QStringLiteral(
+               "Exit code: 0 done; 1 wrong use; 2 input missing, unreadable or damaged; 3 output not written\n");
 }

@@ -36,7 +36,7 @@ bool isNative(const QString &path)
 bool writeOut(const QByteArray &bytes)
 {
     return std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout) == size_t(bytes.size())
-        && std::fflush(stdout) == 0;
+           && std::fflush(stdout) == 0;
 }
 
 } // namespace

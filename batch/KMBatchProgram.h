@@ -11,7 +11,10 @@ class KMBatchProgram
 public:
     enum ExitCode { Done = 0, WrongUse = 1, BadInput = 2, NoOutput = 3 };
 
-    explicit KMBatchProgram(const QStringList &arguments) : m_argumentList(arguments) {}
+    explicit KMBatchProgram(const QStringList &arguments)
+        : m_argumentList(arguments)
+    {
+    }
 
     /// To be called before the application is made: without a display Qt must not look for one, and paths are
     /// UTF-8 whatever the locale says.

@@ -10,7 +10,10 @@
 class KMBatchPrompt : public KMPrompt
 {
 public:
-    explicit KMBatchPrompt(const QMap<QString, QString> &switches = {}) : m_switches(switches) {}
+    explicit KMBatchPrompt(const QMap<QString, QString> &switches = {})
+        : m_switches(switches)
+    {
+    }
 
     QMessageBox::StandardButton message(const KMMessage &message) override;
     QString openFile(const KMFileRequest &request) override;

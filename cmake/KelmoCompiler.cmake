@@ -12,6 +12,8 @@ endif()
 add_library(kelmo_options INTERFACE)
 target_compile_options(kelmo_options INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual)
 target_compile_definitions(kelmo_options INTERFACE QT_NO_FOREACH QT_DEPRECATED_WARNINGS)
+# A warning in the log names its place in the source. Qt leaves that out of optimised builds unless it is asked for.
+target_compile_definitions(kelmo_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:QT_MESSAGELOGCONTEXT>)
 if(KELMO_CCACHE)
     target_compile_options(kelmo_options INTERFACE -fpch-preprocess)
 endif()

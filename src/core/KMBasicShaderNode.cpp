@@ -41,7 +41,7 @@ KMContainerNode *KMBasicShaderNode::clone() const
     return copy;
 }
 
-QSet<int> KMBasicShaderNode::usedTextures() const
+QSet<int> KMBasicShaderNode::textureReferences() const
 {
     QSet<int> used(m_values.textures.begin(), m_values.textures.end());
     used.remove(-1);

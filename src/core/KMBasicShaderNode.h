@@ -41,7 +41,7 @@ public:
     const KMBasicShader &values() const { return m_values; }
     void setValues(const KMBasicShader &values) { m_values = values; }
     KMContainerNode *clone() const override;
-    QSet<int> usedTextures() const override;
+    QSet<int> textureReferences() const override;
 
 private:
     KMBasicShader m_values;

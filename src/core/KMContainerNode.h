@@ -87,7 +87,7 @@ public:
     virtual bool sourcesChanged() { return false; } ///< a modifier whose meshes in the tree are others now
     virtual KMUndoCommand *makeBuildCommand() { return nullptr; } ///< rebuilds such a modifier
     virtual QSet<int> shaderReferences() const { return {}; } ///< indices into KMProject::shaders() that it refers to
-    virtual QSet<int> usedTextures() const { return {}; } ///< indices into KMProject::textures() that it refers to
+    virtual QSet<int> textureReferences() const { return {}; } ///< indices into KMProject::textures() that it refers to
     virtual void pushShaderRemoved(int index); ///< follows the removal of the shader at this place of the list
 
 signals:

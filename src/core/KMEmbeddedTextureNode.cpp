@@ -6,6 +6,8 @@
 #include <QDebug>
 #include <QImageReader>
 
+#include <utility>
+
 namespace {
 
 QImage decoded(QByteArray png)
@@ -15,9 +17,10 @@ QImage decoded(QByteArray png)
     QImageReader reader(&buffer, "png");
     const QSize size = reader.size();
     QImage image;
-    if (size.width() > mostPixels || size.height() > mostPixels || !reader.read(&image))
-        qDebug() << "embedded texture [NG]" << size << reader.errorString();
-    return image;
+    if (size.width() <= mostPixels && size.height() <= mostPixels && reader.read(&image))
+        return image;
+    qDebug() << "embedded texture [NG]" << size << reader.errorString();
+    return {}; // what a reader leaves half done holds pixels of nothing
 }
 
 } // namespace
@@ -30,7 +33,7 @@ KMEmbeddedTextureNode::KMEmbeddedTextureNode()
 
 QImage KMEmbeddedTextureNode::image() const
 {
-    if (m_image.isNull() && !m_encoded.isEmpty())
+    if (std::exchange(m_isPacked, false))
         m_image = decoded(m_encoded);
     return m_image;
 }
@@ -39,6 +42,7 @@ void KMEmbeddedTextureNode::setImage(const QImage &image)
 {
     m_image = image;
     m_encoded.clear();
+    m_isPacked = false;
     emit imageChanged();
 }
 
@@ -55,6 +59,7 @@ void KMEmbeddedTextureNode::setEncodedImage(const QByteArray &png)
 {
     m_encoded = png;
     m_image = {};
+    m_isPacked = !png.isEmpty();
     emit imageChanged();
 }
 
@@ -65,6 +70,7 @@ KMContainerNode *KMEmbeddedTextureNode::clone() const
     copy->setEnName(enName());
     copy->m_encoded = m_encoded;
     copy->m_image = m_image;
+    copy->m_isPacked = m_isPacked;
     cloneTagsTo(copy);
     return copy;
 }

@@ -12,11 +12,12 @@ public:
 
     QImage image() const override; ///< null when the packed picture is damaged or larger than 16384 on a side
     void setImage(const QImage &image);
-    QByteArray encodedImage() const; ///< the picture as a PNG; empty when there is none
+    QByteArray encodedImage() const;             ///< the picture as a PNG; empty when there is none
     void setEncodedImage(const QByteArray &png); ///< taken as it is, and given back so even when it is damaged
     KMContainerNode *clone() const override;
 
 private:
     mutable QByteArray m_encoded; // of the picture, when it isn't empty
     mutable QImage m_image;
+    mutable bool m_isPacked = false; // the image wasn't asked for yet; once it was, a damaged one stays null
 };

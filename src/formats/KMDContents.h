@@ -21,7 +21,7 @@ struct KMDTextureRecord
     int type = 0;
     quint64 id = 0;
     QString name;
-    QString path; ///< of a file texture
+    QString path;   ///< of a file texture
     QByteArray png; ///< of an embedded texture
 };
 
@@ -38,7 +38,7 @@ struct KMDNodeRecord
     std::unique_ptr<KMContainerNode> node;
     quint64 id = 0;
     int parent = -1; ///< index of its parent's record, which stands before it; -1 at the top
-    int depth = 0; ///< 0 at the top
+    int depth = 0;   ///< 0 at the top
     bool expanded = false;
 };
 

@@ -9,7 +9,7 @@ constexpr float Version = 4.4f; ///< of the form that is written
 constexpr float OldestVersion = 1.0f;
 constexpr float CompatibilityVersion = 3.0f; ///< of the form for release 1
 constexpr double CompatibilityBelow = 200.0; ///< application numbers below select the form for release 1
-constexpr int StreamVersion = 16; ///< of QDataStream
+constexpr int StreamVersion = 16;            ///< of QDataStream
 
 /// What a read takes out of the file.
 enum Take : int {

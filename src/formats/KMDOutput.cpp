@@ -2,7 +2,9 @@
 
 #include "formats/KMDFormat.h"
 
-KMDOutput::KMDOutput(QIODevice *device, Form form) : m_out(device), m_form(form)
+KMDOutput::KMDOutput(QIODevice *device, Form form)
+    : m_out(device)
+    , m_form(form)
 {
     m_out.setVersion(KMD::StreamVersion);
     m_out.setFloatingPointPrecision(QDataStream::SinglePrecision);

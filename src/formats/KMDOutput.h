@@ -29,7 +29,7 @@ public:
     void writeVector3(const kvm::Vector3 &value) { m_out << value.x << value.y << value.z; }
     void writeString(const QString &text) { m_out << text; }
     void writeImage(const QByteArray &png); ///< a PNG as QImage streams it; empty for a null picture
-    void writeReserved(); ///< the four numbers of each kind that some records keep for later
+    void writeReserved();                   ///< the four numbers of each kind that some records keep for later
     void writeId(const void *object) { writeU64(id(object)); }
     quint64 id(const void *object); ///< of a node, a row, a tag, a morph; 0 for null
 

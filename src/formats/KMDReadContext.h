@@ -12,14 +12,17 @@ struct KMDReadContext
 {
     Q_DECLARE_TR_FUNCTIONS(KMDReadContext)
 public:
-    explicit KMDReadContext(KMDStream &stream) : in(stream) {}
+    explicit KMDReadContext(KMDStream &stream)
+        : in(stream)
+    {
+    }
 
     KMDStream &in;
-    float importScale = 1.0f; ///< multiplies positions
-    int shaderBase = 0; ///< shaders in the document before: added to the indices of the file
-    int shaderCount = 0; ///< shaders in the document once the file's have come
+    float importScale = 1.0f;                ///< multiplies positions
+    int shaderBase = 0;                      ///< shaders in the document before: added to the indices of the file
+    int shaderCount = 0;                     ///< shaders in the document once the file's have come
     QHash<quint64, KMContainerNode *> nodes; ///< by the ids of the file; only nodes that were read already
-    QHash<quint64, int> rows; ///< index of the node record by the row id of the file
+    QHash<quint64, int> rows;                ///< index of the node record by the row id of the file
 
     qint64 facesTaken = 0; ///< of the shapes that the file only describes
 

@@ -19,13 +19,16 @@ class KMDReader
 public:
     struct Options
     {
-        int mask = KMD::TakeAll; ///< bits of KMD::Take
-        float importScale = 1.0f; ///< multiplies positions
+        int mask = KMD::TakeAll;           ///< bits of KMD::Take
+        float importScale = 1.0f;          ///< multiplies positions
         KMDViewParts *viewParts = nullptr; ///< takes cameras and views; null drops them
     };
 
     KMDReader() = default;
-    explicit KMDReader(const Options &options) : m_options(options) {}
+    explicit KMDReader(const Options &options)
+        : m_options(options)
+    {
+    }
 
     /// Adds what the file holds to the document and clears the history. On failure error() tells in one
     /// sentence what is wrong and where.

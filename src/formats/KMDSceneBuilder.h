@@ -41,6 +41,6 @@ private:
     KMDContents &m_contents;
     KMDReader::Options m_options;
     QVector<KMContainerNode *> m_nodes; ///< of the node records
-    QVector<int> m_textureIndices; ///< in the project, for each texture of the file; -1 for one left out
+    QVector<int> m_textureIndices;      ///< in the project, for each texture of the file; -1 for one left out
     QHash<quint64, KMContainerNode *> m_byId;
 };

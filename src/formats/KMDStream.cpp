@@ -18,7 +18,10 @@ constexpr int pngChunkFrame = 12; // length, type and check sum around the data
 
 } // namespace
 
-KMDStream::KMDStream(const QByteArray &bytes) : m_bytes(bytes) {}
+KMDStream::KMDStream(const QByteArray &bytes)
+    : m_bytes(bytes)
+{
+}
 
 void KMDStream::setVersion(float version)
 {
@@ -42,11 +45,7 @@ QString KMDStream::place() const
 {
     if (m_element < 0)
         return tr("%1, byte %2").arg(m_section).arg(m_lastRead);
-    return tr("%1, element %2 of %3, byte %4")
-        .arg(m_section)
-        .arg(m_element + 1)
-        .arg(m_elementCount)
-        .arg(m_lastRead);
+    return tr("%1, element %2 of %3, byte %4").arg(m_section).arg(m_element + 1).arg(m_elementCount).arg(m_lastRead);
 }
 
 void KMDStream::fail(const QString &what)

@@ -35,7 +35,7 @@ public:
     QString error() const { return m_error; }
     void fail(const QString &what); ///< keeps the sentence, unless the walk failed before
     void warn(const QString &what); ///< collects a remark, with where it was
-    QStringList warnings() const; ///< the last line counts those beyond the limit
+    QStringList warnings() const;   ///< the last line counts those beyond the limit
 
     // Reading
 

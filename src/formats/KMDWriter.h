@@ -17,7 +17,7 @@ public:
     /// The thumbnail is a PNG, empty for none. Without parts the file holds no cameras and views.
     KMDWriter(KMDOutput::Form form, const QByteArray &thumbnail, const KMDViewParts *parts);
 
-    bool write(QIODevice *device); ///< false when the device didn't take all of it
+    bool write(QIODevice *device);                      ///< false when the device didn't take all of it
     QStringList warnings() const { return m_warnings; } ///< what of the document isn't in the file
 
 private:

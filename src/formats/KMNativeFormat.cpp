@@ -2,8 +2,8 @@
 
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
-#include "formats/KMDWriter.h"
 #include "formats/KMDViewParts.h"
+#include "formats/KMDWriter.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -75,10 +75,12 @@ bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &e
     // Without a name the temporary file would still open, and the renaming fail.
     if (path.isEmpty() || !file.open(QIODevice::WriteOnly)) {
         qDebug("file open error.");
-        error = path.isEmpty() ? tr("There is no file name") : tr("The file can't be written: %1").arg(file.errorString());
+        error =
+            path.isEmpty() ? tr("There is no file name") : tr("The file can't be written: %1").arg(file.errorString());
         return false;
     }
-    KMDWriter writer(compatibility ? KMDOutput::Form::Compatibility : KMDOutput::Form::Present, thumbnail(path), m_parts);
+    KMDWriter writer(compatibility ? KMDOutput::Form::Compatibility : KMDOutput::Form::Present, thumbnail(path),
+                     m_parts);
     bool isWritten = false;
     {
         const WaitCursor cursor;

@@ -220,6 +220,16 @@ int assignShader(KMMeshNode &mesh, int face, int shader)
 
 } // namespace KMMeshEdit
 
+QSet<int> KMMeshNode::shaderReferences() const
+{
+    QSet<int> references;
+    for (const KMFace *face : faces()) {
+        if (face)
+            references.insert(face->shader);
+    }
+    return references;
+}
+
 void KMMeshNode::pushShaderRemoved(int index)
 {
     enum Found { Below = 1, Above = 2, Equal = 4 };

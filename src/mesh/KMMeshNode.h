@@ -138,6 +138,7 @@ public:
     void refreshAfterEdit() override;
     void notifyDependents() override;
     void forceFullRefresh() override;
+    QSet<int> shaderReferences() const override; ///< of the faces as they are now, refreshed or not
     void pushShaderRemoved(int index) override;
     void tagsChanged() override { markDirty(KMMeshDirty::All); }
 

@@ -19,16 +19,16 @@ double dotOf(const Vector3 &a, const Vector3 &b)
 }
 
 /// False when a vertex of the face is missing.
-bool faceNormal(const KMMeshNode &mesh, const KMFace &face, Vector3 *normal)
+bool faceNormal(KMVertex *const *vertices, const int *indices, int count, Vector3 *normal)
 {
-    const KMVertex *corners[Corners];
-    for (int c = 0; c < face.count; ++c) {
-        corners[c] = mesh.vertex(face.indices[c]);
-        if (!corners[c])
+    const KMVertex *p[Corners] = {};
+    for (int c = 0; c < count; ++c) {
+        p[c] = vertices[indices[c]];
+        if (!p[c])
             return false;
     }
-    *normal = face.count == 3 ? KMFaceNormal::ofTriangle(corners[0]->pos, corners[1]->pos, corners[2]->pos)
-                              : KMFaceNormal::ofQuad(corners[0]->pos, corners[1]->pos, corners[2]->pos, corners[3]->pos);
+    *normal = count == 3 ? KMFaceNormal::ofTriangle(p[0]->pos, p[1]->pos, p[2]->pos)
+                         : KMFaceNormal::ofQuad(p[0]->pos, p[1]->pos, p[2]->pos, p[3]->pos);
     return true;
 }
 
@@ -136,8 +136,11 @@ void KMSmoothNormals::prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bo
     const size_t groups = size_t(m_vertexCount) + corners;
     if (isOther) {
         m_groups.reset(new Group[groups]);
+        m_corners.reset(new int[corners]);
         m_cornerGroups.reset(new int[corners]);
     }
+    if (isOther || force)
+        readCorners(mesh);
     const bool hasCreases = tag && !tag->creaseFaces().isEmpty();
     if (isOther || !hasCreases) {
         m_lastMembers.reset();
@@ -153,6 +156,22 @@ void KMSmoothNormals::prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bo
     }
     if (isFresh || force)
         prepareCreases(*tag);
+}
+
+/// Marks corners that no polygon has, and those of a face that points outside the store.
+void KMSmoothNormals::readCorners(const KMMeshNode &mesh)
+{
+    const KMFace *const *faces = mesh.faces().constData();
+    for (int f = 0; f < m_faceCount; ++f) {
+        int *corners = &m_corners[size_t(Corners) * size_t(f)];
+        std::fill_n(corners, Corners, -1);
+        const KMFace *face = faces[f];
+        if (!face || !face->isPolygon())
+            continue;
+        const auto isOutside = [this](int i) { return uint(i) >= uint(m_vertexCount); };
+        if (std::none_of(face->indices, face->indices + face->count, isOutside))
+            std::copy_n(face->indices, face->count, corners);
+    }
 }
 
 void KMSmoothNormals::prepareCreases(const KMTagNormal &tag)
@@ -174,27 +193,27 @@ void KMSmoothNormals::gather(const KMMeshNode &mesh, const Parting &parting)
         m_groups[size_t(i)] = {0.0f, 0.0f, 0.0f, 0, -1};
     m_groupCount = m_vertexCount;
 
-    const KMFace *const *faces = mesh.faces().constData();
+    KMVertex *const *vertices = mesh.vertices().constData();
     for (int f = 0; f < m_faceCount; ++f) {
-        const KMFace *face = faces[f];
-        if (!face || !face->isPolygon())
-            continue;
+        const int first = Corners * f;
+        const int *corners = &m_corners[size_t(first)];
+        const int count = cornerCount(f);
         Vector3 normal;
-        const bool isWhole = faceNormal(mesh, *face, &normal);
-        for (int c = 0; c < face->count; ++c) {
-            const int corner = Corners * f + c;
-            m_cornerGroups[size_t(corner)] = isWhole ? join(face->indices[c], corner, normal, limit, parting) : -1;
-        }
+        const bool isWhole = count > 0 && faceNormal(vertices, corners, count, &normal);
+        const double length2 = dotOf(normal, normal);
+        for (int c = 0; c < count; ++c)
+            m_cornerGroups[size_t(first + c)] =
+                isWhole ? join(corners[c], first + c, normal, length2, limit, parting) : -1;
     }
 }
 
 /// Returns the group that takes the corner.
 template <class Parting>
-int KMSmoothNormals::join(int vertex, int corner, const Vector3 &normal, const Limit &limit, const Parting &parting)
+int KMSmoothNormals::join(int vertex, int corner, const Vector3 &normal, double normalLength2, const Limit &limit,
+                          const Parting &parting)
 {
     int g = vertex;
     if (m_groups[size_t(g)].count > 0) {
-        const double normalLength2 = dotOf(normal, normal);
         for (;;) {
             Group &group = m_groups[size_t(g)];
             if (limit.takes(group.normal(), normal, normalLength2) && parting.allows(g, corner)) {
@@ -229,9 +248,9 @@ void KMSmoothNormals::writeNormals(KMMeshNode &mesh) const
     KMFace *const *faces = mesh.faces().constData();
     for (int f = 0; f < m_faceCount; ++f) {
         KMFace *face = faces[f];
-        if (!face || !face->isPolygon())
+        if (!face)
             continue;
-        for (int c = 0; c < face->count; ++c) {
+        for (int c = 0, count = cornerCount(f); c < count; ++c) {
             const int group = m_cornerGroups[size_t(Corners * f + c)];
             face->normals[c] = group < 0 ? Vector3() : m_groups[size_t(group)].normal();
         }
@@ -247,13 +266,15 @@ void KMSmoothNormals::writeNormals(KMMeshNode &mesh, KMTagNormal &tag) const
     KMFace *const *faces = mesh.faces().constData();
     for (int f = 0; f < m_faceCount; ++f) {
         KMFace *face = faces[f];
-        if (!face || !face->isPolygon())
+        const int count = cornerCount(f);
+        if (!face || count == 0)
             continue;
         KMNormalFace &record = records[f];
-        std::copy_n(face->normals, Corners, record.baseNormal);
+        for (int c = 0; c < count; ++c)
+            record.baseNormal[c] = face->normals[c];
         if (!record.hasOverride())
             continue;
-        for (int c = 0; c < face->count; ++c)
+        for (int c = 0; c < count; ++c)
             face->normals[c] = overridden(record, c, face->normals[c], frame);
     }
 }

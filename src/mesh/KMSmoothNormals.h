@@ -42,11 +42,18 @@ private:
     struct Creases;
 
     void prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bool force);
+    void readCorners(const KMMeshNode &mesh);
+    int cornerCount(int face) const ///< 0 for what has no surface
+    {
+        const int *corners = &m_corners[4 * size_t(face)];
+        return corners[0] < 0 ? 0 : corners[3] < 0 ? 3 : 4;
+    }
     void prepareCreases(const KMTagNormal &tag);
     template <class Parting>
     void gather(const KMMeshNode &mesh, const Parting &parting);
     template <class Parting>
-    int join(int vertex, int corner, const kvm::Vector3 &normal, const Limit &limit, const Parting &parting);
+    int join(int vertex, int corner, const kvm::Vector3 &normal, double normalLength2, const Limit &limit,
+             const Parting &parting);
     void normalizeGroups();
     void writeNormals(KMMeshNode &mesh) const;
     void writeNormals(KMMeshNode &mesh, KMTagNormal &tag) const;
@@ -55,6 +62,7 @@ private:
     int m_faceCount = -1;
     int m_groupCount = 0;
     std::unique_ptr<Group[]> m_groups; // the first one of each vertex in front, further ones behind them
+    std::unique_ptr<int[]> m_corners; // vertices, four a face; -1 behind the last one, and for what has no surface
     std::unique_ptr<int[]> m_cornerGroups; // four a face; -1 for a corner without normal
 
     // With creases only

@@ -44,9 +44,10 @@ void restore(const QString &backup, const KMMessage &removal)
     const QDir before = gSolution->directory();
     if (gSolution->load(backup)) {
         gSolution->markUnsaved();
-        const bool mayRemove = KMPrompt::current().message(removal) == QMessageBox::Yes;
-        if (mayRemove && QFile::remove(backup))
+        if (KMPrompt::current().message(removal) == QMessageBox::Yes) {
+            QFile::remove(backup);
             qDebug("restored");
+        }
     }
     gSolution->setDirectory(before);
     gSolution->setFileName({});

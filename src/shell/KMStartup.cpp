@@ -15,11 +15,11 @@
 #include "shell/KMStyle.h"
 #include "shell/KMSurfaceFormat.h"
 #include "shell/kmmainwidget.h"
-#include "shell/kmpreferenceswidget.h"
 
 #include <QApplication>
 #include <QDebug>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QFontInfo>
 #include <QSplashScreen>
 #include <QTextCodec>
@@ -195,21 +195,11 @@ int KMStartup::refuse()
 void KMStartup::createWindow()
 {
     m_window = new kmmainwidget(m_style, nullptr);
-    connectPreferences();
+    m_window->createPreferences();
     QObject::connect(gSolution, &KMSolution::speechRequested, new KMSpeech(gSolution), &KMSpeech::say);
     m_window->setAttribute(Qt::WA_DeleteOnClose, true);
     m_window->show();
     m_splash->finish(m_window);
-}
-
-void KMStartup::connectPreferences()
-{
-    gSettings->preferencesFactory = [](kmmainwidget *window) { return new kmpreferenceswidget(window); };
-    gSettings->setMainWidget(m_window);
-    const kmpreferenceswidget *preferences = gSettings->preferences;
-    QObject::connect(preferences, &kmpreferenceswidget::panelNameChanged, m_window.data(),
-                     &kmmainwidget::onPanelNameChanged);
-    QObject::connect(preferences, &kmpreferenceswidget::autoSaveDue, gSolution, &KMSolution::autoSave);
 }
 
 /// The version lines come first; what was logged before there was an output dock follows as one text.
@@ -233,7 +223,7 @@ void KMStartup::openFirstDocument()
     if (!arguments.isEmpty())
         arguments.removeFirst();
     if (!arguments.isEmpty())
-        gSolution->load(arguments.first());
+        gSolution->load(QFileInfo(arguments.first()).absoluteFilePath()); // the list of recent files outlives the folder
     else
         m_window->loadStartupFile();
 }

@@ -37,7 +37,6 @@ private:
     bool isSystemSupported();
     int refuse();
     void createWindow();
-    void connectPreferences();
     void logVersions() const;
     void openFirstDocument();
     int runLoop();

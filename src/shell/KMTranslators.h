@@ -12,7 +12,8 @@ class KMTranslators
 public:
     KMTranslators() = default;
 
-    /// Takes both from the folder "translations" of a directory, and Qt's from Qt's own folder where it isn't there.
+    /// Takes both from the folder "translations" of a directory. Qt's comes from Qt's own folder where it isn't there
+    /// and the program speaks the language itself.
     void install(const QLocale &locale, const QString &directory);
 
 private:

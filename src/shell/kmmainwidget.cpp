@@ -51,10 +51,7 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     createBars();
     createStatusBar();
     resize(dpiScaled(1280), dpiScaled(680));
-    if (!gSettings->animateGui) {
-        setDockOptions(dockOptions() & ~QMainWindow::AnimatedDocks);
-        setAnimated(false);
-    }
+    setAnimated(gSettings->animateGui); // the dock option as well
     m_mainBox = new KMMainBox;
     setCentralWidget(m_mainBox);
     arrangeDocks();

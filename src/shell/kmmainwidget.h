@@ -40,6 +40,10 @@ public:
     bool recoverBackup();   ///< the question about a backup of an abnormal end; true when nothing else is to be opened
     bool loadStartupFile(); ///< the most recent file, when the settings ask for it
 
+    /// Makes the dialogue of the preferences, hands it to gSettings and follows what it changes. Once, after the
+    /// settings have been read.
+    void createPreferences();
+
     QUndoStack *undoStack() const { return m_undoStack; }
     KMMainBox *mainBox() const { return m_mainBox; }
     QToolBar *undoToolBar() const { return m_undoToolBar; }
@@ -70,6 +74,7 @@ public slots:
     void onUndoIndexChanged(int index);
     void onPaletteChanged();
     void onPanelNameChanged(const QString &name, int index); ///< of a custom panel, 0 to 3
+    void onSettingsApplied(); ///< takes over what the preferences have changed
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -101,6 +106,7 @@ private slots:
     void onMenuCreateFloatNode();
     void onMenuCreateBoolNode();
     void onMenuCreateNullNode();
+    void onMenuCreateMeshNode();
     void onMenuCreateSphereNode();
     void onMenuCreateCubeNode();
     void onMenuCreateCylinderNode();

@@ -52,6 +52,7 @@ void kmmainwidget::createActions()
         {"actionCreateBool", QT_TR_NOOP("Bool"), "node-bool", "", &W::onMenuCreateBoolNode, QT_TR_NOOP("Add a switch")},
         {"actionCreateNull", QT_TR_NOOP("Null"), "node-null", "", &W::onMenuCreateNullNode,
          QT_TR_NOOP("Add a null, which groups other nodes")},
+        {"actionCreateMesh", QT_TR_NOOP("Mesh"), "node-mesh", "", &W::onMenuCreateMeshNode, QT_TR_NOOP("Add an empty mesh")},
         {"actionCreateSphere", QT_TR_NOOP("Sphere"), "sphere", "", &W::onMenuCreateSphereNode,
          QT_TR_NOOP("Add a sphere")},
         {"actionCreateCube", QT_TR_NOOP("Cube"), "cube", "", &W::onMenuCreateCubeNode, QT_TR_NOOP("Add a cube")},

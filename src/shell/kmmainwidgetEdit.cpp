@@ -13,6 +13,7 @@
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "core/KMValueNodeContainer.h"
+#include "mesh/KMMeshNode.h"
 #include "modifiers/KMPrim3DTextNode.h"
 #include "modifiers/KMPrimCubeNode.h"
 #include "modifiers/KMPrimCylinderNode.h"
@@ -21,6 +22,7 @@
 #include "modifiers/KMPrimSphereNode.h"
 #include "modifiers/KMPrimTorusNode.h"
 #include "shell/KMImageFiles.h"
+#include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/kmattributewidget.h"
@@ -31,6 +33,7 @@
 #include "shell/kmpreferenceswidget.h"
 
 #include <QApplication>
+#include <QMenuBar>
 
 namespace {
 
@@ -97,6 +100,26 @@ void kmmainwidget::onMenuSelectionDelete()
         KMNodeEdits::remove(nodes);
 }
 
+void kmmainwidget::createPreferences()
+{
+    gSettings->preferencesFactory = [](kmmainwidget *window) { return new kmpreferenceswidget(window); };
+    gSettings->setMainWidget(this);
+    const kmpreferenceswidget *preferences = gSettings->preferences;
+    connect(preferences, &kmpreferenceswidget::panelNameChanged, this, &kmmainwidget::onPanelNameChanged);
+    connect(preferences, &kmpreferenceswidget::settingsApplied, this, &kmmainwidget::onSettingsApplied);
+    connect(preferences, &kmpreferenceswidget::autoSaveDue, gSolution, &KMSolution::autoSave);
+}
+
+/// What is asked for anew each time needs a repaint at most; the rest is handed on here. Theme and icon size are the
+/// style's, and the dialogue has told it already.
+void kmmainwidget::onSettingsApplied()
+{
+    setAnimated(gSettings->animateGui);
+    menuBar()->setNativeMenuBar(gSettings->nativeMenu);
+    m_mainBox->update();
+    gSolution->refreshViews(31);
+}
+
 void kmmainwidget::onMenuPreferences()
 {
     if (!gSettings->preferences)
@@ -137,6 +160,11 @@ void kmmainwidget::onMenuCreateBoolNode()
 void kmmainwidget::onMenuCreateNullNode()
 {
     create(new KMNullNode);
+}
+
+void kmmainwidget::onMenuCreateMeshNode()
+{
+    create(new KMMeshNode);
 }
 
 void kmmainwidget::onMenuCreateSphereNode()

@@ -128,7 +128,8 @@ void kmmainwidget::createEditMenu()
 void kmmainwidget::createCreateMenu()
 {
     QMenu *menu = addMenu(tr("Create(&C)"), "Menu Create");
-    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull", nullptr});
+    fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull",
+                "actionCreateMesh", nullptr});
     QMenu *primitives = menu->addMenu(KMIcon::icon(QStringLiteral("node-primitive")), tr("Primitive"));
     primitives->setObjectName(QStringLiteral("primitives"));
     fill(primitives, {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane",

@@ -85,8 +85,8 @@ void tst_kelmo_batch::exitCodes_data()
     QTest::addColumn<int>("code");
     QTest::addColumn<QString>("words"); // on stderr
     const auto row = [](const char *arguments, int code, const char *words) {
-        QTest::newRow(*arguments ? arguments : "nothing") << QString::fromUtf8(arguments) << code
-                                                          << QString::fromUtf8(words);
+        QTest::newRow(*arguments ? arguments : "nothing")
+            << QString::fromUtf8(arguments) << code << QString::fromUtf8(words);
     };
     row("info good.kmd", 0, "");
     row("convert good.kmd out.kmd", 0, "");
@@ -162,7 +162,8 @@ void tst_kelmo_batch::infoOfAnEmptyDocument()
     KmdBytes file(1.0); // which has no materials
     QVERIFY(write("old.kmd", file.bytes()));
     const QJsonObject document = info(QStringLiteral("old.kmd"));
-    for (const char *list : {"meshes", "bones", "morphs", "rigidBodies", "joints", "displayNodes", "shaders", "textures"}) {
+    for (const char *list :
+         {"meshes", "bones", "morphs", "rigidBodies", "joints", "displayNodes", "shaders", "textures"}) {
         QVERIFY2(document.value(QLatin1String(list)).isArray(), list);
         QVERIFY2(document.value(QLatin1String(list)).toArray().isEmpty(), list);
     }

@@ -118,7 +118,8 @@ bool tst_KMDReader::load(const QByteArray &bytes)
 void tst_KMDReader::everyVersion_data()
 {
     QTest::addColumn<double>("version");
-    for (const double version : {1.0, 1.1, 1.2, 1.3, 1.4, 1.5, 1.6, 1.7, 1.8, 1.9, 2.0, 2.1, 2.3, 2.6, 2.8, 3.1, 4.0, 4.2, 4.3})
+    for (const double version :
+         {1.0, 1.1, 1.2, 1.3, 1.4, 1.5, 1.6, 1.7, 1.8, 1.9, 2.0, 2.1, 2.3, 2.6, 2.8, 3.1, 4.0, 4.2, 4.3})
         QTest::newRow(qPrintable(QString::number(version))) << version;
     QTest::newRow("4.4 as a double") << 4.4;
     QTest::newRow("4.4 as a float") << double(4.4f);

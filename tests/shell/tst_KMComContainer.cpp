@@ -3,10 +3,14 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshEdit.h"
+#include "mesh/KMMeshNode.h"
+#include "modifiers/KMPrimitiveNode.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMGlobalCommand.h"
 #include "shell/kmmainwidget.h"
+#include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
 
@@ -23,6 +27,7 @@ private slots:
     void visibility_data();
     void visibility();
     void unusedShelves();
+    void usedShadersStay();
     void standAloneNulls();
     void selectLastNode();
     void repeat();
@@ -121,6 +126,21 @@ void tst_KMComContainer::unusedShelves()
     window.trigger("actionUndo");
     QCOMPARE(gProject->textures().size(), 2);
     QCOMPARE(shader->values().textures[KMBasicShader::Normal], 1);
+}
+
+void tst_KMComContainer::usedShadersStay()
+{
+    const TestWindow window;
+    QList<KMContainerNode *> shaders;
+    for (int i = 0; i < 3; ++i)
+        shaders << window.create<KMContainerNode>("actionCreateShader");
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addNode(mesh);
+    KMMeshEdit::assignShader(*mesh, 2, 1);
+    window.create<KMPrimitiveNode>("actionCreateCube")->setShader(2);
+    window.trigger("ComDeleteUnusedShader");
+    QCOMPARE(gProject->shaders().nodes(), QList<KMNode *>({shaders[1], shaders[2]}));
+    QCOMPARE(mesh->face(2)->shader, 0);
 }
 
 void tst_KMComContainer::standAloneNulls()

@@ -26,6 +26,7 @@ private slots:
     void uselessSettingsFile_data();
     void uselessSettingsFile();
     void opensOnePath();
+    void relativePathIsRememberedWhole();
     void badPath_data();
     void badPath();
     void backupComesBeforeThePath();
@@ -125,7 +126,10 @@ void tst_KMStartup::speaksTheChosenLanguage_data()
     {
         const char *name;
         int language;
-    } englishRows[] = {{"English", QLocale::English}, {"one without a translation", QLocale::Zulu}, {"none", 99999}};
+    } englishRows[] = {{"English", QLocale::English},
+                       {"one that only Qt speaks", QLocale::German},
+                       {"one without a translation", QLocale::Zulu},
+                       {"none", 99999}};
     for (const auto &row : englishRows)
         QTest::newRow(row.name) << row.language << "KELMO2 - [untitled]"
                                 << "File(&F)"
@@ -183,6 +187,18 @@ void tst_KMStartup::opensOnePath()
     QVERIFY(result.boxes.isEmpty());
     QCOMPARE(result.reported("file"), first);
     QCOMPARE(result.reported("title"), QStringLiteral("KELMO2 - [first model]"));
+}
+
+/// The list of recent files is read by the next start, which may happen in another folder.
+void tst_KMStartup::relativePathIsRememberedWhole()
+{
+    ProgramRun program;
+    QVERIFY(QDir().mkdir(program.path(QStringLiteral("models"))));
+    const QString model = program.path(QStringLiteral("models/model.kmd"));
+    QVERIFY(writeDocument(model));
+    program.setWorkingDirectory(program.path(QStringLiteral("models")));
+    QCOMPARE(program.runAndClose({QStringLiteral("model.kmd")}).reported("file"), model);
+    QCOMPARE(setting(program, "recentFileList").toStringList(), QStringList{model});
 }
 
 void tst_KMStartup::badPath_data()

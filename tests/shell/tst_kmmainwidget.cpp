@@ -5,19 +5,25 @@
 #include "core/KMSolution.h"
 #include "core/KMTextureNode.h"
 #include "core/KMTreeWidget.h"
+#include "shell/KMMainBox.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/kmpreferenceswidget.h"
 #include "shell/widgets/KMMessageLabel.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTest>
@@ -53,11 +59,30 @@ private slots:
     void projectDialogue_data();
     void projectDialogue();
     void messageLine();
+    void preferencesReachTheWindow();
+    void autoSaveOfTheTimer();
 
 private:
     static void drop(kmmainwidget &window, const QString &path);
     static QString treeText();
 };
+
+namespace {
+
+class PaintCounter : public QObject
+{
+public:
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
+} // namespace
 
 /// The names of the rows, children in brackets.
 QString tst_kmmainwidget::treeText()
@@ -97,6 +122,9 @@ void tst_kmmainwidget::nodesFromTheMenu_data()
     QTest::newRow("float") << "actionCreateFloat" << int(KMNodeType::FloatContainer) << "Float0";
     QTest::newRow("bool") << "actionCreateBool" << int(KMNodeType::BoolContainer) << "Bool0";
     QTest::newRow("null") << "actionCreateNull" << int(KMNodeType::Null) << "Null0";
+    QTest::newRow("mesh") << "actionCreateMesh" << int(KMNodeType::Mesh) << "Mesh0";
+    QTest::newRow("sphere") << "actionCreateSphere" << int(KMNodeType::PrimSphere) << "";
+    QTest::newRow("text") << "actionCreate3DText" << int(KMNodeType::Prim3DText) << "";
     QTest::newRow("shader") << "actionCreateShader" << int(KMNodeType::BasicShader) << "Shader";
     QTest::newRow("pbr shader") << "actionCreatePbrShader" << int(KMNodeType::PbrShader) << "PbrShader";
     QTest::newRow("texture") << "actionCreatePTexture" << int(KMNodeType::ProcTexture) << "PTexture0";
@@ -486,6 +514,48 @@ void tst_kmmainwidget::messageLine()
     QStatusTipEvent leave{QString()};
     QApplication::sendEvent(&*window, &leave);
     QCOMPARE(label->message(), QStringLiteral("done"));
+}
+
+void tst_kmmainwidget::preferencesReachTheWindow()
+{
+    TestWindow window;
+    QVERIFY(window->isAnimated() && window->menuBar()->isNativeMenuBar());
+    window.trigger("actionPreferences");
+    const kmpreferenceswidget *preferences = gSettings->preferences;
+    QVERIFY(preferences && preferences->isVisible());
+    const auto *buttons = preferences->findChild<QDialogButtonBox *>(QStringLiteral("buttons"));
+    const auto set = [preferences, buttons](const char *key, bool on) {
+        preferences->findChild<QCheckBox *>(QLatin1String(key))->setChecked(on);
+        buttons->button(QDialogButtonBox::Apply)->click();
+    };
+    set("Global/AnimateGui", false);
+    QVERIFY(!window->isAnimated());
+    set("Global/AnimateGui", true);
+    QVERIFY(window->isAnimated());
+    set("Global/NativeMenu", false);
+    QVERIFY(!window->menuBar()->isNativeMenuBar());
+
+    auto *ground = preferences->findChild<QComboBox *>(QStringLiteral("GL/GradBG"));
+    ground->setCurrentIndex(ground->findData(0));
+    QTest::qWait(50); // what is still to be painted because of the former changes
+    PaintCounter paints;
+    window->mainBox()->installEventFilter(&paints);
+    buttons->button(QDialogButtonBox::Apply)->click();
+    QTRY_VERIFY(paints.count > 0);
+}
+
+void tst_kmmainwidget::autoSaveOfTheTimer()
+{
+    TestWindow window;
+    gSettings->showDialog = false;
+    const QString path = window.filePath("model.kmd");
+    QVERIFY(gSolution->saveBackup(path));
+    window.trigger("actionCreateNull");
+    QVERIFY(gSolution->isModified());
+    QVERIFY(QFile::remove(path));
+    emit gSettings->preferences->autoSaveDue();
+    QVERIFY(QFile::exists(path));
+    QVERIFY(!gSolution->isModified());
 }
 
 KM_TEST(tst_kmmainwidget);

@@ -23,7 +23,8 @@ QStringList documentText()
     DocumentDump dump;
     dump.withCurrent = true;
     // The boxes of a row say nothing that its node doesn't.
-    QStringList lines = dump.text().remove(QRegularExpression(QStringLiteral(" boxes [0-9]+"))).split(QLatin1Char('\n'));
+    QStringList lines =
+        dump.text().remove(QRegularExpression(QStringLiteral(" boxes [0-9]+"))).split(QLatin1Char('\n'));
     const kvm::Vector3 light = gSolution->lightAngles();
     QString flags;
     for (const bool flag : gSolution->viewFlags())
@@ -45,8 +46,8 @@ QStringList documentText()
 bool isEmptyUntitledDocument()
 {
     return gProject->tree()->topLevelItemCount() == 0 && gProject->allNodes().isEmpty() && gProject->shaders().isEmpty()
-        && gProject->textures().isEmpty() && gSolution->fileName().isEmpty() && !gSolution->isModified()
-        && !gSolution->currentNode() && !gSolution->isBusy() && gSolution->macroDepth() == 0;
+           && gProject->textures().isEmpty() && gSolution->fileName().isEmpty() && !gSolution->isModified()
+           && !gSolution->currentNode() && !gSolution->isBusy() && gSolution->macroDepth() == 0;
 }
 
 QString documentFault()

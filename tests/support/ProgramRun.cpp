@@ -60,6 +60,7 @@ ProgramRun::Result ProgramRun::run(const QStringList &arguments)
 {
     QProcess process;
     process.setProcessEnvironment(m_environment);
+    process.setWorkingDirectory(m_workingDirectory);
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(path(QStringLiteral("kelmo2")), arguments, QIODevice::ReadOnly);
     const bool ended = process.waitForFinished(LongestRun);

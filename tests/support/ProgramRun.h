@@ -33,6 +33,7 @@ public:
     bool write(const QString &name, const QByteArray &bytes) const;
 
     void set(const char *variable, const QString &value); ///< of the environment, for all runs from now on
+    void setWorkingDirectory(const QString &folder) { m_workingDirectory = folder; } ///< of all runs from now on
     Result run(const QStringList &arguments = {});
     Result runAndClose(const QStringList &arguments = {}); ///< the window is closed as soon as it stands
 
@@ -41,5 +42,6 @@ private:
 
     QTemporaryDir m_folder;
     QProcessEnvironment m_environment;
+    QString m_workingDirectory;
     bool m_isValid = false;
 };

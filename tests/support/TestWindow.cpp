@@ -25,7 +25,7 @@ void TestWindow::open()
     gSettings->load();
     m_window = new kmmainwidget(nullptr);
     m_window->setAttribute(Qt::WA_DeleteOnClose, true);
-    gSettings->setMainWidget(m_window);
+    m_window->createPreferences();
     m_window->show();
     QCoreApplication::processEvents();
 }

@@ -169,7 +169,7 @@ ComDeleteUnusedTexture::ComDeleteUnusedTexture(QObject *parent)
 
 QList<KMContainerNode *> ComDeleteUnusedTexture::targets() const
 {
-    return unused(gProject->textures(), usedIndices(&KMContainerNode::usedTextures));
+    return unused(gProject->textures(), usedIndices(&KMContainerNode::textureReferences));
 }
 
 ComDeleteNull::ComDeleteNull(QObject *parent)

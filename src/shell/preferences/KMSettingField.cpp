@@ -101,7 +101,7 @@ QVector<KMSettingField> navigationFields()
     const QVector<KMSettingChoice> dollyOrZoom = {{1, KM_TEXT("Dolly")}, {2, KM_TEXT("Zoom")}};
     return {underHeading(KM_TEXT("Mouse"), number("Navigation/rotateRatio", KM_TEXT("Rotation Speed"), 0.1)),
             number("Navigation/zoomRatio", KM_TEXT("Zoom Speed"), 0.1),
-            choice("Navigation/LRdrag", KM_TEXT("Left and Right Drag"), dollyOrZoom),
+            choice("Navigation/LRdrag", KM_TEXT("Left and Right Drag"), dollyOrZoom, 0),
             choice("Navigation/wheel", KM_TEXT("Wheel"), dollyOrZoom),
             check("Navigation/reverseX", KM_TEXT("Reverse X")),
             check("Navigation/reverseY", KM_TEXT("Reverse Y")),

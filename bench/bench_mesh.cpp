@@ -1,0 +1,237 @@
+// What a mesh costs beside plain loops over the same data: refreshes, renumbering, memory. Grids of quads.
+
+#include "mesh/KMMeshNode.h"
+
+#include <benchmark/benchmark.h>
+
+#include <malloc.h>
+
+#include <algorithm>
+#include <cmath>
+#include <ctime>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+using kvm::Vector3;
+
+constexpr int rounds = 7; // the best of them counts: other programs may be at work
+
+double processorSeconds()
+{
+    timespec now;
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return double(now.tv_sec) + 1e-9 * double(now.tv_nsec);
+}
+
+std::unique_ptr<KMMeshNode> waveGrid(int quads)
+{
+    auto mesh = std::make_unique<KMMeshNode>();
+    const int side = int(std::lround(std::sqrt(double(quads))));
+    const int row = side + 1;
+    mesh->reserve(row * row, side * side);
+    for (int i = 0; i < row * row; ++i) {
+        const float x = float(i % row);
+        const float z = float(i / row);
+        mesh->addVertexRaw({x, 3.0f * std::sin(x * 0.1f) * std::cos(z * 0.07f), z});
+    }
+    for (int i = 0; i < side * side; ++i) {
+        const int first = i / side * row + i % side;
+        const int corners[] = {first, first + 1, first + row + 1, first + row};
+        mesh->addFaceRaw(4, corners);
+    }
+    mesh->refreshMesh(KMMeshDirty::All);
+    return mesh;
+}
+
+/// The edges of all faces into a table that has its room already.
+class EdgePass
+{
+public:
+    explicit EdgePass(KMMeshNode &mesh) : m_mesh(mesh) { m_table.reserve(mesh.edgeCount()); }
+    void prepare() { m_table.clear(); }
+    void run()
+    {
+        KMFace *const *faces = m_mesh.faces().constData();
+        for (int f = 0, n = m_mesh.faceCount(); f < n; ++f) {
+            for (int c = 0; c < faces[f]->count; ++c)
+                m_table.findOrAdd(faces[f]->indices[c], faces[f]->next(c))->faceRefs.append(f);
+        }
+    }
+
+private:
+    KMMeshNode &m_mesh;
+    KMEdgeTable m_table;
+};
+
+/// Normals as one writes them down first: of the faces, summed at the vertices, normalised, and given to the
+/// corners.
+class NormalPass
+{
+public:
+    explicit NormalPass(KMMeshNode &mesh) : m_mesh(mesh), m_sums(size_t(mesh.vertexCount())) {}
+    void prepare() {}
+    void run()
+    {
+        KMVertex *const *vertices = m_mesh.vertices().constData();
+        KMFace *const *faces = m_mesh.faces().constData();
+        std::fill(m_sums.begin(), m_sums.end(), Vector3());
+        for (int f = 0, n = m_mesh.faceCount(); f < n; ++f) {
+            const int *corners = faces[f]->indices;
+            const Vector3 first = vertices[corners[0]]->pos - vertices[corners[2]]->pos;
+            const Vector3 second = vertices[corners[1]]->pos - vertices[corners[3]]->pos;
+            const Vector3 normal = cross(second, first).normalized();
+            for (int c = 0; c < 4; ++c)
+                m_sums[size_t(corners[c])] += normal;
+        }
+        for (Vector3 &sum : m_sums)
+            sum.normalize();
+        for (int f = 0, n = m_mesh.faceCount(); f < n; ++f) {
+            for (int c = 0; c < 4; ++c)
+                faces[f]->normals[c] = m_sums[size_t(faces[f]->indices[c])];
+        }
+    }
+
+private:
+    KMMeshNode &m_mesh;
+    std::vector<Vector3> m_sums;
+};
+
+/// One copy of all records.
+class CopyPass
+{
+public:
+    explicit CopyPass(KMMeshNode &mesh)
+        : m_mesh(mesh)
+        , m_vertices(size_t(mesh.vertexCount()))
+        , m_faces(size_t(mesh.faceCount()))
+        , m_edges(size_t(mesh.edgeCount()))
+    {
+    }
+    void prepare() {}
+    void run()
+    {
+        size_t next = 0;
+        for (const KMVertex *vertex : m_mesh.vertices())
+            m_vertices[next++] = *vertex;
+        next = 0;
+        for (const KMFace *face : m_mesh.faces())
+            m_faces[next++] = *face;
+        next = 0;
+        for (const KMEdge *edge : m_mesh.edges())
+            m_edges[next++] = *edge;
+    }
+
+private:
+    KMMeshNode &m_mesh;
+    std::vector<KMVertex> m_vertices;
+    std::vector<KMFace> m_faces;
+    std::vector<KMEdge> m_edges;
+};
+
+/// A refresh with a fixed mask.
+template <quint32 mask>
+class Refresh
+{
+public:
+    explicit Refresh(KMMeshNode &mesh) : m_mesh(mesh) {}
+    void prepare() {}
+    void run() { m_mesh.refreshMesh(mask); }
+
+private:
+    KMMeshNode &m_mesh;
+};
+
+/// Renumbering after every tenth face went.
+class Compact
+{
+public:
+    explicit Compact(KMMeshNode &mesh) : m_quads(mesh.faceCount()) {}
+    void prepare()
+    {
+        m_mesh = waveGrid(m_quads);
+        for (int f = 0; f < m_mesh->faceCount(); f += 10) {
+            m_mesh->removeFaceRefs(f);
+            m_mesh->setFace(f, nullptr);
+        }
+        m_mesh->refreshMesh(KMMeshDirty::All);
+    }
+    void run() { m_mesh->compact(); }
+
+private:
+    int m_quads;
+    std::unique_ptr<KMMeshNode> m_mesh;
+};
+
+template <class Work>
+double secondsOf(Work &work)
+{
+    work.prepare();
+    const double start = processorSeconds();
+    work.run();
+    return processorSeconds() - start;
+}
+
+template <class Ours, class Plain>
+void compare(benchmark::State &state)
+{
+    const std::unique_ptr<KMMeshNode> mesh = waveGrid(int(state.range(0)));
+    Ours ours(*mesh);
+    Plain plain(*mesh);
+    double best = 1e9;
+    double bestPlain = 1e9;
+    for (auto _ : state) {
+        for (int round = 0; round < rounds; ++round) {
+            best = std::min(best, secondsOf(ours));
+            bestPlain = std::min(bestPlain, secondsOf(plain));
+        }
+        state.SetIterationTime(best);
+    }
+    state.counters["ms"] = best * 1e3;
+    state.counters["plain_ms"] = bestPlain * 1e3;
+    state.counters["ratio"] = best / bestPlain;
+}
+
+size_t bytesInUse()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+/// Bytes of the heap for each quad, beside what the records and the lists that hold them come to.
+void memory(benchmark::State &state)
+{
+    size_t bytes = 0;
+    size_t plain = 0;
+    for (auto _ : state) {
+        const size_t before = bytesInUse();
+        const std::unique_ptr<KMMeshNode> mesh = waveGrid(int(state.range(0)));
+        bytes = bytesInUse() - before;
+        // A record stands in its store and in a live list, an edge in the table.
+        plain = size_t(mesh->vertexCount()) * (sizeof(KMVertex) + 2 * sizeof(void *))
+            + size_t(mesh->faceCount()) * (sizeof(KMFace) + 2 * sizeof(void *))
+            + size_t(mesh->edgeCount()) * (sizeof(KMEdge) + sizeof(quint32));
+        state.SetIterationTime(1e-3);
+    }
+    state.counters["bytes_per_quad"] = double(bytes) / double(state.range(0));
+    state.counters["plain_bytes"] = double(plain) / double(state.range(0));
+    state.counters["ratio"] = double(bytes) / double(plain);
+}
+
+void registerSizes(const char *name, void (*run)(benchmark::State &))
+{
+    benchmark::RegisterBenchmark((std::string("mesh/") + name).c_str(), run)
+        ->Arg(10000)->Arg(100000)->Arg(1000000)->Iterations(1)->Unit(benchmark::kMillisecond)->UseManualTime();
+}
+
+const bool registered = [] {
+    registerSizes("refresh all", compare<Refresh<KMMeshDirty::All>, EdgePass>);
+    registerSizes("refresh positions", compare<Refresh<KMMeshDirty::Positions>, NormalPass>);
+    registerSizes("compact", compare<Compact, CopyPass>);
+    registerSizes("memory", memory);
+    return true;
+}();
+
+} // namespace

@@ -1,0 +1,390 @@
+#include "core/KMHeadlessSession.h"
+#include "mesh/KMMeshModifier.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMTagNormal.h"
+#include "support/AllocationCount.h"
+#include "support/MeshFixtures.h"
+#include "support/NormalReference.h"
+#include "support/TestRegistry.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <memory>
+#include <random>
+
+namespace {
+
+using Maker = KMMeshNode *(*)();
+
+/// A ball with poles of triangles and belts of quads.
+KMMeshNode *sphere()
+{
+    constexpr int around = 12, belts = 6;
+    auto *mesh = new KMMeshNode;
+    mesh->addVertexRaw({0, 1, 0});
+    for (int i = 1; i < belts; ++i) {
+        for (int j = 0; j < around; ++j) {
+            const double v = M_PI * i / belts, u = 2 * M_PI * j / around;
+            mesh->addVertexRaw({float(std::sin(v) * std::cos(u)), float(std::cos(v)), float(std::sin(v) * std::sin(u))});
+        }
+    }
+    const int south = mesh->addVertexRaw({0, -1, 0});
+    const auto at = [](int i, int j) { return 1 + (i - 1) * around + j % around; };
+    for (int j = 0; j < around; ++j) {
+        const int top[] = {0, at(1, j), at(1, j + 1)};
+        const int bottom[] = {south, at(belts - 1, j + 1), at(belts - 1, j)};
+        mesh->addFaceRaw(3, top);
+        mesh->addFaceRaw(3, bottom);
+        for (int i = 1; i < belts - 1; ++i) {
+            const int quad[] = {at(i, j), at(i + 1, j), at(i + 1, j + 1), at(i, j + 1)};
+            mesh->addFaceRaw(4, quad);
+        }
+    }
+    return mesh;
+}
+
+/// Faces without any order on few points: lines, triangles, quads that bend, corners at one vertex twice.
+KMMeshNode *soup(unsigned seed)
+{
+    std::mt19937 random(seed);
+    std::uniform_real_distribution<float> place(-1.0f, 1.0f);
+    auto *mesh = new KMMeshNode;
+    for (int i = 0; i < 20; ++i)
+        mesh->addVertexRaw({place(random), place(random), place(random)});
+    for (int f = 0; f < 60; ++f) {
+        int corners[4];
+        for (int &corner : corners)
+            corner = int(random() % 20);
+        mesh->addFaceRaw(2 + int(random() % 3), corners);
+    }
+    mesh->removeFaceRefs(7);
+    mesh->setFace(7, nullptr);
+    return mesh;
+}
+
+KMMeshNode *bumpyGrid()
+{
+    KMMeshNode *mesh = MeshFixtures::grid(9, 7);
+    std::mt19937 random(3);
+    for (KMVertex *vertex : mesh->vertices())
+        vertex->pos.y = float(random() % 1000) / 700.0f;
+    return mesh;
+}
+
+const struct
+{
+    const char *name;
+    Maker make;
+} meshRows[] = {
+    {"flat grid", [] { return MeshFixtures::grid(5, 4); }},
+    {"bumpy grid", &bumpyGrid},
+    {"cube", &MeshFixtures::cube},
+    {"sphere", &sphere},
+    {"torus", [] { return MeshFixtures::torus(9, 7); }},
+    {"cone", [] { return MeshFixtures::openCone(); }},
+    {"fan", [] { return MeshFixtures::nonManifoldFan(7); }},
+    {"gaps and lines", &MeshFixtures::mixedBag},
+    {"soup 1", [] { return soup(1); }},
+    {"soup 2", [] { return soup(2); }},
+    {"soup 3", [] { return soup(3); }},
+};
+
+/// Every third edge creased, every other corner fixed or turned in some way.
+KMTagNormal *addBusyTag(KMMeshNode &mesh)
+{
+    auto *tag = new KMTagNormal;
+    mesh.addTag(tag);
+    mesh.refreshMesh(KMMeshDirty::All);
+    int n = 0;
+    for (const KMEdge *edge : mesh.edges()) {
+        if (n++ % 3 == 0)
+            tag->setCrease(edge->index0, edge->index1, true);
+    }
+    for (int f = 0; f < mesh.faceCount(); f += 2) {
+        KMNormalFace record = tag->faceNormal(f);
+        record.setFixed(f % 4, kvm::Vector3(1.0f, 2.0f, float(f)).normalized());
+        record.setRotated((f + 1) % 4, 0.3f * float(f), {0.5f, float(f % 5), -1.0f});
+        record.setRotated((f + 2) % 4, -2.0f, {0.0f, 0.0f, 3.0f});
+        tag->setFaceNormal(record);
+    }
+    return tag;
+}
+
+QString difference(const KMMeshNode &mesh, const KMTagNormal *tag)
+{
+    const NormalReference reference(mesh, tag);
+    int compared = 0, doubtful = 0;
+    for (int f = 0; f < mesh.faceCount(); ++f) {
+        const KMFace *face = mesh.face(f);
+        for (int c = 0; face && face->count > 2 && c < face->count; ++c) {
+            if (reference.isDoubtful(f, c)) {
+                ++doubtful;
+                continue;
+            }
+            ++compared;
+            const bool isBase[] = {false, true};
+            for (const bool base : isBase) {
+                if (base && !tag)
+                    continue;
+                const kvm::Vector3 &is = base ? tag->faceNormals().at(f).baseNormal[c] : face->normals[c];
+                const NormalReference::Vector &shall = base ? reference.baseNormal(f, c) : reference.normal(f, c);
+                for (int k = 0; k < 3; ++k) {
+                    if (!(std::fabs(double(is[k]) - shall[size_t(k)]) < 2e-5))
+                        return QStringLiteral("face %1 corner %2%3: (%4 %5 %6), not (%7 %8 %9)")
+                            .arg(f).arg(c).arg(QLatin1String(base ? " base" : ""))
+                            .arg(double(is.x)).arg(double(is.y)).arg(double(is.z))
+                            .arg(shall[0]).arg(shall[1]).arg(shall[2]);
+                }
+            }
+        }
+    }
+    if (compared < 5 * doubtful)
+        return QStringLiteral("only %1 compared, %2 in doubt").arg(compared).arg(doubtful);
+    return {};
+}
+
+int distinctNormals(const KMMeshNode &mesh, int vertex)
+{
+    QVector<kvm::Vector3> found;
+    for (const int f : mesh.vertex(vertex)->faceRefs) {
+        const kvm::Vector3 &normal = mesh.face(f)->normals[mesh.face(f)->cornerOf(vertex)];
+        if (!found.contains(normal))
+            found << normal;
+    }
+    return found.size();
+}
+
+} // namespace
+
+class tst_KMSmoothNormals : public QObject
+{
+    Q_OBJECT
+private slots:
+    void likeTheSlowWay_data();
+    void likeTheSlowWay();
+    void afterAMove();
+    void groupsOfACube_data();
+    void groupsOfACube();
+    void quadThatBends();
+    void facesWithoutArea();
+    void creaseBetweenCoplanarFaces();
+    void fixedStaysRotatedBends();
+    void creasesGoAndCome();
+    void missingVertices();
+    void allocatesNothing_data();
+    void allocatesNothing();
+
+private:
+    KMHeadlessSession m_session;
+};
+
+void tst_KMSmoothNormals::likeTheSlowWay_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<float>("angle");
+    QTest::addColumn<bool>("tagged");
+    for (int row = 0; row < int(std::size(meshRows)); ++row) {
+        for (const float angle : {0.0f, 35.0f, 60.0f, 100.0f, 180.0f}) {
+            for (const bool tagged : {false, true})
+                QTest::addRow("%s, %g degrees%s", meshRows[row].name, double(angle), tagged ? ", tag" : "")
+                    << row << angle << tagged;
+        }
+    }
+}
+
+void tst_KMSmoothNormals::likeTheSlowWay()
+{
+    QFETCH(int, row);
+    QFETCH(float, angle);
+    QFETCH(bool, tagged);
+    const std::unique_ptr<KMMeshNode> mesh(meshRows[row].make());
+    mesh->setSmoothAngle(angle);
+    mesh->setTransform({{1, 1, 1}, kvm::Quaternion::fromEuler(0.4f, -1.1f, 2.0f), {3, 4, 5}});
+    KMTagNormal *tag = tagged ? addBusyTag(*mesh) : nullptr;
+    mesh->refreshMesh(KMMeshDirty::All);
+    const QString wrong = difference(*mesh, tag);
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+}
+
+void tst_KMSmoothNormals::afterAMove()
+{
+    for (const bool tagged : {false, true}) {
+        const std::unique_ptr<KMMeshNode> mesh(sphere());
+        KMTagNormal *tag = tagged ? addBusyTag(*mesh) : nullptr;
+        mesh->refreshMesh(KMMeshDirty::All);
+        for (KMVertex *vertex : mesh->vertices())
+            vertex->pos = {vertex->pos.x * 3, vertex->pos.y + vertex->pos.x, vertex->pos.z * vertex->pos.z};
+        mesh->refreshMesh(KMMeshDirty::Positions);
+        const QString wrong = difference(*mesh, tag);
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+    }
+}
+
+void tst_KMSmoothNormals::groupsOfACube_data()
+{
+    QTest::addColumn<float>("angle");
+    QTest::addColumn<int>("normals");
+    QTest::newRow("flat") << 0.0f << 3;
+    QTest::newRow("usual") << 60.0f << 3;
+    QTest::newRow("round") << 91.0f << 1;
+    QTest::newRow("all") << 180.0f << 1;
+}
+
+void tst_KMSmoothNormals::groupsOfACube()
+{
+    QFETCH(float, angle);
+    QFETCH(int, normals);
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    mesh->setSmoothAngle(angle);
+    mesh->refreshMesh(KMMeshDirty::Positions);
+    for (int i = 0; i < 8; ++i)
+        QCOMPARE(distinctNormals(*mesh, i), normals);
+    // Outward, as the faces of the fixture turn.
+    for (const KMFace *face : mesh->faces())
+        QVERIFY(dot(face->normals[0], mesh->position(face->indices[0])) > 0.9f);
+}
+
+/// The diagonal along the fold keeps both halves flat, so the normal lies between them; the other one doesn't.
+void tst_KMSmoothNormals::quadThatBends()
+{
+    KMMeshNode mesh;
+    for (const kvm::Vector3 &p : {kvm::Vector3(0, 0, 0), kvm::Vector3(1, 0, 0), kvm::Vector3(1, 1, 2), kvm::Vector3(0, 0, 1)})
+        mesh.addVertexRaw(p);
+    const int corners[] = {0, 1, 2, 3};
+    mesh.addFaceRaw(4, corners);
+    mesh.refreshMesh(KMMeshDirty::All);
+    const QString wrong = difference(mesh, nullptr);
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+}
+
+void tst_KMSmoothNormals::facesWithoutArea()
+{
+    KMMeshNode mesh;
+    for (int i = 0; i < 4; ++i)
+        mesh.addVertexRaw({float(i), 0, 0});
+    mesh.addVertexRaw({0, 0, 1});
+    const int line[] = {0, 1};
+    const int flat[] = {0, 1, 2, 3};
+    const int sound[] = {0, 1, 4};
+    for (const auto &[count, corners] : {std::make_pair(2, line), {4, flat}, {3, sound}})
+        mesh.addFaceRaw(count, corners);
+    mesh.face(0)->normals[0] = {7, 7, 7};
+    mesh.refreshMesh(KMMeshDirty::All);
+    QCOMPARE(mesh.face(0)->normals[0], kvm::Vector3(7, 7, 7)); // lines keep what they had
+    QCOMPARE(mesh.face(1)->normals[0], kvm::Vector3());
+    QVERIFY(std::fabs(mesh.face(2)->normals[0].length() - 1.0f) < 1e-6f);
+}
+
+void tst_KMSmoothNormals::creaseBetweenCoplanarFaces()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(2, 1));
+    auto *tag = new KMTagNormal;
+    mesh->addTag(tag);
+    mesh->refreshMesh(KMMeshDirty::All);
+    const NormalReference smooth(*mesh, tag);
+    tag->setCrease(1, 4, true);
+    QCOMPARE(tag->creaseFaces(), QSet<quint64>{quint64(1) << 32});
+    QCOMPARE(NormalReference(*mesh, tag).groupCount(), smooth.groupCount() + 2);
+    mesh->refreshMesh(KMMeshDirty::All);
+    QCOMPARE(mesh->face(0)->normals[1], mesh->face(1)->normals[0]); // equal all the same
+
+    mesh->vertex(2)->pos.y = 0.3f; // once bent, they part
+    mesh->vertex(5)->pos.y = 0.3f;
+    mesh->refreshMesh(KMMeshDirty::Positions);
+    QVERIFY(mesh->face(0)->normals[1] != mesh->face(1)->normals[0]);
+    tag->setCrease(4, 1, false);
+    QVERIFY(tag->creaseFaces().isEmpty());
+    mesh->refreshMesh(KMMeshDirty::All);
+    QCOMPARE(mesh->face(0)->normals[1], mesh->face(1)->normals[0]);
+}
+
+void tst_KMSmoothNormals::fixedStaysRotatedBends()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(1, 1));
+    auto *tag = new KMTagNormal;
+    mesh->addTag(tag);
+    KMNormalFace record;
+    record.face = 0;
+    record.setFixed(0, {1, 0, 0});
+    record.setRotated(1, float(M_PI / 2), {0, 0, 2});
+    tag->setFaceNormal(record);
+    mesh->refreshMesh(KMMeshDirty::All);
+    const kvm::Vector3 up = mesh->face(0)->normals[2];
+    QVERIFY(std::fabs(std::fabs(up.y) - 1.0f) < 1e-6f);
+    QVERIFY((mesh->face(0)->normals[1] - kvm::Vector3(-up.y, 0, 0)).length() < 1e-6f);
+
+    for (KMVertex *vertex : mesh->vertices()) // a quarter turn about x
+        vertex->pos = {vertex->pos.x, vertex->pos.z, 0};
+    mesh->refreshMesh(KMMeshDirty::Positions);
+    QCOMPARE(mesh->face(0)->normals[0], kvm::Vector3(1, 0, 0));
+    const kvm::Vector3 front = mesh->face(0)->normals[2];
+    QVERIFY(std::fabs(std::fabs(front.z) - 1.0f) < 1e-6f);
+    QVERIFY((mesh->face(0)->normals[1] - front).length() < 1e-6f); // the axis is its direction now
+
+    mesh->setTransform({{1, 1, 1}, kvm::Quaternion::fromEuler(0, 0, float(M_PI / 2)), {}});
+    mesh->refreshMesh(KMMeshDirty::Positions);
+    QVERIFY((mesh->face(0)->normals[0] - kvm::Vector3(0, 1, 0)).length() < 1e-6f);
+}
+
+/// The arrays for creases are made and dropped on the way.
+void tst_KMSmoothNormals::creasesGoAndCome()
+{
+    const std::unique_ptr<KMMeshNode> mesh(bumpyGrid());
+    mesh->setSmoothAngle(120);
+    auto *tag = new KMTagNormal;
+    mesh->addTag(tag);
+    mesh->refreshMesh(KMMeshDirty::All);
+    const auto setAll = [&](bool crease) {
+        for (const KMEdge *edge : mesh->edges())
+            tag->setCrease(edge->index0, edge->index1, crease);
+        mesh->refreshMesh(KMMeshDirty::All);
+    };
+    for (const bool crease : {true, false, true}) {
+        setAll(crease);
+        const QString wrong = difference(*mesh, tag);
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+        QCOMPARE(distinctNormals(*mesh, 12) > 1, crease);
+    }
+}
+
+void tst_KMSmoothNormals::missingVertices()
+{
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(2, 2));
+    mesh->setVertex(0, nullptr);
+    mesh->face(3)->indices[2] = 1000;
+    mesh->refreshMesh(KMMeshDirty::Positions); // faces around a vertex that is on its way out
+    QCOMPARE(mesh->face(0)->normals[1], kvm::Vector3());
+    mesh->recomputeNormals(KMMeshDirty::All);
+    QVERIFY(std::fabs(mesh->face(1)->normals[1].y) > 0.9f);
+}
+
+void tst_KMSmoothNormals::allocatesNothing_data()
+{
+    QTest::addColumn<bool>("tagged");
+    QTest::newRow("plain") << false;
+    QTest::newRow("with creases and overrides") << true;
+}
+
+void tst_KMSmoothNormals::allocatesNothing()
+{
+    QFETCH(bool, tagged);
+    const std::unique_ptr<KMMeshNode> mesh(sphere());
+    mesh->setSmoothAngle(10.0f); // many groups
+    if (tagged)
+        addBusyTag(*mesh);
+    mesh->refreshMesh(KMMeshDirty::All);
+    const std::size_t before = allocationCount();
+    for (int i = 0; i < 10; ++i) {
+        mesh->vertex(i)->pos.x += 0.1f;
+        mesh->recomputeNormals(KMMeshDirty::Positions);
+        mesh->recomputeNormals(KMMeshDirty::All);
+    }
+    QCOMPARE(allocationCount(), before);
+    mesh->addVertexRaw({});
+    mesh->recomputeNormals(KMMeshDirty::Positions);
+    QVERIFY(allocationCount() > before); // the counter does count
+}
+
+KM_TEST(tst_KMSmoothNormals);
+#include "tst_KMSmoothNormals.moc"
