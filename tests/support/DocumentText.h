@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-/// The dump of the open document and what else of the session a file keeps, in lines, so that a failed comparison
+/// The dump of the open document and what else of the session a file keeps, meshes included, in lines, so that a failed comparison
 /// shows what differs.
 QStringList documentText();
 
