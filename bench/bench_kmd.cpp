@@ -173,7 +173,10 @@ void kmd(benchmark::State &state, Direction direction)
 const bool registered = [] {
     for (const Direction direction : {Save, Load}) {
         benchmark::RegisterBenchmark(direction == Save ? "kmd/save" : "kmd/load", kmd, direction)
-            ->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseManualTime();
+            ->Arg(10000)
+            ->Arg(100000)
+            ->Unit(benchmark::kMillisecond)
+            ->UseManualTime();
     }
     return true;
 }();

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int cornerFloats = 6; // UV and colour
-constexpr int lineCorners = 2; // of the smallest face that is kept
+constexpr int lineCorners = 2;  // of the smallest face that is kept
 
 QString translated(const char *text)
 {
@@ -26,7 +26,11 @@ class BasePositions
 {
     Q_DISABLE_COPY(BasePositions)
 public:
-    explicit BasePositions(const KMMeshNode &mesh) : m_tags(mesh.tags()) { tell(&KMTagBase::unapply); }
+    explicit BasePositions(const KMMeshNode &mesh)
+        : m_tags(mesh.tags())
+    {
+        tell(&KMTagBase::unapply);
+    }
     ~BasePositions() { tell(&KMTagBase::apply); }
 
 private:
@@ -99,7 +103,7 @@ bool isWritten(const KMEdge &edge, const FileNumbers &numbers)
 {
     const auto isInFile = [&numbers](int f) { return numbers.faces.value(f, -1) >= 0; };
     return numbers.vertices.value(edge.index0, -1) >= 0 && numbers.vertices.value(edge.index1, -1) >= 0
-        && std::any_of(edge.faceRefs.begin(), edge.faceRefs.end(), isInFile);
+           && std::any_of(edge.faceRefs.begin(), edge.faceRefs.end(), isInFile);
 }
 
 void writeEdges(KMDOutput &out, const KMMeshNode &mesh, const FileNumbers &numbers)
@@ -117,6 +121,11 @@ void writeEdges(KMDOutput &out, const KMMeshNode &mesh, const FileNumbers &numbe
     }
 }
 
+bool isFinite(const kvm::Vector3 &v)
+{
+    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
 void readVertices(KMDReadContext &context, KMMeshNode &mesh)
 {
     KMDStream &in = context.in;
@@ -124,7 +133,7 @@ void readVertices(KMDReadContext &context, KMMeshNode &mesh)
     mesh.resizeVertices(count);
     for (KMVertex *vertex : mesh.vertices()) {
         vertex->pos = in.readVector3() * context.importScale;
-        if (!std::isfinite(vertex->pos.x + vertex->pos.y + vertex->pos.z)) {
+        if (!isFinite(vertex->pos)) {
             in.warn(translated("The scale moves a vertex out of all numbers; it was put at the origin"));
             vertex->pos = {};
         }

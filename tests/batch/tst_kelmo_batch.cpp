@@ -164,9 +164,15 @@ void tst_kelmo_batch::infoTellsMeshes()
     file.hasMesh = true;
     QVERIFY(write("mesh.kmd", file.bytes()));
     const QJsonArray box{QJsonArray{0, 0, 0}, QJsonArray{1, 0, 1}};
-    const QJsonObject mesh{{"name", "mesh"},      {"vertices", 4},        {"faces", 2},
-                           {"triangles", 2},      {"edges", 4},           {"bbox", box},
-                           {"shaders", QJsonArray{"body"}}, {"tags", QJsonArray()}, {"modifiers", QJsonArray()}};
+    const QJsonObject mesh{{"name", "mesh"},
+                           {"vertices", 4},
+                           {"faces", 2},
+                           {"triangles", 2},
+                           {"edges", 4},
+                           {"bbox", box},
+                           {"shaders", QJsonArray{"body"}},
+                           {"tags", QJsonArray()},
+                           {"modifiers", QJsonArray()}};
     QCOMPARE(info(QStringLiteral("mesh.kmd")).value("meshes").toArray(), QJsonArray{mesh});
 
     file.mesh = {{}, {}, {}, 0, 0, 0};

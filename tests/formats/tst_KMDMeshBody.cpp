@@ -27,6 +27,7 @@
 
 using Make = std::function<KMMeshNode *()>;
 
+Q_DECLARE_METATYPE(KmdMesh)
 Q_DECLARE_METATYPE(Make)
 
 class tst_KMDMeshBody : public QObject
@@ -136,7 +137,10 @@ KMMeshNode *withNormals(KMMeshNode *mesh)
 class OffsetTag : public TestTag
 {
 public:
-    explicit OffsetTag(KMMeshNode *mesh) : m_mesh(mesh) {}
+    explicit OffsetTag(KMMeshNode *mesh)
+        : m_mesh(mesh)
+    {
+    }
     void apply() override { move(8.0f); }
     void unapply() override { move(-8.0f); }
 
@@ -225,8 +229,10 @@ void tst_KMDMeshBody::deadFacesStayOut()
     KMDReader reader;
     QVERIFY2(reader.readBytes(bytes), qPrintable(reader.error()));
     QCOMPARE(checkInvariants(*firstMesh()), QString());
-    QVERIFY(firstMesh()->faceCount() < 4);
-    QCOMPARE(savedBytes(), bytes);
+    QCOMPARE(firstMesh()->faceCount(), 1);
+    QCOMPARE(firstMesh()->vertexCount(), 5);
+    QCOMPARE(firstMesh()->edgeCount(), 4);
+    QCOMPARE(firstMesh()->tagCount(), 1);
 }
 
 void tst_KMDMeshBody::compatibilityForm()
@@ -348,8 +354,6 @@ void tst_KMDMeshBody::damaged_data()
     row("minus one corner", "-1 corners", [](KmdMesh &m) { m.faces[0].count = -1; });
     row("very many corners", "corners", [=](KmdMesh &m) { m.faces[0].count = huge; });
 }
-
-Q_DECLARE_METATYPE(KmdMesh)
 
 void tst_KMDMeshBody::damaged()
 {

@@ -5,7 +5,11 @@
 #include <QRectF>
 #include <QTransform>
 
-KmdBytes::KmdBytes(double fileVersion) : version(fileVersion), hasReserved(fileVersion >= 4.4) {}
+KmdBytes::KmdBytes(double fileVersion)
+    : version(fileVersion)
+    , hasReserved(fileVersion >= 4.4)
+{
+}
 
 QByteArray KmdBytes::bytes()
 {

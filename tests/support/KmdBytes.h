@@ -20,7 +20,7 @@ struct KmdMesh
     QVector<double> positions{0, 0, 0, 1, 0, 0, 1, 0, 1, 0, 0, 1};
     QVector<Face> faces{{2, {0, 1}, -1}, {4, {0, 1, 2, 3}, 0}};
     QVector<int> edges{0, 1, 1, 2, 2, 3, 0, 3}; ///< pairs
-    int vertexCount = 4; ///< as the file tells it
+    int vertexCount = 4;                        ///< as the file tells it
     int faceCount = 2;
     int edgeCount = 4;
 };
@@ -45,7 +45,7 @@ public:
     double rotationW = 1.0;
     bool hasMesh = false; ///< a fifth node, "mesh", below the null; see KmdMesh
     KmdMesh mesh;
-    int vertexTexture = 0; ///< diffuse texture of the first material
+    int vertexTexture = 0;                 ///< diffuse texture of the first material
     QVector<quint64> parents{0, 0, 22, 0}; ///< parent rows of bool, null, int, float, whose rows are 21 to 24
     quint32 floatType = 0x600003;
     std::function<void(QDataStream &)> schematic;

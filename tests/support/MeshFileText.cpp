@@ -50,7 +50,8 @@ void writeFace(QTextStream &out, const KMFace &face, const FileNumbers &numbers)
 void writeNormals(QTextStream &out, const KMTagNormal &tag, const FileNumbers &numbers)
 {
     for (const QPair<int, int> &crease : tag.creasesOfMesh())
-        out << "crease " << numbers.vertices.value(crease.first) << ' ' << numbers.vertices.value(crease.second) << '\n';
+        out << "crease " << numbers.vertices.value(crease.first) << ' ' << numbers.vertices.value(crease.second)
+            << '\n';
     for (const KMNormalFace &record : tag.faceNormals()) {
         if (!record.hasOverride() || !numbers.faces.contains(record.face))
             continue;
