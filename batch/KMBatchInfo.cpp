@@ -4,9 +4,14 @@
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMShaderNode.h"
+#include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshModifier.h"
+#include "mesh/KMMeshNode.h"
 
 #include <QJsonArray>
+
+#include <algorithm>
 
 namespace {
 
@@ -19,6 +24,74 @@ QJsonArray nodes()
         list << QJsonObject{{"type", nodeTypeName(node->type())},
                             {"name", node->name()},
                             {"parent", parent ? QJsonValue(parent->name()) : QJsonValue()}};
+    }
+    return list;
+}
+
+QJsonArray array(const kvm::Vector3 &v)
+{
+    return {double(v.x), double(v.y), double(v.z)};
+}
+
+/// Null for a mesh without vertices.
+QJsonValue bounds(const KMMeshNode &mesh)
+{
+    kvm::Vector3 low, high;
+    bool isFirst = true;
+    for (const KMVertex *vertex : mesh.vertices()) {
+        if (!vertex)
+            continue;
+        const kvm::Vector3 &p = vertex->pos;
+        low = isFirst ? p : kvm::Vector3(std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z));
+        high = isFirst ? p : kvm::Vector3(std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z));
+        isFirst = false;
+    }
+    return isFirst ? QJsonValue() : QJsonArray{array(low), array(high)};
+}
+
+/// By name, in the order of their indices; faces without a shader add nothing.
+QJsonArray shadersOf(const KMMeshNode &mesh)
+{
+    QJsonArray list;
+    for (const int index : mesh.usedShaders()) {
+        if (index >= 0 && index < gProject->shaders().size())
+            list << gProject->shader(index)->name();
+    }
+    return list;
+}
+
+QJsonArray tagsOf(const KMContainerNode &node)
+{
+    QJsonArray list;
+    for (const KMTagBase *tag : node.tags()) {
+        if (!tag->isDeleted())
+            list << tag->name();
+    }
+    return list;
+}
+
+QJsonArray modifiersOf(const KMMeshNode &mesh)
+{
+    QJsonArray list;
+    for (const KMMeshNode::ModifierEntry &entry : mesh.modifiers())
+        list << entry.second->modifierNode()->name();
+    return list;
+}
+
+QJsonArray meshes()
+{
+    QJsonArray list;
+    for (const KMMeshNode *mesh : gProject->meshesInTree()) {
+        const QVector<KMVertex *> &vertices = mesh->vertices();
+        list << QJsonObject{{"name", mesh->name()},
+                            {"vertices", vertices.size() - vertices.count(nullptr)},
+                            {"faces", mesh->liveFaces().size()},
+                            {"triangles", mesh->triangleCount()},
+                            {"edges", mesh->edgeCount()},
+                            {"bbox", bounds(*mesh)},
+                            {"shaders", shadersOf(*mesh)},
+                            {"tags", tagsOf(*mesh)},
+                            {"modifiers", modifiersOf(*mesh)}};
     }
     return list;
 }
@@ -48,7 +121,7 @@ QJsonObject documentInfo(const QString &format)
     return {
         {"format", format},
         {"nodes", nodes()},
-        {"meshes", QJsonArray()},
+        {"meshes", meshes()},
         {"bones", QJsonArray()},
         {"weights", QJsonObject{{"entries", 0}, {"sdef", 0}}},
         {"morphs", QJsonArray()},

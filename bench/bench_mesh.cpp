@@ -2,6 +2,8 @@
 
 #include "mesh/KMMeshNode.h"
 
+#include <QHash>
+
 #include <benchmark/benchmark.h>
 
 #include <malloc.h>
@@ -64,6 +66,36 @@ public:
 private:
     KMMeshNode &m_mesh;
     KMEdgeTable m_table;
+};
+
+/// The same with a hash of single records, as one writes it down first.
+class HashPass
+{
+public:
+    explicit HashPass(KMMeshNode &mesh) : m_mesh(mesh) {}
+    ~HashPass() { qDeleteAll(m_table); }
+    void prepare()
+    {
+        qDeleteAll(m_table);
+        m_table.clear();
+        m_table.reserve(m_mesh.edgeCount());
+    }
+    void run()
+    {
+        KMFace *const *faces = m_mesh.faces().constData();
+        for (int f = 0, n = m_mesh.faceCount(); f < n; ++f) {
+            for (int c = 0; c < faces[f]->count; ++c) {
+                KMEdge *&edge = m_table[KMEdge::keyOf(faces[f]->indices[c], faces[f]->next(c))];
+                if (!edge)
+                    edge = new KMEdge;
+                edge->faceRefs.append(f);
+            }
+        }
+    }
+
+private:
+    KMMeshNode &m_mesh;
+    QHash<quint64, KMEdge *> m_table;
 };
 
 /// Normals as one writes them down first: of the faces, summed at the vertices, normalised, and given to the
@@ -227,7 +259,9 @@ void registerSizes(const char *name, void (*run)(benchmark::State &))
 }
 
 const bool registered = [] {
-    registerSizes("refresh all", compare<Refresh<KMMeshDirty::All>, EdgePass>);
+    registerSizes("refresh all, edge table", compare<Refresh<KMMeshDirty::All>, EdgePass>);
+    registerSizes("refresh all, QHash", compare<Refresh<KMMeshDirty::All>, HashPass>);
+    registerSizes("refresh edges, edge table", compare<Refresh<KMMeshDirty::Edges>, EdgePass>);
     registerSizes("refresh positions", compare<Refresh<KMMeshDirty::Positions>, NormalPass>);
     registerSizes("compact", compare<Compact, CopyPass>);
     registerSizes("memory", memory);

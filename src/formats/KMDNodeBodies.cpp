@@ -4,8 +4,10 @@
 #include "core/KMNullNode.h"
 #include "core/KMValueNodeContainer.h"
 #include "core/KMVariantNode.h"
+#include "formats/KMDMeshBody.h"
 #include "formats/KMDPrimitiveBodies.h"
 #include "formats/KMDTagBodies.h"
+#include "mesh/KMMeshNode.h"
 
 #include <algorithm>
 #include <iterator>
@@ -87,6 +89,7 @@ constexpr KMDNodeBody bodies[] = {
     {KMNodeType::IntContainer, &make<KMIntNodeContainer>, &writeInt, &readInt},
     {KMNodeType::FloatContainer, &make<KMFloatNodeContainer>, &writeFloat, &readFloat},
     {KMNodeType::Null, &make<KMNullNode>, &writeNull, &readNull},
+    {KMNodeType::Mesh, &make<KMMeshNode>, &KMDMeshBody::write, &KMDMeshBody::read},
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "formats/KMDNormalTag.h"
 
+#include "formats/KMDMeshBody.h"
 #include "formats/KMDOutput.h"
 #include "formats/KMDReadContext.h"
 #include "mesh/KMMeshNode.h"
@@ -7,29 +8,13 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 QString translated(const char *text)
 {
     return QCoreApplication::translate("KMDNormalTag", text);
-}
-
-/// For each slot its number among those that hold a record.
-template <class T>
-QVector<int> denseNumbers(const QVector<T *> &store)
-{
-    QVector<int> numbers(store.size(), -1);
-    int next = 0;
-    for (int i = 0; i < store.size(); ++i) {
-        if (store.at(i))
-            numbers[i] = next++;
-    }
-    return numbers;
-}
-
-bool isToWrite(const KMMeshNode &mesh, const KMNormalFace &record)
-{
-    return record.hasOverride() && mesh.face(record.face);
 }
 
 void writeFace(KMDOutput &out, const KMNormalFace &record, int number)
@@ -98,7 +83,7 @@ void KMDNormalTag::write(KMDOutput &out, const KMTagBase *tag)
         out.writeI32(0);
         return;
     }
-    const QVector<int> vertices = denseNumbers(mesh->vertices());
+    const QVector<int> vertices = KMDMeshBody::vertexNumbers(*mesh);
     const QVector<QPair<int, int>> creases = normals->creasesOfMesh();
     out.writeI32(2 * creases.size());
     for (const QPair<int, int> &ends : creases) {
@@ -106,13 +91,14 @@ void KMDNormalTag::write(KMDOutput &out, const KMTagBase *tag)
         out.writeI32(vertices.at(ends.second));
     }
 
-    const QVector<int> faces = denseNumbers(mesh->faces());
-    int count = 0;
-    for (const KMNormalFace &record : normals->faceNormals())
-        count += isToWrite(*mesh, record);
-    out.writeI32(count);
-    for (const KMNormalFace &record : normals->faceNormals()) {
-        if (isToWrite(*mesh, record))
+    const QVector<int> faces = KMDMeshBody::faceNumbers(*mesh);
+    const auto isWritten = [&faces](const KMNormalFace &record) {
+        return record.hasOverride() && faces.value(record.face, -1) >= 0;
+    };
+    const QVector<KMNormalFace> &records = normals->faceNormals();
+    out.writeI32(int(std::count_if(records.begin(), records.end(), isWritten)));
+    for (const KMNormalFace &record : records) {
+        if (isWritten(record))
             writeFace(out, record, faces.at(record.face));
     }
 }

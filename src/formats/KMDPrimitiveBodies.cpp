@@ -189,7 +189,8 @@ void readSvg(KMDReadContext &context, KMContainerNode *)
 constexpr KMDNodeBody bodies[] = {
     {KMNodeType::PrimSphere, &make<KMPrimSphereNode>, &writeBody<KMPrimSphereNode>, &readBody<KMPrimSphereNode>},
     {KMNodeType::PrimCube, &make<KMPrimCubeNode>, &writeBody<KMPrimCubeNode>, &readBody<KMPrimCubeNode>},
-    {KMNodeType::PrimCylinder, &make<KMPrimCylinderNode>, &writeBody<KMPrimCylinderNode>, &readBody<KMPrimCylinderNode>},
+    {KMNodeType::PrimCylinder, &make<KMPrimCylinderNode>, &writeBody<KMPrimCylinderNode>,
+     &readBody<KMPrimCylinderNode>},
     {KMNodeType::PrimTorus, &make<KMPrimTorusNode>, &writeBody<KMPrimTorusNode>, &readBody<KMPrimTorusNode>},
     {KMNodeType::PrimPlane, &make<KMPrimPlaneNode>, &writeBody<KMPrimPlaneNode>, &readBody<KMPrimPlaneNode>},
     {KMNodeType::Prim3DText, &make<KMPrim3DTextNode>, &writeBody<KMPrim3DTextNode>, &readBody<KMPrim3DTextNode>},

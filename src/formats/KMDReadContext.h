@@ -24,7 +24,8 @@ public:
     QHash<quint64, KMContainerNode *> nodes; ///< by the ids of the file; only nodes that were read already
     QHash<quint64, int> rows;                ///< index of the node record by the row id of the file
 
-    qint64 facesTaken = 0; ///< of the shapes that the file only describes
+    qint64 facesTaken = 0;      ///< of the shapes that the file only describes
+    qint64 meshNanoseconds = 0; ///< time that the meshes took, for the log
 
     /// Whether all shapes stay within the limit with so many faces more; counts them when they do.
     bool takeFaces(qint64 faces, qint64 limit)

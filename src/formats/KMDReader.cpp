@@ -152,6 +152,8 @@ void KMDReader::readNodes(KMDStream &in, KMDContents &contents)
         in.enterElement(i, count);
         readNode(context, contents);
     }
+    if (context.meshNanoseconds > 0)
+        qDebug("meshes read in %.1f ms", double(context.meshNanoseconds) / 1e6);
 }
 
 void KMDReader::readNode(KMDReadContext &context, KMDContents &contents)

@@ -147,6 +147,19 @@ float KMDStream::readF32(float fallback)
     return fallback;
 }
 
+void KMDStream::readFloats(float *values, int count)
+{
+    bool isSound = true;
+    for (int i = 0; i < count; ++i) {
+        double value;
+        const bool isFinite = takeFloat(&value);
+        values[i] = isFinite ? float(value) : 0.0f;
+        isSound &= isFinite;
+    }
+    if (!isSound)
+        noteNonFinite();
+}
+
 kvm::Vector3 KMDStream::readVector3(const kvm::Vector3 &fallback)
 {
     double x, y, z;

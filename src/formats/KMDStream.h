@@ -47,6 +47,7 @@ public:
     double readF64(); ///< eight bytes whatever the version
     /// A number of the precision of the version. One that is not finite gives the fallback and a warning.
     float readF32(float fallback = 0.0f);
+    void readFloats(float *values, int count);                   ///< such numbers in a row; 0 for what is not finite
     kvm::Vector3 readVector3(const kvm::Vector3 &fallback = {}); ///< the whole fallback when one number is not finite
     QString readString();
     QColor readColor();

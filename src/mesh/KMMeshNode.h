@@ -150,7 +150,7 @@ private:
     bool refreshPositions(quint32 mask);
     bool refreshAttributes(quint32 mask);
     void refreshLiveVertices();
-    void refreshLiveFaces();
+    void refreshLiveFaces(bool withEdges);
     void finishRefresh(quint32 mask) { m_dirtyMask &= ~mask; }
     void changeFlags(quint8 &flags, quint8 bit, bool on, quint32 mask);
     bool hasDrawnNormals(const KMTagBase *tag) const;

@@ -37,9 +37,13 @@ void KMMeshNode::refreshMesh(quint32 mask)
 
     refreshLiveVertices();
     const int shadersBefore = m_usedShaders.size();
-    refreshLiveFaces();
-    if (mask & Edges)
-        rebuildEdges();
+    if (mask & Edges) {
+        const QVector<KMEdgeState> states = takeEdges();
+        refreshLiveFaces(true);
+        giveBack(states);
+    } else {
+        refreshLiveFaces(false);
+    }
     if (mask & Topology) {
         tellModifiers(&KMMeshModifier::rebuild);
         m_chainPending = 0;
@@ -116,8 +120,9 @@ void KMMeshNode::refreshLiveVertices()
     m_liveVertices.resize(count);
 }
 
-/// Lists the live faces, counts their triangles and collects their shaders.
-void KMMeshNode::refreshLiveFaces()
+/// Lists the live faces, counts their triangles and collects their shaders. The edges come in the same walk:
+/// a large mesh doesn't fit into the cache, and a walk of their own would fetch every face again.
+void KMMeshNode::refreshLiveFaces(bool withEdges)
 {
     KMFace *const *store = faces().constData();
     m_liveFaces.resize(faceCount());
@@ -130,6 +135,8 @@ void KMMeshNode::refreshLiveFaces()
         KMFace *face = store[f];
         if (!face)
             continue;
+        if (withEdges)
+            insertEdgesOf(f, *face);
         if (face->isPolygon())
             m_triangleCount += face->count - 2;
         else

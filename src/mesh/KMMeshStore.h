@@ -22,14 +22,12 @@ class KMMeshStore
 {
     Q_DISABLE_COPY(KMMeshStore)
 public:
-    /// Slots that were empty or became so at a renumbering, with what stood in them: all that it takes to
-    /// renumber back.
+    /// Slots of a store that a renumbering closed, and the records that stood in some of them.
     template <class T>
-    struct DroppedSlot
+    struct Gaps
     {
-        int index;
-        bool hadRecord;
-        T record;
+        QVector<int> indices; ///< ascending
+        QVector<QPair<int, T>> records; ///< by index, ascending
     };
     struct DroppedRef
     {
@@ -37,10 +35,11 @@ public:
         int place; ///< in the vertex's list of faces
         int face;
     };
+    /// All that it takes to renumber back.
     struct Dropped
     {
-        QVector<DroppedSlot<KMVertex>> vertices; ///< ascending
-        QVector<DroppedSlot<KMFace>> faces; ///< ascending
+        Gaps<KMVertex> vertices;
+        Gaps<KMFace> faces;
         QVector<DroppedRef> refs; ///< in the order in which they were taken out
         QVector<KMEdgeState> edges; ///< what edges carried that are gone
         bool neededCompact = false;
@@ -118,6 +117,19 @@ public:
     }
 
 protected:
+    /// Empties the edge table for edges to come from the faces one by one. Returns what the edges carried.
+    QVector<KMEdgeState> takeEdges();
+    void insertEdgesOf(int f, const KMFace &face)
+    {
+        for (int c = 0; c < face.count; ++c) {
+            const int a = face.indices[c];
+            const int b = face.next(c);
+            if (vertex(a) && vertex(b))
+                addEdgeRef(f, a, b);
+        }
+    }
+    void giveBack(const QVector<KMEdgeState> &states); ///< to the edges that exist again
+
     void clearRecords(); ///< frees everything
     /// Takes over what shape the source has: positions, weights, faces, null slots; vertices without their
     /// flags. This store has to be empty.
@@ -125,12 +137,14 @@ protected:
 
 private:
     void insertEdges();
-    void renumberRefs();
-    QVector<KMEdgeState> rekeyEdges();
     QVector<KMEdgeState> edgeStates() const;
-    QVector<KMEdgeState> rederiveEdges(const QVector<KMEdgeState> &states);
+    QVector<KMEdgeState> remapped(const QVector<KMEdgeState> &states, QVector<KMEdgeState> *lost) const;
     bool isUsed(const KMFace &face) const;
-    QVector<DroppedRef> removeRefsOfUnusedFaces();
+    QVector<DroppedRef> takeRefs(int f);
+    void closeFaceGaps(Dropped *dropped);
+    void closeVertexGaps(Dropped *dropped);
+    void renumberRefs();
+    void renumberCorners(KMFace *face) const;
     void logNullSlots() const;
 
     QVector<KMVertex *> m_vertices;

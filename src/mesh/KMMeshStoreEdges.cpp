@@ -42,48 +42,42 @@ QVector<KMEdgeState> KMMeshStore::edgeStates() const
     return states;
 }
 
-/// Derives the edges from the faces and gives the states to those that exist again. Returns the other states.
-QVector<KMEdgeState> KMMeshStore::rederiveEdges(const QVector<KMEdgeState> &states)
+QVector<KMEdgeState> KMMeshStore::takeEdges()
 {
-    QVector<KMEdgeState> lost;
-    buildEdges();
-    for (const KMEdgeState &state : states) {
-        KMEdge *edge = findEdge(state.a, state.b);
-        if (!edge) {
-            lost.append(state);
-            continue;
-        }
-        edge->flags = state.flags;
-        edge->weight = state.weight;
-    }
-    return lost;
-}
-
-void KMMeshStore::rebuildEdges()
-{
-    rederiveEdges(edgeStates());
-}
-
-void KMMeshStore::buildEdges()
-{
+    const QVector<KMEdgeState> states = edgeStates();
     m_edges.clear();
-    insertEdges();
+    m_edges.reserve(2 * m_faces.size()); // as many as a closed mesh of quads has
+    return states;
+}
+
+void KMMeshStore::giveBack(const QVector<KMEdgeState> &states)
+{
+    for (const KMEdgeState &state : states) {
+        if (KMEdge *edge = findEdge(state.a, state.b)) {
+            edge->flags = state.flags;
+            edge->weight = state.weight;
+        }
+    }
 }
 
 void KMMeshStore::insertEdges()
 {
-    m_edges.reserve(2 * m_faces.size()); // as many as a closed mesh of quads has
     KMFace *const *faces = m_faces.constData();
-    KMVertex *const *vertices = m_vertices.constData();
     for (int f = 0, n = m_faces.size(); f < n; ++f) {
-        const KMFace *face = faces[f];
-        if (!face)
-            continue;
-        for (int c = 0; c < face->count; ++c) {
-            const int a = face->indices[c];
-            const int b = face->next(c);
-            if (vertices[a] && vertices[b])
-                addEdgeRef(f, a, b);
-        }
+        if (faces[f])
+            insertEdgesOf(f, *faces[f]);
     }
+}
+
+void KMMeshStore::rebuildEdges()
+{
+    const QVector<KMEdgeState> states = takeEdges();
+    insertEdges();
+    giveBack(states);
+}
+
+void KMMeshStore::buildEdges()
+{
+    takeEdges();
+    insertEdges();
 }

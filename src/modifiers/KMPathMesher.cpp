@@ -99,8 +99,8 @@ bool hasMoreCrossings(const QVector<QPolygonF> &contours, int limit)
         for (int i = 0; i < contour.size(); ++i) {
             const QPointF &a = contour[i];
             const QPointF &b = contour[i + 1 < contour.size() ? i + 1 : 0];
-            segments.push_back({a, b, std::min(a.x(), b.x()), std::max(a.x(), b.x()), std::min(a.y(), b.y()),
-                                std::max(a.y(), b.y())});
+            segments.push_back(
+                {a, b, std::min(a.x(), b.x()), std::max(a.x(), b.x()), std::min(a.y(), b.y()), std::max(a.y(), b.y())});
         }
     }
     std::sort(segments.begin(), segments.end(), [](const Segment &s, const Segment &t) { return s.left < t.left; });
@@ -151,7 +151,8 @@ private:
     bool m_failed = false;
 };
 
-Tessellation::Tessellation(Qt::FillRule rule) : m_tess(gluNewTess())
+Tessellation::Tessellation(Qt::FillRule rule)
+    : m_tess(gluNewTess())
 {
     gluTessProperty(m_tess, GLU_TESS_WINDING_RULE,
                     rule == Qt::WindingFill ? GLU_TESS_WINDING_NONZERO : GLU_TESS_WINDING_ODD);

@@ -13,8 +13,8 @@ class KMPathMesher
 {
     Q_DECLARE_TR_FUNCTIONS(KMPathMesher)
 public:
-    static constexpr int MaxPoints = 200000; ///< of all polygons
-    static constexpr int MaxTangled = 20000; ///< points of polygons that lie over one another
+    static constexpr int MaxPoints = 200000;   ///< of all polygons
+    static constexpr int MaxTangled = 20000;   ///< points of polygons that lie over one another
     static constexpr int MaxCrossings = 20000; ///< among them
 
     /// The polygons with Y downwards, as painters have it. The result has Y upwards; it is empty on failure.

@@ -38,7 +38,7 @@ KMPrim3DText::KMPrim3DText()
 bool KMPrim3DText::isInRange() const
 {
     return std::isfinite(depth) && segment >= 1 && align >= Left && align <= Right && text.size() <= MaxLength
-        && font.pixelSize() >= 1 && font.pixelSize() <= MaxPixelSize;
+           && font.pixelSize() >= 1 && font.pixelSize() <= MaxPixelSize;
 }
 
 qint64 KMPrim3DText::faceCount() const

@@ -15,13 +15,13 @@ struct KMPrim3DText
     KMPrim3DText();
 
     QString text; ///< lines are parted by line feeds
-    QFont font; ///< its pixel size is the height in units; a font that isn't installed is replaced by a similar one
+    QFont font;   ///< its pixel size is the height in units; a font that isn't installed is replaced by a similar one
     float depth = 5.0f;
-    int segment = 1; ///< quads of a wall from the front to the back
+    int segment = 1;  ///< quads of a wall from the front to the back
     int align = Left; ///< the side of the lines that stands at the origin
 
     bool isInRange() const;
-    qint64 faceCount() const; ///< an estimate: how many they are only the font tells
+    qint64 faceCount() const;                          ///< an estimate: how many they are only the font tells
     bool hasSameArea(const KMPrim3DText &other) const; ///< the two differ in their depth at most
     bool operator==(const KMPrim3DText &other) const;
 };

@@ -6,7 +6,7 @@ struct KMPrimCylinder
 {
     float height = 50.0f;
     float radius = 25.0f;
-    int rings = 4; ///< rows with the centres of both caps; at least 4
+    int rings = 4;    ///< rows with the centres of both caps; at least 4
     int sectors = 13; ///< columns, the first counted again where the circle closes; at least 4
 
     bool isInRange() const;

@@ -17,7 +17,7 @@ qint64 KMPrimPlane::faceCount() const
 bool KMPrimPlane::operator==(const KMPrimPlane &other) const
 {
     return width == other.width && depth == other.depth && uDivisions == other.uDivisions
-        && vDivisions == other.vDivisions;
+           && vDivisions == other.vDivisions;
 }
 
 KMPrimPlaneNode::KMPrimPlaneNode()

@@ -6,8 +6,8 @@ struct KMPrimPlane
 {
     float width = 100.0f; ///< along X
     float depth = 100.0f; ///< along Z
-    int uDivisions = 1; ///< along X; at least 1
-    int vDivisions = 1; ///< along Z; at least 1
+    int uDivisions = 1;   ///< along X; at least 1
+    int vDivisions = 1;   ///< along Z; at least 1
 
     bool isInRange() const;
     qint64 faceCount() const;

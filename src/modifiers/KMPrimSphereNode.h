@@ -5,7 +5,7 @@
 struct KMPrimSphere
 {
     float radius = 25.0f;
-    int rings = 15; ///< rows from pole to pole, both poles included; at least 3
+    int rings = 15;   ///< rows from pole to pole, both poles included; at least 3
     int sectors = 25; ///< columns, the first counted again where the circle closes; at least 4
 
     bool isInRange() const;

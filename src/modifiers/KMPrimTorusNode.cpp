@@ -7,7 +7,7 @@
 bool KMPrimTorus::isInRange() const
 {
     return std::isfinite(outerRadius) && std::isfinite(radius) && outerRadius >= 0.0f && radius >= 0.0f
-        && outerRings >= 3 && torusRings >= 3;
+           && outerRings >= 3 && torusRings >= 3;
 }
 
 qint64 KMPrimTorus::faceCount() const
@@ -18,7 +18,7 @@ qint64 KMPrimTorus::faceCount() const
 bool KMPrimTorus::operator==(const KMPrimTorus &other) const
 {
     return outerRadius == other.outerRadius && radius == other.radius && outerRings == other.outerRings
-        && torusRings == other.torusRings;
+           && torusRings == other.torusRings;
 }
 
 KMPrimTorusNode::KMPrimTorusNode()

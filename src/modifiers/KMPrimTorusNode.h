@@ -5,9 +5,9 @@
 struct KMPrimTorus
 {
     float outerRadius = 50.0f; ///< from the centre to the middle of the tube
-    float radius = 15.0f; ///< of the tube
-    int outerRings = 32; ///< sections around the Y axis; at least 3
-    int torusRings = 12; ///< corners of each section; at least 3
+    float radius = 15.0f;      ///< of the tube
+    int outerRings = 32;       ///< sections around the Y axis; at least 3
+    int torusRings = 12;       ///< corners of each section; at least 3
 
     bool isInRange() const;
     qint64 faceCount() const;

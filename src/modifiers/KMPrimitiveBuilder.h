@@ -19,7 +19,7 @@ public:
 
     void setMirrored(bool mirrored); ///< the local points themselves are mirrored, as by a negative size
     void reserve(int vertices, int faces);
-    int addVertex(const kvm::Vector3 &local); ///< returns its index
+    int addVertex(const kvm::Vector3 &local);                             ///< returns its index
     void addFace(int count, const int *corners, const kvm::Vector2 *uvs); ///< 3 or 4 corners, each with its UV
 
 private:

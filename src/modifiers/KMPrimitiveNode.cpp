@@ -9,7 +9,8 @@
 #include <QDebug>
 #include <QLocale>
 
-KMPrimitiveNode::KMPrimitiveNode() : m_mesh(new KMMeshNode)
+KMPrimitiveNode::KMPrimitiveNode()
+    : m_mesh(new KMMeshNode)
 {
     setType(KMNodeType::Primitive);
     m_mesh->setOwner(this);
@@ -70,7 +71,8 @@ bool KMPrimitiveNode::isWithinLimit(qint64 faces) const
     if (faces <= MaxFaces)
         return true;
     const QLocale locale;
-    report(tr("%1 would have %2 faces; the limit is %3").arg(name(), locale.toString(faces), locale.toString(MaxFaces)));
+    report(
+        tr("%1 would have %2 faces; the limit is %3").arg(name(), locale.toString(faces), locale.toString(MaxFaces)));
     return false;
 }
 

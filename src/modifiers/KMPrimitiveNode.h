@@ -19,8 +19,8 @@ public:
     ~KMPrimitiveNode() override;
 
     virtual KMMeshNode **meshSlot() { return &m_mesh; } ///< where the generated mesh is kept
-    virtual void rebuild() = 0; ///< makes the mesh from the parameters that are set
-    virtual void setShader(int shader); ///< of all faces; an index as in a face. The mesh follows
+    virtual void rebuild() = 0;                         ///< makes the mesh from the parameters that are set
+    virtual void setShader(int shader);                 ///< of all faces; an index as in a face. The mesh follows
     virtual int shader() const { return m_shader; }
     KMPrimitiveNode *clone() const override = 0;
 
@@ -41,16 +41,20 @@ protected:
     {
         Q_DISABLE_COPY(Hold)
     public:
-        explicit Hold(KMPrimitiveNode *node) : m_node(node) { ++m_node->m_holds; }
+        explicit Hold(KMPrimitiveNode *node)
+            : m_node(node)
+        {
+            ++m_node->m_holds;
+        }
         ~Hold() { --m_node->m_holds; }
 
     private:
         KMPrimitiveNode *m_node;
     };
 
-    void onParameterChanged(); ///< a value node that holds a parameter was set
-    bool isWithinLimit(qint64 faces) const; ///< tells the user when it isn't
-    void report(const QString &what) const; ///< to the log and the line of messages
+    void onParameterChanged();                                ///< a value node that holds a parameter was set
+    bool isWithinLimit(qint64 faces) const;                   ///< tells the user when it isn't
+    void report(const QString &what) const;                   ///< to the log and the line of messages
     void copyPrimitiveTo(KMPrimitiveNode *destination) const; ///< all but the parameters; doesn't regenerate
 
 private:

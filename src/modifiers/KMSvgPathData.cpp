@@ -105,9 +105,9 @@ private:
     KMSvgScanner m_scanner;
     int m_mostElements;
     QPainterPath m_path;
-    QPointF m_start; // of the subpath
+    QPointF m_start;   // of the subpath
     QPointF m_control; // of the last curve
-    QChar m_command; // in capitals
+    QChar m_command;   // in capitals
     QChar m_previous;
     bool m_isRelative = false;
     bool m_isFirst = true; // the arguments are the first behind the letter

@@ -15,16 +15,16 @@
 
 namespace {
 
-constexpr double leastSize = 512.0; // at which curves become polygons: small drawings would have corners,
+constexpr double leastSize = 512.0;  // at which curves become polygons: small drawings would have corners,
 constexpr double mostSize = 20000.0; // huge ones too many points
-constexpr int mostStroked = 20000; // elements of a path
+constexpr int mostStroked = 20000;   // elements of a path
 
 /// What only takes effect where it is referred to, or isn't drawn as an area.
 bool isSkipped(const QStringRef &name)
 {
-    static const char *const names[] = {"clipPath", "defs",   "desc",  "filter", "foreignObject", "linearGradient",
+    static const char *const names[] = {"clipPath", "defs",   "desc",     "filter",  "foreignObject",  "linearGradient",
                                         "marker",   "mask",   "metadata", "pattern", "radialGradient", "script",
-                                        "style",    "symbol", "text",  "title"};
+                                        "style",    "symbol", "text",     "title"};
     for (const char *skipped : names) {
         if (name == QLatin1String(skipped))
             return true;
@@ -36,7 +36,11 @@ class Drawing
 {
     Q_DECLARE_TR_FUNCTIONS(KMSvgReader)
 public:
-    explicit Drawing(QIODevice *device) : m_xml(device) { m_styles.push(KMSvgStyle()); }
+    explicit Drawing(QIODevice *device)
+        : m_xml(device)
+    {
+        m_styles.push(KMSvgStyle());
+    }
 
     bool read();
 
@@ -108,8 +112,8 @@ Drawing::Shape Drawing::shapeOf(const QStringRef &name)
         Shape shape;
     };
     static constexpr Row rows[] = {
-        {"path", &Drawing::path},     {"rect", &Drawing::rectangle},    {"circle", &Drawing::circle},
-        {"ellipse", &Drawing::ellipse}, {"line", &Drawing::line}, {"polyline", &Drawing::polyline},
+        {"path", &Drawing::path},       {"rect", &Drawing::rectangle}, {"circle", &Drawing::circle},
+        {"ellipse", &Drawing::ellipse}, {"line", &Drawing::line},      {"polyline", &Drawing::polyline},
         {"polygon", &Drawing::polygon},
     };
     for (const Row &row : rows) {
@@ -170,7 +174,8 @@ void Drawing::addArea(const QPainterPath &path, const QTransform &transform, Qt:
     }
     // All paths together: a file may hold a great many of which each is within the limit.
     if (m_points > KMPathMesher::MaxPoints)
-        return warn(tr("Line %1: the drawing has more than %2 points").arg(m_xml.lineNumber()).arg(KMPathMesher::MaxPoints));
+        return warn(
+            tr("Line %1: the drawing has more than %2 points").arg(m_xml.lineNumber()).arg(KMPathMesher::MaxPoints));
     KMPathMesher mesher;
     area.append(mesher.mesh(polygons, rule));
     if (!mesher.error().isEmpty())

@@ -7,11 +7,14 @@
 class KMSvgScanner
 {
 public:
-    explicit KMSvgScanner(const QString &text) : m_text(text) {}
+    explicit KMSvgScanner(const QString &text)
+        : m_text(text)
+    {
+    }
 
     void skipSeparators(); ///< blanks and commas
-    bool atEnd(); ///< behind the separators
-    bool atNumber(); ///< likewise
+    bool atEnd();          ///< behind the separators
+    bool atNumber();       ///< likewise
     QChar peek() const { return m_at < m_text.size() ? m_text[m_at] : QChar(); }
     void skip() { ++m_at; }
     QString takeWord(); ///< letters and hyphens, may be empty

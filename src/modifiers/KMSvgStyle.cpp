@@ -117,12 +117,8 @@ QTransform svgTransform(const QString &text)
 
 double svgLength(const QString &text, double fallback)
 {
-    static constexpr Word<double> units[] = {{"", 1.0},
-                                             {"px", 1.0},
-                                             {"pt", 96.0 / 72.0},
-                                             {"pc", 16.0},
-                                             {"mm", 96.0 / 25.4},
-                                             {"cm", 96.0 / 2.54},
+    static constexpr Word<double> units[] = {{"", 1.0},    {"px", 1.0},         {"pt", 96.0 / 72.0},
+                                             {"pc", 16.0}, {"mm", 96.0 / 25.4}, {"cm", 96.0 / 2.54},
                                              {"in", 96.0}};
     KMSvgScanner scanner(text);
     double number;

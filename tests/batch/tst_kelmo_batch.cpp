@@ -19,6 +19,7 @@ private slots:
     void exitCodes();
     void helpIsNoFault();
     void infoTellsTheDocument();
+    void infoTellsMeshes();
     void infoOfAnEmptyDocument();
     void convertWritesTheSameDocument();
     void convertFitsRelease1();
@@ -155,6 +156,30 @@ void tst_kelmo_batch::infoTellsTheDocument()
                          node("N_INT", "count", "group"), node("N_FLOAT", "ratio", QJsonValue())}));
     QCOMPARE(document.value("shaders").toArray(), QJsonArray({"body", "metal"}));
     QCOMPARE(document.value("textures").toArray(), QJsonArray({"tex/skin.png", "inside"}));
+}
+
+void tst_kelmo_batch::infoTellsMeshes()
+{
+    KmdBytes file(4.4);
+    file.hasMesh = true;
+    QVERIFY(write("mesh.kmd", file.bytes()));
+    const QJsonArray box{QJsonArray{0, 0, 0}, QJsonArray{1, 0, 1}};
+    const QJsonObject mesh{{"name", "mesh"},
+                           {"vertices", 4},
+                           {"faces", 2},
+                           {"triangles", 2},
+                           {"edges", 4},
+                           {"bbox", box},
+                           {"shaders", QJsonArray{"body"}},
+                           {"tags", QJsonArray()},
+                           {"modifiers", QJsonArray()}};
+    QCOMPARE(info(QStringLiteral("mesh.kmd")).value("meshes").toArray(), QJsonArray{mesh});
+
+    file.mesh = {{}, {}, {}, 0, 0, 0};
+    QVERIFY(write("empty.kmd", file.bytes()));
+    const QJsonObject empty = info(QStringLiteral("empty.kmd")).value("meshes").toArray().first().toObject();
+    QCOMPARE(empty.value("vertices").toInt(-1), 0);
+    QVERIFY(empty.value("bbox").isNull());
 }
 
 void tst_kelmo_batch::infoOfAnEmptyDocument()

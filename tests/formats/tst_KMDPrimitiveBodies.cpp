@@ -4,8 +4,8 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
-#include "formats/KMDStream.h"
 #include "formats/KMDNodeBodies.h"
+#include "formats/KMDStream.h"
 #include "formats/KMNativeFormat.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMPrimitiveCommands.h"
@@ -218,7 +218,7 @@ void tst_KMDPrimitiveBodies::badNumbers()
     QFETCH(int, number);
     KMHeadlessSession session;
     const std::unique_ptr<KMPrimitiveNode> originals[] = {
-        std::unique_ptr<KMPrimitiveNode>(new KMPrimSphereNode),   std::unique_ptr<KMPrimitiveNode>(new KMPrimCubeNode),
+        std::unique_ptr<KMPrimitiveNode>(new KMPrimSphereNode), std::unique_ptr<KMPrimitiveNode>(new KMPrimCubeNode),
         std::unique_ptr<KMPrimitiveNode>(new KMPrimCylinderNode), std::unique_ptr<KMPrimitiveNode>(new KMPrimTorusNode),
         std::unique_ptr<KMPrimitiveNode>(new KMPrimPlaneNode)};
     for (const auto &original : originals) {

@@ -12,8 +12,10 @@
 #include "formats/KMDReader.h"
 #include "formats/KMDWriter.h"
 #include "formats/KMNativeFormat.h"
+#include "mesh/KMMeshNode.h"
 #include "support/DocumentText.h"
 #include "support/KmdBytes.h"
+#include "support/MeshFixtures.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestRegistry.h"
 
@@ -294,7 +296,9 @@ void tst_KMDReader::cutShortAnywhere_data()
 void tst_KMDReader::cutShortAnywhere()
 {
     QFETCH(double, version);
-    const QByteArray whole = KmdBytes(version).bytes();
+    KmdBytes file(version);
+    file.hasMesh = true;
+    const QByteArray whole = file.bytes();
     for (int length = 0; length < whole.size(); ++length) {
         KMDReader reader;
         QVERIFY2(!reader.readBytes(whole.left(length)), qPrintable(QString::number(length)));
@@ -313,7 +317,9 @@ void tst_KMDReader::mutations()
     const QVector<double> versions = {1.0, 1.1, 1.9, 2.0, 2.3, 4.0, 4.4};
     int accepted = 0;
     for (int round = 0; round < rounds; ++round) {
-        QByteArray bytes = KmdBytes(versions[below(versions.size())]).bytes();
+        KmdBytes file(versions[below(versions.size())]);
+        file.hasMesh = below(2);
+        QByteArray bytes = file.bytes();
         for (int faults = 1 + below(4); faults > 0; --faults) {
             const int at = below(bytes.size() - 4);
             switch (below(4)) {
@@ -342,6 +348,10 @@ void tst_KMDReader::mutations()
             const QStringList before = documentText();
             QVERIFY2(savesAndReadsAgain(), qPrintable(QString::number(round)));
             QCOMPARE(documentText(), before);
+        }
+        for (const KMMeshNode *mesh : gProject->meshesInTree()) {
+            const QString fault = checkInvariants(*mesh);
+            QVERIFY2(fault.isEmpty(), qPrintable(QStringLiteral("%1: %2").arg(round).arg(fault)));
         }
         gSolution->newDocument();
     }

@@ -204,7 +204,7 @@ void tst_KMPrim3DTextNode::alignment()
         node.setParameters(parameters);
         const Bounds bounds(*node.mesh());
         const double width = double(bounds.most.x - bounds.least.x);
-        QVERIFY(std::abs(-double(bounds.least.x) / width - place) < 0.06); // letters have room at their sides
+        QVERIFY(std::abs(-double(bounds.least.x) / width - place) < 0.06);  // letters have room at their sides
         QCOMPARE(bounds.least.y < -10.0f, QByteArray(text).contains('\n')); // lines run downwards
     }
 }
@@ -303,21 +303,20 @@ void tst_KMPrim3DTextNode::overlappingOutlines_data()
     QTest::newRow("crossed, joined") << crossed << int(Qt::WindingFill) << 175.0;
     QTest::newRow("crossed, cut out") << crossed << int(Qt::OddEvenFill) << 150.0;
     QTest::newRow("hole") << hole << int(Qt::WindingFill) << 75.0;
-    QTest::newRow("same way round, no hole") << QList<QPolygonF>{square(0, 0, 10), square(2, 2, 5)}
-                                             << int(Qt::WindingFill) << 100.0;
+    QTest::newRow("same way round, no hole")
+        << QList<QPolygonF>{square(0, 0, 10), square(2, 2, 5)} << int(Qt::WindingFill) << 100.0;
     QTest::newRow("twice the same") << same << int(Qt::WindingFill) << 100.0;
     QTest::newRow("twice the same is nothing") << same << int(Qt::OddEvenFill) << 0.0;
     QTest::newRow("bow") << QList<QPolygonF>{bow} << int(Qt::WindingFill) << 50.0;
     QTest::newRow("corner to corner") << QList<QPolygonF>{square(0, 0, 5), square(5, 5, 5)} << int(Qt::WindingFill)
                                       << 50.0;
-    QTest::newRow("side by side") << QList<QPolygonF>{square(0, 0, 5), square(5, 0, 5)} << int(Qt::WindingFill)
-                                  << 50.0;
+    QTest::newRow("side by side") << QList<QPolygonF>{square(0, 0, 5), square(5, 0, 5)} << int(Qt::WindingFill) << 50.0;
     QTest::newRow("points on a line") << QList<QPolygonF>{polygon({{0, 0}, {5, 0}, {10, 0}, {10, 10}, {0, 10}})}
                                       << int(Qt::WindingFill) << 100.0;
     QTest::newRow("no area") << QList<QPolygonF>{polygon({{0, 0}, {5, 0}, {10, 0}})} << int(Qt::WindingFill) << 0.0;
-    QTest::newRow("points repeated")
-        << QList<QPolygonF>{polygon({{0, 0}, {0, 0}, {10, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}})}
-        << int(Qt::WindingFill) << 100.0;
+    QTest::newRow("points repeated") << QList<QPolygonF>{polygon(
+        {{0, 0}, {0, 0}, {10, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}})}
+                                     << int(Qt::WindingFill) << 100.0;
 }
 
 void tst_KMPrim3DTextNode::overlappingOutlines()

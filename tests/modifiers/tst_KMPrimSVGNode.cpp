@@ -218,13 +218,15 @@ void tst_KMPrimSVGNode::shapes_data()
     row("unknown unit", "<rect width='5furlong' height='3'/>", 0.0);
     row("not displayed", "<g display='none'><rect width='1' height='1' display='inline'/></g>", 0.0);
     row("hidden", "<rect width='1' height='1' visibility='hidden'/>", 0.0);
-    row("definitions", "<defs><rect width='1' height='1'/></defs><clipPath><rect width='2' height='2'/></clipPath>", 0.0);
+    row("definitions", "<defs><rect width='1' height='1'/></defs><clipPath><rect width='2' height='2'/></clipPath>",
+        0.0);
     row("hole by rule", "<path fill-rule='evenodd' d='M0 0H10V10H0ZM2 2H5V5H2Z'/>", 91.0);
     row("no hole by rule", "<path d='M0 0H10V10H0ZM2 2H5V5H2Z'/>", 100.0);
     row("hole by direction", "<path d='M0 0H10V10H0ZM2 2V5H5V2Z'/>", 91.0);
     row("negative size", "<rect width='-5' height='3'/><circle r='-1'/>", 0.0);
     row("entity of the file", "<rect width='&#53;' height='3'/>", 15.0);
-    row("far too far", "<rect transform='scale(1e6) scale(1e6)' width='5' height='3'/><rect width='1' height='1'/>", 1.0);
+    row("far too far", "<rect transform='scale(1e6) scale(1e6)' width='5' height='3'/><rect width='1' height='1'/>",
+        1.0);
 }
 
 void tst_KMPrimSVGNode::shapes()
@@ -246,10 +248,10 @@ void tst_KMPrimSVGNode::notDrawings_data()
     QTest::newRow("other xml") << QByteArray("<html><svg/></html>");
     QTest::newRow("cut short") << QByteArray("<svg><rect width='3' height='3'/>");
     QTest::newRow("unknown entity") << QByteArray("<svg><rect width='&w;' height='3'/></svg>");
-    QTest::newRow("laughs")
-        << QByteArray("<!DOCTYPE svg [<!ENTITY a 'aaaaaaaaaaaaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
-                      "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'><!ENTITY d '&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;'>"
-                      "<!ENTITY e '&d;&d;&d;&d;&d;&d;&d;&d;&d;&d;'>]><svg><path d='&e;&e;&e;&e;&e;'/></svg>");
+    QTest::newRow("laughs") << QByteArray(
+        "<!DOCTYPE svg [<!ENTITY a 'aaaaaaaaaaaaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
+        "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'><!ENTITY d '&c;&c;&c;&c;&c;&c;&c;&c;&c;&c;'>"
+        "<!ENTITY e '&d;&d;&d;&d;&d;&d;&d;&d;&d;&d;'>]><svg><path d='&e;&e;&e;&e;&e;'/></svg>");
     QTest::newRow("deep") << drawing(QByteArray("<g>").repeated(100000) + QByteArray("</g>").repeated(100000));
 }
 
@@ -334,7 +336,8 @@ void tst_KMPrimSVGNode::badFileLeavesNothing()
     const QString path = folder.filePath(QStringLiteral("a.svg"));
     write(path, drawing("<rect width='3' height='3'/>"));
     KMPrimSVGNode node;
-    for (const QString &bad : {QStringLiteral("/nowhere/at/all.svg"), folder.path(), QStringLiteral("/dev/zero"), QString()}) {
+    for (const QString &bad :
+         {QStringLiteral("/nowhere/at/all.svg"), folder.path(), QStringLiteral("/dev/zero"), QString()}) {
         node.setParameters({path});
         QVERIFY(node.mesh()->faceCount() > 0);
         node.setParameters({bad});

@@ -173,13 +173,14 @@ void tst_KMPrimitives::facesLookOutwards()
     QFETCH(Primitive, primitive);
     QFETCH(double, volume);
     QFETCH(int, euler);
-    for (const kvm::Vector3 &scale : {kvm::Vector3(1, 1, 1), kvm::Vector3(-1, 1, 1), kvm::Vector3(-1, -1, -1),
-                                      kvm::Vector3(1, -1, -1)}) {
+    for (const kvm::Vector3 &scale :
+         {kvm::Vector3(1, 1, 1), kvm::Vector3(-1, 1, 1), kvm::Vector3(-1, -1, -1), kvm::Vector3(1, -1, -1)}) {
         primitive->setTransform(placed(scale));
         const MeshProbe probe(*primitive->mesh());
         QVERIFY(probe.isClosed());
         QCOMPARE(probe.euler(), euler);
-        QVERIFY2(probe.volume > 0.95 * volume && probe.volume < 1.001 * volume, qPrintable(QString::number(probe.volume)));
+        QVERIFY2(probe.volume > 0.95 * volume && probe.volume < 1.001 * volume,
+                 qPrintable(QString::number(probe.volume)));
     }
 }
 

@@ -5,11 +5,24 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshNode.h"
 #include "support/DocumentDump.h"
+#include "support/MeshFileText.h"
 
 #include <QRegularExpression>
+#include <QTextStream>
 
 namespace {
+
+class FileDump : public DocumentDump
+{
+protected:
+    void writeDetails(QTextStream &out, const KMContainerNode *node) override
+    {
+        if (node->type() == KMNodeType::Mesh)
+            out << '\n' << meshFileText(*static_cast<const KMMeshNode *>(node));
+    }
+};
 
 QString nameOf(KMNode *node)
 {
@@ -20,7 +33,7 @@ QString nameOf(KMNode *node)
 
 QStringList documentText()
 {
-    DocumentDump dump;
+    FileDump dump;
     dump.withCurrent = true;
     // The boxes of a row say nothing that its node doesn't.
     QStringList lines =

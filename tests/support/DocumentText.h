@@ -2,8 +2,8 @@
 
 #include <QStringList>
 
-/// The dump of the open document and what else of the session a file keeps, in lines, so that a failed comparison
-/// shows what differs.
+/// The dump of the open document and what else of the session a file keeps, meshes included, in lines, so that a failed
+/// comparison shows what differs.
 QStringList documentText();
 
 /// Whether the document holds nothing and has no name.

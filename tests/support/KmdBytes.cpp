@@ -5,7 +5,11 @@
 #include <QRectF>
 #include <QTransform>
 
-KmdBytes::KmdBytes(double fileVersion) : version(fileVersion), hasReserved(fileVersion >= 4.4) {}
+KmdBytes::KmdBytes(double fileVersion)
+    : version(fileVersion)
+    , hasReserved(fileVersion >= 4.4)
+{
+}
 
 QByteArray KmdBytes::bytes()
 {
@@ -156,7 +160,7 @@ void KmdBytes::nodes()
         if (since(1.6))
             *m_out << qint32(0);
     };
-    *m_out << qint32(4);
+    *m_out << qint32(hasMesh ? 5 : 4);
     head(0x600001, 0);
     *m_out << QStringLiteral("switch") << false;
     tags();
@@ -170,6 +174,41 @@ void KmdBytes::nodes()
     *m_out << QStringLiteral("ratio");
     f32(0.25);
     tags();
+    if (!hasMesh)
+        return;
+    parents.resize(4);
+    parents << 22;
+    head(0x4600004, 4);
+    meshBody();
+    tags();
+}
+
+void KmdBytes::meshBody()
+{
+    transform(QStringLiteral("mesh"));
+    *m_out << qint32(mesh.vertexCount);
+    for (int i = 0; i < mesh.positions.size(); ++i) {
+        f32(mesh.positions[i]);
+        if (i % 3 == 2)
+            f32(0.5); // weight
+    }
+    *m_out << qint32(mesh.faceCount);
+    for (const KmdMesh::Face &face : std::as_const(mesh.faces)) {
+        *m_out << qint32(face.count);
+        for (const int corner : face.corners) {
+            *m_out << qint32(corner);
+            for (const double value : {0.25, 0.5, 0.1, 0.2, 0.3, 1.0})
+                f32(value);
+        }
+        *m_out << qint32(face.shader);
+    }
+    *m_out << qint32(mesh.edgeCount);
+    for (int i = 0; i + 1 < mesh.edges.size(); i += 2) {
+        *m_out << qint32(mesh.edges[i]) << qint32(mesh.edges[i + 1]);
+        f32(mesh.edges[i] == 1 ? 0.75 : 0.0);
+    }
+    if (since(1.1))
+        f32(35);
 }
 
 void KmdBytes::tail()

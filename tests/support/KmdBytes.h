@@ -7,6 +7,24 @@
 
 #include <functional>
 
+/// A mesh of a line polygon 0-1 and a quad 0-1-2-3 in the units of the file; edge 1-2 has the weight 0.75.
+struct KmdMesh
+{
+    struct Face
+    {
+        int count;
+        QVector<int> corners;
+        int shader;
+    };
+
+    QVector<double> positions{0, 0, 0, 1, 0, 0, 1, 0, 1, 0, 0, 1};
+    QVector<Face> faces{{2, {0, 1}, -1}, {4, {0, 1, 2, 3}, 0}};
+    QVector<int> edges{0, 1, 1, 2, 2, 3, 0, 3}; ///< pairs
+    int vertexCount = 4;                        ///< as the file tells it
+    int faceCount = 2;
+    int edgeCount = 4;
+};
+
 /// A native file written field by field, of any version and with any fault.
 ///
 /// It holds a bool, an int below a null, and a float; a file texture, an embedded one and two materials where
@@ -25,7 +43,9 @@ public:
     QString magic = QStringLiteral("kmd");
     float translation = 2.5f; ///< x of the null
     double rotationW = 1.0;
-    int vertexTexture = 0; ///< diffuse texture of the first material
+    bool hasMesh = false; ///< a fifth node, "mesh", below the null; see KmdMesh
+    KmdMesh mesh;
+    int vertexTexture = 0;                 ///< diffuse texture of the first material
     QVector<quint64> parents{0, 0, 22, 0}; ///< parent rows of bool, null, int, float, whose rows are 21 to 24
     quint32 floatType = 0x600003;
     std::function<void(QDataStream &)> schematic;
@@ -40,6 +60,7 @@ private:
     void shaders();
     void nodes();
     void head(int type, int index);
+    void meshBody();
     void transform(const QString &name);
     void tail();
     void f32(double value);

@@ -40,7 +40,8 @@ MeshProbe::MeshProbe(const KMMeshStore &mesh)
             const kvm::Vector3 a = cornerOf(mesh, *face, 0);
             const kvm::Vector3 b = cornerOf(mesh, *face, c - 1);
             const kvm::Vector3 d = cornerOf(mesh, *face, c);
-            const kvm::Vector3 twice = cross(b - d, a - b); // the normal of the three corners, twice as long as the area
+            const kvm::Vector3 twice =
+                cross(b - d, a - b); // the normal of the three corners, twice as long as the area
             area += double(twice.length()) / 2.0;
             volume += double(dot(a, twice)) / 6.0;
         }

@@ -12,7 +12,7 @@ struct MeshProbe
     int vertices = 0; ///< used by a face
     int edges = 0;
     int faces = 0;
-    int openEdges = 0; ///< sides without a neighbour that runs the other way, each counted
+    int openEdges = 0;   ///< sides without a neighbour that runs the other way, each counted
     double volume = 0.0; ///< positive when the faces look outwards
     double area = 0.0;
 

@@ -18,7 +18,7 @@ public:
     void refresh() override;
 
 protected:
-    void addShader(); ///< the last row of a page
+    void addShader();                                                        ///< the last row of a page
     void onRefresh(const std::function<void()> &show) { m_showers << show; } ///< shows one value of the node
 
 private:

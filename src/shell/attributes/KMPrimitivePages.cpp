@@ -42,7 +42,8 @@ void KMParameterPage<Node, Command>::bindCount(const QString &label, const QStri
     onRefresh([this, field, member] { field->showNumber(m_node->parameters().*member); });
 }
 
-KMPrimSpherePage::KMPrimSpherePage(KMPrimSphereNode *node) : KMParameterPage(node, tr("Sphere Primitive"))
+KMPrimSpherePage::KMPrimSpherePage(KMPrimSphereNode *node)
+    : KMParameterPage(node, tr("Sphere Primitive"))
 {
     bindLength(tr("Radius"), QStringLiteral("radius"), &KMPrimSphere::radius, 0.0);
     bindCount(tr("Rings"), QStringLiteral("rings"), &KMPrimSphere::rings, 3);
@@ -50,7 +51,8 @@ KMPrimSpherePage::KMPrimSpherePage(KMPrimSphereNode *node) : KMParameterPage(nod
     addShader();
 }
 
-KMPrimCubePage::KMPrimCubePage(KMPrimCubeNode *node) : KMParameterPage(node, tr("Cube Primitive"))
+KMPrimCubePage::KMPrimCubePage(KMPrimCubeNode *node)
+    : KMParameterPage(node, tr("Cube Primitive"))
 {
     auto *size = new KMVectorField;
     addRow(tr("Size"), size, QStringLiteral("size"));
@@ -64,7 +66,8 @@ KMPrimCubePage::KMPrimCubePage(KMPrimCubeNode *node) : KMParameterPage(node, tr(
     addShader();
 }
 
-KMPrimCylinderPage::KMPrimCylinderPage(KMPrimCylinderNode *node) : KMParameterPage(node, tr("Cylinder Primitive"))
+KMPrimCylinderPage::KMPrimCylinderPage(KMPrimCylinderNode *node)
+    : KMParameterPage(node, tr("Cylinder Primitive"))
 {
     bindLength(tr("Height"), QStringLiteral("height"), &KMPrimCylinder::height, -longest);
     bindLength(tr("Radius"), QStringLiteral("radius"), &KMPrimCylinder::radius, 0.0);
@@ -73,7 +76,8 @@ KMPrimCylinderPage::KMPrimCylinderPage(KMPrimCylinderNode *node) : KMParameterPa
     addShader();
 }
 
-KMPrimTorusPage::KMPrimTorusPage(KMPrimTorusNode *node) : KMParameterPage(node, tr("Torus Primitive"))
+KMPrimTorusPage::KMPrimTorusPage(KMPrimTorusNode *node)
+    : KMParameterPage(node, tr("Torus Primitive"))
 {
     bindLength(tr("Outer Radius"), QStringLiteral("outerRadius"), &KMPrimTorus::outerRadius, 0.0);
     bindLength(tr("Radius"), QStringLiteral("radius"), &KMPrimTorus::radius, 0.0);
@@ -82,7 +86,8 @@ KMPrimTorusPage::KMPrimTorusPage(KMPrimTorusNode *node) : KMParameterPage(node, 
     addShader();
 }
 
-KMPrimPlanePage::KMPrimPlanePage(KMPrimPlaneNode *node) : KMParameterPage(node, tr("Plane Primitive"))
+KMPrimPlanePage::KMPrimPlanePage(KMPrimPlaneNode *node)
+    : KMParameterPage(node, tr("Plane Primitive"))
 {
     bindLength(tr("Width"), QStringLiteral("width"), &KMPrimPlane::width, -longest);
     bindLength(tr("Depth"), QStringLiteral("depth"), &KMPrimPlane::depth, -longest);
@@ -91,7 +96,8 @@ KMPrimPlanePage::KMPrimPlanePage(KMPrimPlaneNode *node) : KMParameterPage(node, 
     addShader();
 }
 
-KMPrim3DTextPage::KMPrim3DTextPage(KMPrim3DTextNode *node) : KMParameterPage(node, tr("3DTextNode"))
+KMPrim3DTextPage::KMPrim3DTextPage(KMPrim3DTextNode *node)
+    : KMParameterPage(node, tr("3DTextNode"))
 {
     createText();
     createFont();
@@ -129,8 +135,7 @@ void KMPrim3DTextPage::createFont()
         const QString name = family->currentFont().family();
         edit([&name](KMPrim3DText &p) { p.font.setFamily(name); });
     });
-    connect(bold, &QCheckBox::clicked, this,
-            [this](bool on) { edit([on](KMPrim3DText &p) { p.font.setBold(on); }); });
+    connect(bold, &QCheckBox::clicked, this, [this](bool on) { edit([on](KMPrim3DText &p) { p.font.setBold(on); }); });
     connect(italic, &QCheckBox::clicked, this,
             [this](bool on) { edit([on](KMPrim3DText &p) { p.font.setItalic(on); }); });
     connect(size, &KMNumberField::committed, this,
@@ -144,7 +149,8 @@ void KMPrim3DTextPage::createFont()
     });
 }
 
-KMPrimSVGPage::KMPrimSVGPage(KMPrimSVGNode *node) : KMParameterPage(node, tr("SVG"))
+KMPrimSVGPage::KMPrimSVGPage(KMPrimSVGNode *node)
+    : KMParameterPage(node, tr("SVG"))
 {
     auto *path = new KMTextField;
     path->setObjectName(QStringLiteral("path"));

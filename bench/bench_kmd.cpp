@@ -1,0 +1,184 @@
+// Saving and loading a document that is one grid. Beside it a bare QDataStream walks over the same numbers between
+// plain arrays and memory.
+
+#include "core/KMHeadlessSession.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "formats/KMDReader.h"
+#include "formats/KMDWriter.h"
+#include "mesh/KMMeshNode.h"
+
+#include <QBuffer>
+#include <QDataStream>
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <ctime>
+#include <vector>
+
+namespace {
+
+double processorSeconds()
+{
+    return double(std::clock()) / CLOCKS_PER_SEC;
+}
+
+KMMeshNode *grid(int quads)
+{
+    const int side = int(std::lround(std::sqrt(quads)));
+    auto *mesh = new KMMeshNode;
+    for (int z = 0; z <= side; ++z) {
+        for (int x = 0; x <= side; ++x)
+            mesh->addVertexRaw({float(x), 0.25f * float(x % 7), float(z)});
+    }
+    for (int z = 0; z < side; ++z) {
+        for (int x = 0; x < side; ++x) {
+            const int corner = z * (side + 1) + x;
+            const int corners[] = {corner, corner + side + 1, corner + side + 2, corner + 1};
+            mesh->addFaceRaw(4, corners);
+        }
+    }
+    mesh->refreshMesh(KMMeshDirty::All);
+    return mesh;
+}
+
+QByteArray savedDocument()
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    KMDWriter(KMDOutput::Form::Present, {}, nullptr).write(&buffer);
+    return buffer.data();
+}
+
+/// The numbers of a mesh body in plain arrays.
+struct PlainMesh
+{
+    struct Vertex
+    {
+        float values[4];
+    };
+    struct Face
+    {
+        qint32 count, shader;
+        qint32 indices[4];
+        float values[4][6];
+    };
+    struct Edge
+    {
+        qint32 a, b;
+        float weight;
+    };
+
+    explicit PlainMesh(const KMMeshNode &mesh)
+    {
+        for (const KMVertex *v : mesh.vertices())
+            vertices.push_back({{v->pos.x, v->pos.y, v->pos.z, v->weight}});
+        for (const KMFace *f : mesh.faces()) {
+            Face face{f->count, f->shader, {}, {}};
+            std::copy_n(f->indices, 4, face.indices);
+            faces.push_back(face);
+        }
+        for (const KMEdge *e : mesh.edges())
+            edges.push_back({e->index0, e->index1, e->weight});
+    }
+
+    /// One order for both directions: the operation streams a number in or out.
+    template <class Operation>
+    void walk(Operation number)
+    {
+        for (Vertex &vertex : vertices) {
+            for (float &value : vertex.values)
+                number(value);
+        }
+        for (Face &face : faces) {
+            number(face.count);
+            for (int c = 0; c < 4; ++c) {
+                number(face.indices[c]);
+                for (float &value : face.values[c])
+                    number(value);
+            }
+            number(face.shader);
+        }
+        for (Edge &edge : edges) {
+            number(edge.a);
+            number(edge.b);
+            number(edge.weight);
+        }
+    }
+
+    std::vector<Vertex> vertices;
+    std::vector<Face> faces;
+    std::vector<Edge> edges;
+};
+
+double plainWrite(PlainMesh &plain, QByteArray &bytes)
+{
+    const double start = processorSeconds();
+    bytes.clear();
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    plain.walk([&out](auto &value) { out << value; });
+    return processorSeconds() - start;
+}
+
+double plainRead(PlainMesh &plain, const QByteArray &bytes)
+{
+    const double start = processorSeconds();
+    QDataStream in(bytes);
+    in.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    plain.walk([&in](auto &value) { in >> value; });
+    return processorSeconds() - start;
+}
+
+double save(QByteArray &bytes)
+{
+    const double start = processorSeconds();
+    bytes = savedDocument();
+    return processorSeconds() - start;
+}
+
+double load(const QByteArray &bytes)
+{
+    gSolution->newDocument();
+    const double start = processorSeconds();
+    KMDReader().readBytes(bytes);
+    return processorSeconds() - start;
+}
+
+enum Direction { Save, Load };
+
+void kmd(benchmark::State &state, Direction direction)
+{
+    const KMHeadlessSession session;
+    KMMeshNode *mesh = grid(int(state.range(0)));
+    PlainMesh plain(*mesh);
+    gProject->addNode(mesh);
+    QByteArray bytes;
+    QByteArray plainBytes;
+    save(bytes);
+    plainWrite(plain, plainBytes);
+    double ours = 0;
+    double bare = 0;
+    for (auto _ : state) {
+        const double seconds = direction == Save ? save(bytes) : load(bytes);
+        state.SetIterationTime(seconds);
+        ours += seconds;
+        bare += direction == Save ? plainWrite(plain, plainBytes) : plainRead(plain, plainBytes);
+    }
+    state.counters["plain_ms"] = bare / double(state.iterations()) * 1e3;
+    state.counters["ratio"] = ours / bare;
+}
+
+const bool registered = [] {
+    for (const Direction direction : {Save, Load}) {
+        benchmark::RegisterBenchmark(direction == Save ? "kmd/save" : "kmd/load", kmd, direction)
+            ->Arg(10000)
+            ->Arg(100000)
+            ->Unit(benchmark::kMillisecond)
+            ->UseManualTime();
+    }
+    return true;
+}();
+
+} // namespace
