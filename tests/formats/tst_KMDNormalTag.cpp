@@ -119,6 +119,7 @@ void tst_KMDNormalTag::roundTripWithGaps()
     KMMeshEdit::deleteVertex(*m_scene->mesh, 0);
     const QByteArray bytes = written(tag);
 
+    m_scene.reset();
     m_scene = std::make_unique<NormalScene>(MeshFixtures::grid(3, 2));
     KMMeshEdit::deleteVertex(*m_scene->mesh, 0);
     m_scene->mesh->compact();

@@ -205,7 +205,7 @@ void tst_KMNormalEdit::unified()
     for (const int i : {3, 5}) {
         for (const int f : scene.mesh->vertex(i)->faceRefs)
             QVERIFY(isClose(scene.mesh->face(f)->normals[scene.mesh->face(f)->cornerOf(i)],
-                            scene.mesh->position(i).normalized()));
+                            -scene.mesh->position(i).normalized())); // the faces of that cube turn inward
     }
     QCOMPARE(scene.mesh->face(0)->normals[0], untouched);
     QCOMPARE(countOf(scene.tag, KMNormalFace::Rotated), 6);
@@ -217,10 +217,11 @@ void tst_KMNormalEdit::averagedOverMeshes()
     KMMeshNode *other = cubeInTurnedFrame();
     gProject->addNode(other);
     KMTagNormal *otherTag = NormalScene::addTag(other);
-    scene.mesh->vertex(7)->flags = KMElementFlag::Selected; // three normals, one along each axis
-    other->vertex(3)->flags = KMElementFlag::Selected; // the same two, and one against z
+    // The faces turn inward: against x, y and z here, and against x, y but along z there.
+    scene.mesh->vertex(7)->flags = KMElementFlag::Selected;
+    other->vertex(3)->flags = KMElementFlag::Selected;
     QCOMPARE(KMNormalEdit::averageNormals({scene.mesh, other}), 6);
-    const Vector3 mean = Vector3(1, 1, 0).normalized();
+    const Vector3 mean = Vector3(-1, -1, 0).normalized();
     for (const auto &[mesh, i] : {std::make_pair(scene.mesh, 7), {other, 3}}) {
         for (const int f : mesh->vertex(i)->faceRefs)
             QVERIFY(isClose(mesh->face(f)->normals[mesh->face(f)->cornerOf(i)], mean));
@@ -258,13 +259,12 @@ void tst_KMNormalEdit::transferred()
 {
     NormalScene scene(MeshFixtures::grid(4, 4));
     scene.mesh->setTransform(turnedFrame);
-    const std::unique_ptr<KMMeshNode> giver(MeshFixtures::cube()); // from -1 to 1
-    KMEdge *edge = scene.mesh->findEdge(4, 9); // at (4, 0, 0) and (4, 0, 1)
-    edge->flags = KMElementFlag::Selected;
+    const std::unique_ptr<KMMeshNode> giver(MeshFixtures::cube()); // from -1 to 1, turned inward
+    scene.mesh->findEdge(3, 4)->flags = KMElementFlag::Selected; // from (3, 0, 0) to (4, 0, 0)
     KMNormalEdit::transferNormals(*scene.mesh, {giver.get()});
-    for (const int i : {4, 9}) {
+    for (const int i : {3, 4}) {
         for (const int f : scene.mesh->vertex(i)->faceRefs)
-            QVERIFY(isClose(scene.mesh->face(f)->normals[scene.mesh->face(f)->cornerOf(i)], {1, 0, 0}));
+            QVERIFY(isClose(scene.mesh->face(f)->normals[scene.mesh->face(f)->cornerOf(i)], {-1, 0, 0}));
     }
     QCOMPARE(countOf(scene.tag, KMNormalFace::Rotated), 3);
     QCOMPARE(KMNormalEdit::transferNormals(*scene.mesh, {}), 0); // nothing to take from, nothing lost
