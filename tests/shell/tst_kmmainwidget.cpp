@@ -393,7 +393,7 @@ void tst_kmmainwidget::menuTitlesAndActions()
     QStringList bar;
     for (const QAction *entry : window->menuBar()->actions())
         bar << entry->text();
-    QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Widget(&W)", "Panel(&P)", "Help(&H)"}));
+    QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Normal(&L)", "Widget(&W)", "Panel(&P)", "Help(&H)"}));
 
     QStringList groups;
     QHash<QString, const QAction *> known;
@@ -406,7 +406,7 @@ void tst_kmmainwidget::menuTitlesAndActions()
             known.insert(action->objectName(), action);
         }
     }
-    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Widget", "Panel", "Help"}));
+    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Normal", "Widget", "Panel", "Help"}));
 
     QSet<QString> keys;
     for (const QAction *action : known) {
