@@ -1270,8 +1270,8 @@ Trying to Recover Files?</source>
         <translation>ドキュメントを保存します</translation>
     </message>
     <message>
-        <source>Save as...</source>
-        <translation>名前を付けて保存...</translation>
+        <source>Save as</source>
+        <translation>名前を付けて保存</translation>
     </message>
     <message>
         <source>Save the document under another name</source>
@@ -1358,8 +1358,8 @@ Trying to Recover Files?</source>
         <translation>選択したノードを削除します</translation>
     </message>
     <message>
-        <source>Preferences...</source>
-        <translation>環境設定...</translation>
+        <source>Preferences</source>
+        <translation>環境設定</translation>
     </message>
     <message>
         <source>Settings, colors and shortcuts</source>

@@ -21,15 +21,16 @@ QStringList KMRecentFiles::paths()
     return QSettings(iniFile(), QSettings::IniFormat).value(listKey).toStringList();
 }
 
-void KMRecentFiles::add(const QString &path)
+bool KMRecentFiles::add(const QString &path)
 {
     if (QFileInfo(path).baseName() == QLatin1String("_backup_"))
-        return;
+        return false;
     QSettings file(iniFile(), QSettings::IniFormat);
     QStringList list = file.value(listKey).toStringList();
     list.removeAll(path);
     list.prepend(path);
     file.setValue(listKey, QStringList(list.mid(0, Limit)));
+    return true;
 }
 
 void KMRecentFiles::clear()

@@ -10,7 +10,7 @@ namespace KMRecentFiles {
 constexpr int Limit = 9;
 
 QStringList paths();
-void add(const QString &path); ///< to the front; the emergency backup is never listed
+bool add(const QString &path); ///< to the front; false for the emergency backup, which is never listed
 void clear();
 QString entryText(int number, const QString &path); ///< of the menu; the number is the entry's access key
 

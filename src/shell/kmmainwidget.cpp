@@ -6,6 +6,7 @@
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
 #include "formats/KMNativeFormat.h"
+#include "shell/KMIcon.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMRecentFiles.h"
@@ -42,6 +43,7 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     , m_style(style)
 {
     setObjectName(QStringLiteral("kmmainwidget"));
+    setWindowIcon(KMIcon::icon(QStringLiteral("kelmo")));
     createActions();
     createSession();
     createUndoActions();
@@ -209,7 +211,8 @@ void kmmainwidget::setDocumentTitle(const QString &title)
 
 void kmmainwidget::addRecentFile(const QString &path)
 {
-    KMRecentFiles::add(path);
+    if (!KMRecentFiles::add(path))
+        return;
     setWindowFilePath(path);
     rebuildRecentMenu();
 }

@@ -23,7 +23,7 @@ void kmmainwidget::createActions()
         {"actionNew", QT_TR_NOOP("New"), "new", "Ctrl+N", &W::onMenuNew, QT_TR_NOOP("Start an empty document")},
         {"actionOpen", QT_TR_NOOP("Open..."), "open", "Ctrl+O", &W::onMenuOpen, QT_TR_NOOP("Open a model file")},
         {"actionSave", QT_TR_NOOP("Save"), "save", "Ctrl+S", &W::onMenuSave, QT_TR_NOOP("Save the document")},
-        {"actionSaveAs", QT_TR_NOOP("Save as..."), "save-as", "Ctrl+Shift+S", &W::onMenuSaveAs,
+        {"actionSaveAs", QT_TR_NOOP("Save as"), "save-as", "Ctrl+Shift+S", &W::onMenuSaveAs,
          QT_TR_NOOP("Save the document under another name")},
         {"actionProject", QT_TR_NOOP("Project..."), "project", "", &W::onMenuProject,
          QT_TR_NOOP("Edit the name and the texts of the project")},
@@ -42,7 +42,7 @@ void kmmainwidget::createActions()
         {"actionRename", QT_TR_NOOP("Rename"), "edit45", "F2", &W::onMenuRename, QT_TR_NOOP("Rename the current node")},
         {"actionDelete", QT_TR_NOOP("Delete"), "delete", "Del", &W::onMenuSelectionDelete,
          QT_TR_NOOP("Delete the selected nodes")},
-        {"actionPreferences", QT_TR_NOOP("Preferences..."), "preferences", "Ctrl+,", &W::onMenuPreferences,
+        {"actionPreferences", QT_TR_NOOP("Preferences"), "preferences", "Ctrl+,", &W::onMenuPreferences,
          QT_TR_NOOP("Settings, colors and shortcuts")},
 
         {"actionCreateInt", QT_TR_NOOP("Int"), "node-int", "", &W::onMenuCreateIntNode,

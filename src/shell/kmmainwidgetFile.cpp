@@ -26,6 +26,18 @@ QString firstLocalFile(const QMimeData *data)
     return urls.isEmpty() ? QString() : urls.first().toLocalFile();
 }
 
+bool mayReplace(const QString &path, QWidget *parent)
+{
+    KMMessage question;
+    question.icon = QMessageBox::Warning;
+    question.text = kmmainwidget::tr("%1 already exists.").arg(QFileInfo(path).fileName());
+    question.informativeText = kmmainwidget::tr("Do you want to replace it?");
+    question.buttons = QMessageBox::Yes | QMessageBox::No;
+    question.defaultButton = QMessageBox::No;
+    question.parent = parent;
+    return KMPrompt::current().message(question) == QMessageBox::Yes;
+}
+
 } // namespace
 
 bool kmmainwidget::mayLeaveDocument()
@@ -85,8 +97,11 @@ void kmmainwidget::onMenuSaveAs()
     QString path = KMPrompt::current().saveFile(request);
     if (path.isEmpty())
         return;
-    if (QFileInfo(path).suffix().isEmpty())
+    if (QFileInfo(path).suffix().isEmpty()) {
         path += QStringLiteral(".kmd");
+        if (QFileInfo::exists(path) && !mayReplace(path, this)) // the dialogue asked about the other name only
+            return;
+    }
     if (gSolution->saveBackup(path))
         gSolution->setDirectory(QFileInfo(path).absoluteDir());
 }

@@ -108,8 +108,9 @@ KMMeshNode *everyValue()
         KMFace *face = mesh->face(f);
         face->shader = f % 3 - 1;
         for (int c = 0; c < face->count; ++c) {
-            face->uvs[c] = {value += 0.01f, value += 0.01f};
-            face->colors[c] = {value += 0.01f, value += 0.01f, value += 0.01f, value += 0.01f};
+            value += 0.01f;
+            face->uvs[c] = {value, value + 0.001f};
+            face->colors[c] = {value + 0.002f, value + 0.003f, value + 0.004f, value + 0.005f};
         }
     }
     for (KMEdge *edge : mesh->edges())

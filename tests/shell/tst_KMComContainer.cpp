@@ -185,10 +185,16 @@ void tst_KMComContainer::repeat()
 void tst_KMComContainer::clearBuffer()
 {
     const TestWindow window;
+    window.trigger("ComClearBuffer");
+    QVERIFY(!gSolution->isModified());
     window.trigger("actionCreateNull");
     window.trigger("ComClearBuffer");
     QCOMPARE(window->undoStack()->count(), 0);
     QCOMPARE(KMTreeWidget::flatten(gProject->tree()).size(), 1);
+    QVERIFY(gSolution->isModified());
+    QVERIFY(window->windowTitle().contains(QLatin1Char('*')));
+    QVERIFY(gSolution->saveBackup(window.filePath("cleared.kmd")));
+    QVERIFY(!gSolution->isModified());
 }
 
 KM_TEST(tst_KMComContainer);

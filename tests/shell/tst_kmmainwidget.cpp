@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QFile>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
@@ -45,6 +46,8 @@ private slots:
     void sessionIsGoneAfterClose();
     void failedSaveKeepsTheDocument();
     void savedFileOpensAgain();
+    void addedSuffixAsksBeforeReplacing_data();
+    void addedSuffixAsksBeforeReplacing();
     void recentFiles();
     void droppedModelAsksFirst_data();
     void droppedModelAsksFirst();
@@ -256,6 +259,34 @@ void tst_kmmainwidget::savedFileOpensAgain()
     QVERIFY(window->windowTitle().endsWith(QLatin1String(" - [model]")));
 }
 
+void tst_kmmainwidget::addedSuffixAsksBeforeReplacing_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("answer");
+    QTest::addColumn<bool>("isReplaced");
+
+    QTest::newRow("no") << QMessageBox::No << false;
+    QTest::newRow("yes") << QMessageBox::Yes << true;
+}
+
+void tst_kmmainwidget::addedSuffixAsksBeforeReplacing()
+{
+    QFETCH(QMessageBox::StandardButton, answer);
+    QFETCH(bool, isReplaced);
+    TestWindow window;
+    QFile other(window.filePath("doc.kmd"));
+    QVERIFY(other.open(QIODevice::WriteOnly));
+    other.write("other");
+    other.close();
+    window.trigger("actionCreateNull");
+
+    window.prompt.paths << window.filePath("doc");
+    window.prompt.buttons << answer;
+    window.trigger("actionSaveAs");
+    QCOMPARE(gSolution->isModified(), !isReplaced);
+    QVERIFY(other.open(QIODevice::ReadOnly));
+    QCOMPARE(other.readAll() != QByteArray("other"), isReplaced);
+}
+
 void tst_kmmainwidget::recentFiles()
 {
     TestWindow window;
@@ -272,6 +303,7 @@ void tst_kmmainwidget::recentFiles()
     expected.move(4, 0);
     window->addRecentFile(QStringLiteral("/program/_backup_.kmd"));
     QCOMPARE(KMRecentFiles::paths(), expected);
+    QCOMPARE(window->windowFilePath(), expected.first());
     window.reopen();
     QCOMPARE(KMRecentFiles::paths(), expected);
 
@@ -390,6 +422,7 @@ void tst_kmmainwidget::shortcutFile()
 void tst_kmmainwidget::menuTitlesAndActions()
 {
     TestWindow window;
+    QVERIFY(!window->windowIcon().pixmap(32, 32).isNull());
     QStringList bar;
     for (const QAction *entry : window->menuBar()->actions())
         bar << entry->text();

@@ -194,7 +194,11 @@ ComClearBuffer::ComClearBuffer(QObject *parent)
 
 void ComClearBuffer::run()
 {
+    // The steps go, the changes stay: what wasn't saved must still be asked for at the end.
+    const bool wasModified = gSolution->isModified();
     gSolution->clearHistory();
+    if (wasModified)
+        gSolution->markUnsaved();
 }
 
 ComShowMenuCommand::ComShowMenuCommand(const QString &text, QMenu *menu, QObject *parent)
