@@ -209,8 +209,7 @@ void KMSmoothNormals::gather(const KMMeshNode &mesh, const Parting &parting)
         const bool isWhole = count > 0 && faceNormal(vertices, corners, count, &normal);
         const double length2 = dotOf(normal, normal);
         for (int c = 0; c < count; ++c)
-            cornerGroups[first + c] =
-                isWhole ? join(corners[c], first + c, normal, length2, limit, parting) : -1;
+            cornerGroups[first + c] = isWhole ? join(corners[c], first + c, normal, length2, limit, parting) : -1;
     }
 }
 
