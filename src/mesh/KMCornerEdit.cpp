@@ -13,7 +13,7 @@ namespace {
 
 struct Turn
 {
-    float angle = 0.0f; // radians
+    float angle = 0.0f;             // radians
     Vector3 axis{0.0f, 1.0f, 0.0f}; // of unit length
 };
 

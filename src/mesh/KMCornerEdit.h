@@ -19,8 +19,8 @@ public:
     kvm::Vector3 normal(int face, int corner) const; ///< as it was at the start
     KMNormalFace::Mode mode(int face, int corner) const;
 
-    KMNormalFace &record(int face); ///< to be written as a whole
-    void fix(int face, int corner); ///< in its present direction
+    KMNormalFace &record(int face);                                ///< to be written as a whole
+    void fix(int face, int corner);                                ///< in its present direction
     void turnTo(int face, int corner, const kvm::Vector3 &normal); ///< by a rotation from the computed normal
     int push(); ///< one command for each face that is another now; answers how many
 

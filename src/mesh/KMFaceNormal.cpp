@@ -4,9 +4,15 @@
 
 using kvm::Vector3;
 
+Vector3 KMFaceNormal::unit(const Vector3 &v)
+{
+    const float length = v.length();
+    return length > 0.0f ? v * (1.0f / length) : Vector3();
+}
+
 Vector3 KMFaceNormal::ofTriangle(const Vector3 &p0, const Vector3 &p1, const Vector3 &p2)
 {
-    return cross(p1 - p2, p0 - p1).normalized();
+    return unit(cross(p1 - p2, p0 - p1));
 }
 
 Vector3 KMFaceNormal::ofQuad(const Vector3 &p0, const Vector3 &p1, const Vector3 &p2, const Vector3 &p3)
@@ -26,5 +32,5 @@ Vector3 KMFaceNormal::ofQuad(const Vector3 &p0, const Vector3 &p1, const Vector3
     const Vector3 even[2] = {n[0] * scale[0], n[1] * scale[1]};
     const Vector3 odd[2] = {n[2] * scale[2], n[3] * scale[3]};
     const bool isEvenFlatter = dot(even[0], even[1]) > dot(odd[0], odd[1]);
-    return (isEvenFlatter ? even[0] + even[1] : odd[0] + odd[1]).normalized();
+    return unit(isEvenFlatter ? even[0] + even[1] : odd[0] + odd[1]);
 }

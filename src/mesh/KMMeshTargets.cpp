@@ -19,8 +19,8 @@ bool anySelected(const Records &records)
 bool KMMeshTargets::hasSelected(const KMMeshNode &mesh, Elements elements)
 {
     return (elements.testFlag(Vertices) && anySelected(mesh.vertices()))
-        || (elements.testFlag(Faces) && anySelected(mesh.faces()))
-        || (elements.testFlag(Edges) && mesh.hasEdgeFlag(KMElementFlag::Selected));
+           || (elements.testFlag(Faces) && anySelected(mesh.faces()))
+           || (elements.testFlag(Edges) && mesh.hasEdgeFlag(KMElementFlag::Selected));
 }
 
 QList<KMMeshNode *> KMMeshTargets::find(Elements elements, int tagType)

@@ -32,7 +32,8 @@ public:
         int best = -1;
         float best2 = m_cell * m_cell;
         for (int n = 0; n < 27; ++n) {
-            const auto cell = m_cells.find(keyOf({centre[0] + n % 3 - 1, centre[1] + n / 3 % 3 - 1, centre[2] + n / 9 - 1}));
+            const auto cell =
+                m_cells.find(keyOf({centre[0] + n % 3 - 1, centre[1] + n / 3 % 3 - 1, centre[2] + n / 9 - 1}));
             if (cell == m_cells.end())
                 continue;
             for (const int i : cell->second) {

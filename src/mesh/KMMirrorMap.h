@@ -23,8 +23,8 @@ public:
     KMMirrorMap(const KMMeshNode &mesh, float tolerance);
 
     const kvm::Vector3 &normal() const { return m_normal; } ///< of the plane, unit length, in world space
-    float distance(const kvm::Vector3 &point) const; ///< from the plane, above 0 on the side of the normal
-    bool isOnPlane(int vertex) const; ///< it is its own image
+    float distance(const kvm::Vector3 &point) const;        ///< from the plane, above 0 on the side of the normal
+    bool isOnPlane(int vertex) const;                       ///< it is its own image
     int vertexImage(int vertex) const { return m_images[size_t(vertex)]; } ///< -1 when there is none
     FaceImage faceImage(int face) const;
 

@@ -28,8 +28,7 @@ void forSelectedCorners(const KMMeshNode &mesh, KMMeshTargets::Elements elements
         const KMFace *face = mesh.face(f);
         if (!face || !face->isPolygon())
             continue;
-        const bool isFaceSelected =
-            elements.testFlag(KMMeshTargets::Faces) && face->hasFlag(KMElementFlag::Selected);
+        const bool isFaceSelected = elements.testFlag(KMMeshTargets::Faces) && face->hasFlag(KMElementFlag::Selected);
         for (int c = 0; c < face->count; ++c) {
             const KMVertex *vertex = mesh.vertex(face->indices[c]);
             if (isFaceSelected || (vertex && vertex->hasFlag(KMElementFlag::Selected)))
@@ -98,9 +97,8 @@ int unifyNormals(KMMeshNode &mesh)
     std::vector<Vector3> sums(size_t(mesh.vertexCount()));
     forSelectedCorners(mesh, KMMeshTargets::Vertices,
                        [&](int f, int c) { sums[size_t(mesh.face(f)->indices[c])] += edit.normal(f, c); });
-    forSelectedCorners(mesh, KMMeshTargets::Vertices, [&](int f, int c) {
-        edit.turnTo(f, c, sums[size_t(mesh.face(f)->indices[c])].normalized());
-    });
+    forSelectedCorners(mesh, KMMeshTargets::Vertices,
+                       [&](int f, int c) { edit.turnTo(f, c, sums[size_t(mesh.face(f)->indices[c])].normalized()); });
     return edit.push();
 }
 

@@ -16,15 +16,15 @@ int selectCreases(KMMeshNode &mesh);
 
 // On the corners of selected vertices and faces
 
-int fixNormals(KMMeshNode &mesh); ///< as they are now, whatever the surface does
-int unfixNormals(KMMeshNode &mesh); ///< fixed ones keep their direction, and follow the surface from now on
+int fixNormals(KMMeshNode &mesh);        ///< as they are now, whatever the surface does
+int unfixNormals(KMMeshNode &mesh);      ///< fixed ones keep their direction, and follow the surface from now on
 int initializeNormals(KMMeshNode &mesh); ///< back to the computed ones
 
 // On the corners of selected vertices
 
-int unifyNormals(KMMeshNode &mesh); ///< one normal for all corners of a vertex
+int unifyNormals(KMMeshNode &mesh);                    ///< one normal for all corners of a vertex
 int averageNormals(const QList<KMMeshNode *> &meshes); ///< one normal for all of them
-int flattenX(KMMeshNode &mesh); ///< into the plane across the x axis of the world
+int flattenX(KMMeshNode &mesh);                        ///< into the plane across the x axis of the world
 
 /// Corners at the ends of selected edges take the normal of the nearest point of the givers' surfaces.
 int transferNormals(KMMeshNode &mesh, const QList<KMMeshNode *> &givers);

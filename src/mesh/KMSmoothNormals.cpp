@@ -58,12 +58,17 @@ struct KMSmoothNormals::Limit
     explicit Limit(float degrees)
         : cosine(std::cos(double(degrees) * 0.0055555557 * M_PI))
         , square(cosine * cosine)
+        , safeSquare(cosine < 0.0 ? 0.0f : float(square * 1.00001))
     {
     }
 
     /// Whether a group takes the normal in. A vector without length stands at a right angle to all others.
     bool takes(const Vector3 &sum, const Vector3 &normal, double normalLength2) const
     {
+        // Most faces are well within, which single precision tells.
+        const float near = dot(sum, normal);
+        if (near > 0.0f && near * near > safeSquare * sum.lengthSquared() * float(normalLength2))
+            return true;
         const double product = dotOf(sum, normal);
         const double limit2 = square * dotOf(sum, sum) * normalLength2;
         return cosine >= 0.0 ? product > 0.0 && product * product > limit2
@@ -72,6 +77,7 @@ struct KMSmoothNormals::Limit
 
     double cosine;
     double square;
+    float safeSquare; // above the square by more than single precision errs
 };
 
 struct KMSmoothNormals::NoCreases
@@ -194,7 +200,8 @@ void KMSmoothNormals::gather(const KMMeshNode &mesh, const Parting &parting)
     m_groupCount = m_vertexCount;
 
     KMVertex *const *vertices = mesh.vertices().constData();
-    for (int f = 0; f < m_faceCount; ++f) {
+    int *cornerGroups = m_cornerGroups.get();
+    for (int f = 0, n = m_faceCount; f < n; ++f) {
         const int first = Corners * f;
         const int *corners = &m_corners[size_t(first)];
         const int count = cornerCount(f);
@@ -202,8 +209,7 @@ void KMSmoothNormals::gather(const KMMeshNode &mesh, const Parting &parting)
         const bool isWhole = count > 0 && faceNormal(vertices, corners, count, &normal);
         const double length2 = dotOf(normal, normal);
         for (int c = 0; c < count; ++c)
-            m_cornerGroups[size_t(first + c)] =
-                isWhole ? join(corners[c], first + c, normal, length2, limit, parting) : -1;
+            cornerGroups[first + c] = isWhole ? join(corners[c], first + c, normal, length2, limit, parting) : -1;
     }
 }
 
@@ -212,10 +218,11 @@ template <class Parting>
 int KMSmoothNormals::join(int vertex, int corner, const Vector3 &normal, double normalLength2, const Limit &limit,
                           const Parting &parting)
 {
+    Group *groups = m_groups.get();
     int g = vertex;
-    if (m_groups[size_t(g)].count > 0) {
+    if (groups[g].count > 0) {
         for (;;) {
-            Group &group = m_groups[size_t(g)];
+            Group &group = groups[g];
             if (limit.takes(group.normal(), normal, normalLength2) && parting.allows(g, corner)) {
                 group.setNormal(group.normal() + normal);
                 ++group.count;
@@ -226,10 +233,10 @@ int KMSmoothNormals::join(int vertex, int corner, const Vector3 &normal, double 
                 break;
             g = group.next;
         }
-        m_groups[size_t(g)].next = m_groupCount;
+        groups[g].next = m_groupCount;
         g = m_groupCount++;
     }
-    m_groups[size_t(g)] = {normal.x, normal.y, normal.z, 1, -1};
+    groups[g] = {normal.x, normal.y, normal.z, 1, -1};
     parting.start(g, corner);
     return g;
 }
@@ -239,21 +246,21 @@ void KMSmoothNormals::normalizeGroups()
     for (int g = 0; g < m_groupCount; ++g) {
         Group &group = m_groups[size_t(g)];
         if (group.count > 1)
-            group.setNormal(group.normal().normalized());
+            group.setNormal(KMFaceNormal::unit(group.normal()));
     }
 }
 
 void KMSmoothNormals::writeNormals(KMMeshNode &mesh) const
 {
     KMFace *const *faces = mesh.faces().constData();
-    for (int f = 0; f < m_faceCount; ++f) {
+    const Group *groups = m_groups.get();
+    for (int f = 0, n = m_faceCount; f < n; ++f) {
         KMFace *face = faces[f];
         if (!face)
             continue;
-        for (int c = 0, count = cornerCount(f); c < count; ++c) {
-            const int group = m_cornerGroups[size_t(Corners * f + c)];
-            face->normals[c] = group < 0 ? Vector3() : m_groups[size_t(group)].normal();
-        }
+        const int *cornerGroups = &m_cornerGroups[size_t(Corners * f)];
+        for (int c = 0, count = cornerCount(f); c < count; ++c)
+            face->normals[c] = cornerGroups[c] < 0 ? Vector3() : groups[cornerGroups[c]].normal();
     }
 }
 

@@ -61,13 +61,13 @@ private:
     int m_vertexCount = -1;
     int m_faceCount = -1;
     int m_groupCount = 0;
-    std::unique_ptr<Group[]> m_groups; // the first one of each vertex in front, further ones behind them
-    std::unique_ptr<int[]> m_corners; // vertices, four a face; -1 behind the last one, and for what has no surface
+    std::unique_ptr<Group[]> m_groups;     // the first one of each vertex in front, further ones behind them
+    std::unique_ptr<int[]> m_corners;      // vertices, four a face; -1 behind the last one, and for what has no surface
     std::unique_ptr<int[]> m_cornerGroups; // four a face; -1 for a corner without normal
 
     // With creases only
 
-    std::unique_ptr<int[]> m_lastMembers; // of each group: its newest corner
+    std::unique_ptr<int[]> m_lastMembers;   // of each group: its newest corner
     std::unique_ptr<int[]> m_formerMembers; // of each corner: the one that joined its group before it, or -1
-    std::vector<quint8> m_creased; // faces that stand in a pair of the tag
+    std::vector<quint8> m_creased;          // faces that stand in a pair of the tag
 };

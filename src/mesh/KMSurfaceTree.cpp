@@ -173,7 +173,9 @@ KMSurfaceTree::Hit KMSurfaceTree::nearest(const Vector3 &point) const
             continue;
         int near = n + 1;
         int far = node.second;
-        const auto distanceTo = [&](int i) { return distance2(m_nodes[size_t(i)].low, m_nodes[size_t(i)].high, point); };
+        const auto distanceTo = [&](int i) {
+            return distance2(m_nodes[size_t(i)].low, m_nodes[size_t(i)].high, point);
+        };
         if (distanceTo(far) < distanceTo(near))
             std::swap(near, far);
         open.append(far);

@@ -16,7 +16,7 @@ public:
     struct Hit
     {
         const KMFace *face = nullptr;
-        int corners[3] = {}; ///< the triangle of the face on which the point lies
+        int corners[3] = {};   ///< the triangle of the face on which the point lies
         float weights[3] = {}; ///< of those corners at the point, with the sum 1
         kvm::Vector3 point;
         float distance2 = 0.0f; ///< squared distance

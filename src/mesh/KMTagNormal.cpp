@@ -46,7 +46,7 @@ void KMNormalFace::setComputed(int corner)
 bool KMNormalFace::isSameOverride(const KMNormalFace &other) const
 {
     return std::equal(std::begin(mode), std::end(mode), std::begin(other.mode))
-        && std::equal(std::begin(rotation), std::end(rotation), std::begin(other.rotation));
+           && std::equal(std::begin(rotation), std::end(rotation), std::begin(other.rotation));
 }
 
 KMTagNormal::KMTagNormal()

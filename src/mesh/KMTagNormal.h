@@ -17,7 +17,7 @@ struct KMNormalFace
 {
     enum Mode : quint8 {
         Computed,
-        Fixed, ///< the vector part of rotation is the normal, in the mesh's own space
+        Fixed,  ///< the vector part of rotation is the normal, in the mesh's own space
         Rotated ///< the computed normal turned by w radians about the vector part, an axis in the mesh's own space
     };
 
@@ -51,14 +51,14 @@ public:
     void setCrease(int a, int b, bool crease); ///< of two vertices, in either order
     /// The pairs of faces that creases part: the first face of each crease with each of its others.
     const QSet<quint64> &creaseFaces() const { return m_creaseFaces; }
-    static quint64 facePair(int f, int g); ///< the larger index in the upper half
+    static quint64 facePair(int f, int g);          ///< the larger index in the upper half
     QVector<QPair<int, int>> creasesOfMesh() const; ///< those that are edges of the mesh now, in a fixed order
 
     const QVector<KMNormalFace> &faceNormals() const { return m_faceNormals; } ///< one for each face slot
-    KMNormalFace faceNormal(int face) const; ///< nothing overridden for a face that it doesn't know yet
+    KMNormalFace faceNormal(int face) const;        ///< nothing overridden for a face that it doesn't know yet
     void setFaceNormal(const KMNormalFace &record); ///< modes and rotations for record.face
     KMNormalFace *faceRecords() { return m_faceNormals.data(); } ///< for the computation
-    void fit(); ///< to the mesh's faces as they are now
+    void fit();                                                  ///< to the mesh's faces as they are now
 
     void onFullRefresh() override { fit(); }
     void remapIndices() override;

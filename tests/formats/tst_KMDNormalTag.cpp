@@ -147,11 +147,26 @@ void tst_KMDNormalTag::badBytes_data()
     QTest::newRow("odd count") << streamed([](Out o) { o << 1 << 0 << 0; }) << false << 0;
     QTest::newRow("negative count") << streamed([](Out o) { o << -2 << 0; }) << false << 0;
     QTest::newRow("huge count") << streamed([](Out o) { o << 0x7ffffffe << 0 << 1; }) << false << 0;
-    QTest::newRow("face outside") << streamed([](Out o) { o << 0 << 1; streamFace(o, 6, 1); }) << true << 1;
-    QTest::newRow("negative face") << streamed([](Out o) { o << 0 << 1; streamFace(o, -6, 1); }) << true << 1;
-    QTest::newRow("unknown mode") << streamed([](Out o) { o << 0 << 1; streamFace(o, 2, 3); }) << true << 1;
-    QTest::newRow("huge face count") << streamed([](Out o) { o << 0 << 0x7fffffff; streamFace(o, 2, 1); }) << false << 0;
-    QTest::newRow("sound") << streamed([](Out o) { o << 0 << 1; streamFace(o, 2, 1); }) << true << 0;
+    QTest::newRow("face outside") << streamed([](Out o) {
+        o << 0 << 1;
+        streamFace(o, 6, 1);
+    }) << true << 1;
+    QTest::newRow("negative face") << streamed([](Out o) {
+        o << 0 << 1;
+        streamFace(o, -6, 1);
+    }) << true << 1;
+    QTest::newRow("unknown mode") << streamed([](Out o) {
+        o << 0 << 1;
+        streamFace(o, 2, 3);
+    }) << true << 1;
+    QTest::newRow("huge face count") << streamed([](Out o) {
+        o << 0 << 0x7fffffff;
+        streamFace(o, 2, 1);
+    }) << false << 0;
+    QTest::newRow("sound") << streamed([](Out o) {
+        o << 0 << 1;
+        streamFace(o, 2, 1);
+    }) << true << 0;
 }
 
 void tst_KMDNormalTag::badBytes()

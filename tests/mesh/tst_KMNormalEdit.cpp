@@ -260,7 +260,7 @@ void tst_KMNormalEdit::transferred()
     NormalScene scene(MeshFixtures::grid(4, 4));
     scene.mesh->setTransform(turnedFrame);
     const std::unique_ptr<KMMeshNode> giver(MeshFixtures::cube()); // from -1 to 1, turned inward
-    scene.mesh->findEdge(3, 4)->flags = KMElementFlag::Selected; // from (3, 0, 0) to (4, 0, 0)
+    scene.mesh->findEdge(3, 4)->flags = KMElementFlag::Selected;   // from (3, 0, 0) to (4, 0, 0)
     KMNormalEdit::transferNormals(*scene.mesh, {giver.get()});
     for (const int i : {3, 4}) {
         for (const int f : scene.mesh->vertex(i)->faceRefs)
@@ -368,7 +368,7 @@ void tst_KMNormalEdit::symmetrized()
 
 void tst_KMNormalEdit::symmetrizedFaceAcrossThePlane()
 {
-    NormalScene scene(MeshFixtures::cube()); // from -1 to 1
+    NormalScene scene(MeshFixtures::cube());        // from -1 to 1
     KMNormalFace record = scene.tag->faceNormal(0); // 0, 2, 3, 1: odd vertices on the positive side
     record.setFixed(2, Vector3(0.6f, 0.8f, 0));
     scene.tag->setFaceNormal(record);

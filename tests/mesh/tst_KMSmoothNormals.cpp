@@ -26,7 +26,8 @@ KMMeshNode *sphere()
     for (int i = 1; i < belts; ++i) {
         for (int j = 0; j < around; ++j) {
             const double v = M_PI * i / belts, u = 2 * M_PI * j / around;
-            mesh->addVertexRaw({float(std::sin(v) * std::cos(u)), float(std::cos(v)), float(std::sin(v) * std::sin(u))});
+            mesh->addVertexRaw(
+                {float(std::sin(v) * std::cos(u)), float(std::cos(v)), float(std::sin(v) * std::sin(u))});
         }
     }
     const int south = mesh->addVertexRaw({0, -1, 0});
@@ -132,9 +133,15 @@ QString difference(const KMMeshNode &mesh, const KMTagNormal *tag)
                 for (int k = 0; k < 3; ++k) {
                     if (!(std::fabs(double(is[k]) - shall[size_t(k)]) < 2e-5))
                         return QStringLiteral("face %1 corner %2%3: (%4 %5 %6), not (%7 %8 %9)")
-                            .arg(f).arg(c).arg(QLatin1String(base ? " base" : ""))
-                            .arg(double(is.x)).arg(double(is.y)).arg(double(is.z))
-                            .arg(shall[0]).arg(shall[1]).arg(shall[2]);
+                            .arg(f)
+                            .arg(c)
+                            .arg(QLatin1String(base ? " base" : ""))
+                            .arg(double(is.x))
+                            .arg(double(is.y))
+                            .arg(double(is.z))
+                            .arg(shall[0])
+                            .arg(shall[1])
+                            .arg(shall[2]);
                 }
             }
         }
@@ -249,7 +256,8 @@ void tst_KMSmoothNormals::groupsOfACube()
 void tst_KMSmoothNormals::quadThatBends()
 {
     KMMeshNode mesh;
-    for (const kvm::Vector3 &p : {kvm::Vector3(0, 0, 0), kvm::Vector3(1, 0, 0), kvm::Vector3(1, 1, 2), kvm::Vector3(0, 0, 1)})
+    for (const kvm::Vector3 &p :
+         {kvm::Vector3(0, 0, 0), kvm::Vector3(1, 0, 0), kvm::Vector3(1, 1, 2), kvm::Vector3(0, 0, 1)})
         mesh.addVertexRaw(p);
     const int corners[] = {0, 1, 2, 3};
     mesh.addFaceRaw(4, corners);

@@ -72,10 +72,7 @@ public:
         gSolution->clearHistory();
     }
 
-    void select(int kinds)
-    {
-        selectAll(mesh, kinds & Vertices, kinds & Edges, kinds & Faces);
-    }
+    void select(int kinds) { selectAll(mesh, kinds & Vertices, kinds & Edges, kinds & Faces); }
 
     KMMeshNode *other;
     KMNormalComContainer commands;

@@ -103,7 +103,7 @@ void NormalReference::findFaceNormals()
         const Vector chosen = advantage > 0 ? even : odd;
         m_faceNormals[f] = unit(chosen);
         m_faceDoubtful[f] = length(chosen) < 1e-2
-            || (std::fabs(advantage) < 1e-5 && length(combined(unit(even), -1, unit(odd))) > 1e-5);
+                            || (std::fabs(advantage) < 1e-5 && length(combined(unit(even), -1, unit(odd))) > 1e-5);
     }
 }
 

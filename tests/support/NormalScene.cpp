@@ -30,14 +30,14 @@ QString keyText(const QSet<quint64> &keys)
 QString tagText(const KMTagNormal &tag)
 {
     QString text = QStringLiteral("creases") + keyText(tag.creaseEdges()) + QStringLiteral("\nparted")
-        + keyText(tag.creaseFaces()) + QStringLiteral("\n%1 faces\n").arg(tag.faceNormals().size());
+                   + keyText(tag.creaseFaces()) + QStringLiteral("\n%1 faces\n").arg(tag.faceNormals().size());
     for (const KMNormalFace &record : tag.faceNormals()) {
         if (!record.hasOverride())
             continue;
         text += QStringLiteral("normals of %1:").arg(record.face);
         for (int c = 0; c < 4; ++c)
-            text += QStringLiteral(" %1 ").arg(record.mode[c])
-                + QString::fromLatin1(bitsOf(record.rotation[c].data(), 4));
+            text +=
+                QStringLiteral(" %1 ").arg(record.mode[c]) + QString::fromLatin1(bitsOf(record.rotation[c].data(), 4));
         text += QLatin1Char('\n');
     }
     return text;

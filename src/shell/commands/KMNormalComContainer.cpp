@@ -5,7 +5,7 @@
 KMNormalComContainer::KMNormalComContainer(QObject *parent)
     : KMCommandContainer(parent)
 {
-    addAll<NormalComCrease, NormalComUncrease, NormalComSelectCrease, NormalComFixNormal,
-           NormalComUnfixNormal, NormalComUnifyNormal, NormalComAveragingNormal, NormalComInitializeNormal,
-           NormalComFlatX, NormalComTransfer, NormalComSymmetrize, NormalComTest>();
+    addAll<NormalComCrease, NormalComUncrease, NormalComSelectCrease, NormalComFixNormal, NormalComUnfixNormal,
+           NormalComUnifyNormal, NormalComAveragingNormal, NormalComInitializeNormal, NormalComFlatX, NormalComTransfer,
+           NormalComSymmetrize, NormalComTest>();
 }

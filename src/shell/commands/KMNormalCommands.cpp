@@ -184,8 +184,8 @@ QString NormalComTransfer::obstacle() const
     if (!reason.isEmpty())
         return reason;
     return giversFor(*targets().first()).isEmpty()
-        ? tr("%1: select another mesh as well, to take the normals from").arg(text())
-        : QString();
+               ? tr("%1: select another mesh as well, to take the normals from").arg(text())
+               : QString();
 }
 
 int NormalComTransfer::runOn(KMMeshNode &mesh)
