@@ -18,11 +18,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFile>
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QFile>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
