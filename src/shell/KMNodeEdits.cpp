@@ -9,6 +9,10 @@
 
 #include <QCoreApplication>
 
+#include <memory>
+#include <utility>
+#include <vector>
+
 namespace {
 
 QString tr(const char *text)
@@ -141,20 +145,24 @@ KMContainerNode *KMNodeEdits::Template::instantiate(KMContainerNode *parent) con
 
 void KMNodeEdits::duplicate(const QList<KMContainerNode *> &nodes)
 {
+    std::vector<std::pair<KMContainerNode *, std::unique_ptr<Template>>> originals;
+    for (KMContainerNode *node : nodes) {
+        auto original = std::make_unique<Template>(node);
+        if (!original->isEmpty())
+            originals.emplace_back(node, std::move(original));
+    }
+    if (originals.empty())
+        return; // nothing here can be copied: no step that does nothing
+
     QList<KMContainerNode *> copies;
     const KMUndoMacro macro(tr("Duplicate"));
-    for (KMContainerNode *node : nodes) {
-        const Template original(node);
-        if (original.isEmpty())
-            continue;
-        KMContainerNode *copy = original.instantiate(KMTreeWidget::parentNodeOf(node));
+    for (const auto &[node, original] : originals) {
+        KMContainerNode *copy = original->instantiate(KMTreeWidget::parentNodeOf(node));
         if (KMContainerNode *sibling = nextSibling(node, {copy}))
             moveBefore(copy, sibling);
         copies << copy;
     }
     gProject->checkModifiers();
-    if (copies.isEmpty())
-        return;
     gProject->tree()->setCurrentItem(copies.last()->item());
     for (KMContainerNode *copy : std::as_const(copies))
         copy->item()->setSelected(true);

@@ -16,6 +16,17 @@ QString shortcutFile()
     return gSettings->filePath(QStringLiteral("shortcuts.ini"));
 }
 
+/// The keys of an entry; those that the action has at present when the entry names no keys at all.
+QKeySequence sequenceOf(const QString &entry, const QKeySequence &present)
+{
+    const QKeySequence keys = QKeySequence::fromString(entry, QKeySequence::PortableText);
+    for (int i = 0; i < int(keys.count()); ++i) {
+        if (keys[uint(i)] == Qt::Key_unknown)
+            return present;
+    }
+    return keys.isEmpty() && !entry.isEmpty() ? present : keys;
+}
+
 } // namespace
 
 void KMShortcutFile::read(const QList<QAction *> &actions)
@@ -23,8 +34,8 @@ void KMShortcutFile::read(const QList<QAction *> &actions)
     const QSettings file(shortcutFile(), QSettings::IniFormat);
     for (QAction *action : actions) {
         const QString present = action->shortcut().toString(QKeySequence::PortableText);
-        const QString keys = file.value(action->objectName(), present).toString();
-        action->setShortcut(QKeySequence::fromString(keys, QKeySequence::PortableText));
+        const QString entry = file.value(action->objectName(), present).toString();
+        action->setShortcut(sequenceOf(entry, action->shortcut()));
         action->setShortcutVisibleInContextMenu(true);
     }
 }

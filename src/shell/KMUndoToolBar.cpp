@@ -34,6 +34,8 @@ void KMUndoToolBar::showMenu(const QPoint &position)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const StyleRow &row : styleRows) {
         QAction *choice = menu->addAction(tr(row.text), this, [this, style = row.style] { setToolButtonStyle(style); });
+        choice->setObjectName(QStringLiteral("undoPanelStyle%1").arg(int(row.style)));
+        choice->setStatusTip(tr("How the buttons of this bar look"));
         choice->setCheckable(true);
         choice->setChecked(toolButtonStyle() == row.style);
     }

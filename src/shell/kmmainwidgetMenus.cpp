@@ -104,6 +104,7 @@ void kmmainwidget::rebuildRecentMenu()
     for (int i = 0; i < paths.size(); ++i) {
         QAction *entry =
             m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this, &kmmainwidget::openRecentFile);
+        entry->setObjectName(QStringLiteral("recentFile%1").arg(i + 1));
         entry->setData(paths[i]);
         entry->setStatusTip(paths[i]);
     }

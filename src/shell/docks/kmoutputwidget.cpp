@@ -32,6 +32,8 @@ void kmoutputwidget::showMenu(const QPoint &position)
     auto *menu = m_text->createStandardContextMenu(position);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addSeparator();
-    menu->addAction(tr("Clear"), m_text, &QTextEdit::clear);
+    QAction *clear = menu->addAction(tr("Clear"), m_text, &QTextEdit::clear);
+    clear->setObjectName(QStringLiteral("outputClear"));
+    clear->setStatusTip(tr("Empty the log"));
     menu->popup(m_text->viewport()->mapToGlobal(position));
 }
