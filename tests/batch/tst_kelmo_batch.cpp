@@ -61,12 +61,27 @@ QByteArray tst_kelmo_batch::read(const char *name) const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+namespace {
+
+/// What a program built with sanitizers needs to know, as NAME=VALUE.
+QStringList sanitizerOptions()
+{
+    QStringList options;
+    for (const QString &entry : QProcess::systemEnvironment()) {
+        if (entry.section(QLatin1Char('='), 0, 0).endsWith(QLatin1String("SAN_OPTIONS")))
+            options << entry;
+    }
+    return options;
+}
+
+} // namespace
+
 /// Runs in the folder of the test. The environment replaces that of the test, given as NAME=VALUE.
 tst_kelmo_batch::Result tst_kelmo_batch::run(const QStringList &arguments, const QStringList &environment) const
 {
     QProcess process;
     if (!environment.isEmpty())
-        process.setEnvironment(environment);
+        process.setEnvironment(environment + sanitizerOptions());
     process.setWorkingDirectory(m_dir->path());
     process.start(TestPaths::batchProgram(), arguments);
     if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)

@@ -15,6 +15,8 @@ std::size_t allocationCount()
     return count;
 }
 
+#ifndef __SANITIZE_ADDRESS__ // which has operators of its own that must meet their match
+
 // The program's own operators; the forms for arrays and without exceptions end here too.
 void *operator new(std::size_t size)
 {
@@ -33,3 +35,5 @@ void operator delete(void *block, std::size_t) noexcept
 {
     std::free(block);
 }
+
+#endif
