@@ -81,7 +81,7 @@ KMSettingEditor fontEditor(QWidget *parent)
 {
     auto *box = new QFontComboBox(parent);
     box->lineEdit()->setPlaceholderText(QCoreApplication::translate("KMSettingField", "Default"));
-    box->lineEdit()->setClearButtonEnabled(true);
+    // No clear button: Qt leaks the animation of one whose text is set before it is ever shown.
     return {box, [box](const QVariant &value) { box->setEditText(value.toString()); },
             [box] { return QVariant(box->currentText().trimmed()); }};
 }
