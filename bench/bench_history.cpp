@@ -34,7 +34,10 @@ template <class Node>
 class EditedDocument
 {
 public:
-    explicit EditedDocument(int size) : m_size(size) {}
+    explicit EditedDocument(int size)
+        : m_size(size)
+    {
+    }
 
     void add()
     {
@@ -47,8 +50,8 @@ public:
     {
         for (int i = 0; i < m_size; ++i) {
             if (i % groupSize)
-                gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, m_nodes[size_t(i / groupSize * groupSize)],
-                                                    m_nodes[size_t(i)]));
+                gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild,
+                                                    m_nodes[size_t(i / groupSize * groupSize)], m_nodes[size_t(i)]));
         }
     }
     void remove()
@@ -73,7 +76,11 @@ private:
 class BareTree
 {
 public:
-    explicit BareTree(int size) : m_size(size) { m_tree.setColumnCount(4); }
+    explicit BareTree(int size)
+        : m_size(size)
+    {
+        m_tree.setColumnCount(4);
+    }
     ~BareTree() { qDeleteAll(m_removed); }
 
     void add()
@@ -105,7 +112,8 @@ public:
     {
         for (int i = 0; i < m_size; ++i) {
             QTreeWidgetItem *row = m_rows[size_t(i)];
-            QTreeWidgetItem *parent = i % groupSize ? m_rows[size_t(i / groupSize * groupSize)] : m_tree.invisibleRootItem();
+            QTreeWidgetItem *parent =
+                i % groupSize ? m_rows[size_t(i / groupSize * groupSize)] : m_tree.invisibleRootItem();
             parent->addChild(row);
             m_tree.setCurrentItem(row);
         }
@@ -191,7 +199,11 @@ void registerPhases(const char *nodes, void (*run)(benchmark::State &, Phase))
     for (const Phase phase : {Add, Group, Remove, UndoAll, Forget}) {
         const std::string name = std::string("history/") + nodes + '/' + names[phase];
         benchmark::RegisterBenchmark(name.c_str(), run, phase)
-            ->Arg(1000)->Arg(5000)->Arg(10000)->Unit(benchmark::kMillisecond)->UseManualTime();
+            ->Arg(1000)
+            ->Arg(5000)
+            ->Arg(10000)
+            ->Unit(benchmark::kMillisecond)
+            ->UseManualTime();
     }
 }
 

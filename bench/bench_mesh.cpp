@@ -52,7 +52,11 @@ std::unique_ptr<KMMeshNode> waveGrid(int quads)
 class EdgePass
 {
 public:
-    explicit EdgePass(KMMeshNode &mesh) : m_mesh(mesh) { m_table.reserve(mesh.edgeCount()); }
+    explicit EdgePass(KMMeshNode &mesh)
+        : m_mesh(mesh)
+    {
+        m_table.reserve(mesh.edgeCount());
+    }
     void prepare() { m_table.clear(); }
     void run()
     {
@@ -72,7 +76,10 @@ private:
 class HashPass
 {
 public:
-    explicit HashPass(KMMeshNode &mesh) : m_mesh(mesh) {}
+    explicit HashPass(KMMeshNode &mesh)
+        : m_mesh(mesh)
+    {
+    }
     ~HashPass() { qDeleteAll(m_table); }
     void prepare()
     {
@@ -103,7 +110,11 @@ private:
 class NormalPass
 {
 public:
-    explicit NormalPass(KMMeshNode &mesh) : m_mesh(mesh), m_sums(size_t(mesh.vertexCount())) {}
+    explicit NormalPass(KMMeshNode &mesh)
+        : m_mesh(mesh)
+        , m_sums(size_t(mesh.vertexCount()))
+    {
+    }
     void prepare() {}
     void run()
     {
@@ -168,7 +179,10 @@ template <quint32 mask>
 class Refresh
 {
 public:
-    explicit Refresh(KMMeshNode &mesh) : m_mesh(mesh) {}
+    explicit Refresh(KMMeshNode &mesh)
+        : m_mesh(mesh)
+    {
+    }
     void prepare() {}
     void run() { m_mesh.refreshMesh(mask); }
 
@@ -180,7 +194,10 @@ private:
 class Compact
 {
 public:
-    explicit Compact(KMMeshNode &mesh) : m_quads(mesh.faceCount()) {}
+    explicit Compact(KMMeshNode &mesh)
+        : m_quads(mesh.faceCount())
+    {
+    }
     void prepare()
     {
         m_mesh = waveGrid(m_quads);
@@ -243,8 +260,8 @@ void memory(benchmark::State &state)
         bytes = bytesInUse() - before;
         // A record stands in its store and in a live list, an edge in the table.
         plain = size_t(mesh->vertexCount()) * (sizeof(KMVertex) + 2 * sizeof(void *))
-            + size_t(mesh->faceCount()) * (sizeof(KMFace) + 2 * sizeof(void *))
-            + size_t(mesh->edgeCount()) * (sizeof(KMEdge) + sizeof(quint32));
+                + size_t(mesh->faceCount()) * (sizeof(KMFace) + 2 * sizeof(void *))
+                + size_t(mesh->edgeCount()) * (sizeof(KMEdge) + sizeof(quint32));
         state.SetIterationTime(1e-3);
     }
     state.counters["bytes_per_quad"] = double(bytes) / double(state.range(0));
@@ -255,7 +272,12 @@ void memory(benchmark::State &state)
 void registerSizes(const char *name, void (*run)(benchmark::State &))
 {
     benchmark::RegisterBenchmark((std::string("mesh/") + name).c_str(), run)
-        ->Arg(10000)->Arg(100000)->Arg(1000000)->Iterations(1)->Unit(benchmark::kMillisecond)->UseManualTime();
+        ->Arg(10000)
+        ->Arg(100000)
+        ->Arg(1000000)
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime();
 }
 
 const bool registered = [] {

@@ -66,8 +66,8 @@ void KMBackupArchive::afterSave(const QString &path)
     if (folder.isEmpty())
         return;
     const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMddhhmmss"));
-    const QString archive = folder + QDir::separator() + QFileInfo(path).baseName() + QLatin1Char('_') + time
-        + QStringLiteral(".zip");
+    const QString archive =
+        folder + QDir::separator() + QFileInfo(path).baseName() + QLatin1Char('_') + time + QStringLiteral(".zip");
     if (!pack(archive, path))
         qDebug().noquote() << "backup failed:" << archive;
 }

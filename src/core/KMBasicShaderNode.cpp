@@ -25,7 +25,8 @@ KMBasicShaderNode::KMBasicShaderNode()
     setName(tr("Shader"));
 }
 
-KMBasicShaderNode::KMBasicShaderNode(const QString &name, const QColor &diffuse) : KMBasicShaderNode()
+KMBasicShaderNode::KMBasicShaderNode(const QString &name, const QColor &diffuse)
+    : KMBasicShaderNode()
 {
     setName(name);
     m_values.diffuse = diffuse;

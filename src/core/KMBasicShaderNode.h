@@ -17,9 +17,10 @@ struct KMBasicShader
     QColor ambient{0, 0, 0, 255};
     QColor emissive{0, 0, 0, 255};
     int shininess = 50; ///< specular exponent, 2 to 1000
-    std::array<int, TextureSlotCount> textures{-1, -1, -1, -1, -1, -1}; ///< indices into KMProject::textures(), -1 for none
-    int multiMode = 0; ///< how the second texture is mixed with the first
-    int shaderType = 0; ///< lighting model
+    std::array<int, TextureSlotCount> textures{-1, -1, -1,
+                                               -1, -1, -1}; ///< indices into KMProject::textures(), -1 for none
+    int multiMode = 0;                                      ///< how the second texture is mixed with the first
+    int shaderType = 0;                                     ///< lighting model
     QColor outlineColor{0, 0, 0, 255};
     bool outlineEnabled = false;
     float outlineSize = 1.0f; ///< as in PMX edge size

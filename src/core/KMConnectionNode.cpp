@@ -2,7 +2,8 @@
 
 #include "core/KMNodeType.h"
 
-KMConnectionNode::KMConnectionNode(KMNode *owner) : m_owner(owner)
+KMConnectionNode::KMConnectionNode(KMNode *owner)
+    : m_owner(owner)
 {
     setType(KMNodeType::Connection);
 }

@@ -60,11 +60,11 @@ public:
     /// Appends a tag and numbers its name: the present name with the first of 0, 1, 2, ... that is free
     /// among the live tags. Returns the tag's index. The node owns the tag from now on.
     int addTag(KMTagBase *tag);
-    int addTagKeepName(KMTagBase *tag); ///< for loading; returns the tag's index
+    int addTagKeepName(KMTagBase *tag);       ///< for loading; returns the tag's index
     int insertTag(int index, KMTagBase *tag); ///< for undo; returns the last index
-    int removeTag(KMTagBase *tag); ///< doesn't delete it; returns the last index
+    int removeTag(KMTagBase *tag);            ///< doesn't delete it; returns the last index
     bool hasTag(const KMTagBase *tag) const;
-    int indexOfTag(const KMTagBase *tag) const; ///< in the list with the deleted ones; -1 when it isn't there
+    int indexOfTag(const KMTagBase *tag) const;         ///< in the list with the deleted ones; -1 when it isn't there
     QString numberedTagName(const QString &name) const; ///< as addTag() would call a tag of this name
     int tagCount() const { return m_tags.size(); }
     KMTagBase *tag(int index) const { return m_tags.value(index, nullptr); }
@@ -76,17 +76,17 @@ public:
     // Hooks
 
     virtual KMContainerNode *clone() const; ///< an unattached copy; null for classes that can't be copied
-    virtual void pushAddCommand(); ///< pushes the command that brings this node into the scene
-    virtual void pushDeleteCommand(); ///< pushes the command that takes this node and its subtree out
+    virtual void pushAddCommand();          ///< pushes the command that brings this node into the scene
+    virtual void pushDeleteCommand();       ///< pushes the command that takes this node and its subtree out
     virtual bool isRefreshDeferred() const { return false; } ///< a command of the history will refresh it
-    virtual void refreshAfterEdit() {} ///< computes what the dirty bits ask for
-    virtual void notifyDependents() {} ///< hands its changes to tags and modifiers
-    virtual void forceFullRefresh() {} ///< once after the history was emptied
+    virtual void refreshAfterEdit() {}                       ///< computes what the dirty bits ask for
+    virtual void notifyDependents() {}                       ///< hands its changes to tags and modifiers
+    virtual void forceFullRefresh() {}                       ///< once after the history was emptied
     virtual void tagsChanged() {} ///< a command brought, removed or moved a tag: what depends on tags is stale
     virtual KMContainerNode *evaluatedMesh() const { return nullptr; } ///< what a modifier or primitive makes
     virtual bool sourcesChanged() { return false; } ///< a modifier whose meshes in the tree are others now
     virtual KMUndoCommand *makeBuildCommand() { return nullptr; } ///< rebuilds such a modifier
-    virtual QSet<int> shaderReferences() const { return {}; } ///< indices into KMProject::shaders() that it refers to
+    virtual QSet<int> shaderReferences() const { return {}; }  ///< indices into KMProject::shaders() that it refers to
     virtual QSet<int> textureReferences() const { return {}; } ///< indices into KMProject::textures() that it refers to
     virtual void pushShaderRemoved(int index); ///< follows the removal of the shader at this place of the list
 

@@ -6,7 +6,8 @@
 #include <QFileInfo>
 #include <QThread>
 
-KMFileTextureNode::KMFileTextureNode(const QString &path) : m_path(path)
+KMFileTextureNode::KMFileTextureNode(const QString &path)
+    : m_path(path)
 {
     setType(KMNodeType::FileTexture);
     setName(path.isEmpty() ? tr("Texture") : QFileInfo(path).fileName());

@@ -4,7 +4,11 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 
-addNodeCommand::addNodeCommand(KMContainerNode *node) : KMUndoCommand(tr("Add Node"), node), m_target(node) {}
+addNodeCommand::addNodeCommand(KMContainerNode *node)
+    : KMUndoCommand(tr("Add Node"), node)
+    , m_target(node)
+{
+}
 
 addNodeCommand::~addNodeCommand()
 {

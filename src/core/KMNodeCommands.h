@@ -42,7 +42,7 @@ private:
     void attach();
 
     KMContainerNode *m_target;
-    QTreeWidgetItem *m_row = nullptr; // owned while applied, with all rows below it
+    QTreeWidgetItem *m_row = nullptr;        // owned while applied, with all rows below it
     KMContainerNode *m_parentNode = nullptr; // null for a top-level row
     int m_position = -1;
     bool m_applied = false;

@@ -14,7 +14,10 @@ public:
     class const_iterator
     {
     public:
-        explicit const_iterator(QList<KMNode *>::const_iterator at) : m_at(at) {}
+        explicit const_iterator(QList<KMNode *>::const_iterator at)
+            : m_at(at)
+        {
+        }
         T *operator*() const { return static_cast<T *>(*m_at); }
         const_iterator &operator++()
         {
@@ -28,7 +31,10 @@ public:
         QList<KMNode *>::const_iterator m_at;
     };
 
-    explicit KMNodeListView(const QList<KMNode *> &nodes) : m_nodes(nodes) {}
+    explicit KMNodeListView(const QList<KMNode *> &nodes)
+        : m_nodes(nodes)
+    {
+    }
 
     const_iterator begin() const { return const_iterator(m_nodes.cbegin()); }
     const_iterator end() const { return const_iterator(m_nodes.cend()); }

@@ -7,7 +7,7 @@
 /// Whether the view follows a command to the row that it brings.
 enum class KMRowFocus {
     Current, ///< the row becomes the current one
-    Keep ///< what is current stays: for readers and for steps in the middle of a macro
+    Keep     ///< what is current stays: for readers and for steps in the middle of a macro
 };
 
 /// Whether a node may be moved under or beside another one: not to itself and not below itself.
@@ -40,10 +40,10 @@ class moveNodeCommand : public KMUndoCommand
     Q_DECLARE_TR_FUNCTIONS(moveNodeCommand)
 public:
     enum Mode {
-        LastTopLevel, ///< the target doesn't matter and may be null
-        LastChild, ///< of the target
+        LastTopLevel,   ///< the target doesn't matter and may be null
+        LastChild,      ///< of the target
         BeforeTopLevel, ///< before the top-level row of the target, or of the one that holds it
-        BeforeSibling ///< before the target, under the target's parent
+        BeforeSibling   ///< before the target, under the target's parent
     };
 
     moveNodeCommand(Mode mode, KMContainerNode *target, KMContainerNode *source,

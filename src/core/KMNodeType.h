@@ -8,7 +8,7 @@ namespace KMNodeType {
 
 enum Flag : int {
     ContainerFlag = 0x200000, ///< has a name, visibility and lock
-    TreeFlag = 0x400000, ///< is shown as a row of the node tree
+    TreeFlag = 0x400000,      ///< is shown as a row of the node tree
     ModifierFlag = 0x800000,
     PrimitiveFlag = 0x1000000,
     CtrlFlag = 0x2000000, ///< bones and bone containers
@@ -93,15 +93,42 @@ const Row *find(int id); ///< null for an unknown id
 
 } // namespace KMNodeType
 
-constexpr bool isContainer(int id) { return id & KMNodeType::ContainerFlag; }
-constexpr bool isTreeNode(int id) { return id & KMNodeType::TreeFlag; }
-constexpr bool isModifier(int id) { return id & KMNodeType::ModifierFlag; }
-constexpr bool isPrimitive(int id) { return id & KMNodeType::PrimitiveFlag; }
-constexpr bool isCtrl(int id) { return id & KMNodeType::CtrlFlag; }
-constexpr bool isNull(int id) { return id & KMNodeType::NullFlag; }
-constexpr bool isShader(int id) { return id & KMNodeType::ShaderFlag; }
-constexpr bool isTexture(int id) { return id & KMNodeType::TextureFlag; }
-constexpr bool isTag(int id) { return id & KMNodeType::TagFlag; }
+constexpr bool isContainer(int id)
+{
+    return id & KMNodeType::ContainerFlag;
+}
+constexpr bool isTreeNode(int id)
+{
+    return id & KMNodeType::TreeFlag;
+}
+constexpr bool isModifier(int id)
+{
+    return id & KMNodeType::ModifierFlag;
+}
+constexpr bool isPrimitive(int id)
+{
+    return id & KMNodeType::PrimitiveFlag;
+}
+constexpr bool isCtrl(int id)
+{
+    return id & KMNodeType::CtrlFlag;
+}
+constexpr bool isNull(int id)
+{
+    return id & KMNodeType::NullFlag;
+}
+constexpr bool isShader(int id)
+{
+    return id & KMNodeType::ShaderFlag;
+}
+constexpr bool isTexture(int id)
+{
+    return id & KMNodeType::TextureFlag;
+}
+constexpr bool isTag(int id)
+{
+    return id & KMNodeType::TagFlag;
+}
 
 /// Whether the move tools may change the node's transform: bone containers have one that stays put.
 constexpr bool isTransformable(int id)
@@ -114,7 +141,7 @@ constexpr bool isTransformable(int id)
 constexpr bool hasStateColumns(int id)
 {
     return isContainer(id) && !(id >= KMNodeType::BoolContainer && id <= KMNodeType::FloatContainer)
-        && id != KMNodeType::Null;
+           && id != KMNodeType::Null;
 }
 
 /// The short name for log output, "OTHERNODE" for an id that has none.

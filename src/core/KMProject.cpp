@@ -45,7 +45,9 @@ const KMProject::Family KMProject::families[] = {
     {0, KMNodeType::CtrlFlag, CtrlNodes, CtrlNodes},
 };
 
-KMProject::KMProject() : m_tree(new KMTreeWidget), m_information(new KMStringNode)
+KMProject::KMProject()
+    : m_tree(new KMTreeWidget)
+    , m_information(new KMStringNode)
 {
     setType(KMNodeType::Project);
     m_information->setOwner(this);
@@ -121,8 +123,8 @@ void KMProject::clear()
 /// empty scene and not one half deleted. Group and value nodes go first, as what they refer to must still be there.
 void KMProject::deleteContents()
 {
-    static const List owning[] = {DisplayNodes, BoolNodes, IntNodes, FloatNodes, NullNodes, BluePrints, ModifierNodes,
-                                  PrimitiveNodes, CtrlNodes, MeshNodes, AllShaders, AllTextures};
+    static const List owning[] = {DisplayNodes,  BoolNodes,      IntNodes,  FloatNodes, NullNodes,  BluePrints,
+                                  ModifierNodes, PrimitiveNodes, CtrlNodes, MeshNodes,  AllShaders, AllTextures};
     QList<KMNode *> nodes;
     for (const List list : owning)
         nodes += std::exchange(m_lists[list], {});
@@ -157,7 +159,8 @@ void KMProject::rebuildDerivedLists(QTreeWidgetItem *row)
     const auto isListed = [](const QTreeWidgetItem *member) {
         KMContainerNode *node = KMTreeWidget::nodeOf(member);
         const int type = node->type();
-        return type == KMNodeType::Mesh || isModifier(type) || isPrimitive(type) || isCtrl(type) || node->evaluatedMesh();
+        return type == KMNodeType::Mesh || isModifier(type) || isPrimitive(type) || isCtrl(type)
+               || node->evaluatedMesh();
     };
     const QList<QTreeWidgetItem *> members = KMTreeWidget::flatten(row);
     if (std::any_of(members.cbegin(), members.cend(), isListed))

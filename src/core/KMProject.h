@@ -59,18 +59,27 @@ public:
     KMNodeListView<KMBluePrint> bluePrints() const { return view<KMBluePrint>(BluePrints); }
     KMNodeListView<KMCameraNode> cameras() const { return view<KMCameraNode>(Cameras); }
 
-    KMNodeListView<KMTextureNode> textures() const { return view<KMTextureNode>(Textures); } ///< what materials refer to by index
-    KMNodeListView<KMShaderNode> shaders() const { return view<KMShaderNode>(Shaders); } ///< what faces refer to by index
+    KMNodeListView<KMTextureNode> textures() const
+    {
+        return view<KMTextureNode>(Textures);
+    } ///< what materials refer to by index
+    KMNodeListView<KMShaderNode> shaders() const
+    {
+        return view<KMShaderNode>(Shaders);
+    } ///< what faces refer to by index
     KMNodeListView<KMBasicShaderNode> defaultShaders() const { return view<KMBasicShaderNode>(DefaultShaders); }
 
     // Derived from the tree, in its order, without what is deleted
 
     KMNodeListView<KMMeshNode> meshesInTree() const { return derivedView<KMMeshNode>(MeshesInTree); }
-    KMNodeListView<KMMeshNode> renderMeshes() const { return derivedView<KMMeshNode>(RenderMeshes); } ///< with what modifiers and primitives make
+    KMNodeListView<KMMeshNode> renderMeshes() const
+    {
+        return derivedView<KMMeshNode>(RenderMeshes);
+    } ///< with what modifiers and primitives make
     KMNodeListView<KMModifierNode> modifiersInTree() const { return derivedView<KMModifierNode>(ModifiersInTree); }
     KMNodeListView<KMPrimitiveNode> primitivesInTree() const { return derivedView<KMPrimitiveNode>(PrimitivesInTree); }
     KMNodeListView<KMCtrlNode> ctrlsInTree() const { return derivedView<KMCtrlNode>(CtrlsInTree); }
-    void rebuildDerivedLists(); ///< marks them stale; they are rebuilt when next asked for
+    void rebuildDerivedLists();                     ///< marks them stale; they are rebuilt when next asked for
     void rebuildDerivedLists(QTreeWidgetItem *row); ///< likewise, if the row or one below it concerns them
 
     /// The shader at an index of a face: from 0 on one of shaders(), below it the built-in one of that number,
@@ -87,9 +96,9 @@ public:
     void addToScene(KMContainerNode *node, Naming naming = Naming::Unique);
     void deleteNode(KMContainerNode *node); ///< one macro "Delete Node"; shaders and textures with their references
     KMFileTextureNode *addTextureFile(const QString &path); ///< the live node of an equal path, or a new one
-    void addCamera(KMContainerNode *camera); ///< no command: cameras are not edited in steps; the project owns it
+    void addCamera(KMContainerNode *camera);   ///< no command: cameras are not edited in steps; the project owns it
     KMContainerNode *cameraById(int id) const; ///< the camera whose index() is the id; null when there is none
-    void addRaw(KMContainerNode *node); ///< unique name and list entry with neither row nor command, for readers
+    void addRaw(KMContainerNode *node);        ///< unique name and list entry with neither row nor command, for readers
     void checkModifiers(); ///< pushes a build command for every modifier when one finds other meshes to work on
 
     QString uniqueName(const KMContainerNode *node) const; ///< among the live nodes of its family
@@ -97,14 +106,15 @@ public:
     // For commands
 
     void removeNode(KMContainerNode *node) { removeNodes({node}); }
-    void removeNodes(const QList<KMContainerNode *> &nodes); ///< out of every list and forgotten by the session; not deleted
+    void
+    removeNodes(const QList<KMContainerNode *> &nodes); ///< out of every list and forgotten by the session; not deleted
     /// Deletes what only a command still kept, after removing it from every list. Nothing is left to do when
     /// the project went first: it owned the nodes of its lists.
     static void destroyNodes(const QList<KMContainerNode *> &nodes);
     void retitleBlock(KMNode *node, const QString &title); ///< its block in the schematic, where there is one
     enum class Shelf { Shaders, Textures };
     void attachToShelf(Shelf shelf, int index, KMContainerNode *node); ///< into the live list; an index of -1 appends
-    int detachFromShelf(Shelf shelf, KMContainerNode *node); ///< out of the live list; returns where it was
+    int detachFromShelf(Shelf shelf, KMContainerNode *node);           ///< out of the live list; returns where it was
 
     void clear(); ///< empties everything for another document; the history must be empty already
     void setBlockModel(KMBlockModel *blocks) { m_blocks = blocks; } ///< not owned; null for none

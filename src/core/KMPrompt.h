@@ -68,18 +68,19 @@ public:
     virtual ~KMPrompt() = default;
 
     static KMPrompt &current(); ///< the dialogues of KMWidgetPrompt until another one is set
-    static KMPrompt *setCurrent(KMPrompt *prompt); ///< takes no ownership; returns what was set before, null for the default
+    static KMPrompt *
+    setCurrent(KMPrompt *prompt); ///< takes no ownership; returns what was set before, null for the default
 
     /// Shows a message and returns the button that was pressed; a closed box gives the escape button.
     virtual QMessageBox::StandardButton message(const KMMessage &message) = 0;
     virtual QString openFile(const KMFileRequest &request) = 0; ///< an existing file; empty when cancelled
     virtual QString saveFile(const KMFileRequest &request) = 0; ///< empty when cancelled
-    virtual QString folder(const KMFileRequest &request) = 0; ///< empty when cancelled
+    virtual QString folder(const KMFileRequest &request) = 0;   ///< empty when cancelled
     virtual QColor color(const QColor &initial, const QString &title, QWidget *parent) = 0; ///< invalid when cancelled
     virtual QString text(const QString &title, const QString &label, const QString &initial, QWidget *parent,
                          bool *accepted) = 0;
     virtual bool options(KMOptionForm &form) = 0; ///< false when cancelled; the values are then as before
-    virtual bool dialog(QDialog &dialog) = 0; ///< runs any other dialogue modally; true when it was accepted
+    virtual bool dialog(QDialog &dialog) = 0;     ///< runs any other dialogue modally; true when it was accepted
 
     void warn(const QString &text, QWidget *parent = nullptr); ///< a plain warning with an Ok button
 };
@@ -89,7 +90,10 @@ class KMPromptScope
 {
     Q_DISABLE_COPY(KMPromptScope)
 public:
-    explicit KMPromptScope(KMPrompt *prompt) : m_previous(KMPrompt::setCurrent(prompt)) {}
+    explicit KMPromptScope(KMPrompt *prompt)
+        : m_previous(KMPrompt::setCurrent(prompt))
+    {
+    }
     ~KMPromptScope() { KMPrompt::setCurrent(m_previous); }
 
 private:

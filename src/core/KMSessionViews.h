@@ -7,5 +7,5 @@ public:
     virtual ~KMSessionViews() = default;
 
     virtual void refreshViews(int mask) = 0; ///< repaint; a bit for each kind of view, 31 for all
-    virtual void resetViews() = 0; ///< another document comes: cameras and options as in a new one
+    virtual void resetViews() = 0;           ///< another document comes: cameras and options as in a new one
 };

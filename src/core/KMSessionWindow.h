@@ -20,7 +20,7 @@ public:
     virtual void refreshAttributes() = 0; ///< the attribute panel shows what is current
     virtual void refreshSetup() = 0;
     virtual void repaintTrees() = 0; ///< node tree and bone tree, at once
-    virtual void resetPanels() = 0; ///< another document comes
+    virtual void resetPanels() = 0;  ///< another document comes
 
     virtual void showMessage(const QString &text, int level) = 0; ///< a line of the status bar
     virtual void setProgress(const QString &text) = 0;

@@ -179,7 +179,9 @@ void KMSolution::setCurrentNode(KMNode *node)
     if (node)
         m_previousNode = m_currentNode;
     m_currentNode = node;
-    const auto isGone = [](KMNode *n) { return n && isContainer(n->type()) && nodeAs<KMContainerNode>(n)->isDeleted(); };
+    const auto isGone = [](KMNode *n) {
+        return n && isContainer(n->type()) && nodeAs<KMContainerNode>(n)->isDeleted();
+    };
     if (isGone(m_previousNode))
         m_previousNode = nullptr;
     if (isGone(m_currentNode))
@@ -236,7 +238,7 @@ QString KMSolution::titleText() const
 {
     const QString base = m_fileName.isEmpty() ? tr("untitled") : QFileInfo(m_fileName).baseName();
     return QApplication::applicationName() + QStringLiteral(" - [") + base
-        + (isModified() ? QStringLiteral("*") : QString()) + QStringLiteral("]");
+           + (isModified() ? QStringLiteral("*") : QString()) + QStringLiteral("]");
 }
 
 void KMSolution::updateTitle()

@@ -65,11 +65,11 @@ public:
     /// Opens a native file in place of the document. On failure, which was shown, the document is empty
     /// and untitled.
     bool load(const QString &path);
-    bool save(); ///< to fileName(); false when there is none or the write failed
+    bool save();                          ///< to fileName(); false when there is none or the write failed
     bool saveBackup(const QString &path); ///< to any path, which becomes the file name; a failure clears that
-    void newDocument(); ///< an empty, untitled document; asks nothing
+    void newDocument();                   ///< an empty, untitled document; asks nothing
     QString fileName() const { return m_fileName; }
-    void setFileName(const QString &path); ///< sets the window title too
+    void setFileName(const QString &path);         ///< sets the window title too
     QDir directory() const { return m_directory; } ///< last used
     void setDirectory(const QDir &directory) { m_directory = directory; }
     /// Writes the log, the history and the text to a file, for the author of a fault report.
@@ -91,7 +91,7 @@ public:
     void setCurrentTexture(KMNode *texture) { m_currentTexture = texture; }
     KMTagBase *currentTag() const { return m_currentTag; }
     void setCurrentTag(KMTagBase *tag) { m_currentTag = tag; }
-    void forgetNode(const KMNode *node); ///< it left the scene: no current pointer keeps it
+    void forgetNode(const KMNode *node);  ///< it left the scene: no current pointer keeps it
     void forgetTag(const KMTagBase *tag); ///< likewise
     QAction *lastCommand() const;
 
@@ -108,8 +108,8 @@ public:
     void setNodeFilterOn(bool on) { m_nodeFilterOn = on; }
     QColor backgroundColor() const { return m_backgroundColor; }
     void setBackgroundColor(const QColor &color) { m_backgroundColor = color; }
-    kvm::Vector3 lightAngles() const { return m_lightAngles; } ///< degrees about x, y, z
-    void setLightAngles(const kvm::Vector3 &degrees); ///< light matrix and direction follow
+    kvm::Vector3 lightAngles() const { return m_lightAngles; }       ///< degrees about x, y, z
+    void setLightAngles(const kvm::Vector3 &degrees);                ///< light matrix and direction follow
     kvm::Vector3 lightDirection() const { return m_lightDirection; } ///< unit vector in world space
     kvm::Matrix4 lightMatrix() const { return m_lightMatrix; }
     int fogDistance() const { return m_fogDistance; }
@@ -133,7 +133,7 @@ public slots:
     void update(int undoIndex); ///< after each move of the history
     /// All command actions end here: remembers the sender as the command to repeat and tells the tool.
     void doCommand();
-    void autoSave(); ///< the autosave timer; waits while a tool or a macro is at work
+    void autoSave();                  ///< the autosave timer; waits while a tool or a macro is at work
     void speech(const QString &text); ///< speaks the text, where a voice is installed
 
 signals:

@@ -7,7 +7,8 @@ KMStringNode::KMStringNode()
     setType(KMNodeType::String);
 }
 
-KMStringNode::KMStringNode(const QString &text) : KMStringNode()
+KMStringNode::KMStringNode(const QString &text)
+    : KMStringNode()
 {
     m_value = text;
 }

@@ -4,7 +4,8 @@
 #include "core/KMSolution.h"
 #include "core/KMStringNode.h"
 
-KMTagBase::KMTagBase() : m_name(new KMStringNode)
+KMTagBase::KMTagBase()
+    : m_name(new KMStringNode)
 {
     setType(KMNodeType::Tag);
     m_name->setObjectName(QStringLiteral("tag_name"));

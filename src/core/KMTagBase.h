@@ -19,15 +19,15 @@ public:
     virtual void setOwner(KMNode *owner);
     virtual KMNode *owner() const;
 
-    virtual void unapply() {} ///< takes its offsets off the positions, before something reads base positions
-    virtual void apply() {} ///< lays its offsets on the positions again
+    virtual void unapply() {}       ///< takes its offsets off the positions, before something reads base positions
+    virtual void apply() {}         ///< lays its offsets on the positions again
     virtual void onFullRefresh() {} ///< everything about the mesh may have changed
     virtual void onNodeEvent(quint32 flags); ///< pending notifications of the mesh, once a frame
-    virtual void remapIndices() {} ///< the mesh was renumbered; it answers old index to new
-    virtual void rebuildWeights(int mask); ///< the refresh computes what the mask names
+    virtual void remapIndices() {}           ///< the mesh was renumbered; it answers old index to new
+    virtual void rebuildWeights(int mask);   ///< the refresh computes what the mask names
     virtual void onVertexRemoved(int index); ///< a vertex slot became empty
-    virtual void removeOffsets() {} ///< takes its offsets off and forgets them
-    virtual void resetValues() {} ///< puts its parameters back to rest
+    virtual void removeOffsets() {}          ///< takes its offsets off and forgets them
+    virtual void resetValues() {}            ///< puts its parameters back to rest
 
     /// A new tag of the same class with a copy of the data, not yet attached to a node.
     virtual KMTagBase *clone() const = 0;

@@ -16,7 +16,7 @@ class addTagCommand : public KMUndoCommand
 public:
     enum class Name {
         Numbered, ///< the first free number is put behind the tag's name
-        Keep ///< for tags that come with their name from a file or another node
+        Keep      ///< for tags that come with their name from a file or another node
     };
 
     /// At an index of the node's tag list; -1 puts it last.
@@ -68,7 +68,7 @@ private:
     KMTagBase *m_tag;
     KMContainerNode *m_source;
     KMContainerNode *m_target;
-    int m_index; // in the target's list
+    int m_index;                               // in the target's list
     QList<QPointer<KMTagBase>> m_predecessors; // of the tag on its source; deleted ones may be destroyed meanwhile
 };
 

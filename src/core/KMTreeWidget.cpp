@@ -22,7 +22,10 @@ class NodeRow : public QTreeWidgetItem
 public:
     static constexpr int TypeId = UserType + 1;
 
-    NodeRow() : QTreeWidgetItem(TypeId) {}
+    NodeRow()
+        : QTreeWidgetItem(TypeId)
+    {
+    }
     KMContainerNode *node() const { return m_node; }
 
     void setData(int column, int role, const QVariant &value) override
@@ -77,7 +80,8 @@ bool hasSelectedAncestor(const QTreeWidgetItem *row)
 
 } // namespace
 
-KMTreeWidget::KMTreeWidget(QWidget *parent) : QTreeWidget(parent)
+KMTreeWidget::KMTreeWidget(QWidget *parent)
+    : QTreeWidget(parent)
 {
     setObjectName(QStringLiteral("nodeTree"));
     setColumnCount(ColumnCount);

@@ -30,13 +30,14 @@ public:
     static QTreeWidgetItem *makeRow(KMContainerNode *node); ///< a row that leads to the node, in no tree yet
     static void showState(QTreeWidgetItem *row); ///< puts name and, where the class has them, the boxes on the row
     void giveRow(QTreeWidgetItem *row, KMContainerNode *node); ///< lets the row lead to another node from now on
-    void setRowText(QTreeWidgetItem *row, const QString &name); ///< quietly: the tree's signals tell of the user's edits
+    void setRowText(QTreeWidgetItem *row,
+                    const QString &name); ///< quietly: the tree's signals tell of the user's edits
     void setRowBox(QTreeWidgetItem *row, Column column, Qt::CheckState state); ///< likewise
-    static KMContainerNode *nodeOf(const QTreeWidgetItem *row); ///< null for a null row
-    static KMContainerNode *parentNodeOf(const KMContainerNode *node); ///< null at the top or without a row
+    static KMContainerNode *nodeOf(const QTreeWidgetItem *row);                ///< null for a null row
+    static KMContainerNode *parentNodeOf(const KMContainerNode *node);         ///< null at the top or without a row
 
     static QList<QTreeWidgetItem *> flatten(const QTreeWidget *tree); ///< all rows, parents before children
-    static QList<QTreeWidgetItem *> flatten(QTreeWidgetItem *row); ///< the row and all below it, likewise
+    static QList<QTreeWidgetItem *> flatten(QTreeWidgetItem *row);    ///< the row and all below it, likewise
     /// The selected rows without those below another one whose node is selected, so that a subtree moves as one.
     static QList<QTreeWidgetItem *> topSelectedItems(const QTreeWidget *tree);
     /// Copies what is expanded and hidden between subtrees of equal length; does nothing for others.

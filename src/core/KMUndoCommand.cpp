@@ -2,7 +2,8 @@
 
 #include "core/KMSolution.h"
 
-KMUndoCommand::KMUndoCommand(const QString &text, KMNode *node) : m_node(node)
+KMUndoCommand::KMUndoCommand(const QString &text, KMNode *node)
+    : m_node(node)
 {
     setText(text);
 }

@@ -20,7 +20,7 @@ public:
     void redo() final; ///< counts one step up and applies the new state
     void undo() final; ///< counts one step down and applies the old state
 
-    KMNode *node() const { return m_node; } ///< what the command edits; may be null
+    KMNode *node() const { return m_node; }                               ///< what the command edits; may be null
     const QSet<KMNode *> &touchedNodes() const { return m_touchedNodes; } ///< more nodes that depend on it
 
 protected:

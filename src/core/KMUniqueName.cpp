@@ -20,7 +20,10 @@ int plainNumber(const QStringRef &text)
 
 } // namespace
 
-KMNumberedNames::KMNumberedNames(const QString &base) : m_base(base) {}
+KMNumberedNames::KMNumberedNames(const QString &base)
+    : m_base(base)
+{
+}
 
 void KMNumberedNames::take(const QString &name)
 {

@@ -10,9 +10,9 @@ class KMNumberedNames
 {
 public:
     explicit KMNumberedNames(const QString &base);
-    void take(const QString &name); ///< this name is in use
+    void take(const QString &name);               ///< this name is in use
     bool isFull() const { return m_taken.all(); } ///< more names in use make no difference
-    QString firstFree() const; ///< base999 when all are in use
+    QString firstFree() const;                    ///< base999 when all are in use
 
 private:
     static constexpr int Limit = 1000;

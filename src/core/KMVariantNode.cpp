@@ -3,7 +3,8 @@
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 
-KMVariantNode::KMVariantNode(KMContainerNode *owner) : m_owner(owner)
+KMVariantNode::KMVariantNode(KMContainerNode *owner)
+    : m_owner(owner)
 {
     setType(KMNodeType::Variant);
 }
@@ -65,19 +66,22 @@ void KMVariantNode::propagateAlong(Path &path)
     path.removeLast();
 }
 
-KMBoolNode::KMBoolNode(KMContainerNode *owner) : KMVariantNode(owner)
+KMBoolNode::KMBoolNode(KMContainerNode *owner)
+    : KMVariantNode(owner)
 {
     setType(KMNodeType::Bool);
     setInitialValue(false);
 }
 
-KMIntNode::KMIntNode(KMContainerNode *owner) : KMVariantNode(owner)
+KMIntNode::KMIntNode(KMContainerNode *owner)
+    : KMVariantNode(owner)
 {
     setType(KMNodeType::Int);
     setInitialValue(0);
 }
 
-KMFloatNode::KMFloatNode(KMContainerNode *owner) : KMVariantNode(owner)
+KMFloatNode::KMFloatNode(KMContainerNode *owner)
+    : KMVariantNode(owner)
 {
     setType(KMNodeType::Float);
     setInitialValue(0.0f);

@@ -8,11 +8,11 @@ class QDebug;
 /// An undirected edge between two vertices, derived from the faces that have it.
 struct KMEdge
 {
-    int index0 = -1; ///< the smaller vertex index
-    int index1 = -1; ///< the larger vertex index
-    float weight = 0.0f; ///< crease weight for subdivision
-    quint8 flags = 0; ///< bits of KMElementFlag
-    quint8 drawn = 0; ///< part of a face that the view shows
+    int index0 = -1;       ///< the smaller vertex index
+    int index1 = -1;       ///< the larger vertex index
+    float weight = 0.0f;   ///< crease weight for subdivision
+    quint8 flags = 0;      ///< bits of KMElementFlag
+    quint8 drawn = 0;      ///< part of a face that the view shows
     KMRefList<2> faceRefs; ///< two is the manifold case, more or fewer are legal; a line polygon stands here twice
 
     quint64 key() const { return keyOf(index0, index1); }

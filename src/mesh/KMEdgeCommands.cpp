@@ -40,7 +40,10 @@ void memoryEdgeWeightCommand::restore()
     }
 }
 
-buildEdgeCommand::buildEdgeCommand(KMMeshNode *mesh) : KMMeshBothWaysCommand(tr("Build Edge"), mesh) {}
+buildEdgeCommand::buildEdgeCommand(KMMeshNode *mesh)
+    : KMMeshBothWaysCommand(tr("Build Edge"), mesh)
+{
+}
 
 void buildEdgeCommand::restore()
 {

@@ -21,7 +21,7 @@ struct KMEdgeState
 };
 Q_DECLARE_TYPEINFO(KMEdgeState, Q_PRIMITIVE_TYPE);
 
-KMEdgeState edgeStateOf(const KMMeshStore &mesh, int a, int b); ///< plain when there is no such edge
+KMEdgeState edgeStateOf(const KMMeshStore &mesh, int a, int b);                 ///< plain when there is no such edge
 QVector<KMEdgeState> edgeStatesOf(const KMMeshStore &mesh, const KMFace &face); ///< after each of its corners
 
 /// Writes the states. What is missing and not plain is made, without faces until the next rebuild.

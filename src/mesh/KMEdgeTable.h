@@ -15,7 +15,11 @@ public:
     class const_iterator
     {
     public:
-        const_iterator(const KMEdgeTable *table, int number) : m_table(table), m_number(number) {}
+        const_iterator(const KMEdgeTable *table, int number)
+            : m_table(table)
+            , m_number(number)
+        {
+        }
         KMEdge *operator*() const { return m_table->at(m_number); }
         const_iterator &operator++()
         {
@@ -38,7 +42,7 @@ public:
     const_iterator begin() const { return {this, 0}; }
     const_iterator end() const { return {this, m_size}; }
 
-    KMEdge *find(int a, int b) const; ///< in either order; null when there is no such edge
+    KMEdge *find(int a, int b) const;  ///< in either order; null when there is no such edge
     KMEdge *findKey(quint64 key) const ///< of the smaller index in the lower half; null for any other key
     {
         const int low = int(quint32(key));
@@ -46,9 +50,9 @@ public:
         return low <= high ? find(low, high) : nullptr;
     }
     KMEdge *findOrAdd(int a, int b); ///< a new edge has no flags, weight and faces
-    void reserve(int edges); ///< room for so many edges without growing
-    void clear(); ///< keeps the room for the next filling
-    void release(); ///< clears and gives the memory back
+    void reserve(int edges);         ///< room for so many edges without growing
+    void clear();                    ///< keeps the room for the next filling
+    void release();                  ///< clears and gives the memory back
 
 private:
     static constexpr int BlockBits = 8;
@@ -60,6 +64,6 @@ private:
 
     std::vector<std::unique_ptr<KMEdge[]>> m_blocks;
     std::unique_ptr<quint32[]> m_slots; // number of the edge plus one, 0 for an empty slot
-    size_t m_slotCount = 0; // a power of two, at least twice the number of edges
+    size_t m_slotCount = 0;             // a power of two, at least twice the number of edges
     int m_size = 0;
 };

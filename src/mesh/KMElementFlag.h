@@ -6,11 +6,11 @@
 namespace KMElementFlag {
 
 enum Bit : quint8 {
-    Hot = 2, ///< edges: highlighted under the cursor
+    Hot = 2,       ///< edges: highlighted under the cursor
     HotSecond = 4, ///< edges: highlighted, second stage
-    Selected = 8, ///< on a corner: its UV is selected
+    Selected = 8,  ///< on a corner: its UV is selected
     UVLocked = 16, ///< corners
-    Hidden = 32 ///< faces
+    Hidden = 32    ///< faces
 };
 
 } // namespace KMElementFlag

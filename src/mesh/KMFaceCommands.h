@@ -65,7 +65,7 @@ private:
     KMFace m_after;
     std::array<int, KMFace::MaxCorners> m_refPlaces;
     QVector<KMEdgeState> m_edgesBefore; // of the old corners and of the new ones
-    QVector<KMEdgeState> m_edgesAfter; // of the new corners
+    QVector<KMEdgeState> m_edgesAfter;  // of the new corners
 };
 
 /// Sets the shader of one face.

@@ -2,4 +2,8 @@
 
 #include "mesh/KMMeshNode.h"
 
-KMMeshCommand::KMMeshCommand(const QString &text, KMMeshNode *mesh) : KMUndoCommand(text, mesh), m_mesh(mesh) {}
+KMMeshCommand::KMMeshCommand(const QString &text, KMMeshNode *mesh)
+    : KMUndoCommand(text, mesh)
+    , m_mesh(mesh)
+{
+}

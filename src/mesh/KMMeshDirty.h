@@ -6,17 +6,17 @@
 namespace KMMeshDirty {
 
 enum Mask : quint32 {
-    Positions = 0x1, ///< normals
-    Edges = 0x2, ///< edges from the faces
-    Buffers = 0x8, ///< all of the renderer's buffers
-    Topology = 0x10, ///< the modifier chain from the start
-    Weights = 0x20, ///< crease weights
-    Shaders = 0x40, ///< shader indices, for the chain
-    FaceFlags = 0x80, ///< selection or hidden flag of a face
-    Colors = 0x100, ///< a flag changed that the view shows by a colour
+    Positions = 0x1,     ///< normals
+    Edges = 0x2,         ///< edges from the faces
+    Buffers = 0x8,       ///< all of the renderer's buffers
+    Topology = 0x10,     ///< the modifier chain from the start
+    Weights = 0x20,      ///< crease weights
+    Shaders = 0x40,      ///< shader indices, for the chain
+    FaceFlags = 0x80,    ///< selection or hidden flag of a face
+    Colors = 0x100,      ///< a flag changed that the view shows by a colour
     ResultMoved = 0x200, ///< the result of a modifier was moved by hand
     VertexFlags = 0x400,
-    SourceMoved = 0x800, ///< positions of a chain's source, same topology
+    SourceMoved = 0x800,             ///< positions of a chain's source, same topology
     Moved = Positions | SourceMoved, ///< what a move of vertices raises
     All = 0x7fff
 };

@@ -10,21 +10,21 @@ class KMMeshModifier
 public:
     virtual ~KMMeshModifier() = default;
 
-    virtual KMContainerNode *modifierNode() = 0; ///< the stage as a node of the tree
-    virtual KMMeshNode *modMesh() const = 0; ///< its result; may be null
-    virtual KMMeshNode *source() const = 0; ///< the mesh at the start of the chain; null while detached
+    virtual KMContainerNode *modifierNode() = 0;  ///< the stage as a node of the tree
+    virtual KMMeshNode *modMesh() const = 0;      ///< its result; may be null
+    virtual KMMeshNode *source() const = 0;       ///< the mesh at the start of the chain; null while detached
     virtual KMMeshModifier *previous() const = 0; ///< null for the first stage
-    virtual KMMeshModifier *next() const = 0; ///< null for the last stage
+    virtual KMMeshModifier *next() const = 0;     ///< null for the last stage
 
-    virtual void clearResult() = 0; ///< the topology of the mesh is about to be read anew
-    virtual void rebuild() = 0; ///< full recomputation of the result
-    virtual bool update() = 0; ///< new positions, same topology; true when the topology has to change after all
+    virtual void clearResult() = 0;   ///< the topology of the mesh is about to be read anew
+    virtual void rebuild() = 0;       ///< full recomputation of the result
+    virtual bool update() = 0;        ///< new positions, same topology; true when the topology has to change after all
     virtual void copyFaceFlags() = 0; ///< selection or hidden flag of a face changed
-    virtual void remapIndices() = 0; ///< the mesh was renumbered; it answers old index to new
+    virtual void remapIndices() = 0;  ///< the mesh was renumbered; it answers old index to new
     virtual void onVertexFlagsChanged() = 0;
     virtual void onPositionsChanged() = 0;
-    virtual void onWeightChanged() = 0; ///< crease weights
-    virtual void onShaderChanged() = 0; ///< shader indices of faces
+    virtual void onWeightChanged() = 0;                   ///< crease weights
+    virtual void onShaderChanged() = 0;                   ///< shader indices of faces
     virtual void onModMeshEdited(KMMeshNode *result) = 0; ///< a result was moved by hand
-    virtual void updateTags() = 0; ///< carry the tags of the input over to the result
+    virtual void updateTags() = 0;                        ///< carry the tags of the input over to the result
 };

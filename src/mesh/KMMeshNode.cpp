@@ -9,7 +9,9 @@
 #include "mesh/KMMeshRenderData.h"
 #include "mesh/KMSmoothNormals.h"
 
-KMMeshNode::KMMeshNode() : m_normals(std::make_unique<KMSmoothNormals>()), m_smoothAngle(new KMFloatNode(this))
+KMMeshNode::KMMeshNode()
+    : m_normals(std::make_unique<KMSmoothNormals>())
+    , m_smoothAngle(new KMFloatNode(this))
 {
     setType(KMNodeType::Mesh);
     setName(tr("Mesh"));

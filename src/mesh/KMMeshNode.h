@@ -64,7 +64,7 @@ public:
     // Derived by the refresh
 
     const QVector<KMVertex *> &liveVertices() const { return m_liveVertices; } ///< used by a face
-    const QVector<KMFace *> &liveFaces() const { return m_liveFaces; } ///< of two corners or more
+    const QVector<KMFace *> &liveFaces() const { return m_liveFaces; }         ///< of two corners or more
     const QList<int> &usedShaders() const { return m_usedShaders; } ///< of the live faces, ascending, each once
     int triangleCount() const { return m_triangleCount; }
 
@@ -92,13 +92,13 @@ public:
 
     // Tags and modifiers
 
-    KMTagBase *findTag(int type) const; ///< the first live one of the type, else null
+    KMTagBase *findTag(int type) const;                                   ///< the first live one of the type, else null
     const QList<ModifierEntry> &modifiers() const { return m_modifiers; } ///< in evaluation order
     void addModifierEntry(bool enabled, KMMeshModifier *modifier);
     void removeModifierEntry(KMMeshModifier *modifier);
     void clearModifierEntries() { m_modifiers.clear(); }
-    KMMeshModifier *findModifierOfType(int type) const; ///< the first enabled one, else null
-    KMContainerNode *ownerNode() const { return m_ownerNode; } ///< modifier or primitive that made it, else null
+    KMMeshModifier *findModifierOfType(int type) const;               ///< the first enabled one, else null
+    KMContainerNode *ownerNode() const { return m_ownerNode; }        ///< modifier or primitive that made it, else null
     KMMeshModifier *ownerModifier() const { return m_ownerModifier; } ///< null unless it is a modifier's result
     void setOwner(KMContainerNode *node, KMMeshModifier *modifier = nullptr);
 
@@ -126,7 +126,7 @@ public:
     // Whole mesh
 
     void clearGeometry();
-    void compact(); ///< renumbers at once; only where no step of the history knows the old indices
+    void compact();                      ///< renumbers at once; only where no step of the history knows the old indices
     void applyCompact(Dropped *dropped); ///< for the command: renumbers and tells tags and chain
     void applyExpand(const Dropped &dropped);
 
@@ -177,7 +177,7 @@ private:
     quint32 m_chainPending = 0; // what a refresh took and the chain's results don't show yet
     quint16 m_suspendNormals = 0;
     bool m_refreshDeferred = false;
-    KMFloatNode *m_smoothAngle; // owned
-    KMContainerNode *m_ownerNode = nullptr; // not owned
+    KMFloatNode *m_smoothAngle;                // owned
+    KMContainerNode *m_ownerNode = nullptr;    // not owned
     KMMeshModifier *m_ownerModifier = nullptr; // the same node, where it is a modifier
 };

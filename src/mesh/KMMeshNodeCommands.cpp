@@ -19,7 +19,10 @@ void editMeshNodeCommand::apply(Direction direction)
     mesh()->setSmoothAngle((direction == Direction::Redo ? m_after : m_before).smoothAngle);
 }
 
-forceMeshUpdateCommand::forceMeshUpdateCommand(KMMeshNode *mesh) : KMMeshBothWaysCommand(tr("Force Update"), mesh) {}
+forceMeshUpdateCommand::forceMeshUpdateCommand(KMMeshNode *mesh)
+    : KMMeshBothWaysCommand(tr("Force Update"), mesh)
+{
+}
 
 void forceMeshUpdateCommand::restore()
 {
@@ -27,7 +30,10 @@ void forceMeshUpdateCommand::restore()
     mesh()->markDirty(KMMeshDirty::All);
 }
 
-compactMeshCommand::compactMeshCommand(KMMeshNode *mesh) : KMMeshCommand(tr("Compact"), mesh) {}
+compactMeshCommand::compactMeshCommand(KMMeshNode *mesh)
+    : KMMeshCommand(tr("Compact"), mesh)
+{
+}
 
 void compactMeshCommand::apply(Direction direction)
 {

@@ -26,7 +26,7 @@ public:
     template <class T>
     struct Gaps
     {
-        QVector<int> indices; ///< ascending
+        QVector<int> indices;           ///< ascending
         QVector<QPair<int, T>> records; ///< by index, ascending
     };
     struct DroppedRef
@@ -40,7 +40,7 @@ public:
     {
         Gaps<KMVertex> vertices;
         Gaps<KMFace> faces;
-        QVector<DroppedRef> refs; ///< in the order in which they were taken out
+        QVector<DroppedRef> refs;   ///< in the order in which they were taken out
         QVector<KMEdgeState> edges; ///< what edges carried that are gone
         bool neededCompact = false;
     };
@@ -73,11 +73,11 @@ public:
     void setFaceColors(int f, const kvm::Vector4 colors[4]);
     void setFaceColor(int f, const kvm::Vector4 &color); ///< all corners the same
 
-    int addVertexRaw(const kvm::Vector3 &position); ///< returns the new index
-    int addFaceRaw(int count, const int *indices); ///< returns the new index; corners at null slots are allowed
+    int addVertexRaw(const kvm::Vector3 &position);        ///< returns the new index
+    int addFaceRaw(int count, const int *indices);         ///< returns the new index; corners at null slots are allowed
     void setFaceRaw(int f, int count, const int *indices); ///< as a new face in an old slot; keeps the normals
-    void reserve(int moreVertices, int moreFaces); ///< room for so many further records
-    void resizeVertices(int count); ///< fills up with empty records, or frees the last ones
+    void reserve(int moreVertices, int moreFaces);         ///< room for so many further records
+    void resizeVertices(int count);                        ///< fills up with empty records, or frees the last ones
     void resizeFaces(int count);
 
     // For commands
@@ -100,8 +100,8 @@ public:
     KMEdge *findOrAddEdge(int a, int b) { return m_edges.findOrAdd(a, b); }
     bool hasEdgeFlag(quint8 bit) const; ///< any edge has it
     int faceOfEdge(int a, int b) const; ///< the line polygon on exactly this edge, else -1
-    void rebuildEdges(); ///< keeps flags and weights of the edges that exist again
-    void buildEdges(); ///< from scratch
+    void rebuildEdges();                ///< keeps flags and weights of the edges that exist again
+    void buildEdges();                  ///< from scratch
 
     // Renumbering
 

@@ -81,7 +81,7 @@ public:
     }
     bool contains(int value) const { return indexOf(value) >= 0; }
     void clear() { m_size = 0; } ///< keeps its room
-    void resize(int size) ///< shortens the list; a longer one gets zeros
+    void resize(int size)        ///< shortens the list; a longer one gets zeros
     {
         while (m_size < size)
             append(0);

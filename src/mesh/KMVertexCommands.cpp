@@ -125,7 +125,8 @@ void editAllVertexCommand::apply(Direction direction)
     mesh()->markMoved();
 }
 
-memoryVertexCommand::memoryVertexCommand(KMMeshNode *mesh) : KMMeshBothWaysCommand(tr("Memory Vertex"), mesh)
+memoryVertexCommand::memoryVertexCommand(KMMeshNode *mesh)
+    : KMMeshBothWaysCommand(tr("Memory Vertex"), mesh)
 {
     m_positions.resize(3 * mesh->vertexCount());
     for (int i = 0; i < mesh->vertexCount(); ++i) {

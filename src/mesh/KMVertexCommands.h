@@ -119,7 +119,7 @@ class memoryVertexCommand : public KMMeshBothWaysCommand
 {
     Q_DECLARE_TR_FUNCTIONS(memoryVertexCommand)
 public:
-    explicit memoryVertexCommand(KMMeshNode *mesh); ///< the present positions
+    explicit memoryVertexCommand(KMMeshNode *mesh);                         ///< the present positions
     memoryVertexCommand(KMMeshNode *mesh, const QVector<float> &positions); ///< three for each vertex slot
 
 protected:

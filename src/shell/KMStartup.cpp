@@ -223,7 +223,8 @@ void KMStartup::openFirstDocument()
     if (!arguments.isEmpty())
         arguments.removeFirst();
     if (!arguments.isEmpty())
-        gSolution->load(QFileInfo(arguments.first()).absoluteFilePath()); // the list of recent files outlives the folder
+        gSolution->load(
+            QFileInfo(arguments.first()).absoluteFilePath()); // the list of recent files outlives the folder
     else
         m_window->loadStartupFile();
 }

@@ -74,7 +74,7 @@ public slots:
     void onUndoIndexChanged(int index);
     void onPaletteChanged();
     void onPanelNameChanged(const QString &name, int index); ///< of a custom panel, 0 to 3
-    void onSettingsApplied(); ///< takes over what the preferences have changed
+    void onSettingsApplied();                                ///< takes over what the preferences have changed
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -166,7 +166,7 @@ private:
     KMNodeClipboard *m_clipboard = nullptr;
     KMComContainer *m_commands = nullptr;
     QList<KMCommandContainer *> m_families; // of commands on what a mesh holds, each with a menu of its own
-    QList<QAction *> m_actions; // the window's own
+    QList<QAction *> m_actions;             // the window's own
 
     QList<KMDockWidget *> m_docks;
     kmnodewidget *m_nodeDock = nullptr;

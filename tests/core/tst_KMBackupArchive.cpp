@@ -70,8 +70,10 @@ void tst_KMBackupArchive::packsTheSavedFile_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("base");
 
-    QTest::newRow("plain") << "miku.kmd" << "miku";
-    QTest::newRow("more than one dot") << "miku.v2.kmd" << "miku";
+    QTest::newRow("plain") << "miku.kmd"
+                           << "miku";
+    QTest::newRow("more than one dot") << "miku.v2.kmd"
+                                       << "miku";
     QTest::newRow("Japanese") << QString::fromUtf8("初音ミク.kmd") << QString::fromUtf8("初音ミク");
 }
 
@@ -127,9 +129,12 @@ void tst_KMBackupArchive::failureLeavesNoArchive_data()
     QTest::addColumn<QString>("archive");
     QTest::addColumn<QString>("source");
 
-    QTest::newRow("source is gone") << "backup/a.zip" << "none.kmd";
-    QTest::newRow("source is a folder") << "backup/a.zip" << "backup";
-    QTest::newRow("archive can't be made") << "file/a.zip" << "miku.kmd";
+    QTest::newRow("source is gone") << "backup/a.zip"
+                                    << "none.kmd";
+    QTest::newRow("source is a folder") << "backup/a.zip"
+                                        << "backup";
+    QTest::newRow("archive can't be made") << "file/a.zip"
+                                           << "miku.kmd";
 }
 
 void tst_KMBackupArchive::failureLeavesNoArchive()

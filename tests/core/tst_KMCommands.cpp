@@ -100,15 +100,15 @@ const CommandRow commandRows[] = {
     {"setVisible shader", "Set Visible",
      [](SmallScene &s) -> KMUndoCommand * { return new setVisibleCommand(s.shaders[0], false); }},
     {"setLocked", "Set Lock", [](SmallScene &s) -> KMUndoCommand * { return new setLockedCommand(s.integer, true); }},
-    {"editSRT", "Edit SRT",
-     [](SmallScene &s) -> KMUndoCommand * { return new editSRTCommand(s.c, someTransform()); }},
+    {"editSRT", "Edit SRT", [](SmallScene &s) -> KMUndoCommand * { return new editSRTCommand(s.c, someTransform()); }},
     {"setIntInt", "Set Int",
      [](SmallScene &s) -> KMUndoCommand * { return new setIntIntCommand(s.integer->value(), 0, 42); }},
     {"setBoolBool", "Set Bool",
      [](SmallScene &s) -> KMUndoCommand * { return new setBoolBoolCommand(s.boolean->value(), true, false); }},
     {"setFloatFloat", "Set Float",
      [](SmallScene &s) -> KMUndoCommand * { return new setFloatFloatCommand(s.number->value(), 0.0f, 0.1f); }},
-    {"addTag", "Add Tag", [](SmallScene &s) -> KMUndoCommand * { return new addTagCommand(s.a, new Counted<TestTag>); }},
+    {"addTag", "Add Tag",
+     [](SmallScene &s) -> KMUndoCommand * { return new addTagCommand(s.a, new Counted<TestTag>); }},
     {"addTag in front", "Add Tag",
      [](SmallScene &s) -> KMUndoCommand * {
          return new addTagCommand(s.a, new Counted<TestTag>, 0, addTagCommand::Name::Keep);
@@ -211,19 +211,45 @@ void tst_KMCommands::move_data()
     QTest::addColumn<QString>("expected");
 
     using Move = moveNodeCommand;
-    QTest::newRow("to the end of the top") << Move::LastTopLevel << "" << "B" << "A(D) E B(C)";
-    QTest::newRow("top row to the end") << Move::LastTopLevel << "" << "A" << "E A(B(C) D)";
-    QTest::newRow("last child") << Move::LastChild << "E" << "B" << "A(D) E(B(C))";
-    QTest::newRow("last child of its own parent") << Move::LastChild << "A" << "B" << "A(D B(C)) E";
-    QTest::newRow("top row under a later one") << Move::LastChild << "E" << "A" << "E(A(B(C) D))";
-    QTest::newRow("before a top row") << Move::BeforeTopLevel << "E" << "C" << "A(B D) C E";
-    QTest::newRow("before a later top row") << Move::BeforeTopLevel << "E" << "A" << "A(B(C) D) E";
-    QTest::newRow("before an earlier top row") << Move::BeforeTopLevel << "A" << "E" << "E A(B(C) D)";
-    QTest::newRow("before the top row that holds the target") << Move::BeforeTopLevel << "C" << "E" << "E A(B(C) D)";
-    QTest::newRow("before a later sibling") << Move::BeforeSibling << "D" << "B" << "A(B(C) D) E";
-    QTest::newRow("before an earlier sibling") << Move::BeforeSibling << "B" << "D" << "A(D B(C)) E";
-    QTest::newRow("among the siblings of another") << Move::BeforeSibling << "C" << "E" << "A(B(E C) D)";
-    QTest::newRow("before a target at the top") << Move::BeforeSibling << "E" << "D" << "A(B(C)) D E";
+    QTest::newRow("to the end of the top") << Move::LastTopLevel << ""
+                                           << "B"
+                                           << "A(D) E B(C)";
+    QTest::newRow("top row to the end") << Move::LastTopLevel << ""
+                                        << "A"
+                                        << "E A(B(C) D)";
+    QTest::newRow("last child") << Move::LastChild << "E"
+                                << "B"
+                                << "A(D) E(B(C))";
+    QTest::newRow("last child of its own parent") << Move::LastChild << "A"
+                                                  << "B"
+                                                  << "A(D B(C)) E";
+    QTest::newRow("top row under a later one") << Move::LastChild << "E"
+                                               << "A"
+                                               << "E(A(B(C) D))";
+    QTest::newRow("before a top row") << Move::BeforeTopLevel << "E"
+                                      << "C"
+                                      << "A(B D) C E";
+    QTest::newRow("before a later top row") << Move::BeforeTopLevel << "E"
+                                            << "A"
+                                            << "A(B(C) D) E";
+    QTest::newRow("before an earlier top row") << Move::BeforeTopLevel << "A"
+                                               << "E"
+                                               << "E A(B(C) D)";
+    QTest::newRow("before the top row that holds the target") << Move::BeforeTopLevel << "C"
+                                                              << "E"
+                                                              << "E A(B(C) D)";
+    QTest::newRow("before a later sibling") << Move::BeforeSibling << "D"
+                                            << "B"
+                                            << "A(B(C) D) E";
+    QTest::newRow("before an earlier sibling") << Move::BeforeSibling << "B"
+                                               << "D"
+                                               << "A(D B(C)) E";
+    QTest::newRow("among the siblings of another") << Move::BeforeSibling << "C"
+                                                   << "E"
+                                                   << "A(B(E C) D)";
+    QTest::newRow("before a target at the top") << Move::BeforeSibling << "E"
+                                                << "D"
+                                                << "A(B(C)) D E";
 }
 
 void tst_KMCommands::move()

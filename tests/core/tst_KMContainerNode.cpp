@@ -88,8 +88,8 @@ void tst_KMContainerNode::newValueContainers_data()
                           << "Bool";
     QTest::newRow("int") << static_cast<KMValueNodeContainer *>(new KMIntNodeContainer) << "Int" << QVariant(0)
                          << "Integer";
-    QTest::newRow("float") << static_cast<KMValueNodeContainer *>(new KMFloatNodeContainer) << "Float"
-                           << QVariant(0.0f) << "Float";
+    QTest::newRow("float") << static_cast<KMValueNodeContainer *>(new KMFloatNodeContainer) << "Float" << QVariant(0.0f)
+                           << "Float";
 }
 
 void tst_KMContainerNode::newValueContainers()
@@ -127,7 +127,7 @@ void tst_KMContainerNode::portsAreFoundByObjectName()
     node.addNodePort(&second, QStringLiteral("Other"));
     QCOMPARE(node.nodePort(QStringLiteral("radius")), &radius);
     QCOMPARE(node.nodePort(QStringLiteral("container_visible")), node.visibleNode());
-    QVERIFY(!node.nodePort(QStringLiteral("Radius"))); // the label is no key
+    QVERIFY(!node.nodePort(QStringLiteral("Radius")));         // the label is no key
     QVERIFY(!node.nodePort(QStringLiteral("container_lock"))); // only what was added is a port
 }
 
@@ -150,14 +150,22 @@ void tst_KMContainerNode::tagsAreNumbered_data()
     QTest::addColumn<QString>("result");
 
     const QStringList none;
-    QTest::newRow("first") << none << none << "Group" << "Group0";
-    QTest::newRow("next") << QStringList{"Group0", "Group1"} << none << "Group" << "Group2";
-    QTest::newRow("gap") << QStringList{"Group0", "Group2"} << none << "Group" << "Group1";
-    QTest::newRow("deleted ones are free") << QStringList{"Group1"} << QStringList{"Group0"} << "Group" << "Group0";
-    QTest::newRow("digits of the name stay") << QStringList{"Group0"} << none << "Group0" << "Group00";
-    QTest::newRow("other names") << QStringList{"Groups0", "group0", "Group", "Group01"} << none << "Group" << "Group0";
-    QTest::newRow("placeholder in the name") << QStringList{"%1a%20"} << none << "%1a%2" << "%1a%21";
-    QTest::newRow("empty") << QStringList{"0", "1"} << none << "" << "2";
+    QTest::newRow("first") << none << none << "Group"
+                           << "Group0";
+    QTest::newRow("next") << QStringList{"Group0", "Group1"} << none << "Group"
+                          << "Group2";
+    QTest::newRow("gap") << QStringList{"Group0", "Group2"} << none << "Group"
+                         << "Group1";
+    QTest::newRow("deleted ones are free") << QStringList{"Group1"} << QStringList{"Group0"} << "Group"
+                                           << "Group0";
+    QTest::newRow("digits of the name stay") << QStringList{"Group0"} << none << "Group0"
+                                             << "Group00";
+    QTest::newRow("other names") << QStringList{"Groups0", "group0", "Group", "Group01"} << none << "Group"
+                                 << "Group0";
+    QTest::newRow("placeholder in the name") << QStringList{"%1a%20"} << none << "%1a%2"
+                                             << "%1a%21";
+    QTest::newRow("empty") << QStringList{"0", "1"} << none << ""
+                           << "2";
 }
 
 void tst_KMContainerNode::tagsAreNumbered()

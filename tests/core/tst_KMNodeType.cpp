@@ -42,7 +42,8 @@ struct Expected
     const char *families; ///< a letter for each predicate that holds
 };
 
-// Families: container, tree node, Modifier, Primitive, Ctrl, Null, Shader, teXture, taG; state columns '+', movable '*'.
+// Families: container, tree node, Modifier, Primitive, Ctrl, Null, Shader, teXture, taG; state columns '+', movable
+// '*'.
 const Expected expectedTypes[] = {
     {1, "OTHERNODE", ""},
     {2, "OTHERNODE", ""},
@@ -111,11 +112,11 @@ QByteArray familiesOf(int id)
         char letter;
     };
     const Predicate predicates[] = {
-        {[](int i) { return isContainer(i); }, 'c'}, {[](int i) { return isTreeNode(i); }, 't'},
-        {[](int i) { return isModifier(i); }, 'M'},  {[](int i) { return isPrimitive(i); }, 'P'},
-        {[](int i) { return isCtrl(i); }, 'C'},      {[](int i) { return isNull(i); }, 'N'},
-        {[](int i) { return isShader(i); }, 'S'},    {[](int i) { return isTexture(i); }, 'X'},
-        {[](int i) { return isTag(i); }, 'G'},       {[](int i) { return hasStateColumns(i); }, '+'},
+        {[](int i) { return isContainer(i); }, 'c'},     {[](int i) { return isTreeNode(i); }, 't'},
+        {[](int i) { return isModifier(i); }, 'M'},      {[](int i) { return isPrimitive(i); }, 'P'},
+        {[](int i) { return isCtrl(i); }, 'C'},          {[](int i) { return isNull(i); }, 'N'},
+        {[](int i) { return isShader(i); }, 'S'},        {[](int i) { return isTexture(i); }, 'X'},
+        {[](int i) { return isTag(i); }, 'G'},           {[](int i) { return hasStateColumns(i); }, '+'},
         {[](int i) { return isTransformable(i); }, '*'},
     };
     QByteArray letters;

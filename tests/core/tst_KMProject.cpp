@@ -85,7 +85,8 @@ KMBasicShaderNode *addShader(const char *name)
 
 void move(FakeNode *node, KMContainerNode *parent)
 {
-    gSolution->push(new moveNodeCommand(parent ? moveNodeCommand::LastChild : moveNodeCommand::LastTopLevel, parent, node));
+    gSolution->push(
+        new moveNodeCommand(parent ? moveNodeCommand::LastChild : moveNodeCommand::LastTopLevel, parent, node));
 }
 
 } // namespace
@@ -154,18 +155,30 @@ void tst_KMProject::uniqueNames_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("first") << QStringList{} << "Mesh" << "Mesh0";
-    QTest::newRow("others with numbers") << QStringList{"Mesh7", "Mesh12"} << "Mesh" << "Mesh0";
-    QTest::newRow("digits are stripped") << QStringList{"Mesh7", "Mesh12"} << "Mesh12" << "Mesh0";
-    QTest::newRow("next") << QStringList{"Mesh0", "Mesh1", "Mesh3"} << "Mesh9" << "Mesh2";
-    QTest::newRow("digits further in stay") << QStringList{"a1b0"} << "a1b23" << "a1b1";
-    QTest::newRow("digits only") << QStringList{"0", "1"} << "2024" << "2";
-    QTest::newRow("empty") << QStringList{} << "" << "0";
-    QTest::newRow("placeholder") << QStringList{"%10"} << "%1" << "%0";
-    QTest::newRow("placeholder within") << QStringList{"%1x0"} << "%1x" << "%1x1";
-    QTest::newRow("leading zero is another name") << QStringList{"Mesh00"} << "Mesh" << "Mesh0";
-    QTest::newRow("case counts") << QStringList{"mesh0"} << "Mesh" << "Mesh0";
-    QTest::newRow("Japanese") << QStringList{QString::fromUtf8("腕0")} << QString::fromUtf8("腕") << QString::fromUtf8("腕1");
+    QTest::newRow("first") << QStringList{} << "Mesh"
+                           << "Mesh0";
+    QTest::newRow("others with numbers") << QStringList{"Mesh7", "Mesh12"} << "Mesh"
+                                         << "Mesh0";
+    QTest::newRow("digits are stripped") << QStringList{"Mesh7", "Mesh12"} << "Mesh12"
+                                         << "Mesh0";
+    QTest::newRow("next") << QStringList{"Mesh0", "Mesh1", "Mesh3"} << "Mesh9"
+                          << "Mesh2";
+    QTest::newRow("digits further in stay") << QStringList{"a1b0"} << "a1b23"
+                                            << "a1b1";
+    QTest::newRow("digits only") << QStringList{"0", "1"} << "2024"
+                                 << "2";
+    QTest::newRow("empty") << QStringList{} << ""
+                           << "0";
+    QTest::newRow("placeholder") << QStringList{"%10"} << "%1"
+                                 << "%0";
+    QTest::newRow("placeholder within") << QStringList{"%1x0"} << "%1x"
+                                        << "%1x1";
+    QTest::newRow("leading zero is another name") << QStringList{"Mesh00"} << "Mesh"
+                                                  << "Mesh0";
+    QTest::newRow("case counts") << QStringList{"mesh0"} << "Mesh"
+                                 << "Mesh0";
+    QTest::newRow("Japanese") << QStringList{QString::fromUtf8("腕0")} << QString::fromUtf8("腕")
+                              << QString::fromUtf8("腕1");
 }
 
 void tst_KMProject::uniqueNames()
@@ -173,8 +186,8 @@ void tst_KMProject::uniqueNames()
     QFETCH(QStringList, taken);
     QFETCH(QString, name);
     QFETCH(QString, result);
-    const int types[] = {KMNodeType::Null, KMNodeType::Mesh, KMNodeType::BluePrint, KMNodeType::ModFFD,
-                         KMNodeType::PrimCube, KMNodeType::Bone};
+    const int types[] = {KMNodeType::Null,   KMNodeType::Mesh,     KMNodeType::BluePrint,
+                         KMNodeType::ModFFD, KMNodeType::PrimCube, KMNodeType::Bone};
     for (const int type : types) {
         RecordingSession scene;
         for (const QString &other : taken)
@@ -197,8 +210,8 @@ void tst_KMProject::namesOfDeletedNodesAreFree()
 void tst_KMProject::namesAreUniqueInTheirFamilyOnly()
 {
     RecordingSession scene;
-    const int families[] = {KMNodeType::Null, KMNodeType::Mesh, KMNodeType::BluePrint, KMNodeType::ModSym,
-                            KMNodeType::PrimPlane, KMNodeType::Bone};
+    const int families[] = {KMNodeType::Null,   KMNodeType::Mesh,      KMNodeType::BluePrint,
+                            KMNodeType::ModSym, KMNodeType::PrimPlane, KMNodeType::Bone};
     for (const int type : families)
         QCOMPARE(scene.addFake(type, QStringLiteral("N"))->name(), QStringLiteral("N0"));
     // Within a family the class makes no difference.
@@ -282,8 +295,8 @@ void tst_KMProject::addNodeSteps()
     scene.takeLog();
     auto *mesh = new FakeNode(KMNodeType::Mesh, QStringLiteral("Body"), scene.log());
     gProject->addNode(mesh);
-    QCOMPARE(scene.takeLog().mid(0, 3),
-             (CallLog{"commitOpenEditors", "sourcesChanged m0", "refresh Body0"})); // nothing in between but silent steps
+    QCOMPARE(scene.takeLog().mid(0, 3), (CallLog{"commitOpenEditors", "sourcesChanged m0",
+                                                 "refresh Body0"})); // nothing in between but silent steps
     QCOMPARE(scene.stack().count(), 2);
     QCOMPARE(topCommand(scene.stack()), QStringLiteral("Add Node"));
     QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add Node")});
@@ -499,7 +512,7 @@ void tst_KMProject::clearEmptiesEverything()
 {
     RecordingSession scene;
     QList<QPointer<KMNode>> nodes;
-    const int types[] = {KMNodeType::Mesh, KMNodeType::Null, KMNodeType::ModSdv, KMNodeType::PrimCube,
+    const int types[] = {KMNodeType::Mesh,          KMNodeType::Null,      KMNodeType::ModSdv, KMNodeType::PrimCube,
                          KMNodeType::BoneContainer, KMNodeType::BluePrint, KMNodeType::Display};
     for (const int type : types)
         nodes << scene.addFake(type, QStringLiteral("n"));

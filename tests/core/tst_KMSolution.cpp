@@ -178,15 +178,13 @@ void tst_KMSolution::updateOrder()
     scene.takeLog();
 
     gSolution->push(new FakeCommand(QStringLiteral("step"), scene.log()));
-    QCOMPARE(scene.takeLog(), (CallLog{"redo step",
-                                       "refresh a0", "refresh b0", // also what the history keeps may be stale
-                                       "refresh p0", "refresh c0",
-                                       "notify a0", // but only what is in the tree tells others
-                                       "notify m0",
-                                       "historyChanged 7",
-                                       "refreshSetup", "refreshViews 31", "refreshAttributes", "setDocumentTitle",
-                                       "refreshViews 31", "setDocumentTitle", // by the autosave that was waiting
-                                       "repaintTrees"}));
+    QCOMPARE(scene.takeLog(),
+             (CallLog{"redo step", "refresh a0", "refresh b0", // also what the history keeps may be stale
+                      "refresh p0", "refresh c0",
+                      "notify a0", // but only what is in the tree tells others
+                      "notify m0", "historyChanged 7", "refreshSetup", "refreshViews 31", "refreshAttributes",
+                      "setDocumentTitle", "refreshViews 31", "setDocumentTitle", // by the autosave that was waiting
+                      "repaintTrees"}));
     QCOMPARE(scene.format.written, QStringList{QStringLiteral("/tmp/doc.kmd")});
 }
 

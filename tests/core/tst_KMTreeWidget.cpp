@@ -126,12 +126,24 @@ void tst_KMTreeWidget::topSelectedItems_data()
     QTest::addColumn<QString>("nodes");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("nothing") << "" << "" << "";
-    QTest::newRow("in order of the tree") << "FCE" << "FCE" << "CEF";
-    QTest::newRow("below the parent") << "BCD" << "BCD" << "B";
-    QTest::newRow("below a grandparent") << "AD" << "AD" << "A";
-    QTest::newRow("parent's row alone") << "BC" << "C" << "BC";
-    QTest::newRow("parent's node alone") << "C" << "BC" << "C";
+    QTest::newRow("nothing") << ""
+                             << ""
+                             << "";
+    QTest::newRow("in order of the tree") << "FCE"
+                                          << "FCE"
+                                          << "CEF";
+    QTest::newRow("below the parent") << "BCD"
+                                      << "BCD"
+                                      << "B";
+    QTest::newRow("below a grandparent") << "AD"
+                                         << "AD"
+                                         << "A";
+    QTest::newRow("parent's row alone") << "BC"
+                                        << "C"
+                                        << "BC";
+    QTest::newRow("parent's node alone") << "C"
+                                         << "BC"
+                                         << "C";
 }
 
 void tst_KMTreeWidget::topSelectedItems()

@@ -80,10 +80,14 @@ void tst_KMVariantNode::changesTravelDepthFirst_data()
     QTest::addColumn<QString>("wires");
     QTest::addColumn<QString>("announced");
 
-    QTest::newRow("alone") << "bc" << "a";
-    QTest::newRow("chain") << "ab bc cd" << "dcba";
-    QTest::newRow("two branches") << "ab ad bc de" << "cbeda";
-    QTest::newRow("two ways to one") << "ab ac bd cd de" << "edbedca";
+    QTest::newRow("alone") << "bc"
+                           << "a";
+    QTest::newRow("chain") << "ab bc cd"
+                           << "dcba";
+    QTest::newRow("two branches") << "ab ad bc de"
+                                  << "cbeda";
+    QTest::newRow("two ways to one") << "ab ac bd cd de"
+                                     << "edbedca";
 }
 
 void tst_KMVariantNode::changesTravelDepthFirst()
@@ -103,11 +107,16 @@ void tst_KMVariantNode::ringsEnd_data()
     QTest::addColumn<QString>("wires");
     QTest::addColumn<QString>("announced");
 
-    QTest::newRow("itself") << "aa" << "aa";
-    QTest::newRow("two") << "ab ba" << "aba";
-    QTest::newRow("three") << "ab bc ca" << "acba";
-    QTest::newRow("beside the start") << "ab bc cb" << "bcba";
-    QTest::newRow("further on, with a way out") << "ab bc cd dc ce" << "cdecba";
+    QTest::newRow("itself") << "aa"
+                            << "aa";
+    QTest::newRow("two") << "ab ba"
+                         << "aba";
+    QTest::newRow("three") << "ab bc ca"
+                           << "acba";
+    QTest::newRow("beside the start") << "ab bc cb"
+                                      << "bcba";
+    QTest::newRow("further on, with a way out") << "ab bc cd dc ce"
+                                                << "cdecba";
 }
 
 void tst_KMVariantNode::ringsEnd()

@@ -79,14 +79,38 @@ void undo()
 
 const LifeRow lifeRows[] = {
     {"added node", [](SmallScene &) { gProject->addNode(new Counted<KMNullNode>); }, 0},
-    {"added node, undone", [](SmallScene &) { gProject->addNode(new Counted<KMNullNode>); undo(); }, 1},
+    {"added node, undone",
+     [](SmallScene &) {
+         gProject->addNode(new Counted<KMNullNode>);
+         undo();
+     },
+     1},
     {"inserted node, undone",
-     [](SmallScene &s) { gSolution->push(new insertNodeCommand(listedNull(), s.b)); undo(); }, 1},
+     [](SmallScene &s) {
+         gSolution->push(new insertNodeCommand(listedNull(), s.b));
+         undo();
+     },
+     1},
     {"deleted subtree with its tags", [](SmallScene &s) { gProject->deleteNode(s.a); }, 6},
-    {"deleted subtree, undone", [](SmallScene &s) { gProject->deleteNode(s.a); undo(); }, 0},
-    {"child deleted before its parent", [](SmallScene &s) { gProject->deleteNode(s.c); gProject->deleteNode(s.a); }, 6},
+    {"deleted subtree, undone",
+     [](SmallScene &s) {
+         gProject->deleteNode(s.a);
+         undo();
+     },
+     0},
+    {"child deleted before its parent",
+     [](SmallScene &s) {
+         gProject->deleteNode(s.c);
+         gProject->deleteNode(s.a);
+     },
+     6},
     {"changed node", [](SmallScene &s) { gSolution->push(new changeNodeCommand(listedNull(), s.e)); }, 2},
-    {"changed node, undone", [](SmallScene &s) { gSolution->push(new changeNodeCommand(listedNull(), s.e)); undo(); }, 1},
+    {"changed node, undone",
+     [](SmallScene &s) {
+         gSolution->push(new changeNodeCommand(listedNull(), s.e));
+         undo();
+     },
+     1},
     {"changed node, then deleted",
      [](SmallScene &s) {
          KMNullNode *newcomer = listedNull();
@@ -94,7 +118,12 @@ const LifeRow lifeRows[] = {
          gProject->deleteNode(newcomer);
      },
      3},
-    {"added tag, undone", [](SmallScene &s) { gSolution->push(new addTagCommand(s.c, new Counted<TestTag>)); undo(); }, 1},
+    {"added tag, undone",
+     [](SmallScene &s) {
+         gSolution->push(new addTagCommand(s.c, new Counted<TestTag>));
+         undo();
+     },
+     1},
     {"deleted tag", [](SmallScene &s) { gSolution->push(new deleteTagCommand(s.a, s.first)); }, 1},
     {"deleted tag of a deleted node",
      [](SmallScene &s) {
@@ -128,7 +157,12 @@ const LifeRow lifeRows[] = {
      },
      1},
     {"deleted shader", [](SmallScene &s) { gProject->deleteNode(s.shaders[0]); }, 1},
-    {"added shader, undone", [](SmallScene &) { gProject->addNode(new Counted<KMBasicShaderNode>); undo(); }, 1},
+    {"added shader, undone",
+     [](SmallScene &) {
+         gProject->addNode(new Counted<KMBasicShaderNode>);
+         undo();
+     },
+     1},
     {"deleted texture", [](SmallScene &s) { gProject->deleteNode(s.file); }, 1},
 };
 

@@ -31,9 +31,9 @@ class Walker
 public:
     Walker(quint32 seed, int undoLimit);
 
-    void step(); ///< one edit, a macro of several, or some way along the history
+    void step();                                  ///< one edit, a macro of several, or some way along the history
     QString problem() const { return m_problem; } ///< the first one that showed, with the number of its step
-    void goTo(int index); ///< of the history
+    void goTo(int index);                         ///< of the history
     int length() const { return gSolution->undoStack()->count(); }
     int index() const { return gSolution->undoStack()->index(); }
     const QString &startText() const { return m_texts.first(); }
@@ -85,20 +85,22 @@ private:
     QRandomGenerator m_random;
     SmallScene m_scene;
     int m_step = 0;
-    bool m_pushed = false; // the history moved
+    bool m_pushed = false;  // the history moved
     QList<QString> m_texts; // at each index of the history
     QString m_problem;
 };
 
 const Walker::Weighted Walker::edits[] = {
-    {8, &Walker::addNode},     {8, &Walker::insertNode}, {9, &Walker::deleteNode},    {14, &Walker::moveNode},
-    {6, &Walker::changeNode},  {4, &Walker::rename},     {6, &Walker::setSwitch},     {4, &Walker::transform},
-    {4, &Walker::setValue},    {10, &Walker::addTag},    {8, &Walker::deleteTag},     {8, &Walker::moveTag},
+    {8, &Walker::addNode},     {8, &Walker::insertNode},   {9, &Walker::deleteNode},      {14, &Walker::moveNode},
+    {6, &Walker::changeNode},  {4, &Walker::rename},       {6, &Walker::setSwitch},       {4, &Walker::transform},
+    {4, &Walker::setValue},    {10, &Walker::addTag},      {8, &Walker::deleteTag},       {8, &Walker::moveTag},
     {3, &Walker::renameTag},   {5, &Walker::addShelfNode}, {5, &Walker::deleteShelfNode}, {4, &Walker::editShader},
-    {4, &Walker::editTexture}, {3, &Walker::editTexts},  {3, &Walker::select},
+    {4, &Walker::editTexture}, {3, &Walker::editTexts},    {3, &Walker::select},
 };
 
-Walker::Walker(quint32 seed, int undoLimit) : m_random(seed), m_scene(undoLimit)
+Walker::Walker(quint32 seed, int undoLimit)
+    : m_random(seed)
+    , m_scene(undoLimit)
 {
     QObject::connect(gSolution->undoStack(), &QUndoStack::indexChanged, [this] { m_pushed = true; });
     m_texts << m_scene.dump.text();
@@ -391,7 +393,8 @@ void Walker::goTo(int target)
 void Walker::checkHere()
 {
     if (m_scene.dump.text() != m_texts.at(index()))
-        fail(QStringLiteral("another document\n--- expected\n%1--- actual\n%2").arg(m_texts.at(index()), m_scene.dump.text()));
+        fail(QStringLiteral("another document\n--- expected\n%1--- actual\n%2")
+                 .arg(m_texts.at(index()), m_scene.dump.text()));
     const KMTagBase *tag = gSolution->currentTag();
     if (tag && (tag->isDeleted() || nodeAs<KMContainerNode>(tag->owner())->isDeleted()))
         fail(QStringLiteral("the current tag isn't in the document"));

@@ -360,7 +360,7 @@ void tst_KMMeshNode::notificationsComeOnce()
 void tst_KMMeshNode::edgesKeepWhatTheyCarry()
 {
     const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(2, 1));
-    mesh->findEdge(1, 4)->weight = 0.5f; // between the quads
+    mesh->findEdge(1, 4)->weight = 0.5f;                   // between the quads
     mesh->findEdge(0, 1)->flags = KMElementFlag::Selected; // of the first alone
     mesh->findEdge(0, 3)->weight = 0.25f;
     mesh->removeFaceRefs(0);
@@ -564,7 +564,7 @@ void tst_KMMeshNode::flagSettersRaiseBits()
     QCOMPARE(bitsOf([&] { mesh->setCornerFlag(0, 2, bit); }), 0x100u);
     QCOMPARE(bitsOf([&] { mesh->setEdgeFlag(1, 0, bit | KMElementFlag::HotSecond); }), 0x100u);
     QCOMPARE(bitsOf([&] { mesh->setEdgeFlag(0, 9, bit); }), 0u); // no such edge
-    QCOMPARE(bitsOf([&] { mesh->setVertexFlag(7, bit); }), 0u); // null slots
+    QCOMPARE(bitsOf([&] { mesh->setVertexFlag(7, bit); }), 0u);  // null slots
     QCOMPARE(bitsOf([&] { mesh->setFaceFlag(2, bit); }), 0u);
     QVERIFY(mesh->hasEdgeFlag(KMElementFlag::HotSecond));
     mesh->clearAllEdgeFlags(KMElementFlag::Hot);
@@ -610,7 +610,7 @@ void tst_KMMeshNode::projection()
     const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(1, 1));
     mesh->setPosition(0, {1, 2, -4});
     mesh->setPosition(1, {1, 2, 4}); // behind the eye
-    kvm::Matrix4 perspective; // looks down z, w is the distance
+    kvm::Matrix4 perspective;        // looks down z, w is the distance
     perspective[11] = -1;
     perspective[15] = 0;
     perspective[14] = -0.5f;
@@ -656,7 +656,7 @@ void tst_KMMeshNode::drawnElements()
     const float fromAbove = (up > 0) == seenFromFront ? 1.0f : -1.0f;
     kvm::Matrix4 view;
     std::fill_n(view.m, 16, 0.0f);
-    view[0] = 0.1f; // x to the right
+    view[0] = 0.1f;             // x to the right
     view[9] = 0.1f * fromAbove; // z up when seen from above
     view[6] = -0.1f * fromAbove;
     view[15] = 1.0f;

@@ -64,8 +64,7 @@ const CommandRow commandRows[] = {
      [](KMMeshNode *m) -> KMUndoCommand * { return new addFaceCommand(m, otherFace(m)); }},
     {"deleteVertex loose", "Delete Vertex", 32767,
      [](KMMeshNode *m) -> KMUndoCommand * { return new deleteVertexCommand(m, 9); }},
-    {"deleteFace", "Delete Face", 32767,
-     [](KMMeshNode *m) -> KMUndoCommand * { return new deleteFaceCommand(m, 0); }},
+    {"deleteFace", "Delete Face", 32767, [](KMMeshNode *m) -> KMUndoCommand * { return new deleteFaceCommand(m, 0); }},
     {"deleteFace line", "Delete Face", 32767,
      [](KMMeshNode *m) -> KMUndoCommand * { return new deleteFaceCommand(m, 3); }},
     {"editFaceTopology", "Edit Face Topology", 32767,
@@ -295,7 +294,7 @@ void tst_MeshCommands::editedFaceTakesWeightsAlong()
     mesh.findEdge(1, 2)->weight = 0.125f;
     const QString before = scene.dump.text();
     KMFace face = *mesh.face(0); // corners 0 1 4 3
-    face.indices[0] = 2; // the edge after this corner leads to 1, where the other quad has one
+    face.indices[0] = 2;         // the edge after this corner leads to 1, where the other quad has one
     QVERIFY(KMMeshEdit::editFace(mesh, 0, face));
     QCOMPARE(mesh.findEdge(1, 2)->weight, 0.5f);
     QVERIFY(!mesh.findEdge(0, 1));
@@ -419,8 +418,8 @@ void tst_MeshCommands::removedShader_data()
                                << QStringList{single, single, single, single};
     QTest::newRow("only below") << QVector<int>{0, 0, 0, 0, 1, 1} << 2 << QVector<int>{0, 0, 0, 0, 1, 1}
                                 << QStringList();
-    QTest::newRow("none assigned") << QVector<int>{-1, -1, -1, -1, -1, -1} << 0
-                                   << QVector<int>{-1, -1, -1, -1, -1, -1} << QStringList();
+    QTest::newRow("none assigned") << QVector<int>{-1, -1, -1, -1, -1, -1} << 0 << QVector<int>{-1, -1, -1, -1, -1, -1}
+                                   << QStringList();
 }
 
 void tst_MeshCommands::removedShader()

@@ -37,7 +37,13 @@ QString difference(const QString &before, const QString &now)
 class Walker
 {
 public:
-    Walker(KMMeshNode *mesh, quint32 seed) : m_scene(mesh), m_mesh(*mesh), m_random(seed) { m_texts << text(); }
+    Walker(KMMeshNode *mesh, quint32 seed)
+        : m_scene(mesh)
+        , m_mesh(*mesh)
+        , m_random(seed)
+    {
+        m_texts << text();
+    }
 
     void step(); ///< a macro of one or more edits, or some way along the history
     void goTo(int index);
@@ -96,13 +102,13 @@ private:
 };
 
 const Walker::Edit Walker::edits[] = {
-    &Walker::addVertex, &Walker::addFace, &Walker::addFace, &Walker::addFace, &Walker::deleteVertex,
-    &Walker::deleteFace, &Walker::deleteFace, &Walker::editFace, &Walker::editFace, &Walker::editVertex,
-    &Walker::moveVertex, &Walker::moveMany, &Walker::moveAll, &Walker::splitQuad, &Walker::splitQuad,
-    &Walker::compact, &Walker::selectVertex, &Walker::selectFace, &Walker::selectEdge, &Walker::selectEdge,
-    &Walker::selectUV, &Walker::lockUV, &Walker::hideFace, &Walker::weighVertex, &Walker::weighEdge,
-    &Walker::weighEdge, &Walker::weighEdge, &Walker::setShader, &Walker::setShaders, &Walker::removeShader,
-    &Walker::editUV, &Walker::setAngle, &Walker::holdState,
+    &Walker::addVertex,  &Walker::addFace,      &Walker::addFace,    &Walker::addFace,     &Walker::deleteVertex,
+    &Walker::deleteFace, &Walker::deleteFace,   &Walker::editFace,   &Walker::editFace,    &Walker::editVertex,
+    &Walker::moveVertex, &Walker::moveMany,     &Walker::moveAll,    &Walker::splitQuad,   &Walker::splitQuad,
+    &Walker::compact,    &Walker::selectVertex, &Walker::selectFace, &Walker::selectEdge,  &Walker::selectEdge,
+    &Walker::selectUV,   &Walker::lockUV,       &Walker::hideFace,   &Walker::weighVertex, &Walker::weighEdge,
+    &Walker::weighEdge,  &Walker::weighEdge,    &Walker::setShader,  &Walker::setShaders,  &Walker::removeShader,
+    &Walker::editUV,     &Walker::setAngle,     &Walker::holdState,
 };
 
 QVector<int> Walker::someVertices(int count)
@@ -289,10 +295,14 @@ void tst_MeshWalk::everyStepIsSound_data()
         Maker make;
     };
     static const Start starts[] = {
-        {"grid", [] { return MeshFixtures::grid(4, 4); }}, {"torus", [] { return MeshFixtures::torus(4, 3); }},
-        {"cube", &MeshFixtures::cube}, {"cone", [] { return MeshFixtures::openCone(); }},
-        {"hole", &MeshFixtures::quadWithHole}, {"fan", [] { return MeshFixtures::nonManifoldFan(); }},
-        {"mixed", &MeshFixtures::mixedBag}, {"empty", [] { return MeshFixtures::grid(0, 0); }},
+        {"grid", [] { return MeshFixtures::grid(4, 4); }},
+        {"torus", [] { return MeshFixtures::torus(4, 3); }},
+        {"cube", &MeshFixtures::cube},
+        {"cone", [] { return MeshFixtures::openCone(); }},
+        {"hole", &MeshFixtures::quadWithHole},
+        {"fan", [] { return MeshFixtures::nonManifoldFan(); }},
+        {"mixed", &MeshFixtures::mixedBag},
+        {"empty", [] { return MeshFixtures::grid(0, 0); }},
     };
     const quint32 seeds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 500 : 12;
     QTest::addColumn<Maker>("make");

@@ -66,7 +66,8 @@ void tst_KMStartup::plainStart()
     if (QGuiApplication::platformName() != QLatin1String("offscreen")) {
         QVERIFY2(result.report.value(QStringLiteral("sharing")).toBool(),
                  "views and renderer have a context to share objects through");
-        QVERIFY2(!result.reported("log").contains(QStringLiteral("context sharing")), qPrintable(result.reported("log")));
+        QVERIFY2(!result.reported("log").contains(QStringLiteral("context sharing")),
+                 qPrintable(result.reported("log")));
     }
 
     QCOMPARE(setting(program, "Version/AppVer").toDouble(), 225.0);

@@ -1,8 +1,8 @@
 #include "support/DocumentDump.h"
 
 #include "core/KMBasicShaderNode.h"
-#include "core/KMFileTextureNode.h"
 #include "core/KMEmbeddedTextureNode.h"
+#include "core/KMFileTextureNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMNullNode.h"
 #include "core/KMProject.h"
@@ -34,8 +34,8 @@ QString shaderText(const KMBasicShader &s)
     QString text;
     for (const QColor &color : {s.diffuse, s.specular, s.ambient, s.emissive, s.outlineColor})
         text += QString::number(color.rgba64(), 16) + QLatin1Char(' ');
-    for (const int number : {s.shininess, s.multiMode, s.shaderType, int(s.outlineEnabled), int(s.doubleSided),
-                             int(s.sphereAdd)})
+    for (const int number :
+         {s.shininess, s.multiMode, s.shaderType, int(s.outlineEnabled), int(s.doubleSided), int(s.sphereAdd)})
         text += QString::number(number) + QLatin1Char(' ');
     for (const int texture : s.textures)
         text += QString::number(texture) + QLatin1Char(' ');
@@ -86,8 +86,8 @@ QString DocumentDump::text()
 void DocumentDump::writeRow(QTextStream &out, const QTreeWidgetItem *row, int depth)
 {
     const KMContainerNode *node = KMTreeWidget::nodeOf(row);
-    out << QString(depth, QLatin1Char(' ')) << "row " << row->text(KMTreeWidget::NameColumn)
-        << " boxes " << row->checkState(KMTreeWidget::VisibleColumn) << row->checkState(KMTreeWidget::LockColumn)
+    out << QString(depth, QLatin1Char(' ')) << "row " << row->text(KMTreeWidget::NameColumn) << " boxes "
+        << row->checkState(KMTreeWidget::VisibleColumn) << row->checkState(KMTreeWidget::LockColumn)
         << (row->isExpanded() ? " expanded" : "") << (row->isHidden() ? " hidden" : "")
         << (node->item() == row ? "" : " FOREIGN")
         << (row->data(KMTreeWidget::TagColumn, Qt::UserRole) == row->data(KMTreeWidget::NameColumn, Qt::UserRole)

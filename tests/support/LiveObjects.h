@@ -22,7 +22,8 @@ class Counted : public Node, private LiveObjects
 {
 public:
     template <class... Args>
-    explicit Counted(Args &&...args) : Node(std::forward<Args>(args)...)
+    explicit Counted(Args &&...args)
+        : Node(std::forward<Args>(args)...)
     {
     }
 };

@@ -267,8 +267,8 @@ QString meshText(const KMMeshNode &mesh)
     }
     QMap<quint64, QString> edges;
     for (const KMEdge *edge : mesh.edges())
-        edges[edge->key()] = QStringLiteral("edge %1 %2 flags %3 weight ").arg(edge->index0).arg(edge->index1)
-                                 .arg(edge->flags)
+        edges[edge->key()] =
+            QStringLiteral("edge %1 %2 flags %3 weight ").arg(edge->index0).arg(edge->index1).arg(edge->flags)
             + QString::fromLatin1(floatBits(&edge->weight, 1));
     for (const QString &edge : std::as_const(edges))
         out << edge << '\n';
@@ -281,7 +281,8 @@ void MeshDump::writeDetails(QTextStream &out, const KMContainerNode *node)
         out << '\n' << meshText(*static_cast<const KMMeshNode *>(node));
 }
 
-MeshScene::MeshScene(KMMeshNode *taken) : mesh(taken)
+MeshScene::MeshScene(KMMeshNode *taken)
+    : mesh(taken)
 {
     gProject->addNode(mesh);
     gSolution->clearHistory();

@@ -10,13 +10,13 @@ class KMMeshNode;
 /// Small meshes by name, refreshed, with faces that turn outward or up. The caller owns them.
 namespace MeshFixtures {
 
-KMMeshNode *grid(int width, int height); ///< so many quads, in the plane of x and z
+KMMeshNode *grid(int width, int height);   ///< so many quads, in the plane of x and z
 KMMeshNode *torus(int around, int across); ///< closed, so many quads each way
-KMMeshNode *cube(); ///< 8 vertices, 6 quads
-KMMeshNode *openCone(int sides = 6); ///< vertex 0 is the tip, triangles, no base
-KMMeshNode *quadWithHole(); ///< a ring of 8 quads about a missing one
+KMMeshNode *cube();                        ///< 8 vertices, 6 quads
+KMMeshNode *openCone(int sides = 6);       ///< vertex 0 is the tip, triangles, no base
+KMMeshNode *quadWithHole();                ///< a ring of 8 quads about a missing one
 KMMeshNode *nonManifoldFan(int quads = 5); ///< quads that share the edge of vertices 0 and 1
-KMMeshNode *mixedBag(); ///< quad, triangles, line polygon, a loose vertex, null slots
+KMMeshNode *mixedBag();                    ///< quad, triangles, line polygon, a loose vertex, null slots
 
 } // namespace MeshFixtures
 

@@ -25,7 +25,8 @@ void RecordingBlocks::pushDeleteBlock(KMNode *node)
         gSolution->push(new FakeCommand(QStringLiteral("delete block"), m_log, node));
 }
 
-RecordingSession::RecordingSession(int undoLimit) : session(undoLimit)
+RecordingSession::RecordingSession(int undoLimit)
+    : session(undoLimit)
 {
     gSolution->setWindow(&window);
     gSolution->setViews(&views);

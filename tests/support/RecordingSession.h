@@ -17,7 +17,10 @@
 class RecordingWindow : public KMSessionWindow
 {
 public:
-    explicit RecordingWindow(CallLog *log) : m_log(log) {}
+    explicit RecordingWindow(CallLog *log)
+        : m_log(log)
+    {
+    }
 
     QString documentTitle() const override { return title; }
     void setDocumentTitle(const QString &text) override;
@@ -38,7 +41,7 @@ public:
     QStringList recentFiles;
     QStringList messages;
     QAction *repeat = nullptr; ///< not owned
-    QStringList history; ///< the rows of the history dock; without any there is no dock
+    QStringList history;       ///< the rows of the history dock; without any there is no dock
 
 private:
     CallLog *m_log;
@@ -47,7 +50,10 @@ private:
 class RecordingViews : public KMSessionViews
 {
 public:
-    explicit RecordingViews(CallLog *log) : m_log(log) {}
+    explicit RecordingViews(CallLog *log)
+        : m_log(log)
+    {
+    }
     void refreshViews(int mask) override { *m_log << QStringLiteral("refreshViews %1").arg(mask); }
     void resetViews() override { *m_log << QStringLiteral("resetViews"); }
 
@@ -58,7 +64,10 @@ private:
 class RecordingTool : public KMSessionTool
 {
 public:
-    explicit RecordingTool(CallLog *log) : m_log(log) {}
+    explicit RecordingTool(CallLog *log)
+        : m_log(log)
+    {
+    }
     bool isEditing() const override { return editing; }
     void reset() override { *m_log << QStringLiteral("tool reset"); }
     void historyChanged(int undoIndex) override { *m_log << QStringLiteral("historyChanged %1").arg(undoIndex); }
@@ -86,7 +95,10 @@ public:
 class RecordingBlocks : public KMBlockModel
 {
 public:
-    explicit RecordingBlocks(CallLog *log) : m_log(log) {}
+    explicit RecordingBlocks(CallLog *log)
+        : m_log(log)
+    {
+    }
     void pushDeleteBlock(KMNode *node) override;
     void retitle(KMNode *, const QString &) override {}
 
@@ -104,7 +116,7 @@ public:
     explicit RecordingSession(int undoLimit = 0);
 
     FakeNode *addFake(int type, const QString &name); ///< in the scene, as a step of the history
-    CallLog takeLog(); ///< what was noted since the last call
+    CallLog takeLog();                                ///< what was noted since the last call
 
 private:
     CallLog m_log; // the notes outlive those who write them

@@ -27,7 +27,8 @@ private:
 
 } // namespace
 
-FakeNode::FakeNode(int type, const QString &name, CallLog *log) : m_log(log)
+FakeNode::FakeNode(int type, const QString &name, CallLog *log)
+    : m_log(log)
 {
     setType(type);
     setName(name);

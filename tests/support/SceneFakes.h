@@ -56,7 +56,8 @@ public:
 class FakeCommand : public KMUndoCommand
 {
 public:
-    explicit FakeCommand(const QString &text, CallLog *log = nullptr, KMNode *node = nullptr, KMNode *touched = nullptr);
+    explicit FakeCommand(const QString &text, CallLog *log = nullptr, KMNode *node = nullptr,
+                         KMNode *touched = nullptr);
 
 protected:
     void apply(Direction direction) override;

@@ -22,13 +22,13 @@ public:
     bool dialog(QDialog &dialog) override;
 
     QVector<QMessageBox::StandardButton> buttons; ///< answers to message(), first one first
-    QStringList paths; ///< answers to the file questions
+    QStringList paths;                            ///< answers to the file questions
     QStringList texts;
     QVector<QColor> colors;
     QVariantMap optionValues; ///< by key; a form is accepted when acceptForms is set
     bool acceptForms = false;
     std::function<bool(QDialog &)> onDialog; ///< acts on a shown dialogue, returns its result
-    std::function<void()> onMessage; ///< runs while a message is up, as the event loop of a box would
+    std::function<void()> onMessage;         ///< runs while a message is up, as the event loop of a box would
 
     QVector<KMMessage> messages; ///< all that were shown
     QVector<KMFileRequest> fileRequests;

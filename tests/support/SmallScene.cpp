@@ -33,7 +33,8 @@ QString rowText(const QTreeWidgetItem *row)
 
 } // namespace
 
-SmallScene::SmallScene(int undoLimit) : session(undoLimit)
+SmallScene::SmallScene(int undoLimit)
+    : session(undoLimit)
 {
     a = addNull(QStringLiteral("A"), nullptr);
     b = addNull(QStringLiteral("B"), a);

@@ -12,7 +12,9 @@
 class TestModifier : public KMNullNode, public KMMeshModifier
 {
 public:
-    TestModifier(KMMeshNode *source, QStringList *log, const QString &name) : m_source(source), m_log(log)
+    TestModifier(KMMeshNode *source, QStringList *log, const QString &name)
+        : m_source(source)
+        , m_log(log)
     {
         setType(KMNodeType::ModSym);
         setName(name);
@@ -58,7 +60,11 @@ private:
 class TestMeshTag : public KMTagBase
 {
 public:
-    explicit TestMeshTag(QStringList *log) : m_log(log) { setName(QStringLiteral("tag")); }
+    explicit TestMeshTag(QStringList *log)
+        : m_log(log)
+    {
+        setName(QStringLiteral("tag"));
+    }
 
     void unapply() override
     {

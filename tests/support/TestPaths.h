@@ -6,7 +6,7 @@
 /// compile the same in every clone and a compiler cache can serve them.
 namespace TestPaths {
 
-QString program(); ///< kelmo2
+QString program();      ///< kelmo2
 QString batchProgram(); ///< kelmo-batch
 QString sourceDir();
 
