@@ -16,10 +16,6 @@ class tst_KMContainerNode : public QObject
 {
     Q_OBJECT
 private slots:
-    void newContainer();
-    void newNull();
-    void newValueContainers_data();
-    void newValueContainers();
     void selectionIsAnnouncedWhenItChanges();
     void portsAreFoundByObjectName();
     void portWithoutNodeIsKept();
@@ -50,59 +46,6 @@ FakeTag *addNamed(KMContainerNode &node, const QString &name, bool deleted = fal
 }
 
 } // namespace
-
-void tst_KMContainerNode::newContainer()
-{
-    const KMContainerNode node;
-    QVERIFY(!node.isDeleted() && !node.isSelected() && !node.isLocked());
-    QVERIFY(node.isVisible());
-    QVERIFY(!node.item());
-    QCOMPARE(node.index(), -1);
-    QCOMPARE(node.nameNode()->objectName(), QStringLiteral("container_name"));
-    QCOMPARE(node.enNameNode()->objectName(), QStringLiteral("container_en_name"));
-    QCOMPARE(node.visibleNode()->objectName(), QStringLiteral("container_visible"));
-    QCOMPARE(node.lockedNode()->objectName(), QStringLiteral("container_lock"));
-    QCOMPARE(node.visibleNode()->owner(), &node);
-    QCOMPARE(node.lockedNode()->owner(), &node);
-    QCOMPARE(FakeTag(QStringLiteral("x")).nameNode()->objectName(), QStringLiteral("tag_name"));
-}
-
-void tst_KMContainerNode::newNull()
-{
-    const KMNullNode node;
-    QCOMPARE(node.name(), QStringLiteral("Null"));
-    QVERIFY(node.scale() == kvm::Vector3(1, 1, 1));
-    QVERIFY(node.translation() == kvm::Vector3());
-    const kvm::Quaternion &q = node.rotation();
-    QVERIFY(q.w == 1 && q.x == 0 && q.y == 0 && q.z == 0);
-}
-
-void tst_KMContainerNode::newValueContainers_data()
-{
-    QTest::addColumn<KMValueNodeContainer *>("node");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("port");
-
-    QTest::newRow("bool") << static_cast<KMValueNodeContainer *>(new KMBoolNodeContainer) << "Bool" << QVariant(true)
-                          << "Bool";
-    QTest::newRow("int") << static_cast<KMValueNodeContainer *>(new KMIntNodeContainer) << "Int" << QVariant(0)
-                         << "Integer";
-    QTest::newRow("float") << static_cast<KMValueNodeContainer *>(new KMFloatNodeContainer) << "Float" << QVariant(0.0f)
-                           << "Float";
-}
-
-void tst_KMContainerNode::newValueContainers()
-{
-    QFETCH(KMValueNodeContainer *, node);
-    const std::unique_ptr<KMValueNodeContainer> owned(node);
-    QTEST(node->name(), "name");
-    QTEST(node->value()->value(), "value");
-    QCOMPARE(node->value()->owner(), node);
-    QCOMPARE(node->ports().size(), 1);
-    QCOMPARE(node->ports().first().node, node->value());
-    QTEST(node->ports().first().label, "port");
-}
 
 void tst_KMContainerNode::selectionIsAnnouncedWhenItChanges()
 {

@@ -17,15 +17,11 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <algorithm>
 
 class tst_KMProject : public QObject
 {
     Q_OBJECT
 private slots:
-    void newProject();
-    void builtInShaders_data();
-    void builtInShaders();
     void shaderByIndex();
     void uniqueNames_data();
     void uniqueNames();
@@ -35,8 +31,6 @@ private slots:
     void derivedListsFollowTheTree();
     void derivedListsHoldWhatIsEvaluated();
     void addNodeSteps();
-    void everyFamilyHasItsList_data();
-    void everyFamilyHasItsList();
     void modifiersAreBuiltAgain();
     void deleteNodeSteps();
     void deletingAShaderShiftsReferences_data();
@@ -46,9 +40,7 @@ private slots:
     void textureFilesAreShared();
     void clearEmptiesEverything();
     void nothingRefersToWhatIsBeingCleared();
-    void ids();
     void cameras();
-    void frame();
 };
 
 namespace {
@@ -91,51 +83,6 @@ void move(FakeNode *node, KMContainerNode *parent)
 
 } // namespace
 
-void tst_KMProject::newProject()
-{
-    const RecordingSession scene;
-    QCOMPARE(gProject->type(), 0x200004);
-    QCOMPARE(gProject->name(), QStringLiteral("unnamed Project"));
-    QCOMPARE(gProject->information(), QStringLiteral("information"));
-    QCOMPARE(gProject->currentFrame(), 0);
-    for (int number = 1; number <= 4; ++number)
-        QCOMPARE(gProject->textInfo(number), QString());
-    QVERIFY(gProject->allNodes().isEmpty() && gProject->shaders().isEmpty() && gProject->textures().isEmpty());
-    QVERIFY(!gProject->isDestroying());
-}
-
-void tst_KMProject::builtInShaders_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QColor>("diffuse");
-    QTest::addColumn<QColor>("specular");
-    QTest::addColumn<QColor>("ambient");
-
-    const KMBasicShader plain;
-    QTest::newRow("0") << 0 << "Default" << plain.diffuse << plain.specular << plain.ambient;
-    QTest::newRow("1") << 1 << "Default" << QColor(160, 172, 216) << QColor(64, 64, 64) << QColor(16, 16, 32);
-    QTest::newRow("2") << 2 << "Orange" << QColor(255, 160, 0) << plain.specular << plain.ambient;
-    QTest::newRow("3") << 3 << "Red" << QColor(200, 0, 32) << plain.specular << plain.ambient;
-    QTest::newRow("4") << 4 << "Green" << QColor(0, 140, 32) << plain.specular << plain.ambient;
-    QTest::newRow("5") << 5 << "Blue" << QColor(0, 0, 200) << QColor(96, 96, 128) << plain.ambient;
-    QTest::newRow("6") << 6 << "BoneGreen" << QColor(60, 100, 100, 200) << plain.specular << plain.ambient;
-    QTest::newRow("7") << 7 << "AlphaGray" << QColor(128, 128, 128, 32) << plain.specular << plain.ambient;
-    QTest::newRow("8") << 8 << "clear" << QColor(0, 0, 0, 0) << plain.specular << plain.ambient;
-}
-
-void tst_KMProject::builtInShaders()
-{
-    const RecordingSession scene;
-    QFETCH(int, index);
-    QCOMPARE(gProject->defaultShaders().size(), 9);
-    const KMBasicShaderNode *shader = gProject->defaultShaders().at(index);
-    QTEST(shader->name(), "name");
-    QTEST(shader->values().diffuse, "diffuse");
-    QTEST(shader->values().specular, "specular");
-    QTEST(shader->values().ambient, "ambient");
-}
-
 void tst_KMProject::shaderByIndex()
 {
     const RecordingSession scene;
@@ -165,18 +112,12 @@ void tst_KMProject::uniqueNames_data()
                           << "Mesh2";
     QTest::newRow("digits further in stay") << QStringList{"a1b0"} << "a1b23"
                                             << "a1b1";
-    QTest::newRow("digits only") << QStringList{"0", "1"} << "2024"
-                                 << "2";
     QTest::newRow("empty") << QStringList{} << ""
                            << "0";
     QTest::newRow("placeholder") << QStringList{"%10"} << "%1"
                                  << "%0";
-    QTest::newRow("placeholder within") << QStringList{"%1x0"} << "%1x"
-                                        << "%1x1";
     QTest::newRow("leading zero is another name") << QStringList{"Mesh00"} << "Mesh"
                                                   << "Mesh0";
-    QTest::newRow("case counts") << QStringList{"mesh0"} << "Mesh"
-                                 << "Mesh0";
     QTest::newRow("Japanese") << QStringList{QString::fromUtf8("腕0")} << QString::fromUtf8("腕")
                               << QString::fromUtf8("腕1");
 }
@@ -310,47 +251,6 @@ void tst_KMProject::addNodeSteps()
     gProject->addNode(new KMProcTextureNode);
     QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add TextureNode")});
     QCOMPARE(gSolution->macroDepth(), 0);
-}
-
-void tst_KMProject::everyFamilyHasItsList_data()
-{
-    QTest::addColumn<KMContainerNode *>("node");
-    QTest::addColumn<int>("list");
-
-    const auto row = [](const char *name, KMContainerNode *node, int list) { QTest::newRow(name) << node << list; };
-    row("mesh", new FakeNode(KMNodeType::Mesh, {}), 0);
-    row("blueprint", new FakeNode(KMNodeType::BluePrint, {}), 1);
-    row("null", new KMNullNode, 2);
-    row("bool", new KMBoolNodeContainer, 3);
-    row("int", new KMIntNodeContainer, 4);
-    row("float", new KMFloatNodeContainer, 5);
-    row("modifier", new FakeNode(KMNodeType::ModAnchor, {}), 6);
-    row("primitive", new FakeNode(KMNodeType::Prim3DText, {}), 7);
-    row("bone", new FakeNode(KMNodeType::Bone, {}), 8);
-    row("bone container", new FakeNode(KMNodeType::BoneContainer, {}), 8);
-    row("basic shader", new KMBasicShaderNode, 9);
-    row("pbr shader", new KMPbrShaderNode, 9);
-    row("file texture", new KMFileTextureNode, 10);
-    row("computed texture", new KMProcTextureNode, 10);
-    row("display group", new FakeNode(KMNodeType::Display, {}), 11);
-}
-
-void tst_KMProject::everyFamilyHasItsList()
-{
-    RecordingSession scene;
-    QFETCH(KMContainerNode *, node);
-    QFETCH(int, list);
-    gProject->addToScene(node);
-    const QList<KMNode *> lists[] = {
-        gProject->meshNodes().nodes(),     gProject->bluePrints().nodes(),     gProject->nullNodes().nodes(),
-        gProject->boolNodes().nodes(),     gProject->intNodes().nodes(),       gProject->floatNodes().nodes(),
-        gProject->modifierNodes().nodes(), gProject->primitiveNodes().nodes(), gProject->ctrlNodes().nodes(),
-        gProject->allShaders().nodes(),    gProject->allTextures().nodes(),    gProject->displayNodes().nodes()};
-    for (int i = 0; i < int(std::size(lists)); ++i)
-        QCOMPARE(lists[i], i == list ? QList<KMNode *>{node} : QList<KMNode *>{});
-    QCOMPARE(gProject->allNodes().nodes(), QList<KMNode *>{node});
-    QCOMPARE(gProject->shaders().contains(node), list == 9);
-    QCOMPARE(gProject->textures().contains(node), list == 10);
 }
 
 void tst_KMProject::modifiersAreBuiltAgain()
@@ -566,16 +466,6 @@ void tst_KMProject::nothingRefersToWhatIsBeingCleared()
     QVERIFY(!gSolution->currentNode() && !gSolution->previousNode());
 }
 
-void tst_KMProject::ids()
-{
-    const RecordingSession scene;
-    QSet<int> ids;
-    for (int i = 0; i < 200000; ++i)
-        ids << gProject->newId();
-    QCOMPARE(ids.size(), 200000);
-    QVERIFY(*std::min_element(ids.cbegin(), ids.cend()) >= 0);
-}
-
 void tst_KMProject::cameras()
 {
     const RecordingSession scene;
@@ -590,16 +480,6 @@ void tst_KMProject::cameras()
     QCOMPARE(gSolution->undoStack()->count(), 0);
     gProject->clear(); // the views keep looking through them
     QCOMPARE(gProject->cameras().size(), 2);
-}
-
-void tst_KMProject::frame()
-{
-    const RecordingSession scene;
-    const QSignalSpy spy(gProject, &KMProject::frameChanged);
-    gProject->setCurrentFrame(30);
-    QCOMPARE(gProject->currentFrame(), 30);
-    QCOMPARE(spy.size(), 1);
-    QCOMPARE(spy[0][0].toInt(), 30);
 }
 
 KM_TEST(tst_KMProject);

@@ -34,10 +34,8 @@ private slots:
     void keysOfOlderReleasesVanish();
     void colorPlaces();
     void colorSignal();
-    void handleSignal();
     void applySendsOnlyWhatChanged();
     void actionGroups();
-    void windowWithAndWithoutFactory();
     void wallpaperOfAFile();
 
 private:
@@ -362,18 +360,6 @@ void tst_KMSettings::colorSignal()
     QCOMPARE(spy.count(), 1);
 }
 
-void tst_KMSettings::handleSignal()
-{
-    KMSettings settings(m_dir->path());
-    QSignalSpy spy(&settings, &KMSettings::OPHandleZRevCHanged);
-    settings.setHandleZRev(true);
-    settings.setHandleZRev(true);
-    settings.setHandleZRev(false);
-    QCOMPARE(spy.count(), 2);
-    QCOMPARE(spy.at(0).at(0).toBool(), true);
-    QCOMPARE(spy.at(1).at(0).toBool(), false);
-}
-
 void tst_KMSettings::applySendsOnlyWhatChanged()
 {
     KMSettings settings(m_dir->path());
@@ -409,27 +395,6 @@ void tst_KMSettings::actionGroups()
     settings.setActionGroup(QStringLiteral("File(&F)"), {&save});
     QCOMPARE(settings.actionGroups().size(), 2);
     QCOMPARE(settings.actionGroups().at(0).actions.size(), 1);
-}
-
-/// The settings only hand the pointers on, so any address serves for a window and a dialogue.
-void tst_KMSettings::windowWithAndWithoutFactory()
-{
-    static int made = 0;
-    auto *window = reinterpret_cast<kmmainwidget *>(this);
-    KMSettings settings(m_dir->path());
-    settings.setMainWidget(window);
-    QCOMPARE(settings.mainWidget, window);
-    QVERIFY(!settings.preferences);
-
-    settings.preferencesFactory = [](kmmainwidget *parent) {
-        ++made;
-        return reinterpret_cast<kmpreferenceswidget *>(parent);
-    };
-    settings.setMainWidget(window);
-    QVERIFY(settings.preferences);
-    settings.setMainWidget(nullptr);
-    QVERIFY(!settings.mainWidget && !settings.preferences);
-    QCOMPARE(made, 1);
 }
 
 void tst_KMSettings::wallpaperOfAFile()

@@ -4,7 +4,6 @@
 #include "core/KMProject.h"
 #include "core/KMPrompt.h"
 #include "core/KMSettings.h"
-#include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
 #include "support/RecordingSession.h"
 #include "support/ScriptedPrompt.h"
@@ -14,13 +13,10 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <cmath>
-
 class tst_KMSolution : public QObject
 {
     Q_OBJECT
 private slots:
-    void newSession();
     void modified_data();
     void modified();
     void macroCountsItsCommands();
@@ -31,7 +27,6 @@ private slots:
     void deferredRefresh();
     void worksWithoutAnybody();
     void currentAndPreviousNode();
-    void rowsSetTheCurrentNode();
     void deletedNodesAreNotCurrent();
     void currentTagGoesWithItsNode();
     void addonAnnouncesItsFirstStep_data();
@@ -48,7 +43,6 @@ private slots:
     void waitingAutoSaveRespectsTheSetting();
     void waitingAutoSaveWritesNothingGivenUp();
     void autoSaveAsksOnce();
-    void lightFollowsItsAngles();
 };
 
 namespace {
@@ -59,21 +53,6 @@ void push(const char *text = "step")
 }
 
 } // namespace
-
-void tst_KMSolution::newSession()
-{
-    const RecordingSession scene;
-    QVERIFY(!gSolution->isModified());
-    QCOMPARE(gSolution->type(), int(KMNodeType::Container));
-    QCOMPARE(gSolution->directory(), QDir::home());
-    QCOMPARE(gSolution->fileName(), QString());
-    QCOMPARE(gSolution->displayMask(), 393);
-    QCOMPARE(gSolution->fogDistance(), 100);
-    QVERIFY(!gSolution->isFogEnabled() && !gSolution->areViewsReady() && !gSolution->isBusy());
-    QCOMPARE(gSolution->macroDepth(), 0);
-    QVERIFY(!gSolution->save()); // it has no name yet
-    QVERIFY(gSolution->lightMatrix() == kvm::Matrix4());
-}
 
 /// A letter a step: e edit, m macro of three, u undo, r redo, s save, b save under another name.
 void tst_KMSolution::modified_data()
@@ -273,18 +252,6 @@ void tst_KMSolution::currentAndPreviousNode()
     gSolution->setCurrentNode(b);
     QVERIFY(!gSolution->previousNode());
     QCOMPARE(announced, (QVector<KMNode *>{a, nullptr, b}));
-}
-
-void tst_KMSolution::rowsSetTheCurrentNode()
-{
-    RecordingSession scene;
-    FakeNode *a = scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
-    FakeNode *b = scene.addFake(KMNodeType::Mesh, QStringLiteral("b"));
-    QCOMPARE(gSolution->currentNode(), b);
-    gProject->tree()->setCurrentItem(a->item());
-    QCOMPARE(gSolution->currentNode(), a);
-    gProject->tree()->setCurrentItem(nullptr);
-    QVERIFY(!gSolution->currentNode());
 }
 
 void tst_KMSolution::deletedNodesAreNotCurrent()
@@ -546,19 +513,6 @@ void tst_KMSolution::autoSaveAsksOnce()
     QCOMPARE(scene.format.written.size(), 1);
     gSolution->autoSave();
     QCOMPARE(prompt.messages.size(), 2); // nothing to save any more
-}
-
-void tst_KMSolution::lightFollowsItsAngles()
-{
-    const RecordingSession scene;
-    const kvm::Vector3 before = gSolution->lightDirection();
-    gSolution->setLightAngles({0, 90, 0});
-    const kvm::Vector3 light = gSolution->lightDirection();
-    QCOMPARE(std::sqrt(light.x * light.x + light.y * light.y + light.z * light.z), 1.0f);
-    QVERIFY(std::abs(light.x * before.x + light.y * before.y + light.z * before.z) < 1e-6f); // a right angle
-    QVERIFY(gSolution->lightAngles() == kvm::Vector3(0, 90, 0));
-    gSolution->setLightAngles({});
-    QVERIFY(gSolution->lightDirection() == before);
 }
 
 KM_TEST(tst_KMSolution);

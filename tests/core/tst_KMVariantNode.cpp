@@ -11,7 +11,6 @@ class tst_KMVariantNode : public QObject
 {
     Q_OBJECT
 private slots:
-    void initialValues();
     void changesTravelDepthFirst_data();
     void changesTravelDepthFirst();
     void ringsEnd_data();
@@ -64,16 +63,6 @@ private:
 };
 
 } // namespace
-
-void tst_KMVariantNode::initialValues()
-{
-    QCOMPARE(KMBoolNode().value(), QVariant(false));
-    QCOMPARE(KMIntNode().value(), QVariant(0));
-    QCOMPARE(KMFloatNode().value(), QVariant(0.0f));
-    QCOMPARE(int(KMFloatNode().value().type()), int(QMetaType::Float));
-    QVERIFY(!KMIntNode().isBlocked());
-    QVERIFY(!KMIntNode().owner());
-}
 
 void tst_KMVariantNode::changesTravelDepthFirst_data()
 {
