@@ -28,6 +28,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QScreen>
 #include <QStatusBar>
 #include <QStatusTipEvent>
 #include <QUndoStack>
@@ -52,7 +53,7 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     createDocks();
     createBars();
     createStatusBar();
-    resize(dpiScaled(1280), dpiScaled(680));
+    resize(QSize(dpiScaled(1280), dpiScaled(680)).boundedTo(screen()->availableSize()));
     setAnimated(gSettings->animateGui); // the dock option as well
     m_mainBox = new KMMainBox;
     setCentralWidget(m_mainBox);
