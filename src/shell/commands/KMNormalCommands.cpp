@@ -7,6 +7,7 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMNormalEdit.h"
 #include "mesh/KMTagNormal.h"
+#include "modifiers/KMPrimitiveNode.h"
 
 #include <QDebug>
 
@@ -29,6 +30,10 @@ QList<KMMeshNode *> giversFor(const KMMeshNode &receiver)
     for (KMMeshNode *mesh : gProject->meshesInTree()) {
         if (mesh != &receiver && mesh->isSelected())
             givers << shownMesh(mesh);
+    }
+    for (const KMPrimitiveNode *primitive : gProject->primitivesInTree()) {
+        if (primitive->isSelected())
+            givers << primitive->mesh();
     }
     return givers;
 }
@@ -165,7 +170,8 @@ int NormalComFlatX::runOn(KMMeshNode &mesh)
 NormalComTransfer::NormalComTransfer(QObject *parent)
     : KMNormalCommand(tr("Transfer Normal"), Edges, parent)
 {
-    setStatusTip(tr("Take the normals at the selected edges from the nearest surface of the other selected meshes"));
+    setStatusTip(tr(
+        "Take the normals at the selected edges from the nearest surface of the other selected meshes and primitives"));
 }
 
 QList<KMMeshNode *> NormalComTransfer::targets() const
@@ -184,7 +190,7 @@ QString NormalComTransfer::obstacle() const
     if (!reason.isEmpty())
         return reason;
     return giversFor(*targets().first()).isEmpty()
-               ? tr("%1: select another mesh as well, to take the normals from").arg(text())
+               ? tr("%1: select another mesh or primitive as well, to take the normals from").arg(text())
                : QString();
 }
 

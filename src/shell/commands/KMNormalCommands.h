@@ -95,7 +95,7 @@ protected:
 };
 
 /// The current mesh receives, where it qualifies, else each mesh that does; all other selected meshes give, each as
-/// its modifiers show it.
+/// its modifiers show it, and the selected primitives.
 class NormalComTransfer : public KMNormalCommand
 {
     Q_OBJECT
