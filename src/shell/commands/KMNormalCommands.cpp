@@ -91,6 +91,11 @@ QList<KMMeshNode *> NormalComSelectCrease::targets() const
     return meshes;
 }
 
+QString NormalComSelectCrease::missingSelection() const
+{
+    return tr("%1: the mesh has no creases").arg(text());
+}
+
 int NormalComSelectCrease::runOn(KMMeshNode &mesh)
 {
     return KMNormalEdit::selectCreases(mesh);
@@ -219,6 +224,12 @@ NormalComTest::NormalComTest(QObject *parent)
     setStatusTip(tr("Write what the normal tags of the selected meshes hold to the output"));
 }
 
+void NormalComTest::run()
+{
+    for (KMMeshNode *mesh : targets())
+        runOn(*mesh);
+}
+
 int NormalComTest::runOn(KMMeshNode &mesh)
 {
     const KMTagNormal *tag = KMNormalEdit::tagOf(mesh);
@@ -227,8 +238,13 @@ int NormalComTest::runOn(KMMeshNode &mesh)
         for (const quint8 mode : record.mode)
             ++corners[std::min(int(mode), 2)];
     }
-    qDebug().noquote() << mesh.name() << "creases:" << tag->creaseEdges().size()
-                       << "parted faces:" << tag->creaseFaces().size() << "fixed:" << corners[KMNormalFace::Fixed]
-                       << "rotated:" << corners[KMNormalFace::Rotated];
+    const QString line = tr("%1: %2 creases, %3 parted faces, %4 fixed, %5 rotated")
+                             .arg(mesh.name())
+                             .arg(tag->creaseEdges().size())
+                             .arg(tag->creaseFaces().size())
+                             .arg(corners[KMNormalFace::Fixed])
+                             .arg(corners[KMNormalFace::Rotated]);
+    qDebug().noquote() << line;
+    gSolution->showMessage(line, MessageLevel);
     return 0;
 }

@@ -30,6 +30,7 @@ public:
 
 protected:
     QList<KMMeshNode *> targets() const override; // those with creases
+    QString missingSelection() const override;
     int runOn(KMMeshNode &mesh) override;
 };
 
@@ -127,5 +128,6 @@ public:
 
 protected:
     int runOn(KMMeshNode &mesh) override;
+    void run() override;
     bool isOneStep() const override { return false; }
 };
