@@ -99,8 +99,10 @@ void KMMeshNode::rebuildSelectionCache()
     for (const KMFace *face : std::as_const(m_liveFaces)) {
         if (!face->hasFlag(KMElementFlag::Selected))
             continue;
-        for (int c = 0; c < face->count; ++c)
-            m_selectedVertices.insert(face->indices[c]);
+        for (int c = 0; c < face->count; ++c) {
+            if (vertex(face->indices[c])) // it may be on its way out
+                m_selectedVertices.insert(face->indices[c]);
+        }
         m_selectedFaces.insert(face->index);
     }
     m_selectionPositions.fill({}, vertexCount());

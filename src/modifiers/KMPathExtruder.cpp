@@ -66,8 +66,8 @@ void Extrusion::addLayers()
             onOutline[point] = true;
     }
     for (int s = 1; s < m_segments; ++s)
-        m_layers.append(addLayer(-m_depth * float(s) / float(m_segments), onOutline));
-    m_layers.append(addLayer(-m_depth, all));
+        m_layers.append(addLayer(m_depth * float(s) / float(m_segments), onOutline));
+    m_layers.append(addLayer(m_depth, all));
 }
 
 QVector<int> Extrusion::addLayer(float z, const QVector<bool> &wanted)
@@ -94,8 +94,7 @@ void Extrusion::addCap(const QVector<int> &layer, Side side)
         int corners[3];
         kvm::Vector2 uvs[3];
         for (size_t c = 0; c < 3; ++c) {
-            // Faces run clockwise for who looks at them, triangles of the area counter-clockwise.
-            const int point = triangle[side == Side::Front ? 2 - c : c];
+            const int point = triangle[side == Side::Front ? c : 2 - c];
             corners[c] = layer[point];
             uvs[c] = capUV(point);
         }
@@ -117,8 +116,8 @@ void Extrusion::addWalls(const KMPathMesh::Loop &loop)
         for (int s = 0; s + 1 < m_layers.size(); ++s) {
             const float top = float(s) / float(m_segments);
             const float bottom = float(s + 1) / float(m_segments);
-            const int corners[] = {m_layers[s][a], m_layers[s][b], m_layers[s + 1][b], m_layers[s + 1][a]};
-            const kvm::Vector2 uvs[] = {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
+            const int corners[] = {m_layers[s][a], m_layers[s + 1][a], m_layers[s + 1][b], m_layers[s][b]};
+            const kvm::Vector2 uvs[] = {{left, top}, {left, bottom}, {right, bottom}, {right, top}};
             m_builder.addFace(4, corners, uvs);
         }
     }

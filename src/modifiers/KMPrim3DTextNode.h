@@ -26,7 +26,7 @@ struct KMPrim3DText
     bool operator==(const KMPrim3DText &other) const;
 };
 
-/// A text as a body: its front faces +Z, its base line lies at the origin.
+/// A text as a body: its front faces -Z, to the front view, its base line lies at the origin.
 class KMPrim3DTextNode : public KMParametricPrimitive<KMPrim3DTextNode, KMPrim3DText>
 {
     Q_OBJECT

@@ -22,13 +22,22 @@ const KMPathMesh &KMPrimSVGNode::areaOf(const QString &path)
         return m_area;
     m_areaPath = path;
     m_areaTime = time;
+    m_area = {};
+    if (path.isEmpty())
+        return m_area;
     KMSvgReader reader;
-    if (!path.isEmpty() && !reader.readFile(path))
-        report(tr("%1 can't be read: %2").arg(path, reader.error()));
+    const bool isRead = reader.readFile(path);
+    m_area = reader.area();
     const QStringList warnings = reader.warnings();
     for (const QString &warning : warnings)
         qDebug().noquote() << path << warning;
-    m_area = reader.area();
+    const QString name = QFileInfo(path).fileName();
+    if (!isRead)
+        report(tr("%1 can't be read: %2").arg(path, reader.error()));
+    else if (!warnings.isEmpty())
+        report(tr("%1 doesn't show all of its drawing. %2").arg(name, warnings.first()));
+    else if (m_area.isEmpty())
+        report(tr("%1 holds no filled or stroked shape").arg(name));
     return m_area;
 }
 

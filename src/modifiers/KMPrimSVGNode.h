@@ -15,8 +15,8 @@ struct KMPrimSVG
     bool operator==(const KMPrimSVG &other) const { return path == other.path; }
 };
 
-/// The shapes of an SVG drawing as a flat mesh that faces +Z, a unit of the drawing being a unit of the model. The
-/// origin of the drawing, its upper left corner, is that of the node.
+/// The shapes of an SVG drawing as a flat mesh that faces -Z, to the front view; a unit of the drawing is a unit of
+/// the model. The origin of the drawing, its upper left corner, is that of the node.
 class KMPrimSVGNode : public KMParametricPrimitive<KMPrimSVGNode, KMPrimSVG>
 {
     Q_OBJECT

@@ -55,6 +55,7 @@ private:
     void enter();
     void add(const QPainterPath &path, const KMSvgStyle &style);
     void addArea(const QPainterPath &path, const QTransform &transform, Qt::FillRule rule);
+    void warnLeftOut(); ///< of the element that was reached
     void warn(const QString &what);
     QString attribute(const char *name) const { return m_xml.attributes().value(QLatin1String(name)).toString(); }
     double length(const char *name, double fallback = 0.0) const { return svgLength(attribute(name), fallback); }
@@ -92,10 +93,13 @@ bool Drawing::read()
             error = tr("Elements lie deeper in one another than %1").arg(KMSvgReader::MaxDepth);
             return false;
         }
-        if (isSkipped(m_xml.name()))
-            m_xml.skipCurrentElement();
-        else
+        if (!isSkipped(m_xml.name())) {
             enter();
+            continue;
+        }
+        if (m_xml.name() == QLatin1String("text"))
+            warnLeftOut();
+        m_xml.skipCurrentElement();
     }
     if (m_xml.hasError())
         error = tr("Line %1: %2").arg(m_xml.lineNumber()).arg(m_xml.errorString());
@@ -129,10 +133,15 @@ void Drawing::enter()
     style.inherit(m_xml.attributes());
     m_styles.push(style);
     if (m_xml.name() == QLatin1String("use") || m_xml.name() == QLatin1String("image"))
-        warn(tr("Line %1: %2 was left out").arg(m_xml.lineNumber()).arg(m_xml.name()));
+        warnLeftOut();
     const Shape shape = shapeOf(m_xml.name());
     if (shape && style.isShown && style.isVisible)
         add((this->*shape)(), style);
+}
+
+void Drawing::warnLeftOut()
+{
+    warn(tr("Line %1: %2 was left out").arg(m_xml.lineNumber()).arg(m_xml.name()));
 }
 
 void Drawing::warn(const QString &what)

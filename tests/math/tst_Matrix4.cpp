@@ -15,16 +15,12 @@ class tst_Matrix4 : public QObject
 {
     Q_OBJECT
 private slots:
-    void startsAsIdentity();
     void transformsPoints();
     void productAppliesLeftFirst();
     void productOfStoredFloats();
-    void translationOperators();
     void rotationElements();
-    void multiplyByQuaternion();
     void inverse_data();
     void inverse();
-    void singularInverse_data();
     void singularInverse();
     void rotationInverse();
     void printing();
@@ -48,27 +44,21 @@ double distance(const Vector3 &a, const Vector3 &b)
 
 } // namespace
 
-void tst_Matrix4::startsAsIdentity()
-{
-    const Matrix4 m;
-    for (int i = 0; i < 16; ++i)
-        QCOMPARE(m[i], i % 5 == 0 ? 1.0f : 0.0f);
-    QCOMPARE(QVector<Matrix4>(2)[1], Matrix4());
-    for (int i = 0; i < 16; ++i) {
-        Matrix4 other;
-        other.data()[i] += 1;
-        QVERIFY(other != m);
-    }
-}
-
 void tst_Matrix4::transformsPoints()
 {
-    const Matrix4 m = counting();
+    Matrix4 m = counting();
+    QCOMPARE(Matrix4() * Vector4(1, 2, 3, 4), Vector4(1, 2, 3, 4));
     QCOMPARE(m * Vector3(1, 10, 100), Vector3(1 + 50 + 900 + 13, 2 + 60 + 1000 + 14, 3 + 70 + 1100 + 15));
     QCOMPARE(m * Vector4(1, 10, 100, 1000), Vector4(13951, 15062, 16173, 17284)); // all rows, w included
     QCOMPARE(m.transformDirection(Vector3(1, 10, 100)), Vector3(951, 1062, 1173));
     QCOMPARE(Matrix4::fromScale(Vector3(2, 3, 4)) * Vector3(1, 1, 1), Vector3(2, 3, 4));
-    QCOMPARE(Matrix4::fromTranslation(Vector3(2, 3, 4)) * Vector3(1, 1, 1), Vector3(3, 4, 5));
+    QCOMPARE(m.translation(), Vector3(13, 14, 15));
+    (m += Vector3(1, 2, 3)) -= Vector3(4, 4, 4);
+    QCOMPARE(m.translation(), Vector3(10, 12, 14));
+    m.setTranslation(Vector3(13, 14, 15));
+    QCOMPARE(m, counting());
+    m[15] = std::nextafter(m[15], 0.0f);
+    QVERIFY(m != counting());
 }
 
 void tst_Matrix4::productAppliesLeftFirst()
@@ -76,19 +66,11 @@ void tst_Matrix4::productAppliesLeftFirst()
     const Matrix4 move = Matrix4::fromTranslation(Vector3(1, 0, 0));
     const Matrix4 grow = Matrix4::fromScale(Vector3(10, 10, 10));
     QCOMPARE(move * grow * Vector3(), Vector3(10, 0, 0));
-    QCOMPARE(grow * move * Vector3(), Vector3(1, 0, 0));
-
-    RandomMath random(7);
-    for (int i = 0; i < 100; ++i) {
-        Matrix4 a = random.matrix(2), b = random.matrix(2);
-        a[3] = a[7] = a[11] = b[3] = b[7] = b[11] = 0;
-        a[15] = b[15] = 1;
-        const Vector3 p = random.vector(5);
-        QVERIFY(distance(a * b * p, b * (a * p)) < 1e-4);
-        Matrix4 inPlace = a;
-        inPlace *= b;
-        QCOMPARE(inPlace, a * b);
-    }
+    Matrix4 m = grow;
+    m *= move;
+    QCOMPARE(m * Vector3(), Vector3(1, 0, 0));
+    m *= Quaternion::fromAxisAngle(Vector3(0, 0, 1), 1.5707963f); // turned last
+    QVERIFY(distance(m * Vector3(), Vector3(0, 1, 0)) < 1e-6);
 }
 
 void tst_Matrix4::productOfStoredFloats()
@@ -108,18 +90,6 @@ void tst_Matrix4::productOfStoredFloats()
     }
 }
 
-void tst_Matrix4::translationOperators()
-{
-    Matrix4 m = counting();
-    QCOMPARE(m.translation(), Vector3(13, 14, 15));
-    m += Vector3(1, 2, 3);
-    QCOMPARE(m.translation(), Vector3(14, 16, 18));
-    m -= Vector3(4, 4, 4);
-    QCOMPARE(m.translation(), Vector3(10, 12, 14));
-    m.setTranslation(Vector3(13, 14, 15));
-    QCOMPARE(m, counting());
-}
-
 void tst_Matrix4::rotationElements()
 {
     Matrix4 m = counting();
@@ -135,19 +105,10 @@ void tst_Matrix4::rotationElements()
     }
 }
 
-void tst_Matrix4::multiplyByQuaternion()
-{
-    Matrix4 m = Matrix4::fromTranslation(Vector3(1, 2, 3));
-    m *= Quaternion::fromAxisAngle(Vector3(0, 0, 1), 1.5707963f); // turned after the move
-    QVERIFY(distance(m.translation(), Vector3(-2, 1, 3)) < 1e-6);
-    QVERIFY(distance(m * Vector3(1, 0, 0), Vector3(-2, 2, 3)) < 1e-6);
-}
-
 void tst_Matrix4::inverse_data()
 {
     QTest::addColumn<double>("reach");
     QTest::addColumn<float>("offset");
-    QTest::newRow("around the origin") << 1.0 << 0.0f;
     QTest::newRow("far away") << 1.0 << 1e5f;
     QTest::newRow("tiny") << 1e-4 << 0.0f;
     QTest::newRow("huge") << 1e5 << 0.0f;
@@ -180,24 +141,17 @@ void tst_Matrix4::inverse()
     }
 }
 
-void tst_Matrix4::singularInverse_data()
-{
-    QTest::addColumn<int>("flattened");
-    for (int i = 0; i < 3; ++i)
-        QTest::newRow(qPrintable(QString("flat along axis %1").arg(i))) << i;
-}
-
 void tst_Matrix4::singularInverse()
 {
-    QFETCH(int, flattened);
-    Vector3 scale(1, 2, 3);
-    scale[flattened] = 0;
-    Matrix4 m = Matrix4::fromScale(scale);
-    m += Vector3(5, 6, 7);
-    bool invertible = true;
-    QCOMPARE(m.inverse(&invertible), Matrix4());
-    QVERIFY(!invertible);
-    QCOMPARE(m.inverse(), Matrix4());
+    for (int flattened = 0; flattened < 3; ++flattened) {
+        Vector3 scale(1, 2, 3);
+        scale[flattened] = 0;
+        Matrix4 m = Matrix4::fromScale(scale);
+        m += Vector3(5, 6, 7);
+        bool invertible = true;
+        QCOMPARE(m.inverse(&invertible), Matrix4());
+        QVERIFY(!invertible);
+    }
 }
 
 void tst_Matrix4::rotationInverse()
@@ -207,11 +161,9 @@ void tst_Matrix4::rotationInverse()
         Matrix4 m = random.rotation().toMatrix();
         m += random.vector(10);
         const Matrix4 back = m.rotationInverse();
+        const Vector3 v = random.vector(1);
         QCOMPARE(back.translation(), Vector3());
-        for (int r = 0; r < 3; ++r) {
-            for (int c = 0; c < 3; ++c)
-                QVERIFY(std::abs(back[4 * c + r] - m[4 * r + c]) < 2e-6f);
-        }
+        QVERIFY(distance(back * m.transformDirection(v), v) < 4e-6);
     }
 }
 

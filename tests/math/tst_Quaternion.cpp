@@ -15,7 +15,6 @@ class tst_Quaternion : public QObject
 {
     Q_OBJECT
 private slots:
-    void startsAsIdentity();
     void algebra();
     void rotateMatchesMatrix();
     void productTurnsRightFirst();
@@ -23,18 +22,13 @@ private slots:
     void matrixRoundTrip();
     void fromEulerOrder();
     void eulerRoundTrip();
-    void eulerAtThePoles_data();
     void eulerAtThePoles();
     void headingAttitudeBank();
-    void headingAttitudeBankAtThePoles_data();
     void headingAttitudeBankAtThePoles();
     void axisAngle_data();
     void axisAngle();
-    void lerpDoesNotNormalise();
     void slerpOnTheArc();
-    void slerpLeavesNeighbours();
-    void slerpOfOpposites();
-    void slerpTakesTheLongArc();
+    void slerpOddities();
     void rotationTo_data();
     void rotationTo();
     void rotationToSpecialCases_data();
@@ -80,25 +74,12 @@ Quaternion aboutZ(double angle)
 
 } // namespace
 
-void tst_Quaternion::startsAsIdentity()
-{
-    QCOMPARE(Quaternion(), Quaternion(1, 0, 0, 0));
-    QCOMPARE(QVector<Quaternion>(2)[1], Quaternion());
-    QVERIFY(Quaternion().isIdentity());
-    QVERIFY(Quaternion(-1, 0, 0, 0).isIdentity());
-    QVERIFY(!Quaternion(std::nextafter(1.0f, 2.0f), 0, 0, 0).isIdentity());
-    QVERIFY(!Quaternion(1, 0, 1e-30f, 0).isIdentity());
-    const float expected[] = {1, 2, 3, 4};
-    const Quaternion q(1, 2, 3, 4);
-    QVERIFY(std::equal(expected, expected + 4, q.data())); // w first in memory
-}
-
 void tst_Quaternion::algebra()
 {
     const Quaternion i(0, 1, 0, 0), j(0, 0, 1, 0), k(0, 0, 0, 1), minusOne(-1, 0, 0, 0);
-    QCOMPARE(i * j, k);
-    QCOMPARE(j * k, i);
-    QCOMPARE(k * i, j);
+    QVERIFY(Quaternion().isIdentity() && minusOne.isIdentity());
+    QVERIFY(!Quaternion(std::nextafter(1.0f, 2.0f), 0, 0, 0).isIdentity() && !Quaternion(1, 0, 1e-30f, 0).isIdentity());
+    QCOMPARE(*Quaternion(9, 2, 3, 4).data(), 9.0f); // w first in memory
     QCOMPARE(i * j * k, minusOne);
     QCOMPARE(Quaternion(1, 2, 3, 4) * Quaternion(5, 6, 7, 8), Quaternion(-60, 12, 30, 24));
 
@@ -106,9 +87,6 @@ void tst_Quaternion::algebra()
     QCOMPARE(Quaternion(9, 1, 2, 3).vector(), Vector3(1, 2, 3));
     QCOMPARE(Quaternion(1, 2, 3, 4).conjugate(), Quaternion(1, -2, -3, -4));
     QCOMPARE(dot(Quaternion(1, 2, 3, 4), Quaternion(1, 10, 100, 1000)), 4321.0f);
-    QCOMPARE(Quaternion(1, 2, 3, 4) + Quaternion(8, 8, 8, 8), Quaternion(9, 10, 11, 12));
-    QCOMPARE(Quaternion(1, 2, 3, 4) * 2, Quaternion(2, 4, 6, 8));
-    QCOMPARE(Quaternion(1, 2, 3, 4) / 2, Quaternion(0.5f, 1, 1.5f, 2));
     Quaternion q(1, 2, 3, 4);
     ((q += Quaternion(1, 1, 1, 1)) *= 4) /= 2;
     QCOMPARE(q, Quaternion(4, 6, 8, 10));
@@ -116,6 +94,7 @@ void tst_Quaternion::algebra()
     QCOMPARE(q, Quaternion(4, 6, 8, 10) * i);
     QCOMPARE(Quaternion(2, 4, 5, 6).normalized() * 9, Quaternion(2, 4, 5, 6));
     QCOMPARE(Quaternion(0, 0, 0, 0).normalized(), Quaternion(0, 0, 0, 0));
+    QCOMPARE(Quaternion().lerped(Quaternion(0, 1, 2, 3), 0.25f), Quaternion(0.75f, 0.25f, 0.5f, 0.75f)); // as it is
 }
 
 void tst_Quaternion::rotateMatchesMatrix()
@@ -146,9 +125,6 @@ void tst_Quaternion::productTurnsRightFirst()
         QVERIFY(distance((a * b).rotate(p), a.rotate(b.rotate(p))) < 2e-6);
         QVERIFY(distance((b.toMatrix() * a.toMatrix()) * p, (a * b).rotate(p)) < 2e-6);
         QVERIFY(turnDistance(a * b.toMatrix(), a * b) < 2e-6);
-        Quaternion inPlace = a;
-        inPlace *= b.toMatrix();
-        QCOMPARE(inPlace, a * b.toMatrix());
     }
 }
 
@@ -161,9 +137,6 @@ void tst_Quaternion::matrixRoundTrip_data()
     QTest::newRow("half turns about X") << Vector3(10, 2, 3) << 2.4 << 3.8;
     QTest::newRow("half turns about Y") << Vector3(2, 10, 3) << 2.4 << 3.8;
     QTest::newRow("half turns about Z") << Vector3(2, 3, 10) << 2.4 << 3.8;
-    QTest::newRow("between X and Y") << Vector3(1, 1, 0) << 2.4 << 3.8;
-    QTest::newRow("between Y and Z") << Vector3(0, 1, 1) << 2.4 << 3.8;
-    QTest::newRow("between X and Z") << Vector3(1, 0, 1) << 2.4 << 3.8;
     QTest::newRow("between all") << Vector3(1, -1, 1) << 2.0 << 4.2;
 }
 
@@ -210,28 +183,18 @@ void tst_Quaternion::eulerRoundTrip()
     }
 }
 
-void tst_Quaternion::eulerAtThePoles_data()
-{
-    QTest::addColumn<float>("y");
-    QTest::newRow("upper pole") << 1.5707964f;
-    QTest::newRow("lower pole") << -1.5707964f;
-    QTest::newRow("next to the upper pole") << 1.5707f;
-}
-
 void tst_Quaternion::eulerAtThePoles()
 {
-    QFETCH(float, y);
     RandomMath random(31);
     for (int i = 0; i < 300; ++i) {
+        const float y = i % 3 ? (i % 3 == 1 ? 1.5707964f : -1.5707964f) : 1.5707f;
         const Quaternion q =
             Quaternion::fromEuler(float(random.number(-pi, pi)), y, float(random.number(-pi, pi))).normalized();
         const Vector3 angles = q.toEuler();
-        QVERIFY(std::isfinite(angles.x) && std::isfinite(angles.y) && std::isfinite(angles.z));
-        QVERIFY(std::abs(angles.y - y) < 1e-3f);
+        QVERIFY(std::isfinite(angles.x) && std::isfinite(angles.z) && std::abs(angles.y - y) < 1e-3f);
     }
     // Rounding may lift the sine above 1; it must not come out as NaN.
     const float half = std::nextafter(0.70710678f, 1.0f);
-    QCOMPARE(Quaternion(half, 0, half, 0).toEuler().y, 1.5707964f);
     QCOMPARE(Quaternion(half, 0, -half, 0).toEuler().y, -1.5707964f);
 }
 
@@ -249,18 +212,11 @@ void tst_Quaternion::headingAttitudeBank()
     QCOMPARE(Quaternion(0, 0, 0, 0).toHeadingAttitudeBank(), Vector3());
 }
 
-void tst_Quaternion::headingAttitudeBankAtThePoles_data()
-{
-    QTest::addColumn<double>("attitude");
-    QTest::newRow("upper") << pi / 2;
-    QTest::newRow("lower") << -pi / 2;
-}
-
 void tst_Quaternion::headingAttitudeBankAtThePoles()
 {
-    QFETCH(double, attitude);
     RandomMath random(41);
-    for (int i = 0; i < 50; ++i) {
+    for (int i = 0; i < 100; ++i) {
+        const double attitude = i % 2 ? pi / 2 : -pi / 2;
         const Quaternion q = aboutY(random.number(-3, 3)) * aboutZ(attitude) * aboutX(random.number(-3, 3));
         const Vector3 angles = q.toHeadingAttitudeBank();
         QCOMPARE(angles.x, 0.0f);
@@ -280,7 +236,6 @@ void tst_Quaternion::axisAngle_data()
     QTest::newRow("backwards") << Quaternion(root3, 0, 0, -0.5f) << Vector3(0, 0, -1) << 1.0471976f;
     QTest::newRow("identity has the axis Y") << Quaternion() << Vector3(0, 1, 0) << 0.0f;
     QTest::newRow("negative scalar part") << Quaternion(-0.5f, root3, 0, 0) << Vector3(1, 0, 0) << 0.0f;
-    QTest::newRow("half turn") << Quaternion(0, 0, 0, 1) << Vector3(0, 0, 1) << 0.0f;
     QTest::newRow("scalar part at the threshold") << Quaternion(1.1920929e-7f, 1, 0, 0) << Vector3(1, 0, 0) << 0.0f;
     QTest::newRow("scalar part above the threshold") << Quaternion(1e-6f, 1, 0, 0) << Vector3(1, 0, 0) << 3.1415907f;
     QTest::newRow("vector part at the threshold") << Quaternion(1, 1.1920929e-7f, 0, 0) << Vector3(0, 1, 0) << 0.0f;
@@ -298,14 +253,6 @@ void tst_Quaternion::axisAngle()
     QVERIFY(std::abs(result.angle - angle) < 1e-6f);
 }
 
-void tst_Quaternion::lerpDoesNotNormalise()
-{
-    Quaternion q(1, 0, 0, 0);
-    q.lerp(Quaternion(0, 1, 2, 3), 0.25f);
-    QCOMPARE(q, Quaternion(0.75f, 0.25f, 0.5f, 0.75f));
-    QCOMPARE(Quaternion().lerped(Quaternion(0, 1, 0, 0), 0.5f), Quaternion(0.5f, 0.5f, 0, 0));
-}
-
 void tst_Quaternion::slerpOnTheArc()
 {
     RandomMath random(43);
@@ -317,41 +264,23 @@ void tst_Quaternion::slerpOnTheArc()
         const double t = random.number(0, 1);
         const Quaternion expected = start * Quaternion::fromAxisAngle(axis, float(angle * t));
         QVERIFY(distance(start.slerped(end, float(t)), expected) < 1e-5);
-        Quaternion inPlace = start;
-        inPlace.slerp(end, float(t));
-        QCOMPARE(inPlace, start.slerped(end, float(t)));
     }
 }
 
-void tst_Quaternion::slerpLeavesNeighbours()
+void tst_Quaternion::slerpOddities()
 {
-    for (const double apart : {0.005, 0.0099}) {
+    for (const double apart : {0.005, 0.0099, 0.011}) { // neighbours are left alone
         Quaternion q = aboutX(0.3);
-        const Quaternion before = q;
         q.slerp(aboutX(0.3 + 2 * apart), 0.5f);
-        QCOMPARE(q, before);
+        QCOMPARE(q == aboutX(0.3), apart < 0.01);
     }
-    Quaternion q = aboutX(0.3);
-    q.slerp(aboutX(0.3 + 2 * 0.011), 0.5f);
-    QVERIFY(q != aboutX(0.3));
-}
-
-void tst_Quaternion::slerpOfOpposites()
-{
     const Quaternion a = aboutX(0.3);
     for (const double apart : {0.0, 0.007}) {
         const Quaternion b = -aboutX(0.3 + 2 * apart);
-        QCOMPARE(a.slerped(b, 0.25f), (a + b) * 0.5f); // whatever t is
+        QCOMPARE(a.slerped(b, 0.25f), (a + b) * 0.5f); // opposites: whatever t is
     }
-}
-
-void tst_Quaternion::slerpTakesTheLongArc()
-{
-    const Quaternion a, b = -aboutZ(1.0);
-    // From the identity to -b the long way: the angle on the sphere is pi - 0.5, so half of it turns by -(2 pi - 1)
-    // / 2.
-    QVERIFY(distance(a.slerped(b, 0.5f), aboutZ(-(2 * pi - 1) / 2)) < 1e-5);
-    QVERIFY(distance(a.slerped(-b, 0.5f), aboutZ(0.5)) < 1e-6);
+    // The long way stays long: the angle on the sphere is pi - 0.5, so half of it turns by -(2 pi - 1) / 2.
+    QVERIFY(distance(Quaternion().slerped(-aboutZ(1.0), 0.5f), aboutZ(-(2 * pi - 1) / 2)) < 1e-5);
 }
 
 void tst_Quaternion::rotationTo_data()
@@ -360,7 +289,6 @@ void tst_Quaternion::rotationTo_data()
     QTest::addColumn<double>("tolerance");
     QTest::newRow("a hundredth") << 0.01 << 1e-4; // the arc cosine of a float next to 1 has few digits
     QTest::newRow("one") << 1.0 << 2e-6;
-    QTest::newRow("right angle") << pi / 2 << 2e-6;
     QTest::newRow("more than a right angle") << 2.5 << 2e-6;
     QTest::newRow("nearly opposite") << pi - 0.01 << 1e-4;
 }
@@ -387,7 +315,6 @@ void tst_Quaternion::rotationToSpecialCases_data()
     QTest::addColumn<Quaternion>("expected");
 
     const float halfTurnW = std::cos(3.1415927f * 0.5f);
-    QTest::newRow("same") << Vector3(1, 2, 3) << Vector3(1, 2, 3) << Quaternion();
     QTest::newRow("parallel") << Vector3(1, 0, 0) << Vector3(7, 0, 0) << Quaternion();
     QTest::newRow("zero from") << Vector3() << Vector3(1, 0, 0) << Quaternion();
     QTest::newRow("zero to") << Vector3(1, 0, 0) << Vector3() << Quaternion();
@@ -410,7 +337,6 @@ void tst_Quaternion::rotationToSpecialCases()
 void tst_Quaternion::printing()
 {
     QCOMPARE(printed(Quaternion()), QString("Quaternion(1, 0, 0, 0)"));
-    QCOMPARE(printed(Quaternion(-0.5f, 1, 2, 3)), QString("Quaternion(-0.5, 1, 2, 3)"));
 }
 
 KM_TEST(tst_Quaternion);

@@ -2,7 +2,6 @@
 #include "mesh/KMRecordPool.h"
 #include "support/TestRegistry.h"
 
-#include <QDebug>
 #include <QRandomGenerator>
 #include <QSet>
 #include <QTest>
@@ -24,13 +23,11 @@ Pairs gridPairs(int width, int height)
     return pairs;
 }
 
-Pairs starPairs(int centre, int count)
+Pairs starPairs(int count)
 {
     Pairs pairs;
-    for (int i = 0; i < count; ++i) {
-        if (i != centre)
-            pairs << qMakePair(i, centre);
-    }
+    for (int i = 0; i < count; ++i)
+        pairs << qMakePair(i, count);
     return pairs;
 }
 
@@ -62,10 +59,8 @@ class tst_KMEdgeTable : public QObject
 private slots:
     void holdsWhatWasAdded_data();
     void holdsWhatWasAdded();
-    void eitherOrder();
     void edgesStayWhereTheyAre();
     void clearedTableIsFresh();
-    void debugText();
     void refListGrowsAndShrinks();
     void refListCopies();
     void poolReusesPlaces();
@@ -75,13 +70,11 @@ void tst_KMEdgeTable::holdsWhatWasAdded_data()
 {
     QTest::addColumn<Pairs>("pairs");
     QTest::newRow("grid") << gridPairs(200, 150);
-    QTest::newRow("star about the first vertex") << starPairs(0, 50000);
-    QTest::newRow("star about the last vertex") << starPairs(49999, 50000);
+    QTest::newRow("star") << starPairs(50000);
     QTest::newRow("random with repetitions") << randomPairs(60000, 300);
     QTest::newRow("random far apart") << randomPairs(30000, 0x7fffffff);
     QTest::newRow("strides") << stridePairs(20000, 1 << 16);
     QTest::newRow("one vertex twice") << Pairs{{5, 5}, {0, 0}};
-    QTest::newRow("nothing") << Pairs();
 }
 
 void tst_KMEdgeTable::holdsWhatWasAdded()
@@ -91,17 +84,15 @@ void tst_KMEdgeTable::holdsWhatWasAdded()
     QVector<quint64> order;
     QSet<quint64> known;
     for (const auto &pair : pairs) {
-        const quint64 key = KMEdge::keyOf(pair.first, pair.second);
-        KMEdge *edge = table.findOrAdd(pair.first, pair.second);
-        QCOMPARE(edge->key(), key);
-        if (!known.contains(key))
-            order << key;
-        known << key;
+        const KMEdge *edge = table.findOrAdd(pair.first, pair.second);
+        if (!known.contains(edge->key()))
+            order << edge->key();
+        known << edge->key();
     }
-    QCOMPARE(table.size(), order.size());
-    int number = 0;
+    QVector<quint64> walked;
     for (const KMEdge *edge : table)
-        QCOMPARE(edge->key(), order.at(number++));
+        walked << edge->key();
+    QCOMPARE(walked, order);
     for (const auto &pair : pairs)
         QCOMPARE(table.find(pair.second, pair.first)->key(), KMEdge::keyOf(pair.first, pair.second));
     QRandomGenerator random(3);
@@ -110,18 +101,6 @@ void tst_KMEdgeTable::holdsWhatWasAdded()
         const int b = int(random.bounded(60000));
         QCOMPARE(table.find(a, b) != nullptr, known.contains(KMEdge::keyOf(a, b)));
     }
-}
-
-void tst_KMEdgeTable::eitherOrder()
-{
-    KMEdgeTable table;
-    QVERIFY(!table.find(7, 3));
-    KMEdge *edge = table.findOrAdd(7, 3);
-    QCOMPARE(edge->index0, 3);
-    QCOMPARE(edge->index1, 7);
-    QCOMPARE(table.findOrAdd(3, 7), edge);
-    QCOMPARE(table.findKey(quint64(7) << 32 | 3), edge);
-    QVERIFY(!table.findKey(quint64(3) << 32 | 7));
 }
 
 void tst_KMEdgeTable::edgesStayWhereTheyAre()
@@ -139,7 +118,10 @@ void tst_KMEdgeTable::edgesStayWhereTheyAre()
 void tst_KMEdgeTable::clearedTableIsFresh()
 {
     KMEdgeTable table;
-    KMEdge *edge = table.findOrAdd(1, 2);
+    QVERIFY(!table.find(1, 2));
+    KMEdge *edge = table.findOrAdd(2, 1);
+    QCOMPARE(table.findKey(quint64(2) << 32 | 1), edge);
+    QVERIFY(!table.findKey(quint64(1) << 32 | 2));
     edge->flags = KMElementFlag::Selected;
     edge->weight = 0.5f;
     edge->faceRefs = {1, 2, 3, 4, 5};
@@ -153,18 +135,6 @@ void tst_KMEdgeTable::clearedTableIsFresh()
     table.release();
     QVERIFY(!table.find(8, 9));
     QVERIFY(table.findOrAdd(8, 9));
-}
-
-void tst_KMEdgeTable::debugText()
-{
-    KMEdge edge;
-    edge.index0 = 3;
-    edge.index1 = 7;
-    edge.weight = 0.5f;
-    edge.faceRefs = {4, 9};
-    QString text;
-    QDebug(&text) << edge;
-    QCOMPARE(text.trimmed(), QStringLiteral("KMEdge(index0:3,index1:7,\nref count:QVector(4, 9)\nweight:0.5)"));
 }
 
 void tst_KMEdgeTable::refListGrowsAndShrinks()

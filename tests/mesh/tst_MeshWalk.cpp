@@ -17,22 +17,6 @@
 
 namespace {
 
-QString difference(const QString &before, const QString &now)
-{
-    const QStringList old = before.split(QLatin1Char('\n'));
-    const QStringList fresh = now.split(QLatin1Char('\n'));
-    QStringList lines;
-    for (const QString &line : old) {
-        if (!fresh.contains(line))
-            lines << QStringLiteral("- ") + line;
-    }
-    for (const QString &line : fresh) {
-        if (!old.contains(line))
-            lines << QStringLiteral("+ ") + line;
-    }
-    return lines.join(QLatin1Char('\n'));
-}
-
 /// Edits a mesh at random and knows what it must look like at every index of the history.
 class Walker
 {
@@ -268,7 +252,7 @@ void Walker::check()
     m_problem = checkInvariants(m_mesh);
     const QString &known = m_texts.at(stack().index());
     if (m_problem.isEmpty() && known != text())
-        m_problem = QStringLiteral("another mesh than before\n") + difference(known, text());
+        m_problem = QStringLiteral("another mesh than before\n%1\nnow\n%2").arg(known, text());
     if (!m_problem.isEmpty())
         m_problem += QStringLiteral("\nat %1 of %2").arg(stack().index()).arg(stack().count());
 }
@@ -289,17 +273,10 @@ private slots:
 
 void tst_MeshWalk::everyStepIsSound_data()
 {
-    struct Start
-    {
-        const char *name;
-        Maker make;
-    };
-    static const Start starts[] = {
+    static const std::pair<const char *, Maker> starts[] = {
         {"grid", [] { return MeshFixtures::grid(4, 4); }},
         {"torus", [] { return MeshFixtures::torus(4, 3); }},
         {"cube", &MeshFixtures::cube},
-        {"cone", [] { return MeshFixtures::openCone(); }},
-        {"hole", &MeshFixtures::quadWithHole},
         {"fan", [] { return MeshFixtures::nonManifoldFan(); }},
         {"mixed", &MeshFixtures::mixedBag},
         {"empty", [] { return MeshFixtures::grid(0, 0); }},
@@ -307,9 +284,9 @@ void tst_MeshWalk::everyStepIsSound_data()
     const quint32 seeds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 500 : 12;
     QTest::addColumn<Maker>("make");
     QTest::addColumn<quint32>("seed");
-    for (const Start &start : starts) {
+    for (const auto &start : starts) {
         for (quint32 seed = 1; seed <= seeds; ++seed)
-            QTest::addRow("%s %u", start.name, seed) << start.make << seed;
+            QTest::addRow("%s %u", start.first, seed) << start.second << seed;
     }
 }
 

@@ -24,7 +24,6 @@ private slots:
     void pathCommands();
     void brokenPaths_data();
     void brokenPaths();
-    void arcs_data();
     void arcs();
     void transforms_data();
     void transforms();
@@ -35,23 +34,11 @@ private slots:
     void limits();
     void mutations();
     void shapeOfNode();
-    void badFileLeavesNothing();
-    void changedFileIsReadAgain();
+    void filesChange();
     void ownIcons();
 };
 
 namespace {
-
-double areaOf(const KMPathMesh &mesh)
-{
-    double area = 0.0;
-    for (const KMPathMesh::Triangle &t : mesh.triangles) {
-        const QPointF a = mesh.points[t[1]] - mesh.points[t[0]];
-        const QPointF b = mesh.points[t[2]] - mesh.points[t[0]];
-        area += (a.x() * b.y() - a.y() * b.x()) / 2.0;
-    }
-    return area;
-}
 
 bool readBytes(KMSvgReader &reader, QByteArray bytes)
 {
@@ -83,22 +70,17 @@ void tst_KMPrimSVGNode::pathCommands_data()
     };
     row("relative lines", "m1 2l3 4l-1-1z", "M1,2 L4,6 L3,5 Z");
     row("horizontal and vertical", "M1 2H5V7h-2v-3", "M1 2L5 2L5 7L3 7L3 4");
-    row("points behind a move", "M0 0 5 0 5 5", "M0 0L5 0L5 5");
     row("points behind a relative move", "m1 1 5 0 0 5", "M1 1L6 1L6 6");
-    row("repeated lines", "M0 0L1 0 1 1 0 1", "M0 0L1 0L1 1L0 1");
     row("numbers without blanks", "M.5.5-1-2L1e1+2", "M0.5 0.5L-1 -2L10 2");
     row("relative cubic", "M1 1c1 0 2 1 2 2", "M1 1C2 1 3 2 3 3");
-    row("smooth cubic", "M0 0C0 1 1 2 2 2S4 3 4 4", "M0 0C0 1 1 2 2 2C3 2 4 3 4 4");
     row("smooth cubic behind a line", "M0 0L2 2S4 3 4 4", "M0 0L2 2C2 2 4 3 4 4");
     row("relative smooth cubic", "M0 0C0 1 1 2 2 2s2 1 2 2", "M0 0C0 1 1 2 2 2C3 2 4 3 4 4");
     row("relative quadratic", "M1 1q1 0 2 2", "M1 1Q2 1 3 3");
-    row("smooth quadratic", "M0 0Q1 2 2 2T4 4", "M0 0Q1 2 2 2Q3 2 4 4");
     row("two smooth quadratics", "M0 0Q1 2 2 2t2 0 2 0", "M0 0Q1 2 2 2Q3 2 4 2Q5 2 6 2");
     row("smooth quadratic behind a cubic", "M0 0C0 1 1 2 2 2T4 4", "M0 0C0 1 1 2 2 2Q2 2 4 4");
     row("line behind an end", "M1 1L2 1L2 2Zl5 5", "M1 1L2 1L2 2ZM1 1L6 6");
     row("relative move behind an end", "M1 1L2 1L2 2zm1 1l1 0", "M1 1L2 1L2 2ZM2 2L3 2");
     row("arc without radius", "M1 1A0 5 0 0 1 4 4", "M1 1L4 4");
-    row("blank", "  ", "");
 }
 
 void tst_KMPrimSVGNode::pathCommands()
@@ -121,7 +103,6 @@ void tst_KMPrimSVGNode::brokenPaths_data()
     QTest::addColumn<int>("elements"); // that are kept
     QTest::newRow("no move first") << QStringLiteral("L1 1") << 0;
     QTest::newRow("unknown letter") << QStringLiteral("M0 0L1 1X5 5L2 2") << 2;
-    QTest::newRow("missing number") << QStringLiteral("M0 0L1 1L2") << 2;
     QTest::newRow("number out of reach") << QStringLiteral("M0 0L1 1L1e300 2L3 3") << 2;
     QTest::newRow("arc with a bad flag") << QStringLiteral("M0 0L1 1A1 1 0 2 0 3 3") << 2;
     QTest::newRow("letters of another script") << QStringLiteral("M0 0L1 1あ") << 2;
@@ -136,41 +117,53 @@ void tst_KMPrimSVGNode::brokenPaths()
     QTEST(result.path.elementCount(), "elements");
 }
 
-void tst_KMPrimSVGNode::arcs_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("area"); // of the piece that the arc and its chord enclose
-    const double circle = M_PI * 100.0;
-    QTest::newRow("half") << QStringLiteral("M-10 0A10 10 0 0 1 10 0Z") << circle / 2.0;
-    QTest::newRow("half from two") << QStringLiteral("M-10 0A10 10 0 0 1 0 -10 10 10 0 0 1 10 0Z") << circle / 2.0;
-    QTest::newRow("quarter") << QStringLiteral("M10 0A10 10 0 0 1 0 10Z") << circle / 4.0 - 50.0;
-    QTest::newRow("three quarters") << QStringLiteral("M10 0A10 10 0 1 0 0 10Z") << circle * 3.0 / 4.0 + 50.0;
-    QTest::newRow("other quarter") << QStringLiteral("M10 0A10 10 0 0 0 0 10Z") << circle / 4.0 - 50.0;
-    QTest::newRow("flags without blanks") << QStringLiteral("M10 0a10 10 0 10-10 10z") << circle * 3.0 / 4.0 + 50.0;
-    QTest::newRow("radius too small") << QStringLiteral("M-10 0A1 1 0 0 1 10 0Z") << circle / 2.0;
-    QTest::newRow("ellipse") << QStringLiteral("M-10 0A10 5 0 0 1 10 0Z") << circle / 4.0;
-    QTest::newRow("turned ellipse") << QStringLiteral("M0 -10A10 5 90 0 1 0 10Z") << circle / 4.0;
-}
-
+/// Random arcs against the centre of the ellipse as the standard computes it: all points lie on the ellipse, the way
+/// runs round as the flags say, and ends where it should.
 void tst_KMPrimSVGNode::arcs()
 {
-    QFETCH(QString, text);
-    QFETCH(double, area);
-    KMSvgReader reader;
-    QVERIFY(readBytes(reader, drawing("<path d='" + text.toLatin1() + "'/>")));
-    QVERIFY2(std::abs(areaOf(reader.area()) - area) < 0.01 * area, qPrintable(QString::number(areaOf(reader.area()))));
+    std::mt19937 random(29);
+    const auto number = [&random](double low, double high) { return low + (high - low) * (random() / 4294967296.0); };
+    for (int round = 0; round < 400; ++round) {
+        double n[] = {number(-9, 9),     number(-9, 9),          number(1, 9),  number(1, 9), number(-200, 200),
+                      double(round & 1), double(round >> 1 & 1), number(-9, 9), number(-9, 9)};
+        QString text;
+        for (int i = 0; i < 9; ++i)
+            text += (i == 0 ? QLatin1Char('M') : QLatin1Char(i == 2 ? 'A' : ' ')) + QString::number(n[i], 'g', 15);
+        const QPainterPath path = KMSvgPathData::read(text, 1000).path;
+
+        const double cosine = std::cos(n[4] * M_PI / 180.0), sine = std::sin(n[4] * M_PI / 180.0);
+        const double dx = (n[0] - n[7]) / 2.0, dy = (n[1] - n[8]) / 2.0;
+        const double x = cosine * dx + sine * dy, y = cosine * dy - sine * dx;
+        const double excess = x * x / (n[2] * n[2]) + y * y / (n[3] * n[3]);
+        const double grow = std::max(1.0, std::sqrt(excess)), rx = n[2] * grow, ry = n[3] * grow;
+        const double rest = rx * rx * y * y + ry * ry * x * x;
+        const double root = std::sqrt(std::max(0.0, rx * rx * ry * ry / rest - 1.0)) * (n[5] == n[6] ? -1.0 : 1.0);
+        const double cx = root * rx * y / ry, cy = -root * ry * x / rx; // from the middle of the chord, unturned
+        double way = 0.0, before = std::atan2((y - cy) / ry, (x - cx) / rx);
+        for (int i = 0; i <= 200; ++i) {
+            const QPointF p = path.pointAtPercent(i / 200.0) - QPointF(n[0] + n[7], n[1] + n[8]) / 2.0;
+            const double u = (cosine * p.x() + sine * p.y() - cx) / rx, v = (cosine * p.y() - sine * p.x() - cy) / ry;
+            QVERIFY2(std::abs(std::hypot(u, v) - 1.0) < 1e-3, qPrintable(text));
+            const double angle = std::atan2(v, u);
+            way += std::remainder(angle - before, 2.0 * M_PI);
+            before = angle;
+        }
+        QVERIFY2((way > 0.0) == (n[6] == 1.0), qPrintable(text));
+        QVERIFY2(grow > 1.0 || (std::abs(way) > M_PI) == (n[5] == 1.0), qPrintable(text));
+        QVERIFY((path.currentPosition() - QPointF(n[7], n[8])).manhattanLength() < 1e-9);
+    }
+    const QPainterPath tight = KMSvgPathData::read(QStringLiteral("M10 0a10 10 0 10-10 10z"), 100).path;
+    QVERIFY((tight.boundingRect().topLeft() + QPointF(10, 10)).manhattanLength() < 0.02); // no blanks between flags
 }
 
 void tst_KMPrimSVGNode::transforms_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QPointF>("image"); // of the point 2, 1
-    QTest::newRow("none") << QString() << QPointF(2, 1);
     QTest::newRow("translate") << QStringLiteral("translate(10,20)") << QPointF(12, 21);
     QTest::newRow("along x") << QStringLiteral("translate(10)") << QPointF(12, 1);
     QTest::newRow("scale") << QStringLiteral("scale(3)") << QPointF(6, 3);
     QTest::newRow("unequal scale") << QStringLiteral("scale(3 -1)") << QPointF(6, -1);
-    QTest::newRow("rotate") << QStringLiteral("rotate(90)") << QPointF(-1, 2);
     QTest::newRow("rotate about") << QStringLiteral("rotate(90, 2, 2)") << QPointF(3, 2);
     QTest::newRow("skew x") << QStringLiteral("skewX(45)") << QPointF(3, 1);
     QTest::newRow("skew y") << QStringLiteral("skewY(45)") << QPointF(2, 3);
@@ -194,23 +187,15 @@ void tst_KMPrimSVGNode::shapes_data()
     const auto row = [](const char *name, const char *content, double area) {
         QTest::newRow(name) << QByteArray(content) << area;
     };
-    row("rect", "<rect x='1' y='2' width='3' height='4'/>", 12.0);
     row("round rect", "<rect width='10' height='10' rx='5'/>", M_PI * 25.0);
-    row("circle", "<circle cx='5' r='2'/>", M_PI * 4.0);
     row("tiny circle", "<circle r='0.001'/>", M_PI * 1e-6);
     row("ellipse", "<ellipse rx='2' ry='3'/>", M_PI * 6.0);
-    row("polygon", "<polygon points='0,0 4,0 4,3'/>", 6.0);
     row("odd number of a polygon", "<polygon points='0,0 4,0 4,3 7'/>", 6.0);
-    row("polyline", "<polyline points='0,0 4,0 4,3'/>", 6.0);
     row("line has no area", "<line x2='5' y2='5'/>", 0.0);
-    row("stroked line", "<line x2='5' stroke='#000' stroke-width='2'/>", 10.0);
     row("square ends", "<line x2='5' stroke='#000' stroke-width='2' stroke-linecap='square'/>", 14.0);
-    row("outline only", "<rect width='10' height='10' fill='none' stroke='red' stroke-width='2'/>", 144.0 - 64.0);
-    row("nothing", "<rect width='10' height='10' fill='none'/>", 0.0);
     row("style", "<rect width='10' height='10' style='fill: none; stroke:red'/>", 121.0 - 81.0);
     row("style before attribute", "<rect width='10' height='10' fill='red' style='fill:none'/>", 0.0);
     row("inherited", "<g fill='none'><rect width='9' height='9'/><rect width='2' height='2' fill='red'/></g>", 4.0);
-    row("groups place", "<g transform='scale(2)'><g transform='scale(3)'><rect width='1' height='1'/></g></g>", 36.0);
     row("group ends", "<g transform='scale(2)'><rect width='1' height='1'/></g><rect width='1' height='1'/>", 5.0);
     row("mirrored", "<rect transform='scale(-1,1)' width='2' height='2'/>", 4.0);
     row("flattened", "<rect transform='scale(0,1)' width='2' height='2'/>", 0.0);
@@ -242,8 +227,6 @@ void tst_KMPrimSVGNode::shapes()
 void tst_KMPrimSVGNode::notDrawings_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("text") << QByteArray("This is a letter");
     QTest::newRow("zeros") << QByteArray(1000, '\0');
     QTest::newRow("other xml") << QByteArray("<html><svg/></html>");
     QTest::newRow("cut short") << QByteArray("<svg><rect width='3' height='3'/>");
@@ -275,6 +258,8 @@ void tst_KMPrimSVGNode::limits()
     QVERIFY(readBytes(reader, drawing((tangle + "'/>").repeated(5) + "<rect width='1' height='1'/>")));
     QVERIFY(reader.warnings().size() >= 5);
     QCOMPARE(areaOf(reader.area()), 1.0);
+    QVERIFY(readBytes(reader, drawing("<text>A</text><use/><title>B</title>")));
+    QCOMPARE(reader.warnings().size(), 2); // what would be seen elsewhere is missed here
     // Outside files stay closed, whatever the drawing names.
     QVERIFY(!readBytes(reader, "<!DOCTYPE svg [<!ENTITY x SYSTEM 'file:///etc/passwd'>]><svg><path d='&x;'/></svg>")
             || reader.area().isEmpty());
@@ -319,18 +304,17 @@ void tst_KMPrimSVGNode::shapeOfNode()
     QCOMPARE(probe.area, 200.0);
     QCOMPARE(probe.faces, 2);
     for (const KMFace *face : node.mesh()->faces()) {
-        const kvm::Vector3 a = node.mesh()->position(face->indices[0]);
-        const kvm::Vector3 b = node.mesh()->position(face->indices[1]);
-        const kvm::Vector3 c = node.mesh()->position(face->indices[2]);
-        QVERIFY(cross(b - c, a - b).z > 0.0f);
-        for (const kvm::Vector3 &point : {a, b, c})
+        QVERIFY(rawNormal(*node.mesh(), *face).z < 0.0f); // to the front view
+        for (int c = 0; c < 3; ++c) {
+            const kvm::Vector3 &point = node.mesh()->position(face->indices[c]);
             QVERIFY(point.x >= 0.0f && point.y <= 0.0f && point.z == 0.0f); // what is below in the drawing is below
+        }
     }
     const std::unique_ptr<KMPrimitiveNode> copy(node.clone());
     QCOMPARE(meshText(*copy->mesh()), meshText(*node.mesh()));
 }
 
-void tst_KMPrimSVGNode::badFileLeavesNothing()
+void tst_KMPrimSVGNode::filesChange()
 {
     QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("a.svg"));
@@ -338,21 +322,12 @@ void tst_KMPrimSVGNode::badFileLeavesNothing()
     KMPrimSVGNode node;
     for (const QString &bad :
          {QStringLiteral("/nowhere/at/all.svg"), folder.path(), QStringLiteral("/dev/zero"), QString()}) {
-        node.setParameters({path});
-        QVERIFY(node.mesh()->faceCount() > 0);
         node.setParameters({bad});
         QCOMPARE(node.mesh()->faceCount(), 0);
         QCOMPARE(node.parameters().path, bad);
+        node.setParameters({path});
+        QVERIFY(node.mesh()->faceCount() > 0);
     }
-}
-
-void tst_KMPrimSVGNode::changedFileIsReadAgain()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("a.svg"));
-    write(path, drawing("<rect width='3' height='3'/>"));
-    KMPrimSVGNode node;
-    node.setParameters({path});
     write(path, drawing("<rect width='5' height='5'/>"));
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadWrite));

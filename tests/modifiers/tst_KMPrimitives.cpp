@@ -29,24 +29,18 @@ private slots:
     void facesLookOutwards_data();
     void facesLookOutwards();
     void cubeCorners();
-    void planeCorners();
-    void planeFacesUp_data();
     void planeFacesUp();
-    void sphereIsRound();
-    void cylinderHasSharpRims();
-    void torusDistances();
+    void roundShapes();
     void uvs_data();
     void uvs();
     void outOfRangeKeepsTheMesh_data();
     void outOfRangeKeepsTheMesh();
     void hugeCountsAreRefused();
-    void transformIsInTheVertices_data();
     void transformIsInTheVertices();
     void valueNodesRebuild();
     void parametersAreSetAtOnce();
     void cloneIsIndependent_data();
     void cloneIsIndependent();
-    void meshFollowsVisibility();
     void commands_data();
     void commands();
     void undoLeadsBackThroughBadValues();
@@ -61,6 +55,7 @@ constexpr int billion = 1000000000;
 
 using Primitive = std::shared_ptr<KMPrimitiveNode>;
 using Make = KMPrimitiveNode *(*)();
+using MakeCommand = std::function<KMUndoCommand *()>;
 
 template <class Node, class... Values>
 Primitive made(Values... values)
@@ -188,7 +183,6 @@ void tst_KMPrimitives::cubeCorners()
 {
     KMPrimCubeNode cube;
     QCOMPARE(cube.mesh()->position(0), kvm::Vector3(25, 25, -25));
-    QCOMPARE(cube.mesh()->position(5), kvm::Vector3(-25, -25, 25));
     cube.setParameters({2.0f, 4.0f, 6.0f});
     QCOMPARE(cube.mesh()->position(6), kvm::Vector3(1, 2, 3));
     QVERIFY((cube.mesh()->faceCorners(4) == std::array<int, 4>{6, 4, 2, 0}));
@@ -197,59 +191,30 @@ void tst_KMPrimitives::cubeCorners()
             && uvs[3] == kvm::Vector2(1, 1));
 }
 
-void tst_KMPrimitives::planeCorners()
+void tst_KMPrimitives::planeFacesUp()
 {
     KMPrimPlaneNode plane;
     QCOMPARE(plane.mesh()->position(0), kvm::Vector3(-50, 0, 50));
-    QCOMPARE(plane.mesh()->position(3), kvm::Vector3(50, 0, -50));
     QVERIFY((plane.mesh()->faceCorners(0) == std::array<int, 4>{0, 1, 3, 2}));
     plane.setParameters({40.0f, 20.0f, 4, 2});
     QCOMPARE(plane.mesh()->position(1 * 3 + 2), kvm::Vector3(-10, 0, -10)); // columns run along X, in them rows
-}
-
-void tst_KMPrimitives::planeFacesUp_data()
-{
-    QTest::addColumn<float>("width");
-    QTest::addColumn<float>("depth");
-    QTest::newRow("plain") << 10.0f << 20.0f;
-    QTest::newRow("negative width") << -10.0f << 20.0f;
-    QTest::newRow("negative depth") << 10.0f << -20.0f;
-    QTest::newRow("both") << -10.0f << -20.0f;
-}
-
-void tst_KMPrimitives::planeFacesUp()
-{
-    QFETCH(float, width);
-    QFETCH(float, depth);
-    KMPrimPlaneNode plane;
-    plane.setParameters({width, depth, 3, 2});
-    plane.mesh()->refreshMesh(KMMeshDirty::All);
-    for (const KMFace *face : plane.mesh()->faces()) {
-        const kvm::Vector3 a = plane.mesh()->position(face->indices[0]);
-        const kvm::Vector3 b = plane.mesh()->position(face->indices[1]);
-        const kvm::Vector3 c = plane.mesh()->position(face->indices[2]);
-        QCOMPARE(cross(b - c, a - b).normalized(), kvm::Vector3(0, 1, 0));
+    for (const float width : {10.0f, -10.0f}) {
+        for (const float depth : {20.0f, -20.0f}) {
+            plane.setParameters({width, depth, 3, 2});
+            for (const KMFace *face : plane.mesh()->faces())
+                QCOMPARE(rawNormal(*plane.mesh(), *face).normalized(), kvm::Vector3(0, 1, 0));
+        }
     }
 }
 
-void tst_KMPrimitives::sphereIsRound()
+void tst_KMPrimitives::roundShapes()
 {
-    KMPrimSphereNode sphere;
-    const KMMeshNode *mesh = sphere.mesh();
-    for (const KMVertex *vertex : mesh->vertices())
+    const KMPrimSphereNode sphere;
+    for (const KMVertex *vertex : sphere.mesh()->vertices())
         QVERIFY(std::abs(vertex->pos.length() - 25.0f) < 1e-4f);
-    QCOMPARE(mesh->position(0), kvm::Vector3(0, -25, 0));
-    QCOMPARE(mesh->position(mesh->vertexCount() - 1), kvm::Vector3(0, 25, 0));
-    for (const KMFace *face : mesh->faces()) {
-        const kvm::Vector3 a = mesh->position(face->indices[0]);
-        const kvm::Vector3 b = mesh->position(face->indices[1]);
-        const kvm::Vector3 c = mesh->position(face->indices[2]);
-        QVERIFY(dot(cross(b - c, a - b), a + b + c) > 0.0f);
-    }
-}
+    QCOMPARE(sphere.mesh()->position(0), kvm::Vector3(0, -25, 0));
+    QCOMPARE(sphere.mesh()->position(sphere.mesh()->vertexCount() - 1), kvm::Vector3(0, 25, 0));
 
-void tst_KMPrimitives::cylinderHasSharpRims()
-{
     KMPrimCylinderNode cylinder;
     cylinder.setParameters({30.0f, 10.0f, 6, 9});
     QMap<float, int> heights;
@@ -258,12 +223,9 @@ void tst_KMPrimitives::cylinderHasSharpRims()
         const float radius = std::hypot(vertex->pos.x, vertex->pos.z);
         QVERIFY(radius == 0.0f || std::abs(radius - 10.0f) < 1e-4f);
     }
-    QCOMPARE(heights, (QMap<float, int>{{-15.0f, 9}, {-5.0f, 8}, {5.0f, 8}, {15.0f, 9}}));
-}
+    QCOMPARE(heights, (QMap<float, int>{{-15.0f, 9}, {-5.0f, 8}, {5.0f, 8}, {15.0f, 9}})); // centres at the rims
 
-void tst_KMPrimitives::torusDistances()
-{
-    KMPrimTorusNode torus;
+    const KMPrimTorusNode torus;
     for (const KMVertex *vertex : torus.mesh()->vertices()) {
         const float fromAxis = std::hypot(vertex->pos.x, vertex->pos.z) - 50.0f;
         QVERIFY(std::abs(std::hypot(fromAxis, vertex->pos.y) - 15.0f) < 1e-3f);
@@ -322,10 +284,8 @@ void tst_KMPrimitives::outOfRangeKeepsTheMesh_data()
     const auto cylinder = std::make_shared<KMPrimCylinderNode>();
     row("cylinder radius", cylinder, KMPrimCylinder{50.0f, -0.1f, 4, 13});
     row("cylinder rings", cylinder, KMPrimCylinder{50.0f, 25.0f, 3, 13});
-    row("cylinder sectors", cylinder, KMPrimCylinder{50.0f, 25.0f, 4, 3});
     const auto torus = std::make_shared<KMPrimTorusNode>();
     row("torus rings", torus, KMPrimTorus{50.0f, 15.0f, 2, 12});
-    row("torus tube", torus, KMPrimTorus{50.0f, 15.0f, 32, 0});
     row("torus radius", torus, KMPrimTorus{50.0f, -15.0f, 32, 12});
     const auto plane = std::make_shared<KMPrimPlaneNode>();
     row("plane divisions", plane, KMPrimPlane{50.0f, 15.0f, 0, 12});
@@ -362,32 +322,23 @@ void tst_KMPrimitives::hugeCountsAreRefused()
     QCOMPARE(plane.mesh()->faceCount(), KMPrimitiveNode::MaxFaces);
 }
 
-void tst_KMPrimitives::transformIsInTheVertices_data()
-{
-    QTest::addColumn<Make>("factory");
-    QTest::newRow("cube") << Make(&make<KMPrimCubeNode>);
-    QTest::newRow("plane") << Make(&make<KMPrimPlaneNode>);
-    QTest::newRow("sphere") << Make(&make<KMPrimSphereNode>);
-    QTest::newRow("cylinder") << Make(&make<KMPrimCylinderNode>);
-    QTest::newRow("torus") << Make(&make<KMPrimTorusNode>);
-}
-
 void tst_KMPrimitives::transformIsInTheVertices()
 {
-    QFETCH(Make, factory);
-    const std::unique_ptr<KMPrimitiveNode> rest(factory());
-    const std::unique_ptr<KMPrimitiveNode> moved(factory());
     const KMTransform t = placed({2.0f, 0.5f, 3.0f});
-    moved->setTransform(t);
-    QCOMPARE(moved->mesh()->vertexCount(), rest->mesh()->vertexCount());
-    for (int i = 0; i < rest->mesh()->vertexCount(); ++i) {
-        const kvm::Vector3 p = rest->mesh()->position(i);
-        const kvm::Vector3 expected =
-            t.rotation.rotate({p.x * t.scale.x, p.y * t.scale.y, p.z * t.scale.z}) + t.translation;
-        QVERIFY((moved->mesh()->position(i) - expected).length() < 1e-3f);
+    const Make makers[] = {&make<KMPrimCubeNode>, &make<KMPrimPlaneNode>, &make<KMPrimSphereNode>};
+    for (const Make factory : makers) {
+        const std::unique_ptr<KMPrimitiveNode> rest(factory());
+        const std::unique_ptr<KMPrimitiveNode> moved(factory());
+        moved->setTransform(t);
+        for (int i = 0; i < rest->mesh()->vertexCount(); ++i) {
+            const kvm::Vector3 p = rest->mesh()->position(i);
+            const kvm::Vector3 expected =
+                t.rotation.rotate({p.x * t.scale.x, p.y * t.scale.y, p.z * t.scale.z}) + t.translation;
+            QVERIFY((moved->mesh()->position(i) - expected).length() < 1e-3f);
+        }
+        moved->setTransform({});
+        QCOMPARE(meshText(*moved->mesh()), meshText(*rest->mesh()));
     }
-    moved->setTransform({});
-    QCOMPARE(meshText(*moved->mesh()), meshText(*rest->mesh()));
 }
 
 void tst_KMPrimitives::valueNodesRebuild()
@@ -422,9 +373,6 @@ void tst_KMPrimitives::cloneIsIndependent_data()
     text.text = QStringLiteral("ab");
     QTest::newRow("cube") << made<KMPrimCubeNode>(1.0f, 2.0f, 3.0f);
     QTest::newRow("sphere") << made<KMPrimSphereNode>(3.0f, 6, 7);
-    QTest::newRow("cylinder") << made<KMPrimCylinderNode>(3.0f, 4.0f, 6, 7);
-    QTest::newRow("torus") << made<KMPrimTorusNode>(3.0f, 1.0f, 6, 7);
-    QTest::newRow("plane") << made<KMPrimPlaneNode>(3.0f, 1.0f, 6, 7);
     QTest::newRow("text") << made<KMPrim3DTextNode>(text);
     QTest::newRow("out of range") << made<KMPrimSphereNode>(3.0f, 1, 7);
 }
@@ -450,55 +398,39 @@ void tst_KMPrimitives::cloneIsIndependent()
     QCOMPARE(meshText(*primitive->mesh()), before);
 }
 
-void tst_KMPrimitives::meshFollowsVisibility()
+template <class Node, class Command, class Value>
+void addCommand(const char *text, const Value &value)
 {
-    KMPrimCubeNode cube;
-    QVERIFY(cube.mesh()->isVisible());
-    cube.setVisible(false);
-    QVERIFY(!cube.mesh()->isVisible());
-    cube.setVisible(true);
-    QVERIFY(cube.mesh()->isVisible());
+    auto *node = new Node;
+    QTest::newRow(text) << static_cast<KMPrimitiveNode *>(node)
+                        << MakeCommand([=]() -> KMUndoCommand * { return new Command(node, value); });
 }
 
 void tst_KMPrimitives::commands_data()
 {
-    using MakeCommand = std::function<KMUndoCommand *()>;
-    QTest::addColumn<QString>("text");
     QTest::addColumn<KMPrimitiveNode *>("node");
     QTest::addColumn<MakeCommand>("command");
-    const auto row = [](const char *text, auto *node, const MakeCommand &command) {
-        QTest::newRow(text) << QString::fromLatin1(text) << static_cast<KMPrimitiveNode *>(node) << command;
-    };
-    auto *sphere = new KMPrimSphereNode;
-    row("Edit Sphere", sphere, [=] { return new editPrimSphereCommand(sphere, {5.0f, 6, 7}); });
-    auto *cube = new KMPrimCubeNode;
-    row("Edit Cube", cube, [=] { return new editPrimCubeCommand(cube, {5.0f, 6.0f, 7.0f}); });
-    auto *cylinder = new KMPrimCylinderNode;
-    row("Edit Cylinder", cylinder, [=] { return new editPrimCylinderCommand(cylinder, {5.0f, 6.0f, 7, 8}); });
-    auto *torus = new KMPrimTorusNode;
-    row("Edit Torus", torus, [=] { return new editPrimTorusCommand(torus, {5.0f, 3.0f, 7, 8}); });
-    auto *plane = new KMPrimPlaneNode;
-    row("Edit Plane", plane, [=] { return new editPrimPlaneCommand(plane, {5.0f, 3.0f, 7, 8}); });
-    auto *text = new KMPrim3DTextNode;
     KMPrim3DText word;
     word.text = QStringLiteral("word");
-    row("Edit 3DText", text, [=] { return new editPrim3DTextCommand(text, word); });
-    auto *shaded = new KMPrimCubeNode;
-    row("Assign Shader", shaded, [=] { return new primAssignShaderCommand(shaded, 2); });
-    auto *moved = new KMPrimCubeNode;
-    row("Edit SRT", moved, [=] { return new editSRTCommand(moved, placed()); });
+    addCommand<KMPrimSphereNode, editPrimSphereCommand>("Edit Sphere", KMPrimSphere{5.0f, 6, 7});
+    addCommand<KMPrimCubeNode, editPrimCubeCommand>("Edit Cube", KMPrimCube{5.0f, 6.0f, 7.0f});
+    addCommand<KMPrimCylinderNode, editPrimCylinderCommand>("Edit Cylinder", KMPrimCylinder{5.0f, 6.0f, 7, 8});
+    addCommand<KMPrimTorusNode, editPrimTorusCommand>("Edit Torus", KMPrimTorus{5.0f, 3.0f, 7, 8});
+    addCommand<KMPrimPlaneNode, editPrimPlaneCommand>("Edit Plane", KMPrimPlane{5.0f, 3.0f, 7, 8});
+    addCommand<KMPrim3DTextNode, editPrim3DTextCommand>("Edit 3DText", word);
+    addCommand<KMPrimCubeNode, primAssignShaderCommand>("Assign Shader", 2);
+    addCommand<KMPrimCubeNode, editSRTCommand>("Edit SRT", placed());
 }
 
 void tst_KMPrimitives::commands()
 {
-    using MakeCommand = std::function<KMUndoCommand *()>;
     QFETCH(KMPrimitiveNode *, node);
     QFETCH(MakeCommand, command);
     KMHeadlessSession session;
     gProject->addNode(node);
     PrimitiveDump dump;
     QCOMPARE(proofFailure(dump, command), QString());
-    QTEST(session.stack().undoText(), "text");
+    QCOMPARE(session.stack().undoText(), QString::fromLatin1(QTest::currentDataTag()));
     session.stack().clear();
 }
 
@@ -565,7 +497,6 @@ void tst_KMPrimitives::sceneKnowsTheMesh()
     QCOMPARE(cube->mesh()->dirtyMask(), 0u);
 }
 
-Q_DECLARE_METATYPE(Make)
 Q_DECLARE_METATYPE(std::function<void()>)
 Q_DECLARE_METATYPE(std::function<KMUndoCommand *()>)
 Q_DECLARE_METATYPE(KMPrimitiveNode *)

@@ -158,12 +158,12 @@ KMMeshNode *MeshFixtures::cube()
     auto *mesh = new KMMeshNode;
     for (int i = 0; i < 8; ++i)
         mesh->addVertexRaw({i & 1 ? 1.0f : -1.0f, i & 2 ? 1.0f : -1.0f, i & 4 ? 1.0f : -1.0f});
-    addFace(mesh, {0, 2, 3, 1});
-    addFace(mesh, {4, 5, 7, 6});
-    addFace(mesh, {0, 1, 5, 4});
-    addFace(mesh, {2, 6, 7, 3});
-    addFace(mesh, {0, 4, 6, 2});
-    addFace(mesh, {1, 3, 7, 5});
+    addFace(mesh, {0, 1, 3, 2});
+    addFace(mesh, {4, 6, 7, 5});
+    addFace(mesh, {0, 4, 5, 1});
+    addFace(mesh, {2, 3, 7, 6});
+    addFace(mesh, {0, 2, 6, 4});
+    addFace(mesh, {1, 5, 7, 3});
     return refreshed(mesh);
 }
 

@@ -1,6 +1,7 @@
 #include "support/MeshProbe.h"
 
 #include "mesh/KMMeshStore.h"
+#include "modifiers/KMPathMesh.h"
 
 #include <QHash>
 #include <QPair>
@@ -53,6 +54,23 @@ MeshProbe::MeshProbe(const KMMeshStore &mesh)
         if (side.key().first < side.key().second || back == 0)
             edges += std::max(side.value(), back);
     }
+}
+
+kvm::Vector3 rawNormal(const KMMeshStore &mesh, const KMFace &face)
+{
+    const kvm::Vector3 middle = cornerOf(mesh, face, 1);
+    return cross(middle - cornerOf(mesh, face, 2), cornerOf(mesh, face, 0) - middle);
+}
+
+double areaOf(const KMPathMesh &mesh)
+{
+    double area = 0.0;
+    for (const KMPathMesh::Triangle &t : mesh.triangles) {
+        const QPointF a = mesh.points[t[1]] - mesh.points[t[0]];
+        const QPointF b = mesh.points[t[2]] - mesh.points[t[0]];
+        area += (a.x() * b.y() - a.y() * b.x()) / 2.0;
+    }
+    return area;
 }
 
 QString meshText(const KMMeshStore &mesh)

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "math/Vector3.h"
+
 #include <QString>
 
 class KMMeshStore;
+struct KMFace;
+struct KMPathMesh;
 
 /// What the shape of a mesh is, found from its faces alone.
 struct MeshProbe
@@ -19,6 +23,11 @@ struct MeshProbe
     bool isClosed() const { return openEdges == 0; }
     int euler() const { return vertices - edges + faces; } ///< 2 for each ball, 0 for each ring
 };
+
+/// The normal by the first three corners, twice as long as their area.
+kvm::Vector3 rawNormal(const KMMeshStore &mesh, const KMFace &face);
+
+double areaOf(const KMPathMesh &mesh); ///< negative where triangles run clockwise
 
 /// The whole mesh as text, bit for bit.
 QString meshText(const KMMeshStore &mesh);

@@ -1,6 +1,7 @@
 #include "shell/commands/KMNormalCommand.h"
 
 #include "core/KMNodeType.h"
+#include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
 
@@ -15,6 +16,17 @@ KMNormalCommand::KMNormalCommand(const QString &text, KMMeshTargets::Elements ne
 QList<KMMeshNode *> KMNormalCommand::targets() const
 {
     return KMMeshTargets::find(m_needed, KMNodeType::TagNormal);
+}
+
+QString KMNormalCommand::missingMesh() const
+{
+    for (const KMMeshNode *mesh : gProject->meshesInTree()) {
+        if (mesh->isSelected() && mesh->isLocked())
+            return tr("%1: %2 is locked").arg(text(), mesh->name());
+        if (mesh->isSelected())
+            return tr("%1: %2 has no normal tag; its menu in the list of nodes adds one").arg(text(), mesh->name());
+    }
+    return tr("%1: select a mesh that has a normal tag").arg(text());
 }
 
 QString KMNormalCommand::missingSelection() const
@@ -33,9 +45,7 @@ QString KMNormalCommand::obstacle() const
 {
     if (!targets().isEmpty())
         return {};
-    if (KMMeshTargets::find({}, KMNodeType::TagNormal).isEmpty())
-        return tr("%1: select a mesh that has a normal tag and is not locked").arg(text());
-    return m_needed ? missingSelection() : tr("%1: nothing to do").arg(text());
+    return KMMeshTargets::find({}, KMNodeType::TagNormal).isEmpty() ? missingMesh() : missingSelection();
 }
 
 void KMNormalCommand::run()

@@ -14,13 +14,14 @@ public:
 
 protected:
     virtual QList<KMMeshNode *> targets() const;
-    virtual int runOn(KMMeshNode &mesh) = 0; ///< returns how many edges or faces it changed
+    virtual int runOn(KMMeshNode &mesh) = 0;  ///< returns how many edges or faces it changed
+    virtual QString missingSelection() const; ///< what to say where no mesh holds what is needed
     QString obstacle() const override;
     void run() override;
     void report(int changed) const; ///< in the message line
 
 private:
-    QString missingSelection() const;
+    QString missingMesh() const;
 
     KMMeshTargets::Elements m_needed;
 };

@@ -7,6 +7,7 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMNormalEdit.h"
 #include "mesh/KMTagNormal.h"
+#include "modifiers/KMPrimitiveNode.h"
 
 #include <QDebug>
 
@@ -29,6 +30,10 @@ QList<KMMeshNode *> giversFor(const KMMeshNode &receiver)
     for (KMMeshNode *mesh : gProject->meshesInTree()) {
         if (mesh != &receiver && mesh->isSelected())
             givers << shownMesh(mesh);
+    }
+    for (const KMPrimitiveNode *primitive : gProject->primitivesInTree()) {
+        if (primitive->isSelected())
+            givers << primitive->mesh();
     }
     return givers;
 }
@@ -84,6 +89,11 @@ QList<KMMeshNode *> NormalComSelectCrease::targets() const
     const auto hasNone = [](const KMMeshNode *mesh) { return KMNormalEdit::tagOf(*mesh)->creaseEdges().isEmpty(); };
     meshes.erase(std::remove_if(meshes.begin(), meshes.end(), hasNone), meshes.end());
     return meshes;
+}
+
+QString NormalComSelectCrease::missingSelection() const
+{
+    return tr("%1: the mesh has no creases").arg(text());
 }
 
 int NormalComSelectCrease::runOn(KMMeshNode &mesh)
@@ -165,7 +175,8 @@ int NormalComFlatX::runOn(KMMeshNode &mesh)
 NormalComTransfer::NormalComTransfer(QObject *parent)
     : KMNormalCommand(tr("Transfer Normal"), Edges, parent)
 {
-    setStatusTip(tr("Take the normals at the selected edges from the nearest surface of the other selected meshes"));
+    setStatusTip(tr(
+        "Take the normals at the selected edges from the nearest surface of the other selected meshes and primitives"));
 }
 
 QList<KMMeshNode *> NormalComTransfer::targets() const
@@ -184,7 +195,7 @@ QString NormalComTransfer::obstacle() const
     if (!reason.isEmpty())
         return reason;
     return giversFor(*targets().first()).isEmpty()
-               ? tr("%1: select another mesh as well, to take the normals from").arg(text())
+               ? tr("%1: select another mesh or primitive as well, to take the normals from").arg(text())
                : QString();
 }
 
@@ -213,6 +224,12 @@ NormalComTest::NormalComTest(QObject *parent)
     setStatusTip(tr("Write what the normal tags of the selected meshes hold to the output"));
 }
 
+void NormalComTest::run()
+{
+    for (KMMeshNode *mesh : targets())
+        runOn(*mesh);
+}
+
 int NormalComTest::runOn(KMMeshNode &mesh)
 {
     const KMTagNormal *tag = KMNormalEdit::tagOf(mesh);
@@ -221,8 +238,13 @@ int NormalComTest::runOn(KMMeshNode &mesh)
         for (const quint8 mode : record.mode)
             ++corners[std::min(int(mode), 2)];
     }
-    qDebug().noquote() << mesh.name() << "creases:" << tag->creaseEdges().size()
-                       << "parted faces:" << tag->creaseFaces().size() << "fixed:" << corners[KMNormalFace::Fixed]
-                       << "rotated:" << corners[KMNormalFace::Rotated];
+    const QString line = tr("%1: %2 creases, %3 parted faces, %4 fixed, %5 rotated")
+                             .arg(mesh.name())
+                             .arg(tag->creaseEdges().size())
+                             .arg(tag->creaseFaces().size())
+                             .arg(corners[KMNormalFace::Fixed])
+                             .arg(corners[KMNormalFace::Rotated]);
+    qDebug().noquote() << line;
+    gSolution->showMessage(line, MessageLevel);
     return 0;
 }

@@ -30,6 +30,7 @@ public:
 
 protected:
     QList<KMMeshNode *> targets() const override; // those with creases
+    QString missingSelection() const override;
     int runOn(KMMeshNode &mesh) override;
 };
 
@@ -95,7 +96,7 @@ protected:
 };
 
 /// The current mesh receives, where it qualifies, else each mesh that does; all other selected meshes give, each as
-/// its modifiers show it.
+/// its modifiers show it, and the selected primitives.
 class NormalComTransfer : public KMNormalCommand
 {
     Q_OBJECT
@@ -127,5 +128,6 @@ public:
 
 protected:
     int runOn(KMMeshNode &mesh) override;
+    void run() override;
     bool isOneStep() const override { return false; }
 };

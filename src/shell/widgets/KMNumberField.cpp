@@ -18,6 +18,7 @@ KMNumberField::KMNumberField(Kind kind, QWidget *parent)
     setDecimals(kind == Kind::Whole ? 0 : 4);
     setRange(kind == Kind::Whole ? -2147483648.0 : -widest, kind == Kind::Whole ? 2147483647.0 : widest);
     setKeyboardTracking(false);
+    setCorrectionMode(QAbstractSpinBox::CorrectToNearestValue);
     m_stepTimer->setSingleShot(true);
     m_stepTimer->setInterval(StepPause);
     connect(m_stepTimer, &QTimer::timeout, this, &KMNumberField::commit);
