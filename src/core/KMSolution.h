@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/KMContainerNode.h"
+#include "core/KMEditFilter.h"
 #include "math/Matrix4.h"
 #include "math/Vector3.h"
 
@@ -119,6 +120,13 @@ public:
     bool areViewsReady() const { return m_viewsReady; } ///< the first view exists
     void setViewsReady(bool ready) { m_viewsReady = ready; }
 
+    // How the mouse edits; kept from one document to the next
+
+    const KMEditFilter &editFilter() const { return m_editFilter; }
+    void setEditFilter(const KMEditFilter &filter) { m_editFilter = filter; }
+    int snapOptions() const { return m_snapOptions; } ///< bits of KMSnapOption
+    void setSnapOptions(int options) { m_snapOptions = options; }
+
     // An add-on's run is bracketed in the history
 
     bool isInAddon() const { return m_inAddon; }
@@ -180,6 +188,8 @@ private:
     int m_fogDistance = 100;
     bool m_fogEnabled = false;
     int m_macroDepth = 0;
+    KMEditFilter m_editFilter;
+    int m_snapOptions = KMSnapOption::Default;
     bool m_inAddon = false;
     bool m_addonStacked = false;
     bool m_busy = false;

@@ -84,9 +84,11 @@ void KMMeshNode::rebuildSelectionCache()
 {
     m_selectedVertices.clear();
     m_selectedFaces.clear();
-    for (const KMVertex *vertex : std::as_const(m_liveVertices)) {
-        if (vertex->hasFlag(KMElementFlag::Selected))
-            m_selectedVertices.insert(vertex->index);
+    // Not by the live lists: within a macro they may still name records that went.
+    for (int i = 0; i < vertexCount(); ++i) {
+        const KMVertex *record = vertex(i);
+        if (record && !record->faceRefs.isEmpty() && record->hasFlag(KMElementFlag::Selected))
+            m_selectedVertices.insert(i);
     }
     for (const KMEdge *edge : edges()) {
         if (!edge->hasFlag(KMElementFlag::Selected))
@@ -96,14 +98,15 @@ void KMMeshNode::rebuildSelectionCache()
                 m_selectedVertices.insert(end);
         }
     }
-    for (const KMFace *face : std::as_const(m_liveFaces)) {
-        if (!face->hasFlag(KMElementFlag::Selected))
+    for (int f = 0; f < faceCount(); ++f) {
+        const KMFace *record = face(f);
+        if (!record || !record->isLive() || !record->hasFlag(KMElementFlag::Selected))
             continue;
-        for (int c = 0; c < face->count; ++c) {
-            if (vertex(face->indices[c])) // it may be on its way out
-                m_selectedVertices.insert(face->indices[c]);
+        for (int c = 0; c < record->count; ++c) {
+            if (vertex(record->indices[c]))
+                m_selectedVertices.insert(record->indices[c]);
         }
-        m_selectedFaces.insert(face->index);
+        m_selectedFaces.insert(f);
     }
     m_selectionPositions.fill({}, vertexCount());
     m_selectionCentre = {};

@@ -46,7 +46,8 @@ setSelectEdgeCommand::setSelectEdgeCommand(KMMeshNode *mesh, int a, int b, bool 
 
 void setSelectEdgeCommand::apply(Direction direction)
 {
-    if (!m_exists)
+    // The result of a modifier may have been made anew, with fewer vertices.
+    if (!m_exists || !mesh()->vertex(m_a) || !mesh()->vertex(m_b))
         return;
     KMEdge *edge = mesh()->findOrAddEdge(m_a, m_b); // it may wait for a refresh to come back
     if (direction == Direction::Redo ? m_after : m_before)

@@ -1,6 +1,8 @@
 #include "mesh/KMMeshTargets.h"
 
 #include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
 
 #include <algorithm>
@@ -32,4 +34,47 @@ QList<KMMeshNode *> KMMeshTargets::find(Elements elements, int tagType)
             found << mesh;
     }
     return found;
+}
+
+const KMContainerNode &KMMeshTargets::stateNode(const KMMeshNode &mesh)
+{
+    if (const KMContainerNode *owner = mesh.ownerNode())
+        return *owner;
+    return mesh;
+}
+
+bool KMMeshTargets::isChosen(const KMMeshNode &mesh)
+{
+    if (mesh.ownerNode())
+        return mesh.ownerNode()->isSelected();
+    const KMContainerNode *node = &mesh;
+    while (node && !node->isSelected())
+        node = KMTreeWidget::parentNodeOf(node);
+    return node;
+}
+
+QList<KMMeshNode *> KMMeshTargets::chosen()
+{
+    QList<KMMeshNode *> found;
+    for (KMMeshNode *mesh : gProject->renderMeshes()) {
+        if (isChosen(*mesh) && !stateNode(*mesh).isLocked())
+            found << mesh;
+    }
+    return found;
+}
+
+bool KMMeshTargets::isEditable(const KMMeshNode &mesh)
+{
+    const KMContainerNode &node = stateNode(mesh);
+    return !node.isLocked() && node.isVisible() && !node.isDeleted();
+}
+
+KMMeshTargets::Elements KMMeshTargets::filteredElements()
+{
+    const KMEditFilter &filter = gSolution->editFilter();
+    Elements elements;
+    elements.setFlag(Vertices, filter.vertices);
+    elements.setFlag(Edges, filter.edges);
+    elements.setFlag(Faces, filter.faces);
+    return elements;
 }

@@ -3,6 +3,7 @@
 #include <QFlags>
 #include <QList>
 
+class KMContainerNode;
 class KMMeshNode;
 
 /// The meshes that a user command works on.
@@ -17,5 +18,19 @@ bool hasSelected(const KMMeshNode &mesh, Elements elements); ///< a selected ele
 /// The meshes in the tree, in its order, that are selected, not locked, have a live tag of the type, and a
 /// selected element of one of the kinds; without kinds no element is asked for.
 QList<KMMeshNode *> find(Elements elements, int tagType);
+
+/// The node whose state counts for a mesh: the modifier or primitive that made it, else the mesh itself.
+const KMContainerNode &stateNode(const KMMeshNode &mesh);
+
+/// What the user has chosen in the tree: a mesh that is selected or lies below a selected node. The result of a
+/// modifier or primitive is chosen when that itself is selected.
+bool isChosen(const KMMeshNode &mesh);
+
+/// The chosen meshes, results included, that are not locked, in the order of the tree; with what is hidden or not.
+QList<KMMeshNode *> chosen();
+bool isEditable(const KMMeshNode &mesh); ///< not locked, visible and in the scene
+
+/// The kinds of elements that the session's edit filter lets the mouse work on.
+Elements filteredElements();
 
 } // namespace KMMeshTargets

@@ -2,6 +2,17 @@
 
 #include "mesh/KMMeshNode.h"
 
+namespace {
+
+/// The result of a modifier may have been made anew since the step, with fewer vertices.
+void setPositionIfThere(KMMeshNode &mesh, int index, const kvm::Vector3 &position)
+{
+    if (mesh.vertex(index))
+        mesh.setPosition(index, position);
+}
+
+} // namespace
+
 addVertexCommand::addVertexCommand(KMMeshNode *mesh, const kvm::Vector3 &position)
     : KMMeshCommand(tr("Add Vertex"), mesh)
     , m_index(mesh->addVertexRaw(position))
@@ -85,7 +96,7 @@ moveVertexCommand::moveVertexCommand(KMMeshNode *mesh, int index, const kvm::Vec
 
 void moveVertexCommand::apply(Direction direction)
 {
-    mesh()->setPosition(m_index, direction == Direction::Redo ? m_after : m_before);
+    setPositionIfThere(*mesh(), m_index, direction == Direction::Redo ? m_after : m_before);
     mesh()->markMoved();
 }
 
@@ -100,7 +111,7 @@ void moveVertexArrayCommand::apply(Direction direction)
 {
     const auto side = direction == Direction::Redo ? &KMMovedVertex::after : &KMMovedVertex::before;
     for (const KMMovedVertex &move : std::as_const(m_moves))
-        mesh()->setPosition(move.index, move.*side);
+        setPositionIfThere(*mesh(), move.index, move.*side);
     mesh()->markMoved();
 }
 

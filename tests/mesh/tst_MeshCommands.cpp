@@ -1,18 +1,26 @@
 #include "core/KMBasicShaderNode.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "mesh/KMCopyBuffer.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMFaceCommands.h"
+#include "mesh/KMMarqueeSelect.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshNodeCommands.h"
+#include "mesh/KMMeshPaste.h"
+#include "mesh/KMMeshSelect.h"
 #include "mesh/KMMeshSelectCommands.h"
 #include "mesh/KMMeshUVCommands.h"
+#include "mesh/KMSelectionDelete.h"
+#include "mesh/KMSelectionTransform.h"
 #include "mesh/KMVertexCommands.h"
+#include "mesh/KMVertexMerge.h"
 #include "support/CommandProof.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 
+#include <QPolygonF>
 #include <QTest>
 #include <QUndoStack>
 
@@ -92,6 +100,70 @@ const CommandRow commandRows[] = {
     {"Compact", 32767, [](auto *m) { return new compactMeshCommand(m); }},
 };
 
+struct OperationRow
+{
+    const char *name;
+    const char *text;
+    void (*run)(KMMeshNode &mesh);
+};
+
+using KMMeshSelect::Mode;
+
+void moveSelection(KMMeshNode &mesh, const kvm::Vector3 &by)
+{
+    mesh.rebuildSelectionCache();
+    for (const int i : mesh.selectedVertices())
+        mesh.setPosition(i, mesh.position(i) + by);
+}
+
+/// What tools and menus call, on the same mesh. Each is one step.
+const OperationRow operationRows[] = {
+    {"click vertex", "Select Vertex", [](KMMeshNode &m) { KMMeshSelect::clickVertex(m, 4, Mode::Replace); }},
+    {"click edge", "Select Edge", [](KMMeshNode &m) { KMMeshSelect::clickEdge(m, 4, 3, Mode::Add); }},
+    {"click edge off", "Unselect Edge", [](KMMeshNode &m) { KMMeshSelect::clickEdge(m, 4, 1, Mode::Remove); }},
+    {"click line", "Select Edge", [](KMMeshNode &m) { KMMeshSelect::clickEdge(m, 8, 6, Mode::Replace); }},
+    {"click face", "Select Face", [](KMMeshNode &m) { KMMeshSelect::clickFace(m, 4, Mode::Replace); }},
+    {"click UV", "Select UV", [](KMMeshNode &m) { KMMeshSelect::clickUV(m, 4, 2, Mode::Replace); }},
+    {"unselect all", "UnSelectAll", [](KMMeshNode &) { KMMeshSelect::unselectAll(); }},
+    {"unselect all UV", "UnSelect All UV",
+     [](KMMeshNode &m) {
+         m.setCornerFlag(1, 1, KMElementFlag::UVLocked); // stays
+         KMMeshSelect::unselectAllUV();
+     }},
+    {"rectangle", "Rect Select",
+     [](KMMeshNode &) { KMMarqueeSelect::selectRect(QRectF(95, 95, 20, 20), Mode::Replace); }},
+    {"lasso", "Lasso Select",
+     [](KMMeshNode &) { KMMarqueeSelect::selectLasso(QPolygonF(QRectF(95, 95, 20, 20)), Mode::Add); }},
+    {"move", "Move Selection",
+     [](KMMeshNode &m) {
+         moveSelection(m, {0, 2, 0});
+         KMSelectionTransform::commit(KMSelectionTransform::Kind::Move, {&m});
+     }},
+    {"rotate with a node", "Rotate Selection",
+     [](KMMeshNode &m) {
+         const KMTransform before = m.transform();
+         moveSelection(m, {1, 0, 0});
+         m.setTransform({{1, 1, 1}, {}, {1, 0, 0}});
+         KMSelectionTransform::commit(KMSelectionTransform::Kind::Rotate, {&m}, {{&m, before}});
+     }},
+    {"snap", "Snap Vertex",
+     [](KMMeshNode &m) {
+         gSolution->setSnapOptions(KMSnapOption::Merge);
+         moveSelection(m, {0.5f, 0, 0});
+         KMSelectionTransform::commitSnap({&m, 4}, {&m, 2}, {&m});
+     }},
+    {"merge", "Merge Vertex", [](KMMeshNode &m) { KMMeshEdit::mergeVertex(m, 4, 1); }},
+    {"assign shader", "Assign Shader", [](KMMeshNode &m) { KMMeshEdit::assignShader(m, 1, 3); }},
+    {"delete", "Delete Selection Node", [](KMMeshNode &) { KMMeshEdit::deleteSelection(); }},
+    {"paste", "Paste Mesh",
+     [](KMMeshNode &m) {
+         m.face(0)->flags = KMElementFlag::Selected;
+         const QByteArray copied = KMCopyBuffer::copySelection();
+         m.face(0)->flags = 0;
+         KMMeshPaste::paste(m, copied, KMMeshPaste::Kind::Mirror);
+     }},
+};
+
 KMMeshNode *commandMesh()
 {
     KMMeshNode *mesh = MeshFixtures::mixedBag();
@@ -119,6 +191,8 @@ class tst_MeshCommands : public QObject
 private slots:
     void everyCommandProvesItself_data();
     void everyCommandProvesItself();
+    void everyOperationIsOneStep_data();
+    void everyOperationIsOneStep();
     void bothWaysCommandsHoldTheState();
     void addedSlotsAreTakenAtOnce();
     void deletedFaceGivesItsEdgesBack();
@@ -157,6 +231,36 @@ void tst_MeshCommands::everyCommandProvesItself()
     QCOMPARE(checkInvariants(*scene.mesh), QString());
     scene.session.stack().undo();
     QCOMPARE(checkInvariants(*scene.mesh), QString());
+}
+
+void tst_MeshCommands::everyOperationIsOneStep_data()
+{
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < int(std::size(operationRows)); ++i)
+        QTest::newRow(operationRows[i].name) << i;
+}
+
+void tst_MeshCommands::everyOperationIsOneStep()
+{
+    QFETCH(const int, index);
+    const OperationRow &row = operationRows[index];
+    MeshScene scene(commandMesh());
+    scene.mesh->face(1)->cornerFlags[1] = KMElementFlag::Selected | KMElementFlag::UVLocked;
+    MeshFixtures::showOnScreen(*scene.mesh);
+    QUndoStack &stack = scene.session.stack();
+    const QString before = scene.dump.text();
+    row.run(*scene.mesh);
+    const QString after = scene.dump.text();
+    QVERIFY(after != before);
+    QCOMPARE(historyTexts(stack), QStringList{QString::fromLatin1(row.text)});
+    for (int round = 0; round < 2; ++round) {
+        QCOMPARE(checkInvariants(*scene.mesh), QString());
+        stack.undo();
+        QCOMPARE(scene.dump.text(), before);
+        QCOMPARE(checkInvariants(*scene.mesh), QString());
+        stack.redo();
+        QCOMPARE(scene.dump.text(), after);
+    }
 }
 
 void tst_MeshCommands::bothWaysCommandsHoldTheState()

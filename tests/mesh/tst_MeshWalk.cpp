@@ -1,14 +1,21 @@
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
+#include "mesh/KMCopyBuffer.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMFaceCommands.h"
+#include "mesh/KMMarqueeSelect.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshNodeCommands.h"
+#include "mesh/KMMeshPaste.h"
+#include "mesh/KMSelectionDelete.h"
+#include "mesh/KMSelectionTransform.h"
 #include "mesh/KMVertexCommands.h"
+#include "mesh/KMVertexMerge.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 
+#include <QPolygonF>
 #include <QRandomGenerator>
 #include <QTest>
 #include <QUndoStack>
@@ -77,7 +84,19 @@ private:
     void editUV() { KMMeshEdit::editFaceUV(m_mesh, anyFace(), below(4), {number(), number()}); }
     void setAngle() { gSolution->push(new editMeshNodeCommand(&m_mesh, {float(below(180))})); }
     void holdState();
+    void click();
+    void clickUV() { KMMeshSelect::clickUV(m_mesh, anyFace(), below(4), anyMode()); }
+    void unselectAll() { coin() ? KMMeshSelect::unselectAll() : KMMeshSelect::unselectAllUV(); }
+    void marquee();
+    void transform();
+    void merge();
+    void assignShader() { KMMeshEdit::assignShader(m_mesh, below(4) - 1); }
+    void deleteSelection() { KMMeshEdit::deleteSelection(KMMeshTargets::Elements(below(8))); }
+    void copy();
+    void paste() { KMMeshPaste::paste(m_mesh, m_copied, KMMeshPaste::Kind(below(3))); }
+    KMMeshSelect::Mode anyMode() { return KMMeshSelect::Mode(below(3)); }
 
+    QByteArray m_copied;
     MeshScene m_scene;
     KMMeshNode &m_mesh;
     QRandomGenerator m_random;
@@ -86,13 +105,16 @@ private:
 };
 
 const Walker::Edit Walker::edits[] = {
-    &Walker::addVertex,  &Walker::addFace,      &Walker::addFace,    &Walker::addFace,     &Walker::deleteVertex,
-    &Walker::deleteFace, &Walker::deleteFace,   &Walker::editFace,   &Walker::editFace,    &Walker::editVertex,
-    &Walker::moveVertex, &Walker::moveMany,     &Walker::moveAll,    &Walker::splitQuad,   &Walker::splitQuad,
-    &Walker::compact,    &Walker::selectVertex, &Walker::selectFace, &Walker::selectEdge,  &Walker::selectEdge,
-    &Walker::selectUV,   &Walker::lockUV,       &Walker::hideFace,   &Walker::weighVertex, &Walker::weighEdge,
-    &Walker::weighEdge,  &Walker::weighEdge,    &Walker::setShader,  &Walker::setShaders,  &Walker::removeShader,
-    &Walker::editUV,     &Walker::setAngle,     &Walker::holdState,
+    &Walker::addVertex,  &Walker::addFace,      &Walker::addFace,    &Walker::addFace,      &Walker::deleteVertex,
+    &Walker::deleteFace, &Walker::deleteFace,   &Walker::editFace,   &Walker::editFace,     &Walker::editVertex,
+    &Walker::moveVertex, &Walker::moveMany,     &Walker::moveAll,    &Walker::splitQuad,    &Walker::splitQuad,
+    &Walker::compact,    &Walker::selectVertex, &Walker::selectFace, &Walker::selectEdge,   &Walker::selectEdge,
+    &Walker::selectUV,   &Walker::lockUV,       &Walker::hideFace,   &Walker::weighVertex,  &Walker::weighEdge,
+    &Walker::weighEdge,  &Walker::weighEdge,    &Walker::setShader,  &Walker::setShaders,   &Walker::removeShader,
+    &Walker::editUV,     &Walker::setAngle,     &Walker::holdState,  &Walker::click,        &Walker::click,
+    &Walker::clickUV,    &Walker::unselectAll,  &Walker::marquee,    &Walker::marquee,      &Walker::transform,
+    &Walker::merge,      &Walker::merge,        &Walker::merge,      &Walker::assignShader, &Walker::deleteSelection,
+    &Walker::copy,       &Walker::copy,         &Walker::paste,      &Walker::paste,
 };
 
 QVector<int> Walker::someVertices(int count)
@@ -214,6 +236,59 @@ void Walker::holdState()
                                  new buildEdgeCommand(&m_mesh), new forceMeshUpdateCommand(&m_mesh)};
     for (KMUndoCommand *command : commands)
         gSolution->push(command);
+}
+
+void Walker::click()
+{
+    switch (below(3)) {
+    case 0:
+        KMMeshSelect::clickVertex(m_mesh, anyVertex(), anyMode());
+        break;
+    case 1:
+        if (const KMEdge *edge = anyEdge())
+            KMMeshSelect::clickEdge(m_mesh, edge->index1, edge->index0, anyMode());
+        break;
+    default:
+        KMMeshSelect::clickFace(m_mesh, anyFace(), anyMode());
+    }
+}
+
+/// Where the elements were on the screen before the last edits; a frame may be late.
+void Walker::marquee()
+{
+    if (m_mesh.dirtyMask() == 0)
+        MeshFixtures::showOnScreen(m_mesh);
+    const QRectF area(90 + below(20), 90 + below(20), below(40), below(40));
+    if (coin())
+        KMMarqueeSelect::selectRect(area, anyMode());
+    else
+        KMMarqueeSelect::selectLasso(QPolygonF(area), anyMode());
+}
+
+void Walker::transform()
+{
+    m_mesh.rebuildSelectionCache();
+    for (const int i : m_mesh.selectedVertices())
+        m_mesh.setPosition(i, anyPosition());
+    using namespace KMSelectionTransform;
+    gSolution->setSnapOptions(below(256));
+    const QVector<int> ends = someVertices(2);
+    if (ends.size() == 2 && coin())
+        commitSnap({&m_mesh, ends.at(0)}, {&m_mesh, ends.at(1)}, {&m_mesh});
+    else
+        commit(Kind(below(3)), {&m_mesh});
+}
+
+void Walker::merge()
+{
+    const QVector<int> ends = someVertices(2);
+    if (ends.size() == 2)
+        KMMeshEdit::mergeVertex(m_mesh, ends.at(0), ends.at(1));
+}
+
+void Walker::copy()
+{
+    m_copied = KMCopyBuffer::copySelection();
 }
 
 void Walker::step()

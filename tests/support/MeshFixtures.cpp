@@ -221,6 +221,18 @@ KMMeshNode *MeshFixtures::mixedBag()
     return refreshed(mesh); // vertex 9 is loose
 }
 
+void MeshFixtures::showOnScreen(KMMeshNode &mesh)
+{
+    kvm::Matrix4 view;
+    std::fill_n(view.m, 16, 0.0f);
+    view[0] = 0.1f;
+    view[9] = -0.1f;
+    view[6] = 0.1f;
+    view[15] = 1.0f;
+    mesh.projectVertices(view, 200, 200);
+    mesh.updateDrawn(false);
+}
+
 QString checkInvariants(const KMMeshNode &mesh)
 {
     bool hasGap = false;

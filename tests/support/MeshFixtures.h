@@ -18,6 +18,9 @@ KMMeshNode *quadWithHole();                ///< a ring of 8 quads about a missin
 KMMeshNode *nonManifoldFan(int quads = 5); ///< quads that share the edge of vertices 0 and 1
 KMMeshNode *mixedBag();                    ///< quad, triangles, line polygon, a loose vertex, null slots
 
+/// Puts the mesh on the screen as a view from above does: pixels are 100 plus ten times x and z. All is drawn.
+void showOnScreen(KMMeshNode &mesh);
+
 } // namespace MeshFixtures
 
 /// What is wrong with the records, the edges or the lists of a refreshed mesh; empty when nothing is.

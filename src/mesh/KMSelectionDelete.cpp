@@ -1,0 +1,86 @@
+#include "mesh/KMSelectionDelete.h"
+
+#include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMEdgeCommands.h"
+#include "mesh/KMMeshEdit.h"
+#include "mesh/KMMeshNode.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+using KMMeshTargets::Elements;
+
+namespace {
+
+template <class Records>
+QVector<int> selectedIndices(const Records &records)
+{
+    QVector<int> indices;
+    for (int i = 0; i < records.size(); ++i) {
+        if (records.at(i) && records.at(i)->hasFlag(KMElementFlag::Selected))
+            indices << i;
+    }
+    return indices;
+}
+
+QVector<QPair<int, int>> selectedEdges(const KMMeshNode &mesh)
+{
+    QVector<QPair<int, int>> edges;
+    for (const KMEdge *edge : mesh.edges()) {
+        if (edge->hasFlag(KMElementFlag::Selected))
+            edges.append({edge->index0, edge->index1});
+    }
+    return edges;
+}
+
+/// An edge that goes leaves nothing behind: one that comes back at the same vertices starts plain.
+void deleteEdge(KMMeshNode &mesh, int a, int b)
+{
+    KMMeshEdit::selectEdge(mesh, a, b, false);
+    KMMeshEdit::setEdgeWeight(mesh, a, b, 0.0f);
+    const KMRefList<2> faces = mesh.findEdge(a, b)->faceRefs;
+    for (const int f : faces) {
+        const KMFace *face = mesh.face(f);
+        if (face && face->hasVertex(a) && face->hasVertex(b))
+            KMMeshEdit::deleteFace(mesh, f);
+    }
+}
+
+void deleteSelected(KMMeshNode &mesh, Elements kinds)
+{
+    const auto edges = kinds.testFlag(KMMeshTargets::Edges) ? selectedEdges(mesh) : QVector<QPair<int, int>>();
+    const QVector<int> faces = kinds.testFlag(KMMeshTargets::Faces) ? selectedIndices(mesh.faces()) : QVector<int>();
+    const QVector<int> vertices =
+        kinds.testFlag(KMMeshTargets::Vertices) ? selectedIndices(mesh.vertices()) : QVector<int>();
+    for (const int i : vertices)
+        KMMeshEdit::deleteVertex(mesh, i);
+    for (const auto &edge : edges)
+        deleteEdge(mesh, edge.first, edge.second);
+    for (const int f : faces)
+        KMMeshEdit::deleteFace(mesh, f);
+    gSolution->push(new buildEdgeCommand(&mesh));
+}
+
+} // namespace
+
+bool KMMeshEdit::deleteSelection(Elements kinds)
+{
+    QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
+    const auto hasNothing = [kinds](const KMMeshNode *mesh) {
+        return mesh->ownerNode() || !KMMeshTargets::isEditable(*mesh) || !KMMeshTargets::hasSelected(*mesh, kinds);
+    };
+    meshes.erase(std::remove_if(meshes.begin(), meshes.end(), hasNothing), meshes.end());
+    if (meshes.isEmpty())
+        return false;
+    const KMUndoMacro macro(QCoreApplication::translate("KMMeshEdit", "Delete Selection Node"));
+    for (KMMeshNode *mesh : std::as_const(meshes))
+        deleteSelected(*mesh, kinds);
+    return true;
+}
+
+bool KMMeshEdit::deleteSelection()
+{
+    return deleteSelection(KMMeshTargets::filteredElements());
+}
