@@ -9,7 +9,6 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -121,22 +120,13 @@ void writeEdges(KMDOutput &out, const KMMeshNode &mesh, const FileNumbers &numbe
     }
 }
 
-bool isFinite(const kvm::Vector3 &v)
-{
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
-
 void readVertices(KMDReadContext &context, KMMeshNode &mesh)
 {
     KMDStream &in = context.in;
     const int count = in.readCount(4 * in.floatBytes());
     mesh.resizeVertices(count);
     for (KMVertex *vertex : mesh.vertices()) {
-        vertex->pos = in.readVector3() * context.importScale;
-        if (!isFinite(vertex->pos)) {
-            in.warn(translated("The scale moves a vertex out of all numbers; it was put at the origin"));
-            vertex->pos = {};
-        }
+        vertex->pos = context.readPosition();
         vertex->weight = in.readF32();
     }
 }

@@ -126,6 +126,6 @@ void KMDNodeBodies::readTransform(KMDReadContext &context, KMNullNode *node)
     transform.rotation.x = imaginary.x;
     transform.rotation.y = imaginary.y;
     transform.rotation.z = imaginary.z;
-    transform.translation = in.readVector3() * context.importScale;
+    transform.translation = context.readPosition();
     node->setTransform(transform);
 }

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QHash>
 
+#include <cmath>
+
 class KMContainerNode;
 
 /// What the readers of bodies share for the time of one file.
@@ -34,6 +36,16 @@ public:
             return false;
         facesTaken += faces;
         return true;
+    }
+
+    /// A point, moved by the import scale.
+    kvm::Vector3 readPosition()
+    {
+        const kvm::Vector3 position = in.readVector3() * importScale;
+        if (std::isfinite(position.x) && std::isfinite(position.y) && std::isfinite(position.z))
+            return position;
+        in.warn(tr("The scale moves a point out of all numbers; it was put at the origin"));
+        return {};
     }
 
     /// A shader index of a face or a primitive: none below 0 and for one that the file doesn't hold.

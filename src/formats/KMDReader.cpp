@@ -7,6 +7,7 @@
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDSceneBuilder.h"
 #include "formats/KMDShelfBlocks.h"
+#include "formats/KMDSkippedBodies.h"
 #include "formats/KMDViewBlocks.h"
 
 #include <QDebug>
@@ -120,7 +121,7 @@ void KMDReader::readProject(KMDStream &in, KMDContents &contents)
     in.enterSection(tr("project"));
     contents.name = in.readString();
     contents.information = in.readString();
-    in.readImage(); // the thumbnail is for file managers
+    m_thumbnail = in.readImage();
     contents.background = in.readColor();
     contents.lightAngles = in.readVector3();
     if (in.since(2.3f)) {
@@ -176,7 +177,8 @@ void KMDReader::readNode(KMDReadContext &context, KMDContents &contents)
 
     const KMDNodeBody *body = KMDNodeBodies::find(type);
     if (!body) {
-        in.fail(tr("A node of the unknown type 0x%1").arg(uint(type), 0, 16));
+        context.rows.insert(row, record.parent); // what stands below it moves up
+        skipNode(context, type);
         return;
     }
     record.node.reset(body->make());
@@ -184,6 +186,16 @@ void KMDReader::readNode(KMDReadContext &context, KMDContents &contents)
     context.nodes.insert(record.id, record.node.get());
     context.rows.insert(row, int(contents.nodes.size()));
     contents.nodes.push_back(std::move(record));
+}
+
+void KMDReader::skipNode(KMDReadContext &context, int type)
+{
+    QString name;
+    if (KMDSkippedBodies::skipNode(context, type, &name))
+        context.in.warn(tr("The node %1 was left out: this release has none of its kind, %2")
+                            .arg(name, nodeTypeName(type)));
+    else
+        context.in.fail(tr("A node of the unknown type 0x%1").arg(uint(type), 0, 16));
 }
 
 void KMDReader::skipDisplayGroups(KMDStream &in)

@@ -2,6 +2,7 @@
 
 #include "formats/KMDFormat.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QString>
 #include <QStringList>
@@ -35,6 +36,7 @@ public:
     bool read(const QString &path);
     bool readBytes(const QByteArray &bytes); ///< the same from the bytes of a file
 
+    QByteArray thumbnail() const { return m_thumbnail; } ///< of the file, as a PNG; empty when it has none
     QString error() const { return m_error; }
     QStringList warnings() const { return m_warnings; } ///< what was odd but harmless
 
@@ -46,11 +48,13 @@ private:
     void readReservedTexts(KMDStream &in);
     void readNodes(KMDStream &in, KMDContents &contents);
     void readNode(KMDReadContext &context, KMDContents &contents);
+    void skipNode(KMDReadContext &context, int type);
     void skipDisplayGroups(KMDStream &in);
     void readCurrent(KMDStream &in, KMDContents &contents);
     void skipSchematic(KMDStream &in);
 
     Options m_options;
+    QByteArray m_thumbnail;
     QString m_error;
     QStringList m_warnings;
 };

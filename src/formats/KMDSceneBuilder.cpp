@@ -48,6 +48,32 @@ void showBoxes(QTreeWidgetItem *row, const KMContainerNode *node)
     row->setCheckState(KMTreeWidget::LockColumn, node->isLocked() ? Qt::Checked : Qt::Unchecked);
 }
 
+/// Where the project has the first texture of each file.
+QHash<QString, int> placesOfPaths()
+{
+    QHash<QString, int> places;
+    const KMNodeListView<KMTextureNode> textures = gProject->textures();
+    for (int i = textures.size() - 1; i >= 0; --i) {
+        if (textures.at(i)->type() == KMNodeType::FileTexture)
+            places.insert(nodeAs<KMFileTextureNode>(textures.at(i))->path(), i);
+    }
+    return places;
+}
+
+/// Null for a kind that this program doesn't have.
+KMTextureNode *makeTexture(const KMDTextureRecord &record)
+{
+    if (record.type == KMNodeType::FileTexture)
+        return new KMFileTextureNode(record.path);
+    if (record.type == KMNodeType::ProcTexture)
+        return new KMProcTextureNode;
+    if (record.type != KMNodeType::EmbeddedTexture)
+        return nullptr;
+    auto *embedded = new KMEmbeddedTextureNode;
+    embedded->setEncodedImage(record.png);
+    return embedded;
+}
+
 } // namespace
 
 KMDSceneBuilder::KMDSceneBuilder(KMDContents &contents, const KMDReader::Options &options)
@@ -116,30 +142,22 @@ void KMDSceneBuilder::applyViewState()
     }
 }
 
-KMTextureNode *KMDSceneBuilder::makeTexture(const KMDTextureRecord &record)
-{
-    if (record.type == KMNodeType::FileTexture)
-        return gProject->addTextureFile(record.path);
-    KMTextureNode *texture = nullptr;
-    if (record.type == KMNodeType::EmbeddedTexture) {
-        auto *embedded = new KMEmbeddedTextureNode;
-        embedded->setEncodedImage(record.png);
-        texture = embedded;
-    } else if (record.type == KMNodeType::ProcTexture) {
-        texture = new KMProcTextureNode;
-    }
-    if (texture)
-        gProject->addToScene(texture, KMProject::Naming::Keep);
-    return texture;
-}
-
 void KMDSceneBuilder::addTextures()
 {
+    QHash<QString, int> places = placesOfPaths(); // as KMProject::addTextureFile shares paths, but without its search
     for (const KMDTextureRecord &record : m_contents.textures) {
-        KMTextureNode *texture = makeTexture(record);
+        const bool isFile = record.type == KMNodeType::FileTexture;
+        int place = isFile ? places.value(record.path, -1) : -1;
+        if (KMTextureNode *made = place < 0 ? makeTexture(record) : nullptr) {
+            gProject->addToScene(made, KMProject::Naming::Keep);
+            place = gProject->textures().size() - 1;
+            if (isFile)
+                places.insert(record.path, place);
+        }
+        KMTextureNode *texture = gProject->textures().value(place);
         if (texture)
             texture->setName(record.name);
-        m_textureIndices << gProject->textures().indexOf(texture);
+        m_textureIndices << place;
         m_byId.insert(record.id, texture);
     }
 }

@@ -8,9 +8,7 @@
 
 struct KMBasicShader;
 struct KMDNodeRecord;
-struct KMDTextureRecord;
 class KMContainerNode;
-class KMTextureNode;
 class QTreeWidgetItem;
 
 /// Brings what was read from a native file into the document. Nothing in here can fail.
@@ -29,7 +27,6 @@ private:
     void applyProject();
     void applyViewState();
     void addTextures();
-    KMTextureNode *makeTexture(const KMDTextureRecord &record);
     void addShaders();
     void redirectTextures(KMBasicShader &values) const;
     void addNodes();

@@ -72,7 +72,8 @@ void readEmbeddedBody(KMDStream &in, KMDTextureRecord &record)
     bool isSound = true;
     if (in.since(4.2f))
         skipReserved(in);
-    if (in.since(4.2f))
+    // Before 4.2 the 0 may be missing: then the picture's own mark comes next.
+    if (in.since(4.2f) || !in.isPictureNext())
         in.readI32();
     record.png = in.readImage(&isSound);
     if (!isSound)

@@ -195,6 +195,15 @@ bool KMDStream::isNext(const QString &text) const
     return ok() && ahead.readString() == text && ahead.ok();
 }
 
+bool KMDStream::isPictureNext() const
+{
+    KMDStream ahead(m_bytes);
+    ahead.m_position = m_position;
+    const uchar *at;
+    return ok() && ahead.readI32() == 1 && ahead.take(pngSignatureBytes, &at)
+           && std::memcmp(at, pngSignature, pngSignatureBytes) == 0;
+}
+
 QColor KMDStream::readColor()
 {
     constexpr int colorBytes = 11;

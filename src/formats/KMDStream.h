@@ -58,6 +58,7 @@ public:
     int readCount(int leastBytesOfEach);
     void skip(qint64 bytes);
     bool isNext(const QString &text) const; ///< whether the next element, which stays unread, is this text
+    bool isPictureNext() const; ///< whether the next element, which stays unread, is a picture and not a null one
     int floatBytes() const { return m_doublePrecision ? 8 : 4; } ///< what readF32 takes from the file
 
 private:

@@ -3,10 +3,13 @@
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMTagBase.h"
+#include "formats/KMDFormat.h"
 #include "formats/KMDNormalTag.h"
+#include "formats/KMDSkippedBodies.h"
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -43,6 +46,27 @@ QList<const KMTagBase *> tagsToWrite(KMDOutput &out, const KMContainerNode *node
     return tags;
 }
 
+/// One normal tag counts, and each takes room for every face of its mesh, however short its record is.
+bool hasEnoughOf(int type, const KMContainerNode *node)
+{
+    const QList<KMTagBase *> tags = node->tags();
+    return type == KMNodeType::TagNormal
+           && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) { return tag->type() == type; })
+                  >= KMD::MaxNormalTags;
+}
+
+void skipTag(KMDReadContext &context, int type, const QString &name, const KMContainerNode *owner)
+{
+    if (!KMDSkippedBodies::skipTag(context, type, owner))
+        context.in.fail(translated("A tag of the unknown type 0x%1").arg(uint(type), 0, 16));
+    else if (KMDTagBodies::find(type))
+        context.in.warn(
+            translated("The tag %1 of %2 was left out: it has enough of this kind").arg(name, owner->name()));
+    else
+        context.in.warn(translated("The tag %1 of %2 was left out: this release has none of its kind, %3")
+                            .arg(name, owner->name(), nodeTypeName(type)));
+}
+
 } // namespace
 
 const KMDTagBody *KMDTagBodies::find(int type)
@@ -74,10 +98,10 @@ void KMDTagBodies::readTags(KMDReadContext &context, KMContainerNode *node)
     for (int left = in.readCount(leastBytes); left > 0 && in.ok(); --left) {
         const int type = in.readI32();
         const QString name = in.readString();
-        const KMDTagBody *body = find(type);
+        const KMDTagBody *body = hasEnoughOf(type, node) ? nullptr : find(type);
         if (!body) {
-            in.fail(translated("A tag of the unknown type 0x%1").arg(uint(type), 0, 16));
-            return;
+            skipTag(context, type, name, node);
+            continue;
         }
         std::unique_ptr<KMTagBase> tag(body->make());
         tag->setName(name);

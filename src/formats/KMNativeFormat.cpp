@@ -2,7 +2,6 @@
 
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
-#include "formats/KMDViewParts.h"
 #include "formats/KMDWriter.h"
 
 #include <QApplication>
@@ -29,6 +28,8 @@ KMNativeFormat *installNativeFormat(KMSolution *solution)
 {
     static KMNativeFormat format;
     solution->setDocumentFormat(&format);
+    format.forgetViews();
+    QObject::connect(solution, &KMSolution::documentReset, solution, [] { format.forgetViews(); });
     return &format;
 }
 
@@ -47,7 +48,7 @@ bool KMNativeFormat::importFile(const QString &path, int mask, float scale)
 
 bool KMNativeFormat::readWith(const QString &path, KMDReader::Options options)
 {
-    options.viewParts = m_parts;
+    options.viewParts = parts();
     KMDReader reader(options);
     bool isRead = false;
     {
@@ -56,6 +57,8 @@ bool KMNativeFormat::readWith(const QString &path, KMDReader::Options options)
     }
     if (!isRead)
         return tellFailure(path, reader.error());
+    if (options.mask == KMD::TakeAll)
+        m_kept.picture = reader.thumbnail();
     tellWarnings(path, reader.warnings());
     return true;
 }
@@ -80,7 +83,7 @@ bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &e
         return false;
     }
     KMDWriter writer(compatibility ? KMDOutput::Form::Compatibility : KMDOutput::Form::Present, thumbnail(path),
-                     m_parts);
+                     parts());
     bool isWritten = false;
     {
         const WaitCursor cursor;
@@ -106,7 +109,7 @@ QByteArray KMNativeFormat::thumbnail(const QString &path) const
         image = m_parts->thumbnail();
     QByteArray png;
     if (image.isNull())
-        return png;
+        return m_parts ? png : m_kept.picture;
     QBuffer buffer(&png);
     image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation).save(&buffer, "png");
     return png;

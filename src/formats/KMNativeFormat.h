@@ -1,12 +1,12 @@
 #pragma once
 
 #include "core/KMDocumentFormat.h"
+#include "formats/KMDKeptViews.h"
 #include "formats/KMDReader.h"
 
 #include <QCoreApplication>
 #include <QStringList>
 
-class KMDViewParts;
 class KMSolution;
 
 /// The native file as the session uses it: reads and writes the open document, and tells the user what
@@ -23,16 +23,20 @@ public:
     /// scale multiplies positions. Clears the history; on failure the document is as it was.
     bool importFile(const QString &path, int mask, float scale);
 
-    void setViewParts(KMDViewParts *parts) { m_parts = parts; } ///< not owned; null for none
+    /// Not owned. Without parts, which null stands for, what the file said of views goes into the next file.
+    void setViewParts(KMDViewParts *parts) { m_parts = parts; }
+    void forgetViews() { m_kept = {}; } ///< those kept from the file: the document is another
 
 private:
     bool readWith(const QString &path, KMDReader::Options options);
     bool writeTo(const QString &path, bool compatibility, QString &error);
+    KMDViewParts *parts() { return m_parts ? m_parts : &m_kept; }
     QByteArray thumbnail(const QString &path) const;
     bool tellFailure(const QString &path, const QString &sentence) const;
     void tellWarnings(const QString &path, const QStringList &warnings) const;
 
     KMDViewParts *m_parts = nullptr;
+    KMDKeptViews m_kept;
 };
 
 /// The session reads and writes native files from now on. Returns the one format of the program.

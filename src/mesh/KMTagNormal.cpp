@@ -116,10 +116,12 @@ KMTagNormal::FaceList KMTagNormal::facesOf(int a, int b) const
 {
     FaceList faces;
     const KMMeshNode *store = mesh();
-    const KMVertex *vertex = store ? store->vertex(a) : nullptr;
-    if (!vertex)
+    const KMVertex *first = store ? store->vertex(a) : nullptr;
+    const KMVertex *second = store ? store->vertex(b) : nullptr;
+    if (!first || !second)
         return faces;
-    for (const int f : vertex->faceRefs) {
+    // The hub of a fan has all the faces, the end at the rim a few.
+    for (const int f : first->faceRefs.size() < second->faceRefs.size() ? first->faceRefs : second->faceRefs) {
         const KMFace *face = store->face(f);
         if (face && face->isPolygon() && hasSide(*face, a, b))
             faces.append(f);

@@ -40,7 +40,6 @@ private slots:
     void roundTrip();
     void nullSlotsCloseUp();
     void deadFacesStayOut();
-    void compatibilityForm();
     void offsetsOfTagsStayOut();
     void everyVersion_data();
     void everyVersion();
@@ -58,11 +57,11 @@ private:
 
 namespace {
 
-QByteArray savedBytes(KMDOutput::Form form = KMDOutput::Form::Present)
+QByteArray savedBytes()
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    KMDWriter writer(form, {}, nullptr);
+    KMDWriter writer(KMDOutput::Form::Present, {}, nullptr);
     return writer.write(&buffer) && (writer.warnings().isEmpty()) ? buffer.data() : QByteArray();
 }
 
@@ -234,15 +233,6 @@ void tst_KMDMeshBody::deadFacesStayOut()
     QCOMPARE(firstMesh()->vertexCount(), 5);
     QCOMPARE(firstMesh()->edgeCount(), 4);
     QCOMPARE(firstMesh()->tagCount(), 1);
-}
-
-void tst_KMDMeshBody::compatibilityForm()
-{
-    gProject->addToScene(withNormals(MeshFixtures::cube()));
-    const QByteArray with = savedBytes(KMDOutput::Form::Compatibility);
-    firstMesh()->tag(0)->setDeleted(true);
-    QVERIFY(!with.isEmpty());
-    QCOMPARE(savedBytes(KMDOutput::Form::Compatibility), with);
 }
 
 void tst_KMDMeshBody::offsetsOfTagsStayOut()

@@ -29,8 +29,6 @@ class tst_KMDPrimitiveBodies : public QObject
 private slots:
     void init() { KMPrompt::setCurrent(&m_prompt); }
     void cleanup() { KMPrompt::setCurrent(nullptr); }
-    void roundTrip_data();
-    void roundTrip();
     void svgKeepsItsPlace();
     void olderForms_data();
     void olderForms();
@@ -116,43 +114,6 @@ void addKinds()
 }
 
 } // namespace
-
-void tst_KMDPrimitiveBodies::roundTrip_data()
-{
-    addKinds();
-}
-
-void tst_KMDPrimitiveBodies::roundTrip()
-{
-    QFETCH(KMPrimitiveNode *, original);
-    const QString path = m_dir.filePath(QStringLiteral("a.kmd"));
-    QString before;
-    {
-        KMHeadlessSession session;
-        installNativeFormat(gSolution);
-        for (int i = 0; i < 3; ++i)
-            gProject->addNode(new KMBasicShaderNode);
-        gProject->addNode(original);
-        original->setName(QStringLiteral("図形"));
-        original->setLocked(true);
-        original->setVisible(false);
-        original->setShader(2);
-        KMTransform transform;
-        transform.scale = {1, 2, -3};
-        transform.rotation = kvm::Quaternion::fromEuler(0.5f, 1.0f, 1.5f);
-        transform.translation = {7, 8, 9};
-        original->setTransform(transform);
-        before = bodyText(*original);
-        gSolution->setFileName(path);
-        QVERIFY(gSolution->save());
-    }
-    KMHeadlessSession session;
-    installNativeFormat(gSolution);
-    QVERIFY(gSolution->load(path));
-    QCOMPARE(gProject->primitivesInTree().size(), 1);
-    QCOMPARE(bodyText(*gProject->primitivesInTree().first()), before);
-    QVERIFY(m_prompt.messages.isEmpty());
-}
 
 /// The layout has a head for it and nothing more.
 void tst_KMDPrimitiveBodies::svgKeepsItsPlace()

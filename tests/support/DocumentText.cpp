@@ -6,6 +6,7 @@
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMPrimitiveNode.h"
 #include "support/DocumentDump.h"
 #include "support/MeshFileText.h"
 
@@ -21,6 +22,10 @@ protected:
     {
         if (node->type() == KMNodeType::Mesh)
             out << '\n' << meshFileText(*static_cast<const KMMeshNode *>(node));
+        if (!isPrimitive(node->type()))
+            return;
+        const auto *primitive = static_cast<const KMPrimitiveNode *>(node);
+        out << " shader " << primitive->shader() << '\n' << meshFileText(*primitive->mesh());
     }
 };
 

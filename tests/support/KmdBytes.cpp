@@ -7,6 +7,7 @@
 
 KmdBytes::KmdBytes(double fileVersion)
     : version(fileVersion)
+    , zeroBeforePicture(fileVersion >= 4.2)
     , hasReserved(fileVersion >= 4.4)
 {
 }
@@ -116,7 +117,7 @@ void KmdBytes::textures()
     reserved();
     *m_out << qint32(0x10000003) << quint64(32) << QStringLiteral("inside");
     reserved();
-    if (since(4.2))
+    if (zeroBeforePicture)
         *m_out << qint32(0);
     *m_out << pixels;
     if (since(1.4))
@@ -153,34 +154,40 @@ void KmdBytes::transform(const QString &name)
         f32(value);
 }
 
+void KmdBytes::writeTags(bool ofMesh)
+{
+    if (tags)
+        tags(*m_out, ofMesh);
+    else if (since(1.6))
+        *m_out << qint32(0);
+}
+
 void KmdBytes::nodes()
 {
     section();
-    const auto tags = [this] {
-        if (since(1.6))
-            *m_out << qint32(0);
-    };
-    *m_out << qint32(hasMesh ? 5 : 4);
+    *m_out << qint32((hasMesh ? 5 : 4) + moreNodeCount);
     head(0x600001, 0);
     *m_out << QStringLiteral("switch") << false;
-    tags();
+    writeTags();
     head(0x4600000, 1);
     transform(QStringLiteral("group"));
-    tags();
+    writeTags();
     head(0x600002, 2);
     *m_out << QStringLiteral("count") << qint32(-7);
-    tags();
+    writeTags();
     head(int(floatType), 3);
     *m_out << QStringLiteral("ratio");
     f32(0.25);
-    tags();
-    if (!hasMesh)
-        return;
-    parents.resize(4);
-    parents << 22;
-    head(0x4600004, 4);
-    meshBody();
-    tags();
+    writeTags();
+    if (hasMesh) {
+        parents.resize(4);
+        parents << 22;
+        head(0x4600004, 4);
+        meshBody();
+        writeTags(true);
+    }
+    if (moreNodes)
+        moreNodes(*m_out);
 }
 
 void KmdBytes::meshBody()

@@ -49,6 +49,10 @@ public:
     QVector<quint64> parents{0, 0, 22, 0}; ///< parent rows of bool, null, int, float, whose rows are 21 to 24
     quint32 floatType = 0x600003;
     std::function<void(QDataStream &)> schematic;
+    std::function<void(QDataStream &, bool)> tags; ///< of each node, with their count; told whether it is a mesh
+    int moreNodeCount = 0;
+    std::function<void(QDataStream &)> moreNodes; ///< stand behind the others
+    bool zeroBeforePicture; ///< of the embedded texture, as from 4.2 on
     bool hasReserved; ///< four texts "null", as from 4.4 on
 
 private:
@@ -61,6 +65,7 @@ private:
     void nodes();
     void head(int type, int index);
     void meshBody();
+    void writeTags(bool ofMesh = false);
     void transform(const QString &name);
     void tail();
     void f32(double value);

@@ -1,0 +1,174 @@
+#include "support/KmdEveryKind.h"
+
+#include "support/KmdBytes.h"
+
+#include <QStringList>
+
+#include <iterator>
+
+namespace {
+
+/// A body in words: i, u, f, b, s are the elements, 3f is three of them, [ ] a count of two and two records,
+/// T the transform, G the tags; 2.2: before a word says in which version it came.
+struct Kind
+{
+    int type;
+    const char *body;
+};
+
+constexpr Kind nodeKinds[] = {
+    {0x4e00008, "T f i G"},
+    {0x600006, ""},
+    {0x4600005, "T G 4i f 4i 4f"},
+    {0x4e00002, "T G"},
+    {0x4e00003, "T 2i 3f 3f 3f G"},
+    {0x4e00004, "T i b i i 1.1:i G"},
+    {0x4e00005, "T f i 2.2:2b G"},
+    {0x4e00006, "T i b 3i 3f [ 3f ] G"},
+    {0x4e00007, "T f i f i 4f i i b G"},
+    {0x4e00009, "T f f b b i i [ 2f ] f f i i 4f G"},
+    {0x4e0000a, "T i b [ u T [ 3f ] [ [ i ] ] ] G"},
+    {0x6600004, "T G [ i 3u 1.7:b T f u i b i i i 2.6:b 2.6:6f G ] "
+                "2.4:b 2.4:u 2.4:[ s u [ s i 3f 3f 3f f 16f ] ] 2.4:i"},
+};
+
+constexpr Kind tagKinds[] = {
+    {0x20000001, "M[ i ] M[ i ] M[ u ] M[ u ]"}, // only on a mesh
+    {0x20000002, "s"},
+    {0x20000003, "[ i u s f i [ i 4f ] ]"},
+    {0x20000005, "[ u i f ] [ i ] i i f"},
+    {0x20000006, "u i i f 7f b 2i 9f"},
+    {0x20000007, "3u 12f 9f 3f 3f"},
+    {0x20000008, "i u f i f i"},
+    {0x20000009, ""},
+    {0x2000000a, "4.0:4i"},
+};
+
+void writeEveryTag(QDataStream &out, double version, bool ofMesh);
+
+class Words
+{
+public:
+    Words(QDataStream &out, double version, bool ofMesh, const char *body)
+        : m_out(out)
+        , m_version(float(version))
+        , m_ofMesh(ofMesh)
+        , m_words(QString::fromLatin1(body).split(QLatin1Char(' '), Qt::SkipEmptyParts))
+    {
+    }
+    void write() { writeFrom(0, true); }
+
+private:
+    /// Up to the end of the list; returns the place behind it.
+    int writeFrom(int at, bool isThere)
+    {
+        while (at < m_words.size() && m_words[at] != QLatin1String("]")) {
+            const QString word = m_words[at++];
+            const bool isNow = isThere && isInThisFile(word);
+            if (!word.endsWith(QLatin1Char('['))) {
+                if (isNow)
+                    writeWord(word.section(QLatin1Char(':'), -1));
+                continue;
+            }
+            if (isNow) {
+                m_out << qint32(2);
+                writeFrom(at, true);
+            }
+            at = writeFrom(at, isNow) + 1;
+        }
+        return at;
+    }
+
+    bool isInThisFile(const QString &word) const
+    {
+        if (word.startsWith(QLatin1Char('M')))
+            return m_ofMesh;
+        return !word.contains(QLatin1Char(':')) || m_version >= word.section(QLatin1Char(':'), 0, 0).toFloat();
+    }
+
+    void writeWord(const QString &word)
+    {
+        const int count = word.size() > 1 ? word.left(word.size() - 1).toInt() : 1;
+        for (int i = 0; i < count; ++i)
+            writeElement(word.back().toLatin1());
+    }
+
+    void writeElement(char kind)
+    {
+        if (kind == 'i')
+            m_out << qint32(-2);
+        else if (kind == 'u')
+            m_out << quint64(0x7f00000000000003);
+        else if (kind == 'f')
+            m_out << 7.5f;
+        else if (kind == 'b')
+            m_out << true;
+        else if (kind == 's')
+            m_out << QStringLiteral("文字");
+        else if (kind == 'T')
+            writeTransform();
+        else
+            writeEveryTag(m_out, double(m_version), false);
+    }
+
+    void writeTransform()
+    {
+        m_out << QStringLiteral("left out") << true << true;
+        for (int i = 0; i < 10; ++i)
+            m_out << float(i);
+    }
+
+    QDataStream &m_out;
+    float m_version;
+    bool m_ofMesh;
+    QStringList m_words;
+};
+
+void writeEveryTag(QDataStream &out, double version, bool ofMesh)
+{
+    if (float(version) < 1.6f)
+        return;
+    out << qint32(std::size(tagKinds));
+    for (const Kind &kind : tagKinds) {
+        out << qint32(kind.type) << QStringLiteral("tag");
+        Words(out, version, ofMesh, kind.body).write();
+    }
+}
+
+void writeHead(QDataStream &out, double version, int type, quint64 row, quint64 parentRow)
+{
+    out << qint32(type) << row + 1000 << row << parentRow;
+    if (float(version) >= 1.7f)
+        out << true;
+}
+
+} // namespace
+
+void addEveryKind(KmdBytes &file)
+{
+    constexpr quint64 groupRow = 22;
+    constexpr quint64 firstRow = 100;
+    const double version = file.version;
+    file.tags = [version](QDataStream &out, bool ofMesh) { writeEveryTag(out, version, ofMesh); };
+    file.moreNodeCount = everyKindNodes() + 1;
+    file.moreNodes = [version](QDataStream &out) {
+        quint64 row = firstRow;
+        for (const Kind &kind : nodeKinds) {
+            writeHead(out, version, kind.type, row++, groupRow);
+            Words(out, version, false, kind.body).write();
+        }
+        writeHead(out, version, 0x600002, row, firstRow);
+        out << QStringLiteral("behind") << qint32(4711);
+        writeEveryTag(out, version, false);
+    };
+}
+
+int everyKindNodes()
+{
+    return int(std::size(nodeKinds));
+}
+
+int everyKindTags()
+{
+    return int(std::size(tagKinds));
+}
