@@ -62,7 +62,6 @@ private slots:
     void edgesStayWhereTheyAre();
     void clearedTableIsFresh();
     void refListGrowsAndShrinks();
-    void refListCopies();
     void poolReusesPlaces();
 };
 
@@ -169,26 +168,6 @@ void tst_KMEdgeTable::refListGrowsAndShrinks()
         }
         QCOMPARE(list.toList(), model.toList());
         QCOMPARE(list.indexOf(value), model.indexOf(value));
-    }
-}
-
-void tst_KMEdgeTable::refListCopies()
-{
-    for (const int size : {0, 2, 4, 5, 40}) {
-        KMRefList<4> list;
-        for (int i = 0; i < size; ++i)
-            list.append(i);
-        KMRefList<4> copy(list);
-        KMRefList<4> assigned{9, 9, 9, 9, 9, 9};
-        assigned = copy;
-        KMRefList<4> moved(std::move(copy));
-        QVERIFY(moved == list && assigned == list);
-        moved.append(7);
-        QVERIFY(moved != list);
-        assigned = std::move(moved);
-        QCOMPARE(assigned.last(), 7);
-        assigned = assigned;
-        QCOMPARE(assigned.size(), size + 1);
     }
 }
 

@@ -29,7 +29,6 @@ private slots:
     void earlyExits();
     void refreshTakesItsBits();
     void offsetsAreTakenBackAndLaidOn();
-    void shadersRaiseBuffers();
     void chainFollowsTheSession();
     void chainIsRebuiltFromTheChangedStage();
     void editedResultReachesItsOwner();
@@ -207,6 +206,13 @@ void tst_KMMeshNode::refreshTakesItsBits()
     QCOMPARE(mesh->renderDirty(), quint32(RenderColors | RenderVertices));
     mesh->refreshMesh(Buffers);
     QCOMPARE(mesh->renderDirty(), quint32(RenderAll | RenderColors));
+    for (const int shader : {4, 2}) { // one shader more, then as many as before
+        mesh->clearRenderDirty(~0u);
+        mesh->setFaceShader(3, shader);
+        mesh->refreshMesh(Edges);
+        QCOMPARE(mesh->usedShaders(), QList<int>({-1, shader}));
+        QCOMPARE(mesh->renderDirty(), shader == 4 ? quint32(RenderAll) : 0u);
+    }
 }
 
 void tst_KMMeshNode::offsetsAreTakenBackAndLaidOn()
@@ -229,20 +235,6 @@ void tst_KMMeshNode::offsetsAreTakenBackAndLaidOn()
     QCOMPARE(mesh->findTag(KMNodeType::Tag), tag);
     tag->setDeleted(true);
     QVERIFY(!mesh->findTag(KMNodeType::Tag));
-}
-
-void tst_KMMeshNode::shadersRaiseBuffers()
-{
-    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
-    mesh->clearRenderDirty(~0u);
-    mesh->setFaceShader(3, 4);
-    mesh->refreshMesh(Edges);
-    QCOMPARE(mesh->usedShaders(), QList<int>({-1, 4}));
-    QCOMPARE(mesh->renderDirty(), quint32(RenderAll));
-    mesh->clearRenderDirty(~0u);
-    mesh->setFaceShader(3, 2);
-    mesh->refreshMesh(Edges);
-    QCOMPARE(mesh->renderDirty(), 0u); // as many as before
 }
 
 void tst_KMMeshNode::chainFollowsTheSession()

@@ -195,7 +195,6 @@ private slots:
     void everyOperationIsOneStep();
     void bothWaysCommandsHoldTheState();
     void addedSlotsAreTakenAtOnce();
-    void deletedFaceGivesItsEdgesBack();
     void editedFaceTakesWeightsAlong();
     void deleteVertexTakesItsFaces();
     void noOpsPushNothing();
@@ -310,22 +309,6 @@ void tst_MeshCommands::addedSlotsAreTakenAtOnce()
     scene.session.stack().setIndex(3);
     QCOMPARE(scene.mesh->position(5), kvm::Vector3(1, 1, 1));
     QCOMPARE(checkInvariants(*scene.mesh), QString());
-}
-
-void tst_MeshCommands::deletedFaceGivesItsEdgesBack()
-{
-    MeshScene scene(commandMesh());
-    const QString before = scene.dump.text();
-    {
-        gSolution->beginMacro({});
-        KMMeshEdit::deleteFace(*scene.mesh, 1);
-        KMMeshEdit::deleteFace(*scene.mesh, 0);
-        gSolution->endMacro();
-    }
-    QVERIFY(!scene.mesh->findEdge(1, 4)); // both faces of the weighted edge are gone
-    scene.session.stack().undo();
-    QCOMPARE(scene.mesh->findEdge(4, 1)->weight, 0.75f);
-    QCOMPARE(scene.dump.text(), before);
 }
 
 void tst_MeshCommands::editedFaceTakesWeightsAlong()
