@@ -153,7 +153,9 @@ QByteArray KMCopyBuffer::copySelection()
             if (!face || !face->hasFlag(KMElementFlag::Selected))
                 continue;
             hasSelected = true;
-            if (face->isLive())
+            const bool isWhole =
+                std::all_of(face->indices, face->indices + face->count, [mesh](int i) { return mesh->vertex(i); });
+            if (face->isLive() && isWhole)
                 faces << face;
         }
         if (hasSelected)

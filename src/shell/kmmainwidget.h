@@ -96,6 +96,8 @@ private slots:
     void onMenuCopy();
     void onMenuCut();
     void onMenuPaste();
+    void onMenuInsertPaste();
+    void onMenuMirrorPaste();
     void onMenuDuplicate();
     void onMenuGroup();
     void onMenuRename();
@@ -160,6 +162,7 @@ private:
     void saveDocument();
     void create(KMContainerNode *node);
     bool editInPanel(KMDockWidget::Edit edit); ///< false when the panel that has the focus leaves it to the nodes
+    bool worksOnElements() const; ///< the edit menu means the elements of meshes: the node panel hasn't the focus
     void updateCounts();
 
     KMStyle *m_style; // the application's

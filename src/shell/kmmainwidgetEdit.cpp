@@ -14,6 +14,7 @@
 #include "core/KMSolution.h"
 #include "core/KMValueNodeContainer.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMSelectionDelete.h"
 #include "modifiers/KMPrim3DTextNode.h"
 #include "modifiers/KMPrimCubeNode.h"
 #include "modifiers/KMPrimCylinderNode.h"
@@ -23,6 +24,7 @@
 #include "modifiers/KMPrimTorusNode.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMMainBox.h"
+#include "shell/KMMeshClipboard.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/kmattributewidget.h"
@@ -57,9 +59,14 @@ bool kmmainwidget::editInPanel(KMDockWidget::Edit edit)
     return false;
 }
 
+bool kmmainwidget::worksOnElements() const
+{
+    return !m_nodeDock->isAncestorOf(QApplication::focusWidget());
+}
+
 void kmmainwidget::onMenuCopy()
 {
-    if (editInPanel(KMDockWidget::Edit::Copy))
+    if (editInPanel(KMDockWidget::Edit::Copy) || (worksOnElements() && KMMeshClipboard::copyFaces()))
         return;
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (noneSelected(nodes))
@@ -72,6 +79,10 @@ void kmmainwidget::onMenuCut()
     commitOpenEditors();
     if (editInPanel(KMDockWidget::Edit::Cut))
         return;
+    if (worksOnElements() && KMMeshClipboard::copyFaces()) {
+        KMMeshEdit::deleteSelection(KMMeshTargets::Faces);
+        return;
+    }
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (noneSelected(nodes))
         return;
@@ -82,7 +93,22 @@ void kmmainwidget::onMenuCut()
 void kmmainwidget::onMenuPaste()
 {
     commitOpenEditors();
-    m_clipboard->paste();
+    if (KMMeshClipboard::hasFaces())
+        KMMeshClipboard::pasteFaces(KMMeshPaste::Kind::Plain);
+    else
+        m_clipboard->paste();
+}
+
+void kmmainwidget::onMenuInsertPaste()
+{
+    commitOpenEditors();
+    KMMeshClipboard::pasteFaces(KMMeshPaste::Kind::Insert);
+}
+
+void kmmainwidget::onMenuMirrorPaste()
+{
+    commitOpenEditors();
+    KMMeshClipboard::pasteFaces(KMMeshPaste::Kind::Mirror);
 }
 
 void kmmainwidget::onMenuDuplicate()
@@ -113,7 +139,7 @@ void kmmainwidget::onMenuRename()
 void kmmainwidget::onMenuSelectionDelete()
 {
     commitOpenEditors();
-    if (editInPanel(KMDockWidget::Edit::Delete))
+    if (editInPanel(KMDockWidget::Edit::Delete) || (worksOnElements() && KMMeshEdit::deleteSelection()))
         return;
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (!noneSelected(nodes))

@@ -116,9 +116,9 @@ void kmmainwidget::rebuildRecentMenu()
 void kmmainwidget::createEditMenu()
 {
     QMenu *menu = addMenu(tr("Edit(&E)"), "Menu Edit");
-    fill(menu, {"actionUndo", "actionRedo", "ComDoLastCommand", nullptr, "actionCopy", "actionPaste", "actionCut",
-                "actionDuplicate", "actionGroup", "actionRename", "actionDelete", nullptr, "ComSelectAll",
-                "ComUnselectAll", "ComSelectLastNode", nullptr});
+    fill(menu, {"actionUndo", "actionRedo", "ComDoLastCommand", nullptr, "actionCopy", "actionPaste",
+                "actionInsertPaste", "actionMirrorPaste", "actionCut", "actionDuplicate", "actionGroup", "actionRename",
+                "actionDelete", nullptr, "ComSelectAll", "ComUnselectAll", "ComSelectLastNode", nullptr});
     fill(menu->addMenu(tr("Show")), {"ComShowCurrentOnly", "ComShowAll", "ComHideAll"});
     fill(menu->addMenu(tr("Clean up")), {"ComDeleteCurrentNode", "ComDeleteUnusedShader", "ComDeleteUnusedTexture",
                                          "ComDeleteNull", nullptr, "ComClearBuffer"});

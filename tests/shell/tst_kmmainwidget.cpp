@@ -5,6 +5,7 @@
 #include "core/KMSolution.h"
 #include "core/KMTextureNode.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshNode.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
@@ -13,6 +14,7 @@
 #include "shell/kmmainwidget.h"
 #include "shell/kmpreferenceswidget.h"
 #include "shell/widgets/KMMessageLabel.h"
+#include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
 
@@ -59,6 +61,7 @@ private slots:
     void menuTitlesAndActions();
     void menuOpensByShortcut();
     void cutAndPaste();
+    void copiedFaces();
     void groupAndDuplicate();
     void projectDialogue_data();
     void projectDialogue();
@@ -490,6 +493,32 @@ void tst_kmmainwidget::cutAndPaste()
     window.trigger("actionNew"); // copies don't go from one document into another
     window.trigger("actionPaste");
     QCOMPARE(treeText(), QString());
+}
+
+void tst_kmmainwidget::copiedFaces()
+{
+    TestWindow window;
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addNode(mesh);
+    mesh->face(0)->flags = KMElementFlag::Selected;
+    window.trigger("actionCut");
+    QCOMPARE(mesh->liveFaces().size(), 5);
+    window.trigger("actionPaste");
+    QCOMPARE(mesh->liveVertices().size(), 12);
+    window.trigger("actionDelete"); // what was pasted is selected
+    QCOMPARE(mesh->liveFaces().size(), 5);
+    window.trigger("actionInsertPaste");
+    QCOMPARE(mesh->liveVertices().size(), 8);
+    QCOMPARE(mesh->liveFaces().size(), 6);
+    QStringList texts;
+    for (int i = 1; i < window->undoStack()->count(); ++i)
+        texts << window->undoStack()->text(i);
+    QCOMPARE(texts, QStringList({"Delete Selection Node", "Paste Mesh", "Delete Selection Node", "Paste Mesh"}));
+    gProject->tree()->setCurrentItem(nullptr);
+    const int steps = window->undoStack()->count();
+    window.trigger("actionMirrorPaste"); // no mesh to paste into
+    QCOMPARE(window->undoStack()->count(), steps);
+    QCOMPARE(treeText(), QStringLiteral("Mesh0"));
 }
 
 void tst_kmmainwidget::groupAndDuplicate()
