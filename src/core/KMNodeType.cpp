@@ -87,6 +87,23 @@ const Row *find(int id)
 
 } // namespace KMNodeType
 
+bool canHoldTag(int nodeId, int tagId)
+{
+    switch (tagId) {
+    case KMNodeType::TagSelection:
+    case KMNodeType::TagMorph:
+    case KMNodeType::TagNormal:
+    case KMNodeType::TagBoneWeight:
+        return nodeId == KMNodeType::Mesh;
+    case KMNodeType::TagRigidBody:
+    case KMNodeType::TagJoint:
+    case KMNodeType::TagConstraint:
+        return nodeId == KMNodeType::Bone;
+    default:
+        return isTreeNode(nodeId);
+    }
+}
+
 QString nodeTypeName(int id)
 {
     const KMNodeType::Row *row = KMNodeType::find(id);

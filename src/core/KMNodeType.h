@@ -144,5 +144,8 @@ constexpr bool hasStateColumns(int id)
            && id != KMNodeType::Null;
 }
 
+/// Whether a tag of this class means anything on a node of that class.
+bool canHoldTag(int nodeId, int tagId);
+
 /// The short name for log output, "OTHERNODE" for an id that has none.
 QString nodeTypeName(int id);

@@ -1,6 +1,26 @@
 #include "core/KMNullNode.h"
 
 #include "core/KMNodeType.h"
+#include "core/KMTreeWidget.h"
+
+namespace {
+
+/// The product of the transforms from a node up to the top.
+kvm::Matrix4 matrixFrom(const KMContainerNode *node)
+{
+    kvm::Matrix4 world;
+    for (; node; node = KMTreeWidget::parentNodeOf(node)) {
+        if (!isNull(node->type()))
+            continue;
+        const KMTransform &local = static_cast<const KMNullNode *>(node)->transform();
+        world *= kvm::Matrix4::fromScale(local.scale);
+        world *= local.rotation;
+        world += local.translation;
+    }
+    return world;
+}
+
+} // namespace
 
 KMNullNode::KMNullNode()
 {
@@ -11,6 +31,16 @@ KMNullNode::KMNullNode()
 void KMNullNode::setTransform(const KMTransform &transform)
 {
     m_transform = transform;
+}
+
+kvm::Matrix4 KMNullNode::worldMatrix() const
+{
+    return matrixFrom(this);
+}
+
+kvm::Matrix4 KMNullNode::parentMatrix() const
+{
+    return matrixFrom(KMTreeWidget::parentNodeOf(this));
 }
 
 KMContainerNode *KMNullNode::clone() const

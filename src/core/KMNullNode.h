@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/KMContainerNode.h"
+#include "math/Matrix4.h"
 #include "math/Quaternion.h"
 #include "math/Vector3.h"
 
@@ -26,6 +27,9 @@ public:
     void setScale(const kvm::Vector3 &scale) { m_transform.scale = scale; }
     void setRotation(const kvm::Quaternion &rotation) { m_transform.rotation = rotation; }
     void setTranslation(const kvm::Vector3 &translation) { m_transform.translation = translation; }
+
+    kvm::Matrix4 worldMatrix() const;  ///< of its transform and those of its parents
+    kvm::Matrix4 parentMatrix() const; ///< of its parents alone
 
     /// Sets all three at once and lets the class follow: bones and meshes raise their dirty bits here.
     virtual void setTransform(const KMTransform &transform);

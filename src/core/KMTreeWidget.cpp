@@ -2,9 +2,11 @@
 
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
+#include "core/KMTagBase.h"
 
 #include <QCoreApplication>
 #include <QDataStream>
+#include <QDrag>
 #include <QDropEvent>
 #include <QItemSelectionModel>
 #include <QMimeData>
@@ -13,6 +15,7 @@
 #include <vector>
 
 const QString KMTreeWidget::NodeMimeType = QStringLiteral("application/kmnode");
+const QString KMTreeWidget::TagMimeType = QStringLiteral("application/kmtag");
 
 namespace {
 
@@ -61,9 +64,29 @@ void appendBelow(const QTreeWidgetItem *root, QList<QTreeWidgetItem *> &rows)
     }
 }
 
+/// The pointers that were dragged, empty when another run of the program wrote them.
+QList<qulonglong> pointersIn(const QByteArray &bytes)
+{
+    QDataStream in(bytes);
+    qint64 run = 0;
+    in >> run;
+    QList<qulonglong> pointers;
+    while (run == QCoreApplication::applicationPid() && !in.atEnd()) {
+        qulonglong pointer = 0;
+        in >> pointer;
+        pointers << pointer;
+    }
+    return pointers;
+}
+
+qulonglong pointerTo(const void *object)
+{
+    return qulonglong(reinterpret_cast<quintptr>(object));
+}
+
 void leadTo(QTreeWidgetItem *row, KMContainerNode *node)
 {
-    const QVariant pointer{qulonglong(reinterpret_cast<quintptr>(node))};
+    const QVariant pointer{pointerTo(node)};
     row->setData(KMTreeWidget::NameColumn, Qt::UserRole, pointer);
     row->setData(KMTreeWidget::TagColumn, Qt::UserRole, pointer);
 }
@@ -229,7 +252,7 @@ void KMTreeWidget::currentRowChanged(QTreeWidgetItem *current)
 
 QStringList KMTreeWidget::mimeTypes() const
 {
-    return {NodeMimeType};
+    return {NodeMimeType, TagMimeType};
 }
 
 QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
@@ -246,41 +269,94 @@ QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
     return data;
 }
 
-/// Pointers out of another run, or of nodes that are gone, lead to no row of this tree.
+/// Pointers of nodes that are gone lead to no row of this tree.
 QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data) const
 {
-    QDataStream in(data->data(NodeMimeType));
-    qint64 run = 0;
-    in >> run;
-    if (run != QCoreApplication::applicationPid())
-        return {};
-    QSet<qulonglong> dragged;
-    while (!in.atEnd()) {
-        qulonglong pointer = 0;
-        in >> pointer;
-        dragged << pointer;
-    }
+    const QList<qulonglong> pointers = pointersIn(data->data(NodeMimeType));
+    const QSet<qulonglong> dragged(pointers.cbegin(), pointers.cend());
     QList<KMContainerNode *> nodes;
     for (const QTreeWidgetItem *row : flatten(this)) {
-        if (dragged.contains(row->data(NameColumn, Qt::UserRole).toULongLong()))
+        if (dragged.contains(pointerTo(nodeOf(row))))
             nodes << nodeOf(row);
     }
     return nodes;
 }
 
+QMimeData *KMTreeWidget::mimeDataOf(const KMTagBase *tag) const
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << QCoreApplication::applicationPid() << pointerTo(tag->owner()) << pointerTo(tag);
+    auto *data = new QMimeData;
+    data->setData(TagMimeType, bytes);
+    return data;
+}
+
+KMTagBase *KMTreeWidget::tagOf(const QMimeData *data) const
+{
+    const QList<qulonglong> pointers = pointersIn(data->data(TagMimeType));
+    for (const QTreeWidgetItem *row : flatten(this)) {
+        if (pointers.size() != 2 || pointerTo(nodeOf(row)) != pointers.first())
+            continue;
+        for (KMTagBase *tag : nodeOf(row)->tags()) {
+            if (pointerTo(tag) == pointers.last() && !tag->isDeleted())
+                return tag;
+        }
+    }
+    return nullptr;
+}
+
+void KMTreeWidget::setPressedTag(KMTagBase *tag, const QPixmap &picture)
+{
+    m_pressedTag = tag;
+    m_pressedPicture = picture;
+}
+
+void KMTreeWidget::startDrag(Qt::DropActions actions)
+{
+    if (!m_pressedTag)
+        return QTreeWidget::startDrag(actions);
+    auto *drag = new QDrag(this);
+    drag->setMimeData(mimeDataOf(m_pressedTag));
+    drag->setPixmap(m_pressedPicture);
+    drag->exec(Qt::MoveAction | Qt::CopyAction, Qt::MoveAction);
+}
+
+void KMTreeWidget::dragMoveEvent(QDragMoveEvent *event)
+{
+    QTreeWidget::dragMoveEvent(event);
+    if (!event->mimeData()->hasFormat(TagMimeType))
+        return;
+    const KMTagBase *tag = tagOf(event->mimeData());
+    const KMContainerNode *target = nodeOf(itemAt(event->pos()));
+    event->setAccepted(tag && target && canHoldTag(target->type(), tag->type()));
+}
+
 void KMTreeWidget::dropEvent(QDropEvent *event)
 {
+    const bool asCopy = event->keyboardModifiers() & Qt::ControlModifier;
+    KMContainerNode *target = nodeOf(itemAt(event->pos()));
+    if (KMTagBase *tag = tagOf(event->mimeData())) {
+        endDrop(event);
+        if (target && canHoldTag(target->type(), tag->type()))
+            emit tagDropped(tag, target, event->pos(), asCopy);
+        return;
+    }
     const QList<KMContainerNode *> nodes = nodesOf(event->mimeData());
     if (nodes.isEmpty())
         return event->ignore();
     const DropIndicatorPosition indicator = dropIndicatorPosition();
     const Place place = indicator == AboveItem ? Place::Before : indicator == BelowItem ? Place::After : Place::Into;
-    KMContainerNode *target = nodeOf(itemAt(event->pos()));
+    endDrop(event);
+    emit nodesDropped(nodes, target, place, asCopy);
+}
+
+void KMTreeWidget::endDrop(QDropEvent *event)
+{
     // A move action would make the view delete the dragged rows after the drop.
     event->setDropAction(Qt::CopyAction);
     event->accept();
     stopAutoScroll();
     setState(NoState);
     viewport()->update();
-    emit nodesDropped(nodes, target, place);
 }

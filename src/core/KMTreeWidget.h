@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QPixmap>
+#include <QPointer>
 #include <QTreeWidget>
 
 class KMContainerNode;
 class KMNode;
+class KMTagBase;
 class QMimeData;
 
 /// What of a subtree is expanded and hidden, a flag for each row, parents before children. Rows that leave
@@ -24,6 +27,7 @@ public:
     enum class Place { Before, Into, After }; ///< of a drop, seen from the row that it hits
 
     static const QString NodeMimeType; ///< of dragged rows: the run that they are of and the nodes' pointers
+    static const QString TagMimeType;  ///< of a dragged tag: the run and the pointers of the tag and of its node
 
     explicit KMTreeWidget(QWidget *parent = nullptr);
 
@@ -56,17 +60,32 @@ public:
     void takeRow(QTreeWidgetItem *row); ///< out of the tree with all below it; the caller owns it now
 
     QList<KMContainerNode *> nodesOf(const QMimeData *data) const; ///< dragged rows; empty for what is not of this tree
+    KMTagBase *tagOf(const QMimeData *data) const;                 ///< a dragged tag; null for what is not of this tree
+    QMimeData *mimeDataOf(const KMTagBase *tag) const;
+
+    /// The mouse went down on this tag, or on none: a drag that starts now takes the tag and not its row.
+    void setPressedTag(KMTagBase *tag, const QPixmap &picture);
 
 signals:
     void onNodeUpdate(KMNode *node); ///< the current row changed; null when none is
 
     /// Nodes of this tree were dropped; a null target is the free space below all rows. The tree itself moves nothing:
-    /// a move is a step of the history.
-    void nodesDropped(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place);
+    /// a move is a step of the history. With Control held the user wants copies.
+    void nodesDropped(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place,
+                      bool asCopy);
+    void tagDropped(KMTagBase *tag, KMContainerNode *target, const QPoint &position, bool asCopy); ///< in the viewport
 
 protected:
     QStringList mimeTypes() const override;
     QMimeData *mimeData(const QList<QTreeWidgetItem *> items) const override;
+    void startDrag(Qt::DropActions actions) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+
+private:
     void currentRowChanged(QTreeWidgetItem *current);
+    void endDrop(QDropEvent *event);
+
+    QPointer<KMTagBase> m_pressedTag;
+    QPixmap m_pressedPicture;
 };

@@ -1,7 +1,10 @@
 #include "shell/KMNodeClipboard.h"
 
+#include "core/KMCommand.h"
 #include "core/KMContainerNode.h"
 #include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTagBase.h"
 #include "core/KMUndoMacro.h"
 #include "shell/KMNodeEdits.h"
 
@@ -18,40 +21,84 @@ KMNodeClipboard::~KMNodeClipboard() = default;
 
 void KMNodeClipboard::copy(const QList<KMContainerNode *> &nodes)
 {
-    m_templates.clear();
+    std::vector<std::unique_ptr<KMNodeEdits::Template>> templates;
     for (const KMContainerNode *node : nodes) {
         auto copied = std::make_unique<KMNodeEdits::Template>(node);
         if (!copied->isEmpty())
-            m_templates.push_back(std::move(copied));
+            templates.push_back(std::move(copied));
     }
-    if (m_templates.empty())
+    if (templates.empty())
         return;
-    auto *mark = new QMimeData;
-    mark->setData(KMTreeWidget::NodeMimeType, {});
-    QGuiApplication::clipboard()->setMimeData(mark); // takes the data
+    clear();
+    m_templates = std::move(templates);
+    mark(KMTreeWidget::NodeMimeType);
 }
 
-bool KMNodeClipboard::hasNodes() const
+void KMNodeClipboard::copyTag(const KMTagBase *tag)
+{
+    clear();
+    m_tag.reset(tag->clone());
+    m_tag->setName(tag->name());
+    mark(KMTreeWidget::TagMimeType);
+}
+
+void KMNodeClipboard::mark(const QString &format)
+{
+    auto *data = new QMimeData;
+    data->setData(format, {});
+    QGuiApplication::clipboard()->setMimeData(data); // takes the data
+}
+
+bool KMNodeClipboard::isEmpty() const
 {
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    return !m_templates.empty() && data && data->hasFormat(KMTreeWidget::NodeMimeType);
+    if (!data)
+        return true;
+    const bool hasNodes = !m_templates.empty() && data->hasFormat(KMTreeWidget::NodeMimeType);
+    return !hasNodes && !(m_tag && data->hasFormat(KMTreeWidget::TagMimeType));
 }
 
 void KMNodeClipboard::paste()
 {
-    if (!hasNodes())
+    if (isEmpty())
         return;
-    QList<KMContainerNode *> pasted;
+    if (m_tag)
+        pasteTag();
+    else
+        pasteNodes();
+}
+
+void KMNodeClipboard::pasteNodes()
+{
+    QList<KMContainerNode *> rows;
     const KMUndoMacro macro(tr("Paste"));
-    for (const auto &copied : m_templates)
-        pasted << copied->instantiate(nullptr);
+    for (const auto &copied : m_templates) {
+        KMContainerNode *node = copied->instantiate(nullptr);
+        if (node->item())
+            rows << node;
+    }
     gProject->checkModifiers();
-    gProject->tree()->setCurrentItem(pasted.last()->item());
-    for (KMContainerNode *node : std::as_const(pasted))
-        node->item()->setSelected(true);
+    if (!rows.isEmpty())
+        KMNodeEdits::selectOnly(rows);
+}
+
+void KMNodeClipboard::pasteTag()
+{
+    QList<KMContainerNode *> takers;
+    for (const QTreeWidgetItem *row : gProject->tree()->selectedItems()) {
+        KMContainerNode *node = KMTreeWidget::nodeOf(row);
+        if (KMNodeEdits::canTake(node, m_tag.get()))
+            takers << node;
+    }
+    if (takers.isEmpty())
+        return gSolution->showMessage(tr("Select a node that can hold %1").arg(m_tag->name()), KMCommand::MessageLevel);
+    const KMUndoMacro macro(tr("Paste"));
+    for (KMContainerNode *node : std::as_const(takers))
+        KMNodeEdits::copyTag(m_tag.get(), node);
 }
 
 void KMNodeClipboard::clear()
 {
     m_templates.clear();
+    m_tag.reset();
 }

@@ -6,13 +6,14 @@
 #include <vector>
 
 class KMContainerNode;
+class KMTagBase;
 
 namespace KMNodeEdits {
 class Template;
 }
 
-/// Nodes that were copied or cut. The system's clipboard gets a mark only: what was copied elsewhere since then
-/// counts instead of the nodes.
+/// Nodes of the tree, shaders, textures or a tag that were copied or cut. The system's clipboard gets a mark only: what
+/// was copied elsewhere since then counts instead.
 class KMNodeClipboard : public QObject
 {
     Q_OBJECT
@@ -21,10 +22,19 @@ public:
     ~KMNodeClipboard() override;
 
     void copy(const QList<KMContainerNode *> &nodes);
-    void paste(); ///< new copies in the document, as one step; each stays selected
-    bool hasNodes() const;
-    void clear(); ///< another document comes: copies may refer to shaders of this one
+    void copyTag(const KMTagBase *tag);
+
+    /// New copies in the document, as one step; nodes of the tree stay selected. A tag goes to each of the selected
+    /// nodes that can hold it, or it is said that none can.
+    void paste();
+    bool isEmpty() const; ///< nothing was copied here, or something elsewhere since then
+    void clear();         ///< another document comes: copies may refer to shaders of this one
 
 private:
+    void mark(const QString &format);
+    void pasteNodes();
+    void pasteTag();
+
     std::vector<std::unique_ptr<KMNodeEdits::Template>> m_templates;
+    std::unique_ptr<KMTagBase> m_tag;
 };

@@ -2,13 +2,17 @@
 
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeTreeCommands.h"
+#include "core/KMNodeType.h"
 #include "core/KMNullNode.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMTagBase.h"
+#include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -48,12 +52,40 @@ void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
     gSolution->push(new moveNodeCommand(mode, sibling, node));
 }
 
+/// The index in the list of all tags at which a tag comes to stand at a place among the live ones.
+int indexAtPlace(const KMContainerNode *node, int place)
+{
+    const QList<KMTagBase *> tags = node->tags();
+    for (int i = 0; i < tags.size() && place >= 0; ++i) {
+        if (!tags[i]->isDeleted() && place-- == 0)
+            return i;
+    }
+    return -1;
+}
+
 } // namespace
+
+void KMNodeEdits::selectOnly(const QList<KMContainerNode *> &nodes)
+{
+    gProject->tree()->setCurrentItem(nodes.last()->item());
+    for (KMContainerNode *node : nodes)
+        node->item()->setSelected(true);
+}
 
 QList<KMContainerNode *> KMNodeEdits::selectedNodes()
 {
     QList<KMContainerNode *> nodes;
     for (const QTreeWidgetItem *row : KMTreeWidget::topSelectedItems(gProject->tree()))
+        nodes << KMTreeWidget::nodeOf(row);
+    return nodes;
+}
+
+QList<KMContainerNode *> KMNodeEdits::affectedBy(KMContainerNode *node)
+{
+    if (!node->item() || !node->item()->isSelected())
+        return {node};
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : node->item()->treeWidget()->selectedItems())
         nodes << KMTreeWidget::nodeOf(row);
     return nodes;
 }
@@ -163,9 +195,54 @@ void KMNodeEdits::duplicate(const QList<KMContainerNode *> &nodes)
         copies << copy;
     }
     gProject->checkModifiers();
-    gProject->tree()->setCurrentItem(copies.last()->item());
-    for (KMContainerNode *copy : std::as_const(copies))
-        copy->item()->setSelected(true);
+    selectOnly(copies);
+}
+
+bool KMNodeEdits::copyTo(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place)
+{
+    std::vector<std::unique_ptr<Template>> originals;
+    for (const KMContainerNode *node : nodes) {
+        auto original = std::make_unique<Template>(node);
+        if (!original->isEmpty())
+            originals.push_back(std::move(original));
+    }
+    if (originals.empty())
+        return false;
+    const KMUndoMacro macro(tr("Duplicate"));
+    QList<KMContainerNode *> copies;
+    for (const auto &original : originals)
+        copies << original->instantiate(nullptr);
+    move(copies, target, place);
+    selectOnly(copies);
+    return true;
+}
+
+bool KMNodeEdits::canTake(const KMContainerNode *node, const KMTagBase *tag)
+{
+    if (!canHoldTag(node->type(), tag->type()))
+        return false;
+    const QList<KMTagBase *> tags = node->tags();
+    return tag->type() != KMNodeType::TagNormal || std::none_of(tags.begin(), tags.end(), [](const KMTagBase *other) {
+               return other->type() == KMNodeType::TagNormal && !other->isDeleted();
+           });
+}
+
+bool KMNodeEdits::moveTag(KMTagBase *tag, KMContainerNode *node, int place)
+{
+    if (tag->owner() != node && !canTake(node, tag))
+        return false;
+    gSolution->push(new moveTagCommand(tag, node, place));
+    return true;
+}
+
+bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
+{
+    if (!canTake(node, tag))
+        return false;
+    KMTagBase *copy = tag->clone();
+    copy->setName(tag->name());
+    gSolution->push(new addTagCommand(node, copy, indexAtPlace(node, place)));
+    return true;
 }
 
 void KMNodeEdits::setVisible(const QList<KMContainerNode *> &nodes, bool visible)

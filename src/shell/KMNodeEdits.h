@@ -5,15 +5,22 @@
 #include <QList>
 
 class KMContainerNode;
+class KMTagBase;
 
 /// What the user does to nodes of the tree, each as one step of the history. Menus and the node panel share it.
 namespace KMNodeEdits {
 
-QList<KMContainerNode *> selectedNodes(); ///< the selected rows; a subtree counts as one
+QList<KMContainerNode *> selectedNodes();               ///< the selected rows; a subtree counts as one
+void selectOnly(const QList<KMContainerNode *> &nodes); ///< of the tree; the last one becomes current
+/// Whom an edit of a node is meant for: all selected rows when its own is among them, else the node alone.
+QList<KMContainerNode *> affectedBy(KMContainerNode *node);
 
 /// Moves nodes beside or into another one, in their order; a null target moves them to the end of the top level.
 /// Nothing happens where a node would come to lie below itself. False when there was nothing to move.
 bool move(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place);
+
+/// The same with copies of the nodes and of what lies below them; they stay selected.
+bool copyTo(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place);
 
 /// Puts a new null in the place of the first node and the nodes below it.
 void groupUnderNull(const QList<KMContainerNode *> &nodes);
@@ -37,6 +44,11 @@ private:
 };
 
 void duplicate(const QList<KMContainerNode *> &nodes); ///< each copy comes right behind its original
+
+bool canTake(const KMContainerNode *node, const KMTagBase *tag); ///< a second tag of normals would lie idle on a mesh
+/// Hangs a tag, or a copy of it, on a node, at a place among the live tags; -1 puts it last. False where it can't.
+bool moveTag(KMTagBase *tag, KMContainerNode *node, int place = -1);
+bool copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1);
 
 void setVisible(const QList<KMContainerNode *> &nodes, bool visible);
 void setLocked(const QList<KMContainerNode *> &nodes, bool locked);

@@ -2,6 +2,7 @@
 
 #include "core/KMSettings.h"
 #include "core/KMVersion.h"
+#include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
 
 #include <QFile>
@@ -25,6 +26,7 @@ void KMWindowState::save(const kmmainwidget &window)
     file.setValue(QStringLiteral("main/geometry"), window.saveGeometry());
     file.setValue(QStringLiteral("main/windowState"), window.saveState());
     file.setValue(QStringLiteral("main/statusbar"), !window.statusBar()->isHidden());
+    file.setValue(QStringLiteral("nodeWidget/resizeMode"), int(window.nodeDock()->resizeMode()));
     file.setValue(QStringLiteral("undoPanel/buttonStyle"), int(window.undoToolBar()->toolButtonStyle()));
 }
 
@@ -36,6 +38,9 @@ bool KMWindowState::restore(kmmainwidget &window)
     window.restoreGeometry(file.value(QStringLiteral("main/geometry")).toByteArray());
     window.restoreState(file.value(QStringLiteral("main/windowState")).toByteArray());
     window.statusBar()->setVisible(file.value(QStringLiteral("main/statusbar"), true).toBool());
+    const int mode = file.value(QStringLiteral("nodeWidget/resizeMode"), int(kmnodewidget::FillPanel)).toInt();
+    window.nodeDock()->setResizeMode(
+        kmnodewidget::ResizeMode(qBound(int(kmnodewidget::FillPanel), mode, int(kmnodewidget::FitContents))));
     const int style = file.value(QStringLiteral("undoPanel/buttonStyle"), int(Qt::ToolButtonIconOnly)).toInt();
     window.undoToolBar()->setToolButtonStyle(
         Qt::ToolButtonStyle(qBound(int(Qt::ToolButtonIconOnly), style, int(Qt::ToolButtonFollowStyle))));

@@ -28,6 +28,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
 #include <QStatusTipEvent>
@@ -220,8 +221,12 @@ void kmmainwidget::addRecentFile(const QString &path)
 
 void kmmainwidget::commitOpenEditors()
 {
-    m_attributeDock->commit();
-    m_attributeDock->setFocus(); // closes an editor in a row or a tile
+    QPointer<QWidget> focus = QApplication::focusWidget();
+    for (KMDockWidget *dock : std::as_const(m_docks))
+        dock->commit();
+    m_attributeDock->setFocus();                         // closes an editor in a row or a tile
+    if (focus && !KMShortcutFilter::isTextEditor(focus)) // the arrows go on where they were
+        focus->setFocus();
 }
 
 void kmmainwidget::refreshAttributes()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/KMSessionWindow.h"
+#include "shell/docks/KMDockWidget.h"
 
 #include <QList>
 #include <QMainWindow>
@@ -8,7 +9,6 @@
 class KMComContainer;
 class KMCommandContainer;
 class KMContainerNode;
-class KMDockWidget;
 class KMMainBox;
 class KMMessageLabel;
 class KMNode;
@@ -159,6 +159,7 @@ private:
     bool mayLeaveDocument(); ///< asks about changes; false when the document must stay
     void saveDocument();
     void create(KMContainerNode *node);
+    bool editInPanel(KMDockWidget::Edit edit); ///< false when the panel that has the focus leaves it to the nodes
     void updateCounts();
 
     KMStyle *m_style; // the application's

@@ -5,6 +5,7 @@
 #include "core/KMSettings.h"
 #include "shell/docks/KMEmptyDock.h"
 #include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmcoodinatewidget.h"
 #include "shell/docks/kmhistorywidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/docks/kmoutputwidget.h"
@@ -48,9 +49,7 @@ void kmmainwidget::createDocks()
     addDock(empty("kmtoolwidget", tr("Tool"), "tool", tr("The options of the current tool stand here.")), Right);
     addDock(m_textureDock = new kmtexturewidget, Left);
     addDock(m_shaderDock = new kmshaderwidget, Left);
-    addDock(
-        empty("kmcoodinatewidget", tr("Coordinate"), "coordinate", tr("The position of the selection stands here.")),
-        Left);
+    addDock(new kmcoodinatewidget, Left);
     addDock(m_attributeDock = new kmattributewidget, Right);
     addDock(empty("kmanimationwidget", tr("Animation"), "animation", tr("Frames and keys of the motion stand here.")),
             Left);
@@ -88,18 +87,26 @@ void kmmainwidget::connectDocks()
                                static_cast<KMDockWidget *>(m_shaderDock)})
         connect(dock, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
 
-    const QList<const char *> nodeItems{"actionCreateNull", "actionCreateInt", "actionCreateFloat",
-                                        "actionCreateBool", nullptr,           "actionRename",
-                                        "actionDuplicate",  "actionGroup",     nullptr,
-                                        "actionCut",        "actionCopy",      "actionPaste",
-                                        "actionDelete"};
-    QList<QAction *> nodeActions;
-    for (const char *item : nodeItems)
-        nodeActions << (item ? action(item) : nullptr);
-    m_nodeDock->setMenuActions(nodeActions);
-    m_shaderDock->setAddActions({action("actionCreateShader"), action("actionCreatePbrShader")});
+    const auto actions = [this](const QList<const char *> &items) {
+        QList<QAction *> list;
+        for (const char *item : items)
+            list << (item ? action(item) : nullptr);
+        return list;
+    };
+    m_nodeDock->setClipboard(m_clipboard);
+    m_nodeDock->setMenuActions(actions({"actionCreateNull", "actionCreateInt", "actionCreateFloat", "actionCreateBool",
+                                        nullptr, "actionRename", "actionDuplicate", "actionGroup", nullptr, "actionCut",
+                                        "actionCopy", "actionPaste", "actionDelete"}));
+    m_nodeDock->setTagActions(
+        actions({"actionRename", "actionDuplicate", "actionCut", "actionCopy", "actionPaste", "actionDelete"}));
+    for (KMShelfDock *shelf : {static_cast<KMShelfDock *>(m_shaderDock), static_cast<KMShelfDock *>(m_textureDock)}) {
+        shelf->setClipboard(m_clipboard);
+        shelf->setEditActions(
+            actions({"actionRename", "actionDuplicate", "actionCut", "actionCopy", "actionPaste", "actionDelete"}));
+    }
+    m_shaderDock->setAddActions(actions({"actionCreateShader", "actionCreatePbrShader"}));
     m_textureDock->setAddActions(
-        {action("actionCreateFileTexture"), action("actionCreatePTexture"), action("actionCreateEmbeddedTexture")});
+        actions({"actionCreateFileTexture", "actionCreatePTexture", "actionCreateEmbeddedTexture"}));
 }
 
 /// A floating panel is a window of its own, and so it may be larger than the room beside the views.

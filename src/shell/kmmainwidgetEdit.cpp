@@ -47,8 +47,20 @@ bool noneSelected(const QList<KMContainerNode *> &nodes)
 
 } // namespace
 
+bool kmmainwidget::editInPanel(KMDockWidget::Edit edit)
+{
+    const QWidget *focus = QApplication::focusWidget();
+    for (KMDockWidget *dock : std::as_const(m_docks)) {
+        if (dock->isAncestorOf(focus))
+            return dock->edit(edit);
+    }
+    return false;
+}
+
 void kmmainwidget::onMenuCopy()
 {
+    if (editInPanel(KMDockWidget::Edit::Copy))
+        return;
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (noneSelected(nodes))
         return;
@@ -58,6 +70,8 @@ void kmmainwidget::onMenuCopy()
 void kmmainwidget::onMenuCut()
 {
     commitOpenEditors();
+    if (editInPanel(KMDockWidget::Edit::Cut))
+        return;
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (noneSelected(nodes))
         return;
@@ -74,6 +88,8 @@ void kmmainwidget::onMenuPaste()
 void kmmainwidget::onMenuDuplicate()
 {
     commitOpenEditors();
+    if (editInPanel(KMDockWidget::Edit::Duplicate))
+        return;
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (!noneSelected(nodes))
         KMNodeEdits::duplicate(nodes);
@@ -89,12 +105,16 @@ void kmmainwidget::onMenuGroup()
 
 void kmmainwidget::onMenuRename()
 {
+    if (editInPanel(KMDockWidget::Edit::Rename))
+        return;
     m_nodeDock->renameCurrent();
 }
 
 void kmmainwidget::onMenuSelectionDelete()
 {
     commitOpenEditors();
+    if (editInPanel(KMDockWidget::Edit::Delete))
+        return;
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (!noneSelected(nodes))
         KMNodeEdits::remove(nodes);

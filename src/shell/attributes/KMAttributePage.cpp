@@ -3,7 +3,6 @@
 #include "core/KMDpi.h"
 #include "shell/widgets/KMColorField.h"
 #include "shell/widgets/KMNumberField.h"
-#include "shell/widgets/KMTextArea.h"
 #include "shell/widgets/KMTextField.h"
 
 #include <QCheckBox>
@@ -12,7 +11,7 @@
 #include <QLabel>
 
 KMAttributePage::KMAttributePage(QWidget *parent)
-    : QWidget(parent)
+    : KMFieldPanel(parent)
     , m_form(new QFormLayout(this))
 {
     const int margin = dpiScaled(6);
@@ -20,18 +19,6 @@ KMAttributePage::KMAttributePage(QWidget *parent)
     m_form->setVerticalSpacing(dpiScaled(4));
     m_form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     m_form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-}
-
-void KMAttributePage::commit()
-{
-    for (KMTextField *field : findChildren<KMTextField *>())
-        field->commit();
-    for (KMTextArea *area : findChildren<KMTextArea *>())
-        area->commit();
-    for (KMNumberField *field : findChildren<KMNumberField *>()) {
-        field->interpretText();
-        field->commit();
-    }
 }
 
 void KMAttributePage::retire()

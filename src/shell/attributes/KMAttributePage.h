@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include "shell/widgets/KMFieldPanel.h"
 
 class KMColorField;
 class KMContainerNode;
@@ -13,7 +13,7 @@ class QFormLayout;
 
 /// The values of one node in the attribute panel. Each edit becomes one step of the history; the page shows it when
 /// the history has moved, and so shows an undo as well.
-class KMAttributePage : public QWidget
+class KMAttributePage : public KMFieldPanel
 {
     Q_OBJECT
 public:
@@ -21,7 +21,6 @@ public:
 
     virtual void refresh() = 0; ///< shows what the node holds
 
-    void commit(); ///< hands over what is being typed
     void retire(); ///< the node may be gone: nothing is handed over any more
 
 protected:

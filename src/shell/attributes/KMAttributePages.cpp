@@ -7,8 +7,10 @@
 #include "core/KMProject.h"
 #include "core/KMTagBase.h"
 #include "core/KMValueNodeContainer.h"
+#include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
 #include "shell/attributes/KMBasicShaderPage.h"
+#include "shell/attributes/KMMeshPage.h"
 #include "shell/attributes/KMNormalTagPage.h"
 #include "shell/attributes/KMNullPage.h"
 #include "shell/attributes/KMPrimitivePages.h"
@@ -49,6 +51,7 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::PrimPlane, 0, &make<KMPrimPlanePage, KMPrimPlaneNode>},
     {KMNodeType::Prim3DText, 0, &make<KMPrim3DTextPage, KMPrim3DTextNode>},
     {KMNodeType::PrimSVG, 0, &make<KMPrimSVGPage, KMPrimSVGNode>},
+    {KMNodeType::Mesh, 0, &make<KMMeshPage, KMMeshNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},

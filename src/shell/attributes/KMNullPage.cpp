@@ -1,58 +1,46 @@
 #include "shell/attributes/KMNullPage.h"
 
-#include "core/KMNullNode.h"
-#include "core/KMSolution.h"
-#include "core/KMTransformCommands.h"
-#include "math/Quaternion.h"
 #include "shell/widgets/KMVectorField.h"
 
-#include <cmath>
-
-namespace {
-
-constexpr float degreesPerRadian = float(180.0 / M_PI);
-
-} // namespace
+using KMTransformEdit::Part;
 
 KMNullPage::KMNullPage(KMNullNode *node)
     : KMNodePage(node)
     , m_null(node)
-    , m_translation(new KMVectorField)
-    , m_rotation(new KMVectorField)
-    , m_scale(new KMVectorField)
 {
-    addRow(tr("Position"), m_translation, QStringLiteral("translation"));
-    addRow(tr("Rotation"), m_rotation, QStringLiteral("rotation"));
-    addRow(tr("Scale"), m_scale, QStringLiteral("scale"));
-    m_scale->setSingleStep(0.1);
-    m_rotation->setToolTip(tr("Degrees about X first, then Y, then Z"));
-
-    connect(m_translation, &KMVectorField::committed, this, [this](const kvm::Vector3 &translation) {
-        KMTransform transform = m_null->transform();
-        transform.translation = translation;
-        push(transform);
-    });
-    connect(m_rotation, &KMVectorField::committed, this, [this](const kvm::Vector3 &degrees) {
-        KMTransform transform = m_null->transform();
-        transform.rotation = kvm::Quaternion::fromEuler(degrees * (1.0f / degreesPerRadian));
-        push(transform);
-    });
-    connect(m_scale, &KMVectorField::committed, this, [this](const kvm::Vector3 &scale) {
-        KMTransform transform = m_null->transform();
-        transform.scale = scale;
-        push(transform);
-    });
+    struct Row
+    {
+        QString label;
+        const char *objectName;
+        double step;
+    };
+    const Row rows[] = {
+        {tr("Position"), "translation", 1.0},
+        {tr("Rotation"), "rotation", 1.0},
+        {tr("Scale"), "scale", 0.1},
+    };
+    for (int i = 0; i < KMTransformEdit::PartCount; ++i) {
+        auto *field = new KMVectorField;
+        field->setSingleStep(rows[i].step);
+        addRow(rows[i].label, field, QLatin1String(rows[i].objectName));
+        connect(field, &KMVectorField::axisCommitted, this,
+                [this, i](int axis, double number) { setNumber(Part(i), axis, number); });
+        m_fields[size_t(i)] = field;
+    }
+    m_fields[KMTransformEdit::Rotation]->setToolTip(tr("Degrees about X first, then Y, then Z"));
 }
 
-void KMNullPage::push(const KMTransform &transform)
+void KMNullPage::setNumber(Part part, int axis, double number)
 {
-    gSolution->push(new editSRTCommand(m_null, transform));
+    if (!KMTransformEdit::set(m_null, part, axis, number, m_angles, reach()))
+        KMNullPage::refresh();
 }
 
 void KMNullPage::refresh()
 {
     KMNodePage::refresh();
-    m_translation->showVector(m_null->translation());
-    m_rotation->showVector(m_null->rotation().toEuler() * degreesPerRadian);
-    m_scale->showVector(m_null->scale());
+    for (int i = 0; i < KMTransformEdit::PartCount; ++i) {
+        m_fields[size_t(i)]->showVector(KMTransformEdit::shown(m_null, Part(i), m_angles));
+        m_fields[size_t(i)]->setEnabled(!m_null->isLocked());
+    }
 }

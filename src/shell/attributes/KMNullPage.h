@@ -1,12 +1,15 @@
 #pragma once
 
+#include "shell/KMTransformEdit.h"
 #include "shell/attributes/KMNodePage.h"
+#include "shell/widgets/KMShownAngles.h"
 
-class KMNullNode;
+#include <array>
+
 class KMVectorField;
-struct KMTransform;
 
-/// Anything with a transform: position, rotation in degrees about x, y and z, and scale.
+/// Anything with a transform: position, rotation in degrees about x, y and z, and scale. An edit moves what lies below
+/// along, vertices included.
 class KMNullPage : public KMNodePage
 {
     Q_OBJECT
@@ -15,11 +18,13 @@ public:
 
     void refresh() override;
 
+protected:
+    virtual KMTransformEdit::Reach reach() const { return KMTransformEdit::Reach::Object; }
+
 private:
-    void push(const KMTransform &transform);
+    void setNumber(KMTransformEdit::Part part, int axis, double number);
 
     KMNullNode *m_null;
-    KMVectorField *m_translation;
-    KMVectorField *m_rotation;
-    KMVectorField *m_scale;
+    std::array<KMVectorField *, KMTransformEdit::PartCount> m_fields;
+    KMShownAngles m_angles;
 };

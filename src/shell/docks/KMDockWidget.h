@@ -11,6 +11,12 @@ class KMDockWidget : public QDockWidget
 public:
     KMDockWidget(const QString &objectName, const QString &title, const QString &icon, QWidget *parent = nullptr);
 
+    /// Entries of the Edit menu that a panel may have its own sense of.
+    enum class Edit { Cut, Copy, Duplicate, Rename, Delete };
+    /// One of them was called while the focus is in the panel. False: it is meant for the nodes of the tree.
+    virtual bool edit(Edit) { return false; }
+
+    virtual void commit() {}                            ///< hands over what is being typed
     virtual void refresh() {}                           ///< the history moved: what is shown may be another
     virtual void resetDocument() {}                     ///< another document comes: forget every node
     virtual void releaseDocument() { resetDocument(); } ///< the window closes; the document goes next

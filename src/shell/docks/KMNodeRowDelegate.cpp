@@ -36,17 +36,6 @@ QIcon::Mode iconMode(const QStyleOptionViewItem &option)
     return option.state & QStyle::State_Selected ? QIcon::Selected : QIcon::Normal;
 }
 
-/// A click on a row that belongs to the selection speaks for all of it.
-QList<KMContainerNode *> affectedBy(KMContainerNode *node)
-{
-    if (!node->item()->isSelected())
-        return {node};
-    QList<KMContainerNode *> nodes;
-    for (const QTreeWidgetItem *row : node->item()->treeWidget()->selectedItems())
-        nodes << KMTreeWidget::nodeOf(row);
-    return nodes;
-}
-
 } // namespace
 
 int KMNodeRowDelegate::tagIconSize()
@@ -70,6 +59,19 @@ KMTagBase *KMNodeRowDelegate::tagAt(const KMContainerNode *node, const QRect &ce
             return tag;
     }
     return nullptr;
+}
+
+int KMNodeRowDelegate::tagPlaceAt(const KMContainerNode *node, const QRect &cell, int x)
+{
+    int place = 0;
+    while (place < node->liveTagCount() && tagRect(cell, place).center().x() < x)
+        ++place;
+    return place;
+}
+
+QPixmap KMNodeRowDelegate::tagPicture(const KMTagBase *tag)
+{
+    return iconOf(tag->type()).pixmap(tagIconSize(), tagIconSize());
 }
 
 void KMNodeRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
@@ -160,22 +162,25 @@ bool KMNodeRowDelegate::editorEvent(QEvent *event, QAbstractItemModel *, const Q
     if (event->type() != QEvent::MouseButtonRelease && event->type() != QEvent::MouseButtonPress)
         return false;
     const auto *mouse = static_cast<QMouseEvent *>(event);
-    if (mouse->button() != Qt::LeftButton || !option.rect.contains(mouse->pos()))
-        return false;
     const bool released = event->type() == QEvent::MouseButtonRelease;
     KMContainerNode *node = nodeAt(index);
+    KMTagBase *tag = index.column() == KMTreeWidget::TagColumn ? tagAt(node, option.rect, mouse->pos()) : nullptr;
+    if (!released)
+        emit tagPressed(tag);
+    if (mouse->button() != Qt::LeftButton || !option.rect.contains(mouse->pos()))
+        return false;
     const bool set = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     switch (index.column()) {
     case KMTreeWidget::VisibleColumn:
         if (released)
-            KMNodeEdits::setVisible(affectedBy(node), !set);
+            KMNodeEdits::setVisible(KMNodeEdits::affectedBy(node), !set);
         return true;
     case KMTreeWidget::LockColumn:
         if (released)
-            KMNodeEdits::setLocked(affectedBy(node), !set);
+            KMNodeEdits::setLocked(KMNodeEdits::affectedBy(node), !set);
         return true;
     case KMTreeWidget::TagColumn:
-        if (KMTagBase *tag = released ? tagAt(node, option.rect, mouse->pos()) : nullptr)
+        if (tag && released)
             emit tagClicked(tag);
         return false;
     default:

@@ -15,6 +15,8 @@ public:
 
     static int tagIconSize();                           ///< pixels
     static QRect tagRect(const QRect &cell, int place); ///< of the icon at a place among the live tags
+    static int tagPlaceAt(const KMContainerNode *node, const QRect &cell, int x); ///< of a tag that is dropped there
+    static QPixmap tagPicture(const KMTagBase *tag);
     static KMTagBase *tagAt(const KMContainerNode *node, const QRect &cell, const QPoint &position); ///< null for none
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
@@ -27,6 +29,7 @@ public:
                    const QModelIndex &index) override;
 
 signals:
+    void tagPressed(KMTagBase *tag); ///< at each press of a button in a row; null where no tag is
     void tagClicked(KMTagBase *tag);
 
 private:

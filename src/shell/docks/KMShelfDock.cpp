@@ -1,10 +1,12 @@
 #include "shell/docks/KMShelfDock.h"
 
+#include "core/KMCommand.h"
 #include "core/KMContainerNode.h"
 #include "core/KMDpi.h"
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "shell/KMNodeClipboard.h"
 
 #include <QAction>
 #include <QListWidget>
@@ -115,23 +117,45 @@ void KMShelfDock::rename(QListWidgetItem *tile)
         refresh();
 }
 
-void KMShelfDock::duplicate(KMContainerNode *node)
+/// What the panel has the focus for is its tiles: the nodes of the tree are safe from here.
+bool KMShelfDock::edit(Edit edit)
 {
-    if (KMContainerNode *copy = node->clone())
-        gProject->addNode(copy);
+    QListWidgetItem *tile = m_list->currentItem();
+    KMContainerNode *node = nodeOf(tile);
+    if (!node) {
+        gSolution->showMessage(tr("Select an entry of the panel %1 first").arg(windowTitle()), KMCommand::MessageLevel);
+        return true;
+    }
+    switch (edit) {
+    case Edit::Cut:
+        m_clipboard->copy({node});
+        gProject->deleteNode(node);
+        break;
+    case Edit::Copy:
+        m_clipboard->copy({node});
+        break;
+    case Edit::Duplicate:
+        if (KMContainerNode *copy = node->clone())
+            gProject->addNode(copy);
+        break;
+    case Edit::Rename:
+        m_list->editItem(tile);
+        break;
+    case Edit::Delete:
+        gProject->deleteNode(node);
+        break;
+    }
+    return true;
 }
 
+/// The menu acts on the tile below it, which a right click has made the current one.
 void KMShelfDock::showMenu(const QPoint &position)
 {
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addActions(m_addActions);
-    if (QListWidgetItem *tile = m_list->itemAt(position)) {
-        KMContainerNode *node = nodeOf(tile);
-        menu->addSeparator();
-        menu->addAction(tr("Rename"), this, [this, tile] { m_list->editItem(tile); });
-        menu->addAction(tr("Duplicate"), this, [this, node] { duplicate(node); });
-        menu->addAction(tr("Delete"), this, [node] { gProject->deleteNode(node); });
-    }
+    menu->addSeparator();
+    if (m_list->itemAt(position))
+        menu->addActions(m_editActions);
     menu->popup(m_list->viewport()->mapToGlobal(position));
 }

@@ -5,6 +5,7 @@
 #include <QList>
 
 class KMContainerNode;
+class KMNodeClipboard;
 class QAction;
 class QListWidget;
 class QListWidgetItem;
@@ -17,8 +18,11 @@ class KMShelfDock : public KMDockWidget
 public:
     KMShelfDock(const QString &objectName, const QString &title, const QString &icon, QWidget *parent = nullptr);
 
-    void setAddActions(const QList<QAction *> &actions) { m_addActions = actions; } ///< stand first in the menu
+    void setClipboard(KMNodeClipboard *clipboard) { m_clipboard = clipboard; }        ///< not owned; outlives the dock
+    void setEditActions(const QList<QAction *> &actions) { m_editActions = actions; } ///< of a tile, in its menu
+    void setAddActions(const QList<QAction *> &actions) { m_addActions = actions; }   ///< stand first in the menu
 
+    bool edit(Edit edit) override;
     void refresh() override; ///< names and pictures of the tiles, and which one is current
     void resetDocument() override;
 
@@ -37,8 +41,9 @@ private:
     void rename(QListWidgetItem *tile);
     void showTile(QListWidgetItem *tile);
     void showMenu(const QPoint &position);
-    void duplicate(KMContainerNode *node);
 
     QListWidget *m_list;
     QList<QAction *> m_addActions;
+    QList<QAction *> m_editActions;
+    KMNodeClipboard *m_clipboard = nullptr;
 };

@@ -18,8 +18,8 @@ public:
     void showSubject(Subject subject);
     void showFor(KMNode *node); ///< the kind that the node is of; the current node's where it is null
     KMAttributePage *page() const { return m_page; } ///< null while there is no document
-    void commit();                                   ///< hands over what is being typed
 
+    void commit() override;
     void refresh() override;
     void resetDocument() override;
     void releaseDocument() override;

@@ -1,5 +1,6 @@
 #include "shell/docks/kmnodewidget.h"
 
+#include "core/KMCommand.h"
 #include "core/KMContainerNode.h"
 #include "core/KMDpi.h"
 #include "core/KMNodeType.h"
@@ -10,6 +11,7 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
+#include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
 
@@ -35,6 +37,17 @@ void setSelected(const QItemSelection &rows, bool selected)
     }
 }
 
+int livePlaceOf(const KMContainerNode *node, const KMTagBase *tag)
+{
+    int place = 0;
+    for (const KMTagBase *other : node->tags()) {
+        if (other == tag)
+            return place;
+        place += !other->isDeleted();
+    }
+    return -1;
+}
+
 } // namespace
 
 kmnodewidget::kmnodewidget(KMTreeWidget *tree, QWidget *parent)
@@ -52,6 +65,9 @@ kmnodewidget::kmnodewidget(KMTreeWidget *tree, QWidget *parent)
     prepareTree();
     setUpHeader();
     connect(m_delegate, &KMNodeRowDelegate::tagClicked, this, &kmnodewidget::selectTag);
+    connect(m_delegate, &KMNodeRowDelegate::tagPressed, this, [this](KMTagBase *tag) {
+        m_tree->setPressedTag(tag, tag ? KMNodeRowDelegate::tagPicture(tag) : QPixmap());
+    });
 }
 
 kmnodewidget::~kmnodewidget()
@@ -95,7 +111,11 @@ void kmnodewidget::prepareTree()
     m_tree->setDropIndicatorShown(true);
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_tree, &QWidget::customContextMenuRequested, this, &kmnodewidget::showMenu);
-    connect(m_tree, &KMTreeWidget::nodesDropped, this, &KMNodeEdits::move);
+    connect(m_tree, &KMTreeWidget::nodesDropped, this,
+            [](const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place, bool asCopy) {
+                (asCopy ? KMNodeEdits::copyTo : KMNodeEdits::move)(nodes, target, place);
+            });
+    connect(m_tree, &KMTreeWidget::tagDropped, this, &kmnodewidget::dropTag);
     connect(m_tree, &KMTreeWidget::onNodeUpdate, this, [this](KMNode *node) {
         clearTagSelection();
         emit onNodeChanged(node, node ? node->type() : 0);
@@ -127,13 +147,48 @@ void kmnodewidget::setUpHeader()
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
     header->setMinimumSectionSize(dpiScaled(22));
-    header->setSectionResizeMode(KMTreeWidget::NameColumn, QHeaderView::Stretch);
-    for (const int column : {KMTreeWidget::VisibleColumn, KMTreeWidget::LockColumn}) {
+    for (const int column : {KMTreeWidget::VisibleColumn, KMTreeWidget::LockColumn})
         header->setSectionResizeMode(column, QHeaderView::Fixed);
-        header->resizeSection(column, dpiScaled(24));
-    }
-    header->setSectionResizeMode(KMTreeWidget::TagColumn, QHeaderView::Interactive);
+    setResizeMode(FillPanel);
+    header->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header, &QWidget::customContextMenuRequested, this, &kmnodewidget::showHeaderMenu);
+}
+
+void kmnodewidget::setResizeMode(ResizeMode mode)
+{
+    struct Modes
+    {
+        QHeaderView::ResizeMode name;
+        QHeaderView::ResizeMode tags;
+    };
+    static constexpr Modes rows[] = {
+        {QHeaderView::Stretch, QHeaderView::Interactive},
+        {QHeaderView::Interactive, QHeaderView::Interactive},
+        {QHeaderView::ResizeToContents, QHeaderView::ResizeToContents},
+    };
+    m_resizeMode = mode;
+    QHeaderView *header = m_tree->header();
+    header->setSectionResizeMode(KMTreeWidget::NameColumn, rows[mode].name);
+    header->setSectionResizeMode(KMTreeWidget::TagColumn, rows[mode].tags);
+    header->resizeSection(KMTreeWidget::NameColumn, dpiScaled(120)); // what the mode lets be set
+    header->resizeSection(KMTreeWidget::VisibleColumn, dpiScaled(24));
+    header->resizeSection(KMTreeWidget::LockColumn, dpiScaled(24));
     header->resizeSection(KMTreeWidget::TagColumn, dpiScaled(46));
+}
+
+void kmnodewidget::showHeaderMenu(const QPoint &position)
+{
+    const QString texts[] = {tr("Fill the Panel"), tr("Widths by Hand"), tr("Fit to Contents")};
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const ResizeMode mode : {FillPanel, ByHand, FitContents}) {
+        QAction *entry = menu->addAction(texts[mode], this, [this, mode] { setResizeMode(mode); });
+        entry->setObjectName(QStringLiteral("nodeColumns%1").arg(mode));
+        entry->setStatusTip(tr("How wide the columns of the nodes are"));
+        entry->setCheckable(true);
+        entry->setChecked(mode == m_resizeMode);
+    }
+    menu->popup(m_tree->header()->mapToGlobal(position));
 }
 
 void kmnodewidget::filterChanged()
@@ -162,6 +217,7 @@ void kmnodewidget::releaseDocument()
         return;
     m_tree->disconnect(this);
     m_tree->selectionModel()->disconnect(this);
+    m_tree->header()->disconnect(this);
     m_tree->setItemDelegate(nullptr);
     m_tree->setParent(nullptr);
     m_tree = nullptr;
@@ -200,6 +256,7 @@ void kmnodewidget::showMenu(const QPoint &position)
         if (KMTagBase *tag = KMNodeRowDelegate::tagAt(KMTreeWidget::nodeOf(row), cell, position))
             return showTagMenu(tag, globalPosition);
     }
+    clearTagSelection(); // what the entries of the menu work on are nodes
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction *action : std::as_const(m_menuActions)) {
@@ -216,8 +273,8 @@ void kmnodewidget::showMenu(const QPoint &position)
 /// A mesh has one normal tag that counts; a second one would lie idle.
 void kmnodewidget::addTagEntries(QMenu *menu, KMContainerNode *node)
 {
-    if (!node || node->type() != KMNodeType::Mesh
-        || static_cast<const KMMeshNode *>(node)->findTag(KMNodeType::TagNormal))
+    const KMTagNormal wanted;
+    if (!node || !KMNodeEdits::canTake(node, &wanted))
         return;
     menu->addSeparator();
     QAction *add = menu->addAction(tr("Add Normal Tag"), this,
@@ -231,13 +288,67 @@ void kmnodewidget::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
     selectTag(tag);
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(tr("Rename Tag..."), this, [this, tag] {
-        bool accepted = false;
-        const QString name = KMPrompt::current().text(tr("Rename Tag"), tr("Name"), tag->name(), this, &accepted);
-        if (accepted && !name.isEmpty() && name != tag->name())
-            gSolution->push(new renameTagCommand(tag, name));
-    });
-    menu->addAction(tr("Delete Tag"), this,
-                    [tag] { gSolution->push(new deleteTagCommand(nodeAs<KMContainerNode>(tag->owner()), tag)); });
+    menu->addActions(m_tagActions);
     menu->popup(globalPosition);
+}
+
+bool kmnodewidget::edit(Edit edit)
+{
+    KMTagBase *tag = gSolution->currentTag();
+    if (!tag || !tag->isSelected())
+        return false;
+    switch (edit) {
+    case Edit::Cut:
+        m_clipboard->copyTag(tag);
+        deleteTag(tag);
+        break;
+    case Edit::Copy:
+        m_clipboard->copyTag(tag);
+        break;
+    case Edit::Duplicate:
+        if (!KMNodeEdits::copyTag(tag, nodeAs<KMContainerNode>(tag->owner())))
+            gSolution->showMessage(tr("A node can hold only one %1").arg(tag->name()), KMCommand::MessageLevel);
+        break;
+    case Edit::Rename:
+        renameTag(tag);
+        break;
+    case Edit::Delete:
+        deleteTag(tag);
+        break;
+    }
+    return true;
+}
+
+void kmnodewidget::renameTag(KMTagBase *tag)
+{
+    bool accepted = false;
+    const QString name = KMPrompt::current().text(tr("Rename Tag"), tr("Name"), tag->name(), this, &accepted).trimmed();
+    if (accepted && !name.isEmpty() && name != tag->name())
+        gSolution->push(new renameTagCommand(tag, name));
+}
+
+void kmnodewidget::deleteTag(KMTagBase *tag)
+{
+    auto *owner = nodeAs<KMContainerNode>(tag->owner());
+    gSolution->push(new deleteTagCommand(owner, tag));
+    emit onNodeChanged(owner, owner->type());
+}
+
+void kmnodewidget::dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &position, bool asCopy)
+{
+    const QModelIndex index = m_tree->indexAt(position);
+    const QRect cell = m_tree->visualRect(index.sibling(index.row(), KMTreeWidget::TagColumn));
+    int place = cell.contains(position) ? KMNodeRowDelegate::tagPlaceAt(target, cell, position.x()) : -1;
+    if (!asCopy && tag->owner() == target) {
+        const int present = livePlaceOf(target, tag);
+        if (place > present)
+            --place; // the moved one doesn't count
+        if (place < 0 || place == present)
+            return;
+    }
+    if (asCopy ? KMNodeEdits::copyTag(tag, target, place) : KMNodeEdits::moveTag(tag, target, place))
+        m_tree->viewport()->update();
+    else
+        gSolution->showMessage(tr("%1 can't hold another %2").arg(target->name(), tag->name()),
+                               KMCommand::MessageLevel);
 }

@@ -7,6 +7,7 @@
 #include <QPointer>
 
 class KMContainerNode;
+class KMNodeClipboard;
 class KMNodeRowDelegate;
 class KMTagBase;
 class QComboBox;
@@ -23,12 +24,18 @@ public:
     explicit kmnodewidget(KMTreeWidget *tree, QWidget *parent = nullptr);
     ~kmnodewidget() override;
 
-    KMTreeWidget *tree() const { return m_tree; } ///< null after releaseDocument()
-    void setMenuActions(const QList<QAction *> &actions)
-    {
-        m_menuActions = actions;
-    }                     ///< of the rows' menu; a null is a line
+    KMTreeWidget *tree() const { return m_tree; }                                     ///< null after releaseDocument()
+    void setMenuActions(const QList<QAction *> &actions) { m_menuActions = actions; } ///< of the rows; a null is a line
+    void setTagActions(const QList<QAction *> &actions) { m_tagActions = actions; }   ///< of the tags' menu
+    void setClipboard(KMNodeClipboard *clipboard) { m_clipboard = clipboard; }        ///< not owned; outlives the dock
     void renameCurrent(); ///< opens the editor of the current row
+
+    /// How the width of the columns comes about; the numbers stand in a file.
+    enum ResizeMode { FillPanel, ByHand, FitContents };
+    ResizeMode resizeMode() const { return m_resizeMode; }
+    void setResizeMode(ResizeMode mode);
+
+    bool edit(Edit edit) override; ///< a selected tag takes the place of its node
 
     void refresh() override; ///< keeps the filter true after an edit
     void resetDocument() override;
@@ -44,6 +51,10 @@ private:
     void showMenu(const QPoint &position);
     void addTagEntries(QMenu *menu, KMContainerNode *node);
     void showTagMenu(KMTagBase *tag, const QPoint &globalPosition);
+    void showHeaderMenu(const QPoint &position);
+    void dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &position, bool asCopy);
+    void renameTag(KMTagBase *tag);
+    void deleteTag(KMTagBase *tag);
 
     QPointer<KMTreeWidget> m_tree; // the project's, which may go first
     KMNodeRowDelegate *m_delegate;
@@ -51,4 +62,7 @@ private:
     QLineEdit *m_filterText = nullptr;
     QComboBox *m_filterFamily = nullptr;
     QList<QAction *> m_menuActions;
+    QList<QAction *> m_tagActions;
+    KMNodeClipboard *m_clipboard = nullptr;
+    ResizeMode m_resizeMode = FillPanel;
 };

@@ -1,0 +1,111 @@
+#include "modifiers/KMObjectTransform.h"
+
+#include "core/KMNodeType.h"
+#include "core/KMSolution.h"
+#include "core/KMTransformCommands.h"
+#include "core/KMTreeWidget.h"
+#include "math/Matrix4.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMVertexCommands.h"
+
+#include <algorithm>
+
+namespace {
+
+/// The node and all below it, of one class of nodes.
+template <class Node, class IsOf>
+QList<Node *> below(const KMNullNode *node, const IsOf &isOf)
+{
+    QList<Node *> found;
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(node->item())) {
+        KMContainerNode *member = KMTreeWidget::nodeOf(row);
+        if (isOf(member->type()))
+            found << static_cast<Node *>(member);
+    }
+    return found;
+}
+
+QList<KMMeshNode *> meshesBelow(const KMNullNode *node)
+{
+    return below<KMMeshNode>(node, [](int type) { return type == KMNodeType::Mesh; });
+}
+
+float ratio(float before, float after)
+{
+    return before == 0.0f || after == 0.0f ? 1.0f : after / before;
+}
+
+/// What moves a point of the world from the old frame into the new one; plain sums where only the place changes, so
+/// that no digit is lost.
+kvm::Matrix4 worldStep(const KMNullNode *node, const KMTransform &after)
+{
+    const KMTransform &before = node->transform();
+    const kvm::Matrix4 parent = node->parentMatrix();
+    if (before.scale == after.scale && before.rotation.w == after.rotation.w
+        && before.rotation.vector() == after.rotation.vector())
+        return kvm::Matrix4::fromTranslation(parent.transformDirection(after.translation - before.translation));
+
+    kvm::Matrix4 step = kvm::Matrix4::fromTranslation(before.translation * -1.0f);
+    step *= before.rotation.conjugate();
+    step *= kvm::Matrix4::fromScale({ratio(before.scale.x, after.scale.x), ratio(before.scale.y, after.scale.y),
+                                     ratio(before.scale.z, after.scale.z)});
+    step *= after.rotation;
+    step += after.translation;
+    bool invertible = true;
+    const kvm::Matrix4 back = parent.inverse(&invertible);
+    return invertible ? back * step * parent : kvm::Matrix4();
+}
+
+void pushVertices(KMMeshNode *mesh, const kvm::Matrix4 &step)
+{
+    QVector<kvm::Vector3> positions(mesh->vertexCount());
+    for (int i = 0; i < positions.size(); ++i) {
+        if (mesh->vertex(i))
+            positions[i] = step * mesh->position(i);
+    }
+    if (!positions.isEmpty())
+        gSolution->push(new editAllVertexCommand(mesh, positions));
+}
+
+/// The shape of a primitive knows scale and rotation only: what would slant it is left out.
+KMTransform moved(const KMTransform &transform, const kvm::Matrix4 &step)
+{
+    const kvm::Vector3 axes[] = {
+        step.transformDirection(transform.rotation.rotate({1.0f, 0.0f, 0.0f})),
+        step.transformDirection(transform.rotation.rotate({0.0f, 1.0f, 0.0f})),
+        step.transformDirection(transform.rotation.rotate({0.0f, 0.0f, 1.0f})),
+    };
+    KMTransform result = transform;
+    result.translation = step * transform.translation;
+    const float turn = dot(cross(axes[0], axes[1]), axes[2]) < 0.0f ? -1.0f : 1.0f; // mirrored: one axis runs backwards
+    result.scale = {transform.scale.x * axes[0].length() * turn, transform.scale.y * axes[1].length(),
+                    transform.scale.z * axes[2].length()};
+    const kvm::Vector3 x = (axes[0] * turn).normalized();
+    const kvm::Vector3 y = (axes[1] - x * dot(axes[1], x)).normalized();
+    const kvm::Vector3 z = cross(x, y);
+    const kvm::Matrix4 frame{{x.x, x.y, x.z, 0, y.x, y.y, y.z, 0, z.x, z.y, z.z, 0, 0, 0, 0, 1}};
+    result.rotation = kvm::Quaternion::fromMatrix(frame);
+    return result;
+}
+
+} // namespace
+
+bool KMObjectTransform::wouldFlatten(const KMNullNode *node, const KMTransform &transform)
+{
+    const kvm::Vector3 &scale = transform.scale;
+    return (scale.x == 0.0f || scale.y == 0.0f || scale.z == 0.0f) && !meshesBelow(node).isEmpty();
+}
+
+void KMObjectTransform::push(KMNullNode *node, const KMTransform &transform)
+{
+    const kvm::Matrix4 step = worldStep(node, transform);
+    gSolution->push(new editSRTCommand(node, transform));
+    if (step == kvm::Matrix4())
+        return;
+    for (KMMeshNode *mesh : meshesBelow(node))
+        pushVertices(mesh, step);
+    for (KMNullNode *primitive : below<KMNullNode>(node, isPrimitive)) {
+        if (primitive != node)
+            gSolution->push(new editSRTCommand(primitive, moved(primitive->transform(), step)));
+    }
+}
