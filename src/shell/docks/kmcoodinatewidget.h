@@ -2,16 +2,12 @@
 
 #include "shell/KMTransformEdit.h"
 #include "shell/docks/KMDockWidget.h"
-#include "shell/widgets/KMShownAngles.h"
-
-#include <array>
 
 class KMFieldPanel;
-class KMNumberField;
-class QGridLayout;
+class KMTransformFields;
 class QLabel;
 
-/// Position, scale and rotation of the current node in numbers. An edit moves the whole object: vertices follow, and
+/// Position, rotation and scale of the current node in numbers. An edit moves the whole object: vertices follow, and
 /// so does what lies below the node.
 class kmcoodinatewidget : public KMDockWidget
 {
@@ -21,18 +17,15 @@ public:
 
     void commit() override;
     void refresh() override;
-    void resetDocument() override;
+    void resetDocument() override { refresh(); }
     void releaseDocument() override;
 
 private:
-    void addColumn(QGridLayout *grid, KMTransformEdit::Part part, int column, const QString &title);
     KMNullNode *shownNode() const; ///< null where the current node has no transform
     void setNumber(KMTransformEdit::Part part, int axis, double number);
 
     bool m_released = false;
-    KMNullNode *m_node = nullptr; // whose angles are remembered
-    KMShownAngles m_angles;
     KMFieldPanel *m_panel;
     QLabel *m_title;
-    std::array<std::array<KMNumberField *, 3>, KMTransformEdit::PartCount> m_fields;
+    KMTransformFields *m_fields;
 };

@@ -26,8 +26,7 @@ KMVectorField::KMVectorField(QWidget *parent)
         field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         row->addWidget(field, 1);
         m_fields[axis] = field;
-        connect(field, &KMNumberField::committed, this, [this, axis](double number) {
-            emit axisCommitted(int(axis), number);
+        connect(field, &KMNumberField::committed, this, [this] {
             emit committed({float(m_fields[0]->shownNumber()), float(m_fields[1]->shownNumber()),
                             float(m_fields[2]->shownNumber())});
         });

@@ -22,7 +22,6 @@ public:
 
 signals:
     void committed(const kvm::Vector3 &vector);
-    void axisCommitted(int axis, double number); ///< the one that was edited, before committed()
 
 private:
     std::array<KMNumberField *, 3> m_fields;
