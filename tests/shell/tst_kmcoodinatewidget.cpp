@@ -2,6 +2,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMDockWidget.h"
@@ -12,10 +13,13 @@
 #include "support/TestWindow.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QTest>
 #include <QUndoStack>
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
 
 /// The numbers of the current node, edited by keys as a user does.
@@ -32,6 +36,8 @@ private slots:
     void tabGoesRound();
     void nothingToShow();
     void pendingStepStaysWithItsNode();
+    void placeAndSizeOfTheSelection();
+    void turnOfTheSelection();
 
 private:
     KMNumberField *field(const char *objectName) const
@@ -170,6 +176,68 @@ void tst_kmcoodinatewidget::pendingStepStaysWithItsNode()
     QCOMPARE(first->translation().x, 0.0f);
     QCOMPARE(second->translation().x, 0.0f);
     QCOMPARE(field("positionX")->value(), 0.0);
+}
+
+/// Three corners of a cube: the mean is the place, the box around them the size.
+void tst_kmcoodinatewidget::placeAndSizeOfTheSelection()
+{
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addNode(mesh);
+    QVector<kvm::Vector3> before;
+    for (int i = 0; i < 8; ++i)
+        before << mesh->position(i);
+    for (const int i : {0, 1, 2})
+        KMMeshEdit::selectVertex(*mesh, i, true);
+    const kvm::Vector3 mean = (before[0] + before[1] + before[2]) / 3.0f;
+    QVERIFY(std::abs(field("positionX")->value() - double(mean.x)) < 1e-3);
+    const int start = steps();
+
+    type("positionX", QStringLiteral("20"));
+    QCOMPARE(steps(), start + 1);
+    for (int i = 0; i < 8; ++i) {
+        const float way = i < 3 ? 20.0f - mean.x : 0.0f;
+        QVERIFY((mesh->position(i) - before[i] - kvm::Vector3(way, 0, 0)).length() < 1e-4f);
+    }
+    QCOMPARE(mesh->translation().x, 0.0f);
+    m_window->trigger("actionUndo");
+
+    float least = before[0].y, most = least;
+    for (const int i : {1, 2}) {
+        least = std::min(least, before[i].y);
+        most = std::max(most, before[i].y);
+    }
+    QVERIFY(most > least);
+    type("scaleY", QStringLiteral("0")); // flat, which for a selection is a wish
+    for (int i = 0; i < 8; ++i)
+        QVERIFY(std::abs(mesh->position(i).y - (i < 3 ? mean.y : before[i].y)) < 1e-4f);
+    QVERIFY(!field("scaleY")->isEnabled());
+    m_window->trigger("actionUndo");
+    for (int i = 0; i < 8; ++i)
+        QCOMPARE(mesh->position(i), before[i]);
+
+    auto *target = m_dock->findChild<QComboBox *>(QStringLiteral("coordinateTarget"));
+    target->setFocus();
+    QTest::keyClick(target, Qt::Key_Down); // the node instead
+    type("positionX", QStringLiteral("20"));
+    for (int i = 0; i < 8; ++i)
+        QCOMPARE(mesh->position(i).x, before[i].x + 20.0f);
+}
+
+void tst_kmcoodinatewidget::turnOfTheSelection()
+{
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addNode(mesh);
+    KMMeshEdit::selectFace(*mesh, 0, true);
+    kvm::Vector3 centre;
+    for (const int i : {0, 1, 2, 3})
+        centre += mesh->position(mesh->face(0)->indices[i]) / 4.0f;
+    const int corner = mesh->face(0)->indices[1];
+    const kvm::Vector3 before = mesh->position(corner) - centre;
+    type("rotationZ", QStringLiteral("90"));
+    const kvm::Vector3 after = mesh->position(corner) - centre;
+    QVERIFY((after - kvm::Vector3(-before.y, before.x, before.z)).length() < 1e-3f);
+    QCOMPARE(field("rotationZ")->value(), 0.0); // the next turn starts from here
+    QCOMPARE((*m_window)->undoStack()->text(steps() - 1), QStringLiteral("Rotate Selection"));
 }
 
 KM_TEST(tst_kmcoodinatewidget);
