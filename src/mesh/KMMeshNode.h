@@ -11,6 +11,7 @@
 #include <QVector>
 
 #include <memory>
+#include <vector>
 
 class KMFloatNode;
 class KMMeshModifier;
@@ -103,6 +104,7 @@ public:
 
     // Selection
 
+    std::vector<bool> selectionMarks() const; ///< a mark for each vertex slot that a selected element touches now
     void rebuildSelectionCache();
     const QSet<int> &selectedVertices() const { return m_selectedVertices; } ///< touched by any selected element
     const QSet<int> &selectedFaces() const { return m_selectedFaces; }

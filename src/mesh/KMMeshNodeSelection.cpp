@@ -3,6 +3,8 @@
 #include "core/KMTagBase.h"
 #include "mesh/KMMeshNode.h"
 
+#include <algorithm>
+
 using namespace KMMeshDirty;
 
 void KMMeshNode::changeFlags(quint8 &flags, quint8 bit, bool on, quint32 mask)
@@ -80,33 +82,46 @@ void KMMeshNode::clearAllEdgeFlags(quint8 bit)
         changeFlags(edge->flags, bit, false, Colors);
 }
 
-void KMMeshNode::rebuildSelectionCache()
+std::vector<bool> KMMeshNode::selectionMarks() const
 {
-    m_selectedVertices.clear();
-    m_selectedFaces.clear();
+    std::vector<bool> marks(size_t(vertexCount()), false);
+    const auto mark = [&](int i) {
+        if (vertex(i))
+            marks[size_t(i)] = true;
+    };
     // Not by the live lists: within a macro they may still name records that went.
     for (int i = 0; i < vertexCount(); ++i) {
         const KMVertex *record = vertex(i);
         if (record && !record->faceRefs.isEmpty() && record->hasFlag(KMElementFlag::Selected))
-            m_selectedVertices.insert(i);
+            mark(i);
     }
     for (const KMEdge *edge : edges()) {
-        if (!edge->hasFlag(KMElementFlag::Selected))
-            continue;
-        for (const int end : {edge->index0, edge->index1}) {
-            if (vertex(end))
-                m_selectedVertices.insert(end);
+        if (edge->hasFlag(KMElementFlag::Selected)) {
+            mark(edge->index0);
+            mark(edge->index1);
         }
     }
     for (int f = 0; f < faceCount(); ++f) {
         const KMFace *record = face(f);
-        if (!record || !record->isLive() || !record->hasFlag(KMElementFlag::Selected))
-            continue;
-        for (int c = 0; c < record->count; ++c) {
-            if (vertex(record->indices[c]))
-                m_selectedVertices.insert(record->indices[c]);
-        }
-        m_selectedFaces.insert(f);
+        if (record && record->isLive() && record->hasFlag(KMElementFlag::Selected))
+            std::for_each_n(record->indices, record->count, mark);
+    }
+    return marks;
+}
+
+void KMMeshNode::rebuildSelectionCache()
+{
+    m_selectedVertices.clear();
+    m_selectedFaces.clear();
+    const std::vector<bool> marks = selectionMarks();
+    for (int i = 0; i < vertexCount(); ++i) {
+        if (marks[size_t(i)])
+            m_selectedVertices.insert(i);
+    }
+    for (int f = 0; f < faceCount(); ++f) {
+        const KMFace *record = face(f);
+        if (record && record->isLive() && record->hasFlag(KMElementFlag::Selected))
+            m_selectedFaces.insert(f);
     }
     m_selectionPositions.fill({}, vertexCount());
     m_selectionCentre = {};

@@ -3,7 +3,6 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
-#include "mesh/KMMeshTargets.h"
 
 #include <QCoreApplication>
 
@@ -164,6 +163,30 @@ int clickUV(KMMeshNode &mesh, int face, int corner, Mode mode)
         return -1;
     return click(mesh, uvKind, record->cornerFlags[corner] & KMElementFlag::Selected, mode,
                  [&](bool on) { KMMeshEdit::selectUV(mesh, face, corner, on); });
+}
+
+void selectAll(KMMeshNode &mesh, KMMeshTargets::Elements kinds)
+{
+    const auto isShown = [&mesh](const auto &record) {
+        return std::any_of(record.faceRefs.begin(), record.faceRefs.end(), [&mesh](int f) {
+            const KMFace *face = mesh.face(f);
+            return face && face->isLive() && !face->hasFlag(KMElementFlag::Hidden);
+        });
+    };
+    for (int i = 0; kinds.testFlag(KMMeshTargets::Vertices) && i < mesh.vertexCount(); ++i) {
+        if (mesh.vertex(i) && isShown(*mesh.vertex(i)))
+            KMMeshEdit::selectVertex(mesh, i, true);
+    }
+    if (kinds.testFlag(KMMeshTargets::Edges)) {
+        for (const KMEdge *edge : mesh.edges()) {
+            if (isShown(*edge))
+                KMMeshEdit::selectEdge(mesh, edge->index0, edge->index1, true);
+        }
+    }
+    for (int f = 0; kinds.testFlag(KMMeshTargets::Faces) && f < mesh.faceCount(); ++f) {
+        if (mesh.face(f) && mesh.face(f)->isLive())
+            KMMeshEdit::selectFace(mesh, f, true);
+    }
 }
 
 void unselectAll()

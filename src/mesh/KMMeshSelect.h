@@ -1,5 +1,7 @@
 #pragma once
 
+#include "mesh/KMMeshTargets.h"
+
 #include <Qt>
 
 class KMMeshNode;
@@ -17,6 +19,9 @@ int clickVertex(KMMeshNode &mesh, int index, Mode mode);
 int clickEdge(KMMeshNode &mesh, int a, int b, Mode mode); ///< with the line polygon on the edge, where there is one
 int clickFace(KMMeshNode &mesh, int index, Mode mode);
 int clickUV(KMMeshNode &mesh, int face, int corner, Mode mode);
+
+/// Selects all that is not hidden of some kinds, as several steps; the caller opens the macro.
+void selectAll(KMMeshNode &mesh, KMMeshTargets::Elements kinds);
 
 /// Takes all vertices, edges and faces of the chosen meshes that are not locked out of the selection. No step
 /// where nothing is selected.

@@ -52,6 +52,13 @@ void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
     gSolution->push(new moveNodeCommand(mode, sibling, node));
 }
 
+bool hasTagNamed(const KMContainerNode *node, const QString &name)
+{
+    const QList<KMTagBase *> tags = node->tags();
+    return std::any_of(tags.begin(), tags.end(),
+                       [&name](const KMTagBase *tag) { return !tag->isDeleted() && tag->name() == name; });
+}
+
 /// The index in the list of all tags at which a tag comes to stand at a place among the live ones.
 int indexAtPlace(const KMContainerNode *node, int place)
 {
@@ -241,7 +248,8 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
         return false;
     KMTagBase *copy = tag->clone();
     copy->setName(tag->name());
-    gSolution->push(new addTagCommand(node, copy, indexAtPlace(node, place)));
+    const auto naming = hasTagNamed(node, tag->name()) ? addTagCommand::Name::Numbered : addTagCommand::Name::Keep;
+    gSolution->push(new addTagCommand(node, copy, indexAtPlace(node, place), naming));
     return true;
 }
 

@@ -9,6 +9,7 @@
 #include "shell/KMNodeEdits.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMGlobalCommand.h"
+#include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
@@ -29,6 +30,7 @@ private slots:
     void unusedShelves();
     void usedShadersStay();
     void standAloneNulls();
+    void selectAllElements();
     void selectLastNode();
     void repeat();
     void clearBuffer();
@@ -155,6 +157,36 @@ void tst_KMComContainer::standAloneNulls()
     QCOMPARE(KMTreeWidget::flatten(gProject->tree()).size(), 2);
     window.trigger("actionUndo");
     QCOMPARE(KMTreeWidget::flatten(gProject->tree()).size(), 4);
+}
+
+/// With a mesh chosen and the focus not in the tree, all and none are said of elements.
+void tst_KMComContainer::selectAllElements()
+{
+    const TestWindow window;
+    window.trigger("actionCreateNull");
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addNode(mesh);
+    KMMeshEdit::hideFace(*mesh, 0, true);
+    window->attributeDock()->setFocus();
+    KMEditFilter filter;
+    filter.edges = false;
+    gSolution->setEditFilter(filter);
+    const int steps = window->undoStack()->index();
+    window.trigger("ComSelectAll");
+    QCOMPARE(window->undoStack()->index(), steps + 1);
+    mesh->rebuildSelectionCache();
+    QCOMPARE(mesh->selectedVertices().size(), 8); // each has a face that is shown
+    QCOMPARE(mesh->selectedFaces().size(), 5);
+    QVERIFY(!mesh->hasEdgeFlag(KMElementFlag::Selected));
+    QCOMPARE(gProject->tree()->selectedItems().size(), 1);
+    window.trigger("ComUnselectAll");
+    mesh->rebuildSelectionCache();
+    QVERIFY(mesh->selectedVertices().isEmpty());
+
+    gProject->tree()->setFocus();
+    window.trigger("ComSelectAll");
+    QCOMPARE(gProject->tree()->selectedItems().size(), 2);
+    QCOMPARE(window->undoStack()->index(), steps + 2);
 }
 
 void tst_KMComContainer::selectLastNode()

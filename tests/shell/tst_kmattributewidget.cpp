@@ -7,18 +7,20 @@
 #include "core/KMValueNodeContainer.h"
 #include "core/KMVariantNode.h"
 #include "math/Quaternion.h"
+#include "mesh/KMMeshNode.h"
 #include "shell/attributes/KMAttributePage.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/widgets/KMColorField.h"
 #include "shell/widgets/KMNumberField.h"
 #include "shell/widgets/KMTextField.h"
-#include "shell/widgets/KMVectorField.h"
+#include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <QUndoStack>
@@ -41,6 +43,7 @@ private slots:
     void name();
     void transform();
     void smallPartsSurvive();
+    void meshPage();
     void shaderFields();
     void shaderTextures();
     void textureFile();
@@ -167,22 +170,22 @@ void tst_kmattributewidget::name()
 void tst_kmattributewidget::transform()
 {
     auto *node = m_window->create<KMNullNode>("actionCreateNull");
-    type(field<KMVectorField>("translation")->field(1), QStringLiteral("12.5"));
+    type(field<KMNumberField>("positionY"), QStringLiteral("12.5"));
     QCOMPARE(node->translation().y, 12.5f);
-    type(field<KMVectorField>("scale")->field(2), QStringLiteral("3"));
+    type(field<KMNumberField>("scaleZ"), QStringLiteral("3"));
     QCOMPARE(node->scale().z, 3.0f);
-    type(field<KMVectorField>("rotation")->field(0), QStringLiteral("90"));
+    type(field<KMNumberField>("rotationX"), QStringLiteral("90"));
     const float halfTurn = float(M_PI / 2.0);
     QVERIFY(std::abs(node->rotation().toEuler().x - halfTurn) < 1e-5f);
     QCOMPARE(node->translation().y, 12.5f);
     QCOMPARE(steps(), 4);
     undo();
-    QCOMPARE(field<KMVectorField>("rotation")->field(0)->value(), 0.0);
+    QCOMPARE(field<KMNumberField>("rotationX")->value(), 0.0);
     undo();
-    QCOMPARE(field<KMVectorField>("scale")->field(2)->value(), 1.0);
+    QCOMPARE(field<KMNumberField>("scaleZ")->value(), 1.0);
 }
 
-/// The fields show four digits; an edit of one must not round the others.
+/// The fields show three digits; an edit of one must not round the others.
 void tst_kmattributewidget::smallPartsSurvive()
 {
     auto *node = m_window->create<KMNullNode>("actionCreateNull");
@@ -191,10 +194,41 @@ void tst_kmattributewidget::smallPartsSurvive()
     transform.translation = {third, third, third};
     node->setTransform(transform);
     m_attributes->refresh();
-    type(field<KMVectorField>("translation")->field(0), QStringLiteral("1"));
+    type(field<KMNumberField>("positionX"), QStringLiteral("1"));
     QCOMPARE(node->translation().x, 1.0f);
     QCOMPARE(node->translation().y, third);
     QCOMPARE(node->translation().z, third);
+}
+
+void tst_kmattributewidget::meshPage()
+{
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addNode(mesh);
+    const auto text = [this](const char *objectName) { return field<QLabel>(objectName)->text(); };
+    QCOMPARE(text("vertices") + QLatin1Char(' ') + text("edges") + QLatin1Char(' ') + text("faces") + QLatin1Char(' ')
+                 + text("triangles"),
+             QStringLiteral("8 12 6 12"));
+    const kvm::Vector3 corner = mesh->position(0);
+    field<QCheckBox>("frameOnly")->click();
+    type(field<KMNumberField>("positionX"), QStringLiteral("5"));
+    QCOMPARE(mesh->position(0), corner);
+    field<QCheckBox>("frameOnly")->click();
+    type(field<KMNumberField>("positionX"), QStringLiteral("7"));
+    QCOMPARE(mesh->translation().x, 7.0f);
+    QCOMPARE(mesh->position(0).x, corner.x + 2.0f);
+
+    KMMeshNode *other = MeshFixtures::cube();
+    gProject->addNode(other);
+    mesh->item()->setSelected(true);
+    type(field<KMNumberField>("smoothAngle"), QStringLiteral("30"));
+    field<QCheckBox>("locked")->click();
+    QVERIFY(mesh->isLocked() && other->isLocked());
+    QCOMPARE(mesh->smoothAngle() + other->smoothAngle(), 60.0f);
+    QVERIFY(!field<KMNumberField>("positionX")->isEnabled());
+    undo();
+    undo();
+    QCOMPARE(mesh->smoothAngle(), KMMeshNode::DefaultSmoothAngle);
+    QCOMPARE(field<KMNumberField>("smoothAngle")->value(), 60.0);
 }
 
 void tst_kmattributewidget::shaderFields()

@@ -1,9 +1,11 @@
 #include "core/KMBasicShaderNode.h"
 #include "core/KMNullNode.h"
 #include "core/KMProject.h"
+#include "core/KMShaderNode.h"
 #include "core/KMSolution.h"
 #include "core/KMTagCommands.h"
 #include "core/KMTreeWidget.h"
+#include "shell/KMWindowState.h"
 #include "shell/docks/KMNodeRowDelegate.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/docks/kmnodewidget.h"
@@ -13,8 +15,11 @@
 #include "support/TestWindow.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMimeData>
+#include <QSettings>
 #include <QTest>
 #include <QUndoStack>
 
@@ -38,6 +43,12 @@ private slots:
     void filter_data();
     void filter();
     void tagIcons();
+    void copyByDrop();
+    void dropTag_data();
+    void dropTag();
+    void tagByKeys();
+    void keysOfTheShelves();
+    void columnsAreRemembered();
 
 private:
     QRect cell(const KMContainerNode *node, int column) const;
@@ -45,7 +56,9 @@ private:
     KMContainerNode *named(const QString &name) const;
     QString shape() const;
     static QMimeData *drag(const QList<KMContainerNode *> &nodes);
-    static void dropAt(const QPoint &position, const QMimeData *data);
+    static void dropAt(const QPoint &position, const QMimeData *data, Qt::KeyboardModifiers held = Qt::NoModifier);
+    QPoint tagCentre(const KMContainerNode *node, int place) const;
+    static QString tagNames(const KMContainerNode *node);
 
     std::unique_ptr<TestWindow> m_window;
     KMTreeWidget *m_tree = nullptr;
@@ -130,15 +143,15 @@ QMimeData *tst_kmnodewidget::drag(const QList<KMContainerNode *> &nodes)
 }
 
 /// Enter, move and drop, as the window system would deliver them.
-void tst_kmnodewidget::dropAt(const QPoint &position, const QMimeData *data)
+void tst_kmnodewidget::dropAt(const QPoint &position, const QMimeData *data, Qt::KeyboardModifiers held)
 {
     QWidget *viewport = gProject->tree()->viewport();
     const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
-    QDragEnterEvent enter(position, actions, data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(position, actions, data, Qt::LeftButton, held);
     QApplication::sendEvent(viewport, &enter);
-    QDragMoveEvent move(position, actions, data, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(position, actions, data, Qt::LeftButton, held);
     QApplication::sendEvent(viewport, &move);
-    QDropEvent drop(position, actions, data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(position, actions, data, Qt::LeftButton, held);
     QApplication::sendEvent(viewport, &drop);
 }
 
@@ -327,6 +340,145 @@ void tst_kmnodewidget::tagIcons()
     click(m_b, KMTreeWidget::NameColumn);
     QVERIFY(!gSolution->currentTag());
     QVERIFY(!m_a->tag(1)->isSelected());
+}
+
+QPoint tst_kmnodewidget::tagCentre(const KMContainerNode *node, int place) const
+{
+    return KMNodeRowDelegate::tagRect(cell(node, KMTreeWidget::TagColumn), place).center();
+}
+
+QString tst_kmnodewidget::tagNames(const KMContainerNode *node)
+{
+    QStringList names;
+    for (const KMTagBase *tag : node->tags()) {
+        if (!tag->isDeleted())
+            names << tag->name();
+    }
+    return names.join(' ');
+}
+
+void tst_kmnodewidget::copyByDrop()
+{
+    const std::unique_ptr<QMimeData> data(drag({m_b}));
+    const QRect row = m_tree->visualItemRect(m_a->item());
+    dropAt({row.left() + 20, row.top()}, data.get(), Qt::ControlModifier);
+    QCOMPARE(shape(), QStringLiteral("b0(c0) a b(c) i"));
+    QCOMPARE((*m_window)->undoStack()->count(), 1);
+}
+
+void tst_kmnodewidget::dropTag_data()
+{
+    QTest::addColumn<int>("dragged"); // place of the tag on a
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<int>("place"); // on whose left side it is dropped; -1 for the name of the target
+    QTest::addColumn<bool>("asCopy");
+    QTest::addColumn<QString>("tagsOfA");
+    QTest::addColumn<QString>("tagsOfB");
+
+    QTest::newRow("to another node") << 1 << "b" << -1 << false << "T0 T2"
+                                     << "S0 T1";
+    QTest::newRow("before its tag") << 1 << "b" << 0 << false << "T0 T2"
+                                    << "T1 S0";
+    QTest::newRow("copy to another node") << 1 << "b" << -1 << true << "T0 T1 T2"
+                                          << "S0 T1";
+    QTest::newRow("to the front") << 2 << "a" << 0 << false << "T2 T0 T1"
+                                  << "S0";
+    QTest::newRow("to the end") << 0 << "a" << 3 << false << "T1 T2 T0"
+                                << "S0";
+    QTest::newRow("beside itself") << 1 << "a" << 2 << false << "T0 T1 T2"
+                                   << "S0";
+    QTest::newRow("to the free space") << 1 << "" << -1 << false << "T0 T1 T2"
+                                       << "S0";
+}
+
+void tst_kmnodewidget::dropTag()
+{
+    QFETCH(int, dragged);
+    QFETCH(QString, target);
+    QFETCH(int, place);
+    QFETCH(bool, asCopy);
+    m_tree->header()->resizeSection(KMTreeWidget::TagColumn, 120);
+    for (int i = 0; i < 3; ++i)
+        gSolution->push(new addTagCommand(m_a, new TestTag(QStringLiteral("T"))));
+    gSolution->push(new addTagCommand(m_b, new TestTag(QStringLiteral("S"))));
+    gSolution->clearHistory();
+    const std::unique_ptr<QMimeData> data(m_tree->mimeDataOf(m_a->tag(dragged)));
+    QPoint position(20, m_tree->viewport()->height() - 4);
+    if (!target.isEmpty())
+        position = place < 0 ? cell(named(target), KMTreeWidget::NameColumn).center()
+                             : tagCentre(named(target), place) - QPoint(4, 0);
+    dropAt(position, data.get(), asCopy ? Qt::ControlModifier : Qt::NoModifier);
+    QTEST(tagNames(m_a), "tagsOfA");
+    QTEST(tagNames(m_b), "tagsOfB");
+    (*m_window)->undoStack()->undo();
+    QCOMPARE(tagNames(m_a), QStringLiteral("T0 T1 T2"));
+    QCOMPARE(tagNames(m_b), QStringLiteral("S0"));
+}
+
+/// While a tag is selected, the entries of the Edit menu are meant for it and not for its node.
+void tst_kmnodewidget::tagByKeys()
+{
+    gSolution->push(new addTagCommand(m_a, new TestTag(QStringLiteral("T"))));
+    (*m_window)->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&**m_window));
+    m_tree->setFocus();
+    QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, tagCentre(m_a, 0));
+    m_window->trigger("actionCopy");
+    m_window->trigger("actionDelete");
+    QCOMPARE(tagNames(m_a), QString());
+    QCOMPARE(shape(), QStringLiteral("a b(c) i"));
+    m_tree->setCurrentItem(m_b->item());
+    m_c->item()->setSelected(true);
+    m_window->trigger("actionPaste");
+    QCOMPARE(tagNames(m_b) + tagNames(m_c), QStringLiteral("T0T0"));
+    m_window->trigger("actionUndo");
+    QCOMPARE(tagNames(m_b) + tagNames(m_c), QString());
+    click(m_i, KMTreeWidget::NameColumn);
+    m_window->trigger("actionDelete");
+    QCOMPARE(shape(), QStringLiteral("a b(c)"));
+    QVERIFY(m_tree->hasFocus());
+}
+
+/// Delete, F2 and the like reach the shader that was clicked; the selected nodes are safe.
+void tst_kmnodewidget::keysOfTheShelves()
+{
+    m_window->trigger("actionCreateShader");
+    m_window->trigger("actionCreateShader");
+    m_tree->setCurrentItem(m_a->item());
+    auto *list = m_window->child<QListWidget>("kmshaderwidgetList");
+    (*m_window)->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&**m_window));
+    list->setFocus();
+    list->setCurrentRow(1);
+    QTest::keyClick(list, Qt::Key_F2);
+    auto *editor = list->findChild<QLineEdit *>();
+    QVERIFY(editor);
+    QTest::keyClicks(editor, QStringLiteral("skin"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    QTRY_COMPARE(gProject->shaders().at(1)->name(), QStringLiteral("skin"));
+
+    QTest::keySequence(list, QKeySequence(QStringLiteral("Ctrl+C")));
+    QTest::keySequence(list, QKeySequence(QStringLiteral("Ctrl+V")));
+    QCOMPARE(gProject->shaders().size(), 3);
+    QCOMPARE(gProject->shaders().at(2)->name(), QStringLiteral("skin"));
+    list->setCurrentRow(0);
+    QTest::keyClick(list, Qt::Key_Delete);
+    QCOMPARE(gProject->shaders().size(), 2);
+    QCOMPARE(shape(), QStringLiteral("a b(c) i"));
+    list->setCurrentItem(nullptr);
+    QTest::keyClick(list, Qt::Key_Delete);
+    QCOMPARE(shape(), QStringLiteral("a b(c) i"));
+}
+
+void tst_kmnodewidget::columnsAreRemembered()
+{
+    (*m_window)->nodeDock()->setResizeMode(kmnodewidget::FitContents);
+    m_window->reopen();
+    QCOMPARE((*m_window)->nodeDock()->resizeMode(), kmnodewidget::FitContents);
+    QSettings(m_window->filePath("geometry.ini"), QSettings::IniFormat)
+        .setValue(QStringLiteral("nodeWidget/resizeMode"), 99);
+    KMWindowState::restore(**m_window);
+    QCOMPARE((*m_window)->nodeDock()->resizeMode(), kmnodewidget::FitContents);
 }
 
 KM_TEST(tst_kmnodewidget);

@@ -4,6 +4,7 @@
 #include "core/KMFileTextureNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMNullNode.h"
+#include "core/KMPbrShaderNode.h"
 #include "core/KMProject.h"
 #include "core/KMTagBase.h"
 #include "core/KMValueNodeContainer.h"
@@ -13,6 +14,7 @@
 #include "shell/attributes/KMMeshPage.h"
 #include "shell/attributes/KMNormalTagPage.h"
 #include "shell/attributes/KMNullPage.h"
+#include "shell/attributes/KMPbrShaderPage.h"
 #include "shell/attributes/KMPrimitivePages.h"
 #include "shell/attributes/KMProjectPage.h"
 #include "shell/attributes/KMTagPage.h"
@@ -41,6 +43,7 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::IntContainer, 0, &make<KMValuePage, KMValueNodeContainer>},
     {KMNodeType::FloatContainer, 0, &make<KMValuePage, KMValueNodeContainer>},
     {KMNodeType::BasicShader, 0, &make<KMBasicShaderPage, KMBasicShaderNode>},
+    {KMNodeType::PbrShader, 0, &make<KMPbrShaderPage, KMPbrShaderNode>},
     {KMNodeType::FileTexture, 0, &make<KMFileTexturePage, KMFileTextureNode>},
     {KMNodeType::EmbeddedTexture, 0, &make<KMEmbeddedTexturePage, KMEmbeddedTextureNode>},
     {KMNodeType::Project, 0, &make<KMProjectPage, KMProject>},
@@ -58,7 +61,6 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::TagNormal, 0, &make<KMNormalTagPage, KMTagNormal>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
-    {0, KMNodeType::ShaderFlag, &make<KMNodePage, KMContainerNode>},
 };
 
 } // namespace

@@ -73,6 +73,13 @@ KMFileTexturePage::KMFileTexturePage(KMFileTextureNode *texture)
     layout->addWidget(m_path, 1);
     layout->addWidget(choose);
     addRow(tr("File"), row, QStringLiteral("pathRow"));
+    auto *reload = new QPushButton(tr("Reload"));
+    reload->setToolTip(tr("Reads the file again after another program has changed it"));
+    addRow({}, reload, QStringLiteral("reloadImage"));
+    connect(reload, &QPushButton::clicked, this, [this] {
+        m_texture->reload();
+        refresh();
+    });
 
     connect(m_path, &KMTextField::committed, this, &KMFileTexturePage::setPath);
     connect(choose, &QToolButton::clicked, this, [this] {

@@ -7,10 +7,16 @@
 #include "core/KMSolution.h"
 #include "core/KMTextureNode.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshSelect.h"
+#include "mesh/KMMeshTargets.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QMenu>
 #include <QSet>
+
+#include <algorithm>
 
 namespace {
 
@@ -31,6 +37,23 @@ QSet<int> usedIndices(QSet<int> (KMContainerNode::*used)() const)
     for (const KMShaderNode *shader : gProject->shaders())
         indices.unite((shader->*used)());
     return indices;
+}
+
+/// The chosen meshes that have something to select, unless the user is at work in the tree: what is selected there are
+/// nodes.
+QList<KMMeshNode *> meshesInMind()
+{
+    const QTreeWidget *tree = gProject->tree();
+    const QWidget *focus = QApplication::focusWidget();
+    if (!KMMeshTargets::filteredElements() || (focus && (focus == tree || tree->isAncestorOf(focus))))
+        return {};
+    QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
+    meshes.erase(std::remove_if(meshes.begin(), meshes.end(),
+                                [](const KMMeshNode *mesh) {
+                                    return !KMMeshTargets::isEditable(*mesh) || mesh->liveFaces().isEmpty();
+                                }),
+                 meshes.end());
+    return meshes;
 }
 
 template <class Shelf>
@@ -81,9 +104,18 @@ ComSelectAll::ComSelectAll(QObject *parent)
 {
 }
 
+bool ComSelectAll::isOneStep() const
+{
+    return !meshesInMind().isEmpty();
+}
+
 void ComSelectAll::run()
 {
-    gProject->tree()->selectAll();
+    const QList<KMMeshNode *> meshes = meshesInMind();
+    if (meshes.isEmpty())
+        return gProject->tree()->selectAll();
+    for (KMMeshNode *mesh : meshes)
+        KMMeshSelect::selectAll(*mesh, KMMeshTargets::filteredElements());
 }
 
 ComUnselectAll::ComUnselectAll(QObject *parent)
@@ -93,7 +125,10 @@ ComUnselectAll::ComUnselectAll(QObject *parent)
 
 void ComUnselectAll::run()
 {
-    gProject->tree()->clearSelection();
+    if (meshesInMind().isEmpty())
+        gProject->tree()->clearSelection();
+    else
+        KMMeshSelect::unselectAll();
 }
 
 QList<KMContainerNode *> KMVisibilityCommand::targets() const

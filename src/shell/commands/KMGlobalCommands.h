@@ -28,6 +28,7 @@ protected:
     bool isOneStep() const override { return false; }
 };
 
+/// All elements of the chosen meshes that the edit filter lets through, or all rows of the tree.
 class ComSelectAll : public KMGlobalCommand
 {
     Q_OBJECT
@@ -36,7 +37,7 @@ public:
 
 protected:
     void run() override;
-    bool isOneStep() const override { return false; }
+    bool isOneStep() const override; ///< rows are selected without one
 };
 
 class ComUnselectAll : public KMGlobalCommand

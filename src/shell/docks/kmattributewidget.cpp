@@ -4,6 +4,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
+#include "core/KMTreeWidget.h"
 #include "shell/attributes/KMAttributePage.h"
 #include "shell/attributes/KMAttributePages.h"
 
@@ -19,6 +20,8 @@ kmattributewidget::kmattributewidget(QWidget *parent)
     m_area->setFrameShape(QFrame::NoFrame);
     setWidget(m_area);
     connect(gSolution, &KMSolution::currentNodeChanged, this, &kmattributewidget::refresh);
+    connect(gProject->tree(), &QTreeWidget::itemSelectionChanged, this, &kmattributewidget::refresh,
+            Qt::QueuedConnection);
 }
 
 void kmattributewidget::showSubject(Subject subject)

@@ -2,65 +2,48 @@
 
 #include "core/KMDpi.h"
 #include "core/KMNodeType.h"
+#include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
+#include "mesh/KMSelectionCoordinates.h"
 #include "shell/widgets/KMFieldPanel.h"
 #include "shell/widgets/KMNumberField.h"
+#include "shell/widgets/KMTransformFields.h"
 
-#include <QGridLayout>
+#include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
-
-using KMTransformEdit::Part;
-
-namespace {
-
-constexpr const char *axisNames[] = {"X", "Y", "Z"};
-constexpr const char *partNames[] = {"position", "rotation", "scale"};
-
-} // namespace
+#include <QVBoxLayout>
 
 kmcoodinatewidget::kmcoodinatewidget(QWidget *parent)
     : KMDockWidget(QStringLiteral("kmcoodinatewidget"), tr("Coordinate"), QStringLiteral("coordinate"), parent)
     , m_panel(new KMFieldPanel)
     , m_title(new QLabel)
+    , m_target(new QComboBox)
+    , m_fields(new KMTransformFields)
 {
-    auto *grid = new QGridLayout(m_panel);
+    auto *layout = new QVBoxLayout(m_panel);
     const int margin = dpiScaled(4);
-    grid->setContentsMargins(margin, margin, margin, margin);
-    grid->setSpacing(dpiScaled(2));
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(dpiScaled(2));
     m_title->setObjectName(QStringLiteral("coordinateTitle"));
-    m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    grid->addWidget(m_title, 0, 0, 1, 4);
-    for (int axis = 0; axis < 3; ++axis)
-        grid->addWidget(new QLabel(QLatin1String(axisNames[axis])), 2 + axis, 0);
-    addColumn(grid, KMTransformEdit::Position, 1, tr("Position"));
-    addColumn(grid, KMTransformEdit::Scale, 2, tr("Scale"));
-    addColumn(grid, KMTransformEdit::Rotation, 3, tr("Rotation"));
-    grid->setRowStretch(5, 1);
+    m_title->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name must not widen the panel
+    m_target->setObjectName(QStringLiteral("coordinateTarget"));
+    m_target->addItems({tr("Selection"), tr("Node")});
+    m_target->setToolTip(tr("What the numbers are of while elements of a mesh are selected"));
+    auto *top = new QHBoxLayout;
+    top->addWidget(m_title, 1);
+    top->addWidget(m_target);
+    layout->addLayout(top);
+    layout->addWidget(m_fields);
+    layout->addStretch(1);
     setWidget(m_panel);
     connect(gSolution, &KMSolution::currentNodeChanged, this, &kmcoodinatewidget::refresh);
+    connect(gProject->tree(), &QTreeWidget::itemSelectionChanged, this, &kmcoodinatewidget::refresh,
+            Qt::QueuedConnection);
+    connect(m_target, qOverload<int>(&QComboBox::activated), this, &kmcoodinatewidget::refresh);
+    connect(m_fields, &KMTransformFields::edited, this, &kmcoodinatewidget::setNumber);
     refresh();
-}
-
-void kmcoodinatewidget::addColumn(QGridLayout *grid, Part part, int column, const QString &title)
-{
-    auto *heading = new QLabel(title);
-    heading->setAlignment(Qt::AlignCenter);
-    grid->addWidget(heading, 1, column);
-    grid->setColumnStretch(column, 1);
-    for (int axis = 0; axis < 3; ++axis) {
-        auto *field = new KMNumberField;
-        field->setObjectName(QLatin1String(partNames[part]) + QLatin1String(axisNames[axis]));
-        field->setButtonSymbols(QAbstractSpinBox::NoButtons); // the column is no wider than the digits
-        field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        field->setMinimumWidth(dpiScaled(36));
-        field->setSingleStep(part == KMTransformEdit::Scale ? 0.1 : 1.0);
-        if (part == KMTransformEdit::Rotation)
-            field->setToolTip(tr("Degrees about X first, then Y, then Z"));
-        grid->addWidget(field, 2 + axis, column);
-        m_fields[part][size_t(axis)] = field;
-        connect(field, &KMNumberField::committed, this,
-                [this, part, axis](double number) { setNumber(part, axis, number); });
-    }
 }
 
 KMNullNode *kmcoodinatewidget::shownNode() const
@@ -69,27 +52,82 @@ KMNullNode *kmcoodinatewidget::shownNode() const
     return node && isTransformable(node->type()) ? nodeAs<KMNullNode>(node) : nullptr;
 }
 
-void kmcoodinatewidget::setNumber(Part part, int axis, double number)
+void kmcoodinatewidget::setNumber(KMTransformEdit::Part part, int axis, double number)
 {
-    if (!m_node || m_node != shownNode()
-        || !KMTransformEdit::set(m_node, part, axis, number, m_angles, KMTransformEdit::Reach::Object))
+    KMSelectionCoordinates selection;
+    if (!isForSelection(selection))
+        return m_fields->editNode(part, axis, number, KMTransformEdit::Reach::Object);
+    bool changed = false;
+    switch (part) {
+    case KMTransformEdit::Position:
+        changed = selection.setCentre(axis, float(number));
+        break;
+    case KMTransformEdit::Rotation:
+        changed = selection.turn(axis, float(number));
+        break;
+    case KMTransformEdit::Scale:
+        changed = selection.setSize(axis, float(number));
+        break;
+    case KMTransformEdit::PartCount:
+        break;
+    }
+    if (!changed)
         refresh();
 }
 
+bool kmcoodinatewidget::isForSelection(const KMSelectionCoordinates &selection) const
+{
+    return m_target->currentIndex() == Selection && !selection.isEmpty();
+}
+
+/// Nobody reads what isn't on the screen, and a large selection takes a while to measure.
 void kmcoodinatewidget::refresh()
 {
+    if (m_released || !isVisible())
+        return;
+    const KMSelectionCoordinates selection;
+    m_target->setEnabled(!selection.isEmpty());
+    if (isForSelection(selection))
+        showSelection(selection);
+    else
+        showNode();
+}
+
+void kmcoodinatewidget::showSelection(const KMSelectionCoordinates &selection)
+{
+    m_fields->showNode(nullptr); // what was typed for a node isn't meant for its vertices
+    m_title->setText(tr("Selected vertices: %1").arg(selection.vertexCount()));
+    m_title->setEnabled(true);
+    m_fields->setTitle(KMTransformEdit::Rotation, tr("Turn by"));
+    m_fields->setTitle(KMTransformEdit::Scale, tr("Size"));
+    m_fields->showNumbers(KMTransformEdit::Position, selection.centre());
+    m_fields->showNumbers(KMTransformEdit::Rotation, {});
+    m_fields->showNumbers(KMTransformEdit::Scale, selection.size());
+    for (int axis = 0; axis < 3; ++axis)
+        m_fields->field(KMTransformEdit::Scale, axis)->setEnabled(selection.size()[axis] != 0.0f);
+}
+
+void kmcoodinatewidget::showNode()
+{
     KMNullNode *node = shownNode();
-    if (node != m_node)
-        m_angles = {};
-    m_node = node;
-    m_title->setText(node ? node->name() : tr("No node with a place is selected"));
-    for (size_t part = 0; part < m_fields.size(); ++part) {
-        const kvm::Vector3 numbers = node ? KMTransformEdit::shown(node, Part(part), m_angles) : kvm::Vector3();
-        for (int axis = 0; axis < 3; ++axis) {
-            m_fields[part][size_t(axis)]->showNumber(double(numbers[axis]));
-            m_fields[part][size_t(axis)]->setEnabled(node && !node->isLocked());
-        }
-    }
+    m_title->setText(node ? node->name() : tr("Nothing with a place is selected"));
+    m_title->setEnabled(node);
+    m_fields->setTitle(KMTransformEdit::Rotation, tr("Rotation"));
+    m_fields->setTitle(KMTransformEdit::Scale, tr("Scale"));
+    m_fields->showNode(node);
+}
+
+/// The node may be gone before the panel is seen again.
+void kmcoodinatewidget::hideEvent(QHideEvent *event)
+{
+    KMDockWidget::hideEvent(event);
+    m_fields->showNode(nullptr);
+}
+
+void kmcoodinatewidget::showEvent(QShowEvent *event)
+{
+    KMDockWidget::showEvent(event);
+    refresh();
 }
 
 void kmcoodinatewidget::commit()
@@ -97,14 +135,8 @@ void kmcoodinatewidget::commit()
     m_panel->commit();
 }
 
-void kmcoodinatewidget::resetDocument()
-{
-    m_node = nullptr;
-    refresh();
-}
-
 void kmcoodinatewidget::releaseDocument()
 {
     m_released = true;
-    refresh();
+    m_fields->showNode(nullptr);
 }

@@ -2,17 +2,16 @@
 
 #include "shell/KMTransformEdit.h"
 #include "shell/docks/KMDockWidget.h"
-#include "shell/widgets/KMShownAngles.h"
-
-#include <array>
 
 class KMFieldPanel;
-class KMNumberField;
-class QGridLayout;
+class KMSelectionCoordinates;
+class KMTransformFields;
+class QComboBox;
 class QLabel;
 
-/// Position, scale and rotation of the current node in numbers. An edit moves the whole object: vertices follow, and
-/// so does what lies below the node.
+/// Position, rotation and scale of the current node in numbers. An edit moves the whole object: vertices follow, and
+/// so does what lies below the node. Where elements are selected it shows place and size of these instead, unless the
+/// user wants the node.
 class kmcoodinatewidget : public KMDockWidget
 {
     Q_OBJECT
@@ -21,18 +20,24 @@ public:
 
     void commit() override;
     void refresh() override;
-    void resetDocument() override;
+    void resetDocument() override { refresh(); }
     void releaseDocument() override;
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
 private:
-    void addColumn(QGridLayout *grid, KMTransformEdit::Part part, int column, const QString &title);
+    enum Target { Selection, Node };
+    bool isForSelection(const KMSelectionCoordinates &selection) const;
+    void showSelection(const KMSelectionCoordinates &selection);
+    void showNode();
     KMNullNode *shownNode() const; ///< null where the current node has no transform
     void setNumber(KMTransformEdit::Part part, int axis, double number);
 
     bool m_released = false;
-    KMNullNode *m_node = nullptr; // whose angles are remembered
-    KMShownAngles m_angles;
     KMFieldPanel *m_panel;
     QLabel *m_title;
-    std::array<std::array<KMNumberField *, 3>, KMTransformEdit::PartCount> m_fields;
+    QComboBox *m_target;
+    KMTransformFields *m_fields;
 };

@@ -218,7 +218,7 @@ void kmnodewidget::releaseDocument()
     m_tree->disconnect(this);
     m_tree->selectionModel()->disconnect(this);
     m_tree->header()->disconnect(this);
-    m_tree->setItemDelegate(nullptr);
+    m_tree->setItemDelegate(new QStyledItemDelegate(m_tree)); // a view without one falls over its next layout
     m_tree->setParent(nullptr);
     m_tree = nullptr;
 }

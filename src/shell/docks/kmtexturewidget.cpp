@@ -8,7 +8,11 @@
 kmtexturewidget::kmtexturewidget(QWidget *parent)
     : KMShelfDock(QStringLiteral("kmtexturewidget"), tr("Texture"), QStringLiteral("texture"), parent)
 {
-    connect(gProject, &KMProject::texturesChanged, this, &kmtexturewidget::refill);
+    connect(gProject, &KMProject::texturesChanged, this, [this] {
+        refill();
+        for (const KMTextureNode *texture : gProject->textures())
+            connect(texture, &KMTextureNode::imageChanged, this, &kmtexturewidget::refresh, Qt::UniqueConnection);
+    });
 }
 
 QList<KMContainerNode *> kmtexturewidget::nodes() const

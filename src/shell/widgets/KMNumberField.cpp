@@ -44,6 +44,14 @@ void KMNumberField::commit()
     emit committed(m_exact);
 }
 
+void KMNumberField::drop()
+{
+    const QSignalBlocker blocker(this);
+    m_stepTimer->stop();
+    setValue(m_exact);
+    m_rounded = value();
+}
+
 void KMNumberField::stepBy(int steps)
 {
     QDoubleSpinBox::stepBy(steps);
@@ -76,8 +84,6 @@ void KMNumberField::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() != Qt::Key_Escape)
         return QDoubleSpinBox::keyPressEvent(event);
-    const QSignalBlocker blocker(this);
-    m_stepTimer->stop();
-    setValue(m_exact);
+    drop();
     clearFocus();
 }

@@ -17,6 +17,7 @@ public:
     void showNumber(double number);                ///< what the model holds; takes no part in a running edit
     double shownNumber() const { return m_exact; } ///< as given to showNumber(), not rounded to the digits shown
     void commit();
+    void drop(); ///< what is being edited is not handed over
 
     QString textFromValue(double value) const override; ///< without zeros at the end
     void stepBy(int steps) override;
