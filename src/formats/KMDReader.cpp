@@ -192,8 +192,8 @@ void KMDReader::skipNode(KMDReadContext &context, int type)
 {
     QString name;
     if (KMDSkippedBodies::skipNode(context, type, &name))
-        context.in.warn(tr("The node %1 was left out: this release has none of its kind, %2")
-                            .arg(name, nodeTypeName(type)));
+        context.in.warn(
+            tr("The node %1 was left out: this release has none of its kind, %2").arg(name, nodeTypeName(type)));
     else
         context.in.fail(tr("A node of the unknown type 0x%1").arg(uint(type), 0, 16));
 }

@@ -50,9 +50,9 @@ QList<const KMTagBase *> tagsToWrite(KMDOutput &out, const KMContainerNode *node
 bool hasEnoughOf(int type, const KMContainerNode *node)
 {
     const QList<KMTagBase *> tags = node->tags();
-    return type == KMNodeType::TagNormal
-           && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) { return tag->type() == type; })
-                  >= KMD::MaxNormalTags;
+    return type == KMNodeType::TagNormal && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) {
+                                                return tag->type() == type;
+                                            }) >= KMD::MaxNormalTags;
 }
 
 void skipTag(KMDReadContext &context, int type, const QString &name, const KMContainerNode *owner)

@@ -34,6 +34,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextCodec>
 
 #include <csignal>
 #include <random>
@@ -124,7 +125,7 @@ KMMeshNode *addMesh(KMMeshNode *mesh, const QString &name)
     tag->setName(QStringLiteral("法線"));
     mesh->addTagKeepName(tag);
     tag->fit();
-    KMEdge *edge = mesh->edges().last();
+    KMEdge *edge = mesh->edges().at(mesh->edgeCount() - 1);
     edge->weight = 0.75f;
     tag->setCrease(edge->index0, edge->index1, true);
     KMNormalFace record = tag->faceNormal(mesh->faceCount() - 1);
@@ -177,6 +178,7 @@ void addMaterials()
     shader->setValues(values);
     gProject->addToScene(shader);
     gProject->addToScene(new KMPbrShaderNode);
+    gProject->addToScene(new KMBasicShaderNode);
     gSolution->setCurrentShader(shader);
     gSolution->setCurrentTexture(embedded);
 }
@@ -356,9 +358,8 @@ void tst_KMNativeFormat::compatibilityForm()
     constexpr int tagCount = 4;
     for (const char *name : {"Cube", "文字 Ab"}) { // their four later fields stand between the last number and the tags
         const QByteArray later(16, '\0');
-        QByteArray utf16;
-        QDataStream(&utf16, QIODevice::WriteOnly) << QString::fromUtf8(name);
-        const int at = present.indexOf(later + QByteArray(tagCount, '\0'), present.indexOf(utf16.mid(4)));
+        const QByteArray utf16 = QTextCodec::codecForName("UTF-16BE")->fromUnicode(QString::fromUtf8(name)).mid(2);
+        const int at = present.indexOf(later + QByteArray(tagCount, '\0'), present.indexOf(utf16));
         QVERIFY2(at > 0, name);
         present.remove(at, later.size());
     }
