@@ -99,7 +99,7 @@ bool KMDReader::parse(KMDStream &in, KMDContents &contents)
     readCurrent(in, contents);
     skipSchematic(in);
     if (!in.ok())
-        m_error = tr("The file is damaged: %1").arg(in.error());
+        m_error = m_isForRelease1 ? in.error() : tr("The file is damaged: %1").arg(in.error());
     else if (!m_options.viewParts && !(contents.cameras.isEmpty() && contents.views.isEmpty()))
         qDebug() << "cameras and views of the file were left out:" << contents.cameras.size() << contents.views.size();
     return in.ok();
@@ -136,7 +136,8 @@ void KMDReader::readReservedTexts(KMDStream &in)
     const bool writesReserved = double(in.version()) >= 4.4; // compared as doubles ever since it was introduced
     for (int i = 0; writesReserved && i < count; ++i)
         in.readString();
-    if (in.version() == KMD::CompatibilityVersion && in.isNext(QStringLiteral("null")))
+    m_isForRelease1 = in.version() == KMD::CompatibilityVersion && in.isNext(QStringLiteral("null"));
+    if (m_isForRelease1)
         in.fail(tr("This file was saved for release 1, which later releases don't read back"));
 }
 
