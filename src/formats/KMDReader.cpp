@@ -154,6 +154,10 @@ void KMDReader::readNodes(KMDStream &in, KMDContents &contents)
         in.enterElement(i, count);
         readNode(context, contents);
     }
+    for (const auto &bind : context.bindings) {
+        if (in.ok())
+            bind();
+    }
     if (context.meshNanoseconds > 0)
         qDebug("meshes read in %.1f ms", double(context.meshNanoseconds) / 1e6);
 }
@@ -184,7 +188,7 @@ void KMDReader::readNode(KMDReadContext &context, KMDContents &contents)
     }
     record.node.reset(body->make());
     body->read(context, record.node.get());
-    context.nodes.insert(record.id, record.node.get());
+    context.objects.insert(record.id, record.node.get());
     context.rows.insert(row, int(contents.nodes.size()));
     contents.nodes.push_back(std::move(record));
 }
