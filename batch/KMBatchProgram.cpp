@@ -33,6 +33,15 @@ bool isNative(const QString &path)
     return suffixOf(path) == QLatin1String("kmd");
 }
 
+void printUnknownFormat(const QString &path, const QString &done)
+{
+    const QString suffix = suffixOf(path);
+    KMBatchPrompt::print(
+        suffix.isEmpty()
+            ? QStringLiteral("kelmo-batch: \"%1\" has no suffix that tells its format, such as .kmd").arg(path)
+            : QStringLiteral("kelmo-batch: files of the suffix \"%1\" can't be %2 in this version").arg(suffix, done));
+}
+
 bool writeOut(const QByteArray &bytes)
 {
     return std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout) == size_t(bytes.size())
@@ -82,8 +91,7 @@ KMBatchProgram::ExitCode KMBatchProgram::readInput(const QString &path) const
 {
     const QFileInfo info(path);
     if (info.isFile() && !isNative(path)) {
-        KMBatchPrompt::print(QStringLiteral("kelmo-batch: files of the suffix \"%1\" can't be read in this version")
-                                 .arg(suffixOf(path)));
+        printUnknownFormat(path, QStringLiteral("read"));
         return WrongUse;
     }
     return gSolution->load(path) ? Done : BadInput; // which has said why
@@ -102,8 +110,7 @@ KMBatchProgram::ExitCode KMBatchProgram::convert(KMBatchPrompt &prompt)
 {
     const QString output = m_arguments.paths.last();
     if (!isNative(output)) {
-        KMBatchPrompt::print(QStringLiteral("kelmo-batch: files of the suffix \"%1\" can't be written in this version")
-                                 .arg(suffixOf(output)));
+        printUnknownFormat(output, QStringLiteral("written"));
         return WrongUse;
     }
     const ExitCode read = readInput(m_arguments.paths.first());

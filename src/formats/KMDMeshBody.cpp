@@ -15,10 +15,10 @@ namespace {
 constexpr int cornerFloats = 6; // UV and colour
 constexpr int lineCorners = 2;  // of the smallest face that is kept
 
-QString translated(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("KMDMeshBody", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(KMDMeshBody)
+};
 
 /// While it lives the vertices stand where they are without the offsets of tags.
 class BasePositions
@@ -146,7 +146,7 @@ bool readFace(KMDReadContext &context, const KMMeshNode &mesh, KMFace &face)
     KMDStream &in = context.in;
     face.count = in.readI32();
     if (face.count < 0 || face.count > KMFace::MaxCorners) {
-        in.fail(translated("A face of %1 corners can't be").arg(face.count));
+        in.fail(Texts::tr("A face of %1 corners can't be").arg(face.count));
         return false;
     }
     for (int c = 0; c < face.count; ++c)
@@ -155,7 +155,7 @@ bool readFace(KMDReadContext &context, const KMMeshNode &mesh, KMFace &face)
     for (int c = 0; c < face.count && in.ok(); ++c) {
         if (mesh.vertex(face.indices[c]))
             continue;
-        in.warn(translated("A face at the vertex %1, which the mesh doesn't have, was left out").arg(face.indices[c]));
+        in.warn(Texts::tr("A face at the vertex %1, which the mesh doesn't have, was left out").arg(face.indices[c]));
         return false;
     }
     return in.ok() && face.isLive();
@@ -192,7 +192,7 @@ void readEdges(KMDStream &in, KMMeshNode &mesh)
         const int b = in.readI32();
         const float weight = in.readF32();
         if (!mesh.vertex(a) || !mesh.vertex(b))
-            in.warn(translated("An edge between the vertices %1 and %2, which the mesh doesn't have").arg(a).arg(b));
+            in.warn(Texts::tr("An edge between the vertices %1 and %2, which the mesh doesn't have").arg(a).arg(b));
         else if (KMEdge *edge = weight == 0.0f ? nullptr : mesh.findEdge(a, b))
             edge->weight = weight;
     }

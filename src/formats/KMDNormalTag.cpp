@@ -12,10 +12,10 @@
 
 namespace {
 
-QString translated(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("KMDNormalTag", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(KMDNormalTag)
+};
 
 void writeFace(KMDOutput &out, const KMNormalFace &record, int number)
 {
@@ -56,14 +56,14 @@ void readCreases(KMDStream &in, const KMMeshNode *mesh, KMTagNormal *tag)
     constexpr int indexBytes = 4;
     const int count = in.readCount(indexBytes);
     if (count % 2 != 0)
-        in.fail(translated("An odd number of crease ends, %1").arg(count));
+        in.fail(Texts::tr("An odd number of crease ends, %1").arg(count));
     for (int left = count / 2; left > 0 && in.ok(); --left) {
         const int a = in.readI32();
         const int b = in.readI32();
         if (mesh && mesh->vertex(a) && mesh->vertex(b))
             tag->setCrease(a, b, true);
         else
-            in.warn(translated("A crease between the vertices %1 and %2, which the mesh doesn't have").arg(a).arg(b));
+            in.warn(Texts::tr("A crease between the vertices %1 and %2, which the mesh doesn't have").arg(a).arg(b));
     }
 }
 
@@ -119,6 +119,6 @@ void KMDNormalTag::read(KMDReadContext &context, KMTagBase *tag)
         if (mesh && mesh->face(record.face) && isSound(record))
             normals->setFaceNormal(record);
         else
-            in.warn(translated("Normals of the face %1, which the mesh doesn't have").arg(record.face));
+            in.warn(Texts::tr("Normals of the face %1, which the mesh doesn't have").arg(record.face));
     }
 }

@@ -6,8 +6,10 @@
 #include <QHash>
 
 #include <cmath>
+#include <functional>
+#include <vector>
 
-class KMContainerNode;
+class KMNode;
 
 /// What the readers of bodies share for the time of one file.
 struct KMDReadContext
@@ -20,11 +22,15 @@ public:
     }
 
     KMDStream &in;
-    float importScale = 1.0f;                ///< multiplies positions
-    int shaderBase = 0;                      ///< shaders in the document before: added to the indices of the file
-    int shaderCount = 0;                     ///< shaders in the document once the file's have come
-    QHash<quint64, KMContainerNode *> nodes; ///< by the ids of the file; only nodes that were read already
-    QHash<quint64, int> rows;                ///< index of the node record by the row id of the file
+    float importScale = 1.0f; ///< multiplies positions
+    int shaderBase = 0;       ///< shaders in the document before: added to the indices of the file
+    int shaderCount = 0;      ///< shaders in the document once the file's have come
+    QHash<quint64, int> rows; ///< index of the node record by the row id of the file; its parent's for one left out
+
+    /// By the ids of the file: nodes, and whatever else in a record has one. Objects may be named before they come, so
+    /// bodies leave here what is to be bound when the last record was read.
+    QHash<quint64, KMNode *> objects;
+    std::vector<std::function<void()>> bindings;
 
     qint64 facesTaken = 0;      ///< of the shapes that the file only describes
     qint64 meshNanoseconds = 0; ///< time that the meshes took, for the log

@@ -99,7 +99,7 @@ bool KMDReader::parse(KMDStream &in, KMDContents &contents)
     readCurrent(in, contents);
     skipSchematic(in);
     if (!in.ok())
-        m_error = tr("The file is damaged: %1").arg(in.error());
+        m_error = m_isForRelease1 ? in.error() : tr("The file is damaged: %1").arg(in.error());
     else if (!m_options.viewParts && !(contents.cameras.isEmpty() && contents.views.isEmpty()))
         qDebug() << "cameras and views of the file were left out:" << contents.cameras.size() << contents.views.size();
     return in.ok();
@@ -136,7 +136,8 @@ void KMDReader::readReservedTexts(KMDStream &in)
     const bool writesReserved = double(in.version()) >= 4.4; // compared as doubles ever since it was introduced
     for (int i = 0; writesReserved && i < count; ++i)
         in.readString();
-    if (in.version() == KMD::CompatibilityVersion && in.isNext(QStringLiteral("null")))
+    m_isForRelease1 = in.version() == KMD::CompatibilityVersion && in.isNext(QStringLiteral("null"));
+    if (m_isForRelease1)
         in.fail(tr("This file was saved for release 1, which later releases don't read back"));
 }
 
@@ -152,6 +153,10 @@ void KMDReader::readNodes(KMDStream &in, KMDContents &contents)
     for (int i = 0; i < count && in.ok(); ++i) {
         in.enterElement(i, count);
         readNode(context, contents);
+    }
+    for (const auto &bind : context.bindings) {
+        if (in.ok())
+            bind();
     }
     if (context.meshNanoseconds > 0)
         qDebug("meshes read in %.1f ms", double(context.meshNanoseconds) / 1e6);
@@ -183,7 +188,7 @@ void KMDReader::readNode(KMDReadContext &context, KMDContents &contents)
     }
     record.node.reset(body->make());
     body->read(context, record.node.get());
-    context.nodes.insert(record.id, record.node.get());
+    context.objects.insert(record.id, record.node.get());
     context.rows.insert(row, int(contents.nodes.size()));
     contents.nodes.push_back(std::move(record));
 }
@@ -192,8 +197,8 @@ void KMDReader::skipNode(KMDReadContext &context, int type)
 {
     QString name;
     if (KMDSkippedBodies::skipNode(context, type, &name))
-        context.in.warn(tr("The node %1 was left out: this release has none of its kind, %2")
-                            .arg(name, nodeTypeName(type)));
+        context.in.warn(
+            tr("The node %1 was left out: this release has none of its kind, %2").arg(name, nodeTypeName(type)));
     else
         context.in.fail(tr("A node of the unknown type 0x%1").arg(uint(type), 0, 16));
 }

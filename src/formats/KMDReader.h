@@ -54,6 +54,7 @@ private:
     void skipSchematic(KMDStream &in);
 
     Options m_options;
+    bool m_isForRelease1 = false;
     QByteArray m_thumbnail;
     QString m_error;
     QStringList m_warnings;

@@ -16,13 +16,15 @@
 
 namespace {
 
-/// While it lives nothing is saved by itself, and the tree shows and tells nothing.
+/// While it lives nothing is saved by itself, and the tree shows and tells nothing. The shelves are told once, at
+/// the end: a panel makes the pictures of all its tiles anew each time.
 class LoadingGuard
 {
     Q_DISABLE_COPY(LoadingGuard)
 public:
     LoadingGuard()
-        : m_signals(gProject->tree())
+        : m_treeSignals(gProject->tree())
+        , m_projectSignals(gProject)
         , m_wasBusy(gSolution->isBusy())
         , m_wasHidden(gProject->tree()->isHidden())
     {
@@ -34,10 +36,14 @@ public:
         if (!m_wasHidden)
             gProject->tree()->show();
         gSolution->setBusy(m_wasBusy);
+        m_projectSignals.unblock();
+        emit gProject->shadersChanged();
+        emit gProject->texturesChanged();
     }
 
 private:
-    QSignalBlocker m_signals;
+    QSignalBlocker m_treeSignals;
+    QSignalBlocker m_projectSignals;
     bool m_wasBusy;
     bool m_wasHidden;
 };

@@ -19,10 +19,10 @@ constexpr int leastBytes = 16; // type, id and an empty name
 constexpr int leastShininess = 2;
 constexpr int mostShininess = 1000;
 
-QString translated(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("KMDShelfBlocks", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(KMDShelfBlocks)
+};
 
 /// Page and visible tiles of the panel. No panel keeps a choice of tiles, so all are visible.
 template <class T>
@@ -77,7 +77,7 @@ void readEmbeddedBody(KMDStream &in, KMDTextureRecord &record)
         in.readI32();
     record.png = in.readImage(&isSound);
     if (!isSound)
-        in.warn(translated("The picture of the texture %1 is damaged").arg(record.name));
+        in.warn(Texts::tr("The picture of the texture %1 is damaged").arg(record.name));
 }
 
 KMDTextureRecord readTexture(KMDStream &in)
@@ -93,7 +93,7 @@ KMDTextureRecord readTexture(KMDStream &in)
     } else if (record.type == KMNodeType::EmbeddedTexture) {
         readEmbeddedBody(in, record);
     } else if (record.type != KMNodeType::ProcTexture) {
-        in.warn(translated("The texture %1 is of an unknown kind and was left out").arg(record.name));
+        in.warn(Texts::tr("The texture %1 is of an unknown kind and was left out").arg(record.name));
     }
     return record;
 }
@@ -144,7 +144,7 @@ KMDShaderRecord readShader(KMDStream &in)
         if (type == KMNodeType::BasicShader)
             basic->setValues(readShaderBody(in));
         else // faces count the materials before theirs, so it keeps its place
-            in.warn(translated("The shader %1 is of an unknown kind and became a basic one").arg(name));
+            in.warn(Texts::tr("The shader %1 is of an unknown kind and became a basic one").arg(name));
         record.node = std::move(basic);
     }
     record.node->setName(name);
@@ -168,7 +168,7 @@ void KMDShelfBlocks::writeTextures(KMDOutput &out)
 
 void KMDShelfBlocks::readTextures(KMDStream &in, KMDContents &contents)
 {
-    in.enterSection(translated("textures"));
+    in.enterSection(Texts::tr("textures"));
     const int count = in.readCount(leastBytes);
     for (int i = 0; i < count && in.ok(); ++i) {
         in.enterElement(i, count);
@@ -193,7 +193,7 @@ void KMDShelfBlocks::writeShaders(KMDOutput &out)
 
 void KMDShelfBlocks::readShaders(KMDStream &in, KMDContents &contents)
 {
-    in.enterSection(translated("shaders"));
+    in.enterSection(Texts::tr("shaders"));
     const int count = in.readCount(leastBytes);
     for (int i = 0; i < count && in.ok(); ++i) {
         in.enterElement(i, count);

@@ -14,10 +14,10 @@
 
 namespace {
 
-QString translated(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("KMDTagBodies", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(KMDTagBodies)
+};
 
 const QVector<KMDTagBody> &bodies()
 {
@@ -41,7 +41,7 @@ QList<const KMTagBase *> tagsToWrite(KMDOutput &out, const KMContainerNode *node
         if (KMDTagBodies::find(tag->type()))
             tags << tag;
         else
-            out.warn(translated("The tag %1 of %2 has no place in the file").arg(tag->name(), node->name()));
+            out.warn(Texts::tr("The tag %1 of %2 has no place in the file").arg(tag->name(), node->name()));
     }
     return tags;
 }
@@ -50,20 +50,20 @@ QList<const KMTagBase *> tagsToWrite(KMDOutput &out, const KMContainerNode *node
 bool hasEnoughOf(int type, const KMContainerNode *node)
 {
     const QList<KMTagBase *> tags = node->tags();
-    return type == KMNodeType::TagNormal
-           && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) { return tag->type() == type; })
-                  >= KMD::MaxNormalTags;
+    return type == KMNodeType::TagNormal && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) {
+                                                return tag->type() == type;
+                                            }) >= KMD::MaxNormalTags;
 }
 
 void skipTag(KMDReadContext &context, int type, const QString &name, const KMContainerNode *owner)
 {
     if (!KMDSkippedBodies::skipTag(context, type, owner))
-        context.in.fail(translated("A tag of the unknown type 0x%1").arg(uint(type), 0, 16));
+        context.in.fail(Texts::tr("A tag of the unknown type 0x%1").arg(uint(type), 0, 16));
     else if (KMDTagBodies::find(type))
         context.in.warn(
-            translated("The tag %1 of %2 was left out: it has enough of this kind").arg(name, owner->name()));
+            Texts::tr("The tag %1 of %2 was left out: it has enough of this kind").arg(name, owner->name()));
     else
-        context.in.warn(translated("The tag %1 of %2 was left out: this release has none of its kind, %3")
+        context.in.warn(Texts::tr("The tag %1 of %2 was left out: this release has none of its kind, %3")
                             .arg(name, owner->name(), nodeTypeName(type)));
 }
 

@@ -14,10 +14,10 @@ constexpr size_t firstOldFlag = 1;
 constexpr size_t firstNewFlag = 6;
 constexpr size_t firstLateFlag = 10;
 
-QString translated(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("KMDViewBlocks", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(KMDViewBlocks)
+};
 
 void writeFlags(KMDOutput &out, const KMSolution::ViewFlags &flags, size_t first, size_t end)
 {
@@ -56,7 +56,7 @@ KMDCamera readCamera(KMDStream &in)
     KMDCamera camera;
     const int type = in.readI32();
     if (type != KMNodeType::Camera)
-        in.fail(translated("A camera of the unknown type %1").arg(type));
+        in.fail(Texts::tr("A camera of the unknown type %1").arg(type));
     camera.kind = in.readI32();
     camera.name = in.readString();
     camera.width = in.readF32();
@@ -97,7 +97,7 @@ void KMDViewBlocks::writeSwitches(KMDOutput &out)
 
 void KMDViewBlocks::readSwitches(KMDStream &in, KMDContents &contents)
 {
-    in.enterSection(translated("view settings"));
+    in.enterSection(Texts::tr("view settings"));
     if (!in.since(1.2f))
         return;
     contents.fogDistance = in.readI32();
@@ -126,7 +126,7 @@ void KMDViewBlocks::readCameras(KMDStream &in, KMDContents &contents)
 {
     constexpr int floatsOfEach = 13; // and type, kind, an empty name, six switches
     constexpr int otherBytes = 18;
-    in.enterSection(translated("cameras"));
+    in.enterSection(Texts::tr("cameras"));
     const int count = in.readCount(floatsOfEach * in.floatBytes() + otherBytes);
     for (int i = 0; i < count && in.ok(); ++i) {
         in.enterElement(i, count);
@@ -149,7 +149,7 @@ void KMDViewBlocks::writeViews(KMDOutput &out, const KMDViewParts *parts)
 void KMDViewBlocks::readViews(KMDStream &in, KMDContents &contents)
 {
     constexpr int otherBytes = 9; // camera, flag and mode
-    in.enterSection(translated("views"));
+    in.enterSection(Texts::tr("views"));
     if (!in.since(1.1f))
         return;
     const int count = in.readCount(otherBytes + in.floatBytes());

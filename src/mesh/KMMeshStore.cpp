@@ -67,7 +67,12 @@ int KMMeshStore::addFaceRaw(int count, const int *indices)
     std::copy_n(indices, count, face->indices);
     face->index = m_faces.size();
     m_faces.append(face);
-    addFaceRefs(face->index);
+    for (int c = 0; c < count; ++c) {
+        KMVertex *corner = vertex(indices[c]);
+        // The newest face can only stand at the end of a list: the hub of a large fan needs no search.
+        if (corner && (corner->faceRefs.isEmpty() || corner->faceRefs.last() != face->index))
+            corner->faceRefs.append(face->index);
+    }
     return face->index;
 }
 

@@ -119,6 +119,7 @@ void tst_kelmo_batch::exitCodes_data()
     row("convert good.kmd out.kmd --compatibility=1", 1, "takes no value");
     row("convert good.kmd out.kmd --compatibility --compatibility", 1, "twice");
     row("convert good.kmd out.docx", 1, "docx");
+    row("convert good.kmd .", 1, "no suffix");
     row("info letter.docx", 1, "docx");
     row("render good.kmd out.png", 1, "render");
     row("render good.kmd out.png --size 0x10", 1, "--size");

@@ -371,7 +371,7 @@ void tst_KMDReader::mutations()
         gSolution->newDocument();
     }
     QVERIFY(accepted > 0 && accepted < rounds); // mutations that all fail at once would test the header only
-#ifndef __SANITIZE_ADDRESS__ // which keeps what was freed
+#ifndef __SANITIZE_ADDRESS__                    // which keeps what was freed
     QVERIFY2(peakMemory() - memoryBefore < 64 * 1024, qPrintable(QString::number(peakMemory() - memoryBefore)));
 #endif
 }

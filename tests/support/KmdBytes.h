@@ -52,8 +52,8 @@ public:
     std::function<void(QDataStream &, bool)> tags; ///< of each node, with their count; told whether it is a mesh
     int moreNodeCount = 0;
     std::function<void(QDataStream &)> moreNodes; ///< stand behind the others
-    bool zeroBeforePicture; ///< of the embedded texture, as from 4.2 on
-    bool hasReserved; ///< four texts "null", as from 4.4 on
+    bool zeroBeforePicture;                       ///< of the embedded texture, as from 4.2 on
+    bool hasReserved;                             ///< four texts "null", as from 4.4 on
 
 private:
     void section();
