@@ -32,7 +32,7 @@ void addNodeCommand::attach()
     QTreeWidgetItem *row = KMTreeWidget::makeRow(m_target);
     m_target->setItem(row);
     placeRow(row);
-    gProject->rebuildDerivedLists(row);
+    gProject->followRow(row, KMProject::RowChange::Entered);
 }
 
 void addNodeCommand::placeRow(QTreeWidgetItem *row)
@@ -48,7 +48,7 @@ void addNodeCommand::detach()
     gSolution->forgetNode(m_target);
     // Else the view would make a neighbour current, which the session isn't to take up.
     gProject->tree()->setCurrentItem(nullptr);
-    gProject->rebuildDerivedLists(m_target->item());
+    gProject->followRow(m_target->item(), KMProject::RowChange::Left);
     delete m_target->item();
     m_target->setItem(nullptr);
     emit gProject->tree()->onNodeUpdate(nullptr);
@@ -94,7 +94,7 @@ void deleteNodeCommand::detach()
         node->setSelected(false);
         gSolution->forgetNode(node);
     }
-    gProject->rebuildDerivedLists(m_row);
+    gProject->followRow(m_row, KMProject::RowChange::Left);
 }
 
 void deleteNodeCommand::attach()
@@ -110,6 +110,6 @@ void deleteNodeCommand::attach()
     gProject->tree()->insertRow(m_parentNode ? m_parentNode->item() : nullptr, m_position, m_row);
     KMTreeWidget::setFlags(m_row, m_flags);
     gProject->tree()->setCurrentItem(m_row);
-    gProject->rebuildDerivedLists(m_row);
+    gProject->followRow(m_row, KMProject::RowChange::Entered);
     m_row = nullptr;
 }

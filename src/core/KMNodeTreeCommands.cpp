@@ -81,7 +81,7 @@ void moveNodeCommand::apply(Direction direction)
     }
     if (m_focus == KMRowFocus::Current)
         tree()->setCurrentItem(row);
-    gProject->rebuildDerivedLists(row);
+    gProject->followRow(row, KMProject::RowChange::Moved);
 }
 
 /// Asked while the source is out of the tree, so that its own row doesn't count among the siblings.

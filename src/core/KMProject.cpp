@@ -141,55 +141,6 @@ void KMProject::deleteContents()
     }
 }
 
-const QList<KMNode *> &KMProject::currentList(List list) const
-{
-    if (m_derivedStale)
-        refillDerivedLists();
-    return m_lists[list];
-}
-
-void KMProject::rebuildDerivedLists()
-{
-    // Commands come in long macros; walking the tree once at the next question is enough for all of them.
-    m_derivedStale = true;
-}
-
-void KMProject::rebuildDerivedLists(QTreeWidgetItem *row)
-{
-    const auto isListed = [](const QTreeWidgetItem *member) {
-        KMContainerNode *node = KMTreeWidget::nodeOf(member);
-        const int type = node->type();
-        return type == KMNodeType::Mesh || isModifier(type) || isPrimitive(type) || isCtrl(type)
-               || node->evaluatedMesh();
-    };
-    const QList<QTreeWidgetItem *> members = KMTreeWidget::flatten(row);
-    if (std::any_of(members.cbegin(), members.cend(), isListed))
-        rebuildDerivedLists();
-}
-
-void KMProject::refillDerivedLists() const
-{
-    for (const List list : {MeshesInTree, RenderMeshes, ModifiersInTree, PrimitivesInTree, CtrlsInTree})
-        m_lists[list].clear();
-    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(m_tree.get())) {
-        KMContainerNode *node = KMTreeWidget::nodeOf(row);
-        const int type = node->type();
-        if (type == KMNodeType::Mesh) {
-            m_lists[MeshesInTree] << node;
-            m_lists[RenderMeshes] << node;
-        }
-        if (isModifier(type))
-            m_lists[ModifiersInTree] << node;
-        if (isPrimitive(type))
-            m_lists[PrimitivesInTree] << node;
-        if (isCtrl(type))
-            m_lists[CtrlsInTree] << node;
-        if (KMContainerNode *mesh = node->evaluatedMesh())
-            m_lists[RenderMeshes] << mesh;
-    }
-    m_derivedStale = false;
-}
-
 KMShaderNode *KMProject::shader(int index) const
 {
     return index >= 0 ? shaders().value(index) : static_cast<KMShaderNode *>(m_lists[DefaultShaders].value(-index));

@@ -79,8 +79,11 @@ public:
     KMNodeListView<KMModifierNode> modifiersInTree() const { return derivedView<KMModifierNode>(ModifiersInTree); }
     KMNodeListView<KMPrimitiveNode> primitivesInTree() const { return derivedView<KMPrimitiveNode>(PrimitivesInTree); }
     KMNodeListView<KMCtrlNode> ctrlsInTree() const { return derivedView<KMCtrlNode>(CtrlsInTree); }
-    void rebuildDerivedLists();                     ///< marks them stale; they are rebuilt when next asked for
-    void rebuildDerivedLists(QTreeWidgetItem *row); ///< likewise, if the row or one below it concerns them
+    void rebuildDerivedLists(); ///< marks them stale; they are rebuilt when next asked for
+    enum class RowChange { Entered, Left, Moved };
+    /// A row was put into the tree, taken out or moved, with all below it: the lists follow at once. A row that moved
+    /// within the tree stands at its new place already.
+    void followRow(QTreeWidgetItem *row, RowChange change);
 
     /// The shader at an index of a face: from 0 on one of shaders(), below it the built-in one of that number,
     /// -1 being the default. Null outside both lists.
@@ -178,6 +181,10 @@ private:
     }
     const QList<KMNode *> &currentList(List list) const; ///< brings derived lists up to date first
     void refillDerivedLists() const;
+    static List derivedListOf(const KMContainerNode *node);
+    bool takeFromDerived(List list, const QList<KMNode *> &run);
+    bool insertIntoDerived(List list, const QList<KMNode *> &run, QTreeWidgetItem *row);
+    int derivedPlace(List list, QTreeWidgetItem *row) const;
     static const Family *familyOf(int type);
     void enlist(KMContainerNode *node, Naming naming);
     void makeDefaultShaders();
@@ -192,7 +199,8 @@ private:
 
     std::unique_ptr<KMTreeWidget> m_tree;
     mutable std::array<QList<KMNode *>, ListCount> m_lists;
-    mutable bool m_derivedStale = false;
+    mutable bool m_derivedStale = false;      // all of the derived lists
+    mutable bool m_renderMeshesStale = false; // the one with what modifiers and primitives make
     bool m_destroying = false;
     KMBlockModel *m_blocks = nullptr;
     KMStringNode *m_information; // owned

@@ -194,6 +194,7 @@ void KMDSceneBuilder::addShaders()
 void KMDSceneBuilder::addNodes()
 {
     m_nodes.reserve(int(m_contents.nodes.size()));
+    gProject->rebuildDerivedLists(); // stale from here on: the rows move about behind the back of the lists
     for (KMDNodeRecord &record : m_contents.nodes) {
         KMContainerNode *node = record.node.release();
         gProject->addToScene(node, KMProject::Naming::Keep);

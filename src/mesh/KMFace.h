@@ -13,18 +13,19 @@ struct KMFace
 {
     static constexpr int MaxCorners = 4;
 
-    int count = 0;    ///< number of corners
-    int shader = -1;  ///< place in the project's shader list; -1 for none
-    quint8 drawn = 1; ///< the view shows it
-    quint8 flags = 0; ///< bits of KMElementFlag
+    // What every refresh reads stands together in front.
+    int count = 0;                ///< number of corners
+    int shader = -1;              ///< place in the project's shader list; -1 for none
+    int indices[MaxCorners] = {}; ///< vertices
+    int index = -1;               ///< own place in the store as of the last refresh; the source's in a fresh clone
+    quint8 drawn = 1;             ///< the view shows it
+    quint8 flags = 0;             ///< bits of KMElementFlag
     quint8 cornerFlags[MaxCorners] = {};
-    int indices[MaxCorners] = {};     ///< vertices
     kvm::Vector3 normals[MaxCorners]; ///< written by the normal computation
     kvm::Vector2 uvs[MaxCorners];
     kvm::Vector4 colors[MaxCorners];
     int drawIndices[6] = {}; ///< elements in the render buffer, owned by the renderer
     quint64 source = 0;      ///< copied with the face, for modifiers
-    int index = -1;          ///< own place in the store as of the last refresh; the source's in a fresh clone
 
     bool hasFlag(quint8 bit) const { return flags & bit; }
     bool isLine() const { return count == 2; }

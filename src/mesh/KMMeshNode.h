@@ -56,8 +56,8 @@ public:
     /// Computes what the mask names and takes it off the dirty mask; nothing for 0. Exactly 1, 32 and 64 end
     /// early and leave the live lists alone.
     void refreshMesh(quint32 mask);
-    void recomputeNormals(quint32 mask);
-    void beginFrame(); ///< hands pending notifications to tags and chain
+    void recomputeNormals(quint32 mask); ///< exactly 1: the faces are as they were at the last refresh
+    void beginFrame();                   ///< hands pending notifications to tags and chain
     /// A refresh took bits that the results of the chain don't show yet.
     bool isChainPending() const { return m_chainPending; }
     void evaluateModifiers(); ///< brings the results of the chain up to date; main thread only
@@ -150,8 +150,10 @@ private:
     void tellEarly(quint32 mask);
     bool refreshPositions(quint32 mask);
     bool refreshAttributes(quint32 mask);
+    void refreshRecords(bool withEdges);
     void refreshLiveVertices();
-    void refreshLiveFaces(bool withEdges);
+    void refreshLiveFaces();
+    void computeNormals(bool force);
     void finishRefresh(quint32 mask) { m_dirtyMask &= ~mask; }
     void changeFlags(quint8 &flags, quint8 bit, bool on, quint32 mask);
     bool hasDrawnNormals(const KMTagBase *tag) const;

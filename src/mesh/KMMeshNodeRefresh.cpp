@@ -32,18 +32,13 @@ void KMMeshNode::refreshMesh(quint32 mask)
     if (!m_modifiers.isEmpty())
         m_chainPending |= mask & (Positions | Weights | SourceMoved);
     tellEarly(mask);
+    // Those that are told below walk over the mesh: what follows from the records is right by then.
+    const int shadersBefore = m_usedShaders.size();
+    if (mask != Positions && mask != Weights && mask != Shaders)
+        refreshRecords(mask & Edges);
     if (refreshPositions(mask) || refreshAttributes(mask))
         return;
 
-    refreshLiveVertices();
-    const int shadersBefore = m_usedShaders.size();
-    if (mask & Edges) {
-        const QVector<KMEdgeState> states = takeEdges();
-        refreshLiveFaces(true);
-        giveBack(states);
-    } else {
-        refreshLiveFaces(false);
-    }
     if (mask & Topology) {
         tellModifiers(&KMMeshModifier::rebuild);
         m_chainPending = 0;
@@ -72,7 +67,7 @@ bool KMMeshNode::refreshPositions(quint32 mask)
         // Tags that lay offsets on the positions take them back and lay them on anew.
         tellTags(&KMTagBase::unapply);
         tellTags(&KMTagBase::apply);
-        recomputeNormals(mask);
+        computeNormals(mask != Positions);
         markRenderDirty(RenderVertices);
         if (mask == Positions) {
             finishRefresh(mask);
@@ -114,16 +109,26 @@ void KMMeshNode::refreshLiveVertices()
         KMVertex *vertex = store[i];
         if (!vertex || vertex->faceRefs.isEmpty())
             continue;
-        vertex->index = i;
+        if (vertex->index != i) // a record that isn't written to needn't go back to memory
+            vertex->index = i;
         live[count++] = vertex;
     }
     m_liveVertices.resize(count);
 }
 
-/// Lists the live faces, counts their triangles and collects their shaders. The edges come in the same walk:
-/// a large mesh doesn't fit into the cache, and a walk of their own would fetch every face again.
-void KMMeshNode::refreshLiveFaces(bool withEdges)
+void KMMeshNode::refreshRecords(bool withEdges)
 {
+    refreshLiveVertices();
+    refreshLiveFaces();
+    if (withEdges)
+        updateEdges();
+}
+
+/// Lists the live faces, counts their triangles and collects their shaders. The corners are read in the same walk:
+/// a large mesh doesn't fit into the cache, and a walk of their own would fetch every face again.
+void KMMeshNode::refreshLiveFaces()
+{
+    beginCorners();
     KMFace *const *store = faces().constData();
     m_liveFaces.resize(faceCount());
     KMFace **live = m_liveFaces.data();
@@ -133,17 +138,17 @@ void KMMeshNode::refreshLiveFaces(bool withEdges)
     m_triangleCount = 0;
     for (int f = 0, n = faceCount(); f < n; ++f) {
         KMFace *face = store[f];
+        takeCorners(f, face);
         if (!face)
             continue;
-        if (withEdges)
-            insertEdgesOf(f, *face);
         if (face->isPolygon())
             m_triangleCount += face->count - 2;
-        else
+        else if (!face->drawn)
             face->drawn = 1;
         if (!face->isLive())
             continue;
-        face->index = f;
+        if (face->index != f)
+            face->index = f;
         live[count++] = face;
         if (count == 1 || face->shader != lastShader) { // neighbours mostly share theirs
             lastShader = face->shader;
@@ -157,11 +162,21 @@ void KMMeshNode::refreshLiveFaces(bool withEdges)
 
 void KMMeshNode::recomputeNormals(quint32 mask)
 {
+    if (mask != Positions)
+        readCorners();
+    computeNormals(mask != Positions);
+}
+
+void KMMeshNode::computeNormals(bool force)
+{
     if (m_suspendNormals)
         return;
     auto *tag = static_cast<KMTagNormal *>(findTag(KMNodeType::TagNormal));
-    if (hasDrawnNormals(tag))
-        m_normals->compute(*this, tag, mask != Positions);
+    if (!hasDrawnNormals(tag))
+        return;
+    if (corners().faceCount() != faceCount() || corners().vertexCount() != vertexCount())
+        readCorners();
+    m_normals->compute(*this, tag, force);
 }
 
 /// Only what is drawn, or read by a subdivision, needs normals: without a chain the mesh itself, else the

@@ -193,6 +193,8 @@ void KMMeshStore::clearRecords()
     m_vertices = {};
     m_faces = {};
     m_edges.release();
+    m_corners.release();
+    m_edgesFollow = false;
     m_needsCompact = false;
 }
 

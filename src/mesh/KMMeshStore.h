@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mesh/KMCornerTable.h"
 #include "mesh/KMEdgeState.h"
 #include "mesh/KMEdgeTable.h"
 #include "mesh/KMFace.h"
@@ -97,11 +98,13 @@ public:
     KMEdge *findEdge(int a, int b) const { return m_edges.find(a, b); } ///< in either order, else null
     KMEdge *edgeByKey(quint64 key) const { return m_edges.findKey(key); }
     KMEdge *addEdgeRef(int face, int a, int b); ///< makes the edge when it is missing and adds the face to it
-    KMEdge *findOrAddEdge(int a, int b) { return m_edges.findOrAdd(a, b); }
+    KMEdge *findOrAddEdge(int a, int b);
     bool hasEdgeFlag(quint8 bit) const; ///< any edge has it
     int faceOfEdge(int a, int b) const; ///< the line polygon on exactly this edge, else -1
     void rebuildEdges();                ///< keeps flags and weights of the edges that exist again
     void buildEdges();                  ///< from scratch
+    const KMCornerTable &corners() const { return m_corners; } ///< of the last refresh that read the faces
+    void readCorners();
 
     // Renumbering
 
@@ -117,18 +120,18 @@ public:
     }
 
 protected:
-    /// Empties the edge table for edges to come from the faces one by one. Returns what the edges carried.
-    QVector<KMEdgeState> takeEdges();
-    void insertEdgesOf(int f, const KMFace &face)
+    // A walk over the faces that reads the corners takes each of them in between.
+    void beginCorners()
     {
-        for (int c = 0; c < face.count; ++c) {
-            const int a = face.indices[c];
-            const int b = face.next(c);
-            if (vertex(a) && vertex(b))
-                addEdgeRef(f, a, b);
-        }
+        m_edgesFollow &= m_corners.faceCount() == faceCount();
+        m_corners.begin(vertexCount(), faceCount());
     }
-    void giveBack(const QVector<KMEdgeState> &states); ///< to the edges that exist again
+    void takeCorners(int f, const KMFace *face)
+    {
+        if (m_corners.take(f, face, m_vertices.constData()))
+            m_edgesFollow = false;
+    }
+    void updateEdges(); ///< as rebuildEdges(), from the corners that were read just now
 
     void clearRecords(); ///< frees everything
     /// Takes over what shape the source has: positions, weights, faces, null slots; vertices without their
@@ -136,7 +139,9 @@ protected:
     void copyRecords(const KMMeshStore &source);
 
 private:
+    QVector<KMEdgeState> takeEdges();
     void insertEdges();
+    void giveBack(const QVector<KMEdgeState> &states);
     QVector<KMEdgeState> edgeStates() const;
     QVector<KMEdgeState> remapped(const QVector<KMEdgeState> &states, QVector<KMEdgeState> *lost) const;
     bool isUsed(const KMFace &face) const;
@@ -150,6 +155,8 @@ private:
     QVector<KMVertex *> m_vertices;
     QVector<KMFace *> m_faces;
     KMEdgeTable m_edges;
+    KMCornerTable m_corners;
+    bool m_edgesFollow = false; // the edges are those of the corners as they were read last
     KMRecordPool<KMVertex> m_vertexPool;
     KMRecordPool<KMFace> m_facePool;
     QVector<int> m_vertexRemap; // old index to new, -1 for what is gone

@@ -124,11 +124,13 @@ KMMeshStore::Dropped KMMeshStore::compactStore()
     closeFaceGaps(&dropped);
     closeVertexGaps(&dropped);
     const QVector<KMEdgeState> states = remapped(takeEdges(), &dropped.edges);
+    beginCorners();
     KMFace *const *faces = m_faces.constData();
     for (int f = 0, n = m_faces.size(); f < n; ++f) {
         renumberCorners(faces[f]);
-        insertEdgesOf(f, *faces[f]);
+        takeCorners(f, faces[f]);
     }
+    insertEdges();
     giveBack(states);
     logNullSlots();
     m_needsCompact = false;
@@ -147,6 +149,7 @@ void KMMeshStore::expandStore(const Dropped &dropped)
     for (auto ref = dropped.refs.crbegin(); ref != dropped.refs.crend(); ++ref)
         vertex(ref->vertex)->faceRefs.insert(ref->place, ref->face);
     const QVector<KMEdgeState> states = remapped(takeEdges(), nullptr);
+    readCorners();
     insertEdges();
     giveBack(states);
     restoreEdgeStates(*this, dropped.edges);

@@ -5,8 +5,17 @@
 
 KMEdge *KMMeshStore::addEdgeRef(int face, int a, int b)
 {
-    KMEdge *edge = m_edges.findOrAdd(a, b);
+    KMEdge *edge = findOrAddEdge(a, b);
     edge->faceRefs.append(face);
+    m_edgesFollow = false;
+    return edge;
+}
+
+KMEdge *KMMeshStore::findOrAddEdge(int a, int b)
+{
+    const int before = m_edges.size();
+    KMEdge *edge = m_edges.findOrAdd(a, b);
+    m_edgesFollow &= m_edges.size() == before;
     return edge;
 }
 
@@ -42,6 +51,15 @@ QVector<KMEdgeState> KMMeshStore::edgeStates() const
     return states;
 }
 
+void KMMeshStore::readCorners()
+{
+    beginCorners();
+    KMFace *const *faces = m_faces.constData();
+    for (int f = 0, n = m_faces.size(); f < n; ++f)
+        takeCorners(f, faces[f]);
+}
+
+/// Empties the edge table for edges to come from the faces one by one. Returns what the edges carried.
 QVector<KMEdgeState> KMMeshStore::takeEdges()
 {
     const QVector<KMEdgeState> states = edgeStates();
@@ -50,6 +68,7 @@ QVector<KMEdgeState> KMMeshStore::takeEdges()
     return states;
 }
 
+/// To the edges that exist again.
 void KMMeshStore::giveBack(const QVector<KMEdgeState> &states)
 {
     for (const KMEdgeState &state : states) {
@@ -62,22 +81,38 @@ void KMMeshStore::giveBack(const QVector<KMEdgeState> &states)
 
 void KMMeshStore::insertEdges()
 {
-    KMFace *const *faces = m_faces.constData();
-    for (int f = 0, n = m_faces.size(); f < n; ++f) {
-        if (faces[f])
-            insertEdgesOf(f, *faces[f]);
+    for (int f = 0, n = m_corners.faceCount(); f < n; ++f) {
+        const KMCornerTable::Corners &corners = m_corners.of(f);
+        for (size_t c = 0; c < corners.size() && corners[c] != KMCornerTable::None; ++c) {
+            const bool isLast = c + 1 == corners.size() || corners[c + 1] == KMCornerTable::None;
+            const int a = corners[c];
+            const int b = corners[isLast ? 0 : c + 1];
+            if (a >= 0 && b >= 0)
+                m_edges.findOrAdd(a, b)->faceRefs.append(f);
+        }
     }
+    m_edgesFollow = true;
 }
 
-void KMMeshStore::rebuildEdges()
+void KMMeshStore::updateEdges()
 {
+    if (m_edgesFollow)
+        return;
     const QVector<KMEdgeState> states = takeEdges();
     insertEdges();
     giveBack(states);
 }
 
+void KMMeshStore::rebuildEdges()
+{
+    readCorners();
+    updateEdges();
+}
+
 void KMMeshStore::buildEdges()
 {
-    takeEdges();
+    readCorners();
+    m_edges.clear();
+    m_edges.reserve(2 * m_faces.size());
     insertEdges();
 }

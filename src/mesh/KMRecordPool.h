@@ -1,9 +1,10 @@
 #pragma once
 
+#include "mesh/KMLargeMemory.h"
+
 #include <QVector>
 
 #include <algorithm>
-#include <cstdlib>
 #include <new>
 #include <vector>
 
@@ -58,26 +59,33 @@ public:
 
 private:
     static constexpr int MinBlock = 32;
-    static constexpr int MaxBlock = 8192;
+    static constexpr int MaxBlock = int((8 << 20) / sizeof(T));
+
+    struct Block
+    {
+        T *places;
+        size_t bytes;
+    };
 
     void addBlock(int places)
     {
-        m_next = static_cast<T *>(::operator new(size_t(places) * sizeof(T)));
+        const size_t bytes = size_t(places) * sizeof(T);
+        m_next = static_cast<T *>(KMLargeMemory::allocate(bytes));
         m_end = m_next + places;
-        m_blocks.push_back(m_next);
+        m_blocks.push_back({m_next, bytes});
         m_places += places;
     }
     void freeBlocks()
     {
-        for (T *block : m_blocks)
-            ::operator delete(block);
+        for (const Block &block : m_blocks)
+            KMLargeMemory::release(block.places, block.bytes);
         m_blocks.clear();
         m_free = {};
         m_next = m_end = nullptr;
         m_places = 0;
     }
 
-    std::vector<T *> m_blocks;
+    std::vector<Block> m_blocks;
     std::vector<T *> m_free;
     T *m_next = nullptr; // places of the last block that were never taken
     T *m_end = nullptr;

@@ -18,20 +18,6 @@ double dotOf(const Vector3 &a, const Vector3 &b)
     return double(a.x) * double(b.x) + double(a.y) * double(b.y) + double(a.z) * double(b.z);
 }
 
-/// False when a vertex of the face is missing.
-bool faceNormal(KMVertex *const *vertices, const int *indices, int count, Vector3 *normal)
-{
-    const KMVertex *p[Corners] = {};
-    for (int c = 0; c < count; ++c) {
-        p[c] = vertices[indices[c]];
-        if (!p[c])
-            return false;
-    }
-    *normal = count == 3 ? KMFaceNormal::ofTriangle(p[0]->pos, p[1]->pos, p[2]->pos)
-                         : KMFaceNormal::ofQuad(p[0]->pos, p[1]->pos, p[2]->pos, p[3]->pos);
-    return true;
-}
-
 /// The normal that the user wants in place of the computed one.
 Vector3 overridden(const KMNormalFace &record, int corner, const Vector3 &computed, const kvm::Quaternion &frame)
 {
@@ -122,6 +108,7 @@ void KMSmoothNormals::compute(KMMeshNode &mesh, KMTagNormal *tag, bool force)
     if (tag && tag->faceNormals().size() != mesh.faceCount())
         tag->fit();
     prepare(mesh, tag, force);
+    readPositions(mesh);
     if (tag && !tag->creaseFaces().isEmpty())
         gather(mesh, Creases{*this, tag->creaseFaces()});
     else
@@ -141,12 +128,10 @@ void KMSmoothNormals::prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bo
     const size_t corners = size_t(Corners) * size_t(m_faceCount);
     const size_t groups = size_t(m_vertexCount) + corners;
     if (isOther) {
-        m_groups.reset(new Group[groups]);
-        m_corners.reset(new int[corners]);
-        m_cornerGroups.reset(new int[corners]);
+        m_positions = KMLargeArray<Position>(size_t(m_vertexCount));
+        m_groups = KMLargeArray<Group>(groups);
+        m_cornerGroups = KMLargeArray<int>(corners);
     }
-    if (isOther || force)
-        readCorners(mesh);
     const bool hasCreases = tag && !tag->creaseFaces().isEmpty();
     if (isOther || !hasCreases) {
         m_lastMembers.reset();
@@ -155,29 +140,13 @@ void KMSmoothNormals::prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bo
     }
     if (!hasCreases)
         return;
-    const bool isFresh = !m_lastMembers;
+    const bool isFresh = m_lastMembers.isEmpty();
     if (isFresh) {
-        m_lastMembers.reset(new int[groups]);
-        m_formerMembers.reset(new int[corners]);
+        m_lastMembers = KMLargeArray<int>(groups);
+        m_formerMembers = KMLargeArray<int>(corners);
     }
     if (isFresh || force)
         prepareCreases(*tag);
-}
-
-/// Marks corners that no polygon has, and those of a face that points outside the store.
-void KMSmoothNormals::readCorners(const KMMeshNode &mesh)
-{
-    const KMFace *const *faces = mesh.faces().constData();
-    for (int f = 0; f < m_faceCount; ++f) {
-        int *corners = &m_corners[size_t(Corners) * size_t(f)];
-        std::fill_n(corners, Corners, -1);
-        const KMFace *face = faces[f];
-        if (!face || !face->isPolygon())
-            continue;
-        const auto isOutside = [this](int i) { return uint(i) >= uint(m_vertexCount); };
-        if (std::none_of(face->indices, face->indices + face->count, isOutside))
-            std::copy_n(face->indices, face->count, corners);
-    }
 }
 
 void KMSmoothNormals::prepareCreases(const KMTagNormal &tag)
@@ -191,25 +160,86 @@ void KMSmoothNormals::prepareCreases(const KMTagNormal &tag)
     }
 }
 
+/// A record takes a whole line of the cache, and faces come back to each of them: their places side by side stay
+/// near at hand.
+void KMSmoothNormals::readPositions(const KMMeshNode &mesh)
+{
+    KMVertex *const *vertices = mesh.vertices().constData();
+    Position *positions = m_positions.data();
+    Group *groups = m_groups.data();
+    m_isVertexMissing = false;
+    for (int i = 0; i < m_vertexCount; ++i) {
+        groups[i] = {0.0f, 0.0f, 0.0f, 0, -1};
+        if (const KMVertex *vertex = vertices[i])
+            positions[i] = {vertex->pos.x, vertex->pos.y, vertex->pos.z};
+        else
+            m_isVertexMissing = true;
+    }
+    m_groupCount = m_vertexCount;
+}
+
+bool KMSmoothNormals::hasAllVertices(const KMCornerTable::Corners &corners, int count, KMVertex *const *vertices) const
+{
+    const auto isThere = [vertices](int i) { return i >= 0 && vertices[i]; };
+    return std::all_of(corners.begin(), corners.begin() + count, isThere);
+}
+
+void KMSmoothNormals::computeFaces(const KMMeshNode &mesh, int first, int count, Block *block) const
+{
+    const auto position = [this](int i) {
+        const Position &p = m_positions[size_t(i)];
+        return Vector3(p.x, p.y, p.z);
+    };
+    int quads = 0;
+    int quadFaces[KMFaceNormal::Quads::Size];
+    KMFaceNormal::Normals normals;
+    const auto flush = [&] {
+        KMFaceNormal::ofQuads(block->quads, &normals);
+        for (int q = 0; q < quads; ++q)
+            block->normals[quadFaces[q]] = normals.at(q);
+        quads = 0;
+    };
+    KMVertex *const *vertices = mesh.vertices().constData();
+    for (int i = 0; i < count; ++i) {
+        const KMCornerTable::Corners &corners = mesh.corners().of(first + i);
+        const int surface = KMCornerTable::surfaceCount(corners);
+        const bool mayMiss = m_isVertexMissing || *std::min_element(corners.begin(), corners.end()) < -1;
+        const bool isWhole = !mayMiss || hasAllVertices(corners, surface, vertices);
+        block->counts[i] = isWhole ? surface : -surface;
+        if (block->counts[i] == 3)
+            block->normals[i] =
+                KMFaceNormal::ofTriangle(position(corners[0]), position(corners[1]), position(corners[2]));
+        if (block->counts[i] != 4)
+            continue;
+        for (int c = 0; c < Corners; ++c)
+            block->quads.set(quads, c, position(corners[size_t(c)]));
+        quadFaces[quads++] = i;
+        if (quads == KMFaceNormal::Quads::Size)
+            flush();
+    }
+    if (quads > 0)
+        flush();
+}
+
 template <class Parting>
 void KMSmoothNormals::gather(const KMMeshNode &mesh, const Parting &parting)
 {
     const Limit limit(mesh.smoothAngle());
-    for (int i = 0; i < m_vertexCount; ++i)
-        m_groups[size_t(i)] = {0.0f, 0.0f, 0.0f, 0, -1};
-    m_groupCount = m_vertexCount;
-
-    KMVertex *const *vertices = mesh.vertices().constData();
-    int *cornerGroups = m_cornerGroups.get();
-    for (int f = 0, n = m_faceCount; f < n; ++f) {
-        const int first = Corners * f;
-        const int *corners = &m_corners[size_t(first)];
-        const int count = cornerCount(f);
-        Vector3 normal;
-        const bool isWhole = count > 0 && faceNormal(vertices, corners, count, &normal);
-        const double length2 = dotOf(normal, normal);
-        for (int c = 0; c < count; ++c)
-            cornerGroups[first + c] = isWhole ? join(corners[c], first + c, normal, length2, limit, parting) : -1;
+    int *cornerGroups = m_cornerGroups.data();
+    Block block;
+    for (int first = 0; first < m_faceCount; first += Block::Size) {
+        const int count = std::min(Block::Size, m_faceCount - first);
+        computeFaces(mesh, first, count, &block);
+        for (int i = 0; i < count; ++i) {
+            const KMCornerTable::Corners &corners = mesh.corners().of(first + i);
+            const int corner = Corners * (first + i);
+            const Vector3 &normal = block.normals[i];
+            const double length2 = dotOf(normal, normal);
+            for (int c = 0; c < block.counts[i]; ++c)
+                cornerGroups[corner + c] = join(corners[size_t(c)], corner + c, normal, length2, limit, parting);
+            for (int c = 0; c < -block.counts[i]; ++c)
+                cornerGroups[corner + c] = -1;
+        }
     }
 }
 
@@ -218,7 +248,7 @@ template <class Parting>
 int KMSmoothNormals::join(int vertex, int corner, const Vector3 &normal, double normalLength2, const Limit &limit,
                           const Parting &parting)
 {
-    Group *groups = m_groups.get();
+    Group *groups = m_groups.data();
     int g = vertex;
     if (groups[g].count > 0) {
         for (;;) {
@@ -253,13 +283,13 @@ void KMSmoothNormals::normalizeGroups()
 void KMSmoothNormals::writeNormals(KMMeshNode &mesh) const
 {
     KMFace *const *faces = mesh.faces().constData();
-    const Group *groups = m_groups.get();
+    const Group *groups = m_groups.data();
     for (int f = 0, n = m_faceCount; f < n; ++f) {
         KMFace *face = faces[f];
         if (!face)
             continue;
         const int *cornerGroups = &m_cornerGroups[size_t(Corners * f)];
-        for (int c = 0, count = cornerCount(f); c < count; ++c)
+        for (int c = 0, count = KMCornerTable::surfaceCount(mesh.corners().of(f)); c < count; ++c)
             face->normals[c] = cornerGroups[c] < 0 ? Vector3() : groups[cornerGroups[c]].normal();
     }
 }
@@ -273,7 +303,7 @@ void KMSmoothNormals::writeNormals(KMMeshNode &mesh, KMTagNormal &tag) const
     KMFace *const *faces = mesh.faces().constData();
     for (int f = 0; f < m_faceCount; ++f) {
         KMFace *face = faces[f];
-        const int count = cornerCount(f);
+        const int count = KMCornerTable::surfaceCount(mesh.corners().of(f));
         if (!face || count == 0)
             continue;
         KMNormalFace &record = records[f];

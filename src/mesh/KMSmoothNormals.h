@@ -1,15 +1,14 @@
 #pragma once
 
 #include "math/Vector3.h"
+#include "mesh/KMCornerTable.h"
+#include "mesh/KMFaceNormal.h"
+#include "mesh/KMLargeArray.h"
 
-#include <QtGlobal>
-
-#include <memory>
 #include <vector>
 
 class KMMeshNode;
 class KMTagNormal;
-struct KMFace;
 struct KMNormalFace;
 
 /// Corner normals of a mesh, smoothed over faces whose angle is below the mesh's smooth angle.
@@ -22,9 +21,10 @@ struct KMNormalFace;
 class KMSmoothNormals
 {
 public:
-    /// Writes the normals of all corners of faces of at least three corners; line polygons keep theirs.
+    /// Writes the normals of all corners of faces of at least three corners; line polygons keep theirs. The faces are
+    /// those that the mesh has in its table of corners.
     /// tag: creases and overridden normals, null for none; it takes note of the normals without the overrides.
-    /// force: the topology may have changed since the last call; without it only positions have.
+    /// force: creases may have changed since the last call; without it only positions and overrides have.
     void compute(KMMeshNode &mesh, KMTagNormal *tag, bool force);
 
 private:
@@ -37,18 +37,28 @@ private:
         kvm::Vector3 normal() const { return {x, y, z}; }
         void setNormal(const kvm::Vector3 &n) { x = n.x, y = n.y, z = n.z; }
     };
+    struct Position
+    {
+        float x, y, z;
+    };
     struct Limit; // the smooth angle
     struct NoCreases;
     struct Creases;
 
-    void prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bool force);
-    void readCorners(const KMMeshNode &mesh);
-    int cornerCount(int face) const ///< 0 for what has no surface
+    /// Faces that follow one another, with their normals.
+    struct Block
     {
-        const int *corners = &m_corners[4 * size_t(face)];
-        return corners[0] < 0 ? 0 : corners[3] < 0 ? 3 : 4;
-    }
+        static constexpr int Size = 64;
+        kvm::Vector3 normals[Size];
+        int counts[Size]; // of corners; 0 for what has no surface, and negative where a vertex is missing
+        KMFaceNormal::Quads quads = {};
+    };
+
+    void prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bool force);
     void prepareCreases(const KMTagNormal &tag);
+    void readPositions(const KMMeshNode &mesh);
+    bool hasAllVertices(const KMCornerTable::Corners &corners, int count, KMVertex *const *vertices) const;
+    void computeFaces(const KMMeshNode &mesh, int first, int count, Block *block) const;
     template <class Parting>
     void gather(const KMMeshNode &mesh, const Parting &parting);
     template <class Parting>
@@ -61,13 +71,14 @@ private:
     int m_vertexCount = -1;
     int m_faceCount = -1;
     int m_groupCount = 0;
-    std::unique_ptr<Group[]> m_groups;     // the first one of each vertex in front, further ones behind them
-    std::unique_ptr<int[]> m_corners;      // vertices, four a face; -1 behind the last one, and for what has no surface
-    std::unique_ptr<int[]> m_cornerGroups; // four a face; -1 for a corner without normal
+    bool m_isVertexMissing = false;
+    KMLargeArray<Position> m_positions;
+    KMLargeArray<Group> m_groups;     // the first one of each vertex in front, further ones behind them
+    KMLargeArray<int> m_cornerGroups; // four a face; -1 for a corner without normal
 
     // With creases only
 
-    std::unique_ptr<int[]> m_lastMembers;   // of each group: its newest corner
-    std::unique_ptr<int[]> m_formerMembers; // of each corner: the one that joined its group before it, or -1
-    std::vector<quint8> m_creased;          // faces that stand in a pair of the tag
+    KMLargeArray<int> m_lastMembers;   // of each group: its newest corner
+    KMLargeArray<int> m_formerMembers; // of each corner: the one that joined its group before it, or -1
+    std::vector<quint8> m_creased;     // faces that stand in a pair of the tag
 };

@@ -12,6 +12,7 @@
 #include "support/TestRegistry.h"
 
 #include <QPointer>
+#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSet>
 #include <QSignalSpy>
@@ -29,6 +30,7 @@ private slots:
     void namesAreUniqueInTheirFamilyOnly();
     void numbersEnd();
     void derivedListsFollowTheTree();
+    void derivedListsMatchAWalk();
     void derivedListsHoldWhatIsEvaluated();
     void addNodeSteps();
     void modifiersAreBuiltAgain();
@@ -210,6 +212,52 @@ void tst_KMProject::derivedListsFollowTheTree()
     scene.addFake(KMNodeType::Mesh, QStringLiteral("x")); // cuts the rest off for good
     QCOMPARE(namesOf(gProject->meshNodes().nodes()), QStringLiteral("a0 x0"));
     QCOMPARE(namesOf(gProject->allNodes().nodes()), QStringLiteral("a0 x0"));
+}
+
+/// Adds, moves, deletes and travels in the history at random. Nulls keep the members of a family far apart at times,
+/// and subtrees grow large enough to be listed anew as a whole.
+void tst_KMProject::derivedListsMatchAWalk()
+{
+    const int types[] = {KMNodeType::Null,     KMNodeType::Null, KMNodeType::Null, KMNodeType::Mesh,
+                         KMNodeType::PrimCube, KMNodeType::Bone, KMNodeType::Mesh, KMNodeType::ModSym};
+    RecordingSession scene;
+    QRandomGenerator random(20);
+    const auto below = [&random](int limit) { return limit > 0 ? int(random.bounded(limit)) : 0; };
+    for (int step = 0; step < 4000; ++step) {
+        const QList<QTreeWidgetItem *> rows = KMTreeWidget::flatten(gProject->tree());
+        const auto anyNode = [&] { return rows.isEmpty() ? nullptr : KMTreeWidget::nodeOf(rows[below(rows.size())]); };
+        KMContainerNode *node = anyNode();
+        KMContainerNode *target = anyNode();
+        const int dice = below(20);
+        if (dice < 8 || !node) {
+            auto *newcomer = new FakeNode(types[step / 40 % 4 ? below(8) : 0], QStringLiteral("n"), scene.log());
+            gProject->addRaw(newcomer);
+            KMContainerNode *parent = below(3) ? target : nullptr;
+            const int siblings = parent ? parent->item()->childCount() : gProject->tree()->topLevelItemCount();
+            gSolution->push(new insertNodeCommand(newcomer, parent, below(siblings + 1)));
+        } else if (dice < 14) {
+            const auto mode = moveNodeCommand::Mode(below(4));
+            if (canMove(node, mode == moveNodeCommand::LastTopLevel ? nullptr : target) && node != target)
+                gSolution->push(new moveNodeCommand(mode, target, node));
+        } else if (dice < 16) {
+            gProject->deleteNode(node);
+        } else {
+            scene.stack().setIndex(std::max(0, scene.stack().index() + below(7) - 3));
+        }
+        QList<KMNode *> walked[4];
+        for (const QTreeWidgetItem *row : KMTreeWidget::flatten(gProject->tree())) {
+            const int type = KMTreeWidget::nodeOf(row)->type();
+            const bool isOf[] = {type == KMNodeType::Mesh, isModifier(type), isPrimitive(type), isCtrl(type)};
+            for (int list = 0; list < 4; ++list)
+                walked[list] << (isOf[list] ? QList<KMNode *>{KMTreeWidget::nodeOf(row)} : QList<KMNode *>());
+        }
+        const QList<KMNode *> kept[] = {gProject->meshesInTree().nodes(), gProject->modifiersInTree().nodes(),
+                                        gProject->primitivesInTree().nodes(), gProject->ctrlsInTree().nodes()};
+        for (int list = 0; list < 4; ++list)
+            QVERIFY2(kept[list] == walked[list], qPrintable(QStringLiteral("list %1, step %2").arg(list).arg(step)));
+        if (step % 50 == 0)
+            QCOMPARE(gProject->renderMeshes().nodes(), walked[0]);
+    }
 }
 
 void tst_KMProject::derivedListsHoldWhatIsEvaluated()
