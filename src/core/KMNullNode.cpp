@@ -1,6 +1,7 @@
 #include "core/KMNullNode.h"
 
 #include "core/KMNodeType.h"
+#include "core/KMTreeWidget.h"
 
 KMNullNode::KMNullNode()
 {
@@ -11,6 +12,20 @@ KMNullNode::KMNullNode()
 void KMNullNode::setTransform(const KMTransform &transform)
 {
     m_transform = transform;
+}
+
+kvm::Matrix4 KMNullNode::worldMatrix() const
+{
+    kvm::Matrix4 world;
+    for (const KMContainerNode *node = this; node; node = KMTreeWidget::parentNodeOf(node)) {
+        if (!isNull(node->type()))
+            continue;
+        const KMTransform &local = static_cast<const KMNullNode *>(node)->transform();
+        world *= kvm::Matrix4::fromScale(local.scale);
+        world *= local.rotation;
+        world += local.translation;
+    }
+    return world;
 }
 
 KMContainerNode *KMNullNode::clone() const

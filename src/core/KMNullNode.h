@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/KMContainerNode.h"
+#include "math/Matrix4.h"
 #include "math/Quaternion.h"
 #include "math/Vector3.h"
 
@@ -29,6 +30,8 @@ public:
 
     /// Sets all three at once and lets the class follow: bones and meshes raise their dirty bits here.
     virtual void setTransform(const KMTransform &transform);
+
+    kvm::Matrix4 worldMatrix() const; ///< its transform and those of its parents
 
     KMContainerNode *clone() const override;
 

@@ -2,9 +2,7 @@
 
 #include "core/KMNodeType.h"
 #include "core/KMTagBase.h"
-#include "core/KMTreeWidget.h"
 #include "core/KMVariantNode.h"
-#include "math/Quaternion.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshRenderData.h"
 #include "mesh/KMSmoothNormals.h"
@@ -51,20 +49,6 @@ float KMMeshNode::smoothAngle() const
 void KMMeshNode::setSmoothAngle(float degrees)
 {
     m_smoothAngle->setFloat(degrees);
-}
-
-kvm::Matrix4 KMMeshNode::worldMatrix() const
-{
-    kvm::Matrix4 world;
-    for (const KMContainerNode *node = this; node; node = KMTreeWidget::parentNodeOf(node)) {
-        if (!isNull(node->type()))
-            continue;
-        const KMTransform &local = static_cast<const KMNullNode *>(node)->transform();
-        world *= kvm::Matrix4::fromScale(local.scale);
-        world *= local.rotation;
-        world += local.translation;
-    }
-    return world;
 }
 
 void KMMeshNode::setTransform(const KMTransform &transform)

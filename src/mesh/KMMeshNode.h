@@ -87,7 +87,6 @@ public:
     float smoothAngle() const; ///< degrees
     void setSmoothAngle(float degrees);
     KMFloatNode *smoothAngleNode() const { return m_smoothAngle; }
-    kvm::Matrix4 worldMatrix() const; ///< frame of the mesh: its transform and those of its parents
     void setTransform(const KMTransform &transform) override; ///< moves the frame, not the vertices
 
     // Tags and modifiers

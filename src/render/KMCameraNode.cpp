@@ -3,6 +3,7 @@
 #include "core/KMNodeType.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
+#include "formats/KMDViewParts.h"
 
 #include <limits>
 
@@ -85,6 +86,18 @@ float limitedPitch(float pitch, int setting)
     return pitch;
 }
 
+constexpr float farthest = 1e6f; // of what a file may say: beyond it the matrices lose the picture
+
+float bounded(float value)
+{
+    return qBound(-farthest, value, farthest);
+}
+
+kvm::Vector3 bounded(const kvm::Vector3 &v)
+{
+    return {bounded(v.x), bounded(v.y), bounded(v.z)};
+}
+
 float wrappedOnce(float degrees)
 {
     return degrees > 360.0f ? degrees - 360.0f : degrees < 0.0f ? degrees + 360.0f : degrees;
@@ -119,7 +132,8 @@ void KMCameraNode::restoreDefaults()
     m_panShift = {};
     m_pivotShift = {};
     m_flipped = false;
-    m_viewFlags = {true, true, true, false, true};
+    m_viewFlags = {true, true, !isUV(), false, true};
+    m_drag = {};
 }
 
 void KMCameraNode::setKind(int kind)
@@ -201,4 +215,41 @@ kvm::Vector3 KMCameraNode::lightDirection() const
 {
     const kvm::Vector3 direction = gSolution ? gSolution->lightDirection() : kvm::Vector3(0, 0, 1);
     return viewRotation().rotationInverse().transformDirection(direction * -lightDistance);
+}
+
+KMDCamera KMCameraNode::stored() const
+{
+    KMDCamera camera;
+    camera.kind = m_kind;
+    camera.name = name();
+    camera.width = float(m_width);
+    camera.height = float(m_height);
+    camera.ortho = m_ortho;
+    camera.fov = m_fov;
+    camera.pan = m_pan;
+    camera.pivot = m_pivot;
+    camera.angles = {m_pitch, m_yaw, m_roll};
+    camera.distance = m_distance;
+    camera.flipped = m_flipped;
+    camera.pivotShift = m_pivotShift;
+    camera.orthoZoom = m_orthoZoom;
+    camera.options = m_viewFlags;
+    return camera;
+}
+
+void KMCameraNode::restore(const KMDCamera &camera)
+{
+    constexpr float largestView = 16384.0f;
+    m_drag = {};
+    resize(int(qBound(1.0f, camera.width, largestView)), int(qBound(1.0f, camera.height, largestView)));
+    m_ortho = camera.ortho || !isPerspectiveKind();
+    m_flipped = camera.flipped;
+    m_pivot = bounded(camera.pivot);
+    m_pivotShift = bounded(camera.pivotShift);
+    m_viewFlags = camera.options;
+    setLens(camera.fov, camera.distance, camera.orthoZoom);
+    const kvm::Vector3 angles = bounded(camera.angles);
+    setAngles(angles.x, angles.y, angles.z);
+    updateName();
+    setPan(bounded(camera.pan));
 }

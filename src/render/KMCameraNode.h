@@ -3,10 +3,12 @@
 #include "core/KMContainerNode.h"
 #include "math/Matrix4.h"
 
-#include <QPoint>
+#include <QPointF>
 
 #include <array>
 
+class KMMouseEvent;
+class QWheelEvent;
 struct KMDCamera;
 
 /// What a view looks through: kind, pivot, distance, rotation and lens, and the matrices that follow from them.
@@ -49,6 +51,8 @@ public:
     void resize(int width, int height); ///< sizes below 1 count as 1
     float fov() const { return m_fov; } ///< vertical, degrees
     void setFov(float degrees);
+    /// Changes the field of view and moves the camera, so that what is as far as the pivot keeps its size.
+    void setFovKeepExtent(float deltaDegrees);
     float distance() const { return m_distance; } ///< from the camera to the pivot
     void setDistance(float distance);
     float orthoZoom() const { return m_orthoZoom; }
@@ -77,6 +81,24 @@ public:
     } ///< the direction of looking in the world, of unit length
     /// Where the light stands, seen from the scene, 1000 away: it turns with the camera.
     kvm::Vector3 lightDirection() const;
+
+    // Navigation by drags, wheel and fingers. Positions are pixels of the viewport
+
+    void mousePress(KMMouseEvent *event);
+    bool mouseMove(KMMouseEvent *event); ///< whether the camera moved
+    void mouseRelease();
+    void wheel(QWheelEvent *event);
+    void beginPan(const QPoint &position);
+    void panBy(const QPoint &offset); ///< from where the pan began
+    void checkViewChanged();          ///< emits viewChanged() when the view isn't that of the last press any more
+    /// What a rotating drag does in the UV view: turn by its length, by its angle about the middle, or not at all.
+    enum class RollMode { None, ByLength, ByAngle };
+    void setRollMode(RollMode mode) { m_rollMode = mode; }
+
+    // In the native file
+
+    KMDCamera stored() const;
+    void restore(const KMDCamera &camera); ///< all but kind and name; values outside the limits are brought to them
 
     // Matrices
 
@@ -112,6 +134,31 @@ private:
         kvm::Matrix4 modelView;
     };
 
+    /// What a drag is doing, and what it started from.
+    struct Drag
+    {
+        bool dollyZoom = false;
+        bool leftRightZoom = false;
+        bool pan = false;
+        bool rotate = false;
+        bool left = false;
+        bool fovZoom = false;
+        QPointF pressPosition;
+        QPoint lastPosition;
+        float pressRoll = 0.0f;
+        kvm::Vector3 panAnchor; // the point under the cursor, plus the pan
+        float panDepth = 0.0f;  // of the pivot in the view
+        kvm::Vector3 pivot;     // to be restored after a dolly zoom
+        float extent = 0.0f;    // half of what a dolly zoom keeps in the picture
+    };
+
+    void startPan(bool keepExtent);
+    void panTo(const QPointF &position);
+    void zoomDrag(int dy);
+    void rotateDrag(const QPoint &delta, bool inSteps);
+    void rollTo(float degrees, bool inSteps, bool snap);
+    float angleFromPress(const QPointF &position) const;
+    float zoomRuler() const;
     void restoreDefaults();
     void applyKind();
     void updateName();
@@ -123,6 +170,8 @@ private:
     void movePivotTo(const kvm::Vector3 &inView);
     float halfExtent() const;
     float viewDepth(const kvm::Vector3 &point) const;
+    float pivotDepth() const;
+    void setLens(float fov, float distance, float orthoZoom);
     View view() const { return {m_projection, m_modelView}; }
     kvm::Vector3 unproject(const View &view, const QPointF &pixel, float depthInView) const;
 
@@ -150,4 +199,7 @@ private:
     bool m_ortho = false;
     int m_kind;
     ViewFlags m_viewFlags;
+    View m_saved; // at the last press, or when a change was last told
+    Drag m_drag;
+    RollMode m_rollMode = RollMode::ByLength;
 };

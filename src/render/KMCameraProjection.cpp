@@ -141,21 +141,26 @@ void KMCameraNode::updateMatrices()
 
 void KMCameraNode::setFov(float degrees)
 {
-    m_fov = qBound(lowestFov, degrees, highestFov);
-    resize(m_width, m_height);
+    setLens(degrees, m_distance, m_orthoZoom);
     emit messageChanged(tr("FOV") + QString::asprintf(":%.3f", double(m_fov)));
 }
 
 void KMCameraNode::setDistance(float distance)
 {
-    m_distance = qBound(shortestDistance, distance, longestDistance);
-    updateMatrices();
+    setLens(m_fov, distance, m_orthoZoom);
 }
 
 void KMCameraNode::setOrthoZoom(float zoom)
 {
-    m_orthoZoom = qBound(lowestZoom, zoom, highestZoom);
-    resize(m_width, m_height);
+    setLens(m_fov, m_distance, zoom);
+}
+
+void KMCameraNode::setLens(float fov, float distance, float orthoZoom)
+{
+    m_fov = qBound(lowestFov, fov, highestFov);
+    m_distance = qBound(shortestDistance, distance, longestDistance);
+    m_orthoZoom = qBound(lowestZoom, orthoZoom, highestZoom);
+    updateMatrices();
 }
 
 void KMCameraNode::setPan(const kvm::Vector3 &pan)
@@ -192,10 +197,7 @@ void KMCameraNode::setOrtho(bool ortho)
     const kvm::Vector3 pivotInView = m_modelView * m_pivot;
     if (ortho) {
         m_ortho = true;
-        // What is behind the eye has no size on the screen to be kept.
-        const float depth = pivotInView.z > 0.0f ? pivotInView.z : m_distance;
-        setOrthoZoom(1.0f / (halfExtent() * depth * orthoFactor));
-        updateMatrices();
+        setOrthoZoom(1.0f / (halfExtent() * pivotDepth() * orthoFactor));
     } else {
         m_ortho = false;
         setDistance(1.0f / (halfExtent() * m_orthoZoom * orthoFactor));
@@ -230,6 +232,13 @@ kvm::Vector3 KMCameraNode::windowToWorld(const kvm::Vector3 &window) const
 float KMCameraNode::viewDepth(const kvm::Vector3 &point) const
 {
     return (m_modelView * point).z;
+}
+
+/// Of the pivot in the view. Behind the eye there are no sizes on the screen to go by, so its distance stands in.
+float KMCameraNode::pivotDepth() const
+{
+    const float depth = viewDepth(m_pivot);
+    return depth > 0.0f ? depth : m_distance;
 }
 
 kvm::Vector3 KMCameraNode::unproject(float x, float y, const kvm::Vector3 &depthPoint) const
