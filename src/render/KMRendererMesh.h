@@ -8,24 +8,6 @@
 
 class KMMeshNode;
 
-/// Switches of one mesh for one frame.
-namespace KMRenderMask {
-
-enum Mask : quint32 {
-    Vertices = 1,
-    Edges = 2,
-    Faces = 4,
-    UVEdges = 8,
-    BoundsOnly = 16, ///< a modifier's result stands in its place: no faces
-    FrontOnly = 32,  ///< elements that face the view
-    UVVertices = 64,
-    CageEdges = 128,
-    CullBack = 512,      ///< the faces alone lose those that look away
-    ActiveChanged = 0x400
-};
-
-} // namespace KMRenderMask
-
 /// What the graphics card holds of one mesh. The mesh owns it. The buffers are made by the pass that needs them first and
 /// in its context; what a mesh never shows costs nothing.
 class KMRendererMesh : public KMMeshRenderData
@@ -42,10 +24,12 @@ public:
     void markDirty(quint32 renderDirty);   ///< bits of KMMeshDirty::RenderMask
     void markVisibilityChanged();          ///< other elements of the mesh are drawn
 
-    // What the frame before knew, so that a change shows
+    // What the frame before left, so that a change shows
 
-    bool wasCulled() const { return m_wasCulled; }
+    bool wasCulled() const { return m_wasCulled; } ///< only the elements that face the view were drawn
     void setCulled(bool culled) { m_wasCulled = culled; }
+    quint64 projectedView() const { return m_projectedView; } ///< number of the view that the screen positions are of
+    void setProjectedView(quint64 number) { m_projectedView = number; }
 
     // Each brings its buffers up to date, which costs nothing when nothing changed. A context must be current.
 
@@ -71,4 +55,5 @@ private:
     const KMMeshNode &m_mesh;
     std::unique_ptr<Buffers> m_buffers; // null until something is drawn
     bool m_wasCulled = false;
+    quint64 m_projectedView = 0;
 };

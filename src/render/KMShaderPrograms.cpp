@@ -53,3 +53,9 @@ bool KMShaderPrograms::build(KMOpenGLShaderProgram &program, const Row &row, con
         program.bindAttributeLocation(row.attributes.at(location), int(location));
     return program.link();
 }
+
+void KMShaderPrograms::clear()
+{
+    for (auto &program : m_programs)
+        program.reset();
+}

@@ -49,6 +49,8 @@ public:
     bool load(const QString &folder = defaultFolder());
     static QString defaultFolder(); ///< of the compiled-in texts
 
+    void clear(); ///< a context must be current
+
     KMOpenGLShaderProgram &operator[](Id id) const { return *m_programs.at(id); } ///< only after load()
 
 private:

@@ -41,3 +41,22 @@ inline kvm::Vector4 toVector(const QColor &color)
 {
     return {float(color.redF()), float(color.greenF()), float(color.blueF()), float(color.alphaF())};
 }
+
+/// Where a program finds the attributes of an element. The location of an attribute is its place in the list.
+struct KMVertexLayout
+{
+    struct Attribute
+    {
+        int offset; ///< bytes
+        int floats; ///< 0 from the last one on
+    };
+    int stride;
+    Attribute attributes[5];
+};
+
+constexpr KMVertexLayout faceLayout = {52, {{0, 3}, {12, 3}, {24, 4}, {40, 2}, {48, 1}}};
+constexpr KMVertexLayout hullLayout = {52, {{0, 3}, {12, 3}}};
+constexpr KMVertexLayout litLayout = {52, {{0, 3}, {12, 3}, {24, 4}}};
+constexpr KMVertexLayout lineLayout = {32, {{0, 3}, {12, 4}, {28, 1}}};
+constexpr KMVertexLayout planeLayout = {32, {{0, 3}, {12, 4}}};
+constexpr KMVertexLayout quadLayout = {36, {{0, 3}, {12, 4}, {28, 2}}};
