@@ -6,6 +6,7 @@
 #include "core/KMSolution.h"
 #include "core/KMVersion.h"
 #include "formats/KMNativeFormat.h"
+#include "render/KMCameraSet.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -74,6 +75,7 @@ int KMBatchProgram::run()
     const KMPromptScope scope(&prompt);
     const KMHeadlessSession session;
     m_format = installNativeFormat(gSolution);
+    const KMCameraSet cameras(m_format); // so that they survive a conversion
     return runCommand(prompt);
 }
 

@@ -6,6 +6,7 @@
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
 #include "formats/KMNativeFormat.h"
+#include "render/KMCameraSet.h"
 #include "shell/KMIcon.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
@@ -96,7 +97,7 @@ void kmmainwidget::createSession()
     gSolution->setUndoStack(m_undoStack);
     gSolution->setProject(gProject);
     gSolution->setWindow(this);
-    installNativeFormat(gSolution);
+    m_cameras = new KMCameraSet(installNativeFormat(gSolution), this);
 }
 
 /// Commands own nodes and reach for the project when they go, so the history is emptied first.

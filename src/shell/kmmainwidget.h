@@ -6,6 +6,7 @@
 #include <QList>
 #include <QMainWindow>
 
+class KMCameraSet;
 class KMComContainer;
 class KMCommandContainer;
 class KMContainerNode;
@@ -167,6 +168,7 @@ private:
 
     KMStyle *m_style; // the application's
     QUndoStack *m_undoStack = nullptr;
+    KMCameraSet *m_cameras = nullptr;
     KMNodeClipboard *m_clipboard = nullptr;
     KMComContainer *m_commands = nullptr;
     QList<KMCommandContainer *> m_families; // of commands on what a mesh holds, each with a menu of its own

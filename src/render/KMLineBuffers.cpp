@@ -1,0 +1,160 @@
+#include "render/KMLineBuffers.h"
+
+#include "mesh/KMMeshNode.h"
+#include "render/KMBufferMap.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr quint8 hotFlags = KMElementFlag::Hot | KMElementFlag::HotSecond;
+
+bool hasSelectedFace(const KMMeshNode &mesh, const KMEdge &edge)
+{
+    return std::any_of(edge.faceRefs.begin(), edge.faceRefs.end(), [&mesh](int f) {
+        const KMFace *face = mesh.face(f);
+        return face && face->hasFlag(KMElementFlag::Selected);
+    });
+}
+
+void paintEdge(const KMMeshNode &mesh, const KMEdge &edge, const KMElementStyle &style, KMLineElement *element)
+{
+    const bool isSelected = edge.hasFlag(KMElementFlag::Selected);
+    const bool isHot = edge.hasFlag(hotFlags);
+    kvm::Vector4 color = style.plain;
+    if (isHot)
+        color = style.hot;
+    else if (isSelected)
+        color = style.selected;
+    else if (hasSelectedFace(mesh, edge))
+        color = style.ofSelectedFace;
+    for (int end = 0; end < 2; ++end) {
+        element[end].color = color;
+        element[end].status = isSelected || isHot ? 1.0f : 0.0f;
+    }
+    if (style.colors) {
+        element[0].color = style.colors->vertexColor(mesh, edge.index0);
+        element[1].color = style.colors->vertexColor(mesh, edge.index1);
+    }
+}
+
+void paintPoint(const KMMeshNode &mesh, int index, const KMElementStyle &style, KMLineElement &element)
+{
+    const KMVertex &vertex = *mesh.vertex(index);
+    const bool isHot = vertex.hasFlag(hotFlags);
+    element.status = isHot ? 1.0f : 0.0f;
+    if (style.colors)
+        element.color = style.colors->vertexColor(mesh, index);
+    else if (isHot)
+        element.color = style.hot;
+    else
+        element.color = vertex.hasFlag(KMElementFlag::Selected) ? style.selected : style.plain;
+}
+
+} // namespace
+
+void KMEdgeBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
+{
+    if (!(style == m_style) || style.colors) {
+        m_style = style;
+        markStale(Colors);
+    }
+    if (stale() == 0)
+        return;
+    if (needsBuild() || m_group.elementCount != 2 * mesh.edgeCount()) {
+        m_group.allocate(2 * mesh.edgeCount(), int(sizeof(KMLineElement)), 2 * mesh.edgeCount());
+        markStale(Contents);
+    }
+    if (m_group.elementCount > 0) {
+        if (stale() & (Positions | Colors))
+            writeElements(mesh, stale());
+        if (stale() & Visibility)
+            writeIndices(mesh);
+    }
+    setFresh(Everything);
+}
+
+void KMEdgeBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
+{
+    const KMBufferMap<KMLineElement> map(m_group.vbo);
+    if (!map)
+        return;
+    KMVertex *const *vertices = mesh.vertices().constData();
+    KMLineElement *element = map.data();
+    for (const KMEdge *edge : mesh.edges()) {
+        if (parts & Positions) {
+            element[0].vertex = vertices[edge->index0]->pos;
+            element[1].vertex = vertices[edge->index1]->pos;
+        }
+        if (parts & Colors)
+            paintEdge(mesh, *edge, m_style, element);
+        element += 2;
+    }
+    m_group.built = true;
+}
+
+void KMEdgeBuffers::writeIndices(const KMMeshNode &mesh)
+{
+    const KMBufferMap<quint32> map(m_group.ibo);
+    if (!map)
+        return;
+    quint32 *index = map.data();
+    quint32 number = 0;
+    for (const KMEdge *edge : mesh.edges()) {
+        if (edge->drawn) {
+            *index++ = number;
+            *index++ = number + 1;
+        }
+        number += 2;
+    }
+    m_group.indexCount = int(index - map.data());
+}
+
+void KMPointBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
+{
+    if (!(style == m_style) || style.colors) {
+        m_style = style;
+        markStale(Colors);
+    }
+    if (stale() == 0)
+        return;
+    if (needsBuild() || m_group.elementCount != mesh.vertexCount()) {
+        m_group.allocate(mesh.vertexCount(), int(sizeof(KMLineElement)), mesh.vertexCount());
+        markStale(Contents);
+    }
+    if (m_group.elementCount > 0) {
+        if (stale() & (Positions | Colors))
+            writeElements(mesh, stale());
+        if (stale() & Visibility)
+            writeIndices(mesh);
+    }
+    setFresh(Everything);
+}
+
+void KMPointBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
+{
+    const KMBufferMap<KMLineElement> map(m_group.vbo);
+    if (!map)
+        return;
+    for (const KMVertex *vertex : mesh.liveVertices()) {
+        KMLineElement &element = map.data()[vertex->index];
+        if (parts & Positions)
+            element.vertex = vertex->pos;
+        if (parts & Colors)
+            paintPoint(mesh, vertex->index, m_style, element);
+    }
+    m_group.built = true;
+}
+
+void KMPointBuffers::writeIndices(const KMMeshNode &mesh)
+{
+    const KMBufferMap<quint32> map(m_group.ibo);
+    if (!map)
+        return;
+    quint32 *index = map.data();
+    for (const KMVertex *vertex : mesh.liveVertices()) {
+        if (vertex->drawn)
+            *index++ = quint32(vertex->index);
+    }
+    m_group.indexCount = int(index - map.data());
+}

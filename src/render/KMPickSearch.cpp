@@ -1,0 +1,337 @@
+#include "render/KMPickSearch.h"
+
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "mesh/KMMeshNode.h"
+#include "render/KMCameraNode.h"
+#include "render/KMViewFilter.h"
+
+#include <cmath>
+
+namespace {
+
+/// Where a vertex stands about the square that the margin makes about the cursor. One of the first four common to all
+/// corners says that a face is elsewhere. A vertex that isn't between the clip planes has no such place.
+enum Side : quint8 { LeftOf = 1, RightOf = 2, Above = 4, Below = 8, Outside = 16 };
+
+bool isInDepth(const kvm::Vector3 &window)
+{
+    return window.z >= 0.0f && window.z <= 1.0f;
+}
+
+bool isActive(const KMMeshNode &mesh)
+{
+    const KMNode *active = gSolution->currentNode();
+    return active && (active == &mesh || active == mesh.ownerNode());
+}
+
+float orientation(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Vector3 &c)
+{
+    return (b.x - a.x) * (c.y - b.y) - (b.y - a.y) * (c.x - b.x);
+}
+
+/// The corners of the two triangles that a face is drawn as.
+constexpr int triangles[2][3] = {{0, 1, 2}, {2, 3, 0}};
+
+int triangleCount(const KMFace &face)
+{
+    return face.isPolygon() ? face.count - 2 : 0;
+}
+
+} // namespace
+
+KMPickSearch::KMPickSearch(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request)
+    : m_camera(camera)
+    , m_request(request)
+    , m_ray(camera, position)
+    , m_x(position.x())
+    , m_y(position.y())
+    , m_margin2(request.margin * request.margin)
+{
+}
+
+void KMPickSearch::run()
+{
+    collectMeshes();
+    for (Nearby &nearby : m_nearby) {
+        if (m_request.refreshWindowCoords)
+            nearby.mesh->projectVertices(m_camera.viewProjection(), m_camera.width(), m_camera.height());
+        collectVertices(nearby);
+        collectFaces(nearby);
+    }
+    if (needsOccluder()) {
+        m_occluder = surfaceUnderCursor(false);
+        if (m_occluder.face)
+            m_occluder.depth = occluderDepth(m_occluder);
+    }
+    if (m_request.wantVertex && m_camera.viewFlag(KMCameraNode::ShowVertices))
+        findVertex();
+    if (!m_request.isHit() && m_request.wantEdge && m_camera.viewFlag(KMCameraNode::ShowEdges))
+        findEdge();
+    if (!m_request.isHit() && m_request.wantFace && m_camera.viewFlag(KMCameraNode::ShowFaces))
+        findFace();
+}
+
+bool KMPickSearch::needsOccluder() const
+{
+    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces)
+           && (m_camera.viewFlag(KMCameraNode::ShowVertices) || m_camera.viewFlag(KMCameraNode::ShowEdges));
+}
+
+void KMPickSearch::collectMeshes()
+{
+    const bool currentOnly = KMViewFilter::isOn(KMViewFilter::CullingCurrentOnly);
+    for (KMMeshNode *mesh : gProject->renderMeshes()) {
+        const KMContainerNode *owner = mesh->ownerNode();
+        const bool isVisible = mesh->isVisible() && (!owner || owner->isVisible());
+        const bool isLocked = mesh->isLocked() || (owner && owner->isLocked());
+        const bool active = isActive(*mesh);
+        if (isLocked || (!isVisible && !m_request.includeHidden) || (active && m_request.skipActiveMesh))
+            continue;
+        Nearby nearby{mesh, active || !m_request.testActiveOnly, !owner || m_request.includeChildren, false, {}, {}};
+        nearby.isCulled = m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
+        m_nearby.push_back(nearby);
+    }
+}
+
+void KMPickSearch::collectVertices(Nearby &nearby)
+{
+    const float left = float(m_x) - m_request.margin;
+    const float right = float(m_x) + m_request.margin;
+    const float top = float(m_y) - m_request.margin;
+    const float bottom = float(m_y) + m_request.margin;
+    m_sides.resize(nearby.mesh->vertexCount());
+    quint8 *sides = m_sides.data();
+    for (KMVertex *vertex : nearby.mesh->liveVertices()) {
+        const kvm::Vector3 &p = vertex->screenPos;
+        const int side = (p.x < left) * LeftOf | (p.x > right) * RightOf | (p.y < top) * Above | (p.y > bottom) * Below;
+        const bool inDepth = isInDepth(p);
+        sides[vertex->index] = quint8(inDepth ? side : Outside);
+        if (side == 0 && inDepth)
+            nearby.vertices << vertex;
+    }
+}
+
+void KMPickSearch::collectFaces(Nearby &nearby)
+{
+    const quint8 *sides = m_sides.constData();
+    for (KMFace *face : nearby.mesh->liveFaces()) {
+        int common = sides[face->indices[0]] & sides[face->indices[1]];
+        for (int c = 2; c < face->count; ++c)
+            common &= sides[face->indices[c]];
+        if (common != 0)
+            continue;
+        if (face->hasFlag(KMElementFlag::Hidden) && !m_request.includeHidden)
+            continue;
+        if (m_request.visibleOnly && !face->drawn)
+            continue;
+        if (!nearby.isCulled || !isTurnedAway(*nearby.mesh, *face))
+            nearby.faces << face;
+    }
+}
+
+bool KMPickSearch::isTurnedAway(const KMMeshNode &mesh, const KMFace &face) const
+{
+    for (int t = 0; t < triangleCount(face); ++t) {
+        const int *corner = triangles[t];
+        const auto window = [&](int c) { return mesh.vertex(face.indices[corner[c]])->screenPos; };
+        if (orientation(window(0), window(1), window(2)) < 0.0f)
+            return false;
+    }
+    return face.isPolygon();
+}
+
+/// A vertex is drawn with its faces: one of them has to be there.
+bool KMPickSearch::isShown(const Nearby &nearby, const KMVertex &vertex) const
+{
+    if (m_request.visibleOnly && !vertex.drawn)
+        return false;
+    for (const int f : vertex.faceRefs) {
+        const KMFace *face = nearby.mesh->face(f);
+        if (face && (m_request.includeHidden || !face->hasFlag(KMElementFlag::Hidden))
+            && !(nearby.isCulled && isTurnedAway(*nearby.mesh, *face)))
+            return true;
+    }
+    return false;
+}
+
+KMPickSearch::Surface KMPickSearch::surfaceUnderCursor(bool pickableOnly) const
+{
+    Surface nearest;
+    for (const Nearby &nearby : m_nearby) {
+        if (pickableOnly && !nearby.isPickable)
+            continue;
+        for (const KMFace *face : nearby.faces) {
+            double depth = 0.0;
+            if (depthAtCursor(*nearby.mesh, *face, depth) && (!nearest.face || depth < nearest.depth))
+                nearest = {nearby.mesh, face, depth};
+        }
+    }
+    return nearest;
+}
+
+/// A face that reaches behind the eye has no polygon in the window; there the ray alone decides.
+bool KMPickSearch::depthAtCursor(const KMMeshNode &mesh, const KMFace &face, double &depth) const
+{
+    bool isHit = false;
+    for (int t = 0; t < triangleCount(face); ++t) {
+        const KMVertex *corners[3];
+        bool inDepth = true;
+        for (int c = 0; c < 3; ++c) {
+            corners[c] = mesh.vertex(face.indices[triangles[t][c]]);
+            inDepth = inDepth && isInDepth(corners[c]->screenPos);
+        }
+        double found = 0.0;
+        const bool hit = inDepth ? windowDepthAtCursor(corners, found)
+                                 : m_ray.hits(corners[0]->pos, corners[1]->pos, corners[2]->pos, found);
+        if (hit && (!isHit || found < depth)) {
+            isHit = true;
+            depth = found;
+        }
+    }
+    return isHit;
+}
+
+bool KMPickSearch::windowDepthAtCursor(const KMVertex *const corners[3], double &depth) const
+{
+    double dx[3], dy[3];
+    for (int c = 0; c < 3; ++c) {
+        dx[c] = double(corners[c]->screenPos.x) - m_x;
+        dy[c] = double(corners[c]->screenPos.y) - m_y;
+    }
+    double weights[3];
+    double area = 0.0;
+    for (int c = 0; c < 3; ++c) {
+        const int b = (c + 1) % 3, d = (c + 2) % 3;
+        weights[c] = dx[b] * dy[d] - dx[d] * dy[b];
+        area += weights[c];
+    }
+    if (area == 0.0)
+        return false;
+    double depths[3];
+    for (int c = 0; c < 3; ++c) {
+        weights[c] /= area;
+        if (!(weights[c] >= 0.0))
+            return false;
+        depths[c] = m_ray.depthOf(corners[c]->pos);
+    }
+    depth = m_ray.depthBetween(depths, weights, 3);
+    return true;
+}
+
+/// By the ray as far as it meets the triangles, else on the plane that they lie in: at the very border of a face the
+/// window and the ray may differ by a rounding.
+double KMPickSearch::occluderDepth(const Surface &surface) const
+{
+    const auto corner = [&](int c) { return surface.mesh->position(surface.face->indices[c]); };
+    double depth = surface.depth;
+    if (m_ray.hits(corner(0), corner(1), corner(2), depth))
+        return depth;
+    if (surface.face->count == 4 && m_ray.hits(corner(0), corner(2), corner(3), depth))
+        return depth;
+    m_ray.hitsPlane(corner(0), corner(1), corner(2), depth);
+    return depth;
+}
+
+/// What lies in the same plane as the face isn't hidden by it, whatever the last digit says.
+bool KMPickSearch::isHidden(double depth) const
+{
+    constexpr double tolerance = 1e-5;
+    return m_occluder.face && depth > m_occluder.depth + tolerance * std::fabs(m_occluder.depth);
+}
+
+void KMPickSearch::findVertex()
+{
+    float best = m_margin2;
+    for (const Nearby &nearby : m_nearby) {
+        if (!nearby.isPickable || !nearby.hasElements)
+            continue;
+        for (const KMVertex *vertex : nearby.vertices) {
+            const float dx = vertex->screenPos.x - float(m_x);
+            const float dy = vertex->screenPos.y - float(m_y);
+            const float distance2 = dx * dx + dy * dy;
+            if (!(distance2 < best))
+                continue;
+            const bool ofOccluder = m_occluder.mesh == nearby.mesh && m_occluder.face->hasVertex(vertex->index);
+            if (!isShown(nearby, *vertex) || (!ofOccluder && isHidden(m_ray.depthOf(vertex->pos))))
+                continue;
+            best = distance2;
+            m_request.mesh = nearby.mesh;
+            m_request.vertex = vertex->index;
+            m_request.point = vertex->pos;
+            m_request.distance2 = distance2;
+        }
+    }
+}
+
+void KMPickSearch::findEdge()
+{
+    for (const Nearby &nearby : m_nearby) {
+        if (m_occluder.mesh == nearby.mesh && nearby.isPickable && nearby.hasElements)
+            tryEdges(m_occluder.mesh, *m_occluder.face, true);
+    }
+    if (m_request.isHit())
+        return;
+    for (const Nearby &nearby : m_nearby) {
+        if (!nearby.isPickable || !nearby.hasElements)
+            continue;
+        for (const KMFace *face : nearby.faces)
+            tryEdges(nearby.mesh, *face, false);
+    }
+}
+
+void KMPickSearch::tryEdges(KMMeshNode *mesh, const KMFace &face, bool isOccluder)
+{
+    for (int c = 0; c < face.count; ++c) {
+        Segment s{};
+        if (!segmentOf(*mesh, face.indices[c], face.next(c), s))
+            continue;
+        const double ax = s.x[1] - s.x[0], ay = s.y[1] - s.y[0];
+        const double length2 = ax * ax + ay * ay;
+        const double along = ((m_x - s.x[0]) * ax + (m_y - s.y[0]) * ay) / length2;
+        const double t = length2 > 0.0 ? qBound(0.0, along, 1.0) : 0.0;
+        const double dx = s.x[0] + t * ax - m_x, dy = s.y[0] + t * ay - m_y;
+        const float distance2 = float(dx * dx + dy * dy);
+        if (!(distance2 < qMin(m_request.distance2, m_margin2)))
+            continue;
+        const double weights[2] = {1.0 - t, t};
+        KMEdge *edge = mesh->findEdge(face.indices[c], face.next(c));
+        if (!edge || (!isOccluder && isHidden(m_ray.depthBetween(s.depth, weights, 2))))
+            continue;
+        m_request.mesh = mesh;
+        m_request.edge = edge;
+        m_request.point = (mesh->position(edge->index0) + mesh->position(edge->index1)) * 0.5f;
+        m_request.distance2 = distance2;
+    }
+}
+
+bool KMPickSearch::segmentOf(const KMMeshNode &mesh, int a, int b, Segment &segment) const
+{
+    const KMVertex *ends[2] = {mesh.vertex(a), mesh.vertex(b)};
+    const bool inside[2] = {isInDepth(ends[0]->screenPos), isInDepth(ends[1]->screenPos)};
+    if (!inside[0] && !inside[1])
+        return false;
+    const double depths[2] = {m_ray.depthOf(ends[0]->pos), m_ray.depthOf(ends[1]->pos)};
+    for (int i = 0; i < 2; ++i) {
+        kvm::Vector3 window = ends[i]->screenPos;
+        segment.depth[i] = depths[i];
+        if (!inside[i]) { // cut at the plane that it crosses
+            segment.depth[i] = double(depths[i] < depths[1 - i] ? m_camera.nearPlane() : m_camera.farPlane());
+            const double t = (segment.depth[i] - depths[i]) / (depths[1 - i] - depths[i]);
+            window = m_camera.worldToWindow(ends[i]->pos + (ends[1 - i]->pos - ends[i]->pos) * float(t));
+        }
+        segment.x[i] = double(window.x);
+        segment.y[i] = double(window.y);
+    }
+    return true;
+}
+
+void KMPickSearch::findFace()
+{
+    const Surface surface = surfaceUnderCursor(true);
+    if (!surface.face)
+        return;
+    m_request.mesh = surface.mesh;
+    m_request.face = surface.face->index;
+    m_request.point = m_ray.pointAt(surface.depth);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QtGlobal>
+
+class KMCameraNode;
+class KMMeshNode;
+
+/// Switches of one mesh for one frame.
+namespace KMRenderMask {
+
+enum Mask : quint32 {
+    Vertices = 1,
+    Edges = 2,
+    Faces = 4,
+    UVEdges = 8,
+    BoundsOnly = 16, ///< a modifier's result stands in its place: no faces
+    FrontOnly = 32,  ///< elements that face the view
+    UVVertices = 64,
+    CageEdges = 128,
+    CullBack = 512, ///< the faces alone lose those that look away
+    ActiveChanged = 0x400
+};
+
+bool isShown(const KMMeshNode &mesh);   ///< it or, for a modifier's result, the mesh that the chain starts from
+bool isCurrent(const KMMeshNode &mesh); ///< selected, or it or its owner is the active node
+quint32 of(const KMMeshNode &mesh, const KMCameraNode &camera);
+
+} // namespace KMRenderMask

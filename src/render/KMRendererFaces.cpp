@@ -1,0 +1,123 @@
+// Faces: lit, and the hull of their outlines.
+
+#include "core/KMBasicShaderNode.h"
+#include "core/KMNodeType.h"
+#include "core/KMProject.h"
+#include "core/KMSettings.h"
+#include "core/KMSolution.h"
+#include "mesh/KMMeshNode.h"
+#include "render/KMCameraNode.h"
+#include "render/KMRenderMask.h"
+#include "render/KMRenderer.h"
+#include "render/KMViewFilter.h"
+
+#include <QVector3D>
+
+namespace {
+
+constexpr float outlineUnit = 0.001f;
+
+KMFaceStyle faceStyle()
+{
+    return {toVector(gSettings->displayColor(DP_SEL_FACE)), toVector(gSettings->displayColor(DP_HOT_FACE)),
+            gSettings->faceBlendRatio};
+}
+
+const KMShaderNode *shaderOf(const RenderGroup &group)
+{
+    return gProject->shader(group.shader);
+}
+
+/// Width of all outlines, in percent of what the materials ask for. The session keeps it where the fog's distance
+/// has been.
+float outlineScale()
+{
+    return gSolution ? float(gSolution->fogDistance()) : 0.0f;
+}
+
+bool hasOutline(const KMShaderNode *shader)
+{
+    if (!shader || shader->type() != KMNodeType::BasicShader)
+        return false;
+    const KMBasicShader &values = static_cast<const KMBasicShaderNode *>(shader)->values();
+    return values.outlineEnabled && values.outlineSize != 0.0f;
+}
+
+} // namespace
+
+void KMRenderer::drawFaces(const KMCameraNode &camera)
+{
+    QVector<Item> shown;
+    QVector<Item> outlined;
+    const bool isFrontView = camera.viewFlag(KMCameraNode::FrontOnly);
+    for (const Item &item : std::as_const(m_items)) {
+        const quint32 mask = item.mesh->renderFlags();
+        if (!(mask & KMRenderMask::Faces) || (mask & KMRenderMask::BoundsOnly))
+            continue;
+        shown.append(item);
+        // A hull needs the far side, which a mesh of front faces alone doesn't have.
+        if (!isFrontView || !(mask & KMRenderMask::FrontOnly))
+            outlined.append(item);
+    }
+    for (const Item &item : std::as_const(shown))
+        item.data->updateFaces(faceStyle());
+    drawOutlines(camera, outlined);
+    KMOpenGLShaderProgram &real = program(KMShaderPrograms::Real);
+    if (!real.begin())
+        return;
+    m_material->setView(real, camera);
+    for (const Item &item : std::as_const(shown))
+        drawReal(item);
+    real.release();
+}
+
+void KMRenderer::drawOutlines(const KMCameraNode &camera, const QVector<Item> &items)
+{
+    KMOpenGLShaderProgram &outline = program(KMShaderPrograms::Outline);
+    if (!KMViewFilter::isOn(KMViewFilter::Outline) || outlineScale() == 0.0f || !outline.begin())
+        return;
+    outline.setCamera(camera);
+    glEnable(GL_CULL_FACE);
+    glCullFace(GL_FRONT);
+    for (const Item &item : items)
+        drawOutline(*item.data);
+    glCullFace(GL_BACK);
+    glDisable(GL_CULL_FACE);
+    outline.release();
+}
+
+/// The far side of the mesh, blown up along its normals: around the near side a rim of it stays in sight.
+void KMRenderer::drawOutline(KMRendererMesh &data)
+{
+    KMOpenGLShaderProgram &outline = program(KMShaderPrograms::Outline);
+    for (const auto &group : data.updateFaces(faceStyle())) {
+        const KMShaderNode *shader = shaderOf(*group);
+        if (!hasOutline(shader))
+            continue;
+        const KMBasicShader &values = static_cast<const KMBasicShaderNode *>(shader)->values();
+        const float size = values.outlineSize * outlineScale() * outlineUnit;
+        QColor color = values.outlineColor;
+        color.setAlpha(255);
+        outline.setUniformValue("outline_size", QVector3D(size, size, size));
+        outline.setColor4("outlineCol", color);
+        drawElements(*group, hullLayout, GL_TRIANGLES);
+    }
+}
+
+void KMRenderer::drawReal(const Item &item)
+{
+    KMOpenGLShaderProgram &real = program(KMShaderPrograms::Real);
+    const bool cullsBack = item.mesh->renderFlags() & KMRenderMask::CullBack;
+    if (cullsBack) {
+        glEnable(GL_CULL_FACE);
+        glCullFace(GL_BACK);
+    }
+    const bool withTextures = KMViewFilter::isOn(KMViewFilter::Texture);
+    const bool isFlat = KMViewFilter::isOn(KMViewFilter::FlatTexture);
+    for (const auto &group : item.data->updateFaces(faceStyle())) {
+        m_material->apply(real, shaderOf(*group), withTextures, isFlat);
+        drawElements(*group, faceLayout, GL_TRIANGLES);
+    }
+    if (cullsBack)
+        glDisable(GL_CULL_FACE);
+}

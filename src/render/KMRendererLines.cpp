@@ -1,0 +1,92 @@
+// Edges, vertices and normals.
+
+#include "core/KMSettings.h"
+#include "mesh/KMMeshNode.h"
+#include "render/KMCameraNode.h"
+#include "render/KMRenderMask.h"
+#include "render/KMRenderer.h"
+
+namespace {
+
+constexpr float normalUnit = 0.01f;
+constexpr float diagonal = 2.0f; // times 100 pixels
+
+kvm::Vector4 color(DisplayColor index)
+{
+    return toVector(gSettings->displayColor(index));
+}
+
+} // namespace
+
+KMElementStyle KMRenderer::edgeStyle(const Item &item) const
+{
+    KMElementStyle style;
+    style.plain = color(item.current ? DP_ACT_EDGE : DP_EDGE);
+    style.selected = color(DP_SEL_EDGE);
+    style.hot = color(DP_HOT_EDGE);
+    // Where selected faces aren't tinted, their edges aren't either.
+    style.ofSelectedFace = gSettings->faceBlendRatio != 0.0f ? color(DP_SEL_FACE_E) : style.plain;
+    if (toolId() == KMViewTool::WeightPaintTool && item.current)
+        style.colors = m_frame->tool->vertexColors(*item.mesh);
+    return style;
+}
+
+KMElementStyle KMRenderer::pointStyle(const Item &item) const
+{
+    KMElementStyle style;
+    style.plain = color(item.current ? DP_ACT_VERT : DP_VERT);
+    style.selected = color(DP_SEL_VERT);
+    style.hot = color(DP_HOT_VERT);
+    if (m_frame && m_frame->tool && item.current)
+        style.colors = m_frame->tool->vertexColors(*item.mesh);
+    return style;
+}
+
+void KMRenderer::drawEdges(const KMCameraNode &camera)
+{
+    KMOpenGLShaderProgram &line = program(KMShaderPrograms::RealLine);
+    if (!line.begin())
+        return;
+    line.setCamera(camera);
+    setLineWidth(gSettings->lineWidth);
+    for (const Item &item : std::as_const(m_items)) {
+        if (item.mesh->renderFlags() & KMRenderMask::Edges)
+            drawElements(item.data->updateEdges(edgeStyle(item)), lineLayout, GL_LINES);
+    }
+    line.release();
+}
+
+void KMRenderer::drawVertices(const KMCameraNode &camera)
+{
+    KMOpenGLShaderProgram &point = program(KMShaderPrograms::RealPoint);
+    if (!point.begin())
+        return;
+    point.setCamera(camera);
+    glPointSize(gSettings->pointSize);
+    for (const Item &item : std::as_const(m_items)) {
+        if (item.mesh->renderFlags() & KMRenderMask::Vertices)
+            drawElements(item.data->updatePoints(pointStyle(item)), lineLayout, GL_POINTS);
+    }
+    point.release();
+}
+
+void KMRenderer::drawNormals(const KMCameraNode &camera)
+{
+    KMOpenGLShaderProgram &line = program(KMShaderPrograms::Line);
+    if (!line.begin())
+        return;
+    line.setCamera(camera);
+    setLineWidth(gSettings->lineWidth);
+    KMNormalStyle style;
+    style.computed = color(DP_NORMAL);
+    style.rotated = color(DP_ROT_NORMAL);
+    style.fixed = color(DP_FIX_NORMAL);
+    style.selected = color(DP_SEL_NORMAL);
+    // As long on the screen from near as from far.
+    style.length = gSettings->normalLength * normalUnit * diagonal * camera.pixelWorldLength(camera.pivot());
+    for (const Item &item : std::as_const(m_items)) {
+        if (item.current)
+            drawElements(item.data->updateNormals(style), lineLayout, GL_LINES);
+    }
+    line.release();
+}

@@ -1,0 +1,145 @@
+// What has to be computed before a frame, and only that.
+
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "mesh/KMMeshNode.h"
+#include "render/KMCameraNode.h"
+#include "render/KMRenderMask.h"
+#include "render/KMRenderer.h"
+
+#include <QtConcurrent>
+
+#include <algorithm>
+
+namespace {
+
+/// One mesh isn't worth a thread.
+template <class Function>
+void runParallel(QVector<RendeFuncStruct> &calls, Function function)
+{
+    if (calls.size() == 1)
+        function(calls.first());
+    else if (!calls.isEmpty())
+        QtConcurrent::map(calls, function).waitForFinished();
+}
+
+void refresh(const RendeFuncStruct &call)
+{
+    call.node->refreshMesh(call.node->dirtyMask());
+}
+
+void project(const RendeFuncStruct &call)
+{
+    const KMCameraNode &camera = *call.camera;
+    call.node->projectVertices(camera.viewProjection(), camera.width(), camera.height());
+}
+
+void updateDrawn(const RendeFuncStruct &call)
+{
+    call.node->updateDrawn(call.culled);
+}
+
+} // namespace
+
+void KMRenderer::prepareFrame(const KMCameraNode &camera)
+{
+    m_busy = true;
+    m_items.clear();
+    if (!gProject)
+        return;
+    noteView(camera);
+    if (m_quickFrame) {
+        refreshMeshes(camera);
+        return;
+    }
+    refreshChains();
+    refreshMeshes(camera);
+    prepareMeshes(camera);
+    projectMeshes(camera);
+}
+
+void KMRenderer::noteView(const KMCameraNode &camera)
+{
+    const QSize size(camera.width(), camera.height());
+    if (m_lastCamera == &camera && m_lastViewProjection == camera.viewProjection() && m_lastSize == size)
+        return;
+    m_lastCamera = &camera;
+    m_lastViewProjection = camera.viewProjection();
+    m_lastSize = size;
+    ++m_viewNumber;
+}
+
+/// Stages of a chain write into the meshes of others, so that they come one after the other and before what runs in
+/// parallel.
+void KMRenderer::refreshChains()
+{
+    for (KMMeshNode *mesh : gProject->renderMeshes()) {
+        mesh->beginFrame();
+        const bool reachesOut = !mesh->modifiers().isEmpty() || (mesh->dirtyMask() & KMMeshDirty::ResultMoved);
+        if (!reachesOut || !KMRenderMask::isShown(*mesh))
+            continue;
+        mesh->refreshMesh(mesh->dirtyMask());
+        if (mesh->isChainPending())
+            mesh->evaluateModifiers();
+    }
+}
+
+void KMRenderer::refreshMeshes(const KMCameraNode &camera)
+{
+    QVector<RendeFuncStruct> calls;
+    for (KMMeshNode *mesh : gProject->renderMeshes()) {
+        if (mesh->dirtyMask() != 0 && KMRenderMask::isShown(*mesh))
+            calls.append({mesh, &camera, false});
+    }
+    runParallel(calls, &refresh);
+}
+
+void KMRenderer::prepareMeshes(const KMCameraNode &camera)
+{
+    const KMNode *active = gSolution ? gSolution->currentNode() : nullptr;
+    const quint32 changed = active != m_lastActive ? quint32(KMRenderMask::ActiveChanged) : 0u;
+    m_lastActive = active;
+    for (KMMeshNode *mesh : gProject->renderMeshes()) {
+        const quint32 mask = KMRenderMask::of(*mesh, camera);
+        mesh->setRenderFlags(mask ? mask | changed : 0);
+        if (mesh->renderer())
+            KMRendererMesh::of(*mesh).markDirty(mesh->renderDirty());
+        if (mask)
+            m_items.append({mesh, &KMRendererMesh::of(*mesh), KMRenderMask::isCurrent(*mesh)});
+    }
+    // What the user works at lies over the rest.
+    std::stable_partition(m_items.begin(), m_items.end(), [](const Item &item) { return !item.current; });
+}
+
+/// Screen positions are of one view, and what is drawn of a mesh depends on them where it is culled.
+void KMRenderer::projectMeshes(const KMCameraNode &camera)
+{
+    constexpr quint32 shape = KMMeshDirty::RenderAll;
+    QVector<RendeFuncStruct> projected;
+    QVector<RendeFuncStruct> redrawn;
+    for (const Item &item : std::as_const(m_items)) {
+        const quint32 dirty = item.mesh->renderDirty();
+        const bool culled = item.mesh->renderFlags() & KMRenderMask::FrontOnly;
+        const bool isMoved = item.data->projectedView() != m_viewNumber || (dirty & shape);
+        if (isMoved)
+            projected.append({item.mesh, &camera, culled});
+        if (dirty != 0 || culled != item.data->wasCulled() || (culled && isMoved)) {
+            redrawn.append({item.mesh, &camera, culled});
+            item.data->markVisibilityChanged();
+        }
+        item.data->setProjectedView(m_viewNumber);
+        item.data->setCulled(culled);
+    }
+    runParallel(projected, &project);
+    runParallel(redrawn, &updateDrawn);
+}
+
+void KMRenderer::finishFrame()
+{
+    if (gProject) {
+        for (KMMeshNode *mesh : gProject->renderMeshes())
+            mesh->clearRenderDirty(~0u);
+    }
+    m_items.clear();
+    m_busy = false;
+}

@@ -1,0 +1,90 @@
+#include "render/KMUVBuffers.h"
+
+#include "mesh/KMMeshNode.h"
+#include "render/KMBufferMap.h"
+
+namespace {
+
+constexpr int roomOfFace = KMFace::MaxCorners;
+constexpr int indicesOfFace = 2 * KMFace::MaxCorners;
+
+} // namespace
+
+void KMUVBuffers::update(const KMMeshNode &mesh, const KMUVStyle &style)
+{
+    if (!(style == m_style)) {
+        m_style = style;
+        markStale(Colors);
+    }
+    if (stale() == 0)
+        return;
+    const int faces = mesh.liveFaces().size();
+    if (needsBuild() || m_edges.elementCount != roomOfFace * faces) {
+        m_edges.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), indicesOfFace * faces);
+        m_points.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), roomOfFace * faces);
+        markStale(Contents);
+    }
+    if (m_edges.elementCount > 0 && m_points.elementCount > 0) {
+        if (stale() & (Positions | Colors)) {
+            writeCorners(mesh, m_edges, false);
+            writeCorners(mesh, m_points, true);
+        }
+        if (stale() & Visibility) {
+            writeEdgeIndices(mesh);
+            writePointIndices(mesh);
+        }
+    }
+    setFresh(Everything);
+}
+
+void KMUVBuffers::writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool isPoints)
+{
+    const KMBufferMap<KMLineElement> map(group.vbo);
+    if (!map)
+        return;
+    KMLineElement *element = map.data();
+    for (const KMFace *face : mesh.liveFaces()) {
+        for (int c = 0; c < roomOfFace; ++c, ++element) {
+            const quint8 flags = face->cornerFlags[c];
+            element->vertex = kvm::Vector3(face->uvs[c] * PlateSize);
+            element->status = 0.0f;
+            if (flags & KMElementFlag::Selected)
+                element->color = m_style.selected;
+            else
+                element->color = isPoints && (flags & KMElementFlag::UVLocked) ? m_style.pinned : m_style.plain;
+        }
+    }
+    group.built = true;
+}
+
+void KMUVBuffers::writeEdgeIndices(const KMMeshNode &mesh)
+{
+    const KMBufferMap<quint32> map(m_edges.ibo);
+    if (!map)
+        return;
+    quint32 *index = map.data();
+    quint32 first = 0;
+    for (const KMFace *face : mesh.liveFaces()) {
+        for (int c = 0; face->isPolygon() && !face->hasFlag(KMElementFlag::Hidden) && c < face->count; ++c) {
+            *index++ = first + quint32(c);
+            *index++ = first + quint32(c + 1 < face->count ? c + 1 : 0);
+        }
+        first += roomOfFace;
+    }
+    m_edges.indexCount = int(index - map.data());
+}
+
+void KMUVBuffers::writePointIndices(const KMMeshNode &mesh)
+{
+    const KMBufferMap<quint32> map(m_points.ibo);
+    if (!map)
+        return;
+    quint32 *index = map.data();
+    quint32 first = 0;
+    for (const KMFace *face : mesh.liveFaces()) {
+        for (int c = 0; face->isPolygon() && !face->hasFlag(KMElementFlag::Hidden) && c < face->count; ++c)
+            *index++ = first + quint32(c);
+        first += roomOfFace;
+    }
+    m_points.indexCount = int(index - map.data());
+}
