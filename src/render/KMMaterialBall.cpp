@@ -19,8 +19,8 @@ KMFaceElement elementAt(int ring, int sector)
     const float longitude = 2.0f * float(M_PI) * float(sector) / float(sectors);
     const kvm::Vector3 normal(-std::sin(latitude) * std::sin(longitude), std::cos(latitude),
                               std::sin(latitude) * std::cos(longitude));
-    // The picture is wrapped once around the front and once around the back.
-    const kvm::Vector2 texcoord(2.0f * float(sector) / float(sectors), float(ring) / float(rings));
+    // The front shows the picture once, from its left to its right edge.
+    const kvm::Vector2 texcoord(2.0f * float(sector) / float(sectors) - 0.5f, float(ring) / float(rings));
     return {normal * radius, normal, {}, texcoord, 0.0f};
 }
 
