@@ -25,9 +25,12 @@ struct ViewRow
 };
 
 constexpr ViewRow viewRows[] = {
-    {"front", KMCameraNode::Front, false}, {"back", KMCameraNode::Front, true},
-    {"right", KMCameraNode::Right, false}, {"left", KMCameraNode::Right, true},
-    {"top", KMCameraNode::Top, false},     {"bottom", KMCameraNode::Top, true},
+    {"front", KMCameraNode::Front, false},
+    {"back", KMCameraNode::Front, true},
+    {"right", KMCameraNode::Right, false},
+    {"left", KMCameraNode::Right, true},
+    {"top", KMCameraNode::Top, false},
+    {"bottom", KMCameraNode::Top, true},
     {"perspective", KMCameraNode::Perspective, false},
 };
 

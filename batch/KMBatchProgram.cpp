@@ -164,8 +164,7 @@ KMBatchProgram::ExitCode KMBatchProgram::writePicture(const QString &path) const
 {
     const QMap<QString, QString> &switches = m_arguments.switches;
     const QString view = switches.value(QStringLiteral("view"), QStringLiteral("perspective"));
-    const QStringList size =
-        switches.value(QStringLiteral("size"), QStringLiteral("1280x680")).split(QLatin1Char('x'));
+    const QStringList size = switches.value(QStringLiteral("size"), QStringLiteral("1280x680")).split(QLatin1Char('x'));
     const QImage picture = documentPicture(view, {size.first().toInt(), size.last().toInt()});
     if (picture.isNull()) {
         KMBatchPrompt::print(
@@ -174,8 +173,7 @@ KMBatchProgram::ExitCode KMBatchProgram::writePicture(const QString &path) const
         return NoOutput;
     }
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && picture.save(&file, suffixOf(path).toLatin1().constData())
-        && file.commit())
+    if (file.open(QIODevice::WriteOnly) && picture.save(&file, suffixOf(path).toLatin1().constData()) && file.commit())
         return Done;
     KMBatchPrompt::print(QStringLiteral("kelmo-batch: %1 can't be written: %2").arg(path, file.errorString()));
     return NoOutput;

@@ -119,8 +119,8 @@ void tst_KMRenderer::primitives()
         RenderScene scene;
         scene.setFlags({false, false, true, false, false});
         const QVector<KMPrimitiveNode *> all = {
-            scene.add(new KMPrimSphereNode, {-90, 40, 0}),   scene.add(new KMPrimCubeNode, {0, 40, 0}),
-            scene.add(new KMPrimCylinderNode, {90, 40, 0}),  scene.add(new KMPrimTorusNode, {-50, -50, 0}),
+            scene.add(new KMPrimSphereNode, {-90, 40, 0}), scene.add(new KMPrimCubeNode, {0, 40, 0}),
+            scene.add(new KMPrimCylinderNode, {90, 40, 0}), scene.add(new KMPrimTorusNode, {-50, -50, 0}),
             scene.add(new KMPrimPlaneNode, {50, -50, 0})};
         for (KMPrimitiveNode *primitive : all)
             primitive->mesh()->setSmoothAngle(angle);
@@ -159,8 +159,8 @@ void tst_KMRenderer::materials()
         const int multi = scene.addTexture(half);
         const int normal = scene.addTexture(checker(QColor(128, 128, 255), QColor(200, 128, 220), 8));
         const std::array<int, KMBasicShader::TextureSlotCount> slotRows[] = {
-            {diffuse, -1, -1, -1, -1, -1},   {diffuse, sphere, -1, -1, -1, -1}, {diffuse, sphere, -1, -1, -1, -1},
-            {-1, -1, -1, toon, -1, -1},      {diffuse, -1, -1, -1, multi, -1},  {diffuse, -1, -1, -1, multi, -1},
+            {diffuse, -1, -1, -1, -1, -1},    {diffuse, sphere, -1, -1, -1, -1}, {diffuse, sphere, -1, -1, -1, -1},
+            {-1, -1, -1, toon, -1, -1},       {diffuse, -1, -1, -1, multi, -1},  {diffuse, -1, -1, -1, multi, -1},
             {diffuse, -1, -1, -1, multi, -1}, {-1, -1, normal, -1, -1, -1}};
         for (int i = 0; i < 8; ++i) {
             KMBasicShader values;
@@ -198,7 +198,6 @@ void tst_KMRenderer::elements()
 {
     RenderScene scene({320, 200});
     KMMeshNode *mesh = scene.add(MeshFixtures::grid(6, 4)); // vertices in rows of 7
-    gSolution->setCurrentNode(mesh);
     mesh->setFaceFlag(0, KMElementFlag::Selected);
     mesh->setFaceFlag(2, KMElementFlag::Hot);
     mesh->setFaceFlag(9, KMElementFlag::Hidden);
@@ -209,6 +208,7 @@ void tst_KMRenderer::elements()
     KMMeshNode *other = scene.add(MeshFixtures::grid(1, 4));
     for (int i = 0; i < other->vertexCount(); ++i)
         other->setPosition(i, other->position(i) + kvm::Vector3(7, 0, 0));
+    gSolution->setCurrentNode(mesh);
     scene.setFilter(KMViewFilter::UnselectedElements, true);
     scene.setFlags({true, true, true, false, false});
     lookDown(scene.camera, {4, 0, 2}, 4.5f);
@@ -226,9 +226,10 @@ void tst_KMRenderer::frontOnly()
             KMMeshNode *cone = scene.add(MeshFixtures::openCone(12));
             for (int i = 0; i < cone->vertexCount(); ++i)
                 cone->setPosition(i, cone->position(i) * 1.5f + kvm::Vector3(x, 0, 0));
+            cone->markMoved();
             gSolution->setCurrentNode(cone);
         }
-        scene.camera.setAngles(25, 20, 0); // from below: the inside
+        scene.camera.setAngles(25, 20, 0); // from below, into the cones
         scene.camera.setDistance(11);
         pictures << scene.paint();
     }

@@ -1,8 +1,8 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "mesh/KMFaceCommands.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshRenderData.h"
-#include "mesh/KMFaceCommands.h"
 #include "render/KMViewFilter.h"
 #include "support/MeshFixtures.h"
 #include "support/RenderScene.h"
@@ -43,12 +43,18 @@ public:
             const char *name;
             Change change;
         };
-        const Row rows[] = {{"move", &Changes::move},          {"flag", &Changes::flag},
-                            {"edge", &Changes::edgeFlag},      {"shader", &Changes::shader},
-                            {"delete", &Changes::deleteFace},  {"undo", &Changes::undo},
-                            {"uv", &Changes::uv},              {"turn", &Changes::turn},
-                            {"switch", &Changes::switchFlags}, {"activate", &Changes::activate},
-                            {"corner", &Changes::cornerFlag},  {"hide", &Changes::hide}};
+        const Row rows[] = {{"move", &Changes::move},
+                            {"flag", &Changes::flag},
+                            {"edge", &Changes::edgeFlag},
+                            {"shader", &Changes::shader},
+                            {"delete", &Changes::deleteFace},
+                            {"undo", &Changes::undo},
+                            {"uv", &Changes::uv},
+                            {"turn", &Changes::turn},
+                            {"switch", &Changes::switchFlags},
+                            {"activate", &Changes::activate},
+                            {"corner", &Changes::cornerFlag},
+                            {"hide", &Changes::hide}};
         const Row &row = rows[number(int(std::size(rows)))];
         (this->*row.change)();
         return QLatin1String(row.name);
@@ -91,7 +97,10 @@ private:
         else
             m_mesh->clearAllEdgeFlags(KMElementFlag::Hot);
     }
-    void cornerFlag() { m_mesh->setCornerFlag(face(), number(3), number(2) ? KMElementFlag::Selected : KMElementFlag::UVLocked); }
+    void cornerFlag()
+    {
+        m_mesh->setCornerFlag(face(), number(3), number(2) ? KMElementFlag::Selected : KMElementFlag::UVLocked);
+    }
     void shader()
     {
         m_mesh->setFaceShader(face(), number(3) - 1);

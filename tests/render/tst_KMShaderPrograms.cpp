@@ -65,7 +65,8 @@ void tst_KMShaderPrograms::brokenTextsAreToldAndLeftOut()
 
     const KMShareContext context;
     QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("failed load vertex shader \"?vertex_HUD")));
-    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("failed load fragment shader \"?fragment_real")));
+    QTest::ignoreMessage(QtDebugMsg,
+                         QRegularExpression(QStringLiteral("failed load fragment shader \"?fragment_real")));
     QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("failed load glsl. \"?real")));
     KMShaderPrograms programs;
     QVERIFY(!programs.load(folder.path() + QLatin1Char('/')));

@@ -8,6 +8,17 @@
 #include "modifiers/KMPrimitiveNode.h"
 #include "render/KMViewFilter.h"
 
+namespace {
+
+/// What is new is selected and active; a test chooses for itself.
+void release(KMContainerNode *node)
+{
+    node->setSelected(false);
+    gSolution->setCurrentNode(nullptr);
+}
+
+} // namespace
+
 RenderScene::RenderScene(const QSize &size)
     : view(size)
 {
@@ -19,12 +30,14 @@ RenderScene::RenderScene(const QSize &size)
 KMMeshNode *RenderScene::add(KMMeshNode *mesh)
 {
     gProject->addToScene(mesh);
+    release(mesh);
     return mesh;
 }
 
 KMPrimitiveNode *RenderScene::add(KMPrimitiveNode *primitive, const kvm::Vector3 &place)
 {
     gProject->addToScene(primitive);
+    release(primitive);
     KMTransform transform;
     transform.translation = place;
     primitive->setTransform(transform);

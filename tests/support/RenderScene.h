@@ -23,8 +23,8 @@ public:
     KMMeshNode *add(KMMeshNode *mesh); ///< takes it over
     /// Refreshed and moved to a place.
     KMPrimitiveNode *add(KMPrimitiveNode *primitive, const kvm::Vector3 &place = {});
-    int addShader(const KMBasicShader &values);   ///< returns its index
-    int addTexture(const QImage &picture);        ///< returns its index
+    int addShader(const KMBasicShader &values); ///< returns its index
+    int addTexture(const QImage &picture);      ///< returns its index
     void setFilter(int filter, bool on);
     void setFlags(const KMCameraNode::ViewFlags &flags) { camera.setViewFlags(flags); }
 

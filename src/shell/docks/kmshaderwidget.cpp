@@ -33,8 +33,8 @@ QVector<qint64> texturesOf(const KMBasicShader &values)
     return keys;
 }
 
-/// Where there is no OpenGL. Light from the upper left: the ambient colour in the shade, the diffuse one added in the light, and a spot of the
-/// specular one that gets smaller as the shininess grows.
+/// Where there is no OpenGL. Light from the upper left: the ambient colour in the shade, the diffuse one added in the
+/// light, and a spot of the specular one that gets smaller as the shininess grows.
 QBrush litBall(const KMBasicShader &values, const QRectF &ball)
 {
     const QColor shade = sum(sum({0, 0, 0, values.diffuse.alpha()}, values.ambient), values.emissive);
