@@ -1,6 +1,7 @@
 #include "KMBatchProgram.h"
 
 #include "KMBatchInfo.h"
+#include "KMBatchPicture.h"
 #include "KMBatchPrompt.h"
 #include "core/KMHeadlessSession.h"
 #include "core/KMSolution.h"
@@ -8,12 +9,18 @@
 #include "formats/KMNativeFormat.h"
 #include "render/KMCameraSet.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QImageWriter>
 #include <QJsonDocument>
+#include <QSaveFile>
 #include <QTextCodec>
+
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
 namespace {
 
@@ -43,6 +50,17 @@ void printUnknownFormat(const QString &path, const QString &done)
             : QStringLiteral("kelmo-batch: files of the suffix \"%1\" can't be %2 in this version").arg(suffix, done));
 }
 
+/// Drawing needs a display. Where there is none the program starts itself anew inside a virtual one; it comes back from
+/// here only when that isn't installed.
+void enterVirtualDisplay(int argc, char **argv)
+{
+    constexpr char screen[] = "-screen 0 1280x1024x24";
+    std::vector<const char *> command = {"xvfb-run", "-a", "-s", screen};
+    command.insert(command.end(), argv, argv + argc);
+    command.push_back(nullptr);
+    execvp(command.front(), const_cast<char *const *>(command.data()));
+}
+
 bool writeOut(const QByteArray &bytes)
 {
     return std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout) == size_t(bytes.size())
@@ -54,6 +72,9 @@ bool writeOut(const QByteArray &bytes)
 void KMBatchProgram::prepareEnvironment(int argc, char **argv)
 {
     const bool draws = argc > 1 && std::strcmp(argv[1], "render") == 0;
+    if (draws && qEnvironmentVariableIsEmpty("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        enterVirtualDisplay(argc, argv);
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && (!draws || qEnvironmentVariableIsEmpty("DISPLAY")))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
@@ -85,6 +106,8 @@ KMBatchProgram::ExitCode KMBatchProgram::runCommand(KMBatchPrompt &prompt)
         return info();
     if (m_arguments.command == QLatin1String("convert"))
         return convert(prompt);
+    if (m_arguments.command == QLatin1String("render"))
+        return render();
     KMBatchPrompt::print(QStringLiteral("kelmo-batch: %1 isn't possible in this version").arg(m_arguments.command));
     return WrongUse;
 }
@@ -126,4 +149,41 @@ KMBatchProgram::ExitCode KMBatchProgram::convert(KMBatchPrompt &prompt)
             KMBatchPrompt::print(QStringLiteral("--%1 has no meaning for these files").arg(name));
     }
     return Done;
+}
+
+KMBatchProgram::ExitCode KMBatchProgram::render()
+{
+    for (const char *name : {"motion", "frame", "pose"}) {
+        if (!m_arguments.has(QLatin1String(name)))
+            continue;
+        KMBatchPrompt::print(
+            QStringLiteral("kelmo-batch: --%1 isn't possible in this version").arg(QLatin1String(name)));
+        return WrongUse;
+    }
+    const QString output = m_arguments.paths.last();
+    if (!QImageWriter::supportedImageFormats().contains(suffixOf(output).toLatin1())) {
+        KMBatchPrompt::print(QStringLiteral("kelmo-batch: \"%1\" is no kind of picture").arg(suffixOf(output)));
+        return WrongUse;
+    }
+    const ExitCode read = readInput(m_arguments.paths.first());
+    return read == Done ? writePicture(output) : read;
+}
+
+KMBatchProgram::ExitCode KMBatchProgram::writePicture(const QString &path) const
+{
+    const QMap<QString, QString> &switches = m_arguments.switches;
+    const QString view = switches.value(QStringLiteral("view"), QStringLiteral("perspective"));
+    const QStringList size = switches.value(QStringLiteral("size"), QStringLiteral("1280x680")).split(QLatin1Char('x'));
+    const QImage picture = documentPicture(view, {size.first().toInt(), size.last().toInt()});
+    if (picture.isNull()) {
+        KMBatchPrompt::print(
+            QStringLiteral("kelmo-batch: nothing can be drawn here: it takes OpenGL on a display, or xvfb-run to make "
+                           "one, and a size that the driver can do"));
+        return NoOutput;
+    }
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && picture.save(&file, suffixOf(path).toLatin1().constData()) && file.commit())
+        return Done;
+    KMBatchPrompt::print(QStringLiteral("kelmo-batch: %1 can't be written: %2").arg(path, file.errorString()));
+    return NoOutput;
 }

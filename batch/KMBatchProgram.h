@@ -26,7 +26,9 @@ private:
     ExitCode runCommand(KMBatchPrompt &prompt);
     ExitCode info();
     ExitCode convert(KMBatchPrompt &prompt);
+    ExitCode render();
     ExitCode readInput(const QString &path) const;
+    ExitCode writePicture(const QString &path) const;
 
     QStringList m_argumentList;
     KMBatchArguments m_arguments;

@@ -187,8 +187,8 @@
         <translation>スフィア</translation>
     </message>
     <message>
-        <source>Add sphere map</source>
-        <translation>スフィアを加算</translation>
+        <source>Multiply sphere map</source>
+        <translation>スフィアを乗算</translation>
     </message>
     <message>
         <source>Outline</source>

@@ -25,7 +25,7 @@ struct KMBasicShader
     bool outlineEnabled = false;
     float outlineSize = 1.0f; ///< as in PMX edge size
     bool doubleSided = false;
-    bool sphereAdd = false; ///< the sphere map is added instead of multiplied
+    bool sphereAdd = false; ///< the sphere map is multiplied, not added; the name is older than that
 
     bool operator==(const KMBasicShader &other) const;
     bool operator!=(const KMBasicShader &other) const { return !(*this == other); }

@@ -2,8 +2,8 @@
 
 #include "render/KMOpenGLBuffer.h"
 
-/// The memory of a buffer as an array of T, for as long as this object lives. The driver may refuse: then the log says so
-/// and data() is null.
+/// The memory of a buffer as an array of T, for as long as this object lives. The driver may refuse: then the log says
+/// so and data() is null.
 class KMBufferMapBase
 {
     Q_DISABLE_COPY(KMBufferMapBase)

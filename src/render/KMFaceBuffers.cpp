@@ -112,9 +112,9 @@ void KMFaceBuffers::build(const KMMeshNode &mesh)
     }
     for (size_t i = 0; i < m_groups.size(); ++i)
         m_groups[i]->allocate(room[i], int(sizeof(KMFaceElement)), room[i]);
-    m_groups.erase(std::remove_if(m_groups.begin(), m_groups.end(),
-                                  [](const auto &group) { return group->elementCount == 0; }),
-                   m_groups.end());
+    m_groups.erase(
+        std::remove_if(m_groups.begin(), m_groups.end(), [](const auto &group) { return group->elementCount == 0; }),
+        m_groups.end());
     m_shaderToGroup.clear();
     for (size_t i = 0; i < m_groups.size(); ++i)
         m_shaderToGroup.insert(m_groups[i]->shader, int(i));

@@ -28,10 +28,10 @@ struct KMFrame
     KMCameraNode *camera = nullptr;
     QSize size; ///< of the view, as the camera and the mouse count
     QColor background;
-    KMViewTool *tool = nullptr;                  ///< may be null
-    KMFrameParts *parts = nullptr;               ///< may be null
-    KMOpenGLWidget *widget = nullptr;            ///< for the tool; null offscreen
+    KMViewTool *tool = nullptr;                    ///< may be null
+    KMFrameParts *parts = nullptr;                 ///< may be null
+    KMOpenGLWidget *widget = nullptr;              ///< for the tool; null offscreen
     const KMCameraNode *referenceCamera = nullptr; ///< the UV view shows the current mesh as this one sees it
-    float referenceWidthRatio = 1.0f;            ///< width of that view by the width of this one
-    bool isFirst = false;                        ///< of its view
+    float referenceWidthRatio = 1.0f;              ///< width of that view by the width of this one
+    bool isFirst = false;                          ///< of its view
 };

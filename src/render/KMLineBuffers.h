@@ -10,7 +10,7 @@ struct KMElementStyle
     kvm::Vector4 plain;
     kvm::Vector4 selected;
     kvm::Vector4 hot;
-    kvm::Vector4 ofSelectedFace; ///< for edges
+    kvm::Vector4 ofSelectedFace;            ///< for edges
     const KMVertexColors *colors = nullptr; ///< replaces all of them
 
     bool operator==(const KMElementStyle &other) const

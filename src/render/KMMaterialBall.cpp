@@ -19,8 +19,8 @@ KMFaceElement elementAt(int ring, int sector)
     const float longitude = 2.0f * float(M_PI) * float(sector) / float(sectors);
     const kvm::Vector3 normal(-std::sin(latitude) * std::sin(longitude), std::cos(latitude),
                               std::sin(latitude) * std::cos(longitude));
-    // The picture is wrapped once around the front and once around the back.
-    const kvm::Vector2 texcoord(2.0f * float(sector) / float(sectors), float(ring) / float(rings));
+    // The front shows the picture once, from its left to its right edge.
+    const kvm::Vector2 texcoord(2.0f * float(sector) / float(sectors) - 0.5f, float(ring) / float(rings));
     return {normal * radius, normal, {}, texcoord, 0.0f};
 }
 
@@ -38,7 +38,7 @@ bool KMMaterialBall::fill(RenderGroup &group)
     KMFaceElement *element = elements.data();
     for (int ring = 0; ring < rings; ++ring) {
         for (int sector = 0; sector < sectors; ++sector) {
-            const int steps[][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 1}, {1, 0}, {0, 0}};
+            const int steps[][2] = {{0, 0}, {1, 0}, {1, 1}, {1, 1}, {0, 1}, {0, 0}};
             for (const auto &step : steps)
                 *element++ = elementAt(ring + step[0], sector + step[1]);
         }
@@ -66,6 +66,9 @@ void KMMaterialBall::draw(KMRenderer &renderer, const KMShaderNode *shader, cons
     renderer.beginScene();
     renderer.material().setView(real, camera);
     renderer.material().apply(real, shader, true, false);
+    renderer.glEnable(GL_CULL_FACE); // through glass the far side would show in patches
+    renderer.glCullFace(GL_BACK);
     renderer.drawElements(ball, faceLayout, GL_TRIANGLES);
+    renderer.glDisable(GL_CULL_FACE);
     real.release();
 }

@@ -6,8 +6,8 @@
 
 class KMMeshNode;
 
-/// What the buffers of one kind of element have in common: they are filled when they are first drawn, and afterwards only
-/// what became stale is written again.
+/// What the buffers of one kind of element have in common: they are filled when they are first drawn, and afterwards
+/// only what became stale is written again.
 class KMMeshBuffers
 {
 public:

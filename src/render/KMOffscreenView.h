@@ -25,7 +25,7 @@ public:
     QSize size() const { return m_size; }
 
     QImage paint(KMCameraNode &camera, const QColor &background); ///< null when this isn't valid
-    QImage paint(const KMFrame &frame);                          ///< the size of the frame is that of this view
+    QImage paint(const KMFrame &frame);                           ///< the size of the frame is that of this view
     /// A material as a lit ball on a transparent ground.
     QImage paintMaterial(const KMShaderNode *shader);
 

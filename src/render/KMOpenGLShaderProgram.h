@@ -34,7 +34,7 @@ public:
     void setMatrix(Uniform uniform, const kvm::Matrix4 &matrix); ///< uploaded as it lies in memory
     void setMatrix3(Uniform uniform, const float *matrix);       ///< nine floats
     void setVector(Uniform uniform, const kvm::Vector3 &vector);
-    void setCamera(const KMCameraNode &camera);           ///< projection and model-view
+    void setCamera(const KMCameraNode &camera);            ///< projection and model-view
     void setColor3(const char *name, const QColor &color); ///< for a uniform without alpha
     void setColor4(const char *name, const QColor &color) { setUniformValue(name, color); }
 

@@ -24,11 +24,13 @@ void deleteRenderer()
 
 KMRenderer *KMRenderer::ensure()
 {
-    if (gRenderer)
+    static bool isImpossible = false;
+    if (gRenderer || isImpossible)
         return gRenderer;
     gRenderer = new KMRenderer;
     if (!gRenderer->initialize()) {
         qDebug() << "no OpenGL context";
+        isImpossible = true;
         deleteRenderer();
         return nullptr;
     }

@@ -23,7 +23,8 @@ struct RendeFuncStruct
 {
     KMMeshNode *node;
     const KMCameraNode *camera;
-    bool culled; ///< only what faces the view is drawn
+    bool isMoved = false;   ///< the screen positions are others
+    bool isRedrawn = false; ///< what of it is drawn may be other
 };
 
 /// Draws the scene: one for the process, made by the first view. It owns programs, textures and what all meshes share;
@@ -56,6 +57,8 @@ public:
 
     void prepareFrame(const KMCameraNode &camera); ///< computes what changed; nothing when nothing did
     void finishFrame();
+    /// The first of the two without a frame: screen positions and what is drawn of the meshes become those of a view.
+    void refreshWindowCoords(const KMCameraNode &camera);
     /// False where the view has no gradient and has to be cleared with its colour.
     bool drawBackground(const KMCameraNode &camera, const QColor &color);
     void drawFaces(const KMCameraNode &camera);

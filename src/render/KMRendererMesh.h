@@ -8,8 +8,8 @@
 
 class KMMeshNode;
 
-/// What the graphics card holds of one mesh. The mesh owns it. The buffers are made by the pass that needs them first and
-/// in its context; what a mesh never shows costs nothing.
+/// What the graphics card holds of one mesh. The mesh owns it. The buffers are made by the pass that needs them first
+/// and in its context; what a mesh never shows costs nothing.
 class KMRendererMesh : public KMMeshRenderData
 {
     Q_DISABLE_COPY(KMRendererMesh)
@@ -20,9 +20,9 @@ public:
     static KMRendererMesh &of(KMMeshNode &mesh); ///< made when the mesh has none yet
 
     void invalidate() override { rebuild(); }
-    void rebuild();                        ///< before the next use: other faces than before
-    void markDirty(quint32 renderDirty);   ///< bits of KMMeshDirty::RenderMask
-    void markVisibilityChanged();          ///< other elements of the mesh are drawn
+    void rebuild();                      ///< before the next use: other faces than before
+    void markDirty(quint32 renderDirty); ///< bits of KMMeshDirty::RenderMask
+    void markVisibilityChanged();        ///< other elements of the mesh are drawn
 
     // What the frame before left, so that a change shows
 

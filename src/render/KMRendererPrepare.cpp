@@ -31,12 +31,10 @@ void refresh(const RendeFuncStruct &call)
 void project(const RendeFuncStruct &call)
 {
     const KMCameraNode &camera = *call.camera;
-    call.node->projectVertices(camera.viewProjection(), camera.width(), camera.height());
-}
-
-void updateDrawn(const RendeFuncStruct &call)
-{
-    call.node->updateDrawn(call.culled);
+    if (call.isMoved)
+        call.node->projectVertices(camera.viewProjection(), camera.width(), camera.height());
+    if (call.isRedrawn)
+        call.node->updateDrawn(call.node->renderFlags() & KMRenderMask::FrontOnly);
 }
 
 } // namespace
@@ -89,7 +87,7 @@ void KMRenderer::refreshMeshes(const KMCameraNode &camera)
     QVector<RendeFuncStruct> calls;
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
         if (mesh->dirtyMask() != 0 && KMRenderMask::isShown(*mesh))
-            calls.append({mesh, &camera, false});
+            calls.append({mesh, &camera});
     }
     runParallel(calls, &refresh);
 }
@@ -115,23 +113,30 @@ void KMRenderer::prepareMeshes(const KMCameraNode &camera)
 void KMRenderer::projectMeshes(const KMCameraNode &camera)
 {
     constexpr quint32 shape = KMMeshDirty::RenderAll;
-    QVector<RendeFuncStruct> projected;
-    QVector<RendeFuncStruct> redrawn;
+    QVector<RendeFuncStruct> calls;
     for (const Item &item : std::as_const(m_items)) {
         const quint32 dirty = item.mesh->renderDirty();
         const bool culled = item.mesh->renderFlags() & KMRenderMask::FrontOnly;
-        const bool isMoved = item.data->projectedView() != m_viewNumber || (dirty & shape);
-        if (isMoved)
-            projected.append({item.mesh, &camera, culled});
-        if (dirty != 0 || culled != item.data->wasCulled() || (culled && isMoved)) {
-            redrawn.append({item.mesh, &camera, culled});
+        RendeFuncStruct call{item.mesh, &camera};
+        call.isMoved = item.data->projectedView() != m_viewNumber || (dirty & shape);
+        call.isRedrawn = dirty != 0 || culled != item.data->wasCulled() || (culled && call.isMoved);
+        if (call.isRedrawn)
             item.data->markVisibilityChanged();
-        }
+        if (call.isMoved || call.isRedrawn)
+            calls.append(call);
         item.data->setProjectedView(m_viewNumber);
         item.data->setCulled(culled);
     }
-    runParallel(projected, &project);
-    runParallel(redrawn, &updateDrawn);
+    runParallel(calls, &project);
+}
+
+void KMRenderer::refreshWindowCoords(const KMCameraNode &camera)
+{
+    if (m_busy)
+        return;
+    prepareFrame(camera);
+    m_items.clear();
+    m_busy = false;
 }
 
 void KMRenderer::finishFrame()

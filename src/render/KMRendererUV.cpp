@@ -91,7 +91,8 @@ void KMRenderer::drawUV(const KMCameraNode &camera, quint32 maskBit, bool asPoin
     line.release();
 }
 
-/// The current mesh as the other view shows it, in the proportions of that view: texture coordinates can be laid over it.
+/// The current mesh as the other view shows it, in the proportions of that view: texture coordinates can be laid over
+/// it.
 void KMRenderer::drawModelEdgesInUV()
 {
     KMOpenGLShaderProgram &line = program(KMShaderPrograms::Line);

@@ -45,13 +45,19 @@ bool KMShaderPrograms::load(const QString &folder)
 
 bool KMShaderPrograms::build(KMOpenGLShaderProgram &program, const Row &row, const QString &folder)
 {
-    if (!program.addShaderFromSourceFile(QOpenGLShader::Vertex, folder + QLatin1String(row.vertexText)))
+    // One text alone may link, and then draws by the driver's own rules.
+    bool complete = true;
+    if (!program.addShaderFromSourceFile(QOpenGLShader::Vertex, folder + QLatin1String(row.vertexText))) {
         qDebug() << "failed load vertex shader" << row.vertexText;
-    if (!program.addShaderFromSourceFile(QOpenGLShader::Fragment, folder + QLatin1String(row.fragmentText)))
+        complete = false;
+    }
+    if (!program.addShaderFromSourceFile(QOpenGLShader::Fragment, folder + QLatin1String(row.fragmentText))) {
         qDebug() << "failed load fragment shader" << row.fragmentText;
+        complete = false;
+    }
     for (size_t location = 0; location < row.attributes.size() && row.attributes.at(location); ++location)
         program.bindAttributeLocation(row.attributes.at(location), int(location));
-    return program.link();
+    return complete && program.link();
 }
 
 void KMShaderPrograms::clear()

@@ -17,8 +17,8 @@ struct KMUVStyle
     }
 };
 
-/// The faces of a mesh laid out by their texture coordinates, on a plate of 100 by 100: four corners each, whatever they
-/// have, with the lines between them and a point at each.
+/// The faces of a mesh laid out by their texture coordinates, on a plate of 100 by 100: four corners each, whatever
+/// they have, with the lines between them and a point at each.
 class KMUVBuffers : public KMMeshBuffers
 {
 public:

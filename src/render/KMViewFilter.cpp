@@ -1,12 +1,16 @@
 #include "render/KMViewFilter.h"
 
+#include "core/KMSolution.h"
+
 #include <QtGlobal>
 
 namespace KMViewFilter {
 
-const std::array<Row, KMSolution::ViewFlagCount> &rows()
+static_assert(SwitchCount == KMSolution::ViewFlagCount);
+
+const std::array<Row, SwitchCount> &rows()
 {
-    static const std::array<Row, KMSolution::ViewFlagCount> rows = {{
+    static const std::array<Row, SwitchCount> rows = {{
         {UnselectedElements, QT_TRANSLATE_NOOP("KMViewFilter", "Unselected Elements"), "boxFilterNElements", false,
          true},
         {Texture, QT_TRANSLATE_NOOP("KMViewFilter", "Texture"), "boxFilterTex", true, true},

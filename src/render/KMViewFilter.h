@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/KMSolution.h"
+#include <array>
 
 /// The switches of the filter menu, by their places in KMSolution::viewFlags().
 namespace KMViewFilter {
@@ -16,7 +16,8 @@ enum Switch {
     CullingCurrentOnly,
     RigidBody,
     Joint,
-    BonePolygon
+    BonePolygon,
+    SwitchCount
 };
 
 struct Row
@@ -29,7 +30,7 @@ struct Row
 };
 
 /// In the order of the menu.
-const std::array<Row, KMSolution::ViewFlagCount> &rows();
+const std::array<Row, SwitchCount> &rows();
 
 bool isOn(Switch filter); ///< in the session; off without one
 void reset();             ///< of the session

@@ -121,7 +121,9 @@ void tst_kelmo_batch::exitCodes_data()
     row("convert good.kmd out.docx", 1, "docx");
     row("convert good.kmd .", 1, "no suffix");
     row("info letter.docx", 1, "docx");
-    row("render good.kmd out.png", 1, "render");
+    row("render good.kmd out.docx", 1, "docx");
+    row("render good.kmd out.png --pose wave.vpd", 1, "--pose");
+    row("render short.kmd out.png", 2, "damaged");
     row("render good.kmd out.png --size 0x10", 1, "--size");
     row("run script.js", 1, "run");
     row("info missing.kmd", 2, "exist");

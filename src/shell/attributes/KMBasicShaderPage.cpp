@@ -72,7 +72,7 @@ void KMBasicShaderPage::createTextures()
     bindTexture(tr("Normal"), QStringLiteral("normalTexture"), KMBasicShader::Normal);
     bindTexture(tr("Toon"), QStringLiteral("toonTexture"), KMBasicShader::Toon);
     bindTexture(tr("Sphere"), QStringLiteral("sphereTexture"), KMBasicShader::Sphere);
-    bindCheck(tr("Add sphere map"), QStringLiteral("sphereAdd"), &KMBasicShader::sphereAdd);
+    bindCheck(tr("Multiply sphere map"), QStringLiteral("sphereAdd"), &KMBasicShader::sphereAdd);
 }
 
 void KMBasicShaderPage::createOutline()

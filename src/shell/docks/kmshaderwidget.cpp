@@ -3,7 +3,10 @@
 #include "core/KMBasicShaderNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
+#include "core/KMShaderNode.h"
 #include "core/KMSolution.h"
+#include "core/KMTextureNode.h"
+#include "render/KMOffscreenView.h"
 
 #include <QDataStream>
 #include <QPainter>
@@ -16,8 +19,22 @@ QColor sum(const QColor &a, const QColor &b)
                   a.alpha());
 }
 
-/// Light from the upper left: the ambient colour in the shade, the diffuse one added in the light, and a spot of the
-/// specular one that gets smaller as the shininess grows.
+constexpr int samples = 4; // of a pixel: small balls have a lot of rim
+
+/// What the textures of a material show now. A picture that is computed is always the same.
+QVector<qint64> texturesOf(const KMBasicShader &values)
+{
+    QVector<qint64> keys;
+    for (const int index : values.textures) {
+        const KMTextureNode *texture = gProject->textures().value(index);
+        const bool isComputed = texture && texture->type() == KMNodeType::ProcTexture;
+        keys << index << (!texture || isComputed ? 0 : texture->image().cacheKey());
+    }
+    return keys;
+}
+
+/// Where there is no OpenGL. Light from the upper left: the ambient colour in the shade, the diffuse one added in the
+/// light, and a spot of the specular one that gets smaller as the shininess grows.
 QBrush litBall(const KMBasicShader &values, const QRectF &ball)
 {
     const QColor shade = sum(sum({0, 0, 0, values.diffuse.alpha()}, values.ambient), values.emissive);
@@ -36,7 +53,10 @@ kmshaderwidget::kmshaderwidget(QWidget *parent)
     : KMShelfDock(QStringLiteral("kmshaderwidget"), tr("Shader"), QStringLiteral("shader"), parent)
 {
     connect(gProject, &KMProject::shadersChanged, this, &kmshaderwidget::refill);
+    connect(gProject, &KMProject::texturesChanged, this, &kmshaderwidget::refill);
 }
+
+kmshaderwidget::~kmshaderwidget() = default;
 
 QList<KMContainerNode *> kmshaderwidget::nodes() const
 {
@@ -48,6 +68,11 @@ QList<KMContainerNode *> kmshaderwidget::nodes() const
 
 QPixmap kmshaderwidget::picture(KMContainerNode *node, const QSize &size) const
 {
+    if (!m_view || m_view->size() != size)
+        m_view = std::make_unique<KMOffscreenView>(size, samples);
+    const QImage ballImage = m_view->paintMaterial(nodeAs<KMShaderNode>(node));
+    if (!ballImage.isNull())
+        return QPixmap::fromImage(ballImage);
     QPixmap result(size);
     result.fill(Qt::transparent);
     QPainter painter(&result);
@@ -69,7 +94,8 @@ QByteArray kmshaderwidget::pictureKey(KMContainerNode *node) const
         return key;
     const KMBasicShader &values = nodeAs<KMBasicShaderNode>(node)->values();
     QDataStream out(&key, QIODevice::Append);
-    out << values.diffuse << values.specular << values.ambient << values.emissive << values.shininess;
+    out << values.diffuse << values.specular << values.ambient << values.emissive << values.shininess
+        << values.shaderType << values.multiMode << values.sphereAdd << texturesOf(values);
     return key;
 }
 
