@@ -34,8 +34,6 @@ public:
     /// Sets all three at once and lets the class follow: bones and meshes raise their dirty bits here.
     virtual void setTransform(const KMTransform &transform);
 
-    kvm::Matrix4 worldMatrix() const; ///< its transform and those of its parents
-
     KMContainerNode *clone() const override;
 
 protected:
