@@ -5,6 +5,7 @@
 
 #include <QVector>
 
+class KMContainerNode;
 class KMMeshStore;
 
 /// The body of a mesh: transform, vertices, faces, weights of the edges, smoothing angle, tags.
