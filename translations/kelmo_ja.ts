@@ -625,10 +625,48 @@
     </message>
 </context>
 <context>
+    <name>KMMarqueeSelect</name>
+    <message>
+        <source>Rect Select</source>
+        <translation>矩形選択</translation>
+    </message>
+    <message>
+        <source>Lasso Select</source>
+        <translation>投げ縄選択</translation>
+    </message>
+</context>
+<context>
+    <name>KMMeshClipboard</name>
+    <message>
+        <source>Copy faces first</source>
+        <translation>先に面をコピーしてください</translation>
+    </message>
+    <message>
+        <source>Select a mesh first</source>
+        <translation>先にメッシュを選択してください</translation>
+    </message>
+    <message>
+        <source>The mesh is locked</source>
+        <translation>メッシュはロックされています</translation>
+    </message>
+    <message>
+        <source>Nothing to paste</source>
+        <translation>貼り付けるものがありません</translation>
+    </message>
+</context>
+<context>
     <name>KMMeshEdit</name>
     <message>
         <source>Assign Shader</source>
         <translation>シェーダーの割り当て</translation>
+    </message>
+    <message>
+        <source>Delete Selection Node</source>
+        <translation>選択要素の削除</translation>
+    </message>
+    <message>
+        <source>Merge Vertex</source>
+        <translation>頂点の結合</translation>
     </message>
 </context>
 <context>
@@ -636,6 +674,56 @@
     <message>
         <source>Mesh</source>
         <translation>メッシュ</translation>
+    </message>
+</context>
+<context>
+    <name>KMMeshPaste</name>
+    <message>
+        <source>Paste Mesh</source>
+        <translation>メッシュの貼り付け</translation>
+    </message>
+</context>
+<context>
+    <name>KMMeshSelect</name>
+    <message>
+        <source>Select Vertex</source>
+        <translation>頂点の選択</translation>
+    </message>
+    <message>
+        <source>Unselect Vertex</source>
+        <translation>頂点の選択解除</translation>
+    </message>
+    <message>
+        <source>Select Edge</source>
+        <translation>辺の選択</translation>
+    </message>
+    <message>
+        <source>Unselect Edge</source>
+        <translation>辺の選択解除</translation>
+    </message>
+    <message>
+        <source>Select Face</source>
+        <translation>面の選択</translation>
+    </message>
+    <message>
+        <source>Unselect Face</source>
+        <translation>面の選択解除</translation>
+    </message>
+    <message>
+        <source>Select UV</source>
+        <translation>UV の選択</translation>
+    </message>
+    <message>
+        <source>Unselect UV</source>
+        <translation>UV の選択解除</translation>
+    </message>
+    <message>
+        <source>UnSelectAll</source>
+        <translation>すべて選択解除</translation>
+    </message>
+    <message>
+        <source>UnSelect All UV</source>
+        <translation>すべての UV の選択解除</translation>
     </message>
 </context>
 <context>
@@ -827,6 +915,25 @@
     <message>
         <source>Do you want to save your changes?</source>
         <translation>変更を保存しますか?</translation>
+    </message>
+</context>
+<context>
+    <name>KMSelectionTransform</name>
+    <message>
+        <source>Move Selection</source>
+        <translation>選択要素の移動</translation>
+    </message>
+    <message>
+        <source>Scale Selection</source>
+        <translation>選択要素の拡大縮小</translation>
+    </message>
+    <message>
+        <source>Rotate Selection</source>
+        <translation>選択要素の回転</translation>
+    </message>
+    <message>
+        <source>Snap Vertex</source>
+        <translation>頂点のスナップ</translation>
     </message>
 </context>
 <context>
@@ -1620,6 +1727,38 @@ Trying to Recover Files?</source>
     <message>
         <source>Help(&amp;H)</source>
         <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Insert Paste</source>
+        <translation>挿入貼り付け</translation>
+    </message>
+    <message>
+        <source>Mirror Paste</source>
+        <translation>鏡像貼り付け</translation>
+    </message>
+    <message>
+        <source>Insert the copied faces and join them to vertices at the same place</source>
+        <translation>コピーした面を挿入し、同じ位置の頂点につなぎます</translation>
+    </message>
+    <message>
+        <source>Insert the copied faces on the other side of the symmetry plane</source>
+        <translation>コピーした面を対称面の反対側に挿入します</translation>
+    </message>
+    <message>
+        <source>Copy the selected faces, or the selected nodes</source>
+        <translation>選択した面、または選択したノードをコピーします</translation>
+    </message>
+    <message>
+        <source>Copy the selected faces or nodes and delete them</source>
+        <translation>選択した面またはノードをコピーして削除します</translation>
+    </message>
+    <message>
+        <source>Insert the copied faces or nodes</source>
+        <translation>コピーした面またはノードを挿入します</translation>
+    </message>
+    <message>
+        <source>Delete the selected elements, or the selected nodes</source>
+        <translation>選択した要素、または選択したノードを削除します</translation>
     </message>
 </context>
 <context>
