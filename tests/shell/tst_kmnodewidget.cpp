@@ -464,6 +464,7 @@ void tst_kmnodewidget::keysOfTheShelves()
     list->setCurrentRow(0);
     QTest::keyClick(list, Qt::Key_Delete);
     QCOMPARE(gProject->shaders().size(), 2);
+    QCOMPARE(gSolution->currentShader(), gProject->shaders().nodes().first()); // the one that moved up
     QCOMPARE(shape(), QStringLiteral("a b(c) i"));
     list->setCurrentItem(nullptr);
     QTest::keyClick(list, Qt::Key_Delete);
