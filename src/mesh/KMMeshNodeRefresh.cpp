@@ -114,6 +114,8 @@ void KMMeshNode::refreshLiveVertices()
         live[count++] = vertex;
     }
     m_liveVertices.resize(count);
+    if (count < vertexCount() / 2)
+        m_liveVertices.squeeze();
 }
 
 void KMMeshNode::refreshRecords(bool withEdges)
@@ -172,7 +174,7 @@ void KMMeshNode::computeNormals(bool force)
     if (m_suspendNormals)
         return;
     auto *tag = static_cast<KMTagNormal *>(findTag(KMNodeType::TagNormal));
-    if (!hasDrawnNormals(tag))
+    if (!hasDrawnNormals(tag) || (faceCount() == 0 && !tag))
         return;
     if (corners().faceCount() != faceCount() || corners().vertexCount() != vertexCount())
         readCorners();
