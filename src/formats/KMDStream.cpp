@@ -215,21 +215,23 @@ QString KMDStream::readString()
     return text;
 }
 
+bool KMDStream::areNext(const QByteArray &bytes) const
+{
+    const uchar *at = ok() && bytes.size() <= bytesLeft() ? fetch(bytes.size()) : nullptr;
+    return at && std::memcmp(at, bytes.constData(), size_t(bytes.size())) == 0;
+}
+
 bool KMDStream::isNext(const QString &text) const
 {
     QByteArray streamed;
-    QDataStream(&streamed, QIODevice::WriteOnly) << text;
-    const uchar *at = ok() && streamed.size() <= bytesLeft() ? fetch(streamed.size()) : nullptr;
-    return at && std::memcmp(at, streamed.constData(), size_t(streamed.size())) == 0;
+    QDataStream out(&streamed, QIODevice::WriteOnly);
+    out << text;
+    return areNext(streamed);
 }
 
 bool KMDStream::isPictureNext() const
 {
-    KMDStream ahead(m_bytes);
-    ahead.m_position = m_position;
-    const uchar *at;
-    return ok() && ahead.readI32() == 1 && ahead.take(pngSignatureBytes, &at)
-           && std::memcmp(at, pngSignature, pngSignatureBytes) == 0;
+    return areNext(QByteArray("\0\0\0\1", 4) + QByteArray(pngSignature, pngSignatureBytes));
 }
 
 QColor KMDStream::readColor()

@@ -66,7 +66,8 @@ public:
 
 private:
     bool take(qint64 bytes, const uchar **at); ///< valid until the next call
-    const uchar *fetch(qint64 bytes) const;    ///< the bytes at the present place; null when the device fails
+    bool areNext(const QByteArray &bytes) const;
+    const uchar *fetch(qint64 bytes) const; ///< the bytes at the present place; null when the device fails
     bool takeFloat(double *value);
     QString place() const;
     void noteNonFinite();
