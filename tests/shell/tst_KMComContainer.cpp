@@ -168,8 +168,6 @@ void tst_KMComContainer::selectAllElements()
     mesh->rebuildSelectionCache();
     QVERIFY(mesh->selectedVertices().isEmpty());
 
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&*window)); // only then has anything the focus
     gProject->tree()->setFocus();
     window.trigger("ComSelectAll");
     QCOMPARE(gProject->tree()->selectedItems().size(), 2);
