@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <numeric>
 
 using kvm::Vector3;
 
@@ -71,38 +72,27 @@ struct KMSmoothNormals::Limit
 struct KMSmoothNormals::NoCreases
 {
     bool allows(int, int) const { return true; }
-    void start(int, int) const {}
-    void add(int, int) const {}
 };
 
-/// Knows the members of each group, so that a face stays out of a group from which a crease parts it.
+/// Keeps a face out of a group that has a face from which a crease parts it. A group belongs to one vertex, and
+/// faces join in their order, so that only those before it can be in.
 struct KMSmoothNormals::Creases
 {
     bool allows(int group, int corner) const
     {
-        const int face = corner / Corners;
-        if (!normals.m_creased[size_t(face)])
-            return true;
-        for (int member = normals.m_lastMembers[size_t(group)]; member >= 0;
-             member = normals.m_formerMembers[size_t(member)]) {
-            if (pairs.contains(KMTagNormal::facePair(face, member / Corners)))
+        const size_t face = size_t(corner / Corners);
+        for (int i = normals.m_partnerStarts[face]; i < normals.m_partnerStarts[face + 1]; ++i) {
+            const int partner = normals.m_partners[size_t(i)];
+            const int *groups = &normals.m_cornerGroups[size_t(Corners) * size_t(partner)];
+            const int count = KMCornerTable::surfaceCount(corners.of(partner));
+            if (std::find(groups, groups + count, group) != groups + count)
                 return false;
         }
         return true;
     }
-    void start(int group, int corner) const
-    {
-        normals.m_lastMembers[size_t(group)] = corner;
-        normals.m_formerMembers[size_t(corner)] = -1;
-    }
-    void add(int group, int corner) const
-    {
-        normals.m_formerMembers[size_t(corner)] = normals.m_lastMembers[size_t(group)];
-        normals.m_lastMembers[size_t(group)] = corner;
-    }
 
-    KMSmoothNormals &normals;
-    const QSet<quint64> &pairs;
+    const KMSmoothNormals &normals;
+    const KMCornerTable &corners;
 };
 
 void KMSmoothNormals::compute(KMMeshNode &mesh, KMTagNormal *tag, bool force)
@@ -112,7 +102,7 @@ void KMSmoothNormals::compute(KMMeshNode &mesh, KMTagNormal *tag, bool force)
     prepare(mesh, tag, force);
     readPositions(mesh);
     if (tag && !tag->creaseFaces().isEmpty())
-        gather(mesh, Creases{*this, tag->creaseFaces()});
+        gather(mesh, Creases{*this, mesh.corners()});
     else
         gather(mesh, NoCreases());
     normalizeGroups();
@@ -128,37 +118,34 @@ void KMSmoothNormals::prepare(const KMMeshNode &mesh, const KMTagNormal *tag, bo
     m_vertexCount = mesh.vertexCount();
     m_faceCount = mesh.faceCount();
     const size_t corners = size_t(Corners) * size_t(m_faceCount);
-    const size_t groups = size_t(m_vertexCount) + corners;
     if (isOther) {
         m_positions = KMLargeArray<Position>(size_t(m_vertexCount));
-        m_groups = KMLargeArray<Group>(groups);
+        m_groups = KMLargeArray<Group>(size_t(m_vertexCount) + corners);
         m_cornerGroups = KMLargeArray<int>(corners);
     }
     const bool hasCreases = tag && !tag->creaseFaces().isEmpty();
     if (isOther || !hasCreases) {
-        m_lastMembers.reset();
-        m_formerMembers.reset();
-        m_creased = {};
+        m_partnerStarts = {};
+        m_partners = {};
     }
-    if (!hasCreases)
-        return;
-    const bool isFresh = m_lastMembers.isEmpty();
-    if (isFresh) {
-        m_lastMembers = KMLargeArray<int>(groups);
-        m_formerMembers = KMLargeArray<int>(corners);
-    }
-    if (isFresh || force)
+    if (hasCreases && (m_partnerStarts.empty() || force))
         prepareCreases(*tag);
 }
 
 void KMSmoothNormals::prepareCreases(const KMTagNormal &tag)
 {
-    m_creased.assign(size_t(m_faceCount), 0);
+    const auto isThere = [this](quint64 pair) { return (pair >> 32) < quint64(m_faceCount); };
+    m_partnerStarts.assign(size_t(m_faceCount) + 1, 0);
     for (const quint64 pair : tag.creaseFaces()) {
-        for (const size_t face : {size_t(quint32(pair)), size_t(pair >> 32)}) {
-            if (face < m_creased.size())
-                m_creased[face] = 1;
-        }
+        if (isThere(pair))
+            ++m_partnerStarts[size_t(pair >> 32)];
+    }
+    std::partial_sum(m_partnerStarts.begin(), m_partnerStarts.end(), m_partnerStarts.begin());
+    m_partners.resize(size_t(m_partnerStarts.back()));
+    // Each start comes down from the end of its face's range as the partners fill it.
+    for (const quint64 pair : tag.creaseFaces()) {
+        if (isThere(pair))
+            m_partners[size_t(--m_partnerStarts[size_t(pair >> 32)])] = int(quint32(pair));
     }
 }
 
@@ -259,7 +246,6 @@ int KMSmoothNormals::join(int vertex, int corner, const Vector3 &normal, double 
             if (limit.takes(group.normal(), normal, normalLength2) && parting.allows(g, corner)) {
                 group.setNormal(group.normal() + normal);
                 ++group.count;
-                parting.add(g, corner);
                 return g;
             }
             if (group.next < 0)
@@ -270,7 +256,6 @@ int KMSmoothNormals::join(int vertex, int corner, const Vector3 &normal, double 
         g = m_groupCount++;
     }
     groups[g] = {normal.x, normal.y, normal.z, 1, -1};
-    parting.start(g, corner);
     return g;
 }
 

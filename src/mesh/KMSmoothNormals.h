@@ -78,7 +78,6 @@ private:
 
     // With creases only
 
-    KMLargeArray<int> m_lastMembers;   // of each group: its newest corner
-    KMLargeArray<int> m_formerMembers; // of each corner: the one that joined its group before it, or -1
-    std::vector<quint8> m_creased;     // faces that stand in a pair of the tag
+    std::vector<int> m_partnerStarts; // for each face where its partners begin, and where those of the last one end
+    std::vector<int> m_partners;      // faces of lower numbers, from which a crease parts the face
 };
