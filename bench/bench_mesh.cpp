@@ -7,10 +7,12 @@
 #include <benchmark/benchmark.h>
 
 #include <malloc.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
 #include <ctime>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -190,6 +192,21 @@ private:
     KMMeshNode &m_mesh;
 };
 
+/// All that an edit of the topology asks for when it did change the topology: a face lost or got back its last corner.
+class RefreshAfterEdit
+{
+public:
+    explicit RefreshAfterEdit(KMMeshNode &mesh)
+        : m_mesh(mesh)
+    {
+    }
+    void prepare() { m_mesh.face(m_mesh.faceCount() / 2)->count ^= 3 ^ 4; }
+    void run() { m_mesh.refreshMesh(KMMeshDirty::All); }
+
+private:
+    KMMeshNode &m_mesh;
+};
+
 /// Renumbering after every tenth face went.
 class Compact
 {
@@ -243,25 +260,33 @@ void compare(benchmark::State &state)
     state.counters["ratio"] = best / bestPlain;
 }
 
-size_t bytesInUse()
+size_t residentBytes()
 {
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
+    malloc_trim(0);
+    size_t pages = 0;
+    size_t resident = 0;
+    std::ifstream("/proc/self/statm") >> pages >> resident;
+    return resident * size_t(sysconf(_SC_PAGESIZE));
 }
 
-/// Bytes of the heap for each quad, beside what the records and the lists that hold them come to.
+/// Resident bytes for each quad, beside what the records and the lists that hold them come to.
 void memory(benchmark::State &state)
 {
+    const size_t meshCount =
+        size_t(std::max<int64_t>(1, 200000 / state.range(0))); // small ones drown in the heap's slack
     size_t bytes = 0;
     size_t plain = 0;
     for (auto _ : state) {
-        const size_t before = bytesInUse();
-        const std::unique_ptr<KMMeshNode> mesh = waveGrid(int(state.range(0)));
-        bytes = bytesInUse() - before;
+        const size_t before = residentBytes();
+        std::vector<std::unique_ptr<KMMeshNode>> meshes(meshCount);
+        for (std::unique_ptr<KMMeshNode> &mesh : meshes)
+            mesh = waveGrid(int(state.range(0)));
+        bytes = (residentBytes() - before) / meshCount;
         // A record stands in its store and in a live list, an edge in the table.
-        plain = size_t(mesh->vertexCount()) * (sizeof(KMVertex) + 2 * sizeof(void *))
-                + size_t(mesh->faceCount()) * (sizeof(KMFace) + 2 * sizeof(void *))
-                + size_t(mesh->edgeCount()) * (sizeof(KMEdge) + sizeof(quint32));
+        const KMMeshNode &mesh = *meshes.front();
+        plain = size_t(mesh.vertexCount()) * (sizeof(KMVertex) + 2 * sizeof(void *))
+                + size_t(mesh.faceCount()) * (sizeof(KMFace) + 2 * sizeof(void *))
+                + size_t(mesh.edgeCount()) * (sizeof(KMEdge) + sizeof(quint32));
         state.SetIterationTime(1e-3);
     }
     state.counters["bytes_per_quad"] = double(bytes) / double(state.range(0));
@@ -283,6 +308,7 @@ void registerSizes(const char *name, void (*run)(benchmark::State &))
 const bool registered = [] {
     registerSizes("refresh all, edge table", compare<Refresh<KMMeshDirty::All>, EdgePass>);
     registerSizes("refresh all, QHash", compare<Refresh<KMMeshDirty::All>, HashPass>);
+    registerSizes("refresh all after an edit, edge table", compare<RefreshAfterEdit, EdgePass>);
     registerSizes("refresh edges, edge table", compare<Refresh<KMMeshDirty::Edges>, EdgePass>);
     registerSizes("refresh positions", compare<Refresh<KMMeshDirty::Positions>, NormalPass>);
     registerSizes("compact", compare<Compact, CopyPass>);

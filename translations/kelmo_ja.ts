@@ -215,10 +215,98 @@
     </message>
 </context>
 <context>
+    <name>KMCameraNode</name>
+    <message>
+        <source>Perspective View</source>
+        <translation>透視ビュー</translation>
+    </message>
+    <message>
+        <source>Ortho View</source>
+        <translation>平行投影ビュー</translation>
+    </message>
+    <message>
+        <source>Top View</source>
+        <translation>上面ビュー</translation>
+    </message>
+    <message>
+        <source>Front View</source>
+        <translation>正面ビュー</translation>
+    </message>
+    <message>
+        <source>Back View</source>
+        <translation>背面ビュー</translation>
+    </message>
+    <message>
+        <source>Right View</source>
+        <translation>右面ビュー</translation>
+    </message>
+    <message>
+        <source>Left View</source>
+        <translation>左面ビュー</translation>
+    </message>
+    <message>
+        <source>UV View</source>
+        <translation>UV ビュー</translation>
+    </message>
+    <message>
+        <source>FOV</source>
+        <translation>視野角</translation>
+    </message>
+</context>
+<context>
     <name>KMColorField</name>
     <message>
         <source>Red %1, green %2, blue %3, alpha %4</source>
         <translation>赤 %1、緑 %2、青 %3、不透明度 %4</translation>
+    </message>
+</context>
+<context>
+    <name>KMDMeshBody</name>
+    <message>
+        <source>A face of %1 corners can&apos;t be</source>
+        <translation>%1 個の角を持つ面はありえません</translation>
+    </message>
+    <message>
+        <source>A face at the vertex %1, which the mesh doesn&apos;t have, was left out</source>
+        <translation>メッシュにない頂点 %1 を使う面は省かれました</translation>
+    </message>
+    <message>
+        <source>An edge between the vertices %1 and %2, which the mesh doesn&apos;t have</source>
+        <translation>メッシュにない頂点 %1 と %2 の間の辺です</translation>
+    </message>
+</context>
+<context>
+    <name>KMDNormalTag</name>
+    <message>
+        <source>An odd number of crease ends, %1</source>
+        <translation>折り目の端の数 %1 が奇数です</translation>
+    </message>
+    <message>
+        <source>A crease between the vertices %1 and %2, which the mesh doesn&apos;t have</source>
+        <translation>メッシュにない頂点 %1 と %2 の間の折り目です</translation>
+    </message>
+    <message>
+        <source>Normals of the face %1, which the mesh doesn&apos;t have</source>
+        <translation>メッシュにない面 %1 の法線です</translation>
+    </message>
+</context>
+<context>
+    <name>KMDReadContext</name>
+    <message>
+        <source>%1 has too many faces and was given the standard form</source>
+        <translation>%1 は面が多すぎるため、標準の形にしました</translation>
+    </message>
+    <message>
+        <source>The file of the SVG shape %1 has no place in the file</source>
+        <translation>SVG 形状 %1 のファイルは、このファイルには保存できません</translation>
+    </message>
+    <message>
+        <source>An SVG shape comes without its name and its drawing</source>
+        <translation>SVG 形状は名前と図なしで読み込まれます</translation>
+    </message>
+    <message>
+        <source>The scale moves a point out of all numbers; it was put at the origin</source>
+        <translation>スケールにより座標が表せる範囲を超えた点を原点に置きました</translation>
     </message>
 </context>
 <context>
@@ -242,10 +330,6 @@
     <message>
         <source>The file is too large: %1 bytes</source>
         <translation>ファイルが大きすぎます: %1 バイト</translation>
-    </message>
-    <message>
-        <source>The file can&apos;t be read: %1</source>
-        <translation>ファイルを読み込めません: %1</translation>
     </message>
     <message>
         <source>This is not a model file: %1</source>
@@ -288,10 +372,6 @@
         <translation>不明な種類 0x%1 のノードです</translation>
     </message>
     <message>
-        <source>A node of the type 0x%1 can&apos;t be shown and was left out</source>
-        <translation>種類 0x%1 のノードは表示できないため除きました</translation>
-    </message>
-    <message>
         <source>display groups</source>
         <translation>表示枠</translation>
     </message>
@@ -315,12 +395,39 @@
         <source>There is something behind the end</source>
         <translation>終端の後に余分なデータがあります</translation>
     </message>
+    <message>
+        <source>The node %1 was left out: this release has none of its kind, %2</source>
+        <translation>ノード %1 は省かれました。この版にはその種類がありません: %2</translation>
+    </message>
 </context>
 <context>
     <name>KMDSceneBuilder</name>
     <message>
         <source>Load kmd</source>
         <translation>kmdの読み込み</translation>
+    </message>
+</context>
+<context>
+    <name>KMDShelfBlocks</name>
+    <message>
+        <source>The picture of the texture %1 is damaged</source>
+        <translation>テクスチャ %1 の画像が壊れています</translation>
+    </message>
+    <message>
+        <source>The texture %1 is of an unknown kind and was left out</source>
+        <translation>テクスチャ %1 は未知の種類のため省かれました</translation>
+    </message>
+    <message>
+        <source>The shader %1 is of an unknown kind and became a basic one</source>
+        <translation>シェーダー %1 は未知の種類のため基本シェーダーになりました</translation>
+    </message>
+    <message>
+        <source>textures</source>
+        <translation>テクスチャ</translation>
+    </message>
+    <message>
+        <source>shaders</source>
+        <translation>シェーダー</translation>
     </message>
 </context>
 <context>
@@ -360,6 +467,48 @@
     <message>
         <source>%1 records are promised, but only %2 bytes are left</source>
         <translation>%1 件のレコードがあるはずですが、残りは %2 バイトです</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read: %1</source>
+        <translation>ファイルを読み込めません: %1</translation>
+    </message>
+</context>
+<context>
+    <name>KMDTagBodies</name>
+    <message>
+        <source>The tag %1 of %2 has no place in the file</source>
+        <translation>%2 のタグ %1 はファイルに保存できません</translation>
+    </message>
+    <message>
+        <source>A tag of the unknown type 0x%1</source>
+        <translation>未知の種類 0x%1 のタグです</translation>
+    </message>
+    <message>
+        <source>The tag %1 of %2 was left out: it has enough of this kind</source>
+        <translation>%2 のタグ %1 は省かれました。同じ種類がすでにあります</translation>
+    </message>
+    <message>
+        <source>The tag %1 of %2 was left out: this release has none of its kind, %3</source>
+        <translation>%2 のタグ %1 は省かれました。この版にはその種類がありません: %3</translation>
+    </message>
+</context>
+<context>
+    <name>KMDViewBlocks</name>
+    <message>
+        <source>A camera of the unknown type %1</source>
+        <translation>未知の種類 %1 のカメラです</translation>
+    </message>
+    <message>
+        <source>view settings</source>
+        <translation>表示設定</translation>
+    </message>
+    <message>
+        <source>cameras</source>
+        <translation>カメラ</translation>
+    </message>
+    <message>
+        <source>views</source>
+        <translation>ビュー</translation>
     </message>
 </context>
 <context>
@@ -584,6 +733,14 @@
         <source>File</source>
         <translation>ファイル</translation>
     </message>
+    <message>
+        <source>Reload</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>Reads the file again after another program has changed it</source>
+        <translation>ほかのプログラムが変更したファイルを読み直します</translation>
+    </message>
 </context>
 <context>
     <name>KMFloatNodeContainer</name>
@@ -597,6 +754,13 @@
     <message>
         <source>This setting will take effect after the application restart</source>
         <translation>この設定はアプリケーションの再起動後に有効になります</translation>
+    </message>
+</context>
+<context>
+    <name>KMGridNode</name>
+    <message>
+        <source>Grid</source>
+        <translation>グリッド</translation>
     </message>
 </context>
 <context>
@@ -625,10 +789,48 @@
     </message>
 </context>
 <context>
+    <name>KMMarqueeSelect</name>
+    <message>
+        <source>Rect Select</source>
+        <translation>矩形選択</translation>
+    </message>
+    <message>
+        <source>Lasso Select</source>
+        <translation>投げ縄選択</translation>
+    </message>
+</context>
+<context>
+    <name>KMMeshClipboard</name>
+    <message>
+        <source>Copy faces first</source>
+        <translation>先に面をコピーしてください</translation>
+    </message>
+    <message>
+        <source>Select a mesh first</source>
+        <translation>先にメッシュを選択してください</translation>
+    </message>
+    <message>
+        <source>The mesh is locked</source>
+        <translation>メッシュはロックされています</translation>
+    </message>
+    <message>
+        <source>Nothing to paste</source>
+        <translation>貼り付けるものがありません</translation>
+    </message>
+</context>
+<context>
     <name>KMMeshEdit</name>
     <message>
         <source>Assign Shader</source>
         <translation>シェーダーの割り当て</translation>
+    </message>
+    <message>
+        <source>Delete Selection Node</source>
+        <translation>選択要素の削除</translation>
+    </message>
+    <message>
+        <source>Merge Vertex</source>
+        <translation>頂点の結合</translation>
     </message>
 </context>
 <context>
@@ -639,10 +841,115 @@
     </message>
 </context>
 <context>
+    <name>KMMeshPage</name>
+    <message>
+        <source>Mesh</source>
+        <translation>メッシュ</translation>
+    </message>
+    <message>
+        <source>Smooth angle</source>
+        <translation>スムーズ角度</translation>
+    </message>
+    <message>
+        <source>Faces that meet at a smaller angle are shaded as one surface</source>
+        <translation>これより小さい角度で接する面を、ひと続きの面として陰影付けします</translation>
+    </message>
+    <message>
+        <source>Frame only</source>
+        <translation>軸のみ</translation>
+    </message>
+    <message>
+        <source>Moves the axes and the symmetry plane of the mesh and leaves the vertices where they are</source>
+        <translation>メッシュの軸と対称面だけを動かし、頂点はそのままにします</translation>
+    </message>
+    <message>
+        <source>Vertices</source>
+        <translation>頂点</translation>
+    </message>
+    <message>
+        <source>Edges</source>
+        <translation>辺</translation>
+    </message>
+    <message>
+        <source>Faces</source>
+        <translation>面</translation>
+    </message>
+    <message>
+        <source>Triangles</source>
+        <translation>三角形</translation>
+    </message>
+    <message>
+        <source>Modifiers</source>
+        <translation>モディファイア</translation>
+    </message>
+    <message>
+        <source>Edit MeshNode</source>
+        <translation>メッシュノードの編集</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+</context>
+<context>
+    <name>KMMeshPaste</name>
+    <message>
+        <source>Paste Mesh</source>
+        <translation>メッシュの貼り付け</translation>
+    </message>
+</context>
+<context>
+    <name>KMMeshSelect</name>
+    <message>
+        <source>Select Vertex</source>
+        <translation>頂点の選択</translation>
+    </message>
+    <message>
+        <source>Unselect Vertex</source>
+        <translation>頂点の選択解除</translation>
+    </message>
+    <message>
+        <source>Select Edge</source>
+        <translation>辺の選択</translation>
+    </message>
+    <message>
+        <source>Unselect Edge</source>
+        <translation>辺の選択解除</translation>
+    </message>
+    <message>
+        <source>Select Face</source>
+        <translation>面の選択</translation>
+    </message>
+    <message>
+        <source>Unselect Face</source>
+        <translation>面の選択解除</translation>
+    </message>
+    <message>
+        <source>Select UV</source>
+        <translation>UV の選択</translation>
+    </message>
+    <message>
+        <source>Unselect UV</source>
+        <translation>UV の選択解除</translation>
+    </message>
+    <message>
+        <source>UnSelectAll</source>
+        <translation>すべて選択解除</translation>
+    </message>
+    <message>
+        <source>UnSelect All UV</source>
+        <translation>すべての UV を選択解除</translation>
+    </message>
+</context>
+<context>
     <name>KMNativeFormat</name>
     <message>
         <source>The file can&apos;t be written: %1</source>
         <translation>ファイルに書き込めません: %1</translation>
+    </message>
+    <message>
+        <source>There is no file name</source>
+        <translation>ファイル名がありません</translation>
     </message>
 </context>
 <context>
@@ -650,6 +957,10 @@
     <message>
         <source>Paste</source>
         <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Select a node that can hold %1</source>
+        <translation>%1 を持てるノードを選択してください</translation>
     </message>
 </context>
 <context>
@@ -716,6 +1027,76 @@
         <source>Name</source>
         <translation>名前</translation>
     </message>
+    <message>
+        <source>Visible</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>ロック</translation>
+    </message>
+    <message>
+        <source>%1 nodes are selected. Switches and coordinates are set on all of them.</source>
+        <translation>%1 個のノードが選択されています。スイッチと座標はすべてに設定されます。</translation>
+    </message>
+</context>
+<context>
+    <name>KMNormalCommand</name>
+    <message>
+        <source>%1: %2 is locked</source>
+        <translation>%1: %2 はロックされています</translation>
+    </message>
+    <message>
+        <source>%1: %2 has no normal tag; its menu in the list of nodes adds one</source>
+        <translation>%1: %2 には法線タグがありません。ノード一覧のメニューから追加できます</translation>
+    </message>
+    <message>
+        <source>%1: select a mesh that has a normal tag</source>
+        <translation>%1: 法線タグを持つメッシュを選択してください</translation>
+    </message>
+    <message>
+        <source>vertices</source>
+        <translation>頂点</translation>
+    </message>
+    <message>
+        <source>edges</source>
+        <translation>辺</translation>
+    </message>
+    <message>
+        <source>faces</source>
+        <translation>面</translation>
+    </message>
+    <message>
+        <source>%1: select %2 of a mesh</source>
+        <translation>%1: メッシュの%2を選択してください</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation>または</translation>
+    </message>
+    <message>
+        <source>%1: %2 changed</source>
+        <translation>%1: %2 を変更しました</translation>
+    </message>
+</context>
+<context>
+    <name>KMNormalTagPage</name>
+    <message>
+        <source>NormalTag</source>
+        <translation>法線タグ</translation>
+    </message>
+    <message>
+        <source>Crease edges</source>
+        <translation>折り目の辺</translation>
+    </message>
+    <message>
+        <source>Fixed normals</source>
+        <translation>固定した法線</translation>
+    </message>
+    <message>
+        <source>Rotated normals</source>
+        <translation>回転した法線</translation>
+    </message>
 </context>
 <context>
     <name>KMNullNode</name>
@@ -725,22 +1106,26 @@
     </message>
 </context>
 <context>
-    <name>KMNullPage</name>
+    <name>KMPathMesher</name>
     <message>
-        <source>Position</source>
-        <translation>位置</translation>
+        <source>An outline reaches too far</source>
+        <translation>輪郭が遠くまで伸びすぎています</translation>
     </message>
     <message>
-        <source>Rotation</source>
-        <translation>回転</translation>
+        <source>The outlines have %1 points; the limit is %2</source>
+        <translation>輪郭の点は %1 個です。上限は %2 個です</translation>
     </message>
     <message>
-        <source>Scale</source>
-        <translation>拡大</translation>
+        <source>Outlines over one another have %1 points; the limit is %2</source>
+        <translation>重なり合う輪郭の点は %1 個です。上限は %2 個です</translation>
     </message>
     <message>
-        <source>Degrees about X first, then Y, then Z</source>
-        <translation>X、Y、Zの順に回す角度(度)</translation>
+        <source>Outlines cross one another more than %1 times</source>
+        <translation>輪郭が %1 回より多く交差しています</translation>
+    </message>
+    <message>
+        <source>An outline can&apos;t be filled</source>
+        <translation>塗りつぶせない輪郭があります</translation>
     </message>
 </context>
 <context>
@@ -748,6 +1133,277 @@
     <message>
         <source>PbrShader</source>
         <translation>PBRシェーダー</translation>
+    </message>
+</context>
+<context>
+    <name>KMPbrShaderPage</name>
+    <message>
+        <source>The views draw faces of this shader black. Models for MMD are made with basic shaders.</source>
+        <translation>ビューはこのシェーダーの面を黒で描きます。MMD 用のモデルには基本シェーダーを使います。</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrim3DTextNode</name>
+    <message>
+        <source>3DText</source>
+        <translation>3D テキスト</translation>
+    </message>
+    <message>
+        <source>The text of %1 has no shape: %2</source>
+        <translation>%1 のテキストから形を作れません: %2</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrim3DTextPage</name>
+    <message>
+        <source>3DTextNode</source>
+        <translation>3D テキストノード</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>奥行き</translation>
+    </message>
+    <message>
+        <source>Segment</source>
+        <translation>分割</translation>
+    </message>
+    <message>
+        <source>Align</source>
+        <translation>揃え</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>中央</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Ctrl+Enter hands the text over</source>
+        <translation>Ctrl+Enter でテキストを確定します</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>フォント</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>太字</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>斜体</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimCubeNode</name>
+    <message>
+        <source>Cube</source>
+        <translation>立方体</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimCubePage</name>
+    <message>
+        <source>Cube Primitive</source>
+        <translation>立方体プリミティブ</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimCylinderNode</name>
+    <message>
+        <source>Cylinder</source>
+        <translation>円柱</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimCylinderPage</name>
+    <message>
+        <source>Cylinder Primitive</source>
+        <translation>円柱プリミティブ</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高さ</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Rings</source>
+        <translation>リング数</translation>
+    </message>
+    <message>
+        <source>Sectors</source>
+        <translation>セクター数</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimPlaneNode</name>
+    <message>
+        <source>Plane</source>
+        <translation>平面</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimPlanePage</name>
+    <message>
+        <source>Plane Primitive</source>
+        <translation>平面プリミティブ</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>奥行き</translation>
+    </message>
+    <message>
+        <source>U AxisDiv</source>
+        <translation>U 軸分割</translation>
+    </message>
+    <message>
+        <source>V AxisDiv</source>
+        <translation>V 軸分割</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimSVGNode</name>
+    <message>
+        <source>SVG</source>
+        <translation>SVG</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be read: %2</source>
+        <translation>%1 を読み込めません: %2</translation>
+    </message>
+    <message>
+        <source>%1 doesn&apos;t show all of its drawing. %2</source>
+        <translation>%1 は図の一部を表示していません。%2</translation>
+    </message>
+    <message>
+        <source>%1 holds no filled or stroked shape</source>
+        <translation>%1 には塗りや線のある形がありません</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimSVGPage</name>
+    <message>
+        <source>SVG</source>
+        <translation>SVG</translation>
+    </message>
+    <message>
+        <source>Choose the file</source>
+        <translation>ファイルを選択</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Open SVG</source>
+        <translation>SVG を開く</translation>
+    </message>
+    <message>
+        <source>SVG drawing (*.svg)</source>
+        <translation>SVG 図面 (*.svg)</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimSphereNode</name>
+    <message>
+        <source>Sphere</source>
+        <translation>球</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimSpherePage</name>
+    <message>
+        <source>Sphere Primitive</source>
+        <translation>球プリミティブ</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Rings</source>
+        <translation>リング数</translation>
+    </message>
+    <message>
+        <source>Sectors</source>
+        <translation>セクター数</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimTorusNode</name>
+    <message>
+        <source>Torus</source>
+        <translation>トーラス</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimTorusPage</name>
+    <message>
+        <source>Torus Primitive</source>
+        <translation>トーラスプリミティブ</translation>
+    </message>
+    <message>
+        <source>Outer Radius</source>
+        <translation>外半径</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Outer Rings</source>
+        <translation>外周分割</translation>
+    </message>
+    <message>
+        <source>Torus Rings</source>
+        <translation>断面分割</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimitiveNode</name>
+    <message>
+        <source>%1 would have %2 faces; the limit is %3</source>
+        <translation>%1 の面は %2 枚になります。上限は %3 枚です</translation>
+    </message>
+</context>
+<context>
+    <name>KMPrimitivePage</name>
+    <message>
+        <source>Shader</source>
+        <translation>シェーダー</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>既定</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
     </message>
 </context>
 <context>
@@ -830,6 +1486,25 @@
     </message>
 </context>
 <context>
+    <name>KMSelectionTransform</name>
+    <message>
+        <source>Move Selection</source>
+        <translation>選択の移動</translation>
+    </message>
+    <message>
+        <source>Scale Selection</source>
+        <translation>選択の拡大縮小</translation>
+    </message>
+    <message>
+        <source>Rotate Selection</source>
+        <translation>選択の回転</translation>
+    </message>
+    <message>
+        <source>Snap Vertex</source>
+        <translation>頂点のスナップ</translation>
+    </message>
+</context>
+<context>
     <name>KMSettingField</name>
     <message>
         <source>Default</source>
@@ -851,16 +1526,8 @@
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>Rename</source>
-        <translation>名前の変更</translation>
-    </message>
-    <message>
-        <source>Duplicate</source>
-        <translation>複製</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>削除</translation>
+        <source>Select an entry of the panel %1 first</source>
+        <translation>先にパネル「%1」の項目を選択してください</translation>
     </message>
 </context>
 <context>
@@ -931,6 +1598,56 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMSvgReader</name>
+    <message>
+        <source>This is not an SVG drawing</source>
+        <translation>SVG 図面ではありません</translation>
+    </message>
+    <message>
+        <source>Elements lie deeper in one another than %1</source>
+        <translation>要素の入れ子が %1 段より深くなっています</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>%1 行: %2</translation>
+    </message>
+    <message>
+        <source>Line %1: %2 was left out</source>
+        <translation>%1 行: %2 は省かれました</translation>
+    </message>
+    <message>
+        <source>Line %1: the drawing has more than %2 points</source>
+        <translation>%1 行: 図の点が %2 個を超えています</translation>
+    </message>
+    <message>
+        <source>Line %1: the path ends at a mistake or is too long</source>
+        <translation>%1 行: パスは誤りのある所で終わっているか、長すぎます</translation>
+    </message>
+    <message>
+        <source>The file doesn&apos;t exist</source>
+        <translation>ファイルがありません</translation>
+    </message>
+    <message>
+        <source>This is not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be opened: %1</source>
+        <translation>ファイルを開けません: %1</translation>
+    </message>
+    <message>
+        <source>The file is larger than %1 bytes</source>
+        <translation>ファイルが %1 バイトを超えています</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagNormal</name>
+    <message>
+        <source>Normal</source>
+        <translation>法線</translation>
+    </message>
+</context>
+<context>
     <name>KMTagPage</name>
     <message>
         <source>Name</source>
@@ -957,6 +1674,36 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMTransformEdit</name>
+    <message>
+        <source>A mesh can&apos;t have a scale of 0</source>
+        <translation>メッシュの拡大を 0 にはできません</translation>
+    </message>
+    <message>
+        <source>Edit SRT</source>
+        <translation>変形の編集</translation>
+    </message>
+</context>
+<context>
+    <name>KMTransformFields</name>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>拡大</translation>
+    </message>
+    <message>
+        <source>Degrees about X first, then Y, then Z</source>
+        <translation>X、Y、Z の順に回す角度(度)</translation>
+    </message>
+</context>
+<context>
     <name>KMUndoToolBar</name>
     <message>
         <source>Icons</source>
@@ -977,6 +1724,10 @@ Trying to Recover Files?</source>
     <message>
         <source>Undo Panel</source>
         <translation>元に戻すパネル</translation>
+    </message>
+    <message>
+        <source>How the buttons of this bar look</source>
+        <translation>このバーのボタンの見た目</translation>
     </message>
 </context>
 <context>
@@ -1019,6 +1770,197 @@ Trying to Recover Files?</source>
     <message>
         <source>%1, %2, %3, %4</source>
         <translation>%1, %2, %3, %4</translation>
+    </message>
+</context>
+<context>
+    <name>KMViewFilter</name>
+    <message>
+        <source>Unselected Elements</source>
+        <translation>選択されていない要素</translation>
+    </message>
+    <message>
+        <source>Texture</source>
+        <translation>テクスチャ</translation>
+    </message>
+    <message>
+        <source>Current mod Edge</source>
+        <translation>現在のモディファイアの辺</translation>
+    </message>
+    <message>
+        <source>UV Texture</source>
+        <translation>UV テクスチャ</translation>
+    </message>
+    <message>
+        <source>Outline</source>
+        <translation>輪郭線</translation>
+    </message>
+    <message>
+        <source>Flat Texture</source>
+        <translation>平面テクスチャ</translation>
+    </message>
+    <message>
+        <source>Overwrite Faces</source>
+        <translation>面を上書き</translation>
+    </message>
+    <message>
+        <source>Culling current only</source>
+        <translation>現在のみカリング</translation>
+    </message>
+    <message>
+        <source>RigidBody</source>
+        <translation>剛体</translation>
+    </message>
+    <message>
+        <source>Joint</source>
+        <translation>ジョイント</translation>
+    </message>
+    <message>
+        <source>Bone Polygon</source>
+        <translation>ボーンポリゴン</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComAveragingNormal</name>
+    <message>
+        <source>Averaging Normal</source>
+        <translation>法線の平均化</translation>
+    </message>
+    <message>
+        <source>Give all corners of the selected vertices one normal</source>
+        <translation>選択した頂点のすべての角に同じ法線を与えます</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComCrease</name>
+    <message>
+        <source>Crease</source>
+        <translation>折り目</translation>
+    </message>
+    <message>
+        <source>Don&apos;t smooth normals across the selected edges</source>
+        <translation>選択した辺をまたいで法線を滑らかにしません</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComFixNormal</name>
+    <message>
+        <source>Fix Normal</source>
+        <translation>法線の固定</translation>
+    </message>
+    <message>
+        <source>Keep the normals of the selected corners as they are now</source>
+        <translation>選択した角の法線を今の向きに固定します</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComFlatX</name>
+    <message>
+        <source>Flatten to X axis</source>
+        <translation>X 軸に平らにする</translation>
+    </message>
+    <message>
+        <source>Turn the normals of the selected vertices into the plane across the X axis</source>
+        <translation>選択した頂点の法線を X 軸に直交する面内に倒します</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComInitializeNormal</name>
+    <message>
+        <source>Initialize Normal</source>
+        <translation>法線の初期化</translation>
+    </message>
+    <message>
+        <source>Go back to the computed normals</source>
+        <translation>計算された法線に戻します</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComSelectCrease</name>
+    <message>
+        <source>Select Crease</source>
+        <translation>折り目の選択</translation>
+    </message>
+    <message>
+        <source>Select the creased edges</source>
+        <translation>折り目の辺を選択します</translation>
+    </message>
+    <message>
+        <source>%1: the mesh has no creases</source>
+        <translation>%1: メッシュに折り目がありません</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComSymmetrize</name>
+    <message>
+        <source>Symmetrize Normal</source>
+        <translation>法線の対称化</translation>
+    </message>
+    <message>
+        <source>Mirror the overridden normals of the selected vertices to the other side of the mesh</source>
+        <translation>選択した頂点の編集済み法線をメッシュの反対側へ鏡映します</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComTest</name>
+    <message>
+        <source>Normal Test</source>
+        <translation>法線テスト</translation>
+    </message>
+    <message>
+        <source>Write what the normal tags of the selected meshes hold to the output</source>
+        <translation>選択したメッシュの法線タグの内容を出力に書きます</translation>
+    </message>
+    <message>
+        <source>%1: %2 creases, %3 parted faces, %4 fixed, %5 rotated</source>
+        <translation>%1: 折り目 %2、分かれた面 %3、固定 %4、回転 %5</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComTransfer</name>
+    <message>
+        <source>Transfer Normal</source>
+        <translation>法線の転写</translation>
+    </message>
+    <message>
+        <source>Take the normals at the selected edges from the nearest surface of the other selected meshes and primitives</source>
+        <translation>選択した辺の法線を、ほかに選択したメッシュやプリミティブの最も近い面から取ります</translation>
+    </message>
+    <message>
+        <source>%1: select another mesh or primitive as well, to take the normals from</source>
+        <translation>%1: 法線の元になるメッシュかプリミティブも選択してください</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComUncrease</name>
+    <message>
+        <source>Uncrease</source>
+        <translation>折り目の解除</translation>
+    </message>
+    <message>
+        <source>Smooth normals across the selected edges again</source>
+        <translation>選択した辺をまたいで法線を再び滑らかにします</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComUnfixNormal</name>
+    <message>
+        <source>Unfix Normal</source>
+        <translation>法線の固定解除</translation>
+    </message>
+    <message>
+        <source>Let fixed normals follow the surface again, from their present direction on</source>
+        <translation>固定した法線を、今の向きから再び面に追従させます</translation>
+    </message>
+</context>
+<context>
+    <name>NormalComUnifyNormal</name>
+    <message>
+        <source>Unify Normal</source>
+        <translation>法線の統一</translation>
+    </message>
+    <message>
+        <source>Give all corners of each selected vertex one normal</source>
+        <translation>選択した各頂点の角に同じ法線を与えます</translation>
     </message>
 </context>
 <context>
@@ -1100,6 +2042,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Compact</source>
         <translation>整理</translation>
+    </message>
+</context>
+<context>
+    <name>creaseNormalCommand</name>
+    <message>
+        <source>Edit Normal</source>
+        <translation>法線の編集</translation>
     </message>
 </context>
 <context>
@@ -1187,6 +2136,62 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>editNormalCommand</name>
+    <message>
+        <source>Edit Normal</source>
+        <translation>法線の編集</translation>
+    </message>
+</context>
+<context>
+    <name>editPrim3DTextCommand</name>
+    <message>
+        <source>Edit 3DText</source>
+        <translation>3D テキストの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editPrimCubeCommand</name>
+    <message>
+        <source>Edit Cube</source>
+        <translation>立方体の編集</translation>
+    </message>
+</context>
+<context>
+    <name>editPrimCylinderCommand</name>
+    <message>
+        <source>Edit Cylinder</source>
+        <translation>円柱の編集</translation>
+    </message>
+</context>
+<context>
+    <name>editPrimPlaneCommand</name>
+    <message>
+        <source>Edit Plane</source>
+        <translation>平面の編集</translation>
+    </message>
+</context>
+<context>
+    <name>editPrimSVGCommand</name>
+    <message>
+        <source>Edit SVG</source>
+        <translation>SVG の編集</translation>
+    </message>
+</context>
+<context>
+    <name>editPrimSphereCommand</name>
+    <message>
+        <source>Edit Sphere</source>
+        <translation>球の編集</translation>
+    </message>
+</context>
+<context>
+    <name>editPrimTorusCommand</name>
+    <message>
+        <source>Edit Torus</source>
+        <translation>トーラスの編集</translation>
+    </message>
+</context>
+<context>
     <name>editSRTCommand</name>
     <message>
         <source>Edit SRT</source>
@@ -1226,6 +2231,49 @@ Trying to Recover Files?</source>
     <message>
         <source>Attribute</source>
         <translation>属性</translation>
+    </message>
+</context>
+<context>
+    <name>kmcoodinatewidget</name>
+    <message>
+        <source>Coordinate</source>
+        <translation>座標</translation>
+    </message>
+    <message>
+        <source>Selection</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Node</source>
+        <translation>ノード</translation>
+    </message>
+    <message>
+        <source>What the numbers are of while elements of a mesh are selected</source>
+        <translation>メッシュの要素を選択している間、どちらの数値を示すか</translation>
+    </message>
+    <message>
+        <source>Selected vertices: %1</source>
+        <translation>選択した頂点: %1</translation>
+    </message>
+    <message>
+        <source>Turn by</source>
+        <translation>回す角度</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>Nothing with a place is selected</source>
+        <translation>位置を持つものが選択されていません</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>拡大</translation>
     </message>
 </context>
 <context>
@@ -1306,24 +2354,12 @@ Trying to Recover Files?</source>
         <translation>切り取り</translation>
     </message>
     <message>
-        <source>Copy the selected nodes and delete them</source>
-        <translation>選択したノードをコピーして削除します</translation>
-    </message>
-    <message>
         <source>Copy</source>
         <translation>コピー</translation>
     </message>
     <message>
-        <source>Copy the selected nodes</source>
-        <translation>選択したノードをコピーします</translation>
-    </message>
-    <message>
         <source>Paste</source>
         <translation>貼り付け</translation>
-    </message>
-    <message>
-        <source>Insert the copied nodes</source>
-        <translation>コピーしたノードを挿入します</translation>
     </message>
     <message>
         <source>Duplicate</source>
@@ -1352,10 +2388,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Delete</source>
         <translation>削除</translation>
-    </message>
-    <message>
-        <source>Delete the selected nodes</source>
-        <translation>選択したノードを削除します</translation>
     </message>
     <message>
         <source>Preferences</source>
@@ -1502,14 +2534,6 @@ Trying to Recover Files?</source>
         <translation>現在のツールのオプションがここに出ます。</translation>
     </message>
     <message>
-        <source>Coordinate</source>
-        <translation>座標</translation>
-    </message>
-    <message>
-        <source>The position of the selection stands here.</source>
-        <translation>選択の位置がここに出ます。</translation>
-    </message>
-    <message>
         <source>Animation</source>
         <translation>アニメーション</translation>
     </message>
@@ -1621,6 +2645,118 @@ Trying to Recover Files?</source>
         <source>Help(&amp;H)</source>
         <translation>ヘルプ(&amp;H)</translation>
     </message>
+    <message>
+        <source>Copy the selected faces or nodes and delete them</source>
+        <translation>選択した面またはノードをコピーして削除します</translation>
+    </message>
+    <message>
+        <source>Copy the selected faces, or the selected nodes</source>
+        <translation>選択した面、または選択したノードをコピーします</translation>
+    </message>
+    <message>
+        <source>Insert the copied faces or nodes</source>
+        <translation>コピーした面またはノードを挿入します</translation>
+    </message>
+    <message>
+        <source>Insert Paste</source>
+        <translation>挿入貼り付け</translation>
+    </message>
+    <message>
+        <source>Insert the copied faces and join them to vertices at the same place</source>
+        <translation>コピーした面を挿入し、同じ位置の頂点につなぎます</translation>
+    </message>
+    <message>
+        <source>Mirror Paste</source>
+        <translation>ミラー貼り付け</translation>
+    </message>
+    <message>
+        <source>Insert the copied faces on the other side of the symmetry plane</source>
+        <translation>コピーした面を対称面の反対側に挿入します</translation>
+    </message>
+    <message>
+        <source>Delete the selected elements, or the selected nodes</source>
+        <translation>選択した要素、または選択したノードを削除します</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>メッシュ</translation>
+    </message>
+    <message>
+        <source>Add an empty mesh</source>
+        <translation>空のメッシュを追加します</translation>
+    </message>
+    <message>
+        <source>Sphere</source>
+        <translation>球</translation>
+    </message>
+    <message>
+        <source>Add a sphere</source>
+        <translation>球を追加します</translation>
+    </message>
+    <message>
+        <source>Cube</source>
+        <translation>立方体</translation>
+    </message>
+    <message>
+        <source>Add a cube</source>
+        <translation>立方体を追加します</translation>
+    </message>
+    <message>
+        <source>Cylinder</source>
+        <translation>円柱</translation>
+    </message>
+    <message>
+        <source>Add a cylinder</source>
+        <translation>円柱を追加します</translation>
+    </message>
+    <message>
+        <source>Plane</source>
+        <translation>平面</translation>
+    </message>
+    <message>
+        <source>Add a plane</source>
+        <translation>平面を追加します</translation>
+    </message>
+    <message>
+        <source>Torus</source>
+        <translation>トーラス</translation>
+    </message>
+    <message>
+        <source>Add a torus</source>
+        <translation>トーラスを追加します</translation>
+    </message>
+    <message>
+        <source>3DText</source>
+        <translation>3D テキスト</translation>
+    </message>
+    <message>
+        <source>Add a text as a body</source>
+        <translation>テキストを立体として追加します</translation>
+    </message>
+    <message>
+        <source>SVG</source>
+        <translation>SVG</translation>
+    </message>
+    <message>
+        <source>Add the shapes of an SVG drawing</source>
+        <translation>SVG 図面の形を追加します</translation>
+    </message>
+    <message>
+        <source>%1 already exists.</source>
+        <translation>%1 はすでにあります。</translation>
+    </message>
+    <message>
+        <source>Do you want to replace it?</source>
+        <translation>置き換えますか?</translation>
+    </message>
+    <message>
+        <source>Normal(&amp;L)</source>
+        <translation>法線(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Primitive</source>
+        <translation>プリミティブ</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -1661,16 +2797,40 @@ Trying to Recover Files?</source>
         <translation>ロック</translation>
     </message>
     <message>
-        <source>Rename Tag...</source>
-        <translation>タグ名の変更...</translation>
-    </message>
-    <message>
         <source>Rename Tag</source>
         <translation>タグ名の変更</translation>
     </message>
     <message>
-        <source>Delete Tag</source>
-        <translation>タグの削除</translation>
+        <source>Fill the Panel</source>
+        <translation>パネルに合わせる</translation>
+    </message>
+    <message>
+        <source>Widths by Hand</source>
+        <translation>幅を手動で決める</translation>
+    </message>
+    <message>
+        <source>Fit to Contents</source>
+        <translation>内容に合わせる</translation>
+    </message>
+    <message>
+        <source>How wide the columns of the nodes are</source>
+        <translation>ノードの列の幅</translation>
+    </message>
+    <message>
+        <source>Add Normal Tag</source>
+        <translation>法線タグの追加</translation>
+    </message>
+    <message>
+        <source>Let creases and normals of this mesh be edited</source>
+        <translation>このメッシュの折り目と法線を編集できるようにします</translation>
+    </message>
+    <message>
+        <source>A node can hold only one %1</source>
+        <translation>ノードが持てる %1 は 1 つだけです</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t hold another %2</source>
+        <translation>%1 に %2 をこれ以上付けられません</translation>
     </message>
 </context>
 <context>
@@ -1682,6 +2842,10 @@ Trying to Recover Files?</source>
     <message>
         <source>Clear</source>
         <translation>クリア</translation>
+    </message>
+    <message>
+        <source>Empty the log</source>
+        <translation>ログを空にします</translation>
     </message>
 </context>
 <context>
@@ -1792,6 +2956,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>primAssignShaderCommand</name>
+    <message>
+        <source>Assign Shader</source>
+        <translation>シェーダーの割り当て</translation>
+    </message>
+</context>
+<context>
     <name>reinfoNodeCommand</name>
     <message>
         <source>Edit Info</source>
@@ -1869,6 +3040,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>setIntIntCommand</name>
+    <message>
+        <source>Set Int</source>
+        <translation>整数の設定</translation>
+    </message>
+</context>
+<context>
     <name>setLockUVCommand</name>
     <message>
         <source>Set Pinned UV</source>
@@ -1880,13 +3058,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Set Lock</source>
         <translation>ロックの切り替え</translation>
-    </message>
-</context>
-<context>
-    <name>setParameterCommand</name>
-    <message>
-        <source>Set Int</source>
-        <translation>整数の設定</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include <functional>
 #include <vector>
 
+class KMContainerNode;
 class KMNode;
 
 /// What the readers of bodies share for the time of one file.

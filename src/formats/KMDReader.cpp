@@ -37,38 +37,40 @@ int parentWithinLimit(const KMDContents &contents, int parent)
 
 bool KMDReader::read(const QString &path)
 {
-    QByteArray bytes;
-    return fetch(path, bytes) && readBytes(bytes);
+    QFile file(path);
+    if (!open(file))
+        return false;
+    KMDStream in(&file);
+    return readStream(in);
 }
 
-bool KMDReader::fetch(const QString &path, QByteArray &bytes)
+bool KMDReader::open(QFile &file)
 {
-    constexpr qint64 mostBytes = 0x7fffffc0; // of a QByteArray
-    const QFileInfo info(path);
-    QFile file(path);
+    constexpr qint64 mostBytes = 0x7fffffc0; // pictures and texts in it are no longer than a QByteArray
+    const QFileInfo info(file.fileName());
     if (!info.exists())
         m_error = tr("The file doesn't exist");
     else if (!info.isFile()) // opening a pipe would wait for its other end
         m_error = info.isDir() ? tr("This is a folder, not a file") : tr("This is not a regular file");
-    else if (!file.open(QIODevice::ReadOnly))
+    else if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         m_error = tr("The file can't be opened: %1").arg(file.errorString());
     if (!m_error.isEmpty()) {
         qDebug("file open error.");
         return false;
     }
-    if (file.size() > mostBytes) {
+    if (file.size() > mostBytes)
         m_error = tr("The file is too large: %1 bytes").arg(file.size());
-        return false;
-    }
-    bytes = file.readAll();
-    if (bytes.size() < file.size() || file.error() != QFileDevice::NoError)
-        m_error = tr("The file can't be read: %1").arg(file.errorString());
     return m_error.isEmpty();
 }
 
 bool KMDReader::readBytes(const QByteArray &bytes)
 {
     KMDStream in(bytes);
+    return readStream(in);
+}
+
+bool KMDReader::readStream(KMDStream &in)
+{
     KMDContents contents;
     startFromSession(contents);
     const bool whole = parse(in, contents);

@@ -11,6 +11,7 @@ struct KMDContents;
 struct KMDReadContext;
 class KMDStream;
 class KMDViewParts;
+class QFile;
 
 /// Reads a native file of any version. The file is read whole and checked before the document is touched: a
 /// read that fails leaves the document as it was.
@@ -41,7 +42,8 @@ public:
     QStringList warnings() const { return m_warnings; } ///< what was odd but harmless
 
 private:
-    bool fetch(const QString &path, QByteArray &bytes);
+    bool open(QFile &file);
+    bool readStream(KMDStream &in);
     bool parse(KMDStream &in, KMDContents &contents);
     bool readHeader(KMDStream &in);
     void readProject(KMDStream &in, KMDContents &contents);

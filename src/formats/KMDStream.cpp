@@ -3,15 +3,18 @@
 #include "formats/KMDFormat.h"
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QtEndian>
 
 #include <quacrc32.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
 namespace {
 
+constexpr qint64 windowBytes = 1 << 20;
 constexpr char pngSignature[] = "\x89PNG\r\n\x1a\n";
 constexpr int pngSignatureBytes = 8;
 constexpr int pngChunkFrame = 12; // length, type and check sum around the data
@@ -19,7 +22,14 @@ constexpr int pngChunkFrame = 12; // length, type and check sum around the data
 } // namespace
 
 KMDStream::KMDStream(const QByteArray &bytes)
-    : m_bytes(bytes)
+    : m_window(bytes)
+    , m_size(bytes.size())
+{
+}
+
+KMDStream::KMDStream(QIODevice *device)
+    : m_device(device)
+    , m_size(device->size())
 {
 }
 
@@ -77,9 +87,26 @@ bool KMDStream::take(qint64 bytes, const uchar **at)
         fail(tr("The file ends too early"));
         return false;
     }
-    *at = reinterpret_cast<const uchar *>(m_bytes.constData()) + m_position;
+    *at = fetch(bytes);
+    if (!*at) {
+        fail(tr("The file can't be read: %1").arg(m_device->errorString()));
+        return false;
+    }
     m_position += bytes;
     return true;
+}
+
+const uchar *KMDStream::fetch(qint64 bytes) const
+{
+    const qint64 offset = m_position - m_windowStart;
+    if (offset + bytes <= m_window.size())
+        return reinterpret_cast<const uchar *>(m_window.constData()) + offset;
+    const qint64 wanted = std::max(bytes, std::min(windowBytes, bytesLeft()));
+    m_window.clear(); // the old window goes before the new one comes
+    m_windowStart = m_position;
+    if (m_device && m_device->seek(m_position))
+        m_window = m_device->read(wanted);
+    return m_window.size() < bytes ? nullptr : reinterpret_cast<const uchar *>(m_window.constData());
 }
 
 void KMDStream::skip(qint64 bytes)
@@ -188,20 +215,23 @@ QString KMDStream::readString()
     return text;
 }
 
+bool KMDStream::areNext(const QByteArray &bytes) const
+{
+    const uchar *at = ok() && bytes.size() <= bytesLeft() ? fetch(bytes.size()) : nullptr;
+    return at && std::memcmp(at, bytes.constData(), size_t(bytes.size())) == 0;
+}
+
 bool KMDStream::isNext(const QString &text) const
 {
-    KMDStream ahead(m_bytes);
-    ahead.m_position = m_position;
-    return ok() && ahead.readString() == text && ahead.ok();
+    QByteArray streamed;
+    QDataStream out(&streamed, QIODevice::WriteOnly);
+    out << text;
+    return areNext(streamed);
 }
 
 bool KMDStream::isPictureNext() const
 {
-    KMDStream ahead(m_bytes);
-    ahead.m_position = m_position;
-    const uchar *at;
-    return ok() && ahead.readI32() == 1 && ahead.take(pngSignatureBytes, &at)
-           && std::memcmp(at, pngSignature, pngSignatureBytes) == 0;
+    return areNext(QByteArray("\0\0\0\1", 4) + QByteArray(pngSignature, pngSignatureBytes));
 }
 
 QColor KMDStream::readColor()
@@ -228,10 +258,10 @@ QByteArray KMDStream::readImage(bool *isSound)
         *isSound = true;
     if (readI32() == 0)
         return {};
-    const qint64 start = m_position;
     const uchar *at;
     if (!take(pngSignatureBytes, &at))
         return {};
+    QByteArray png(reinterpret_cast<const char *>(at), pngSignatureBytes);
     if (std::memcmp(at, pngSignature, pngSignatureBytes) != 0) {
         fail(tr("A picture doesn't begin as one"));
         return {};
@@ -245,8 +275,11 @@ QByteArray KMDStream::readImage(bool *isSound)
         type = QByteArray(checked.constData(), 4);
         if (isSound && QuaCrc32().calculate(checked) != qFromBigEndian<quint32>(at + length + 4))
             *isSound = false;
+        char lengthBytes[4];
+        qToBigEndian(length, lengthBytes);
+        png.append(lengthBytes, 4).append(reinterpret_cast<const char *>(at), int(length) + pngChunkFrame - 4);
     }
-    return m_bytes.mid(int(start), int(m_position - start));
+    return png;
 }
 
 int KMDStream::readCount(int leastBytesOfEach)

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+class QIODevice;
+
 /// Walks the bytes of a native file and believes none of them: every length and count is compared with what
 /// is left before anything is allocated. The first failure ends the walk: it keeps one sentence with the
 /// section, the element and the byte, and every read after it gives zeros without moving on.
@@ -18,6 +20,7 @@ class KMDStream
     Q_DECLARE_TR_FUNCTIONS(KMDStream)
 public:
     explicit KMDStream(const QByteArray &bytes);
+    explicit KMDStream(QIODevice *device); ///< an open file, not owned: only a part of it is in memory at a time
 
     float version() const { return m_version; }
     /// From now on fields are gated by this version; below 2.0 floating point numbers take 8 bytes.
@@ -29,7 +32,7 @@ public:
     void enterSection(const QString &name);
     void enterElement(int index, int count); ///< index from 0
     qint64 position() const { return m_position; }
-    qint64 bytesLeft() const { return m_bytes.size() - m_position; }
+    qint64 bytesLeft() const { return m_size - m_position; }
 
     bool ok() const { return m_error.isEmpty(); }
     QString error() const { return m_error; }
@@ -62,12 +65,17 @@ public:
     int floatBytes() const { return m_doublePrecision ? 8 : 4; } ///< what readF32 takes from the file
 
 private:
-    bool take(qint64 bytes, const uchar **at);
+    bool take(qint64 bytes, const uchar **at); ///< valid until the next call
+    bool areNext(const QByteArray &bytes) const;
+    const uchar *fetch(qint64 bytes) const; ///< the bytes at the present place; null when the device fails
     bool takeFloat(double *value);
     QString place() const;
     void noteNonFinite();
 
-    QByteArray m_bytes;
+    QIODevice *m_device = nullptr;
+    mutable QByteArray m_window; // what of the bytes is in memory
+    mutable qint64 m_windowStart = 0;
+    qint64 m_size = 0;
     qint64 m_position = 0;
     qint64 m_lastRead = 0; // where the last element began: what is wrong lies there
     float m_version = 0.0f;

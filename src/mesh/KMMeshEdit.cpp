@@ -13,6 +13,8 @@
 #include <QCoreApplication>
 #include <QUndoStack>
 
+#include <algorithm>
+
 namespace KMMeshEdit {
 
 namespace {
@@ -32,14 +34,21 @@ bool isHistoryEmpty()
     return !stack || (stack->count() == 0 && gSolution->macroDepth() == 0);
 }
 
-QString assignText()
-{
-    return QCoreApplication::translate("KMMeshEdit", "Assign Shader");
-}
-
 bool hasCorner(const KMFace *face, int corner)
 {
     return face && corner >= 0 && corner < face->count;
+}
+
+int assignShaderTo(KMMeshNode &mesh, const QVector<int> &faces, int shader)
+{
+    const auto changes = [&](int f) { return mesh.face(f) && mesh.face(f)->shader != shader; };
+    if (mesh.isLocked() || std::none_of(faces.begin(), faces.end(), changes))
+        return 0;
+    const KMUndoMacro macro(QCoreApplication::translate("KMMeshEdit", "Assign Shader"));
+    int changed = 0;
+    for (const int f : faces)
+        changed += editFaceShader(mesh, f, shader);
+    return changed;
 }
 
 } // namespace
@@ -202,20 +211,18 @@ bool compact(KMMeshNode &mesh)
 
 int assignShader(KMMeshNode &mesh, int shader)
 {
-    const KMUndoMacro macro(assignText());
-    int changed = 0;
+    QVector<int> selected;
     for (int f = 0; f < mesh.faceCount(); ++f) {
         const KMFace *face = mesh.face(f);
         if (face && face->hasFlag(KMElementFlag::Selected))
-            changed += editFaceShader(mesh, f, shader);
+            selected << f;
     }
-    return changed;
+    return assignShaderTo(mesh, selected, shader);
 }
 
 int assignShader(KMMeshNode &mesh, int face, int shader)
 {
-    const KMUndoMacro macro(assignText());
-    return editFaceShader(mesh, face, shader);
+    return assignShaderTo(mesh, {face}, shader);
 }
 
 } // namespace KMMeshEdit

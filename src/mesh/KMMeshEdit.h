@@ -39,7 +39,8 @@ bool splitQuad(KMMeshNode &mesh, int face);
 /// steps, else at once.
 bool compact(KMMeshNode &mesh);
 
-/// Sets the shader of all selected faces in one macro "Assign Shader"; returns how many changed.
+/// Sets the shader of all selected faces in one macro "Assign Shader"; returns how many changed. No macro when none
+/// does, or the mesh is locked.
 int assignShader(KMMeshNode &mesh, int shader);
 int assignShader(KMMeshNode &mesh, int face, int shader); ///< the same for one face
 

@@ -3,6 +3,7 @@
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
+#include "mesh/KMFetchAhead.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMSmoothNormals.h"
@@ -106,6 +107,7 @@ void KMMeshNode::refreshLiveVertices()
     KMVertex **live = m_liveVertices.data();
     int count = 0;
     for (int i = 0, n = vertexCount(); i < n; ++i) {
+        fetchAhead(store, i, n);
         KMVertex *vertex = store[i];
         if (!vertex || vertex->faceRefs.isEmpty())
             continue;
@@ -114,6 +116,8 @@ void KMMeshNode::refreshLiveVertices()
         live[count++] = vertex;
     }
     m_liveVertices.resize(count);
+    if (count < vertexCount() / 2)
+        m_liveVertices.squeeze();
 }
 
 void KMMeshNode::refreshRecords(bool withEdges)
@@ -137,6 +141,7 @@ void KMMeshNode::refreshLiveFaces()
     int count = 0;
     m_triangleCount = 0;
     for (int f = 0, n = faceCount(); f < n; ++f) {
+        fetchAhead(store, f, n);
         KMFace *face = store[f];
         takeCorners(f, face);
         if (!face)
@@ -172,7 +177,7 @@ void KMMeshNode::computeNormals(bool force)
     if (m_suspendNormals)
         return;
     auto *tag = static_cast<KMTagNormal *>(findTag(KMNodeType::TagNormal));
-    if (!hasDrawnNormals(tag))
+    if (!hasDrawnNormals(tag) || (faceCount() == 0 && !tag))
         return;
     if (corners().faceCount() != faceCount() || corners().vertexCount() != vertexCount())
         readCorners();

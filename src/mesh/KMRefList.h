@@ -11,16 +11,25 @@
 template <int N>
 class KMRefList
 {
-    static_assert(N >= 2, "the places inside share their room with a pointer");
+    static_assert(N * sizeof(int) >= sizeof(int *), "the places inside share their room with a pointer");
 
 public:
-    KMRefList() = default;
+    KMRefList()
+        : m_size(0)
+        , m_onHeap(0)
+    {
+    }
     KMRefList(std::initializer_list<int> values)
+        : KMRefList()
     {
         for (const int value : values)
             append(value);
     }
-    KMRefList(const KMRefList &other) { assign(other); }
+    KMRefList(const KMRefList &other)
+        : KMRefList()
+    {
+        assign(other);
+    }
     KMRefList(KMRefList &&other) noexcept { steal(other); }
     ~KMRefList() { release(); }
     KMRefList &operator=(const KMRefList &other)
@@ -40,8 +49,8 @@ public:
 
     int size() const { return m_size; }
     bool isEmpty() const { return m_size == 0; }
-    const int *data() const { return isInside() ? m_inside : m_heap; }
-    int *data() { return isInside() ? m_inside : m_heap; }
+    const int *data() const { return isInside() ? m_places : heap() + 1; }
+    int *data() { return isInside() ? m_places : heap() + 1; }
     int at(int i) const { return data()[i]; }
     int operator[](int i) const { return data()[i]; }
     int &operator[](int i) { return data()[i]; }
@@ -52,8 +61,8 @@ public:
 
     void append(int value)
     {
-        if (m_size == m_capacity)
-            grow(2 * m_capacity);
+        if (m_size == capacity())
+            grow(2 * capacity());
         data()[m_size++] = value;
     }
     void insert(int i, int value) ///< before place i; i may be size()
@@ -96,42 +105,47 @@ public:
     bool operator!=(const KMRefList &other) const { return !(*this == other); }
 
 private:
-    bool isInside() const { return m_capacity == N; }
+    bool isInside() const { return !m_onHeap; }
+    int capacity() const { return isInside() ? N : heap()[0]; }
+    int *heap() const ///< the block: its capacity, and the values behind it
+    {
+        int *block;
+        std::memcpy(&block, m_places, sizeof block);
+        return block;
+    }
     void grow(int capacity)
     {
-        int *heap = new int[size_t(capacity)];
-        std::copy(begin(), end(), heap);
+        int *block = new int[size_t(capacity) + 1];
+        block[0] = capacity;
+        std::copy(begin(), end(), block + 1);
         release();
-        m_heap = heap;
-        m_capacity = capacity;
+        std::memcpy(m_places, &block, sizeof block);
+        m_onHeap = 1;
     }
     void assign(const KMRefList &other)
     {
         m_size = 0;
-        if (m_capacity < other.m_size)
-            grow(other.m_size);
+        if (capacity() < other.size())
+            grow(other.size());
         std::copy(other.begin(), other.end(), data());
         m_size = other.m_size;
     }
     void steal(KMRefList &other)
     {
-        std::memcpy(m_inside, other.m_inside, sizeof m_inside);
+        std::memcpy(m_places, other.m_places, sizeof m_places);
         m_size = other.m_size;
-        m_capacity = other.m_capacity;
+        m_onHeap = other.m_onHeap;
         other.m_size = 0;
-        other.m_capacity = N;
+        other.m_onHeap = 0;
     }
     void release()
     {
         if (!isInside())
-            delete[] m_heap;
+            delete[] heap();
     }
 
-    union
-    {
-        int m_inside[N] = {};
-        int *m_heap;
-    };
-    int m_size = 0;
-    int m_capacity = N;
+    // A pointer proper would align the records by eight bytes, and a capacity beside it take four more of each.
+    int m_places[N] = {}; // the values, or the address of their block
+    int m_size : 31;
+    unsigned m_onHeap : 1;
 };

@@ -1,11 +1,13 @@
 #include "mesh/KMSmoothNormals.h"
 
 #include "mesh/KMFaceNormal.h"
+#include "mesh/KMFetchAhead.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 using kvm::Vector3;
 
@@ -169,6 +171,7 @@ void KMSmoothNormals::readPositions(const KMMeshNode &mesh)
     Group *groups = m_groups.data();
     m_isVertexMissing = false;
     for (int i = 0; i < m_vertexCount; ++i) {
+        fetchAhead(vertices, i, m_vertexCount);
         groups[i] = {0.0f, 0.0f, 0.0f, 0, -1};
         if (const KMVertex *vertex = vertices[i])
             positions[i] = {vertex->pos.x, vertex->pos.y, vertex->pos.z};
@@ -285,12 +288,20 @@ void KMSmoothNormals::writeNormals(KMMeshNode &mesh) const
     KMFace *const *faces = mesh.faces().constData();
     const Group *groups = m_groups.data();
     for (int f = 0, n = m_faceCount; f < n; ++f) {
+        fetchAhead(faces, f, n);
         KMFace *face = faces[f];
-        if (!face)
+        const int count = KMCornerTable::surfaceCount(mesh.corners().of(f));
+        if (!face || count == 0)
             continue;
         const int *cornerGroups = &m_cornerGroups[size_t(Corners * f)];
-        for (int c = 0, count = KMCornerTable::surfaceCount(mesh.corners().of(f)); c < count; ++c)
-            face->normals[c] = cornerGroups[c] < 0 ? Vector3() : groups[cornerGroups[c]].normal();
+        Vector3 normals[Corners];
+        for (int c = 0; c < count; ++c)
+            normals[c] = cornerGroups[c] < 0 ? Vector3() : groups[cornerGroups[c]].normal();
+        for (int c = count; c < Corners; ++c)
+            normals[c] = face->normals[c];
+        // Most stay as they are after most edits, and a record that isn't written to needn't go back to memory.
+        if (std::memcmp(face->normals, normals, sizeof normals) != 0)
+            std::copy_n(normals, count, face->normals);
     }
 }
 

@@ -415,6 +415,7 @@ void tst_MeshCommands::assignShader()
     scene.mesh->setFaceFlag(4, KMElementFlag::Selected);
     QCOMPARE(KMMeshEdit::assignShader(*scene.mesh, 3), 2);
     QCOMPARE(KMMeshEdit::assignShader(*scene.mesh, 0, 2), 1);
+    QCOMPARE(KMMeshEdit::assignShader(*scene.mesh, 3), 0); // they have it
     QCOMPARE(scene.mesh->usedShaders(), QList<int>({-1, 2, 3}));
     QCOMPARE(historyTexts(scene.session.stack()),
              QStringList({QStringLiteral("Assign Shader"), QStringLiteral("Assign Shader")}));

@@ -21,11 +21,9 @@ private slots:
     void textIsLegible_data();
     void textIsLegible();
     void applyThemeReachesOpenWidgets();
-    void themesDiffer();
     void toolBarsFollowTheIconSize();
     void iconTakesThePalette();
     void iconIsSharp();
-    void missingIconIsNull();
 
 private:
     KMStyle *m_style = nullptr; // owned by the application
@@ -133,16 +131,6 @@ void tst_KMStyle::applyThemeReachesOpenWidgets()
     QVERIFY(widget.palette().color(QPalette::Window).lightness() > 200);
 }
 
-void tst_KMStyle::themesDiffer()
-{
-    QVector<QRgb> accents;
-    for (int theme = KMStyle::DefaultTheme; theme <= KMStyle::LastTheme; ++theme) {
-        const QRgb accent = KMStyle::themePalette(theme).color(QPalette::Highlight).rgb();
-        QVERIFY(!accents.contains(accent));
-        accents << accent;
-    }
-}
-
 void tst_KMStyle::toolBarsFollowTheIconSize()
 {
     QTemporaryDir dir;
@@ -201,11 +189,6 @@ void tst_KMStyle::iconIsSharp()
     screen.setDevicePixelRatio(1.0);
     const QImage direct = icon.pixmap(48).toImage().convertToFormat(screen.format());
     QCOMPARE(screen, direct);
-}
-
-void tst_KMStyle::missingIconIsNull()
-{
-    QVERIFY(KMIcon::icon(QStringLiteral("no such drawing")).isNull());
 }
 
 KM_TEST(tst_KMStyle);

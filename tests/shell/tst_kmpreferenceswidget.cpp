@@ -29,16 +29,13 @@ class tst_kmpreferenceswidget : public QObject
 private slots:
     void init();
     void cleanup();
-    void pagesInOrder();
-    void everySettingHasAnEditor();
+    void listLeadsToItsPage();
     void openingAndAcceptingChangesNothing();
-    void editsReachTheSettings_data();
     void editsReachTheSettings();
     void cancelForgets();
     void editorShowsAndChangesEveryRow();
     void foreignChangesSurviveAnOpenDialogue();
     void dependentFieldsAreDisabled();
-    void restartNotes();
     void panelNames();
     void backupFolder();
     void colors();
@@ -132,24 +129,13 @@ QStringList tst_kmpreferenceswidget::snapshot() const
     return lines;
 }
 
-void tst_kmpreferenceswidget::pagesInOrder()
+void tst_kmpreferenceswidget::listLeadsToItsPage()
 {
-    QStringList titles;
     auto *list = find<QListWidget>("pageList");
     for (int i = 0; i < list->count(); ++i) {
-        titles << list->item(i)->text();
         list->setCurrentRow(i);
-        QCOMPARE(find<QStackedWidget>("pages")->currentWidget()->objectName(), titles.last());
+        QCOMPARE(find<QStackedWidget>("pages")->currentWidget()->objectName(), list->item(i)->text());
     }
-    QCOMPARE(titles.join(QLatin1Char(',')),
-             QStringLiteral("Global,AutoSave,Backup,Operation,Navigation,Pen & Touch,OpenGL,View Color,Shortcuts,"
-                            "UV Operation,Custom Panel"));
-}
-
-void tst_kmpreferenceswidget::everySettingHasAnEditor()
-{
-    for (const KMSettingsRow &row : settingsRows())
-        QVERIFY2(find<QWidget>(row.key), row.key);
 }
 
 /// Values that an editor shows rounded, or has no entry for, must come through untouched.
@@ -171,38 +157,23 @@ void tst_kmpreferenceswidget::openingAndAcceptingChangesNothing()
     QVERIFY(!m_dialog->isVisible());
 }
 
-void tst_kmpreferenceswidget::editsReachTheSettings_data()
-{
-    QTest::addColumn<bool>("useApply");
-    QTest::newRow("ok") << false;
-    QTest::newRow("apply") << true;
-}
-
 void tst_kmpreferenceswidget::editsReachTheSettings()
 {
-    QFETCH(bool, useApply);
     QSignalSpy applied(m_dialog.get(), &kmpreferenceswidget::settingsApplied);
     QSignalSpy zRev(m_settings.get(), &KMSettings::OPHandleZRevCHanged);
     auto *undo = find<QComboBox>("Global/UndoCount");
     undo->setCurrentIndex(undo->findText(QStringLiteral("256")));
-    auto *limit = find<QComboBox>("Navigation/CameraRotateLimit");
-    limit->setCurrentIndex(limit->findText(QStringLiteral("North")));
-    find<QSpinBox>("AutoSave/Interval")->setValue(15);
-    find<QDoubleSpinBox>("GL/FaceBlendRatio")->setValue(0.55);
-    find<QFontComboBox>("Global/FontType")->setEditText(QStringLiteral("Serif"));
     find<QCheckBox>("Operation/HandleZRev")->click();
     QCOMPARE(m_settings->undoCount, 32);
 
-    press(useApply ? QDialogButtonBox::Apply : QDialogButtonBox::Ok);
+    press(QDialogButtonBox::Apply);
+    QVERIFY(m_dialog->isVisible());
+    press(QDialogButtonBox::Ok);
+    QVERIFY(!m_dialog->isVisible());
     QCOMPARE(m_settings->undoCount, 256);
-    QCOMPARE(m_settings->cameraRotateLimit, 1);
-    QCOMPARE(m_settings->autoSaveInterval, 15);
-    QCOMPARE(m_settings->faceBlendRatio, 0.55f);
-    QCOMPARE(m_settings->fontType, QStringLiteral("Serif"));
     QCOMPARE(m_settings->handleZRev, true);
     QCOMPARE(zRev.count(), 1);
-    QCOMPARE(applied.count(), 1);
-    QCOMPARE(m_dialog->isVisible(), useApply);
+    QCOMPARE(applied.count(), 2);
 }
 
 void tst_kmpreferenceswidget::cancelForgets()
@@ -277,19 +248,6 @@ void tst_kmpreferenceswidget::dependentFieldsAreDisabled()
     QVERIFY(find<QWidget>("Backup/BackupDir")->isEnabled());
 }
 
-void tst_kmpreferenceswidget::restartNotes()
-{
-    const QString note = QStringLiteral("This setting will take effect after the application restart");
-    QStringList marked;
-    for (const KMSettingsRow &row : settingsRows()) {
-        if (find<QWidget>(row.key)->toolTip() == note)
-            marked << QLatin1String(row.key);
-    }
-    QCOMPARE(marked.join(QLatin1Char(' ')),
-             QStringLiteral("Global/Language Global/FontSize Global/FontType Global/UndoCount GL/Core GL/Samples "
-                            "GL/SwapInterval"));
-}
-
 void tst_kmpreferenceswidget::panelNames()
 {
     QSignalSpy spy(m_dialog.get(), &kmpreferenceswidget::panelNameChanged);
@@ -319,7 +277,6 @@ void tst_kmpreferenceswidget::colors()
 {
     QSignalSpy spy(m_settings.get(), &KMSettings::DPColorChanged);
     auto *list = find<QTreeWidget>("colorList");
-    QCOMPARE(list->topLevelItemCount(), 35);
     QVERIFY(!find<QPushButton>("colorEdit")->isEnabled());
     const QList<QTreeWidgetItem *> found = list->findItems(QStringLiteral("Selected FaceLine"), Qt::MatchExactly);
     QCOMPARE(found.size(), 1);

@@ -129,7 +129,7 @@ bool KMShelfDock::edit(Edit edit)
     switch (edit) {
     case Edit::Cut:
         m_clipboard->copy({node});
-        gProject->deleteNode(node);
+        remove(tile);
         break;
     case Edit::Copy:
         m_clipboard->copy({node});
@@ -142,10 +142,18 @@ bool KMShelfDock::edit(Edit edit)
         m_list->editItem(tile);
         break;
     case Edit::Delete:
-        gProject->deleteNode(node);
+        remove(tile);
         break;
     }
     return true;
+}
+
+/// The next tile takes the place, so that several can be deleted in a row.
+void KMShelfDock::remove(QListWidgetItem *tile)
+{
+    const int row = m_list->row(tile);
+    gProject->deleteNode(nodeOf(tile));
+    m_list->setCurrentRow(qMin(row, m_list->count() - 1));
 }
 
 /// The menu acts on the tile below it, which a right click has made the current one.

@@ -39,6 +39,7 @@ private:
     static KMContainerNode *nodeOf(const QListWidgetItem *tile);
     void choose(QListWidgetItem *tile);
     void rename(QListWidgetItem *tile);
+    void remove(QListWidgetItem *tile);
     void showTile(QListWidgetItem *tile);
     void showMenu(const QPoint &position);
 

@@ -86,7 +86,7 @@ void kmcoodinatewidget::refresh()
     if (m_released || !isVisible())
         return;
     const KMSelectionCoordinates selection;
-    m_target->setEnabled(!selection.isEmpty());
+    m_target->setVisible(!selection.isEmpty());
     if (isForSelection(selection))
         showSelection(selection);
     else
