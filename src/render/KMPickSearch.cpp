@@ -4,6 +4,7 @@
 #include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
+#include "render/KMPickFaceCache.h"
 #include "render/KMViewFilter.h"
 
 #include <cmath>
@@ -29,6 +30,8 @@ float orientation(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Vecto
 {
     return (b.x - a.x) * (c.y - b.y) - (b.y - a.y) * (c.x - b.x);
 }
+
+KMPickFaceCache faceCache;
 
 /// The corners of the two triangles that a face is drawn as.
 constexpr int triangles[2][3] = {{0, 1, 2}, {2, 3, 0}};
@@ -115,12 +118,13 @@ void KMPickSearch::collectVertices(Nearby &nearby)
 void KMPickSearch::collectFaces(Nearby &nearby)
 {
     const quint8 *sides = m_sides.constData();
-    for (KMFace *face : nearby.mesh->liveFaces()) {
-        int common = sides[face->indices[0]] & sides[face->indices[1]];
-        for (int c = 2; c < face->count; ++c)
-            common &= sides[face->indices[c]];
-        if (common != 0)
+    const QVector<KMPickFaceCache::Corners> &corners = faceCache.cornersOf(nearby.mesh);
+    KMFace *const *faces = nearby.mesh->liveFaces().constData();
+    for (int i = 0; i < corners.size(); ++i) {
+        const KMPickFaceCache::Corners &c = corners.at(i);
+        if (sides[c[0]] & sides[c[1]] & sides[c[2]] & sides[c[3]])
             continue;
+        KMFace *face = faces[i];
         if (face->hasFlag(KMElementFlag::Hidden) && !m_request.includeHidden)
             continue;
         if (m_request.visibleOnly && !face->drawn)
