@@ -332,10 +332,6 @@
         <translation>ファイルが大きすぎます: %1 バイト</translation>
     </message>
     <message>
-        <source>The file can&apos;t be read: %1</source>
-        <translation>ファイルを読み込めません: %1</translation>
-    </message>
-    <message>
         <source>This is not a model file: %1</source>
         <translation>モデルファイルではありません: %1</translation>
     </message>
@@ -471,6 +467,10 @@
     <message>
         <source>%1 records are promised, but only %2 bytes are left</source>
         <translation>%1 件のレコードがあるはずですが、残りは %2 バイトです</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read: %1</source>
+        <translation>ファイルを読み込めません: %1</translation>
     </message>
 </context>
 <context>
@@ -3040,6 +3040,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>setIntIntCommand</name>
+    <message>
+        <source>Set Int</source>
+        <translation>整数の設定</translation>
+    </message>
+</context>
+<context>
     <name>setLockUVCommand</name>
     <message>
         <source>Set Pinned UV</source>
@@ -3051,13 +3058,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Set Lock</source>
         <translation>ロックの切り替え</translation>
-    </message>
-</context>
-<context>
-    <name>setParameterCommand</name>
-    <message>
-        <source>Set Int</source>
-        <translation>整数の設定</translation>
     </message>
 </context>
 <context>

@@ -39,10 +39,6 @@ void setParameterCommand<Value>::write(const Value &value)
         showInEditor(m_editor, value);
 }
 
-template class setParameterCommand<int>;
-template class setParameterCommand<bool>;
-template class setParameterCommand<float>;
-
 setIntIntCommand::setIntIntCommand(KMVariantNode *parameter, int before, int after, QWidget *editor)
     : setParameterCommand(tr("Set Int"), parameter, before, after, editor)
 {
@@ -57,3 +53,7 @@ setFloatFloatCommand::setFloatFloatCommand(KMVariantNode *parameter, float befor
     : setParameterCommand(tr("Set Float"), parameter, before, after, editor)
 {
 }
+
+template class setParameterCommand<int>;
+template class setParameterCommand<bool>;
+template class setParameterCommand<float>;

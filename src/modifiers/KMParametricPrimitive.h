@@ -112,9 +112,9 @@ private:
         const Hold hold(this);
         m_plain = parameters;
         for (const auto &[node, member] : m_floats)
-            node->setFloat(parameters.*member);
+            node->setFloat(m_plain.*member);
         for (const auto &[node, member] : m_ints)
-            node->setInt(parameters.*member);
+            node->setInt(m_plain.*member);
     }
 
     void regenerate()

@@ -23,42 +23,23 @@ struct KindRow
     float pitch, yaw;               // degrees
     float flippedPitch, flippedYaw; // of the fixed ones
     kvm::Vector3 pan;
+    float orthoZoom; // for a view of some hundred units, the UV view for the square of a texture
 };
 
+// clang-format off
 constexpr KindRow kindRows[] = {
-    {KMCameraNode::Perspective,
-     QT_TRANSLATE_NOOP("KMCameraNode", "Perspective View"),
-     QT_TRANSLATE_NOOP("KMCameraNode", "Ortho View"),
-     false,
-     false,
-     -20,
-     30,
-     0,
-     0,
-     {}},
-    {KMCameraNode::Top, QT_TRANSLATE_NOOP("KMCameraNode", "Top View"), "Bottom View", true, true, -90, 0, 90, 0, {}},
-    {KMCameraNode::Front,
-     QT_TRANSLATE_NOOP("KMCameraNode", "Front View"),
-     QT_TRANSLATE_NOOP("KMCameraNode", "Back View"),
-     true,
-     true,
-     0,
-     0,
-     0,
-     180,
-     {}},
-    {KMCameraNode::Right,
-     QT_TRANSLATE_NOOP("KMCameraNode", "Right View"),
-     QT_TRANSLATE_NOOP("KMCameraNode", "Left View"),
-     true,
-     true,
-     0,
-     90,
-     0,
-     -90,
-     {}},
-    {KMCameraNode::UV, QT_TRANSLATE_NOOP("KMCameraNode", "UV View"), "", true, false, 180, 0, 0, 0, {50, 50, 0}},
+    {KMCameraNode::Perspective, QT_TRANSLATE_NOOP("KMCameraNode", "Perspective View"),
+     QT_TRANSLATE_NOOP("KMCameraNode", "Ortho View"), false, false, -20, 30, 0, 0, {}, 1},
+    {KMCameraNode::Top, QT_TRANSLATE_NOOP("KMCameraNode", "Top View"),
+     "Bottom View", true, true, -90, 0, 90, 0, {}, 3},
+    {KMCameraNode::Front, QT_TRANSLATE_NOOP("KMCameraNode", "Front View"),
+     QT_TRANSLATE_NOOP("KMCameraNode", "Back View"), true, true, 0, 0, 0, 180, {}, 3},
+    {KMCameraNode::Right, QT_TRANSLATE_NOOP("KMCameraNode", "Right View"),
+     QT_TRANSLATE_NOOP("KMCameraNode", "Left View"), true, true, 0, 90, 0, -90, {}, 3},
+    {KMCameraNode::UV, QT_TRANSLATE_NOOP("KMCameraNode", "UV View"),
+     "", true, false, 180, 0, 0, 0, {50, 50, 0}, 14},
 };
+// clang-format on
 
 const KindRow *kindRow(int kind)
 {
@@ -125,7 +106,7 @@ void KMCameraNode::restoreDefaults()
 {
     m_fov = 35.0f;
     m_distance = 500.0f;
-    m_orthoZoom = 1.0f;
+    m_orthoZoom = kindRow(m_kind)->orthoZoom;
     m_pivot = {};
     m_pan = {};
     m_roll = 0.0f;
@@ -206,7 +187,10 @@ void KMCameraNode::setAngles(float pitch, float yaw, float roll)
     m_yaw = yaw;
     m_roll = roll;
     fixRotation();
-    updateMatrices();
+    if (isUV())
+        setPan(m_pan); // it turns about the middle of the window
+    else
+        updateMatrices();
 }
 
 /// The session's light looks along its direction, and shaders want the point that it comes from. It is fixed to
@@ -217,6 +201,7 @@ kvm::Vector3 KMCameraNode::lightDirection() const
     return viewRotation().rotationInverse().transformDirection(direction * -lightDistance);
 }
 
+/// In the middle of a drag the picture is moved by more than the pan says. The file has one place for that.
 KMDCamera KMCameraNode::stored() const
 {
     KMDCamera camera;
@@ -231,7 +216,7 @@ KMDCamera KMCameraNode::stored() const
     camera.angles = {m_pitch, m_yaw, m_roll};
     camera.distance = m_distance;
     camera.flipped = m_flipped;
-    camera.pivotShift = m_pivotShift;
+    camera.pivotShift = m_pivotShift + m_panShift + viewRotation().transformDirection(m_pan);
     camera.orthoZoom = m_orthoZoom;
     camera.options = m_viewFlags;
     return camera;

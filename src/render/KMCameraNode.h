@@ -64,9 +64,10 @@ public:
 
     float pitch() const { return m_pitch; }
     float yaw() const { return m_yaw; }
-    float roll() const { return m_roll; }               ///< turns the picture of the UV view only
-    void setAngles(float pitch, float yaw, float roll); ///< as they are, without limits; the pivot stays in its place
-    void rotateBy(float pitchPixels, float yawPixels);  ///< by a drag of so many pixels, within the user's limits
+    float roll() const { return m_roll; } ///< turns the picture of the UV view only
+    void setAngles(float pitch, float yaw,
+                   float roll); ///< without limits; the pivot stays in its place, in the UV view the middle
+    void rotateBy(float pitchPixels, float yawPixels); ///< by a drag of so many pixels, within the user's limits
     const kvm::Vector3 &pivot() const { return m_pivot; }
     void setPivot(const kvm::Vector3 &pivot); ///< the picture stays as it is; nothing for the UV view
     const kvm::Vector3 &pan() const { return m_pan; }

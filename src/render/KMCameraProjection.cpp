@@ -102,8 +102,7 @@ void KMCameraNode::buildProjection()
     p[15] = 0.0f;
 }
 
-/// A roll stands within the rotation, before the translation: then a rolled view turns about the pivot's place
-/// on the screen, and a pan means the same at every roll.
+/// A roll stands within the rotation, before the translation, so that a pan means the same at every roll.
 kvm::Matrix4 KMCameraNode::viewRotation() const
 {
     const kvm::Matrix4 rotation = yawMatrix(m_yaw) * pitchMatrix(m_pitch);

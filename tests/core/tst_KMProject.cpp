@@ -223,7 +223,7 @@ void tst_KMProject::derivedListsMatchAWalk()
     RecordingSession scene;
     QRandomGenerator random(20);
     const auto below = [&random](int limit) { return limit > 0 ? int(random.bounded(limit)) : 0; };
-    for (int step = 0; step < 4000; ++step) {
+    for (int step = 0; step < 1500; ++step) {
         const QList<QTreeWidgetItem *> rows = KMTreeWidget::flatten(gProject->tree());
         const auto anyNode = [&] { return rows.isEmpty() ? nullptr : KMTreeWidget::nodeOf(rows[below(rows.size())]); };
         KMContainerNode *node = anyNode();

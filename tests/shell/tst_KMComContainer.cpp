@@ -147,6 +147,7 @@ void tst_KMComContainer::standAloneNulls()
 void tst_KMComContainer::selectAllElements()
 {
     const TestWindow window;
+    QVERIFY(window.isActive());
     window.trigger("actionCreateNull");
     KMMeshNode *mesh = MeshFixtures::cube();
     gProject->addNode(mesh);

@@ -419,8 +419,7 @@ void tst_kmnodewidget::dropTag()
 void tst_kmnodewidget::tagByKeys()
 {
     gSolution->push(new addTagCommand(m_a, new TestTag(QStringLiteral("T"))));
-    (*m_window)->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&**m_window));
+    QVERIFY(m_window->isActive());
     m_tree->setFocus();
     QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, tagCentre(m_a, 0));
     m_window->trigger("actionCopy");
@@ -446,8 +445,7 @@ void tst_kmnodewidget::keysOfTheShelves()
     m_window->trigger("actionCreateShader");
     m_tree->setCurrentItem(m_a->item());
     auto *list = m_window->child<QListWidget>("kmshaderwidgetList");
-    (*m_window)->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&**m_window));
+    QVERIFY(m_window->isActive());
     list->setFocus();
     list->setCurrentRow(1);
     QTest::keyClick(list, Qt::Key_F2);

@@ -48,6 +48,12 @@ void TestWindow::reopen()
     open();
 }
 
+bool TestWindow::isActive() const
+{
+    m_window->activateWindow();
+    return QTest::qWaitForWindowActive(m_window);
+}
+
 void TestWindow::trigger(const char *actionName) const
 {
     QAction *action = m_window->action(actionName);

@@ -25,6 +25,7 @@ public:
     void reopen(); ///< closes the window and starts again with the same files
     void close();  ///< discards the document when it was changed; gone afterwards
 
+    bool isActive() const; ///< waits for it: only then a widget can take the focus
     void trigger(const char *actionName) const; ///< of an action of the window; fails the test for an unknown one
     template <class Node>
     Node *create(const char *actionName) const ///< triggers the action; what is current then
