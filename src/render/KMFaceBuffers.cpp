@@ -158,10 +158,14 @@ void KMFaceBuffers::writeIndices(const KMMeshNode &mesh)
     const bool allShown = std::all_of(faces.cbegin(), faces.cend(), [](const KMFace *face) { return face->drawn; });
     if (allShown && m_allShown)
         return;
+    m_allShown = allShown;
     std::vector<std::unique_ptr<KMBufferMap<quint32>>> maps;
     for (const auto &group : m_groups) {
         maps.push_back(std::make_unique<KMBufferMap<quint32>>(group->ibo));
-        group->indexCount = 0;
+        if (*maps.back())
+            group->indexCount = 0;
+        else
+            m_allShown = false; // tried again at the next change
     }
     GroupLookup groupOfShader(m_shaderToGroup);
     for (const KMFace *face : faces) {
@@ -177,5 +181,4 @@ void KMFaceBuffers::writeIndices(const KMMeshNode &mesh)
             index[k] = quint32(face->drawIndices[k]);
         group.indexCount += count;
     }
-    m_allShown = allShown;
 }

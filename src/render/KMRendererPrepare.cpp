@@ -119,7 +119,8 @@ void KMRenderer::projectMeshes(const KMCameraNode &camera)
         const bool culled = item.mesh->renderFlags() & KMRenderMask::FrontOnly;
         RendeFuncStruct call{item.mesh, &camera};
         call.isMoved = item.data->projectedView() != m_viewNumber || (dirty & shape);
-        call.isRedrawn = dirty != 0 || culled != item.data->wasCulled() || (culled && call.isMoved);
+        const bool isNew = item.data->projectedView() == 0;
+        call.isRedrawn = isNew || dirty != 0 || culled != item.data->wasCulled() || (culled && call.isMoved);
         if (call.isRedrawn)
             item.data->markVisibilityChanged();
         if (call.isMoved || call.isRedrawn)
