@@ -54,6 +54,12 @@ namespace {
 
 using Maker = std::function<KMMeshNode *()>;
 
+} // namespace
+
+Q_DECLARE_METATYPE(Maker)
+
+namespace {
+
 void addFixtureRows()
 {
     QTest::addColumn<Maker>("make");
@@ -81,8 +87,6 @@ QStringList taken(QStringList &log)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Maker)
 
 void tst_KMMeshNode::freshMesh()
 {
