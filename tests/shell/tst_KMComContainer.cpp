@@ -147,12 +147,11 @@ void tst_KMComContainer::standAloneNulls()
 void tst_KMComContainer::selectAllElements()
 {
     const TestWindow window;
-    QVERIFY(window.isActive());
     window.trigger("actionCreateNull");
     KMMeshNode *mesh = MeshFixtures::cube();
     gProject->addNode(mesh);
     KMMeshEdit::hideFace(*mesh, 0, true);
-    window->attributeDock()->setFocus();
+    QVERIFY(window.focus(window->attributeDock()));
     KMEditFilter filter;
     filter.edges = false;
     gSolution->setEditFilter(filter);
@@ -168,7 +167,7 @@ void tst_KMComContainer::selectAllElements()
     mesh->rebuildSelectionCache();
     QVERIFY(mesh->selectedVertices().isEmpty());
 
-    gProject->tree()->setFocus();
+    QVERIFY(window.focus(gProject->tree()));
     window.trigger("ComSelectAll");
     QCOMPARE(gProject->tree()->selectedItems().size(), 2);
     QCOMPARE(window->undoStack()->index(), steps + 2);

@@ -58,7 +58,7 @@ private:
     {
         return m_attributes->page()->findChild<Field *>(QLatin1String(objectName));
     }
-    static void type(QWidget *field, const QString &text, Qt::Key key = Qt::Key_Return);
+    void type(QWidget *field, const QString &text, Qt::Key key = Qt::Key_Return) const;
     int steps() const { return (*m_window)->undoStack()->index(); }
     void undo() const { (*m_window)->undoStack()->undo(); }
 
@@ -77,9 +77,9 @@ void tst_kmattributewidget::cleanup()
     m_window.reset();
 }
 
-void tst_kmattributewidget::type(QWidget *field, const QString &text, Qt::Key key)
+void tst_kmattributewidget::type(QWidget *field, const QString &text, Qt::Key key) const
 {
-    field->setFocus();
+    QVERIFY(m_window->focus(field));
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(field, text);
     QTest::keyClick(field, key);
@@ -244,7 +244,7 @@ void tst_kmattributewidget::shaderFields()
     type(field<KMNumberField>("outlineSize"), QStringLiteral("0.5"));
     QCOMPARE(shader->values().outlineSize, 0.5f);
     auto *shading = field<QComboBox>("shaderType");
-    shading->setFocus();
+    QVERIFY(m_window->focus(shading));
     QTest::keyClick(shading, Qt::Key_Down);
     QCOMPARE(shader->values().shaderType, 1);
     QCOMPARE(steps(), 6);
@@ -261,7 +261,7 @@ void tst_kmattributewidget::shaderTextures()
     auto *shader = m_window->create<KMBasicShaderNode>("actionCreateShader");
     auto *slot = field<QComboBox>("toonTexture");
     QCOMPARE(slot->count(), 2); // none and the one texture
-    slot->setFocus();
+    QVERIFY(m_window->focus(slot));
     QTest::keyClick(slot, Qt::Key_Down);
     QCOMPARE(shader->values().textures[KMBasicShader::Toon], 0);
     gProject->deleteNode(gProject->textures().first());
@@ -322,7 +322,7 @@ void tst_kmattributewidget::pageOfDeletedNodeIsSilent()
 {
     auto *node = m_window->create<KMNullNode>("actionCreateNull");
     auto *text = field<KMTextField>("name");
-    text->setFocus();
+    QVERIFY(m_window->focus(text));
     text->setText(QStringLiteral("late"));
     undo();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

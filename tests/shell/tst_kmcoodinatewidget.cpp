@@ -47,7 +47,7 @@ private:
     void type(const char *objectName, const QString &text) const
     {
         KMNumberField *number = field(objectName);
-        number->setFocus();
+        QVERIFY(m_window->focus(number));
         number->selectAll();
         QTest::keyClicks(number, text);
         QTest::keyClick(number, Qt::Key_Return);
@@ -136,7 +136,7 @@ void tst_kmcoodinatewidget::typedAnglesAreKept()
 void tst_kmcoodinatewidget::tabGoesRound()
 {
     m_window->trigger("actionCreateNull");
-    field("positionX")->setFocus();
+    QVERIFY(m_window->focus(field("positionX")));
     QStringList passed;
     for (int i = 0; i < 9; ++i) {
         passed << QApplication::focusWidget()->objectName();
@@ -169,7 +169,7 @@ void tst_kmcoodinatewidget::pendingStepStaysWithItsNode()
 {
     auto *first = m_window->create<KMNullNode>("actionCreateNull");
     auto *second = m_window->create<KMNullNode>("actionCreateNull");
-    field("positionX")->setFocus();
+    QVERIFY(m_window->focus(field("positionX")));
     QTest::keyClick(field("positionX"), Qt::Key_Up);
     gProject->tree()->setCurrentItem(first->item());
     QTest::qWait(500);
@@ -216,7 +216,7 @@ void tst_kmcoodinatewidget::placeAndSizeOfTheSelection()
         QCOMPARE(mesh->position(i), before[i]);
 
     auto *target = m_dock->findChild<QComboBox *>(QStringLiteral("coordinateTarget"));
-    target->setFocus();
+    QVERIFY(m_window->focus(target));
     QTest::keyClick(target, Qt::Key_Down); // the node instead
     type("positionX", QStringLiteral("20"));
     for (int i = 0; i < 8; ++i)

@@ -419,8 +419,7 @@ void tst_kmnodewidget::dropTag()
 void tst_kmnodewidget::tagByKeys()
 {
     gSolution->push(new addTagCommand(m_a, new TestTag(QStringLiteral("T"))));
-    QVERIFY(m_window->isActive());
-    m_tree->setFocus();
+    QVERIFY(m_window->focus(m_tree));
     QTest::mouseClick(m_tree->viewport(), Qt::LeftButton, Qt::NoModifier, tagCentre(m_a, 0));
     m_window->trigger("actionCopy");
     m_window->trigger("actionDelete");
@@ -445,8 +444,7 @@ void tst_kmnodewidget::keysOfTheShelves()
     m_window->trigger("actionCreateShader");
     m_tree->setCurrentItem(m_a->item());
     auto *list = m_window->child<QListWidget>("kmshaderwidgetList");
-    QVERIFY(m_window->isActive());
-    list->setFocus();
+    QVERIFY(m_window->focus(list));
     list->setCurrentRow(1);
     QTest::keyClick(list, Qt::Key_F2);
     auto *editor = list->findChild<QLineEdit *>();

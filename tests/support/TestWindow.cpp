@@ -27,7 +27,7 @@ void TestWindow::open()
     m_window->setAttribute(Qt::WA_DeleteOnClose, true);
     m_window->createPreferences();
     m_window->show();
-    QCoreApplication::processEvents();
+    isActive(); // else the window manager takes the focus from a widget that a test has given it to
 }
 
 void TestWindow::close()
@@ -52,6 +52,16 @@ bool TestWindow::isActive() const
 {
     m_window->activateWindow();
     return QTest::qWaitForWindowActive(m_window);
+}
+
+bool TestWindow::focus(QWidget *widget) const
+{
+    return QTest::qWaitFor([this, widget] {
+        if (!isActive())
+            return false;
+        widget->setFocus();
+        return widget->hasFocus();
+    });
 }
 
 void TestWindow::trigger(const char *actionName) const

@@ -25,7 +25,8 @@ public:
     void reopen(); ///< closes the window and starts again with the same files
     void close();  ///< discards the document when it was changed; gone afterwards
 
-    bool isActive() const; ///< waits for it: only then a widget can take the focus
+    bool isActive() const;             ///< waits for it
+    bool focus(QWidget *widget) const; ///< waits until it has the focus, whatever the window manager does meanwhile
     void trigger(const char *actionName) const; ///< of an action of the window; fails the test for an unknown one
     template <class Node>
     Node *create(const char *actionName) const ///< triggers the action; what is current then
