@@ -5,6 +5,9 @@ class KMMeshNode;
 
 /// What a mesh tells the stages of its modifier chain, and what it needs to know of them. The nodes of the
 /// modifiers stand in a higher layer and derive from this.
+///
+/// rebuild() finds the lists of live elements and the edges of the mesh up to date. What a refresh tells before that
+/// finds them as of the last refresh: they may name records that went, so that the stores have to be walked instead.
 class KMMeshModifier
 {
 public:

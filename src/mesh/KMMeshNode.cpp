@@ -130,9 +130,9 @@ void KMMeshNode::clearGeometry()
 KMMeshNode *KMMeshNode::clone() const
 {
     auto *copy = new KMMeshNode;
+    copy->copyRecords(*this); // before the tags, which follow the records
     copyNullTo(copy);
     copy->setSmoothAngle(smoothAngle());
-    copy->copyRecords(*this);
     copy->refreshMesh(KMMeshDirty::All);
     copy->markDirty(KMMeshDirty::All);
     return copy;

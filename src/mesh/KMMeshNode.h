@@ -148,12 +148,13 @@ private:
     void tellTags(void (KMTagBase::*hook)());
     void tellModifiers(void (KMMeshModifier::*hook)());
     void tellEarly(quint32 mask);
-    bool refreshPositions(quint32 mask);
+    bool tellsOnTheWay(quint32 mask) const;
+    bool refreshPositions(quint32 mask, bool areCornersRead);
     bool refreshAttributes(quint32 mask);
     void refreshRecords(bool withEdges);
     void refreshLiveVertices();
     void refreshLiveFaces();
-    void computeNormals(bool force);
+    void computeNormals(bool force, bool areCornersRead);
     void finishRefresh(quint32 mask) { m_dirtyMask &= ~mask; }
     void changeFlags(quint8 &flags, quint8 bit, bool on, quint32 mask);
     bool hasDrawnNormals(const KMTagBase *tag) const;

@@ -33,12 +33,17 @@ void KMMeshNode::refreshMesh(quint32 mask)
     if (!m_modifiers.isEmpty())
         m_chainPending |= mask & (Positions | Weights | SourceMoved);
     tellEarly(mask);
-    // Those that are told below walk over the mesh: what follows from the records is right by then.
     const int shadersBefore = m_usedShaders.size();
-    if (mask != Positions && mask != Weights && mask != Shaders)
+    const bool readsRecords = mask != Positions && mask != Weights && mask != Shaders;
+    // Whoever is told below finds the lists as of the last refresh, and what it changes enters them. Where nobody is,
+    // they come first: the one walk reads the corners for the normals as well.
+    const bool isFirst = readsRecords && !tellsOnTheWay(mask);
+    if (isFirst)
         refreshRecords(mask & Edges);
-    if (refreshPositions(mask) || refreshAttributes(mask))
+    if (refreshPositions(mask, isFirst) || refreshAttributes(mask))
         return;
+    if (readsRecords && !isFirst)
+        refreshRecords(mask & Edges);
 
     if (mask & Topology) {
         tellModifiers(&KMMeshModifier::rebuild);
@@ -47,6 +52,13 @@ void KMMeshNode::refreshMesh(quint32 mask)
     if ((mask & Buffers) || m_usedShaders.size() != shadersBefore)
         markRenderDirty(RenderAll);
     finishRefresh(mask);
+}
+
+/// Whether tags or stages of a chain hear of the refresh before the lists are to follow.
+bool KMMeshNode::tellsOnTheWay(quint32 mask) const
+{
+    return !m_modifiers.isEmpty() || ((mask & Positions) && liveTagCount() > 0)
+           || ((mask & ResultMoved) && m_ownerModifier);
 }
 
 void KMMeshNode::tellEarly(quint32 mask)
@@ -62,13 +74,13 @@ void KMMeshNode::tellEarly(quint32 mask)
 }
 
 /// Answers whether the refresh ends here.
-bool KMMeshNode::refreshPositions(quint32 mask)
+bool KMMeshNode::refreshPositions(quint32 mask, bool areCornersRead)
 {
     if (mask & Positions) {
         // Tags that lay offsets on the positions take them back and lay them on anew.
         tellTags(&KMTagBase::unapply);
         tellTags(&KMTagBase::apply);
-        computeNormals(mask != Positions);
+        computeNormals(mask != Positions, areCornersRead);
         markRenderDirty(RenderVertices);
         if (mask == Positions) {
             finishRefresh(mask);
@@ -167,19 +179,18 @@ void KMMeshNode::refreshLiveFaces()
 
 void KMMeshNode::recomputeNormals(quint32 mask)
 {
-    if (mask != Positions)
-        readCorners();
-    computeNormals(mask != Positions);
+    computeNormals(mask != Positions, false);
 }
 
-void KMMeshNode::computeNormals(bool force)
+void KMMeshNode::computeNormals(bool force, bool areCornersRead)
 {
     if (m_suspendNormals)
         return;
     auto *tag = static_cast<KMTagNormal *>(findTag(KMNodeType::TagNormal));
     if (!hasDrawnNormals(tag) || (faceCount() == 0 && !tag))
         return;
-    if (corners().faceCount() != faceCount() || corners().vertexCount() != vertexCount())
+    const bool areOthers = corners().faceCount() != faceCount() || corners().vertexCount() != vertexCount();
+    if (areOthers || (force && !areCornersRead))
         readCorners();
     m_normals->compute(*this, tag, force);
 }

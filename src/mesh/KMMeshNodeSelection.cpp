@@ -114,23 +114,24 @@ void KMMeshNode::rebuildSelectionCache()
     m_selectedVertices.clear();
     m_selectedFaces.clear();
     const std::vector<bool> marks = selectionMarks();
+    m_selectionPositions.fill({}, vertexCount());
+    double sum[3] = {}; // in the order of the store: the set has another one in each run, and rounds otherwise
     for (int i = 0; i < vertexCount(); ++i) {
-        if (marks[size_t(i)])
-            m_selectedVertices.insert(i);
+        if (!marks[size_t(i)])
+            continue;
+        m_selectedVertices.insert(i);
+        rememberVertex(i);
+        for (int axis = 0; axis < 3; ++axis)
+            sum[axis] += double(position(i)[axis]);
     }
+    m_selectionCentre = {};
+    for (int axis = 0, count = m_selectedVertices.size(); count > 0 && axis < 3; ++axis)
+        m_selectionCentre[axis] = float(sum[axis] / count);
     for (int f = 0; f < faceCount(); ++f) {
         const KMFace *record = face(f);
         if (record && record->isLive() && record->hasFlag(KMElementFlag::Selected))
             m_selectedFaces.insert(f);
     }
-    m_selectionPositions.fill({}, vertexCount());
-    m_selectionCentre = {};
-    for (const int i : std::as_const(m_selectedVertices)) {
-        rememberVertex(i);
-        m_selectionCentre += position(i);
-    }
-    if (!m_selectedVertices.isEmpty())
-        m_selectionCentre /= float(m_selectedVertices.size());
 }
 
 void KMMeshNode::rememberVertex(int i)

@@ -3,13 +3,13 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
-#include "math/Matrix4.h"
 #include "mesh/KMCopyBuffer.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshSelect.h"
 #include "mesh/KMMeshTargets.h"
+#include "mesh/KMSymmetryPlane.h"
 #include "mesh/KMVertexCommands.h"
 
 #include <QCoreApplication>
@@ -22,26 +22,6 @@
 using kvm::Vector3;
 
 namespace {
-
-/// The x-plane of a mesh's frame.
-class SymmetryPlane
-{
-public:
-    explicit SymmetryPlane(const KMMeshNode &mesh)
-    {
-        const kvm::Matrix4 frame = mesh.worldMatrix();
-        m_normal = frame.transformDirection({1.0f, 0.0f, 0.0f}).normalized();
-        m_origin = frame.translation();
-    }
-    Vector3 reflected(const Vector3 &point) const
-    {
-        return point - m_normal * (2.0f * dot(point - m_origin, m_normal));
-    }
-
-private:
-    Vector3 m_normal;
-    Vector3 m_origin;
-};
 
 using Place = std::array<float, 3>;
 
@@ -83,7 +63,7 @@ private:
 
     KMMeshNode &m_mesh;
     KMMeshPaste::Kind m_kind;
-    SymmetryPlane m_plane;
+    KMSymmetryPlane m_plane;
     std::map<Place, int> m_places;            // vertices of the mesh that can be joined to
     QVector<KMCopyBuffer::Vertex> m_vertices; // new ones; they follow those of the mesh
     QVector<KMCopyBuffer::Face> m_faces;      // with indices of the mesh

@@ -3,35 +3,13 @@
 #include "mesh/KMMeshNode.h"
 
 setSelectVertexCommand::setSelectVertexCommand(KMMeshNode *mesh, int index, bool selected)
-    : KMMeshCommand(tr("Select Vertex"), mesh)
-    , m_index(index)
-    , m_before(mesh->vertex(index)->hasFlag(KMElementFlag::Selected))
-    , m_after(selected)
+    : KMElementFlagCommand(tr("Select Vertex"), mesh, Element::Vertex, KMElementFlag::Selected, selected, index)
 {
-}
-
-void setSelectVertexCommand::apply(Direction direction)
-{
-    if (direction == Direction::Redo ? m_after : m_before)
-        mesh()->setVertexFlag(m_index, KMElementFlag::Selected);
-    else
-        mesh()->clearVertexFlag(m_index, KMElementFlag::Selected);
 }
 
 setSelectFaceCommand::setSelectFaceCommand(KMMeshNode *mesh, int index, bool selected)
-    : KMMeshCommand(tr("Select Face"), mesh)
-    , m_index(index)
-    , m_before(mesh->face(index)->hasFlag(KMElementFlag::Selected))
-    , m_after(selected)
+    : KMElementFlagCommand(tr("Select Face"), mesh, Element::Face, KMElementFlag::Selected, selected, index)
 {
-}
-
-void setSelectFaceCommand::apply(Direction direction)
-{
-    if (direction == Direction::Redo ? m_after : m_before)
-        mesh()->setFaceFlag(m_index, KMElementFlag::Selected);
-    else
-        mesh()->clearFaceFlag(m_index, KMElementFlag::Selected);
 }
 
 setSelectEdgeCommand::setSelectEdgeCommand(KMMeshNode *mesh, int a, int b, bool selected)
@@ -57,18 +35,12 @@ void setSelectEdgeCommand::apply(Direction direction)
 }
 
 setHideFaceCommand::setHideFaceCommand(KMMeshNode *mesh, int index, bool hidden)
-    : KMMeshCommand(tr("Hide Face"), mesh)
-    , m_index(index)
-    , m_before(mesh->face(index)->hasFlag(KMElementFlag::Hidden))
-    , m_after(hidden)
+    : KMElementFlagCommand(tr("Hide Face"), mesh, Element::Face, KMElementFlag::Hidden, hidden, index)
 {
 }
 
 void setHideFaceCommand::apply(Direction direction)
 {
-    if (direction == Direction::Redo ? m_after : m_before)
-        mesh()->setFaceFlag(m_index, KMElementFlag::Hidden);
-    else
-        mesh()->clearFaceFlag(m_index, KMElementFlag::Hidden);
+    KMElementFlagCommand::apply(direction);
     mesh()->markDirty(KMMeshDirty::All);
 }

@@ -1,39 +1,23 @@
 #pragma once
 
-#include "mesh/KMMeshCommand.h"
+#include "mesh/KMElementFlagCommand.h"
 
 #include <QCoreApplication>
 
 /// Selects a vertex or takes it out of the selection.
-class setSelectVertexCommand : public KMMeshCommand
+class setSelectVertexCommand : public KMElementFlagCommand
 {
     Q_DECLARE_TR_FUNCTIONS(setSelectVertexCommand)
 public:
     setSelectVertexCommand(KMMeshNode *mesh, int index, bool selected);
-
-protected:
-    void apply(Direction direction) override;
-
-private:
-    int m_index;
-    bool m_before;
-    bool m_after;
 };
 
 /// The same for a face.
-class setSelectFaceCommand : public KMMeshCommand
+class setSelectFaceCommand : public KMElementFlagCommand
 {
     Q_DECLARE_TR_FUNCTIONS(setSelectFaceCommand)
 public:
     setSelectFaceCommand(KMMeshNode *mesh, int index, bool selected);
-
-protected:
-    void apply(Direction direction) override;
-
-private:
-    int m_index;
-    bool m_before;
-    bool m_after;
 };
 
 /// The same for an edge; does nothing where there was no such edge.
@@ -55,7 +39,7 @@ private:
 };
 
 /// Hides a face or shows it again.
-class setHideFaceCommand : public KMMeshCommand
+class setHideFaceCommand : public KMElementFlagCommand
 {
     Q_DECLARE_TR_FUNCTIONS(setHideFaceCommand)
 public:
@@ -63,9 +47,4 @@ public:
 
 protected:
     void apply(Direction direction) override;
-
-private:
-    int m_index;
-    bool m_before;
-    bool m_after;
 };

@@ -3,6 +3,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 
 #include <algorithm>
@@ -65,6 +66,12 @@ QList<KMMeshNode *> KMMeshTargets::chosen()
 
 bool KMMeshTargets::isEditable(const KMMeshNode &mesh)
 {
+    if (KMMeshModifier *owner = mesh.ownerModifier()) {
+        // Results show with the mesh at the start of the chain.
+        const KMMeshNode *source = owner->source();
+        if (!source || !source->isVisible())
+            return false;
+    }
     const KMContainerNode &node = stateNode(mesh);
     return !node.isLocked() && node.isVisible() && !node.isDeleted();
 }

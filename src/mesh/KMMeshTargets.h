@@ -28,7 +28,7 @@ bool isChosen(const KMMeshNode &mesh);
 
 /// The chosen meshes, results included, that are not locked, in the order of the tree; with what is hidden or not.
 QList<KMMeshNode *> chosen();
-bool isEditable(const KMMeshNode &mesh); ///< not locked, visible and in the scene
+bool isEditable(const KMMeshNode &mesh); ///< not locked, in the scene, and shown there
 
 /// The kinds of elements that the session's edit filter lets the mouse work on.
 Elements filteredElements();

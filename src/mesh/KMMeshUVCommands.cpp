@@ -24,35 +24,11 @@ void editFaceUVCommand::apply(Direction direction)
 }
 
 setSelectUVCommand::setSelectUVCommand(KMMeshNode *mesh, int face, int corner, bool selected)
-    : KMMeshCommand(tr("Set Select UV"), mesh)
-    , m_face(face)
-    , m_corner(corner)
-    , m_before(mesh->face(face)->cornerFlags[corner] & KMElementFlag::Selected)
-    , m_after(selected)
+    : KMElementFlagCommand(tr("Set Select UV"), mesh, Element::Corner, KMElementFlag::Selected, selected, face, corner)
 {
-}
-
-void setSelectUVCommand::apply(Direction direction)
-{
-    if (direction == Direction::Redo ? m_after : m_before)
-        mesh()->setCornerFlag(m_face, m_corner, KMElementFlag::Selected);
-    else
-        mesh()->clearCornerFlag(m_face, m_corner, KMElementFlag::Selected);
 }
 
 setLockUVCommand::setLockUVCommand(KMMeshNode *mesh, int face, int corner, bool locked)
-    : KMMeshCommand(tr("Set Pinned UV"), mesh)
-    , m_face(face)
-    , m_corner(corner)
-    , m_before(mesh->face(face)->cornerFlags[corner] & KMElementFlag::UVLocked)
-    , m_after(locked)
+    : KMElementFlagCommand(tr("Set Pinned UV"), mesh, Element::Corner, KMElementFlag::UVLocked, locked, face, corner)
 {
-}
-
-void setLockUVCommand::apply(Direction direction)
-{
-    if (direction == Direction::Redo ? m_after : m_before)
-        mesh()->setCornerFlag(m_face, m_corner, KMElementFlag::UVLocked);
-    else
-        mesh()->clearCornerFlag(m_face, m_corner, KMElementFlag::UVLocked);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "math/Vector2.h"
-#include "mesh/KMMeshCommand.h"
+#include "mesh/KMElementFlagCommand.h"
 
 #include <QCoreApplication>
 
@@ -25,35 +25,17 @@ private:
 };
 
 /// Selects the UV of a corner or takes it out of the selection.
-class setSelectUVCommand : public KMMeshCommand
+class setSelectUVCommand : public KMElementFlagCommand
 {
     Q_DECLARE_TR_FUNCTIONS(setSelectUVCommand)
 public:
     setSelectUVCommand(KMMeshNode *mesh, int face, int corner, bool selected);
-
-protected:
-    void apply(Direction direction) override;
-
-private:
-    int m_face;
-    int m_corner;
-    bool m_before;
-    bool m_after;
 };
 
 /// Pins the UV of a corner, so that an unwrap leaves it where it is, or frees it.
-class setLockUVCommand : public KMMeshCommand
+class setLockUVCommand : public KMElementFlagCommand
 {
     Q_DECLARE_TR_FUNCTIONS(setLockUVCommand)
 public:
     setLockUVCommand(KMMeshNode *mesh, int face, int corner, bool locked);
-
-protected:
-    void apply(Direction direction) override;
-
-private:
-    int m_face;
-    int m_corner;
-    bool m_before;
-    bool m_after;
 };

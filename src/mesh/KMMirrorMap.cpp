@@ -70,23 +70,14 @@ private:
 
 KMMirrorMap::KMMirrorMap(const KMMeshNode &mesh, float tolerance)
     : m_mesh(mesh)
+    , m_plane(mesh)
     , m_images(size_t(mesh.vertexCount()), -1)
 {
-    const kvm::Matrix4 frame = mesh.worldMatrix();
-    m_normal = frame.transformDirection({1.0f, 0.0f, 0.0f}).normalized();
-    m_origin = frame.translation();
     const VertexGrid grid(mesh, std::max(tolerance, std::numeric_limits<float>::min()));
     for (int i = 0; i < mesh.vertexCount(); ++i) {
-        if (!mesh.vertex(i))
-            continue;
-        const Vector3 &position = mesh.position(i);
-        m_images[size_t(i)] = grid.nearest(position - m_normal * (2.0f * distance(position)));
+        if (mesh.vertex(i))
+            m_images[size_t(i)] = grid.nearest(m_plane.reflected(mesh.position(i)));
     }
-}
-
-float KMMirrorMap::distance(const Vector3 &point) const
-{
-    return dot(point - m_origin, m_normal);
 }
 
 bool KMMirrorMap::isOnPlane(int vertex) const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "math/Vector3.h"
+#include "mesh/KMSymmetryPlane.h"
 
 #include <array>
 #include <vector>
@@ -22,15 +22,13 @@ public:
     /// Images lie within the tolerance, in world units, of the exact place; the nearest one counts.
     KMMirrorMap(const KMMeshNode &mesh, float tolerance);
 
-    const kvm::Vector3 &normal() const { return m_normal; } ///< of the plane, unit length, in world space
-    float distance(const kvm::Vector3 &point) const;        ///< from the plane, above 0 on the side of the normal
-    bool isOnPlane(int vertex) const;                       ///< it is its own image
+    const KMSymmetryPlane &plane() const { return m_plane; }
+    bool isOnPlane(int vertex) const;                                      ///< it is its own image
     int vertexImage(int vertex) const { return m_images[size_t(vertex)]; } ///< -1 when there is none
     FaceImage faceImage(int face) const;
 
 private:
     const KMMeshNode &m_mesh;
-    kvm::Vector3 m_normal;
-    kvm::Vector3 m_origin;
+    KMSymmetryPlane m_plane;
     std::vector<int> m_images;
 };

@@ -16,7 +16,7 @@ float givingSide(const KMMeshNode &mesh, const KMMirrorMap &mirror)
     for (int i = 0; i < mesh.vertexCount(); ++i) {
         const KMVertex *vertex = mesh.vertex(i);
         if (vertex && vertex->hasFlag(KMElementFlag::Selected) && !mirror.isOnPlane(i))
-            surplus += mirror.distance(vertex->pos) < 0.0f ? -1 : 1;
+            surplus += mirror.plane().distance(vertex->pos) < 0.0f ? -1 : 1;
     }
     return surplus < 0 ? -1.0f : 1.0f;
 }
@@ -36,7 +36,7 @@ bool isGiver(const KMMeshNode &mesh, const KMMirrorMap &mirror, const KMFace &fa
     const KMVertex *vertex = mesh.vertex(i);
     if (!vertex || !vertex->hasFlag(KMElementFlag::Selected))
         return false;
-    return side * mirror.distance(mirror.isOnPlane(i) ? centreOf(mesh, face) : vertex->pos) > 0.0f;
+    return side * mirror.plane().distance(mirror.isOnPlane(i) ? centreOf(mesh, face) : vertex->pos) > 0.0f;
 }
 
 /// The override mirrored across a plane through the origin. A turn keeps its angle; its axis is mirrored as a
@@ -61,7 +61,7 @@ int KMNormalEdit::symmetrizeNormals(KMMeshNode &mesh, float tolerance)
 {
     const KMMirrorMap mirror(mesh, tolerance);
     const float side = givingSide(mesh, mirror);
-    const Vector3 plane = mesh.rotation().normalized().conjugate().rotate(mirror.normal());
+    const Vector3 plane = mesh.rotation().normalized().conjugate().rotate(mirror.plane().normal());
     const KMTagNormal *tag = tagOf(mesh);
     KMCornerEdit edit(mesh);
     for (int f = 0; f < mesh.faceCount(); ++f) {

@@ -35,10 +35,22 @@ QVector<QPair<int, int>> selectedEdges(const KMMeshNode &mesh)
     return edges;
 }
 
-/// An edge that goes leaves nothing behind: one that comes back at the same vertices starts plain.
+/// Answers whether there was any.
+bool deleteLines(KMMeshNode &mesh, int a, int b)
+{
+    const int first = mesh.faceOfEdge(a, b);
+    for (int line = first; line >= 0; line = mesh.faceOfEdge(a, b))
+        KMMeshEdit::deleteFace(mesh, line);
+    return first >= 0;
+}
+
+/// A line polygon on the edge goes in place of the faces beside it. An edge that goes leaves nothing behind: one that
+/// comes back at the same vertices starts plain.
 void deleteEdge(KMMeshNode &mesh, int a, int b)
 {
     KMMeshEdit::selectEdge(mesh, a, b, false);
+    if (deleteLines(mesh, a, b))
+        return;
     KMMeshEdit::setEdgeWeight(mesh, a, b, 0.0f);
     const KMRefList<2> faces = mesh.findEdge(a, b)->faceRefs;
     for (const int f : faces) {

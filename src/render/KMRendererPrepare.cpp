@@ -71,8 +71,9 @@ void KMRenderer::noteView(const KMCameraNode &camera)
 /// parallel.
 void KMRenderer::refreshChains()
 {
-    for (KMMeshNode *mesh : gProject->renderMeshes()) {
+    for (KMMeshNode *mesh : gProject->renderMeshes())
         mesh->beginFrame();
+    for (KMMeshNode *mesh : gProject->renderMeshes()) {
         const bool reachesOut = !mesh->modifiers().isEmpty() || (mesh->dirtyMask() & KMMeshDirty::ResultMoved);
         if (!reachesOut || !KMRenderMask::isShown(*mesh))
             continue;

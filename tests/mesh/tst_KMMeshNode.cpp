@@ -26,6 +26,7 @@ private slots:
     void rawEdits();
     void refreshOrder_data();
     void refreshOrder();
+    void listsFollowWhatIsTold();
     void earlyExits();
     void refreshTakesItsBits();
     void offsetsAreTakenBackAndLaidOn();
@@ -178,6 +179,35 @@ void tst_KMMeshNode::refreshOrder()
     const TestModifier b(mesh.get(), &log, QStringLiteral("b"));
     mesh->refreshMesh(mask);
     QCOMPARE(log.join(QLatin1Char(' ')), calls);
+}
+
+/// Stages are told of the change before the lists follow, and what a stage does meanwhile enters the lists.
+void tst_KMMeshNode::listsFollowWhatIsTold()
+{
+    class Stage : public TestModifier
+    {
+    public:
+        using TestModifier::TestModifier;
+        void onPositionsChanged() override { note(); }
+        void onShaderChanged() override
+        {
+            note();
+            source()->setFaceShader(1, 5);
+        }
+        void rebuild() override { note(); }
+        QVector<int> seen; // live faces, edges and shaders at each call
+
+    private:
+        void note() { seen << source()->liveFaces().size() << source()->edgeCount() << source()->usedShaders().size(); }
+    };
+    QStringList log; // outlives those who write to it
+    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
+    Stage stage(mesh.get(), &log, QStringLiteral("a"));
+    const int corners[] = {0, 6};
+    mesh->addFaceRaw(2, corners);
+    mesh->refreshMesh(All);
+    QCOMPARE(stage.seen, (QVector<int>{6, 12, 1, 6, 12, 1, 7, 13, 2}));
+    QCOMPARE(mesh->usedShaders(), QList<int>({-1, 5}));
 }
 
 void tst_KMMeshNode::earlyExits()

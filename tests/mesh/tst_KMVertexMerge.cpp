@@ -208,11 +208,13 @@ void tst_KMVertexMerge::deletedByKind_data()
     QTest::addColumn<int>("kinds");
     QTest::addColumn<bool>("deletes");
     QTest::addColumn<QVector<Corners>>("left");
-    // Of a grid of 2 by 2 and a line from 5 to 9, vertex 0, the edges 1 4 and 5 9, and face 3 are selected.
-    QTest::newRow("vertices") << int(Vertices) << true << Faces{{1, 2, 5, 4}, {3, 4, 7, 6}, {4, 5, 8, 7}, {5, 9}};
+    // Of a grid of 2 by 2 with lines from 5 to 9 and along its border from 7 to 8, vertex 0, the edges 1 4, 5 9 and
+    // 7 8, and face 3 are selected. A line goes in place of the quad beside it.
+    QTest::newRow("vertices") << int(Vertices) << true
+                              << Faces{{1, 2, 5, 4}, {3, 4, 7, 6}, {4, 5, 8, 7}, {5, 9}, {7, 8}};
     QTest::newRow("edges") << int(Edges) << true << Faces{{3, 4, 7, 6}, {4, 5, 8, 7}};
     QTest::newRow("faces") << int(KMMeshTargets::Faces) << true
-                           << Faces{{0, 1, 4, 3}, {1, 2, 5, 4}, {3, 4, 7, 6}, {5, 9}};
+                           << Faces{{0, 1, 4, 3}, {1, 2, 5, 4}, {3, 4, 7, 6}, {5, 9}, {7, 8}};
     QTest::newRow("all") << int(Vertices | Edges | KMMeshTargets::Faces) << true << Faces{{3, 4, 7, 6}};
     QTest::newRow("none") << 0 << false << Faces();
 }
@@ -224,12 +226,14 @@ void tst_KMVertexMerge::deletedByKind()
     QFETCH(const QVector<Corners>, left);
     KMMeshNode *made = MeshFixtures::grid(2, 2);
     made->addVertexRaw({9, 9, 9});
-    const int line[] = {5, 9};
-    made->addFaceRaw(2, line);
+    const int lines[] = {5, 9, 7, 8};
+    made->addFaceRaw(2, lines);
+    made->addFaceRaw(2, lines + 2);
     made->refreshMesh(KMMeshDirty::All);
     MeshScene scene(made);
     made->vertex(0)->flags = made->face(3)->flags = KMElementFlag::Selected;
-    made->findEdge(1, 4)->flags = made->findEdge(5, 9)->flags = KMElementFlag::Selected;
+    for (const auto &edge : {qMakePair(1, 4), qMakePair(5, 9), qMakePair(7, 8)})
+        made->findEdge(edge.first, edge.second)->flags = KMElementFlag::Selected;
     made->findEdge(1, 4)->weight = 4.0f;
     const QString before = scene.dump.text();
     QCOMPARE(KMMeshEdit::deleteSelection(KMMeshTargets::Elements(kinds)), deletes);

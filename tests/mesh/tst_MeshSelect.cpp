@@ -366,6 +366,10 @@ void tst_MeshSelect::resultFollowsItsOwner()
     modifier.setSelected(true);
     KMMarqueeSelect::selectRect(QRectF(0, 0, 200, 200), Mode::Replace, &result);
     QVERIFY(isSelected(result.face(0)));
+    scene.mesh->setVisible(false); // the result shows no longer either
+    KMMarqueeSelect::selectRect(QRectF(0, 0, 200, 200), Mode::Remove, &result);
+    QVERIFY(isSelected(result.face(0)));
+    scene.mesh->setVisible(true);
     modifier.setLocked(true);
     QCOMPARE(KMMarqueeSelect::selectRect(QRectF(0, 0, 200, 200), Mode::Remove, &result), -1);
     // A step that outlives what it selected leaves the smaller result alone.

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "math/Vector3.h"
+
+class KMMeshNode;
+
+/// The plane of symmetry of a mesh: the one of its frame that stands on the x axis, in world space.
+class KMSymmetryPlane
+{
+public:
+    explicit KMSymmetryPlane(const KMMeshNode &mesh); ///< as the frame is now
+
+    const kvm::Vector3 &normal() const { return m_normal; } ///< unit length
+    float distance(const kvm::Vector3 &point) const;        ///< above 0 on the side of the normal
+    kvm::Vector3 reflected(const kvm::Vector3 &point) const;
+
+private:
+    kvm::Vector3 m_normal;
+    kvm::Vector3 m_origin;
+};
