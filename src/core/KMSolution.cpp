@@ -216,6 +216,12 @@ void KMSolution::setLightAngles(const kvm::Vector3 &degrees)
     m_lightDirection = rotation.rotate({0.0f, 0.0f, 1.0f});
 }
 
+void KMSolution::setTool(KMSessionTool *tool)
+{
+    m_tool = tool;
+    emit commandChanged(tool);
+}
+
 void KMSolution::refreshViews(int mask)
 {
     if (m_views)

@@ -42,7 +42,7 @@ public:
     void setViews(KMSessionViews *views) { m_views = views; }
     KMSessionViews *views() const { return m_views; }
     void setDocumentFormat(KMDocumentFormat *format) { m_format = format; }
-    void setTool(KMSessionTool *tool) { m_tool = tool; }
+    void setTool(KMSessionTool *tool); ///< may be null; tells it with commandChanged()
     KMSessionTool *tool() const { return m_tool; }
 
     // History
@@ -145,7 +145,8 @@ public slots:
     void speech(const QString &text); ///< speaks the text, where a voice is installed
 
 signals:
-    void addonFirstStack(); ///< the first command of an add-on's run is about to be pushed
+    void commandChanged(KMSessionTool *tool); ///< another tool is in the user's hand
+    void addonFirstStack();                   ///< the first command of an add-on's run is about to be pushed
     void currentNodeChanged(KMNode *node);
     void speechRequested(const QString &text);
     void documentReset(); ///< another document stands or is about to be read: panels forget the former one

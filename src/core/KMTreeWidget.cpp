@@ -259,27 +259,43 @@ QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
 {
     if (items.isEmpty())
         return nullptr;
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : topSelectedItems(this))
+        nodes << nodeOf(row);
+    return mimeDataOf(nodes);
+}
+
+QMimeData *KMTreeWidget::mimeDataOf(const QList<KMContainerNode *> &nodes)
+{
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out << QCoreApplication::applicationPid();
-    for (const QTreeWidgetItem *row : topSelectedItems(this))
-        out << row->data(NameColumn, Qt::UserRole).toULongLong();
+    for (const KMContainerNode *node : nodes)
+        out << pointerTo(node);
     auto *data = new QMimeData;
     data->setData(NodeMimeType, bytes);
     return data;
 }
 
-/// Pointers of nodes that are gone lead to no row of this tree.
-QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data) const
+/// Pointers of nodes that are gone are none of these.
+QList<KMContainerNode *> KMTreeWidget::nodesAmong(const QList<KMContainerNode *> &known, const QMimeData *data)
 {
     const QList<qulonglong> pointers = pointersIn(data->data(NodeMimeType));
     const QSet<qulonglong> dragged(pointers.cbegin(), pointers.cend());
     QList<KMContainerNode *> nodes;
-    for (const QTreeWidgetItem *row : flatten(this)) {
-        if (dragged.contains(pointerTo(nodeOf(row))))
-            nodes << nodeOf(row);
+    for (KMContainerNode *node : known) {
+        if (dragged.contains(pointerTo(node)))
+            nodes << node;
     }
     return nodes;
+}
+
+QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data) const
+{
+    QList<KMContainerNode *> inTree;
+    for (const QTreeWidgetItem *row : flatten(this))
+        inTree << nodeOf(row);
+    return nodesAmong(inTree, data);
 }
 
 QMimeData *KMTreeWidget::mimeDataOf(const KMTagBase *tag) const

@@ -60,7 +60,10 @@ public:
     void takeRow(QTreeWidgetItem *row); ///< out of the tree with all below it; the caller owns it now
 
     QList<KMContainerNode *> nodesOf(const QMimeData *data) const; ///< dragged rows; empty for what is not of this tree
-    KMTagBase *tagOf(const QMimeData *data) const;                 ///< a dragged tag; null for what is not of this tree
+    /// For other lists of nodes: what a drag of these carries, and which of these a drag carries.
+    static QMimeData *mimeDataOf(const QList<KMContainerNode *> &nodes);
+    static QList<KMContainerNode *> nodesAmong(const QList<KMContainerNode *> &known, const QMimeData *data);
+    KMTagBase *tagOf(const QMimeData *data) const; ///< a dragged tag; null for what is not of this tree
     QMimeData *mimeDataOf(const KMTagBase *tag) const;
 
     /// The mouse went down on this tag, or on none: a drag that starts now takes the tag and not its row.

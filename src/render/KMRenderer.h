@@ -75,6 +75,7 @@ public:
     KMTextureCache &textures() { return *m_textures; }
     KMMaterial &material() { return *m_material; }
     void drawElements(RenderGroup &group, const KMVertexLayout &layout, GLenum mode); ///< with the current program
+    void writeQuad(RenderGroup &group, const void *elements, int elementBytes); ///< four corners, in the order of a fan
 
 private:
     struct Item
@@ -120,7 +121,6 @@ private:
     void drawOverlayGroup(const KMCameraNode &camera, KMViewTool::OverlayGroup group);
     void drawOverlay(const KMCameraNode &camera, const KMToolOverlay &overlay, KMViewTool::OverlayGroup group);
     void drawOverlayFaces(const KMCameraNode &camera, KMRendererMesh &data, const KMToolOverlay &overlay);
-    void writeQuad(RenderGroup &group, const void *elements, int elementBytes);
 
     std::unique_ptr<QOffscreenSurface> m_surface; // of the shared context
     QVector<Saved> m_saved;                       // what was current before makeShareCurrent()

@@ -9,6 +9,7 @@ class KMMeshNode;
 class KMMouseEvent;
 class KMOpenGLWidget;
 class KMVertexColors;
+class QEvent;
 class QKeyEvent;
 
 /// A mesh of a tool's own, which lies over the scene while the tool is in the hand. The tool owns it.
@@ -31,6 +32,11 @@ public:
     enum OverlayGroup { FaceMeshes, EdgeMeshes, ScreenLines, PointMeshes };
 
     virtual int toolId() const = 0;
+    virtual int mode() const { return 0; } ///< which of its ways of working, where it has several
+    virtual void setMode(int) {}
+    virtual void requestActivation() {} ///< as if its button were clicked
+    virtual void enter(QEvent *, KMOpenGLWidget *) {}
+    virtual void leave(QEvent *, KMOpenGLWidget *) {}
     virtual bool mousePress(KMMouseEvent *, KMOpenGLWidget *) { return false; } ///< true: the camera doesn't get it
     virtual bool mouseMove(KMMouseEvent *, KMOpenGLWidget *) { return false; }
     virtual bool mouseRelease(KMMouseEvent *, KMOpenGLWidget *) { return false; }

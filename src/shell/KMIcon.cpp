@@ -1,13 +1,13 @@
 #include "shell/KMIcon.h"
 
-#include <QFile>
+#include "core/KMSvgPicture.h"
+
 #include <QGuiApplication>
 #include <QHash>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 
 namespace {
 
@@ -49,7 +49,7 @@ public:
                                 .arg(ink.rgba(), 8, 16);
         QPixmap result;
         if (!QPixmapCache::find(key, &result)) {
-            result = drawn(size, ink);
+            result = QPixmap::fromImage(KMSvgPicture::draw(m_drawing, size, ink));
             QPixmapCache::insert(key, result);
         }
         return result;
@@ -64,31 +64,14 @@ public:
     }
 
 private:
-    QPixmap drawn(const QSize &size, const QColor &ink) const
-    {
-        QByteArray drawing = m_drawing;
-        drawing.replace("currentColor", ink.name(QColor::HexRgb).toLatin1());
-        QSvgRenderer renderer(drawing);
-
-        QPixmap result(size);
-        result.fill(Qt::transparent);
-        QPainter painter(&result);
-        const QSizeF fitted = QSizeF(renderer.defaultSize()).scaled(size, Qt::KeepAspectRatio);
-        const QPointF corner((size.width() - fitted.width()) / 2, (size.height() - fitted.height()) / 2);
-        renderer.render(&painter, QRectF(corner, fitted));
-        return result;
-    }
-
     QString m_name;
     QByteArray m_drawing;
 };
 
 QIcon read(const QString &name)
 {
-    QFile file(QStringLiteral(":/svg/Resources/%1.svg").arg(name));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QIcon(new SvgIconEngine(name, file.readAll())); // the icon takes the engine
+    const QByteArray drawing = KMSvgPicture::read(name);
+    return drawing.isEmpty() ? QIcon() : QIcon(new SvgIconEngine(name, drawing)); // the icon takes the engine
 }
 
 } // namespace

@@ -1,124 +1,105 @@
 #include "shell/KMMainBox.h"
 
 #include "core/KMDpi.h"
-#include "core/KMSettings.h"
+#include "render/KMCameraSet.h"
+#include "render/KMOpenGLContainer.h"
+#include "render/KMOpenGLWidget.h"
+#include "shell/views/KMStacked.h"
+#include "shell/views/KMViewBar.h"
+#include "shell/views/QuadSplitter.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QEvent>
-#include <QLabel>
-#include <QPainter>
-#include <QStackedLayout>
 #include <QVBoxLayout>
 
 namespace {
 
-enum Gradient { Flat, TopDown, BottomUp }; // as the setting numbers them
-
-QLabel *centredLabel(const QString &objectName, const QString &text)
-{
-    auto *label = new QLabel(text);
-    label->setObjectName(objectName);
-    label->setAlignment(Qt::AlignCenter);
-    return label;
-}
-
-QString line(const QAction *action)
-{
-    const QString text = QString(action->text()).remove(QLatin1Char('&'));
-    const QString keys = action->shortcut().toString(QKeySequence::NativeText);
-    return keys.isEmpty() ? text : QStringLiteral("%1    %2").arg(text, keys);
-}
+constexpr int smallest = 200;
+constexpr int viewWithToolIcons = 1;
 
 } // namespace
 
+/// The order in which the views are made is that of their numbers.
 KMMainBox::KMMainBox(QWidget *parent)
     : QWidget(parent)
-    , m_pages(new QStackedLayout(this))
-    , m_startLines(new QVBoxLayout)
-    , m_startPage(createStartPage())
+    , m_views(new KMOpenGLContainer(this))
+    , m_bar(new KMViewBar(m_views))
+    , m_stack(new KMStacked)
 {
     setObjectName(QStringLiteral("KMMainBox"));
-    m_pages->setContentsMargins(0, 0, 0, 0);
-    m_pages->setSpacing(0);
-    m_pages->addWidget(m_startPage);
-    setMinimumSize(dpiScaled(200), dpiScaled(200));
-    connect(gSettings, &KMSettings::DPColorChanged, this, &KMMainBox::matchInkToBackground);
-    matchInkToBackground();
+    setMinimumSize(dpiScaled(smallest), dpiScaled(smallest));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_bar);
+    layout->addWidget(m_stack, 1);
+
+    m_stack->addWidget(createView(m_stack));
+    m_dual = new DualSplitter;
+    m_dual->addWidget(createView(m_dual));
+    m_dual->addWidget(createView(m_dual));
+    m_stack->addWidget(m_dual);
+    m_quad = new QuadSplitter;
+    for (const int row : {0, 0, 1, 1})
+        m_quad->row(row)->addWidget(createView(m_quad->row(row)));
+    m_stack->addWidget(m_quad);
+    m_views->setStack(m_stack);
+    m_views->activate(m_views->leadOf(KMOpenGLContainer::Single));
 }
 
-QWidget *KMMainBox::createStartPage()
+KMMainBox::~KMMainBox()
 {
-    auto *page = new QWidget;
-    auto *layout = new QVBoxLayout(page);
-    QLabel *name = centredLabel(QStringLiteral("startName"), QApplication::applicationName());
-    QFont font = name->font();
-    font.setPointSizeF(font.pointSizeF() * 2.6);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, dpiScaled(4));
-    name->setFont(font);
-    m_startLines->setSpacing(dpiScaled(6));
-    layout->addStretch(2);
-    layout->addWidget(name);
-    layout->addSpacing(dpiScaled(12));
-    layout->addLayout(m_startLines);
-    layout->addStretch(3);
-    return page;
+    closeViews();
 }
 
-void KMMainBox::setStartActions(const QList<QAction *> &actions)
+QWidget *KMMainBox::createView(QWidget *parent)
 {
-    for (const QAction *action : actions) {
-        QLabel *label = centredLabel(action->objectName() + QStringLiteral("Line"), line(action));
-        m_startLines->addWidget(label);
-        connect(action, &QAction::changed, label, [label, action] { label->setText(line(action)); });
-    }
-    m_startLines->addWidget(centredLabel(QStringLiteral("dropLine"), tr("or drop a file here")));
+    const int number = m_views->count();
+    KMOpenGLWidget *view = m_views->createWidget(parent, number == viewWithToolIcons);
+    view->setCamera(KMCameraSet::camera(KMCameraSet::cameraOfView(number)));
+    return view;
 }
 
-void KMMainBox::setView(QWidget *view)
-{
-    m_pages->addWidget(view);
-    m_pages->setCurrentWidget(view);
-}
-
+/// The views tell the container that they go, so they go while it is there.
 void KMMainBox::closeViews()
 {
-    m_pages->setCurrentWidget(m_startPage);
-    while (m_pages->count() > 1)
-        delete m_pages->widget(m_pages->count() - 1);
+    delete m_stack;
+    m_stack = nullptr;
 }
 
-/// The background is the user's colour and not the palette's, so the text follows it.
-void KMMainBox::matchInkToBackground()
+int KMMainBox::viewMode() const
 {
-    const bool dark = gSettings->displayColor(DP_BG).lightness() < 140;
-    QPalette inks = m_startPage->palette();
-    inks.setColor(QPalette::WindowText, dark ? QColor(255, 255, 255, 190) : QColor(0, 0, 0, 170));
-    m_startPage->setPalette(inks);
-    update();
+    return m_views->layout();
 }
 
-void KMMainBox::changeEvent(QEvent *event)
+void KMMainBox::setViewMode(int mode)
 {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange && gSettings)
-        matchInkToBackground();
-}
-
-void KMMainBox::paintEvent(QPaintEvent *)
-{
-    if (!gSettings)
+    if (!m_stack || mode < 0 || mode >= m_stack->count())
         return;
-    const QColor color = gSettings->displayColor(DP_BG);
-    QPainter painter(this);
-    if (gSettings->gradBG == Flat) {
-        painter.fillRect(rect(), color);
-        return;
-    }
-    const QColor top = gSettings->gradBG == TopDown ? color.lighter(115) : color.darker(125);
-    const QColor bottom = gSettings->gradBG == TopDown ? color.darker(125) : color.lighter(115);
-    QLinearGradient gradient(rect().topLeft(), rect().bottomLeft());
-    gradient.setColorAt(0.0, top);
-    gradient.setColorAt(1.0, bottom);
-    painter.fillRect(rect(), gradient);
+    m_views->repaint(0);
+    m_stack->setCurrentIndex(mode);
+    KMOpenGLWidget *lead = m_views->leadOf(mode);
+    m_views->activate(lead);
+    lead->setFocus();
+    emit viewModeChanged(mode);
+}
+
+double KMMainBox::dualX() const
+{
+    return m_dual->share();
+}
+
+double KMMainBox::quadX() const
+{
+    return m_quad->shareX();
+}
+
+double KMMainBox::quadY() const
+{
+    return m_quad->share();
+}
+
+void KMMainBox::setDividers(double dualX, double quadX, double quadY)
+{
+    m_dual->setShare(dualX);
+    m_quad->setShareX(quadX);
+    m_quad->setShare(quadY);
 }

@@ -2,32 +2,41 @@
 
 #include <QWidget>
 
-class QAction;
-class QLabel;
-class QStackedLayout;
-class QVBoxLayout;
+class DualSplitter;
+class KMOpenGLContainer;
+class KMStacked;
+class KMViewBar;
+class QuadSplitter;
 
-/// The middle of the window, where the document is viewed. Until there is a view it is a quiet area in the background
-/// colour of the views, with the program's name and the ways to start.
+/// The middle of the window: the seven views in their three layouts, one of which is shown, and the bar above them.
+/// The cameras of the project stand already when it is made.
 class KMMainBox : public QWidget
 {
     Q_OBJECT
 public:
     explicit KMMainBox(QWidget *parent = nullptr);
+    ~KMMainBox() override;
 
-    void setStartActions(const QList<QAction *> &actions); ///< shown as lines with their keys
-    void setView(QWidget *view);                           ///< takes the place of the empty page; takes the widget over
-    void closeViews();                                     ///< the window closes: views go before the document does
+    KMOpenGLContainer *views() const { return m_views; }
+    KMViewBar *bar() const { return m_bar; }
+    void closeViews(); ///< the window closes: views go before the document does
 
-protected:
-    void paintEvent(QPaintEvent *event) override;
-    void changeEvent(QEvent *event) override;
+    int viewMode() const;       ///< one of KMOpenGLContainer::Layout
+    void setViewMode(int mode); ///< the view of the layout that shows the model gets the focus; others are ignored
+    double dualX() const;       ///< where the dividers stand: shares of the room, 0 to 1
+    double quadX() const;
+    double quadY() const;
+    void setDividers(double dualX, double quadX, double quadY);
+
+signals:
+    void viewModeChanged(int mode);
 
 private:
-    QWidget *createStartPage();
-    void matchInkToBackground();
+    QWidget *createView(QWidget *parent);
 
-    QStackedLayout *m_pages;
-    QVBoxLayout *m_startLines; // of the start page
-    QWidget *m_startPage;
+    KMOpenGLContainer *m_views;
+    KMViewBar *m_bar;
+    KMStacked *m_stack;
+    DualSplitter *m_dual = nullptr;
+    QuadSplitter *m_quad = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include "core/KMSettings.h"
 #include "core/KMVersion.h"
+#include "shell/KMMainBox.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
 
@@ -26,6 +27,10 @@ void KMWindowState::save(const kmmainwidget &window)
     file.setValue(QStringLiteral("main/geometry"), window.saveGeometry());
     file.setValue(QStringLiteral("main/windowState"), window.saveState());
     file.setValue(QStringLiteral("main/statusbar"), !window.statusBar()->isHidden());
+    file.setValue(QStringLiteral("main/viewMode"), window.mainBox()->viewMode());
+    file.setValue(QStringLiteral("main/dualX"), window.mainBox()->dualX());
+    file.setValue(QStringLiteral("main/quadX"), window.mainBox()->quadX());
+    file.setValue(QStringLiteral("main/quadY"), window.mainBox()->quadY());
     file.setValue(QStringLiteral("nodeWidget/resizeMode"), int(window.nodeDock()->resizeMode()));
     file.setValue(QStringLiteral("undoPanel/buttonStyle"), int(window.undoToolBar()->toolButtonStyle()));
 }
@@ -38,6 +43,9 @@ bool KMWindowState::restore(kmmainwidget &window)
     window.restoreGeometry(file.value(QStringLiteral("main/geometry")).toByteArray());
     window.restoreState(file.value(QStringLiteral("main/windowState")).toByteArray());
     window.statusBar()->setVisible(file.value(QStringLiteral("main/statusbar"), true).toBool());
+    const auto share = [&file](const char *key) { return file.value(QLatin1String(key), 0.5).toDouble(); };
+    window.mainBox()->setDividers(share("main/dualX"), share("main/quadX"), share("main/quadY"));
+    window.mainBox()->setViewMode(file.value(QStringLiteral("main/viewMode")).toInt());
     const int mode = file.value(QStringLiteral("nodeWidget/resizeMode"), int(kmnodewidget::FillPanel)).toInt();
     window.nodeDock()->setResizeMode(
         kmnodewidget::ResizeMode(qBound(int(kmnodewidget::FillPanel), mode, int(kmnodewidget::FitContents))));

@@ -57,15 +57,13 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     createStatusBar();
     resize(QSize(dpiScaled(1280), dpiScaled(680)).boundedTo(screen()->availableSize()));
     setAnimated(gSettings->animateGui); // the dock option as well
-    m_mainBox = new KMMainBox;
-    setCentralWidget(m_mainBox);
+    createViews();
     arrangeDocks();
     createMenus();
     connectDocks();
     connect(m_undoStack, &QUndoStack::indexChanged, this, &kmmainwidget::onUndoIndexChanged);
     limitFocusToClicks();
     KMShortcutFile::read(shortcutActions());
-    m_mainBox->setStartActions({action("actionNew"), action("actionOpen")});
     gSolution->setBackgroundColor(gSettings->displayColor(DP_BG));
     gSolution->setFileName({});
     m_attributeDock->refresh();
@@ -77,6 +75,7 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
 
 kmmainwidget::~kmmainwidget()
 {
+    m_mainBox->closeViews();
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->releaseDocument();
     endProject();
@@ -173,8 +172,8 @@ void kmmainwidget::closeEvent(QCloseEvent *event)
         dock->hide();
         dock->releaseDocument();
     }
-    m_mainBox->closeViews();
     gSolution->setViews(nullptr);
+    m_mainBox->closeViews();
     gSolution->setTool(nullptr);
     endProject();
     KMShortcutFile::save(shortcutActions());

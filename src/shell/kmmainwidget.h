@@ -14,6 +14,7 @@ class KMMainBox;
 class KMMessageLabel;
 class KMNode;
 class KMNodeClipboard;
+class KMOpenGLWidget;
 class KMStyle;
 class QMimeData;
 class QToolBar;
@@ -29,7 +30,8 @@ class kmtexturewidget;
 /// family of commands.
 ///
 /// What its parts are is told in tables: the docks in kmmainwidgetDocks.cpp, the actions in kmmainwidgetActions.cpp
-/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp and kmmainwidgetEdit.cpp.
+/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp, kmmainwidgetEdit.cpp and
+/// kmmainwidgetView.cpp.
 class kmmainwidget : public QMainWindow, public KMSessionWindow
 {
     Q_OBJECT
@@ -123,6 +125,25 @@ private slots:
     void onMenuCreateEmbeddedTextureNode();
     void onMenuCreateFileTextureNode();
 
+    void onMenuSingleView();
+    void onMenuDualView();
+    void onMenuQuadView();
+    void onMenuCameraFront();
+    void onMenuCameraBack();
+    void onMenuCameraRight();
+    void onMenuCameraLeft();
+    void onMenuCameraTop();
+    void onMenuCameraBottom();
+    void onMenuCameraOrtho();
+    void onMenuCameraReset();
+    void onMenuCameraAutoOrtho();
+    void onMenuCameraCentering();
+    void onMenuShowTexture();
+    void onMenuShowGrid();
+    void onMenuGridSetting();
+    void onCameraBoxClicked(int code); ///< of KMCameraBoxShape
+    void syncViewActions();            ///< their check marks are those of the current view
+
     void onMenuAbout();
     void onMenuAboutQt();
     void onPreMenuWidget();
@@ -144,6 +165,9 @@ private:
 
     void createBars();
     void createStatusBar();
+    void createViews();
+    void centreOnCurrent(KMOpenGLWidget *view);
+    void dropNodes(const QMimeData *data, const QPoint &position);
     void createMenus();
     QMenu *addMenu(const QString &title, const char *key);
     void fill(QMenu *menu, const QList<const char *> &items);
@@ -151,6 +175,7 @@ private:
     void createEditMenu();
     void createCreateMenu();
     void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
+    void createViewMenu();
     void createWidgetMenu();
     void createPanelMenu();
     void createHelpMenu();

@@ -82,6 +82,39 @@ void kmmainwidget::createActions()
         {"actionCreateFileTexture", QT_TR_NOOP("Texture File..."), "node-texture", "", &W::onMenuCreateFileTextureNode,
          QT_TR_NOOP("Add a texture from a picture file")},
 
+        {"actionSingleView", QT_TR_NOOP("Single View"), "", "F5", &W::onMenuSingleView,
+         QT_TR_NOOP("Show one view, in perspective")},
+        {"actionDualView", QT_TR_NOOP("Dual View"), "", "F6", &W::onMenuDualView,
+         QT_TR_NOOP("Show the plane of the texture beside the view in perspective")},
+        {"actionQuadView", QT_TR_NOOP("Quad View"), "", "F7", &W::onMenuQuadView,
+         QT_TR_NOOP("Show the views from above, from the front and from the right beside the one in perspective")},
+        {"actionCameraFront", QT_TR_NOOP("Front"), "", "1", &W::onMenuCameraFront,
+         QT_TR_NOOP("Turn the view in perspective to the front of the model")},
+        {"actionCameraBack", QT_TR_NOOP("Back"), "", "2", &W::onMenuCameraBack,
+         QT_TR_NOOP("Turn the view in perspective to the back of the model")},
+        {"actionCameraRight", QT_TR_NOOP("Right"), "", "3", &W::onMenuCameraRight,
+         QT_TR_NOOP("Turn the view in perspective to the right side")},
+        {"actionCameraLeft", QT_TR_NOOP("Left"), "", "4", &W::onMenuCameraLeft,
+         QT_TR_NOOP("Turn the view in perspective to the left side")},
+        {"actionCameraTop", QT_TR_NOOP("Top"), "", "5", &W::onMenuCameraTop,
+         QT_TR_NOOP("Turn the view in perspective to look down on the model")},
+        {"actionCameraBottom", QT_TR_NOOP("Bottom"), "", "6", &W::onMenuCameraBottom,
+         QT_TR_NOOP("Turn the view in perspective to look up at the model")},
+        {"actionCameraOrtho", QT_TR_NOOP("Ortho / Opposite Side"), "", "7", &W::onMenuCameraOrtho,
+         QT_TR_NOOP("Switch the current view between perspective and orthographic, a fixed one to the other side")},
+        {"actionCameraReset", QT_TR_NOOP("Reset Camera"), "", "Home", &W::onMenuCameraReset,
+         QT_TR_NOOP("Bring the camera of the current view back to where it was at first")},
+        {"actionAutoOrtho", QT_TR_NOOP("Auto Ortho"), "", "", &W::onMenuCameraAutoOrtho,
+         QT_TR_NOOP("Become orthographic whenever the view is turned to a standard direction")},
+        {"actionCentering", QT_TR_NOOP("Centering"), "", ".", &W::onMenuCameraCentering,
+         QT_TR_NOOP("Center Window: bring the selection, or the current node, to the middle of the view")},
+        {"actionShowTexture", QT_TR_NOOP("Show Texture"), "", "", &W::onMenuShowTexture,
+         QT_TR_NOOP("Draw the model with its textures")},
+        {"actionShowGrid", QT_TR_NOOP("Show Grid"), "", "", &W::onMenuShowGrid,
+         QT_TR_NOOP("Show or hide the grid of the current view")},
+        {"actionGridSetting", QT_TR_NOOP("Grid Setting"), "", "", &W::onMenuGridSetting,
+         QT_TR_NOOP("Say how many cells the grid has and how large they are")},
+
         {"actionAbout", QT_TR_NOOP("About"), "about", "", &W::onMenuAbout, QT_TR_NOOP("What this program is")},
         {"actionAboutQt", QT_TR_NOOP("About Qt"), "info", "", &W::onMenuAboutQt, QT_TR_NOOP("About the toolkit Qt")},
     };
@@ -93,6 +126,9 @@ void kmmainwidget::createActions()
         connect(made, &QAction::triggered, this, row.slot);
         m_actions << made;
     }
+    for (const char *toggle : {"actionSingleView", "actionDualView", "actionQuadView", "actionAutoOrtho",
+                               "actionShowTexture", "actionShowGrid"})
+        action(toggle)->setCheckable(true);
     action("actionQuit")->setMenuRole(QAction::QuitRole);
     action("actionAbout")->setMenuRole(QAction::AboutRole);
     action("actionAboutQt")->setMenuRole(QAction::AboutQtRole);

@@ -4,6 +4,7 @@
 #include "core/KMProject.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMProjectDialog.h"
@@ -144,7 +145,8 @@ void kmmainwidget::onMenuQuit()
 
 void kmmainwidget::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!firstLocalFile(event->mimeData()).isEmpty())
+    const bool isNode = event->mimeData()->hasFormat(KMTreeWidget::NodeMimeType);
+    if (isNode || !firstLocalFile(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
@@ -153,7 +155,7 @@ void kmmainwidget::dropEvent(QDropEvent *event)
 {
     const QString path = firstLocalFile(event->mimeData());
     if (path.isEmpty())
-        return;
+        return dropNodes(event->mimeData(), event->pos());
     event->acceptProposedAction();
     QMetaObject::invokeMethod(
         this, [this, path] { openDroppedFile(path); }, Qt::QueuedConnection);

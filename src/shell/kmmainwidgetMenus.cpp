@@ -43,6 +43,7 @@ void kmmainwidget::createMenus()
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
+    createViewMenu();
     createHelpMenu();
 }
 
@@ -172,6 +173,17 @@ void kmmainwidget::createPanelMenu()
     connect(status, &QAction::triggered, statusBar(), &QWidget::setVisible);
     connect(m_panelMenu, &QMenu::aboutToShow, this, &kmmainwidget::onPreMenuToolBar);
     listActionGroup(m_panelMenu, action("Menu Panel"));
+}
+
+void kmmainwidget::createViewMenu()
+{
+    QMenu *menu = addMenu(tr("View(&V)"), "Menu View");
+    fill(menu, {"actionSingleView", "actionDualView", "actionQuadView", nullptr, "actionCameraFront",
+                "actionCameraBack", "actionCameraRight", "actionCameraLeft", "actionCameraTop", "actionCameraBottom",
+                "actionCameraOrtho", nullptr, "actionCameraReset", "actionAutoOrtho", "actionCentering", nullptr,
+                "actionShowTexture", "actionShowGrid", "actionGridSetting"});
+    connect(menu, &QMenu::aboutToShow, this, &kmmainwidget::syncViewActions);
+    listActionGroup(menu, action("Menu View"));
 }
 
 void kmmainwidget::createHelpMenu()

@@ -6,11 +6,13 @@
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
 #include "shell/KMNodeClipboard.h"
 
 #include <QAction>
 #include <QListWidget>
 #include <QMenu>
+#include <QMimeData>
 #include <QSignalBlocker>
 
 namespace {
@@ -18,15 +20,37 @@ namespace {
 constexpr int TileSize = 56;
 constexpr int KeyRole = Qt::UserRole + 1; // of the picture that the tile shows
 
+/// Tiles can be dragged onto a view.
+class TileList : public QListWidget
+{
+public:
+    TileList()
+    {
+        setDragDropMode(QAbstractItemView::DragOnly);
+        setDefaultDropAction(Qt::CopyAction);
+    }
+
+protected:
+    QStringList mimeTypes() const override { return {KMTreeWidget::NodeMimeType}; }
+    QMimeData *mimeData(const QList<QListWidgetItem *> tiles) const override
+    {
+        QList<KMContainerNode *> nodes;
+        for (const QListWidgetItem *tile : tiles)
+            nodes << reinterpret_cast<KMContainerNode *>(quintptr(tile->data(Qt::UserRole).toULongLong()));
+        return nodes.isEmpty() ? nullptr : KMTreeWidget::mimeDataOf(nodes);
+    }
+};
+
 } // namespace
 
 KMShelfDock::KMShelfDock(const QString &objectName, const QString &title, const QString &icon, QWidget *parent)
     : KMDockWidget(objectName, title, icon, parent)
-    , m_list(new QListWidget)
+    , m_list(new TileList)
 {
     m_list->setObjectName(objectName + QStringLiteral("List"));
     m_list->setViewMode(QListView::IconMode);
-    m_list->setMovement(QListView::Static);
+    m_list->setMovement(QListView::Static); // which switches drags off
+    m_list->setDragEnabled(true);
     m_list->setResizeMode(QListView::Adjust);
     m_list->setIconSize({dpiScaled(TileSize), dpiScaled(TileSize)});
     m_list->setGridSize({dpiScaled(TileSize + 20), dpiScaled(TileSize + 12) + m_list->fontMetrics().height()});

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "render/KMHUDQuad.h"
+
+#include <array>
+
+class KMCameraNode;
+class QPointF;
+
+/// The icons in the upper right corner of a view, for those who navigate with one button: a drag on one of them pans,
+/// zooms or, in perspective, rotates.
+class KMNavigationIcons
+{
+public:
+    /// What is under the cursor. RightHeld is added while the right button is down on an icon, and then means Shift.
+    enum Code { NoIcon = 0, Pan = 1, Zoom = 2, Rotate = 4, RightHeld = 32 };
+
+    static int bottom(); ///< pixels from the upper edge that they need
+    static QRectF place(const KMCameraNode &camera, int index);
+    static int codeAt(const KMCameraNode &camera, const QPointF &position);
+
+    void draw(KMRenderer &renderer, const KMCameraNode &camera, int hotCode); ///< with the view's context current
+
+private:
+    struct Icon
+    {
+        KMHUDQuad normal, hot;
+    };
+    std::array<Icon, 3> m_icons;
+};
