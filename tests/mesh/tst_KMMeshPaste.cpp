@@ -7,6 +7,7 @@
 #include "mesh/KMMeshNode.h"
 #include "support/MeshFixtures.h"
 #include "support/MeshProbe.h"
+#include "support/TestModifier.h"
 #include "support/TestRegistry.h"
 
 #include <QDataStream>
@@ -55,6 +56,7 @@ private slots:
     void pastedFacesAreTheCopied();
     void whatIsPastedIsSelected();
     void mirroredBodyStaysABody();
+    void chainBehindTheMesh();
     void mirroredCreases();
     void insertedFacesJoin();
     void shadersThatWent();
@@ -137,12 +139,35 @@ void tst_KMMeshPaste::mirroredBodyStaysABody()
     const QByteArray bytes = KMCopyBuffer::copySelection();
     auto *to = new KMMeshNode;
     gProject->addNode(to);
-    to->setTransform({{1, 1, 1}, {}, {5, 0, 0}}); // the plane stands at x 5
+    // A frame turned by a right angle about z: the plane stands across the y axis, at 3.
+    to->setTransform({{2, 1, 1}, kvm::Quaternion::fromAxisAngle({0, 0, 1}, float(M_PI / 2)), {5, 3, 0}});
     QVERIFY(KMMeshPaste::paste(*to, bytes, Kind::Mirror));
     const MeshProbe original(*scene.mesh), mirrored(*to);
     QVERIFY(mirrored.isClosed());
     QVERIFY(std::fabs(mirrored.volume / original.volume - 1.0) < 1e-5); // not inside out
-    QCOMPARE(to->position(to->face(0)->indices[3]).x, 10.0f - scene.mesh->position(scene.mesh->face(0)->indices[0]).x);
+    const kvm::Vector3 &from = scene.mesh->position(scene.mesh->face(0)->indices[0]);
+    QVERIFY((to->position(to->face(0)->indices[3]) - kvm::Vector3(from.x, 6 - from.y, from.z)).length() < 1e-5f);
+}
+
+/// The chain is made anew once, and the step goes back and forth whole.
+void tst_KMMeshPaste::chainBehindTheMesh()
+{
+    QStringList log; // outlives those who write to it
+    MeshScene scene(richMesh());
+    const TestModifier stage(scene.mesh, &log, QStringLiteral("a"));
+    selectFaces(*scene.mesh, {0, 3});
+    const QByteArray bytes = KMCopyBuffer::copySelection();
+    const QString before = scene.dump.text();
+    QVERIFY(KMMeshPaste::paste(*scene.mesh, bytes, Kind::Plain));
+    QCOMPARE(log.count(QStringLiteral("a.rebuild")), 1);
+    const QString after = scene.dump.text();
+    QVERIFY(after != before);
+    for (int round = 0; round < 2; ++round) {
+        scene.session.stack().undo();
+        QCOMPARE(scene.dump.text(), before);
+        scene.session.stack().redo();
+        QCOMPARE(scene.dump.text(), after);
+    }
 }
 
 /// The corners run the other way; each weight stays with its edge.
