@@ -9,10 +9,10 @@
 #include "render/KMFadeOutLabel.h"
 #include "render/KMGridNode.h"
 #include "render/KMOpenGLContainer.h"
-#include "render/KMPenPressure.h"
 #include "render/KMRenderer.h"
 #include "render/KMShareContext.h"
 #include "render/KMToolIcons.h"
+#include "render/TabletSupport.h"
 
 #include <QDebug>
 #include <QMouseEvent>
@@ -214,16 +214,19 @@ void KMOpenGLWidget::drawCameraBox(const KMCameraNode &camera)
 
 // Input
 
-/// Pens and fingers come through here first: their pressure goes with the mouse events that follow.
+/// Pens and fingers come through here first: the pressure goes with the mouse events that follow. What the system
+/// makes of touches would be done twice; Qt makes mouse events of pens only.
 bool KMOpenGLWidget::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != this || !gSettings)
         return QOpenGLWidget::eventFilter(watched, event);
-    KMPenPressure::take(*event);
+    if (gTablet)
+        gTablet->take(*event);
     const bool isMouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove
                          || event->type() == QEvent::MouseButtonRelease;
-    if (isMouse && gSettings->enableTouch)
-        return static_cast<QMouseEvent *>(event)->source() != Qt::MouseEventNotSynthesized;
+    if (isMouse)
+        return gSettings->enableTouch
+               && static_cast<QMouseEvent *>(event)->source() == Qt::MouseEventSynthesizedBySystem;
     return m_touch.handle(event);
 }
 

@@ -6,10 +6,10 @@
 #include "render/KMMouseEvent.h"
 #include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
-#include "render/KMPenPressure.h"
 #include "render/KMPicker.h"
 #include "render/KMToolIcons.h"
 #include "render/KMViewTool.h"
+#include "render/TabletSupport.h"
 
 #include <QAction>
 
@@ -51,7 +51,7 @@ KMMouseEvent KMViewInput::translated(const QMouseEvent *event) const
     Qt::KeyboardModifiers modifiers = event->modifiers();
     if (m_hotIcon > 0 && (m_hotIcon & KMNavigationIcons::RightHeld))
         modifiers |= Qt::ShiftModifier;
-    return {*event, buttons, modifiers, KMPenPressure::current()};
+    return {*event, buttons, modifiers, gTablet ? gTablet->pressure() : 1.0};
 }
 
 void KMViewInput::press(QMouseEvent *event)
@@ -230,7 +230,8 @@ void KMViewInput::release(QMouseEvent *event)
     const Drag drag = m_drag;
     releaseButtons(event);
     KMMouseEvent meant = translated(event);
-    KMPenPressure::released();
+    if (gTablet)
+        gTablet->released();
     if (isLast)
         m_drag = Drag::None;
     if (drag == Drag::Over || drag == Drag::None)

@@ -7,6 +7,7 @@
 #include "core/KMTreeWidget.h"
 #include "formats/KMNativeFormat.h"
 #include "render/KMCameraSet.h"
+#include "render/TabletSupport.h"
 #include "shell/KMIcon.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
@@ -45,6 +46,7 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     : QMainWindow(parent)
     , m_style(style)
 {
+    new TabletSupport(this);
     setObjectName(QStringLiteral("kmmainwidget"));
     setWindowIcon(KMIcon::icon(QStringLiteral("kelmo")));
     createActions();
@@ -279,6 +281,7 @@ QStringList kmmainwidget::historyStrings() const
 void kmmainwidget::onNodeChanged(KMNode *node, int)
 {
     m_attributeDock->showFor(node);
+    gSolution->refreshViews(31); // they show what is current, and the texture of the current shader
 }
 
 void kmmainwidget::onUndoIndexChanged(int)

@@ -102,7 +102,7 @@ void kmmainwidget::createActions()
          QT_TR_NOOP("Turn the view in perspective to look up at the model")},
         {"actionCameraOrtho", QT_TR_NOOP("Ortho / Opposite Side"), "", "7", &W::onMenuCameraOrtho,
          QT_TR_NOOP("Switch the current view between perspective and orthographic, a fixed one to the other side")},
-        {"actionCameraReset", QT_TR_NOOP("Reset Camera"), "", "Home", &W::onMenuCameraReset,
+        {"actionCameraReset", QT_TR_NOOP("Reset Camera"), "", "Ctrl+Home", &W::onMenuCameraReset,
          QT_TR_NOOP("Bring the camera of the current view back to where it was at first")},
         {"actionAutoOrtho", QT_TR_NOOP("Auto Ortho"), "", "", &W::onMenuCameraAutoOrtho,
          QT_TR_NOOP("Become orthographic whenever the view is turned to a standard direction")},

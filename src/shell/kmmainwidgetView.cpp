@@ -5,6 +5,7 @@
 #include "core/KMPrompt.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
 #include "render/KMCameraBoxShape.h"
 #include "render/KMCameraNode.h"
 #include "render/KMCameraSet.h"
@@ -49,10 +50,16 @@ void kmmainwidget::createViews()
     KMOpenGLContainer *views = m_mainBox->views();
     gSolution->setViews(views);
     KMViewFilter::reset();
-    m_cameras->setThumbnailSource(
-        [views] { return views->current() ? views->current()->grabFramebuffer() : QImage(); });
+    m_cameras->setThumbnailSource([views] {
+        // After a fault nothing may be drawn any more, and the window takes no updates.
+        KMOpenGLWidget *view = views->current();
+        return view && view->updatesEnabled() ? view->grabFramebuffer() : QImage();
+    });
     connect(views, &KMOpenGLContainer::cameraBoxClicked, this, &kmmainwidget::onCameraBoxClicked);
     connect(views, &KMOpenGLContainer::currentChanged, this, &kmmainwidget::syncViewActions);
+    const auto repaintAll = [views] { views->repaint(everything); }; // what is current or chosen looks different
+    connect(gSolution, &KMSolution::currentNodeChanged, views, repaintAll);
+    connect(gProject->tree(), &QTreeWidget::itemSelectionChanged, views, repaintAll);
     connect(m_mainBox, &KMMainBox::viewModeChanged, this, &kmmainwidget::syncViewActions);
     m_mainBox->bar()->setCameraActions({action("actionCameraFront"), action("actionCameraBack"),
                                         action("actionCameraRight"), action("actionCameraLeft"),
