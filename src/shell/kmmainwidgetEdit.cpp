@@ -37,6 +37,8 @@
 #include <QApplication>
 #include <QMenuBar>
 
+#include <algorithm>
+
 namespace {
 
 /// Says that a command found no node to work on.
@@ -45,6 +47,16 @@ bool noneSelected(const QList<KMContainerNode *> &nodes)
     if (nodes.isEmpty())
         gSolution->showMessage(kmmainwidget::tr("Select a node first"), KMCommand::MessageLevel);
     return nodes.isEmpty();
+}
+
+/// Elements are selected that no deletion reaches. Their nodes aren't meant then.
+bool areElementsSelected()
+{
+    const QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
+    const KMMeshTargets::Elements all = KMMeshTargets::Vertices | KMMeshTargets::Edges | KMMeshTargets::Faces;
+    return std::any_of(meshes.cbegin(), meshes.cend(), [all](const KMMeshNode *mesh) {
+        return KMMeshTargets::isEditable(*mesh) && KMMeshTargets::hasSelected(*mesh, all);
+    });
 }
 
 } // namespace
@@ -141,6 +153,13 @@ void kmmainwidget::onMenuSelectionDelete()
     commitOpenEditors();
     if (editInPanel(KMDockWidget::Edit::Delete) || (worksOnElements() && KMMeshEdit::deleteSelection()))
         return;
+    if (worksOnElements() && areElementsSelected()) {
+        gSolution->showMessage(
+            tr("Nothing was deleted: the selected elements are of a kind that the edit filter leaves out, "
+               "or belong to a primitive or a modifier"),
+            KMCommand::MessageLevel);
+        return;
+    }
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (!noneSelected(nodes))
         KMNodeEdits::remove(nodes);
