@@ -161,6 +161,16 @@ QPointF placeOnBox(const KMOpenGLWidget &view, int code)
     return {-1, -1};
 }
 
+void drop(kmmainwidget &window, const QPoint &place, KMNode *node)
+{
+    const std::unique_ptr<QMimeData> data(KMTreeWidget::mimeDataOf({static_cast<KMContainerNode *>(node)}));
+    QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent event(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &event);
+}
+
 /// The window with painted views.
 struct ViewWindow : TestWindow
 {
@@ -638,17 +648,13 @@ void tst_KMMainBox::dropOnFace()
     auto *cube = static_cast<KMPrimitiveNode *>(window.create<KMContainerNode>("actionCreateCube"));
     window.trigger(create);
     const bool isShader = create == "actionCreateShader";
-    auto *dragged = static_cast<KMContainerNode *>(isShader ? gSolution->currentShader() : gSolution->currentTexture());
+    KMNode *dragged = isShader ? gSolution->currentShader() : gSolution->currentTexture();
     const int steps = window->undoStack()->count();
-    QMimeData *data = KMTreeWidget::mimeDataOf({dragged});
-    const QPoint place = window.view()->mapTo(&*window, window.view()->rect().center());
-    QDropEvent drop(place, Qt::CopyAction, data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&*window, &drop);
-    delete data;
+    drop(*window, window.view()->mapTo(&*window, window.view()->rect().center()), dragged);
     auto *given = static_cast<KMBasicShaderNode *>(gProject->shader(cube->shader()));
     QVERIFY(given);
     if (isShader)
-        QCOMPARE(static_cast<KMContainerNode *>(given), dragged);
+        QCOMPARE(static_cast<KMNode *>(given), dragged);
     else
         QCOMPARE(given->values().textures[KMBasicShader::Diffuse], 0);
     QCOMPARE(window->undoStack()->count(), steps + 1);
@@ -663,12 +669,8 @@ void tst_KMMainBox::dropBesideModel()
     window.trigger("actionCreateCube");
     window.trigger("actionCreateShader");
     const int steps = window->undoStack()->count();
-    QMimeData *data = KMTreeWidget::mimeDataOf({static_cast<KMContainerNode *>(gSolution->currentShader())});
-    QDropEvent drop(window.view()->mapTo(&*window, {3, window.view()->height() - 3}), Qt::CopyAction, data,
-                    Qt::LeftButton, Qt::NoModifier);
     QTest::ignoreMessage(QtDebugMsg, "no hit");
-    QCoreApplication::sendEvent(&*window, &drop);
-    delete data;
+    drop(*window, window.view()->mapTo(&*window, {3, window.view()->height() - 3}), gSolution->currentShader());
     QCOMPARE(window->undoStack()->count(), steps);
 }
 
