@@ -43,15 +43,15 @@ void KMCameraNode::mousePress(KMMouseEvent *event)
 {
     const Qt::MouseButtons buttons = event->buttons();
     const bool shift = event->modifiers() & Qt::ShiftModifier;
+    if (!m_drag.rotate && !m_drag.pan)
+        m_saved = view();
     m_drag.lastPosition = event->pos();
     m_drag.pressRoll = m_roll;
     if (buttons & Qt::RightButton) {
-        m_saved = view();
         m_drag.rotate = true;
         m_drag.pressPosition = event->localPos();
     }
     if (m_drag.rotate && (buttons & Qt::LeftButton)) {
-        m_saved = view();
         m_drag.leftRightZoom = true;
         m_drag.fovZoom = shift;
         return;
