@@ -444,7 +444,7 @@ void tst_kmmainwidget::menuTitlesAndActions()
             known.insert(action->objectName(), action);
         }
     }
-    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Normal", "Widget", "Panel", "Help"}));
+    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Normal", "Widget", "Panel", "View", "Help"}));
 
     QSet<QString> keys;
     for (const QAction *action : known) {
