@@ -4,7 +4,6 @@
 #include "core/KMProject.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
-#include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMProjectDialog.h"
@@ -12,6 +11,7 @@
 #include "shell/KMSaveQuestion.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/views/KMViewDrop.h"
 
 #include <QAction>
 #include <QDropEvent>
@@ -145,7 +145,7 @@ void kmmainwidget::onMenuQuit()
 
 void kmmainwidget::dragEnterEvent(QDragEnterEvent *event)
 {
-    const bool isNode = event->mimeData()->hasFormat(KMTreeWidget::NodeMimeType);
+    const bool isNode = !KMViewDrop::nodesOf(event->mimeData()).isEmpty();
     if (isNode || !firstLocalFile(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
