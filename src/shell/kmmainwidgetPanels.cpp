@@ -62,7 +62,8 @@ void kmmainwidget::createOverlays()
     m_snackbar = new KMSnackbar(m_mainBox);
     m_drawer = new KMDrawer(m_mainBox);
     for (const IndexRow &row : indexRows)
-        m_drawer->addEntry(tr(row.label));
+        m_drawer->addEntry(findChild<KMDockWidget *>(QLatin1String(row.dock))->toggleViewAction()->icon(),
+                           tr(row.label));
     connect(m_drawer, &KMDrawer::chosen, this, &kmmainwidget::onDrawerChosen);
 }
 

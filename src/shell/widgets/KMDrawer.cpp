@@ -36,9 +36,9 @@ KMDrawer::KMDrawer(QWidget *over)
     hide();
 }
 
-void KMDrawer::addEntry(const QString &label)
+void KMDrawer::addEntry(const QIcon &icon, const QString &label)
 {
-    auto *row = new QListWidgetItem(label, m_list);
+    auto *row = new QListWidgetItem(icon, label, m_list);
     row->setSizeHint({0, dpiScaled(30)});
 }
 

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class QIcon;
 class QListWidget;
 
 /// A list that folds out over the left edge of a widget and dims the rest of it. A click on an entry, or Enter, chooses
@@ -13,7 +14,7 @@ class KMDrawer : public QWidget
 public:
     explicit KMDrawer(QWidget *over); ///< a child of the window of that widget
 
-    void addEntry(const QString &label);
+    void addEntry(const QIcon &icon, const QString &label);
     bool isOpen() const { return m_open; }
     void open();
     void close();
