@@ -261,6 +261,37 @@
     </message>
 </context>
 <context>
+    <name>KMCustomPanel</name>
+    <message>
+        <source>Open what the custom panel holds as a menu at the cursor</source>
+        <translation>カスタムパネルの内容をカーソル位置にメニューとして開く</translation>
+    </message>
+    <message>
+        <source>Show or hide the custom panel; a right click on it chooses its buttons</source>
+        <translation>カスタムパネルを表示または隠す。パネルの右クリックでボタンを選ぶ</translation>
+    </message>
+    <message>
+        <source>Custom Panel%1</source>
+        <translation>カスタムパネル%1</translation>
+    </message>
+    <message>
+        <source>Show %1</source>
+        <translation>%1を表示</translation>
+    </message>
+    <message>
+        <source>Show Panel%1</source>
+        <translation>パネル%1を表示</translation>
+    </message>
+    <message>
+        <source>Choose Buttons...</source>
+        <translation>ボタンの選択...</translation>
+    </message>
+    <message>
+        <source>Say which commands stand on this panel</source>
+        <translation>このパネルに置くコマンドを選ぶ</translation>
+    </message>
+</context>
+<context>
     <name>KMDMeshBody</name>
     <message>
         <source>A face of %1 corners can&apos;t be</source>
@@ -764,6 +795,129 @@
     </message>
 </context>
 <context>
+    <name>KMHelpWidget</name>
+    <message>
+        <source>Right drag</source>
+        <translation>右ドラッグ</translation>
+    </message>
+    <message>
+        <source>Turn the view; with Shift in steps</source>
+        <translation>ビューの回転。Shiftで一定角度ごと</translation>
+    </message>
+    <message>
+        <source>Middle drag</source>
+        <translation>中ドラッグ</translation>
+    </message>
+    <message>
+        <source>Move the view</source>
+        <translation>ビューの移動</translation>
+    </message>
+    <message>
+        <source>Right and left drag</source>
+        <translation>右と左を押してドラッグ</translation>
+    </message>
+    <message>
+        <source>Zoom; with Shift by the angle of the lens</source>
+        <translation>ズーム。Shiftで画角による拡大縮小</translation>
+    </message>
+    <message>
+        <source>Shift and middle drag</source>
+        <translation>Shift+中ドラッグ</translation>
+    </message>
+    <message>
+        <source>Change the angle of the lens, while the model keeps its size</source>
+        <translation>モデルの大きさを保ったまま画角を変える</translation>
+    </message>
+    <message>
+        <source>Wheel</source>
+        <translation>ホイール</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>ズーム</translation>
+    </message>
+    <message>
+        <source>Drag on an icon in the upper right corner</source>
+        <translation>右上のアイコンをドラッグ</translation>
+    </message>
+    <message>
+        <source>Move, zoom or turn the view with one button</source>
+        <translation>ボタン一つでビューの移動、ズーム、回転</translation>
+    </message>
+    <message>
+        <source>Click on the camera box</source>
+        <translation>カメラボックスをクリック</translation>
+    </message>
+    <message>
+        <source>Look from that side, edge or corner</source>
+        <translation>その面、辺、角の方向から見る</translation>
+    </message>
+    <message>
+        <source>Drag on the ring of the camera box</source>
+        <translation>カメラボックスの輪をドラッグ</translation>
+    </message>
+    <message>
+        <source>Turn the view</source>
+        <translation>ビューの回転</translation>
+    </message>
+    <message>
+        <source>Middle click on the camera box</source>
+        <translation>カメラボックスを中クリック</translation>
+    </message>
+    <message>
+        <source>Bring the current node to the middle of the view</source>
+        <translation>現在のノードをビューの中央にする</translation>
+    </message>
+    <message>
+        <source>Right click on the buttons for vertices, edges and faces</source>
+        <translation>頂点、辺、面のボタンを右クリック</translation>
+    </message>
+    <message>
+        <source>Show that kind of elements alone, and all of them at the next click</source>
+        <translation>その種類の要素だけを表示。もう一度ですべて表示</translation>
+    </message>
+    <message>
+        <source>Right click on a panel of buttons</source>
+        <translation>ボタンのパネルを右クリック</translation>
+    </message>
+    <message>
+        <source>Choose between icons and texts, and what stands on a custom panel</source>
+        <translation>アイコンと文字の切り替え、カスタムパネルの内容の選択</translation>
+    </message>
+    <message>
+        <source>Drop a file on the window</source>
+        <translation>ファイルをウィンドウにドロップ</translation>
+    </message>
+    <message>
+        <source>Open a model, add a picture as a texture</source>
+        <translation>モデルを開く、画像をテクスチャとして追加</translation>
+    </message>
+    <message>
+        <source>Drop a shader or a texture on a face</source>
+        <translation>シェーダーやテクスチャを面にドロップ</translation>
+    </message>
+    <message>
+        <source>Give it to the face</source>
+        <translation>その面に割り当てる</translation>
+    </message>
+    <message>
+        <source>Keys and Mouse</source>
+        <translation>キーとマウス</translation>
+    </message>
+    <message>
+        <source>Filter by name or keys</source>
+        <translation>名前またはキーで絞り込み</translation>
+    </message>
+    <message>
+        <source>Nothing of that name.</source>
+        <translation>該当するものはありません。</translation>
+    </message>
+    <message>
+        <source>Mouse</source>
+        <translation>マウス</translation>
+    </message>
+</context>
+<context>
     <name>KMImageFiles</name>
     <message>
         <source>Images (%1)</source>
@@ -779,13 +933,6 @@
     <message>
         <source>Int</source>
         <translation>整数</translation>
-    </message>
-</context>
-<context>
-    <name>KMMainBox</name>
-    <message>
-        <source>or drop a file here</source>
-        <translation>またはファイルをここにドロップ</translation>
     </message>
 </context>
 <context>
@@ -1103,6 +1250,29 @@
     <message>
         <source>Null</source>
         <translation>ヌル</translation>
+    </message>
+</context>
+<context>
+    <name>KMPanelBar</name>
+    <message>
+        <source>Icons</source>
+        <translation>アイコン</translation>
+    </message>
+    <message>
+        <source>Texts</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>Icons with text beside</source>
+        <translation>アイコンの横に文字</translation>
+    </message>
+    <message>
+        <source>Icons with text below</source>
+        <translation>アイコンの下に文字</translation>
+    </message>
+    <message>
+        <source>How the buttons of this bar look</source>
+        <translation>このバーのボタンの見た目</translation>
     </message>
 </context>
 <context>
@@ -1641,6 +1811,17 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMSwitchMenu</name>
+    <message>
+        <source>Switch on or off: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bring all switches of this menu to the state of a new document</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KMTagNormal</name>
     <message>
         <source>Normal</source>
@@ -1706,28 +1887,12 @@ Trying to Recover Files?</source>
 <context>
     <name>KMUndoToolBar</name>
     <message>
-        <source>Icons</source>
-        <translation>アイコン</translation>
-    </message>
-    <message>
-        <source>Texts</source>
-        <translation>文字</translation>
-    </message>
-    <message>
-        <source>Icons with text beside</source>
-        <translation>アイコンの横に文字</translation>
-    </message>
-    <message>
-        <source>Icons with text below</source>
-        <translation>アイコンの下に文字</translation>
-    </message>
-    <message>
         <source>Undo Panel</source>
         <translation>元に戻すパネル</translation>
     </message>
     <message>
-        <source>How the buttons of this bar look</source>
-        <translation>このバーのボタンの見た目</translation>
+        <source>Show or hide the buttons for undo and redo</source>
+        <translation>元に戻すボタンとやり直しボタンを表示または隠す</translation>
     </message>
 </context>
 <context>
@@ -1735,6 +1900,105 @@ Trying to Recover Files?</source>
     <message>
         <source>Value</source>
         <translation>値</translation>
+    </message>
+</context>
+<context>
+    <name>KMViewBar</name>
+    <message>
+        <source>Vertex</source>
+        <translation type="unfinished">頂点</translation>
+    </message>
+    <message>
+        <source>Show vertices; right click: only them, or all kinds again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation type="unfinished">辺</translation>
+    </message>
+    <message>
+        <source>Show edges; right click: only them, or all kinds again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Face</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show faces; right click: only them, or all kinds again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Front</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show only what faces the viewer; right click: and no elements</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Self</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Modifier</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Vertex</source>
+        <translation type="unfinished">頂点のスナップ</translation>
+    </message>
+    <message>
+        <source>Snap Edge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Face</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Merge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>View Panel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Snap</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the menu: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset Filter Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset Snap Settings</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1770,6 +2034,17 @@ Trying to Recover Files?</source>
     <message>
         <source>%1, %2, %3, %4</source>
         <translation>%1, %2, %3, %4</translation>
+    </message>
+</context>
+<context>
+    <name>KMViewDrop</name>
+    <message>
+        <source>Assign Shader</source>
+        <translation type="unfinished">シェーダーの割り当て</translation>
+    </message>
+    <message>
+        <source>Apply Texture</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2277,6 +2552,21 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>kmgriddialog</name>
+    <message>
+        <source>Grid Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>grid row</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>grid Space</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>kmhistorywidget</name>
     <message>
         <source>History</source>
@@ -2630,10 +2920,6 @@ Trying to Recover Files?</source>
         <translation>パネル(&amp;P)</translation>
     </message>
     <message>
-        <source>Show or hide the buttons for undo and redo</source>
-        <translation>元に戻すボタンとやり直しボタンを表示または隠す</translation>
-    </message>
-    <message>
         <source>Status Bar</source>
         <translation>ステータスバー</translation>
     </message>
@@ -2757,6 +3043,248 @@ Trying to Recover Files?</source>
         <source>Primitive</source>
         <translation>プリミティブ</translation>
     </message>
+    <message>
+        <source>Single View</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show one view, in perspective</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dual View</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the plane of the texture beside the view in perspective</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quad View</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the views from above, from the front and from the right beside the one in perspective</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Front</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn the view in perspective to the front of the model</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn the view in perspective to the back of the model</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation type="unfinished">右</translation>
+    </message>
+    <message>
+        <source>Turn the view in perspective to the right side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation type="unfinished">左</translation>
+    </message>
+    <message>
+        <source>Turn the view in perspective to the left side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn the view in perspective to look down on the model</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn the view in perspective to look up at the model</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ortho / Opposite Side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Switch the current view between perspective and orthographic, a fixed one to the other side</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset Camera</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bring the camera of the current view back to where it was at first</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Auto Ortho</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Become orthographic whenever the view is turned to a standard direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Centering</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Center Window: bring the selection, or the current node, to the middle of the view</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show Texture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Draw the model with its textures</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show Grid</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show or hide the grid of the current view</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Grid Setting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Say how many cells the grid has and how large they are</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zen Mode</source>
+        <translation>集中モード</translation>
+    </message>
+    <message>
+        <source>Show the views alone, and all the rest again as it was</source>
+        <translation>ビューだけを表示。もう一度で元の配置に戻す</translation>
+    </message>
+    <message>
+        <source>Panel Index</source>
+        <translation>パネル一覧</translation>
+    </message>
+    <message>
+        <source>Fold out a list of panels and bring one of them up</source>
+        <translation>パネルの一覧を開いて、選んだものを前面に出す</translation>
+    </message>
+    <message>
+        <source>Keys and Mouse</source>
+        <translation>キーとマウス</translation>
+    </message>
+    <message>
+        <source>What the keys and the mouse do</source>
+        <translation>キーとマウスの働き</translation>
+    </message>
+    <message>
+        <source>Online Manual</source>
+        <translation>オンラインマニュアル</translation>
+    </message>
+    <message>
+        <source>Open the manual in the browser</source>
+        <translation>マニュアルをブラウザで開く</translation>
+    </message>
+    <message>
+        <source>Check Update</source>
+        <translation>更新の確認</translation>
+    </message>
+    <message>
+        <source>Look in the browser whether there is a newer version</source>
+        <translation>新しいバージョンがあるかブラウザで確認する</translation>
+    </message>
+    <message>
+        <source>BenchMark</source>
+        <translation>ベンチマーク</translation>
+    </message>
+    <message>
+        <source>Measure how fast a scene of known size is drawn</source>
+        <translation>決まった大きさのシーンの描画速度を測る</translation>
+    </message>
+    <message>
+        <source>Debug</source>
+        <translation>デバッグ</translation>
+    </message>
+    <message>
+        <source>Write to the output what a report of a fault should say about this program and machine</source>
+        <translation>不具合の報告に必要なプログラムと環境の情報を出力に書く</translation>
+    </message>
+    <message>
+        <source>No address of an online manual is known to this version.</source>
+        <translation>このバージョンにはオンラインマニュアルのアドレスが設定されていません。</translation>
+    </message>
+    <message>
+        <source>The page &quot;%1&quot; of this menu lists what the keys and the mouse do.</source>
+        <translation>キーとマウスの働きは、このメニューの「%1」にあります。</translation>
+    </message>
+    <message>
+        <source>No address to ask for a newer version is known to this version.</source>
+        <translation>このバージョンには更新を確認するアドレスが設定されていません。</translation>
+    </message>
+    <message>
+        <source>You are running version %1.</source>
+        <translation>現在のバージョンは%1です。</translation>
+    </message>
+    <message>
+        <source>Measuring...</source>
+        <translation>測定中...</translation>
+    </message>
+    <message>
+        <source>Nothing could be drawn: there is no OpenGL.</source>
+        <translation>描画できませんでした: OpenGLがありません。</translation>
+    </message>
+    <message>
+        <source>%1 frames in %2 milliseconds</source>
+        <translation>%1フレーム、%2ミリ秒</translation>
+    </message>
+    <message>
+        <source>%1 milliseconds a frame, %2 frames a second.
+%3 faces, %4 x %5 pixels, each picture read back.</source>
+        <translation>1フレーム%1ミリ秒、毎秒%2フレーム。
+面%3個、%4 x %5ピクセル、画像の読み戻しを含みます。</translation>
+    </message>
+    <message>
+        <source>View(&amp;V)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Attribute</source>
+        <translation>属性</translation>
+    </message>
+    <message>
+        <source>Nodes</source>
+        <translation>ノード</translation>
+    </message>
+    <message>
+        <source>Shader &amp; Texture</source>
+        <translation>シェーダーとテクスチャ</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>履歴</translation>
+    </message>
+    <message>
+        <source>%1 brings the panels back</source>
+        <translation>%1でパネルが戻ります</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -2846,6 +3374,45 @@ Trying to Recover Files?</source>
     <message>
         <source>Empty the log</source>
         <translation>ログを空にします</translation>
+    </message>
+</context>
+<context>
+    <name>kmpaneldialog</name>
+    <message>
+        <source>Buttons of %1</source>
+        <translation>%1のボタン</translation>
+    </message>
+    <message>
+        <source>Filter by name</source>
+        <translation>名前で絞り込み</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>追加</translation>
+    </message>
+    <message>
+        <source>Add Line</source>
+        <translation>区切り線を追加</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>取り除く</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>上へ</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>下へ</translation>
+    </message>
+    <message>
+        <source>(Line)</source>
+        <translation>(区切り線)</translation>
+    </message>
+    <message>
+        <source>%1 (not there)</source>
+        <translation>%1 (見つかりません)</translation>
     </message>
 </context>
 <context>

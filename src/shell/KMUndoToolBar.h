@@ -1,14 +1,11 @@
 #pragma once
 
-#include <QToolBar>
+#include "shell/KMPanelBar.h"
 
-/// Undo and redo. Its menu chooses between icons and texts.
-class KMUndoToolBar : public QToolBar
+/// Undo and redo.
+class KMUndoToolBar : public KMPanelBar
 {
     Q_OBJECT
 public:
     explicit KMUndoToolBar(const QList<QAction *> &actions, QWidget *parent = nullptr);
-
-private:
-    void showMenu(const QPoint &position);
 };

@@ -2,14 +2,17 @@
 
 #include "core/KMSettings.h"
 #include "core/KMVersion.h"
+#include "shell/KMHelpWidget.h"
 #include "shell/KMMainBox.h"
+#include "shell/KMPanelBar.h"
+#include "shell/KMZenMode.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
 
 #include <QFile>
 #include <QSettings>
 #include <QStatusBar>
-#include <QToolBar>
+#include <QTimer>
 
 namespace {
 
@@ -25,8 +28,11 @@ void KMWindowState::save(const kmmainwidget &window)
     QSettings file(stateFile(), QSettings::IniFormat);
     file.setValue(QStringLiteral("Version/AppVer"), double(KMVersion::Number));
     file.setValue(QStringLiteral("main/geometry"), window.saveGeometry());
-    file.setValue(QStringLiteral("main/windowState"), window.saveState());
-    file.setValue(QStringLiteral("main/statusbar"), !window.statusBar()->isHidden());
+    file.setValue(QStringLiteral("main/windowState"), window.zenMode()->windowState());
+    file.setValue(QStringLiteral("main/statusbar"), window.zenMode()->isStatusBarShown());
+    file.setValue(QStringLiteral("main/zen"), window.zenMode()->isOn());
+    file.setValue(QStringLiteral("help/geometry"), window.helpWidget()->saveGeometry());
+    file.setValue(QStringLiteral("help/visible"), !window.helpWidget()->isHidden());
     file.setValue(QStringLiteral("main/viewMode"), window.mainBox()->viewMode());
     file.setValue(QStringLiteral("main/dualX"), window.mainBox()->dualX());
     file.setValue(QStringLiteral("main/quadX"), window.mainBox()->quadX());
@@ -49,8 +55,12 @@ bool KMWindowState::restore(kmmainwidget &window)
     const int mode = file.value(QStringLiteral("nodeWidget/resizeMode"), int(kmnodewidget::FillPanel)).toInt();
     window.nodeDock()->setResizeMode(
         kmnodewidget::ResizeMode(qBound(int(kmnodewidget::FillPanel), mode, int(kmnodewidget::FitContents))));
-    const int style = file.value(QStringLiteral("undoPanel/buttonStyle"), int(Qt::ToolButtonIconOnly)).toInt();
-    window.undoToolBar()->setToolButtonStyle(
-        Qt::ToolButtonStyle(qBound(int(Qt::ToolButtonIconOnly), style, int(Qt::ToolButtonFollowStyle))));
+    window.undoToolBar()->setButtonStyle(
+        file.value(QStringLiteral("undoPanel/buttonStyle"), int(Qt::ToolButtonIconOnly)).toInt());
+    window.helpWidget()->restoreGeometry(file.value(QStringLiteral("help/geometry")).toByteArray());
+    if (file.value(QStringLiteral("main/zen"), false).toBool())
+        window.setZen(true, file.value(QStringLiteral("main/windowState")).toByteArray());
+    if (file.value(QStringLiteral("help/visible"), false).toBool())
+        QTimer::singleShot(0, window.helpWidget(), &QWidget::show); // not before the window that it floats on
     return true;
 }

@@ -8,6 +8,8 @@
 #include "formats/KMNativeFormat.h"
 #include "render/KMCameraSet.h"
 #include "render/TabletSupport.h"
+#include "shell/KMCustomPanel.h"
+#include "shell/KMHelpWidget.h"
 #include "shell/KMIcon.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
@@ -17,7 +19,6 @@
 #include "shell/KMShortcutFilter.h"
 #include "shell/KMStartFiles.h"
 #include "shell/KMStyle.h"
-#include "shell/KMUndoToolBar.h"
 #include "shell/KMWindowState.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMGlobalCommands.h"
@@ -27,6 +28,7 @@
 #include "shell/docks/kmshaderwidget.h"
 #include "shell/docks/kmtexturewidget.h"
 #include "shell/widgets/KMMessageLabel.h"
+#include "shell/widgets/KMSnackbar.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -61,7 +63,10 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     setAnimated(gSettings->animateGui); // the dock option as well
     createViews();
     arrangeDocks();
+    createOverlays();
     createMenus();
+    for (KMCustomPanel *panel : std::as_const(m_customPanels))
+        panel->load();
     connectDocks();
     connect(m_undoStack, &QUndoStack::indexChanged, this, &kmmainwidget::onUndoIndexChanged);
     limitFocusToClicks();
@@ -169,7 +174,10 @@ void kmmainwidget::closeEvent(QCloseEvent *event)
             return event->ignore(); // after a save too: the next attempt closes what is then unchanged
     }
     KMWindowState::save(*this);
+    for (const KMCustomPanel *panel : std::as_const(m_customPanels))
+        panel->save();
     hide();
+    m_help->hide();
     for (KMDockWidget *dock : std::as_const(m_docks)) {
         dock->hide();
         dock->releaseDocument();
@@ -255,6 +263,8 @@ void kmmainwidget::showMessage(const QString &text, int level)
 {
     m_interruptedMessage.clear();
     m_messageLabel->showMessage(text, level);
+    if (level != KMMessageLabel::Information || statusBar()->isHidden()) // the user looks at the views
+        m_snackbar->showMessage(text);
 }
 
 void kmmainwidget::setProgress(const QString &text)
@@ -300,5 +310,3 @@ void kmmainwidget::onPaletteChanged()
     if (m_mainBox)
         m_mainBox->update();
 }
-
-void kmmainwidget::onPanelNameChanged(const QString &, int) {}

@@ -10,14 +10,19 @@ class KMCameraSet;
 class KMComContainer;
 class KMCommandContainer;
 class KMContainerNode;
+class KMCustomPanel;
+class KMDrawer;
+class KMHelpWidget;
 class KMMainBox;
 class KMMessageLabel;
 class KMNode;
 class KMNodeClipboard;
 class KMOpenGLWidget;
+class KMPanelBar;
+class KMSnackbar;
 class KMStyle;
+class KMZenMode;
 class QMimeData;
-class QToolBar;
 class QUndoStack;
 class kmattributewidget;
 class kmhistorywidget;
@@ -30,8 +35,8 @@ class kmtexturewidget;
 /// family of commands.
 ///
 /// What its parts are is told in tables: the docks in kmmainwidgetDocks.cpp, the actions in kmmainwidgetActions.cpp
-/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp, kmmainwidgetEdit.cpp and
-/// kmmainwidgetView.cpp.
+/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp, kmmainwidgetEdit.cpp,
+/// kmmainwidgetView.cpp, kmmainwidgetPanels.cpp and kmmainwidgetHelp.cpp.
 class kmmainwidget : public QMainWindow, public KMSessionWindow
 {
     Q_OBJECT
@@ -49,7 +54,12 @@ public:
 
     QUndoStack *undoStack() const { return m_undoStack; }
     KMMainBox *mainBox() const { return m_mainBox; }
-    QToolBar *undoToolBar() const { return m_undoToolBar; }
+    KMPanelBar *undoToolBar() const { return m_undoToolBar; }
+    const QList<KMCustomPanel *> &customPanels() const { return m_customPanels; }
+    KMZenMode *zenMode() const { return m_zen; }
+    /// The views alone, or all the rest as it was before, or, where one is given, as in that state of the window.
+    void setZen(bool on, const QByteArray &state = {});
+    KMHelpWidget *helpWidget() const { return m_help; }
     const QList<KMDockWidget *> &docks() const { return m_docks; } ///< in the order in which they were made
     kmnodewidget *nodeDock() const { return m_nodeDock; }
     kmattributewidget *attributeDock() const { return m_attributeDock; }
@@ -144,8 +154,17 @@ private slots:
     void onCameraBoxClicked(int code); ///< of KMCameraBoxShape
     void syncViewActions();            ///< their check marks are those of the current view
 
+    void onMenuZen();
+    void onMenuPanelIndex();
+    void onDrawerChosen(int entry);
+
+    void onMenuHelpIndex();
+    void onMenuOnlineManual();
     void onMenuAbout();
     void onMenuAboutQt();
+    void onMenuCheckUpdate();
+    void onMenuBenchMark();
+    void onMenuDebug();
     void onPreMenuWidget();
     void onPreMenuToolBar();
     void onTopLevelChanged(bool floating);
@@ -164,6 +183,9 @@ private:
     void arrangeDocks();
 
     void createBars();
+    void createOverlays();
+    void showDock(const char *objectName);
+    void inform(const QString &title, const QString &text, const QString &more);
     void createStatusBar();
     void createViews();
     void centreOnCurrent(KMOpenGLWidget *view);
@@ -207,7 +229,12 @@ private:
     kmattributewidget *m_attributeDock = nullptr;
 
     KMMainBox *m_mainBox = nullptr;
-    QToolBar *m_undoToolBar = nullptr;
+    KMPanelBar *m_undoToolBar = nullptr;
+    QList<KMCustomPanel *> m_customPanels;
+    KMZenMode *m_zen = nullptr;
+    KMSnackbar *m_snackbar = nullptr;
+    KMDrawer *m_drawer = nullptr;
+    KMHelpWidget *m_help = nullptr;
     KMMessageLabel *m_messageLabel = nullptr;
     KMMessageLabel *m_progressLabel = nullptr;
     KMMessageLabel *m_countLabel = nullptr;

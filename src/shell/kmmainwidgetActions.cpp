@@ -115,6 +115,21 @@ void kmmainwidget::createActions()
         {"actionGridSetting", QT_TR_NOOP("Grid Setting"), "", "", &W::onMenuGridSetting,
          QT_TR_NOOP("Say how many cells the grid has and how large they are")},
 
+        {"actionZen", QT_TR_NOOP("Zen Mode"), "", "F11", &W::onMenuZen,
+         QT_TR_NOOP("Show the views alone, and all the rest again as it was")},
+        {"actionPanelIndex", QT_TR_NOOP("Panel Index"), "", "F9", &W::onMenuPanelIndex,
+         QT_TR_NOOP("Fold out a list of panels and bring one of them up")},
+
+        {"actionHelpIndex", QT_TR_NOOP("Keys and Mouse"), "help", "F1", &W::onMenuHelpIndex,
+         QT_TR_NOOP("What the keys and the mouse do")},
+        {"actionOnlineManual", QT_TR_NOOP("Online Manual"), "earth", "", &W::onMenuOnlineManual,
+         QT_TR_NOOP("Open the manual in the browser")},
+        {"actionCheckUpdate", QT_TR_NOOP("Check Update"), "", "", &W::onMenuCheckUpdate,
+         QT_TR_NOOP("Look in the browser whether there is a newer version")},
+        {"actionBenchMark", QT_TR_NOOP("BenchMark"), "", "", &W::onMenuBenchMark,
+         QT_TR_NOOP("Measure how fast a scene of known size is drawn")},
+        {"actionDebug", QT_TR_NOOP("Debug"), "", "", &W::onMenuDebug,
+         QT_TR_NOOP("Write to the output what a report of a fault should say about this program and machine")},
         {"actionAbout", QT_TR_NOOP("About"), "about", "", &W::onMenuAbout, QT_TR_NOOP("What this program is")},
         {"actionAboutQt", QT_TR_NOOP("About Qt"), "info", "", &W::onMenuAboutQt, QT_TR_NOOP("About the toolkit Qt")},
     };
@@ -127,7 +142,7 @@ void kmmainwidget::createActions()
         m_actions << made;
     }
     for (const char *toggle : {"actionSingleView", "actionDualView", "actionQuadView", "actionAutoOrtho",
-                               "actionShowTexture", "actionShowGrid"})
+                               "actionShowTexture", "actionShowGrid", "actionZen"})
         action(toggle)->setCheckable(true);
     action("actionQuit")->setMenuRole(QAction::QuitRole);
     action("actionAbout")->setMenuRole(QAction::AboutRole);

@@ -1,4 +1,4 @@
-// The window's slots that edit the document, and those of the help menu.
+// The window's slots that edit the document.
 
 #include "core/KMBasicShaderNode.h"
 #include "core/KMCommand.h"
@@ -297,28 +297,4 @@ void kmmainwidget::onMenuCreateFileTextureNode()
     const QString path = KMPrompt::current().openFile(request);
     if (!path.isEmpty())
         create(new KMFileTextureNode(path));
-}
-
-void kmmainwidget::onMenuAbout()
-{
-    KMMessage box;
-    box.icon = QMessageBox::Information;
-    box.title = tr("About");
-    box.text = tr("%1 %2").arg(QApplication::applicationName(), QApplication::applicationVersion());
-    box.informativeText = tr("A polygon modeller for character models.");
-    box.parent = this;
-    KMPrompt::current().message(box);
-}
-
-void kmmainwidget::onMenuAboutQt()
-{
-    KMMessage box;
-    box.icon = QMessageBox::Information;
-    box.title = tr("About Qt");
-    box.text = tr("This program uses Qt version %1.").arg(QLatin1String(qVersion()));
-    box.informativeText =
-        tr("Qt is a toolkit for programs with a user interface, used here under the GNU Lesser General "
-           "Public License. See https://www.qt.io for more.");
-    box.parent = this;
-    KMPrompt::current().message(box);
 }

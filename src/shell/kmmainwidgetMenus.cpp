@@ -1,9 +1,8 @@
-// The menu bar and the tool bars. Each menu is a list of the names of its actions; a null is a line.
+// The menu bar. Each menu is a list of the names of its actions; a null is a line.
 
 #include "core/KMSettings.h"
 #include "shell/KMIcon.h"
 #include "shell/KMRecentFiles.h"
-#include "shell/KMUndoToolBar.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
@@ -11,7 +10,6 @@
 
 #include <QMenu>
 #include <QMenuBar>
-#include <QStatusBar>
 
 namespace {
 
@@ -27,12 +25,6 @@ void collectActions(const QMenu *menu, QList<QAction *> &actions)
 }
 
 } // namespace
-
-void kmmainwidget::createBars()
-{
-    m_undoToolBar = new KMUndoToolBar({action("actionUndo"), action("actionRedo")}, this);
-    addToolBar(m_undoToolBar);
-}
 
 void kmmainwidget::createMenus()
 {
@@ -159,22 +151,6 @@ void kmmainwidget::createWidgetMenu()
     listActionGroup(m_widgetMenu, action("Menu Widget"));
 }
 
-void kmmainwidget::createPanelMenu()
-{
-    m_panelMenu = addMenu(tr("Panel(&P)"), "Menu Panel");
-    QAction *undoPanel = m_undoToolBar->toggleViewAction();
-    undoPanel->setObjectName(QStringLiteral("show_KMUndoToolBar"));
-    undoPanel->setStatusTip(tr("Show or hide the buttons for undo and redo"));
-    m_panelMenu->addAction(undoPanel);
-    QAction *status = m_panelMenu->addAction(tr("Status Bar"));
-    status->setObjectName(QStringLiteral("show_statusBar"));
-    status->setStatusTip(tr("Show or hide the line of messages"));
-    status->setCheckable(true);
-    connect(status, &QAction::triggered, statusBar(), &QWidget::setVisible);
-    connect(m_panelMenu, &QMenu::aboutToShow, this, &kmmainwidget::onPreMenuToolBar);
-    listActionGroup(m_panelMenu, action("Menu Panel"));
-}
-
 void kmmainwidget::createViewMenu()
 {
     QMenu *menu = addMenu(tr("View(&V)"), "Menu View");
@@ -189,7 +165,8 @@ void kmmainwidget::createViewMenu()
 void kmmainwidget::createHelpMenu()
 {
     QMenu *menu = addMenu(tr("Help(&H)"), "Menu Help");
-    fill(menu, {"actionAbout", "actionAboutQt"});
+    fill(menu, {"actionHelpIndex", "actionOnlineManual", nullptr, "actionAbout", "actionAboutQt", "actionCheckUpdate",
+                nullptr, "actionBenchMark", "actionDebug"});
     listActionGroup(menu, action("Menu Help"));
 }
 
@@ -198,13 +175,4 @@ void kmmainwidget::onPreMenuWidget()
 {
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->toggleViewAction()->setChecked(!dock->isHidden());
-}
-
-void kmmainwidget::onPreMenuToolBar()
-{
-    m_undoToolBar->toggleViewAction()->setChecked(!m_undoToolBar->isHidden());
-    for (QAction *entry : m_panelMenu->actions()) {
-        if (entry->objectName() == QLatin1String("show_statusBar"))
-            entry->setChecked(!statusBar()->isHidden());
-    }
 }

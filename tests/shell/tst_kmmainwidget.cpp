@@ -7,6 +7,7 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
 #include "shell/KMMainBox.h"
+#include "shell/KMPanelBar.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/KMShortcutFile.h"
