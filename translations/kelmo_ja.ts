@@ -1814,11 +1814,11 @@ Trying to Recover Files?</source>
     <name>KMSwitchMenu</name>
     <message>
         <source>Switch on or off: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>オン / オフを切り替え: %1</translation>
     </message>
     <message>
         <source>Bring all switches of this menu to the state of a new document</source>
-        <translation type="unfinished"></translation>
+        <translation>このメニューのスイッチをすべて新規ドキュメントの状態に戻します</translation>
     </message>
 </context>
 <context>
@@ -1906,99 +1906,99 @@ Trying to Recover Files?</source>
     <name>KMViewBar</name>
     <message>
         <source>Vertex</source>
-        <translation type="unfinished">頂点</translation>
+        <translation>頂点</translation>
     </message>
     <message>
         <source>Show vertices; right click: only them, or all kinds again</source>
-        <translation type="unfinished"></translation>
+        <translation>頂点を表示します。右クリック: 頂点だけ、またはすべての種類</translation>
     </message>
     <message>
         <source>Edge</source>
-        <translation type="unfinished">辺</translation>
+        <translation>辺</translation>
     </message>
     <message>
         <source>Show edges; right click: only them, or all kinds again</source>
-        <translation type="unfinished"></translation>
+        <translation>辺を表示します。右クリック: 辺だけ、またはすべての種類</translation>
     </message>
     <message>
         <source>Face</source>
-        <translation type="unfinished"></translation>
+        <translation>面</translation>
     </message>
     <message>
         <source>Show faces; right click: only them, or all kinds again</source>
-        <translation type="unfinished"></translation>
+        <translation>面を表示します。右クリック: 面だけ、またはすべての種類</translation>
     </message>
     <message>
         <source>Front</source>
-        <translation type="unfinished"></translation>
+        <translation>前面</translation>
     </message>
     <message>
         <source>Show only what faces the viewer; right click: and no elements</source>
-        <translation type="unfinished"></translation>
+        <translation>手前を向いたものだけを表示します。右クリック: 要素も隠す</translation>
     </message>
     <message>
         <source>Snap Self</source>
-        <translation type="unfinished"></translation>
+        <translation>自身にスナップ</translation>
     </message>
     <message>
         <source>Snap All</source>
-        <translation type="unfinished"></translation>
+        <translation>すべてにスナップ</translation>
     </message>
     <message>
         <source>Snap Modifier</source>
-        <translation type="unfinished"></translation>
+        <translation>モディファイアにスナップ</translation>
     </message>
     <message>
         <source>Snap Vertex</source>
-        <translation type="unfinished">頂点のスナップ</translation>
+        <translation>頂点にスナップ</translation>
     </message>
     <message>
         <source>Snap Edge</source>
-        <translation type="unfinished"></translation>
+        <translation>辺にスナップ</translation>
     </message>
     <message>
         <source>Snap Face</source>
-        <translation type="unfinished"></translation>
+        <translation>面にスナップ</translation>
     </message>
     <message>
         <source>Snap Merge</source>
-        <translation type="unfinished"></translation>
+        <translation>スナップして結合</translation>
     </message>
     <message>
         <source>Snap Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>スナップ停止</translation>
     </message>
     <message>
         <source>View Panel</source>
-        <translation type="unfinished"></translation>
+        <translation>ビューパネル</translation>
     </message>
     <message>
         <source>Camera</source>
-        <translation type="unfinished"></translation>
+        <translation>カメラ</translation>
     </message>
     <message>
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation>ビュー</translation>
     </message>
     <message>
         <source>Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルター</translation>
     </message>
     <message>
         <source>Snap</source>
-        <translation type="unfinished"></translation>
+        <translation>スナップ</translation>
     </message>
     <message>
         <source>Open the menu: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>メニューを開く: %1</translation>
     </message>
     <message>
         <source>Reset Filter Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>フィルター設定をリセット</translation>
     </message>
     <message>
         <source>Reset Snap Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>スナップ設定をリセット</translation>
     </message>
 </context>
 <context>
@@ -2040,11 +2040,11 @@ Trying to Recover Files?</source>
     <name>KMViewDrop</name>
     <message>
         <source>Assign Shader</source>
-        <translation type="unfinished">シェーダーの割り当て</translation>
+        <translation>シェーダーの割り当て</translation>
     </message>
     <message>
         <source>Apply Texture</source>
-        <translation type="unfinished"></translation>
+        <translation>テクスチャの適用</translation>
     </message>
 </context>
 <context>
@@ -2555,15 +2555,15 @@ Trying to Recover Files?</source>
     <name>kmgriddialog</name>
     <message>
         <source>Grid Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>グリッド設定</translation>
     </message>
     <message>
         <source>grid row</source>
-        <translation type="unfinished"></translation>
+        <translation>グリッドの行数</translation>
     </message>
     <message>
         <source>grid Space</source>
-        <translation type="unfinished"></translation>
+        <translation>グリッドの間隔</translation>
     </message>
 </context>
 <context>
@@ -3045,131 +3045,131 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Single View</source>
-        <translation type="unfinished"></translation>
+        <translation>1 画面</translation>
     </message>
     <message>
         <source>Show one view, in perspective</source>
-        <translation type="unfinished"></translation>
+        <translation>透視ビューを 1 つ表示します</translation>
     </message>
     <message>
         <source>Dual View</source>
-        <translation type="unfinished"></translation>
+        <translation>2 画面</translation>
     </message>
     <message>
         <source>Show the plane of the texture beside the view in perspective</source>
-        <translation type="unfinished"></translation>
+        <translation>透視ビューの横に UV ビューを表示します</translation>
     </message>
     <message>
         <source>Quad View</source>
-        <translation type="unfinished"></translation>
+        <translation>4 画面</translation>
     </message>
     <message>
         <source>Show the views from above, from the front and from the right beside the one in perspective</source>
-        <translation type="unfinished"></translation>
+        <translation>上、前、右のビューを透視ビューと並べて表示します</translation>
     </message>
     <message>
         <source>Front</source>
-        <translation type="unfinished"></translation>
+        <translation>前面</translation>
     </message>
     <message>
         <source>Turn the view in perspective to the front of the model</source>
-        <translation type="unfinished"></translation>
+        <translation>透視ビューをモデルの前面に向けます</translation>
     </message>
     <message>
         <source>Back</source>
-        <translation type="unfinished"></translation>
+        <translation>背面</translation>
     </message>
     <message>
         <source>Turn the view in perspective to the back of the model</source>
-        <translation type="unfinished"></translation>
+        <translation>透視ビューをモデルの背面に向けます</translation>
     </message>
     <message>
         <source>Right</source>
-        <translation type="unfinished">右</translation>
+        <translation>右</translation>
     </message>
     <message>
         <source>Turn the view in perspective to the right side</source>
-        <translation type="unfinished"></translation>
+        <translation>透視ビューを右側面に向けます</translation>
     </message>
     <message>
         <source>Left</source>
-        <translation type="unfinished">左</translation>
+        <translation>左</translation>
     </message>
     <message>
         <source>Turn the view in perspective to the left side</source>
-        <translation type="unfinished"></translation>
+        <translation>透視ビューを左側面に向けます</translation>
     </message>
     <message>
         <source>Top</source>
-        <translation type="unfinished"></translation>
+        <translation>上</translation>
     </message>
     <message>
         <source>Turn the view in perspective to look down on the model</source>
-        <translation type="unfinished"></translation>
+        <translation>透視ビューでモデルを上から見ます</translation>
     </message>
     <message>
         <source>Bottom</source>
-        <translation type="unfinished"></translation>
+        <translation>下</translation>
     </message>
     <message>
         <source>Turn the view in perspective to look up at the model</source>
-        <translation type="unfinished"></translation>
+        <translation>透視ビューでモデルを下から見ます</translation>
     </message>
     <message>
         <source>Ortho / Opposite Side</source>
-        <translation type="unfinished"></translation>
+        <translation>平行投影 / 反対側</translation>
     </message>
     <message>
         <source>Switch the current view between perspective and orthographic, a fixed one to the other side</source>
-        <translation type="unfinished"></translation>
+        <translation>現在のビューの透視投影と平行投影を切り替えます。固定ビューは反対側に切り替えます</translation>
     </message>
     <message>
         <source>Reset Camera</source>
-        <translation type="unfinished"></translation>
+        <translation>カメラをリセット</translation>
     </message>
     <message>
         <source>Bring the camera of the current view back to where it was at first</source>
-        <translation type="unfinished"></translation>
+        <translation>現在のビューのカメラを初期位置に戻します</translation>
     </message>
     <message>
         <source>Auto Ortho</source>
-        <translation type="unfinished"></translation>
+        <translation>自動平行投影</translation>
     </message>
     <message>
         <source>Become orthographic whenever the view is turned to a standard direction</source>
-        <translation type="unfinished"></translation>
+        <translation>ビューを標準の方向に向けたときに平行投影にします</translation>
     </message>
     <message>
         <source>Centering</source>
-        <translation type="unfinished"></translation>
+        <translation>中央に表示</translation>
     </message>
     <message>
         <source>Center Window: bring the selection, or the current node, to the middle of the view</source>
-        <translation type="unfinished"></translation>
+        <translation>選択範囲または現在のノードをビューの中央に表示します</translation>
     </message>
     <message>
         <source>Show Texture</source>
-        <translation type="unfinished"></translation>
+        <translation>テクスチャを表示</translation>
     </message>
     <message>
         <source>Draw the model with its textures</source>
-        <translation type="unfinished"></translation>
+        <translation>モデルをテクスチャ付きで表示します</translation>
     </message>
     <message>
         <source>Show Grid</source>
-        <translation type="unfinished"></translation>
+        <translation>グリッドを表示</translation>
     </message>
     <message>
         <source>Show or hide the grid of the current view</source>
-        <translation type="unfinished"></translation>
+        <translation>現在のビューのグリッドの表示を切り替えます</translation>
     </message>
     <message>
         <source>Grid Setting</source>
-        <translation type="unfinished"></translation>
+        <translation>グリッド設定</translation>
     </message>
     <message>
         <source>Say how many cells the grid has and how large they are</source>
-        <translation type="unfinished"></translation>
+        <translation>グリッドの数と大きさを決めます</translation>
     </message>
     <message>
         <source>Zen Mode</source>
@@ -3263,7 +3263,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>View(&amp;V)</source>
-        <translation type="unfinished"></translation>
+        <translation>ビュー(&amp;V)</translation>
     </message>
     <message>
         <source>Attribute</source>
@@ -3284,6 +3284,10 @@ Trying to Recover Files?</source>
     <message>
         <source>%1 brings the panels back</source>
         <translation>%1でパネルが戻ります</translation>
+    </message>
+    <message>
+        <source>Nothing was deleted: the selected elements are of a kind that the edit filter leaves out, or belong to a primitive or a modifier</source>
+        <translation>何も削除しませんでした: 選択した要素は編集フィルターで除外されているか、プリミティブまたはモディファイアのものです</translation>
     </message>
 </context>
 <context>
