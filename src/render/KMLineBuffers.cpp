@@ -53,7 +53,7 @@ void paintPoint(const KMMeshNode &mesh, int index, const KMElementStyle &style, 
 
 } // namespace
 
-void KMEdgeBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
+void KMLineBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
 {
     if (!(style == m_style) || style.colors) {
         m_style = style;
@@ -61,17 +61,23 @@ void KMEdgeBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
     }
     if (stale() == 0)
         return;
-    if (needsBuild() || m_group.elementCount != 2 * mesh.edgeCount()) {
-        m_group.allocate(2 * mesh.edgeCount(), int(sizeof(KMLineElement)), 2 * mesh.edgeCount());
+    const int count = elementCount(mesh);
+    if (needsBuild() || m_group.elementCount != count) {
+        m_group.allocate(count, int(sizeof(KMLineElement)), count);
         markStale(Contents);
     }
-    if (m_group.elementCount > 0) {
+    if (count > 0) {
         if (stale() & (Positions | Colors))
             writeElements(mesh, stale());
         if (stale() & Visibility)
             writeIndices(mesh);
     }
     setFresh(Everything);
+}
+
+int KMEdgeBuffers::elementCount(const KMMeshNode &mesh) const
+{
+    return 2 * mesh.edgeCount();
 }
 
 void KMEdgeBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
@@ -87,7 +93,7 @@ void KMEdgeBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
             element[1].vertex = vertices[edge->index1]->pos;
         }
         if (parts & Colors)
-            paintEdge(mesh, *edge, m_style, element);
+            paintEdge(mesh, *edge, style(), element);
         element += 2;
     }
     m_group.built = true;
@@ -110,25 +116,9 @@ void KMEdgeBuffers::writeIndices(const KMMeshNode &mesh)
     m_group.indexCount = int(index - map.data());
 }
 
-void KMPointBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
+int KMPointBuffers::elementCount(const KMMeshNode &mesh) const
 {
-    if (!(style == m_style) || style.colors) {
-        m_style = style;
-        markStale(Colors);
-    }
-    if (stale() == 0)
-        return;
-    if (needsBuild() || m_group.elementCount != mesh.vertexCount()) {
-        m_group.allocate(mesh.vertexCount(), int(sizeof(KMLineElement)), mesh.vertexCount());
-        markStale(Contents);
-    }
-    if (m_group.elementCount > 0) {
-        if (stale() & (Positions | Colors))
-            writeElements(mesh, stale());
-        if (stale() & Visibility)
-            writeIndices(mesh);
-    }
-    setFresh(Everything);
+    return mesh.vertexCount();
 }
 
 void KMPointBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
@@ -141,7 +131,7 @@ void KMPointBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
         if (parts & Positions)
             element.vertex = vertex->pos;
         if (parts & Colors)
-            paintPoint(mesh, vertex->index, m_style, element);
+            paintPoint(mesh, vertex->index, style(), element);
     }
     m_group.built = true;
 }

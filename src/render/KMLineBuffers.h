@@ -20,32 +20,41 @@ struct KMElementStyle
     }
 };
 
-/// The edges of a mesh, two elements each, in the order of its table.
-class KMEdgeBuffers : public KMMeshBuffers
+/// The elements of a mesh that are drawn as lines or points.
+class KMLineBuffers : public KMMeshBuffers
 {
 public:
     void update(const KMMeshNode &mesh, const KMElementStyle &style);
     RenderGroup &group() { return m_group; }
 
-private:
-    void writeElements(const KMMeshNode &mesh, quint32 parts);
-    void writeIndices(const KMMeshNode &mesh);
+protected:
+    ~KMLineBuffers() = default;
+
+    virtual int elementCount(const KMMeshNode &mesh) const = 0;
+    virtual void writeElements(const KMMeshNode &mesh, quint32 parts) = 0; ///< parts: positions, colours or both
+    virtual void writeIndices(const KMMeshNode &mesh) = 0;                 ///< of what is shown
+    const KMElementStyle &style() const { return m_style; }
 
     RenderGroup m_group;
+
+private:
     KMElementStyle m_style;
 };
 
-/// The vertices of a mesh, each at its place in the store.
-class KMPointBuffers : public KMMeshBuffers
+/// The edges of a mesh, two elements each, in the order of its table.
+class KMEdgeBuffers final : public KMLineBuffers
 {
-public:
-    void update(const KMMeshNode &mesh, const KMElementStyle &style);
-    RenderGroup &group() { return m_group; }
+protected:
+    int elementCount(const KMMeshNode &mesh) const override;
+    void writeElements(const KMMeshNode &mesh, quint32 parts) override;
+    void writeIndices(const KMMeshNode &mesh) override;
+};
 
-private:
-    void writeElements(const KMMeshNode &mesh, quint32 parts);
-    void writeIndices(const KMMeshNode &mesh);
-
-    RenderGroup m_group;
-    KMElementStyle m_style;
+/// The vertices of a mesh, each at its place in the store.
+class KMPointBuffers final : public KMLineBuffers
+{
+protected:
+    int elementCount(const KMMeshNode &mesh) const override;
+    void writeElements(const KMMeshNode &mesh, quint32 parts) override;
+    void writeIndices(const KMMeshNode &mesh) override;
 };
