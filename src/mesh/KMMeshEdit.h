@@ -12,6 +12,7 @@ struct KMVertex;
 namespace KMMeshEdit {
 
 int addVertex(KMMeshNode &mesh, const kvm::Vector3 &position); ///< returns the new index
+int addVertex(KMMeshNode &mesh, const KMVertex &record);       ///< without its faces
 int addFace(KMMeshNode &mesh, int count, const int *indices);  ///< returns the new index
 int addFace(KMMeshNode &mesh, const KMFace &record);
 bool deleteVertex(KMMeshNode &mesh, int index); ///< with the faces around it
