@@ -3,6 +3,7 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
 
+#include <QCoreApplication>
 #include <QKeySequence>
 
 #include <algorithm>
