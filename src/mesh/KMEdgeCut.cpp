@@ -85,6 +85,10 @@ public:
     void restoreEdges();
 
 private:
+    bool isWhole(const KMFace &face) const
+    {
+        return std::all_of(face.indices, face.indices + face.count, [this](int i) { return m_mesh.vertex(i); });
+    }
     int addVertexBetween(int a, int b, double ratio);
     void splitFace(const KMFace &face);
     void splitLine(const KMFace &line);
@@ -101,7 +105,7 @@ private:
 QVector<int> EdgeCutting::addCut(const KMEdgeCut &cut)
 {
     const KMEdge *edge = m_mesh.findEdge(cut.a, cut.b);
-    if (!edge || m_cuts.contains(edge->key()) || !m_mesh.vertex(cut.a) || !m_mesh.vertex(cut.b))
+    if (!edge || cut.a == cut.b || m_cuts.contains(edge->key()))
         return {};
     CutEdge made;
     made.state = edgeStateOf(m_mesh, edge->index0, edge->index1);
@@ -116,7 +120,7 @@ QVector<int> EdgeCutting::addCut(const KMEdgeCut &cut)
     for (const double ratio : std::as_const(made.ratios))
         made.vertices << addVertexBetween(edge->index0, edge->index1, ratio);
     for (const int f : edge->faceRefs) {
-        if (!m_isOnCut[size_t(f)])
+        if (!m_isOnCut[size_t(f)] && isWhole(*m_mesh.face(f)))
             m_faces << f;
         m_isOnCut[size_t(f)] = true;
     }
@@ -231,6 +235,7 @@ void EdgeCutting::restoreEdges()
 
 QVector<QVector<int>> KMMeshEdit::cutEdges(KMMeshNode &mesh, const QVector<KMEdgeCut> &cuts)
 {
+    settleEdges(mesh);
     EdgeCutting cutting(mesh);
     QVector<QVector<int>> vertices;
     bool cutsAny = false;

@@ -23,7 +23,7 @@ public:
     bool run()
     {
         QVector<KMEdgeEnds> edges = KMSelectedElements::edges(m_mesh);
-        const auto isBare = [this](const KMEdgeEnds &edge) { return !faceOn(edge); };
+        const auto isBare = [this](const KMEdgeEnds &edge) { return edge.a == edge.b || !faceOn(edge); };
         edges.erase(std::remove_if(edges.begin(), edges.end(), isBare), edges.end());
         for (const KMEdgeEnds &edge : std::as_const(edges))
             addQuad(edge);
@@ -93,5 +93,6 @@ void EdgeExtrusion::addQuad(const KMEdgeEnds &edge)
 
 bool KMMeshEdit::extrudeEdges(KMMeshNode &mesh)
 {
+    settleEdges(mesh);
     return EdgeExtrusion(mesh).run();
 }

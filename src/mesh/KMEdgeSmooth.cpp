@@ -2,6 +2,7 @@
 
 #include "core/KMSolution.h"
 #include "mesh/KMEdgeChains.h"
+#include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMVertexCommands.h"
 
@@ -56,6 +57,7 @@ Places smoothed(const Places &places, bool isRound)
 
 bool KMMeshEdit::smoothEdges(KMMeshNode &mesh)
 {
+    settleEdges(mesh);
     QVector<KMMovedVertex> moves;
     const QVector<KMEdgeChain> chains = edgeChains(KMSelectedElements::edges(mesh));
     for (const KMEdgeChain &chain : chains) {

@@ -107,6 +107,7 @@ void EdgeSplitting::splitAt(int vertex)
 
 bool KMMeshEdit::splitEdges(KMMeshNode &mesh, quint8 flag)
 {
+    settleEdges(mesh);
     return EdgeSplitting(mesh, flag).run();
 }
 

@@ -141,6 +141,7 @@ QVector<int> KMMeshEdit::fillHole(KMMeshNode &mesh, const QVector<int> &polygon)
 
 int KMMeshEdit::fillSelectedHoles(KMMeshNode &mesh)
 {
+    settleEdges(mesh);
     int filled = 0;
     const QVector<KMEdgeChain> chains = edgeChains(KMSelectedElements::edges(mesh));
     for (const KMEdgeChain &chain : chains) {

@@ -187,6 +187,12 @@ bool editFaceUV(KMMeshNode &mesh, int face, int corner, const kvm::Vector2 &uv)
     return pushIf<editFaceUVCommand>(changes, mesh, face, corner, uv);
 }
 
+void settleEdges(KMMeshNode &mesh)
+{
+    if (mesh.dirtyMask() & KMMeshDirty::Edges)
+        gSolution->push(new buildEdgeCommand(&mesh));
+}
+
 bool splitQuad(KMMeshNode &mesh, int face)
 {
     const KMFace *record = mesh.face(face);

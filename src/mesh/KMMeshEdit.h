@@ -33,6 +33,9 @@ bool hideFace(KMMeshNode &mesh, int face, bool hidden);
 bool editFaceShader(KMMeshNode &mesh, int face, int shader);
 bool editFaceUV(KMMeshNode &mesh, int face, int corner, const kvm::Vector2 &uv);
 
+/// Derives the edges anew where edits before, within the same step, left them behind: for edits that go by the edges.
+void settleEdges(KMMeshNode &mesh);
+
 /// Splits a quad into the triangles of corners 0, 1, 2 and 2, 3, 0; false for any other face.
 bool splitQuad(KMMeshNode &mesh, int face);
 
