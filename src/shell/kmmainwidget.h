@@ -205,6 +205,7 @@ private:
     void createFileMenu();
     void createEditMenu();
     void createCreateMenu();
+    void createSelectionMenu();
     void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
     void createViewMenu();
     void createWidgetMenu();
