@@ -22,12 +22,14 @@ namespace {
 
 constexpr int labelMargin = 8;
 
-/// A driver may give less than was asked for, and the program goes on with that.
+/// A driver may give something else than was asked for, and the program goes on with that.
 void logFormat(const QSurfaceFormat &given)
 {
     const QSurfaceFormat asked = QSurfaceFormat::defaultFormat();
     if (given.version() < asked.version())
         qDebug() << "OpenGL" << given.version() << "in place of" << asked.version();
+    if (given.profile() != asked.profile() && asked.version() >= qMakePair(3, 2))
+        qDebug() << "OpenGL" << given.profile() << "in place of" << asked.profile();
 }
 
 } // namespace

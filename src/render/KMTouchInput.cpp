@@ -9,6 +9,8 @@
 #include <QGestureEvent>
 #include <QTouchEvent>
 
+#include <utility>
+
 namespace {
 
 constexpr int fingersOfPan = 3;
@@ -71,6 +73,8 @@ bool KMTouchInput::handle(QEvent *event)
 void KMTouchInput::begin(const QTouchEvent &event)
 {
     qDebug("TouchBegin");
+    m_widget->container()->setHot(m_widget);
+    emit m_widget->onActive(m_widget);
     const KMCameraNode &view = *camera();
     const float inPerspective = gSettings->wheel == wheelZooms ? view.fov() : view.distance();
     m_zoom = view.isOrtho() ? view.orthoZoom() : inPerspective;
@@ -80,6 +84,7 @@ void KMTouchInput::begin(const QTouchEvent &event)
 
 void KMTouchInput::beginPan()
 {
+    m_isPanNew = true;
     camera()->beginPan(m_widget->rect().center());
 }
 
@@ -111,27 +116,30 @@ void KMTouchInput::end()
 
 void KMTouchInput::gesture(QGestureEvent *event)
 {
-    if (auto *gesture = static_cast<QPanGesture *>(event->gesture(Qt::PanGesture)))
-        pan(gesture);
+    if (const auto *gesture = static_cast<QPanGesture *>(event->gesture(Qt::PanGesture)))
+        pan(*gesture);
     if (const auto *gesture = static_cast<QPinchGesture *>(event->gesture(Qt::PinchGesture)))
         pinch(*gesture);
     m_widget->container()->repaint(0);
 }
 
-void KMTouchInput::pan(QPanGesture *gesture)
+void KMTouchInput::pan(const QPanGesture &gesture)
 {
     if (m_state == TwoFingers) {
         const float x = gSettings->reverseX ? 1.0f : -1.0f;
         const float y = gSettings->reverseY ? 1.0f : -1.0f;
-        camera()->rotateBy(y * float(gesture->delta().y()), x * float(gesture->delta().x()));
+        camera()->rotateBy(y * float(gesture.delta().y()), x * float(gesture.delta().x()));
     } else if (m_state == ThreeFingers) {
         qDebug("nSwipe B");
         camera()->mouseRelease();
         beginPan();
-        gesture->setOffset({});
         m_state = Panning;
-    } else if (m_state >= Panning) {
-        camera()->panBy(gesture->offset().toPoint());
+    }
+    if (m_state >= Panning) {
+        // The gesture counts from where the fingers came down, and would take back an offset that is set here.
+        if (std::exchange(m_isPanNew, false))
+            m_panStart = gesture.offset();
+        camera()->panBy((gesture.offset() - m_panStart).toPoint());
     }
 }
 
