@@ -176,6 +176,11 @@ void KMOpenGLWidget::paintGL()
 {
     if (!m_isInitialised || !gRenderer || !m_camera || !gProject || gRenderer->isBusy())
         return;
+    if (QOpenGLContext::currentContext() != context() || !context()->isValid()) {
+        qDebug() << "OpenGL context lost";
+        m_isInitialised = false; // the view stays empty, and the program goes on
+        return;
+    }
     KMFrame frame;
     frame.camera = m_camera;
     frame.size = size();

@@ -295,6 +295,15 @@ void tst_KMViewInput::boxClicks()
     }
     QCOMPARE(clicked, 14);
 
+    gSettings->animateCamera = true;
+    gSettings->autoOrtho = false;
+    camera.setAngles(-20, 160, 0);
+    PaintCounter paints(window.views);
+    const QPointF back = placeOnBox(view, Back);
+    mouse.drag({Qt::LeftButton}, back, back);
+    QVERIFY(paints.counts.value(&view) > 2); // on the way
+    QCOMPARE(camera.yaw(), 180.0f);
+
     camera.setAngles(-20, 30, 0);
     const QPointF ring = placeOnBox(view, Ring);
     const QPointF middle = view.cameraBox()->centre(camera);
@@ -416,8 +425,8 @@ void tst_KMViewInput::picksWithinTheMargin()
         if (index == 5)
             view->camera()->setOrthoZoom(10);
         const auto hover = [&](const Vector3 &place, double right, double down) -> const KMPickRequest & {
-            const Vector3 window = view->camera()->worldToWindow(place);
-            Mouse(view).move({double(window.x) + right, double(window.y) + down});
+            const Vector3 pixel = view->camera()->worldToWindow(place);
+            Mouse(view).move({double(pixel.x) + right, double(pixel.y) + down});
             return tool.request;
         };
         QVERIFY(hover({50, 30, 10}, 9.5, -2).vertex == 2 && tool.request.mesh == far);
@@ -439,8 +448,8 @@ void tst_KMViewInput::picksWhatIsThereNow()
     KMOpenGLWidget *view = window.view();
     PickingTool tool(4);
     const auto hover = [&](const Vector3 &place) {
-        const Vector3 window = view->camera()->worldToWindow(place);
-        Mouse(view).move({double(window.x), double(window.y)});
+        const Vector3 pixel = view->camera()->worldToWindow(place);
+        Mouse(view).move({double(pixel.x), double(pixel.y)});
         return tool.request.vertex;
     };
     QCOMPARE(hover({50, 50, 0}), 2);

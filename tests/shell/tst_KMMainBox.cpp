@@ -1,21 +1,14 @@
 #include "core/KMBasicShaderNode.h"
 #include "core/KMProject.h"
-#include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMPrimitiveNode.h"
-#include "render/KMCameraBox.h"
 #include "render/KMCameraNode.h"
-#include "render/KMCameraSet.h"
 #include "render/KMGridNode.h"
-#include "render/KMHUDIcon.h"
-#include "render/KMMouseEvent.h"
 #include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
-#include "render/KMToolIcons.h"
 #include "render/KMViewFilter.h"
-#include "render/KMViewTool.h"
 #include "shell/KMMainBox.h"
 #include "shell/kmmainwidget.h"
 #include "support/TestRegistry.h"
@@ -33,24 +26,6 @@
 namespace {
 
 using Camera = KMCameraNode;
-/// How often each view was painted.
-
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(KMOpenGLContainer *views)
-    {
-        for (int i = 0; i < views->count(); ++i)
-            views->widget(i)->installEventFilter(this);
-    }
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            ++counts[watched];
-        return false;
-    }
-    QHash<QObject *, int> counts;
-};
 
 void drop(kmmainwidget &window, const QPoint &place, KMNode *node)
 {

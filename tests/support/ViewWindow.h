@@ -11,6 +11,7 @@
 #include "support/TestWindow.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QTest>
 
 #include <array>
@@ -102,6 +103,24 @@ using Pose = std::array<float, 7>; // pitch, yaw, fov, distance, zoom, length of
 
 Pose poseOf(const KMCameraNode &camera);
 QString changes(const Pose &before, const Pose &after); ///< names of what differs
+
+/// How often each view was painted.
+class PaintCounter : public QObject
+{
+public:
+    explicit PaintCounter(KMOpenGLContainer *views)
+    {
+        for (int i = 0; i < views->count(); ++i)
+            views->widget(i)->installEventFilter(this);
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++counts[watched];
+        return false;
+    }
+    QHash<QObject *, int> counts;
+};
 
 /// The window with painted views.
 struct ViewWindow : TestWindow
