@@ -9,6 +9,7 @@
 #include <QGestureEvent>
 #include <QTouchEvent>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -20,6 +21,15 @@ constexpr int wheelZooms = 1; // of the setting: the field of view in place of t
 float dampedScale(float s)
 {
     return s > 1.0f ? (s - 1.0f) * 0.3f + 1.0f : 1.0f - (1.0f - s) * 0.7f;
+}
+
+/// A finger that is being lifted is still among the points of the event.
+int fingersDown(const QTouchEvent &event)
+{
+    const QList<QTouchEvent::TouchPoint> &points = event.touchPoints();
+    return int(std::count_if(points.begin(), points.end(), [](const QTouchEvent::TouchPoint &point) {
+        return point.state() != Qt::TouchPointReleased;
+    }));
 }
 
 } // namespace
@@ -78,7 +88,7 @@ void KMTouchInput::begin(const QTouchEvent &event)
     const KMCameraNode &view = *camera();
     const float inPerspective = gSettings->wheel == wheelZooms ? view.fov() : view.distance();
     m_zoom = view.isOrtho() ? view.orthoZoom() : inPerspective;
-    m_state = event.touchPoints().size() == fingersOfPan ? ThreeFingers : TwoFingers;
+    m_state = fingersDown(event) == fingersOfPan ? ThreeFingers : TwoFingers;
     beginPan();
 }
 
@@ -90,7 +100,7 @@ void KMTouchInput::beginPan()
 
 void KMTouchInput::update(const QTouchEvent &event)
 {
-    const int fingers = event.touchPoints().size();
+    const int fingers = fingersDown(event);
     if (fingers >= fingersOfPan) {
         if (m_state == TwoFingers) {
             qDebug("nSwipe A");
