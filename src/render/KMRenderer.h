@@ -49,7 +49,7 @@ public:
     /// frame is being painted.
     void paintScene(const KMFrame &frame);
     bool isBusy() const { return m_busy; }
-    void setQuickFrame(bool quick) { m_quickFrame = quick; } ///< no more than bones over the grid is drawn
+    void setQuickFrame(bool quick) { m_quickFrame = quick; } ///< no more than bones and tags over the grid is drawn
 
     void beginScene(); ///< the state that passes start from: paintScene() does so itself
 
@@ -100,6 +100,7 @@ private:
     // Order of the frame
     void drawScene(const KMCameraNode &camera);
     void drawUVScene(const KMCameraNode &camera);
+    void drawControls(const KMCameraNode &camera);
     void drawOverlays(const KMCameraNode &camera);
     void clearFaceDepth();
 

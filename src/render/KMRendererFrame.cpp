@@ -38,7 +38,7 @@ void KMRenderer::paintScene(const KMFrame &frame)
     prepareFrame(camera);
     complete.parts->drawGrid(camera);
     if (m_quickFrame)
-        complete.parts->drawBones(camera);
+        drawControls(camera);
     else if (camera.isUV())
         drawUVScene(camera);
     else
@@ -63,6 +63,11 @@ void KMRenderer::drawScene(const KMCameraNode &camera)
     clearFaceDepth();
     if (toolId() == KMViewTool::NormalTool)
         drawNormals(camera);
+    drawControls(camera);
+}
+
+void KMRenderer::drawControls(const KMCameraNode &camera)
+{
     clearDepth();
     m_frame->parts->drawBones(camera);
     m_frame->parts->drawTags(camera);
