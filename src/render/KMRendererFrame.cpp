@@ -36,6 +36,7 @@ void KMRenderer::paintScene(const KMFrame &frame)
     }
     clearDepth();
     prepareFrame(camera);
+    drawBlueprints(camera, false);
     complete.parts->drawGrid(camera);
     if (m_quickFrame)
         complete.parts->drawBones(camera);
@@ -66,6 +67,7 @@ void KMRenderer::drawScene(const KMCameraNode &camera)
     clearDepth();
     m_frame->parts->drawBones(camera);
     m_frame->parts->drawTags(camera);
+    drawBlueprints(camera, true);
 }
 
 void KMRenderer::drawUVScene(const KMCameraNode &camera)
