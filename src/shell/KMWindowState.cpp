@@ -4,10 +4,10 @@
 #include "core/KMVersion.h"
 #include "shell/KMHelpWidget.h"
 #include "shell/KMMainBox.h"
-#include "shell/KMPanelBar.h"
 #include "shell/KMZenMode.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
+#include "tools/KMPanelBar.h"
 
 #include <QFile>
 #include <QSettings>

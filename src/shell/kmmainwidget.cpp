@@ -1,6 +1,7 @@
 #include "shell/kmmainwidget.h"
 
 #include "core/KMDpi.h"
+#include "core/KMIcon.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
@@ -10,7 +11,6 @@
 #include "render/TabletSupport.h"
 #include "shell/KMCustomPanel.h"
 #include "shell/KMHelpWidget.h"
-#include "shell/KMIcon.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMRecentFiles.h"

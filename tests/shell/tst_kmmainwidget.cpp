@@ -7,7 +7,6 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
 #include "shell/KMMainBox.h"
-#include "shell/KMPanelBar.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/KMShortcutFile.h"
@@ -18,6 +17,7 @@
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
+#include "tools/KMPanelBar.h"
 
 #include <QCheckBox>
 #include <QComboBox>
