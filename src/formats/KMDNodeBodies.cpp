@@ -5,6 +5,7 @@
 #include "core/KMNullNode.h"
 #include "core/KMValueNodeContainer.h"
 #include "core/KMVariantNode.h"
+#include "formats/KMDFormat.h"
 #include "formats/KMDMeshBody.h"
 #include "formats/KMDPrimitiveBodies.h"
 #include "formats/KMDTagBodies.h"
@@ -103,7 +104,7 @@ void readBluePrint(KMDReadContext &context, KMContainerNode *node)
         *number = context.in.readI32();
     values.alpha = context.in.readF32(values.alpha);
     static_cast<KMBluePrint *>(node)->setValues(values);
-    context.in.skipReserved();
+    KMDNodeBodies::skipReserved(context.in);
 }
 
 constexpr KMDNodeBody bodies[] = {
@@ -151,4 +152,9 @@ void KMDNodeBodies::readTransform(KMDReadContext &context, KMNullNode *node)
     transform.rotation.z = imaginary.z;
     transform.translation = context.readPosition();
     node->setTransform(transform);
+}
+
+void KMDNodeBodies::skipReserved(KMDStream &in)
+{
+    in.skip(qint64(KMD::ReservedFields) * (qint64(sizeof(qint32)) + in.floatBytes()));
 }

@@ -115,11 +115,6 @@ void KMDStream::skip(qint64 bytes)
     take(bytes, &at);
 }
 
-void KMDStream::skipReserved()
-{
-    skip(qint64(KMD::ReservedFields) * (qint64(sizeof(qint32)) + floatBytes()));
-}
-
 quint8 KMDStream::readU8()
 {
     const uchar *at;

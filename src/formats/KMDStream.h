@@ -60,7 +60,6 @@ public:
     /// A count of records that take at least so many bytes each. Fails when the file is too short for them.
     int readCount(int leastBytesOfEach);
     void skip(qint64 bytes);
-    void skipReserved();                    ///< what KMDOutput::writeReserved() wrote
     bool isNext(const QString &text) const; ///< whether the next element, which stays unread, is this text
     bool isPictureNext() const; ///< whether the next element, which stays unread, is a picture and not a null one
     int floatBytes() const { return m_doublePrecision ? 8 : 4; } ///< what readF32 takes from the file

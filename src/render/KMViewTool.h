@@ -15,7 +15,6 @@ class QKeyEvent;
 /// A mesh of a tool's own, which lies over the scene while the tool is in the hand. The tool owns it.
 struct KMToolOverlay
 {
-    /// What is drawn of a mesh for faces; of the others it is the group's. Front: what faces the view alone.
     enum Element : quint8 { Points = 1, Edges = 2, Faces = 4, Front = 8 };
 
     KMMeshNode *mesh; ///< hidden by its own visible flag

@@ -323,7 +323,8 @@ void tst_KMRenderer::cameraBox()
     request.background = scene.background;
     request.parts = &parts;
     QVector<QImage> pictures;
-    for (const auto &[pitch, yaw] : {std::pair(0.0f, 0.0f), {-20.0f, 30.0f}, {-89.0f, 0.0f}, {35.0f, 200.0f}}) {
+    constexpr float attitudes[][2] = {{0, 0}, {-20, 30}, {-89, 0}, {35, 200}};
+    for (const auto &[pitch, yaw] : attitudes) {
         scene.camera.setAngles(pitch, yaw, 0);
         pictures << scene.view.paint(request);
     }
