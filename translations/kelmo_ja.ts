@@ -208,6 +208,13 @@
     </message>
 </context>
 <context>
+    <name>KMBluePrint</name>
+    <message>
+        <source>BluePrint</source>
+        <translation>下絵</translation>
+    </message>
+</context>
+<context>
     <name>KMBoolNodeContainer</name>
     <message>
         <source>Bool</source>
@@ -2296,6 +2303,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Add Vertex</source>
         <translation>頂点の追加</translation>
+    </message>
+</context>
+<context>
+    <name>blueprintSetParamCommand</name>
+    <message>
+        <source>Assign Texture</source>
+        <translation>テクスチャの割り当て</translation>
     </message>
 </context>
 <context>

@@ -36,6 +36,7 @@ void KMRenderer::paintScene(const KMFrame &frame)
     }
     clearDepth();
     prepareFrame(camera);
+    drawBlueprints(camera, false);
     complete.parts->drawGrid(camera);
     if (m_quickFrame)
         drawControls(camera);
@@ -71,6 +72,7 @@ void KMRenderer::drawControls(const KMCameraNode &camera)
     clearDepth();
     m_frame->parts->drawBones(camera);
     m_frame->parts->drawTags(camera);
+    drawBlueprints(camera, true);
 }
 
 void KMRenderer::drawUVScene(const KMCameraNode &camera)

@@ -11,6 +11,7 @@
 #include "render/KMViewFilter.h"
 #include "shell/KMMainBox.h"
 #include "shell/kmmainwidget.h"
+#include "support/PictureCheck.h"
 #include "support/TestRegistry.h"
 #include "support/ViewWindow.h"
 
@@ -46,6 +47,7 @@ class tst_KMMainBox : public QObject
 private slots:
     void elementButtons();
     void layouts();
+    void quadPicture();
     void dragRepaintsOneView();
     void idleWindowDoesNotPaint();
     void stateSurvives();
@@ -119,6 +121,25 @@ void tst_KMMainBox::layouts()
         QTRY_COMPARE(QApplication::focusWidget(), static_cast<QWidget *>(window.view()));
         QVERIFY(window->action(row.action)->isChecked());
     }
+}
+
+void tst_KMMainBox::quadPicture()
+{
+    constexpr int first = 3;
+    ViewWindow window;
+    window.create<KMPrimitiveNode>("actionCreateCylinder");
+    window->mainBox()->setViewMode(KMOpenGLContainer::Quad);
+    const QSize size(320, 200);
+    QVector<QImage> pictures;
+    for (int i = first; i < first + 4; ++i)
+        window.views->widget(i)->setFixedSize(size);
+    for (int i = first; i < first + 4; ++i) {
+        KMOpenGLWidget *view = window.views->widget(i);
+        QVERIFY(QTest::qWaitFor([=] { return view->isInitialised() && view->size() == size; }));
+        pictures << view->grabFramebuffer();
+    }
+    const QString fault = pictureFault(contactSheet(pictures, 2), QStringLiteral("quad_layout"));
+    QVERIFY2(fault.isEmpty(), qPrintable(fault));
 }
 
 void tst_KMMainBox::dragRepaintsOneView()
