@@ -51,7 +51,7 @@ public:
     }
 
 private:
-    KMLargeArray<Corners> m_corners;
+    KMLargeArray<Corners> m_corners; // some more places than faces once it has grown
     int m_vertexCount = 0;
     int m_faceCount = 0;
 };

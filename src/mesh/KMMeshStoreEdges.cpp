@@ -15,7 +15,7 @@ KMEdge *KMMeshStore::findOrAddEdge(int a, int b)
 {
     const int before = m_edges.size();
     KMEdge *edge = m_edges.findOrAdd(a, b);
-    m_edgesFollow &= m_edges.size() == before;
+    m_looseEdges += m_edges.size() - before;
     return edge;
 }
 
@@ -49,6 +49,21 @@ QVector<KMEdgeState> KMMeshStore::edgeStates() const
             states.append({edge->index0, edge->index1, edge->flags, edge->weight});
     }
     return states;
+}
+
+void KMMeshStore::beginCorners()
+{
+    for (int f = faceCount(); f < m_corners.faceCount(); ++f)
+        noteChange(f, m_corners.of(f));
+    m_corners.begin(vertexCount(), faceCount());
+}
+
+void KMMeshStore::noteChange(int f, const KMCornerTable::Corners &before)
+{
+    if (!m_edgesFollow)
+        return;
+    m_changes.push_back({f, before});
+    m_edgesFollow = int(m_changes.size()) <= KMEdgePatch::limit(faceCount());
 }
 
 void KMMeshStore::readCorners()
@@ -92,12 +107,23 @@ void KMMeshStore::insertEdges()
         }
     }
     m_edgesFollow = true;
+    forgetChanges();
+}
+
+void KMMeshStore::forgetChanges()
+{
+    m_changes.clear();
+    m_looseEdges = 0;
 }
 
 void KMMeshStore::updateEdges()
 {
-    if (m_edgesFollow)
+    if (m_edgesFollow && m_looseEdges <= KMEdgePatch::limit(faceCount())) {
+        if (!m_changes.empty() || m_looseEdges > 0)
+            KMEdgePatch(m_edges, m_corners).apply(m_changes, m_looseEdges);
+        forgetChanges();
         return;
+    }
     const QVector<KMEdgeState> states = takeEdges();
     insertEdges();
     giveBack(states);
