@@ -8,19 +8,6 @@ namespace {
 
 using Corners = KMCornerTable::Corners;
 
-/// Calls with both ends of each side that has them, and the number of the side.
-template <class Visit>
-void forEachSide(const Corners &corners, const Visit &visit)
-{
-    for (size_t c = 0; c < corners.size() && corners[c] != KMCornerTable::None; ++c) {
-        const bool isLast = c + 1 == corners.size() || corners[c + 1] == KMCornerTable::None;
-        const int a = corners[c];
-        const int b = corners[isLast ? 0 : c + 1];
-        if (a >= 0 && b >= 0)
-            visit(a, b, int(c));
-    }
-}
-
 void keepOnce(std::vector<int> *places)
 {
     std::sort(places->begin(), places->end());
@@ -89,8 +76,8 @@ std::vector<int> KMEdgePatch::touchedPlaces(const std::vector<Change> &changes) 
             places.push_back(place);
     };
     for (const Change &change : changes) {
-        forEachSide(change.before, note);
-        forEachSide(cornersOf(change.face), note);
+        KMCornerTable::forEachSide(change.before, note);
+        KMCornerTable::forEachSide(cornersOf(change.face), note);
     }
     keepOnce(&places);
     return places;
@@ -101,7 +88,7 @@ KMEdgePatch::Entry KMEdgePatch::entryOf(int place) const
 {
     const KMEdge *edge = m_edges.atPlace(place);
     Entry entry = {edge->faceRefs.first(), KMFace::MaxCorners, place};
-    forEachSide(cornersOf(entry.face), [edge, &entry](int a, int b, int side) {
+    KMCornerTable::forEachSide(cornersOf(entry.face), [edge, &entry](int a, int b, int side) {
         if (edge->key() == KMEdge::keyOf(a, b))
             entry.side = std::min(entry.side, side);
     });
@@ -155,13 +142,13 @@ void KMEdgePatch::takeOut(const std::vector<int> &places)
 void KMEdgePatch::changeFaces(const std::vector<Change> &changes, std::vector<int> *places)
 {
     for (const Change &change : changes) {
-        forEachSide(change.before, [this, &change](int a, int b, int) {
+        KMCornerTable::forEachSide(change.before, [this, &change](int a, int b, int) {
             auto &faces = m_edges.atPlace(m_edges.findPlace(a, b))->faceRefs;
             while (faces.removeOne(change.face)) {}
         });
     }
     for (const Change &change : changes) {
-        forEachSide(cornersOf(change.face), [this, &change, places](int a, int b, int) {
+        KMCornerTable::forEachSide(cornersOf(change.face), [this, &change, places](int a, int b, int) {
             places->push_back(m_edges.findOrAddPlace(a, b));
             auto &faces = m_edges.atPlace(places->back())->faceRefs;
             const int *behind = std::upper_bound(faces.begin(), faces.end(), change.face);

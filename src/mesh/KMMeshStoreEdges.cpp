@@ -97,14 +97,8 @@ void KMMeshStore::giveBack(const QVector<KMEdgeState> &states)
 void KMMeshStore::insertEdges()
 {
     for (int f = 0, n = m_corners.faceCount(); f < n; ++f) {
-        const KMCornerTable::Corners &corners = m_corners.of(f);
-        for (size_t c = 0; c < corners.size() && corners[c] != KMCornerTable::None; ++c) {
-            const bool isLast = c + 1 == corners.size() || corners[c + 1] == KMCornerTable::None;
-            const int a = corners[c];
-            const int b = corners[isLast ? 0 : c + 1];
-            if (a >= 0 && b >= 0)
-                m_edges.findOrAdd(a, b)->faceRefs.append(f);
-        }
+        KMCornerTable::forEachSide(m_corners.of(f),
+                                   [this, f](int a, int b, int) { m_edges.findOrAdd(a, b)->faceRefs.append(f); });
     }
     m_edgesFollow = true;
     forgetChanges();
