@@ -41,7 +41,7 @@ public:
     bool takeFaces(qint64 faces)
     {
         constexpr qint64 freeBytes = 40 << 20;
-        constexpr qint64 bytesOfFace = 700; // with its share of vertices, edges and normals
+        constexpr qint64 bytesOfFace = 500; // with its share of vertices, edges and normals
         const qint64 fileBytes = in.position() + in.bytesLeft();
         if (faces > (freeBytes + fileBytes) / bytesOfFace - facesTaken)
             return false;

@@ -200,7 +200,7 @@ void tst_KMDPrimitiveBodies::manyFacesInFewBytes()
 {
     KMHeadlessSession session;
     QByteArray bytes;
-    const QVector<int> divisions = {300, 240, 100, 2000, 40, 240};
+    const QVector<int> divisions = {300, 240, 170, 2000, 40, 240};
     for (const int n : divisions) {
         KMPrimPlaneNode plane;
         plane.setParameters({1.0f, 1.0f, n, n});
