@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/KMPanelBar.h"
+#include "tools/KMPanelBar.h"
 
 /// Undo and redo.
 class KMUndoToolBar : public KMPanelBar

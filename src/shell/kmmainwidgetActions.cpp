@@ -1,6 +1,6 @@
 // The window's own actions. What belongs to a family of commands stands in its container.
 
-#include "shell/KMIcon.h"
+#include "core/KMIcon.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/kmmainwidget.h"
 

@@ -1,7 +1,7 @@
 // The menu bar. Each menu is a list of the names of its actions; a null is a line.
 
+#include "core/KMIcon.h"
 #include "core/KMSettings.h"
-#include "shell/KMIcon.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"

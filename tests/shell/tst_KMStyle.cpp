@@ -1,7 +1,7 @@
 #include "core/KMDpi.h"
+#include "core/KMIcon.h"
 #include "core/KMResources.h"
 #include "core/KMSettings.h"
-#include "shell/KMIcon.h"
 #include "shell/KMStyle.h"
 #include "support/TestRegistry.h"
 

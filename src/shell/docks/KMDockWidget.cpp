@@ -1,6 +1,6 @@
 #include "shell/docks/KMDockWidget.h"
 
-#include "shell/KMIcon.h"
+#include "core/KMIcon.h"
 
 #include <QAction>
 

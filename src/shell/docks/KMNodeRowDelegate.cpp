@@ -1,12 +1,12 @@
 #include "shell/docks/KMNodeRowDelegate.h"
 
 #include "core/KMDpi.h"
+#include "core/KMIcon.h"
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
-#include "shell/KMIcon.h"
 #include "shell/KMNodeEdits.h"
 
 #include <QAbstractItemView>

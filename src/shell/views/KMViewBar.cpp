@@ -1,10 +1,10 @@
 #include "shell/views/KMViewBar.h"
 
+#include "core/KMIcon.h"
 #include "core/KMSolution.h"
 #include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
 #include "render/KMViewFilter.h"
-#include "shell/KMIcon.h"
 #include "shell/views/KMSwitchMenu.h"
 
 #include <QMouseEvent>

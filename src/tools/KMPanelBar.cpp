@@ -1,4 +1,4 @@
-#include "shell/KMPanelBar.h"
+#include "tools/KMPanelBar.h"
 
 #include <QMenu>
 

@@ -1,4 +1,4 @@
-#include "shell/KMIcon.h"
+#include "core/KMIcon.h"
 
 #include "core/KMSvgPicture.h"
 

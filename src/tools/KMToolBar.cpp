@@ -1,0 +1,122 @@
+#include "tools/KMToolBar.h"
+
+#include "core/KMSolution.h"
+#include "render/KMPicker.h"
+#include "tools/KMLaterTool.h"
+#include "tools/KMToolKind.h"
+
+#include <QAction>
+#include <QButtonGroup>
+
+#include <memory>
+
+namespace {
+
+constexpr int allViews = 31;
+constexpr int warning = 4;
+
+std::unique_ptr<KMTool> makeTool(int id)
+{
+    switch (id) {
+    default:
+        return std::make_unique<KMLaterTool>(id);
+    }
+}
+
+} // namespace
+
+KMToolBar::KMToolBar(QWidget *parent)
+    : KMPanelBar(QStringLiteral("KMToolBar"), tr("Tool Panel"), parent)
+    , m_group(new QButtonGroup(this))
+{
+    toggleViewAction()->setStatusTip(tr("Show or hide the buttons of the tools"));
+    connect(gSolution, &KMSolution::currentNodeChanged, this, &KMToolBar::onCurrentNodeChanged);
+    connect(this, &QToolBar::toolButtonStyleChanged, this, [this](Qt::ToolButtonStyle style) {
+        for (KMTool *tool : std::as_const(m_tools))
+            tool->setToolButtonStyle(style);
+    });
+}
+
+void KMToolBar::createTools()
+{
+    for (int id = 1; id <= KMToolKind::Last; ++id)
+        addTool(makeTool(id).release());
+}
+
+void KMToolBar::addTool(KMTool *tool)
+{
+    tool->setup();
+    m_group->addButton(tool, tool->toolId());
+    connect(tool, &KMTool::toolClicked, this, &KMToolBar::onCommandChanged);
+    connect(tool, &KMTool::enterEditing, this, &KMToolBar::onEnterEditing);
+    addWidget(tool);
+    tool->setToolButtonStyle(toolButtonStyle());
+    m_tools << tool;
+    emit toolAdded(tool);
+}
+
+void KMToolBar::initialize()
+{
+    for (KMTool *tool : std::as_const(m_tools))
+        tool->initialize();
+    for (KMTool *tool : std::as_const(m_tools)) {
+        if (tool->isReady())
+            return onCommandChanged(tool);
+    }
+}
+
+void KMToolBar::finalize()
+{
+    if (KMTool *tool = current())
+        tool->deactivate();
+    gSolution->setTool(nullptr);
+    for (KMTool *tool : std::as_const(m_tools))
+        tool->finalize();
+}
+
+KMTool *KMToolBar::tool(int id) const
+{
+    return qobject_cast<KMTool *>(m_group->button(id));
+}
+
+KMTool *KMToolBar::current() const
+{
+    return gSolution ? dynamic_cast<KMTool *>(gSolution->tool()) : nullptr;
+}
+
+void KMToolBar::onCommandChanged(QAbstractButton *button)
+{
+    auto *chosen = qobject_cast<KMTool *>(button);
+    KMTool *former = current();
+    if (!chosen || (former && former->isEditing()))
+        return;
+    if (!chosen->isReady()) {
+        gSolution->showMessage(tr("The tool %1 isn't there yet.").arg(chosen->text()), warning);
+        if (former)
+            former->setChecked(true);
+        return;
+    }
+    KMPicker::clearHot();
+    chosen->setChecked(true);
+    for (KMTool *tool : std::as_const(m_tools)) {
+        if (tool != chosen)
+            tool->deactivate();
+    }
+    gSolution->setTool(chosen);
+    if (chosen != former)
+        emit onSpeech(chosen->text());
+    chosen->activate();
+    emit commandChanged(chosen);
+    gSolution->refreshViews(allViews);
+}
+
+void KMToolBar::onEnterEditing(bool editing)
+{
+    emit editingChanged(editing);
+}
+
+void KMToolBar::onCurrentNodeChanged(KMNode *node)
+{
+    if (KMTool *tool = current())
+        tool->currentNodeChanged(node);
+}
