@@ -331,8 +331,8 @@
 <context>
     <name>KMDReadContext</name>
     <message>
-        <source>%1 has too many faces and was given the standard form</source>
-        <translation>%1 は面が多すぎるため、標準の形にしました</translation>
+        <source>%1 stays without its shape of %2 faces, which are too many for a file of this size; a change of its settings makes it</source>
+        <translation>%1 の面 %2 枚はこの大きさのファイルには多すぎるため、形を作りませんでした。設定を変えると作られます</translation>
     </message>
     <message>
         <source>The file of the SVG shape %1 has no place in the file</source>
