@@ -9,6 +9,7 @@
 #include "shell/KMMainBox.h"
 #include "shell/KMUndoToolBar.h"
 #include "shell/KMZenMode.h"
+#include "shell/kmanimationpanel.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewBar.h"
 #include "shell/widgets/KMDrawer.h"
@@ -52,6 +53,9 @@ void kmmainwidget::createBars()
         m_customPanels << panel;
         m_actions << panel->showAction();
     }
+    m_animationPanel = new kmanimationpanel(this);
+    addToolBar(Qt::BottomToolBarArea, m_animationPanel);
+    m_animationPanel->hide();
 }
 
 /// What lies over the views or floats beside the window.
@@ -71,6 +75,7 @@ void kmmainwidget::createPanelMenu()
 {
     m_panelMenu = addMenu(tr("Panel(&P)"), "Menu Panel");
     m_panelMenu->addAction(m_undoToolBar->toggleViewAction());
+    m_panelMenu->addAction(m_animationPanel->toggleViewAction());
     QAction *status = m_panelMenu->addAction(tr("Status Bar"));
     status->setObjectName(QStringLiteral("show_statusBar"));
     status->setStatusTip(tr("Show or hide the line of messages"));
