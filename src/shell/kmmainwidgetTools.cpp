@@ -7,10 +7,12 @@
 #include "shell/KMMainBox.h"
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/toolpages/KMSelPage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
 #include "tools/KMToolKind.h"
+#include "tools/KMToolSel.h"
 
 #include <QAction>
 
@@ -21,6 +23,8 @@ constexpr int everything = 31; // of KMOpenGLContainer::repaint()
 QWidget *makePage(KMTool *tool)
 {
     switch (tool->toolId()) {
+    case KMToolKind::Select:
+        return new KMSelPage(static_cast<KMToolSel *>(tool));
     default:
         return nullptr;
     }

@@ -3,7 +3,9 @@
 #include "core/KMSolution.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
+#include "tools/KMToolErase.h"
 #include "tools/KMToolKind.h"
+#include "tools/KMToolSel.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -18,6 +20,10 @@ constexpr int warning = 4;
 std::unique_ptr<KMTool> makeTool(int id)
 {
     switch (id) {
+    case KMToolKind::Select:
+        return std::make_unique<KMToolSel>();
+    case KMToolKind::Erase:
+        return std::make_unique<KMToolErase>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }
