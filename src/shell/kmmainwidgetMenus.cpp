@@ -89,7 +89,12 @@ void kmmainwidget::createFileMenu()
 {
     QMenu *menu = addMenu(tr("File(&F)"), "Menu File");
     fill(menu, {"actionNew", "actionOpen", nullptr, "actionSave", "actionSaveAs", nullptr});
-    m_recentMenu = menu->addMenu(tr("Recent Files"));
+    QMenu *imports = menu->addMenu(KMIcon::icon(QStringLiteral("import")), tr("Import"));
+    fill(imports, {"actionImportKMD"});
+    QMenu *exports = menu->addMenu(KMIcon::icon(QStringLiteral("export")), tr("Export"));
+    fill(exports, {"actionExportKMDVer1"});
+    menu->addSeparator();
+    m_recentMenu = menu->addMenu(KMIcon::icon(QStringLiteral("recent")), tr("Recent Files"));
     m_recentMenu->setObjectName(QStringLiteral("recentFiles"));
     rebuildRecentMenu();
     fill(menu, {nullptr, "actionProject", nullptr, "actionQuit"});
