@@ -457,7 +457,8 @@ void tst_kmmainwidget::menuTitlesAndActions()
             known.insert(action->objectName(), action);
         }
     }
-    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Normal", "Widget", "Panel", "View", "Help", "Tools"}));
+    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Selection", "Normal", "Widget", "Panel", "View", "Help",
+                                  "Tools"}));
 
     QSet<QString> keys;
     for (const QAction *action : known) {
