@@ -4,6 +4,8 @@
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
 #include "tools/KMToolKind.h"
+#include "tools/KMToolSRT.h"
+#include "tools/KMToolUniv.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -18,6 +20,13 @@ constexpr int warning = 4;
 std::unique_ptr<KMTool> makeTool(int id)
 {
     switch (id) {
+    case KMToolKind::Move:
+    case KMToolKind::Rotate:
+    case KMToolKind::Scale:
+    case KMToolKind::Universal:
+        return std::make_unique<KMToolUniv>(id);
+    case KMToolKind::SRT:
+        return std::make_unique<KMToolSRT>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }
