@@ -29,6 +29,7 @@
 #include "shell/docks/kmtexturewidget.h"
 #include "shell/widgets/KMMessageLabel.h"
 #include "shell/widgets/KMSnackbar.h"
+#include "tools/KMToolBar.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -65,6 +66,7 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     arrangeDocks();
     createOverlays();
     createMenus();
+    createTools();
     for (KMCustomPanel *panel : std::as_const(m_customPanels))
         panel->load();
     connectDocks();
@@ -82,6 +84,7 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
 
 kmmainwidget::~kmmainwidget()
 {
+    m_toolBar->finalize();
     m_mainBox->closeViews();
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->releaseDocument();
@@ -184,7 +187,7 @@ void kmmainwidget::closeEvent(QCloseEvent *event)
     }
     gSolution->setViews(nullptr);
     m_mainBox->closeViews();
-    gSolution->setTool(nullptr);
+    m_toolBar->finalize();
     endProject();
     KMShortcutFile::save(shortcutActions());
     gSettings->save();

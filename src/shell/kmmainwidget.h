@@ -12,6 +12,7 @@ class KMCommandContainer;
 class KMContainerNode;
 class KMCustomPanel;
 class KMDrawer;
+class KMEnvToolBar;
 class KMHelpWidget;
 class KMMainBox;
 class KMMessageLabel;
@@ -21,6 +22,7 @@ class KMOpenGLWidget;
 class KMPanelBar;
 class KMSnackbar;
 class KMStyle;
+class KMToolBar;
 class KMZenMode;
 class QMimeData;
 class QUndoStack;
@@ -29,6 +31,7 @@ class kmhistorywidget;
 class kmnodewidget;
 class kmshaderwidget;
 class kmtexturewidget;
+class kmtoolwidget;
 
 /// The one top-level window. It makes the session, the document and the history, and takes them down again when it
 /// is closed; it has no model logic of its own: its slots open dialogues, or call the project, the session or a
@@ -36,7 +39,7 @@ class kmtexturewidget;
 ///
 /// What its parts are is told in tables: the docks in kmmainwidgetDocks.cpp, the actions in kmmainwidgetActions.cpp
 /// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp, kmmainwidgetEdit.cpp,
-/// kmmainwidgetView.cpp, kmmainwidgetPanels.cpp and kmmainwidgetHelp.cpp.
+/// kmmainwidgetView.cpp, kmmainwidgetTools.cpp, kmmainwidgetPanels.cpp and kmmainwidgetHelp.cpp.
 class kmmainwidget : public QMainWindow, public KMSessionWindow
 {
     Q_OBJECT
@@ -55,6 +58,8 @@ public:
     QUndoStack *undoStack() const { return m_undoStack; }
     KMMainBox *mainBox() const { return m_mainBox; }
     KMPanelBar *undoToolBar() const { return m_undoToolBar; }
+    KMPanelBar *toolBar() const;    ///< of the tools
+    KMPanelBar *envToolBar() const; ///< of what the mouse works on
     const QList<KMCustomPanel *> &customPanels() const { return m_customPanels; }
     KMZenMode *zenMode() const { return m_zen; }
     /// The views alone, or all the rest as it was before, or, where one is given, as in that state of the window.
@@ -167,6 +172,8 @@ private slots:
     void onMenuDebug();
     void onPreMenuWidget();
     void onPreMenuToolBar();
+    void onEditingChanged(bool editing); ///< a drag of a tool has begun or ended
+    void onEditFilterChanged();
     void onTopLevelChanged(bool floating);
 
 private:
@@ -183,6 +190,8 @@ private:
     void arrangeDocks();
 
     void createBars();
+    void createToolBars();
+    void createTools();
     void createOverlays();
     void showDock(const char *objectName);
     void inform(const QString &title, const QString &text, const QString &more);
@@ -227,9 +236,12 @@ private:
     kmtexturewidget *m_textureDock = nullptr;
     kmshaderwidget *m_shaderDock = nullptr;
     kmattributewidget *m_attributeDock = nullptr;
+    kmtoolwidget *m_toolDock = nullptr;
 
     KMMainBox *m_mainBox = nullptr;
     KMPanelBar *m_undoToolBar = nullptr;
+    KMToolBar *m_toolBar = nullptr;
+    KMEnvToolBar *m_envToolBar = nullptr;
     QList<KMCustomPanel *> m_customPanels;
     KMZenMode *m_zen = nullptr;
     KMSnackbar *m_snackbar = nullptr;

@@ -13,6 +13,8 @@
 #include "shell/views/KMViewBar.h"
 #include "shell/widgets/KMDrawer.h"
 #include "shell/widgets/KMSnackbar.h"
+#include "tools/KMEnvToolBar.h"
+#include "tools/KMToolBar.h"
 
 #include <QMenu>
 #include <QStatusBar>
@@ -42,6 +44,7 @@ void kmmainwidget::createBars()
 {
     m_undoToolBar = new KMUndoToolBar({action("actionUndo"), action("actionRedo")}, this);
     addToolBar(m_undoToolBar);
+    createToolBars();
     const QStringList names{gSettings->customPanel1Name, gSettings->customPanel2Name, gSettings->customPanel3Name,
                             gSettings->customPanel4Name};
     for (int i = 0; i < KMCustomPanel::Count; ++i) {
@@ -70,7 +73,9 @@ void kmmainwidget::createOverlays()
 void kmmainwidget::createPanelMenu()
 {
     m_panelMenu = addMenu(tr("Panel(&P)"), "Menu Panel");
-    m_panelMenu->addAction(m_undoToolBar->toggleViewAction());
+    for (const QToolBar *bar : {static_cast<QToolBar *>(m_undoToolBar), static_cast<QToolBar *>(m_toolBar),
+                                static_cast<QToolBar *>(m_envToolBar)})
+        m_panelMenu->addAction(bar->toggleViewAction());
     QAction *status = m_panelMenu->addAction(tr("Status Bar"));
     status->setObjectName(QStringLiteral("show_statusBar"));
     status->setStatusTip(tr("Show or hide the line of messages"));
