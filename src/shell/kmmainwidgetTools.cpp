@@ -7,10 +7,12 @@
 #include "shell/KMMainBox.h"
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/toolpages/KMUnivPage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
 #include "tools/KMToolKind.h"
+#include "tools/KMToolUniv.h"
 
 #include <QAction>
 
@@ -21,6 +23,12 @@ constexpr int everything = 31; // of KMOpenGLContainer::repaint()
 QWidget *makePage(KMTool *tool)
 {
     switch (tool->toolId()) {
+    case KMToolKind::Move:
+    case KMToolKind::Rotate:
+    case KMToolKind::Scale:
+    case KMToolKind::Universal:
+    case KMToolKind::SRT:
+        return new KMUnivPage(static_cast<KMToolUniv *>(tool));
     default:
         return nullptr;
     }
