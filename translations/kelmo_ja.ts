@@ -222,6 +222,13 @@
     </message>
 </context>
 <context>
+    <name>KMBrushSelect</name>
+    <message>
+        <source>Brush Select</source>
+        <translation>ブラシ選択</translation>
+    </message>
+</context>
+<context>
     <name>KMCameraNode</name>
     <message>
         <source>Perspective View</source>
@@ -799,6 +806,13 @@
     <message>
         <source>Grid</source>
         <translation>グリッド</translation>
+    </message>
+</context>
+<context>
+    <name>KMHandleDrag</name>
+    <message>
+        <source>Rotate</source>
+        <translation>回転</translation>
     </message>
 </context>
 <context>
@@ -1892,6 +1906,65 @@ Trying to Recover Files?</source>
     <message>
         <source>Show or hide the buttons for undo and redo</source>
         <translation>元に戻すボタンとやり直しボタンを表示または隠す</translation>
+    </message>
+</context>
+<context>
+    <name>KMUnivPage</name>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Arrows that move; right click: only them, or all kinds again</source>
+        <translation>移動用の矢印。右クリック: これだけ、またはすべての種類</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Balls that rotate; right click: only them, or all kinds again</source>
+        <translation>回転用の球。右クリック: これだけ、またはすべての種類</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>拡大</translation>
+    </message>
+    <message>
+        <source>Boxes that scale; right click: only them, or all kinds again</source>
+        <translation>拡大用の立方体。右クリック: これだけ、またはすべての種類</translation>
+    </message>
+    <message>
+        <source>Show Rotate Circle</source>
+        <translation>回転サークルを表示</translation>
+    </message>
+    <message>
+        <source>A circle around the handle that rotates about the direction of view</source>
+        <translation>視線方向を軸に回転する、ハンドルを囲む円</translation>
+    </message>
+    <message>
+        <source>Handle</source>
+        <translation>ハンドル</translation>
+    </message>
+    <message>
+        <source>Show the handle at the selection</source>
+        <translation>選択範囲にハンドルを表示します</translation>
+    </message>
+    <message>
+        <source>World</source>
+        <translation>ワールド</translation>
+    </message>
+    <message>
+        <source>The handle stands along the axes of the world</source>
+        <translation>ハンドルをワールドの軸に合わせます</translation>
+    </message>
+    <message>
+        <source>Local</source>
+        <translation>ローカル</translation>
+    </message>
+    <message>
+        <source>The handle stands along the axes of the current node</source>
+        <translation>ハンドルを現在のノードの軸に合わせます</translation>
     </message>
 </context>
 <context>

@@ -8,11 +8,13 @@
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/toolpages/KMSelPage.h"
+#include "shell/toolpages/KMUnivPage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSel.h"
+#include "tools/KMToolUniv.h"
 
 #include <QAction>
 
@@ -25,6 +27,12 @@ QWidget *makePage(KMTool *tool)
     switch (tool->toolId()) {
     case KMToolKind::Select:
         return new KMSelPage(static_cast<KMToolSel *>(tool));
+    case KMToolKind::Move:
+    case KMToolKind::Rotate:
+    case KMToolKind::Scale:
+    case KMToolKind::Universal:
+    case KMToolKind::SRT:
+        return new KMUnivPage(static_cast<KMToolUniv *>(tool));
     default:
         return nullptr;
     }

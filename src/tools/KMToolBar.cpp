@@ -5,7 +5,9 @@
 #include "tools/KMLaterTool.h"
 #include "tools/KMToolErase.h"
 #include "tools/KMToolKind.h"
+#include "tools/KMToolSRT.h"
 #include "tools/KMToolSel.h"
+#include "tools/KMToolUniv.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -24,6 +26,13 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolSel>();
     case KMToolKind::Erase:
         return std::make_unique<KMToolErase>();
+    case KMToolKind::Move:
+    case KMToolKind::Rotate:
+    case KMToolKind::Scale:
+    case KMToolKind::Universal:
+        return std::make_unique<KMToolUniv>(id);
+    case KMToolKind::SRT:
+        return std::make_unique<KMToolSRT>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }
