@@ -3,6 +3,7 @@
 #include "core/KMSolution.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
+#include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 
 #include <QAction>
@@ -18,6 +19,8 @@ constexpr int warning = 4;
 std::unique_ptr<KMTool> makeTool(int id)
 {
     switch (id) {
+    case KMToolKind::Extrude:
+        return std::make_unique<KMToolExtrude>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }
