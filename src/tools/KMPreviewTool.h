@@ -6,6 +6,8 @@
 #include <QPointF>
 #include <QPointer>
 
+#include <vector>
+
 class KMCameraNode;
 
 /// Base of the tools that work in two stages: a drag to the right or left, or a value of the panel, shapes a preview,
@@ -42,6 +44,9 @@ protected:
     virtual void forget() = 0;   ///< lets go of the preview
     virtual void valueSet() = 0; ///< tells the panel
 
+    /// Shapes it from the parts of a preview, one for each mesh.
+    template <class Part>
+    static void show(const std::vector<Part> &parts, KMToolMesh *mesh);
     void rebuild(); ///< another preview of the same value, when there is one
     void updateShown();
     const KMPickRequest &picked() const { return m_picked; } ///< what the last press hit
@@ -68,3 +73,20 @@ private:
     float m_value = 0.0f;
     float m_pressValue = 0.0f;
 };
+
+template <class Part>
+void KMPreviewTool::show(const std::vector<Part> &parts, KMToolMesh *mesh)
+{
+    QVector<kvm::Vector3> points;
+    QVector<QVector<int>> faces;
+    for (const Part &part : parts) {
+        const int first = points.size();
+        points += part.previewPoints();
+        for (QVector<int> face : part.previewFaces()) {
+            for (int &corner : face)
+                corner += first;
+            faces << face;
+        }
+    }
+    mesh->setFaces(points, faces);
+}

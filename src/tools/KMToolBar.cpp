@@ -3,6 +3,7 @@
 #include "core/KMSolution.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
+#include "tools/KMToolBevel.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 
@@ -21,6 +22,8 @@ std::unique_ptr<KMTool> makeTool(int id)
     switch (id) {
     case KMToolKind::Extrude:
         return std::make_unique<KMToolExtrude>();
+    case KMToolKind::Bevel:
+        return std::make_unique<KMToolBevel>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }

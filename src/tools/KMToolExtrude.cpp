@@ -132,18 +132,7 @@ void KMToolExtrude::dragTo(const KMMouseEvent &event, const KMCameraNode &camera
 
 void KMToolExtrude::showOn(KMToolMesh *mesh) const
 {
-    QVector<kvm::Vector3> points;
-    QVector<QVector<int>> faces;
-    for (const KMExtrusion &extrusion : m_extrusions) {
-        const int first = points.size();
-        points += extrusion.previewPoints();
-        for (QVector<int> &face : extrusion.previewFaces()) {
-            for (int &corner : face)
-                corner += first;
-            faces << face;
-        }
-    }
-    mesh->setFaces(points, faces);
+    show(m_extrusions, mesh);
 }
 
 void KMToolExtrude::commit()

@@ -10,6 +10,8 @@ class KMToolExtrude : public KMPreviewTool
 {
     Q_OBJECT
 public:
+    static constexpr int SliderSteps = 100; ///< of the panel's slider to a world unit
+
     explicit KMToolExtrude(QWidget *parent = nullptr);
 
     void setup() override;
@@ -20,7 +22,7 @@ public:
 
 public slots:
     void setPerFaces(bool perFaces);
-    void onExtrudeSliderValueChanged(int steps); ///< SliderSteps to a world unit
+    void onExtrudeSliderValueChanged(int steps);
     void onExtrudeSpinValueChanged(double value);
     void onExtrudeApply();
     void onExtrudeBtnPressed(); ///< of the button with the property "mode" that is connected
@@ -28,9 +30,6 @@ public slots:
 signals:
     void onExtrudeValueChanged(float value);
     void perFacesChanged(bool perFaces);
-
-public:
-    static constexpr int SliderSteps = 100;
 
 protected:
     KMPickRequest pickRequest() const override;
