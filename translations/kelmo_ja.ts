@@ -226,6 +226,13 @@
     </message>
 </context>
 <context>
+    <name>KMBluePrint</name>
+    <message>
+        <source>BluePrint</source>
+        <translation>下絵</translation>
+    </message>
+</context>
+<context>
     <name>KMBoolNodeContainer</name>
     <message>
         <source>Bool</source>
@@ -342,8 +349,8 @@
 <context>
     <name>KMDReadContext</name>
     <message>
-        <source>%1 has too many faces and was given the standard form</source>
-        <translation>%1 は面が多すぎるため、標準の形にしました</translation>
+        <source>%1 stays without its shape of %2 faces, which are too many for a file of this size; a change of its settings makes it</source>
+        <translation>%1 の面 %2 枚はこの大きさのファイルには多すぎるため、形を作りませんでした。設定を変えると作られます</translation>
     </message>
     <message>
         <source>The file of the SVG shape %1 has no place in the file</source>
@@ -1732,7 +1739,7 @@
     </message>
 </context>
 <context>
-    <name>KMSaveQuestion</name>
+    <name>KMMessageBox</name>
     <message>
         <source>The document has been modified.</source>
         <translation>ドキュメントは変更されています。</translation>
@@ -1831,14 +1838,6 @@
     <message>
         <source>AutoSave</source>
         <translation>自動保存</translation>
-    </message>
-    <message>
-        <source>The document has been modified.</source>
-        <translation>ドキュメントは変更されています。</translation>
-    </message>
-    <message>
-        <source>Do you want to save your changes?</source>
-        <translation>変更を保存しますか?</translation>
     </message>
 </context>
 <context>
@@ -2405,6 +2404,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>blueprintSetParamCommand</name>
+    <message>
+        <source>Assign Texture</source>
+        <translation>テクスチャの割り当て</translation>
+    </message>
+</context>
+<context>
     <name>buildEdgeCommand</name>
     <message>
         <source>Build Edge</source>
@@ -2605,6 +2611,21 @@ Trying to Recover Files?</source>
     <message>
         <source>Force Update</source>
         <translation>強制更新</translation>
+    </message>
+</context>
+<context>
+    <name>kmanimationpanel</name>
+    <message>
+        <source>Animation Panel</source>
+        <translation>アニメーションパネル</translation>
+    </message>
+    <message>
+        <source>Playback and the current frame of the motion stand here.</source>
+        <translation>モーションの再生と現在のフレームがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Show or hide the playback of the motion</source>
+        <translation>モーションの再生を表示または隠します</translation>
     </message>
 </context>
 <context>
@@ -3394,6 +3415,54 @@ Trying to Recover Files?</source>
     <message>
         <source>Nothing was deleted: the selected elements are of a kind that the edit filter leaves out, or belong to a primitive or a modifier</source>
         <translation>何も削除しませんでした: 選択した要素は編集フィルターで除外されているか、プリミティブまたはモディファイアのものです</translation>
+    </message>
+    <message>
+        <source>kelmo Model File...</source>
+        <translation>kelmo モデルファイル...</translation>
+    </message>
+    <message>
+        <source>Add what a model file holds to the document; this ends the history</source>
+        <translation>モデルファイルの内容をドキュメントに追加します。履歴は消去されます</translation>
+    </message>
+    <message>
+        <source>KELMO ver1 compatibility...</source>
+        <translation>KELMO ver1 互換...</translation>
+    </message>
+    <message>
+        <source>Write the document in the form of the first release</source>
+        <translation>最初のリリースの形式でドキュメントを書き出します</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>インポート</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>エクスポート</translation>
+    </message>
+    <message>
+        <source>Settings of the views</source>
+        <translation>ビューの設定</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>カメラ</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>倍率</translation>
+    </message>
+    <message>
+        <source>Import File</source>
+        <translation>ファイルのインポート</translation>
+    </message>
+    <message>
+        <source>Export File</source>
+        <translation>ファイルのエクスポート</translation>
+    </message>
+    <message>
+        <source>KELMO ver1 compatibility(*.kmd)</source>
+        <translation>KELMO ver1 互換(*.kmd)</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,7 @@
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMSelectedElements.h"
 
 #include <QCoreApplication>
 
@@ -13,27 +14,6 @@
 using KMMeshTargets::Elements;
 
 namespace {
-
-template <class Records>
-QVector<int> selectedIndices(const Records &records)
-{
-    QVector<int> indices;
-    for (int i = 0; i < records.size(); ++i) {
-        if (records.at(i) && records.at(i)->hasFlag(KMElementFlag::Selected))
-            indices << i;
-    }
-    return indices;
-}
-
-QVector<QPair<int, int>> selectedEdges(const KMMeshNode &mesh)
-{
-    QVector<QPair<int, int>> edges;
-    for (const KMEdge *edge : mesh.edges()) {
-        if (edge->hasFlag(KMElementFlag::Selected))
-            edges.append({edge->index0, edge->index1});
-    }
-    return edges;
-}
 
 /// Answers whether there was any.
 bool deleteLines(KMMeshNode &mesh, int a, int b)
@@ -62,15 +42,15 @@ void deleteEdge(KMMeshNode &mesh, int a, int b)
 
 void deleteSelected(KMMeshNode &mesh, Elements kinds)
 {
-    const auto edges = kinds.testFlag(KMMeshTargets::Edges) ? selectedEdges(mesh) : QVector<QPair<int, int>>();
-    const QVector<int> faces = kinds.testFlag(KMMeshTargets::Faces) ? selectedIndices(mesh.faces()) : QVector<int>();
-    const QVector<int> vertices =
-        kinds.testFlag(KMMeshTargets::Vertices) ? selectedIndices(mesh.vertices()) : QVector<int>();
-    for (const int i : vertices)
+    using namespace KMSelectedElements;
+    const QVector<KMEdgeEnds> lostEdges = kinds.testFlag(KMMeshTargets::Edges) ? edges(mesh) : QVector<KMEdgeEnds>();
+    const QVector<int> lostFaces = kinds.testFlag(KMMeshTargets::Faces) ? faces(mesh) : QVector<int>();
+    const QVector<int> lostVertices = kinds.testFlag(KMMeshTargets::Vertices) ? vertices(mesh) : QVector<int>();
+    for (const int i : lostVertices)
         KMMeshEdit::deleteVertex(mesh, i);
-    for (const auto &edge : edges)
-        deleteEdge(mesh, edge.first, edge.second);
-    for (const int f : faces)
+    for (const KMEdgeEnds &edge : lostEdges)
+        deleteEdge(mesh, edge.a, edge.b);
+    for (const int f : lostFaces)
         KMMeshEdit::deleteFace(mesh, f);
     gSolution->push(new buildEdgeCommand(&mesh));
 }

@@ -16,6 +16,18 @@
 
 namespace {
 
+struct BarRow
+{
+    const char *key;
+    KMPanelBar *(kmmainwidget::*bar)() const;
+};
+
+constexpr BarRow barRows[] = {
+    {"undoPanel/buttonStyle", &kmmainwidget::undoToolBar},
+    {"toolPanel/buttonStyle", &kmmainwidget::toolBar},
+    {"operationPanel/buttonStyle", &kmmainwidget::envToolBar},
+};
+
 QString stateFile()
 {
     return gSettings->filePath(QStringLiteral("geometry.ini"));
@@ -38,7 +50,8 @@ void KMWindowState::save(const kmmainwidget &window)
     file.setValue(QStringLiteral("main/quadX"), window.mainBox()->quadX());
     file.setValue(QStringLiteral("main/quadY"), window.mainBox()->quadY());
     file.setValue(QStringLiteral("nodeWidget/resizeMode"), int(window.nodeDock()->resizeMode()));
-    file.setValue(QStringLiteral("undoPanel/buttonStyle"), int(window.undoToolBar()->toolButtonStyle()));
+    for (const BarRow &row : barRows)
+        file.setValue(QLatin1String(row.key), int((window.*row.bar)()->toolButtonStyle()));
 }
 
 bool KMWindowState::restore(kmmainwidget &window)
@@ -55,8 +68,8 @@ bool KMWindowState::restore(kmmainwidget &window)
     const int mode = file.value(QStringLiteral("nodeWidget/resizeMode"), int(kmnodewidget::FillPanel)).toInt();
     window.nodeDock()->setResizeMode(
         kmnodewidget::ResizeMode(qBound(int(kmnodewidget::FillPanel), mode, int(kmnodewidget::FitContents))));
-    window.undoToolBar()->setButtonStyle(
-        file.value(QStringLiteral("undoPanel/buttonStyle"), int(Qt::ToolButtonIconOnly)).toInt());
+    for (const BarRow &row : barRows)
+        (window.*row.bar)()->setButtonStyle(file.value(QLatin1String(row.key), int(Qt::ToolButtonIconOnly)).toInt());
     window.helpWidget()->restoreGeometry(file.value(QStringLiteral("help/geometry")).toByteArray());
     if (file.value(QStringLiteral("main/zen"), false).toBool())
         window.setZen(true, file.value(QStringLiteral("main/windowState")).toByteArray());

@@ -12,31 +12,36 @@ class KMCommandContainer;
 class KMContainerNode;
 class KMCustomPanel;
 class KMDrawer;
+class KMEnvToolBar;
 class KMHelpWidget;
 class KMMainBox;
 class KMMessageLabel;
+class KMNativeFormat;
 class KMNode;
 class KMNodeClipboard;
 class KMOpenGLWidget;
 class KMPanelBar;
 class KMSnackbar;
 class KMStyle;
+class KMToolBar;
 class KMZenMode;
 class QMimeData;
 class QUndoStack;
+class kmanimationpanel;
 class kmattributewidget;
 class kmhistorywidget;
 class kmnodewidget;
 class kmshaderwidget;
 class kmtexturewidget;
+class kmtoolwidget;
 
 /// The one top-level window. It makes the session, the document and the history, and takes them down again when it
 /// is closed; it has no model logic of its own: its slots open dialogues, or call the project, the session or a
 /// family of commands.
 ///
 /// What its parts are is told in tables: the docks in kmmainwidgetDocks.cpp, the actions in kmmainwidgetActions.cpp
-/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp, kmmainwidgetEdit.cpp,
-/// kmmainwidgetView.cpp, kmmainwidgetPanels.cpp and kmmainwidgetHelp.cpp.
+/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp, kmmainwidgetExchange.cpp,
+/// kmmainwidgetEdit.cpp, kmmainwidgetView.cpp, kmmainwidgetTools.cpp, kmmainwidgetPanels.cpp and kmmainwidgetHelp.cpp.
 class kmmainwidget : public QMainWindow, public KMSessionWindow
 {
     Q_OBJECT
@@ -55,6 +60,8 @@ public:
     QUndoStack *undoStack() const { return m_undoStack; }
     KMMainBox *mainBox() const { return m_mainBox; }
     KMPanelBar *undoToolBar() const { return m_undoToolBar; }
+    KMPanelBar *toolBar() const;    ///< of the tools
+    KMPanelBar *envToolBar() const; ///< of what the mouse works on
     const QList<KMCustomPanel *> &customPanels() const { return m_customPanels; }
     KMZenMode *zenMode() const { return m_zen; }
     /// The views alone, or all the rest as it was before, or, where one is given, as in that state of the window.
@@ -104,6 +111,8 @@ private slots:
     void openRecentFile();
     void onClearRecentFile();
     void onMenuProject();
+    void onMenuImportKMD();
+    void onMenuExportKMDVer1();
     void onMenuQuit();
 
     void onMenuCopy();
@@ -167,6 +176,8 @@ private slots:
     void onMenuDebug();
     void onPreMenuWidget();
     void onPreMenuToolBar();
+    void onEditingChanged(bool editing); ///< a drag of a tool has begun or ended
+    void onEditFilterChanged();
     void onTopLevelChanged(bool floating);
 
 private:
@@ -183,6 +194,8 @@ private:
     void arrangeDocks();
 
     void createBars();
+    void createToolBars();
+    void createTools();
     void createOverlays();
     void showDock(const char *objectName);
     void inform(const QString &title, const QString &text, const QString &more);
@@ -196,6 +209,7 @@ private:
     void createFileMenu();
     void createEditMenu();
     void createCreateMenu();
+    void createSelectionMenu();
     void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
     void createViewMenu();
     void createWidgetMenu();
@@ -208,6 +222,9 @@ private:
 
     bool mayLeaveDocument(); ///< asks about changes; false when the document must stay
     void saveDocument();
+    QString askOpenPath(const QString &title, const QString &filter); ///< an existing file; empty when cancelled
+    QString askSavePath(const QString &title, const QString &filter); ///< with a suffix; empty when cancelled
+    void importModel(const QString &path, int mask, float scale);     ///< the mask is of KMD::Take
     void create(KMContainerNode *node);
     bool editInPanel(KMDockWidget::Edit edit); ///< false when the panel that has the focus leaves it to the nodes
     bool worksOnElements() const; ///< the edit menu means the elements of meshes: the node panel hasn't the focus
@@ -215,6 +232,7 @@ private:
 
     KMStyle *m_style; // the application's
     QUndoStack *m_undoStack = nullptr;
+    KMNativeFormat *m_format = nullptr; // the one of the program
     KMCameraSet *m_cameras = nullptr;
     KMNodeClipboard *m_clipboard = nullptr;
     KMComContainer *m_commands = nullptr;
@@ -227,9 +245,13 @@ private:
     kmtexturewidget *m_textureDock = nullptr;
     kmshaderwidget *m_shaderDock = nullptr;
     kmattributewidget *m_attributeDock = nullptr;
+    kmtoolwidget *m_toolDock = nullptr;
 
     KMMainBox *m_mainBox = nullptr;
     KMPanelBar *m_undoToolBar = nullptr;
+    KMToolBar *m_toolBar = nullptr;
+    KMEnvToolBar *m_envToolBar = nullptr;
+    kmanimationpanel *m_animationPanel = nullptr;
     QList<KMCustomPanel *> m_customPanels;
     KMZenMode *m_zen = nullptr;
     KMSnackbar *m_snackbar = nullptr;

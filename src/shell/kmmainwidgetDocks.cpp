@@ -11,6 +11,7 @@
 #include "shell/docks/kmoutputwidget.h"
 #include "shell/docks/kmshaderwidget.h"
 #include "shell/docks/kmtexturewidget.h"
+#include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
 
 namespace {
@@ -46,7 +47,7 @@ void kmmainwidget::createDocks()
     addDock(m_historyDock = new kmhistorywidget(m_undoStack), Right);
     addDock(empty("kmbonewidget", tr("Bones"), "bone", tr("The bones of the current container are listed here.")),
             Left);
-    addDock(empty("kmtoolwidget", tr("Tool"), "tool", tr("The options of the current tool stand here.")), Right);
+    addDock(m_toolDock = new kmtoolwidget, Right);
     addDock(m_textureDock = new kmtexturewidget, Left);
     addDock(m_shaderDock = new kmshaderwidget, Left);
     addDock(new kmcoodinatewidget, Left);
@@ -78,7 +79,7 @@ void kmmainwidget::arrangeDocks()
     resizeDocks({m_nodeDock, m_shaderDock, m_attributeDock}, {wanted, wanted, wanted}, Qt::Horizontal);
     resizeDocks({dock("kmcoodinatewidget")}, {dpiScaled(100)}, Qt::Vertical);
     resizeDocks({m_nodeDock, m_shaderDock}, {dpiScaled(360), dpiScaled(240)}, Qt::Vertical);
-    resizeDocks({dock("kmtoolwidget"), m_attributeDock}, {dpiScaled(160), dpiScaled(440)}, Qt::Vertical);
+    resizeDocks({m_toolDock, m_attributeDock}, {dpiScaled(160), dpiScaled(440)}, Qt::Vertical);
 }
 
 void kmmainwidget::connectDocks()

@@ -9,10 +9,13 @@
 #include "shell/KMMainBox.h"
 #include "shell/KMUndoToolBar.h"
 #include "shell/KMZenMode.h"
+#include "shell/kmanimationpanel.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewBar.h"
 #include "shell/widgets/KMDrawer.h"
 #include "shell/widgets/KMSnackbar.h"
+#include "tools/KMEnvToolBar.h"
+#include "tools/KMToolBar.h"
 
 #include <QMenu>
 #include <QStatusBar>
@@ -42,6 +45,7 @@ void kmmainwidget::createBars()
 {
     m_undoToolBar = new KMUndoToolBar({action("actionUndo"), action("actionRedo")}, this);
     addToolBar(m_undoToolBar);
+    createToolBars();
     const QStringList names{gSettings->customPanel1Name, gSettings->customPanel2Name, gSettings->customPanel3Name,
                             gSettings->customPanel4Name};
     for (int i = 0; i < KMCustomPanel::Count; ++i) {
@@ -52,6 +56,9 @@ void kmmainwidget::createBars()
         m_customPanels << panel;
         m_actions << panel->showAction();
     }
+    m_animationPanel = new kmanimationpanel(this);
+    addToolBar(Qt::BottomToolBarArea, m_animationPanel);
+    m_animationPanel->hide();
 }
 
 /// What lies over the views or floats beside the window.
@@ -70,7 +77,9 @@ void kmmainwidget::createOverlays()
 void kmmainwidget::createPanelMenu()
 {
     m_panelMenu = addMenu(tr("Panel(&P)"), "Menu Panel");
-    m_panelMenu->addAction(m_undoToolBar->toggleViewAction());
+    for (const QToolBar *bar : {static_cast<QToolBar *>(m_undoToolBar), static_cast<QToolBar *>(m_toolBar),
+                                static_cast<QToolBar *>(m_envToolBar), static_cast<QToolBar *>(m_animationPanel)})
+        m_panelMenu->addAction(bar->toggleViewAction());
     QAction *status = m_panelMenu->addAction(tr("Status Bar"));
     status->setObjectName(QStringLiteral("show_statusBar"));
     status->setStatusTip(tr("Show or hide the line of messages"));

@@ -199,22 +199,28 @@ void tst_KMDPrimitiveBodies::badNumbers()
 void tst_KMDPrimitiveBodies::manyFacesInFewBytes()
 {
     KMHeadlessSession session;
-    KMPrimPlaneNode plane;
-    plane.setParameters({1.0f, 1.0f, 900, 900});
-    const QByteArray body = bodyOf(&plane);
-    const QByteArray bytes = body + body + body;
+    QByteArray bytes;
+    const QVector<int> divisions = {300, 240, 170, 2000, 40, 240};
+    for (const int n : divisions) {
+        KMPrimPlaneNode plane;
+        plane.setParameters({1.0f, 1.0f, n, n});
+        bytes += bodyOf(&plane);
+    }
     KMDStream in(bytes);
     in.setVersion(4.4f);
     KMDReadContext context(in);
     QVector<int> faces;
-    for (int i = 0; i < 3; ++i) {
+    for (const int n : divisions) {
         KMPrimPlaneNode node;
         KMDNodeBodies::find(KMNodeType::PrimPlane)->read(context, &node);
         faces << node.mesh()->faceCount();
+        QCOMPARE(node.parameters(), (KMPrimPlane{1.0f, 1.0f, n, n}));
+        node.setShader(0);
+        QCOMPARE(node.mesh()->faceCount(), n == 2000 ? 1 : n * n);
     }
     QVERIFY(in.ok());
-    QCOMPARE(faces, (QVector<int>{810000, 1, 1}));
-    QCOMPARE(in.warnings().size(), 2);
+    QCOMPARE(faces, (QVector<int>{0, 57600, 0, 0, 1600, 0}));
+    QCOMPARE(in.warnings().size(), 4);
 }
 
 KM_TEST(tst_KMDPrimitiveBodies);

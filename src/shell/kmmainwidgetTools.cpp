@@ -1,0 +1,83 @@
+// The tools in the window: their bars, their pages and keys, and what holds still during a drag.
+
+#include "core/KMSettings.h"
+#include "core/KMSolution.h"
+#include "render/KMOpenGLContainer.h"
+#include "render/KMOpenGLWidget.h"
+#include "shell/KMMainBox.h"
+#include "shell/docks/kmtoolwidget.h"
+#include "shell/kmmainwidget.h"
+#include "tools/KMEnvToolBar.h"
+#include "tools/KMTool.h"
+#include "tools/KMToolBar.h"
+#include "tools/KMToolKind.h"
+
+#include <QAction>
+
+namespace {
+
+constexpr int everything = 31; // of KMOpenGLContainer::repaint()
+
+QWidget *makePage(KMTool *tool)
+{
+    switch (tool->toolId()) {
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
+
+KMPanelBar *kmmainwidget::toolBar() const
+{
+    return m_toolBar;
+}
+
+KMPanelBar *kmmainwidget::envToolBar() const
+{
+    return m_envToolBar;
+}
+
+void kmmainwidget::createToolBars()
+{
+    m_toolBar = new KMToolBar(this);
+    m_envToolBar = new KMEnvToolBar(this);
+    addToolBar(m_toolBar);
+    addToolBar(m_envToolBar);
+    connect(m_toolBar, &KMToolBar::commandChanged, m_toolDock, &kmtoolwidget::showTool);
+    connect(m_toolBar, &KMToolBar::editingChanged, this, &kmmainwidget::onEditingChanged);
+    connect(m_toolBar, &KMToolBar::onSpeech, gSolution, &KMSolution::speech);
+    connect(m_envToolBar, &KMEnvToolBar::onEditFilterChanged, this, &kmmainwidget::onEditFilterChanged);
+}
+
+/// After the views, which the tools draw into.
+void kmmainwidget::createTools()
+{
+    m_toolBar->createTools();
+    QList<QAction *> actions;
+    for (KMTool *tool : m_toolBar->tools()) {
+        m_toolDock->addPage(tool, makePage(tool));
+        actions << tool->action();
+    }
+    addActions(actions);
+    gSettings->setActionGroup(tr("Tools"), actions);
+    m_mainBox->views()->setToolSource([this](int id) { return m_toolBar->tool(id); });
+    m_toolBar->initialize();
+}
+
+/// A key or a menu in mid-drag would change what the drag works on.
+void kmmainwidget::onEditingChanged(bool editing)
+{
+    const QList<QAction *> actions = shortcutActions();
+    for (QAction *action : actions)
+        action->blockSignals(editing);
+    for (KMDockWidget *dock : std::as_const(m_docks))
+        dock->blockSignals(editing);
+}
+
+void kmmainwidget::onEditFilterChanged()
+{
+    if (KMTool *tool = m_toolBar->current())
+        tool->refresh();
+    m_mainBox->views()->repaint(everything);
+}
