@@ -5,7 +5,6 @@
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMPolygonTiles.h"
-#include "mesh/KMVertexCommands.h"
 
 #include <QSet>
 
@@ -87,7 +86,7 @@ void KMBevelEdit::makeVertices()
         KMVertex record;
         record.pos = m_places.at(i);
         record.weight = m_mesh.vertex(m_shape.points().at(i).vertex)->weight;
-        gSolution->push(new addVertexCommand(&m_mesh, record));
+        KMMeshEdit::addVertex(m_mesh, record);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshSelect.h"
 #include "mesh/KMMirrorMap.h"
+#include "mesh/KMSelectedElements.h"
 #include "mesh/KMVertexCommands.h"
 
 #include <QCoreApplication>
@@ -60,9 +61,8 @@ QVector<int> KMExtrusion::sourceFaces(const KMMirrorMap *map)
 {
     QVector<int> faces;
     std::vector<bool> isTaken(size_t(m_mesh->faceCount()));
-    for (int f = 0; f < m_mesh->faceCount(); ++f) {
-        const KMFace *face = m_mesh->face(f);
-        if (canExtrude(face) && face->hasFlag(KMElementFlag::Selected)) {
+    for (const int f : KMSelectedElements::faces(*m_mesh)) {
+        if (canExtrude(m_mesh->face(f))) {
             faces << f;
             isTaken[size_t(f)] = true;
         }

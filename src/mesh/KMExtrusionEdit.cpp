@@ -2,6 +2,7 @@
 
 #include "core/KMSolution.h"
 #include "mesh/KMEdgeCommands.h"
+#include "mesh/KMFaceTurn.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMVertexCommands.h"
@@ -51,7 +52,7 @@ void KMExtrusionEdit::push(const QVector<kvm::Vector3> &positions, bool keepsSou
     restoreWeights(states);
 }
 
-/// The creases that must be there in the end; those of the copies by the vertices that these will have.
+/// Creases, by the vertices that their copies will have.
 QVector<KMEdgeState> KMExtrusionEdit::weights() const
 {
     QVector<KMEdgeState> states;
@@ -59,8 +60,6 @@ QVector<KMEdgeState> KMExtrusionEdit::weights() const
         const KMFace *source = m_mesh.face(face.face);
         for (int c = 0; c < face.count; ++c) {
             const KMEdgeState state = edgeStateOf(m_mesh, source->indices[c], source->next(c));
-            if (m_turns == Turns::Source)
-                states << state; // turning the face over moves the weights of its edges
             if (state.weight != 0.0f)
                 states.append({m_firstVertex + face.points[size_t(c)], m_firstVertex + face.next(c), 0, state.weight});
         }
@@ -74,7 +73,7 @@ void KMExtrusionEdit::addVertices(const QVector<kvm::Vector3> &positions)
         KMVertex record;
         record.pos = positions.at(i);
         record.weight = m_mesh.vertex(m_shape.points().at(i).vertex)->weight;
-        gSolution->push(new addVertexCommand(&m_mesh, record));
+        KMMeshEdit::addVertex(m_mesh, record);
     }
 }
 
@@ -111,7 +110,7 @@ void KMExtrusionEdit::addFace(const KMFace &face)
 void KMExtrusionEdit::turnSource()
 {
     for (const KMExtrusionShape::Face &face : m_shape.faces())
-        KMMeshEdit::editFace(m_mesh, face.face, turned(*m_mesh.face(face.face)));
+        KMMeshEdit::reverseFace(m_mesh, face.face);
 }
 
 /// The vertices go that no other face has.

@@ -1,5 +1,7 @@
 #include "mesh/KMPolygonTiles.h"
 
+#include "mesh/KMPolygonFill.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -13,89 +15,27 @@ Vector3 twiceArea(const Vector3 &a, const Vector3 &b, const Vector3 &c)
     return cross(b - a, c - b);
 }
 
-/// Finds the triangles whose worst one is best.
-class Triangulation
+/// How near a corner is to one of a square: 0 for a straight one, below when it is bent in.
+float cornerShape(const Vector3 &a, const Vector3 &b, const Vector3 &c, const Vector3 &normal)
 {
-public:
-    explicit Triangulation(const QVector<Vector3> &polygon)
-        : m_polygon(polygon)
-        , m_count(polygon.size())
-        , m_best(m_count * m_count, std::numeric_limits<float>::max())
-        , m_apex(m_count * m_count, -1)
-    {
-        for (int i = 0; i < m_count; ++i)
-            m_normal += cross(polygon.at(i) - polygon.at(0), polygon.at((i + 1) % m_count) - polygon.at(0));
-        m_normal.normalize();
-        for (int length = 2; length < m_count; ++length) {
-            for (int from = 0; from + length < m_count; ++from)
-                measure(from, from + length);
-        }
-    }
+    const float longest = std::max((b - a).lengthSquared(), (c - b).lengthSquared());
+    return longest > 0.0f ? dot(twiceArea(a, b, c), normal) / longest : 0.0f;
+}
 
-    QVector<Tile> triangles() const
-    {
-        QVector<Tile> all;
-        collect(0, m_count - 1, &all);
-        return all;
-    }
-
-    /// How good a quad two triangles make that lie on the two sides of a diagonal; 0 when they had better stay apart.
-    float quadShape(const Tile &quad) const
-    {
-        constexpr float flat = 0.9f;
-        const Vector3 first = twiceArea(at(quad, 0), at(quad, 1), at(quad, 2)).normalized();
-        const Vector3 second = twiceArea(at(quad, 2), at(quad, 3), at(quad, 0)).normalized();
-        if (dot(first, second) < flat)
-            return 0.0f;
-        float worst = std::numeric_limits<float>::max();
-        for (int i = 0; i < 4; ++i)
-            worst = std::min(worst, shape(quad.at(i), quad.at((i + 1) % 4), quad.at((i + 2) % 4)));
-        return worst;
-    }
-
-private:
-    const Vector3 &at(const Tile &tile, int i) const { return m_polygon.at(tile.at(i)); }
-
-    /// How near a triangle is to one with equal sides: 0 for a sliver, below when it is turned over.
-    float shape(int i, int j, int k) const
-    {
-        const Vector3 &a = m_polygon.at(i);
-        const Vector3 &b = m_polygon.at(j);
-        const Vector3 &c = m_polygon.at(k);
-        const float longest = std::max({(b - a).lengthSquared(), (c - b).lengthSquared(), (a - c).lengthSquared()});
-        return longest > 0.0f ? dot(twiceArea(a, b, c), m_normal) / longest : 0.0f;
-    }
-
-    void measure(int from, int to)
-    {
-        float best = std::numeric_limits<float>::lowest();
-        for (int apex = from + 1; apex < to; ++apex) {
-            const float worst =
-                std::min({shape(from, apex, to), m_best.at(from * m_count + apex), m_best.at(apex * m_count + to)});
-            if (worst > best) {
-                best = worst;
-                m_apex[from * m_count + to] = apex;
-            }
-        }
-        m_best[from * m_count + to] = best;
-    }
-
-    void collect(int from, int to, QVector<Tile> *all) const
-    {
-        const int apex = m_apex.at(from * m_count + to);
-        if (apex < 0)
-            return;
-        all->append({from, apex, to});
-        collect(from, apex, all);
-        collect(apex, to, all);
-    }
-
-    const QVector<Vector3> &m_polygon;
-    int m_count;
-    QVector<float> m_best; // of the part from one corner to another: the shape of its worst triangle
-    QVector<int> m_apex;
-    Vector3 m_normal;
-};
+/// How good a quad is; 0 when its two triangles had better stay apart.
+float quadShape(const QVector<Vector3> &polygon, const Tile &quad)
+{
+    constexpr float flat = 0.9f;
+    const auto at = [&](int i) { return polygon.at(quad.at(i % 4)); };
+    const Vector3 first = twiceArea(at(0), at(1), at(2)).normalized();
+    const Vector3 second = twiceArea(at(2), at(3), at(0)).normalized();
+    if (dot(first, second) < flat)
+        return 0.0f;
+    float worst = std::numeric_limits<float>::max();
+    for (int i = 0; i < 4; ++i)
+        worst = std::min(worst, cornerShape(at(i), at(i + 1), at(i + 2), (first + second).normalized()));
+    return worst;
+}
 
 /// The quad of two triangles; empty when they have no side in common.
 Tile joined(const Tile &first, const Tile &second)
@@ -112,7 +52,7 @@ Tile joined(const Tile &first, const Tile &second)
 }
 
 /// Joins the two triangles that make the best quad. False when none make a good one.
-bool joinBest(const Triangulation &triangulation, QVector<Tile> *tiles)
+bool joinBest(const QVector<Vector3> &polygon, QVector<Tile> *tiles)
 {
     float best = 0.05f; // below it is nearly a triangle
     int pair[] = {-1, -1};
@@ -120,7 +60,7 @@ bool joinBest(const Triangulation &triangulation, QVector<Tile> *tiles)
         for (int k = i + 1; k < tiles->size(); ++k) {
             const bool areTriangles = tiles->at(i).size() == 3 && tiles->at(k).size() == 3;
             const Tile quad = areTriangles ? joined(tiles->at(i), tiles->at(k)) : Tile();
-            const float shape = quad.isEmpty() ? 0.0f : triangulation.quadShape(quad);
+            const float shape = quad.isEmpty() ? 0.0f : quadShape(polygon, quad);
             if (shape > best) {
                 best = shape;
                 pair[0] = i;
@@ -145,8 +85,9 @@ QVector<Tile> KMPolygonTiles::split(const QVector<Vector3> &polygon)
             whole << i;
         return {whole};
     }
-    const Triangulation triangulation(polygon);
-    QVector<Tile> tiles = triangulation.triangles();
-    while (joinBest(triangulation, &tiles)) {}
+    QVector<Tile> tiles;
+    for (const KMPolygonFill::Triangle &t : KMPolygonFill::triangulate(KMPolygonFill::flatten(polygon)))
+        tiles.append({t[0], t[1], t[2]});
+    while (joinBest(polygon, &tiles)) {}
     return tiles;
 }

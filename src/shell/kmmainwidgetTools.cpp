@@ -7,9 +7,13 @@
 #include "shell/KMMainBox.h"
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/toolpages/KMBevelPage.h"
+#include "shell/toolpages/KMExtrudePage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
+#include "tools/KMToolBevel.h"
+#include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 
 #include <QAction>
@@ -21,6 +25,10 @@ constexpr int everything = 31; // of KMOpenGLContainer::repaint()
 QWidget *makePage(KMTool *tool)
 {
     switch (tool->toolId()) {
+    case KMToolKind::Extrude:
+        return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
+    case KMToolKind::Bevel:
+        return new KMBevelPage(static_cast<KMToolBevel *>(tool));
     default:
         return nullptr;
     }
