@@ -208,6 +208,24 @@
     </message>
 </context>
 <context>
+    <name>KMBevel</name>
+    <message>
+        <source>Bevel</source>
+        <translation>ベベル</translation>
+    </message>
+</context>
+<context>
+    <name>KMBevelPage</name>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Write the preview to the mesh</source>
+        <translation>プレビューをメッシュに書き込みます</translation>
+    </message>
+</context>
+<context>
     <name>KMBluePrint</name>
     <message>
         <source>BluePrint</source>
@@ -759,6 +777,68 @@
     <message>
         <source>fatal error occurred.</source>
         <translation>致命的なエラーが発生しました。</translation>
+    </message>
+</context>
+<context>
+    <name>KMExtrudePage</name>
+    <message>
+        <source>Default</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Along the normals, in place of the faces</source>
+        <translation>法線に沿って押し出し、元の面を置き換えます</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>オフセット</translation>
+    </message>
+    <message>
+        <source>In the plane of the faces, inward from their border</source>
+        <translation>面の平面内で、境界から内側へ押し出します</translation>
+    </message>
+    <message>
+        <source>Solidify</source>
+        <translation>厚み付け</translation>
+    </message>
+    <message>
+        <source>Along the normals; the faces stay as the other side of a wall</source>
+        <translation>法線に沿って押し出し、元の面を壁の反対側として残します</translation>
+    </message>
+    <message>
+        <source>Move Vertex</source>
+        <translation>頂点の移動</translation>
+    </message>
+    <message>
+        <source>The faces themselves move along the normals</source>
+        <translation>面そのものを法線に沿って移動します</translation>
+    </message>
+    <message>
+        <source>Per Faces</source>
+        <translation>面ごと</translation>
+    </message>
+    <message>
+        <source>Each face is extruded alone, not with its neighbours</source>
+        <translation>隣の面とまとめずに、面を 1 つずつ押し出します</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Write the preview to the mesh</source>
+        <translation>プレビューをメッシュに書き込みます</translation>
+    </message>
+</context>
+<context>
+    <name>KMExtrusion</name>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Extrude</source>
+        <translation>押し出し</translation>
     </message>
 </context>
 <context>
@@ -1334,6 +1414,13 @@
     </message>
 </context>
 <context>
+    <name>KMPreviewPage</name>
+    <message>
+        <source>Apply</source>
+        <translation>適用</translation>
+    </message>
+</context>
+<context>
     <name>KMPrim3DTextNode</name>
     <message>
         <source>3DText</source>
@@ -1865,6 +1952,25 @@ Trying to Recover Files?</source>
     <message>
         <source>Open Image</source>
         <translation>画像を開く</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolExtrude</name>
+    <message>
+        <source>Default</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>オフセット</translation>
+    </message>
+    <message>
+        <source>Solidify</source>
+        <translation>厚み付け</translation>
+    </message>
+    <message>
+        <source>Move Vertex</source>
+        <translation>頂点の移動</translation>
     </message>
 </context>
 <context>

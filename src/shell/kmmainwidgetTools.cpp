@@ -7,11 +7,15 @@
 #include "shell/KMMainBox.h"
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/toolpages/KMBevelPage.h"
+#include "shell/toolpages/KMExtrudePage.h"
 #include "shell/toolpages/KMSelPage.h"
 #include "shell/toolpages/KMUnivPage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
+#include "tools/KMToolBevel.h"
+#include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSel.h"
 #include "tools/KMToolUniv.h"
@@ -33,6 +37,10 @@ QWidget *makePage(KMTool *tool)
     case KMToolKind::Universal:
     case KMToolKind::SRT:
         return new KMUnivPage(static_cast<KMToolUniv *>(tool));
+    case KMToolKind::Extrude:
+        return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
+    case KMToolKind::Bevel:
+        return new KMBevelPage(static_cast<KMToolBevel *>(tool));
     default:
         return nullptr;
     }

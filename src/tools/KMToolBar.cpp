@@ -3,7 +3,9 @@
 #include "core/KMSolution.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
+#include "tools/KMToolBevel.h"
 #include "tools/KMToolErase.h"
+#include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSRT.h"
 #include "tools/KMToolSel.h"
@@ -33,6 +35,10 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolUniv>(id);
     case KMToolKind::SRT:
         return std::make_unique<KMToolSRT>();
+    case KMToolKind::Extrude:
+        return std::make_unique<KMToolExtrude>();
+    case KMToolKind::Bevel:
+        return std::make_unique<KMToolBevel>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }
