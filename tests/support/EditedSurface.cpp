@@ -92,8 +92,10 @@ QString EditedSurface::problem(const KMMeshNode &mesh)
 
 int EditedSurface::borderEdges(const KMMeshNode &mesh)
 {
-    return int(std::count_if(mesh.edges().begin(), mesh.edges().end(),
-                             [](const KMEdge *edge) { return edge->faceRefs.size() == 1; }));
+    int count = 0;
+    for (const KMEdge *edge : mesh.edges())
+        count += edge->faceRefs.size() == 1;
+    return count;
 }
 
 int EditedSurface::unmirroredVertex(const KMMeshNode &mesh, float tolerance)
