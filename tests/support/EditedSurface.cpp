@@ -3,6 +3,7 @@
 #include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
 
+#include <QRandomGenerator>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -65,6 +66,7 @@ EditedSurface::EditedSurface(int shape)
             face->uvs[c] = {p.x * 0.25f + p.y * 0.125f, p.z * 0.25f};
         }
     }
+    QRandomGenerator random(20);
     for (KMEdge *edge : mesh.edges())
         edge->weight = random.bounded(4) == 0 ? 0.5f : 0.0f;
 }

@@ -2,8 +2,6 @@
 
 #include "support/MeshFixtures.h"
 
-#include <QRandomGenerator>
-
 #include <functional>
 
 /// A document with one surface of a kind, with UVs, shaders and creases, and the same numbers in each run.
@@ -23,6 +21,5 @@ public:
     static int unmirroredVertex(const KMMeshNode &mesh,
                                 float tolerance); ///< one without an image across x; -1 for none
 
-    QRandomGenerator random{20};
     MeshScene scene;
 };
