@@ -1,5 +1,6 @@
 // What a mesh costs beside plain loops over the same data: refreshes, renumbering, memory. Grids of quads.
 
+#include "PlainNormals.h"
 #include "measure.h"
 #include "mesh/KMMeshNode.h"
 
@@ -82,42 +83,6 @@ public:
 private:
     KMMeshNode &m_mesh;
     QHash<quint64, KMEdge *> m_table;
-};
-
-/// Normals as one writes them down first: of the faces, summed at the vertices, normalised, and given to the
-/// corners.
-class NormalPass
-{
-public:
-    explicit NormalPass(KMMeshNode &mesh)
-        : m_mesh(mesh)
-        , m_sums(size_t(mesh.vertexCount()))
-    {
-    }
-    void operator()()
-    {
-        KMVertex *const *vertices = m_mesh.vertices().constData();
-        KMFace *const *faces = m_mesh.faces().constData();
-        std::fill(m_sums.begin(), m_sums.end(), Vector3());
-        for (int f = 0, n = m_mesh.faceCount(); f < n; ++f) {
-            const int *corners = faces[f]->indices;
-            const Vector3 first = vertices[corners[0]]->pos - vertices[corners[2]]->pos;
-            const Vector3 second = vertices[corners[1]]->pos - vertices[corners[3]]->pos;
-            const Vector3 normal = cross(second, first).normalized();
-            for (int c = 0; c < 4; ++c)
-                m_sums[size_t(corners[c])] += normal;
-        }
-        for (Vector3 &sum : m_sums)
-            sum.normalize();
-        for (int f = 0, n = m_mesh.faceCount(); f < n; ++f) {
-            for (int c = 0; c < 4; ++c)
-                faces[f]->normals[c] = m_sums[size_t(faces[f]->indices[c])];
-        }
-    }
-
-private:
-    KMMeshNode &m_mesh;
-    std::vector<Vector3> m_sums;
 };
 
 /// One copy of all records.

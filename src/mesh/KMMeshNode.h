@@ -111,6 +111,7 @@ public:
     const QVector<kvm::Vector3> &selectionPositions() const { return m_selectionPositions; } ///< a slot for each vertex
     const kvm::Vector3 &selectionCentre() const { return m_selectionCentre; }
     void rememberVertex(int i); ///< its present position becomes the remembered one
+    void joinSelectionCache(int i); ///< a vertex that isn't selected, and that a drag takes along
     /// Stores all positions. tellChildren: those without the offsets that tags lay on.
     void rememberPositions(bool tellChildren);
     const QVector<float> &memoryPositions() const { return m_memoryPositions; } ///< three for each vertex slot

@@ -139,6 +139,12 @@ void KMMeshNode::rememberVertex(int i)
     m_selectionPositions[i] = position(i);
 }
 
+void KMMeshNode::joinSelectionCache(int i)
+{
+    m_selectedVertices.insert(i);
+    rememberVertex(i);
+}
+
 void KMMeshNode::rememberPositions(bool tellChildren)
 {
     if (tellChildren)

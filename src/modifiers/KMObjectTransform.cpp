@@ -25,21 +25,39 @@ QList<Node *> below(const KMNullNode *node, const IsOf &isOf)
     return found;
 }
 
-QList<KMMeshNode *> meshesBelow(const KMNullNode *node)
-{
-    return below<KMMeshNode>(node, [](int type) { return type == KMNodeType::Mesh; });
-}
-
 float ratio(float before, float after)
 {
     return before == 0.0f || after == 0.0f ? 1.0f : after / before;
 }
 
-/// What moves a point of the world from the old frame into the new one; plain sums where only the place changes, so
-/// that no digit is lost.
-kvm::Matrix4 worldStep(const KMNullNode *node, const KMTransform &after)
+void pushVertices(KMMeshNode *mesh, const kvm::Matrix4 &step)
 {
-    const KMTransform &before = node->transform();
+    QVector<kvm::Vector3> positions(mesh->vertexCount());
+    for (int i = 0; i < positions.size(); ++i) {
+        if (mesh->vertex(i))
+            positions[i] = step * mesh->position(i);
+    }
+    if (!positions.isEmpty())
+        gSolution->push(new editAllVertexCommand(mesh, positions));
+}
+
+} // namespace
+
+QList<KMMeshNode *> KMObjectTransform::meshesBelow(const KMNullNode *node)
+{
+    return below<KMMeshNode>(node, [](int type) { return type == KMNodeType::Mesh; });
+}
+
+QList<KMNullNode *> KMObjectTransform::primitivesBelow(const KMNullNode *node)
+{
+    QList<KMNullNode *> primitives = below<KMNullNode>(node, isPrimitive);
+    primitives.removeOne(const_cast<KMNullNode *>(node));
+    return primitives;
+}
+
+/// Plain sums where only the place changes, so that no digit is lost.
+kvm::Matrix4 KMObjectTransform::worldStep(const KMNullNode *node, const KMTransform &before, const KMTransform &after)
+{
     const kvm::Matrix4 parent = node->parentMatrix();
     if (before.scale == after.scale && before.rotation.w == after.rotation.w
         && before.rotation.vector() == after.rotation.vector())
@@ -56,19 +74,7 @@ kvm::Matrix4 worldStep(const KMNullNode *node, const KMTransform &after)
     return invertible ? back * step * parent : kvm::Matrix4();
 }
 
-void pushVertices(KMMeshNode *mesh, const kvm::Matrix4 &step)
-{
-    QVector<kvm::Vector3> positions(mesh->vertexCount());
-    for (int i = 0; i < positions.size(); ++i) {
-        if (mesh->vertex(i))
-            positions[i] = step * mesh->position(i);
-    }
-    if (!positions.isEmpty())
-        gSolution->push(new editAllVertexCommand(mesh, positions));
-}
-
-/// The shape of a primitive knows scale and rotation only: what would slant it is left out.
-KMTransform moved(const KMTransform &transform, const kvm::Matrix4 &step)
+KMTransform KMObjectTransform::moved(const KMTransform &transform, const kvm::Matrix4 &step)
 {
     const kvm::Vector3 axes[] = {
         step.transformDirection(transform.rotation.rotate({1.0f, 0.0f, 0.0f})),
@@ -88,8 +94,6 @@ KMTransform moved(const KMTransform &transform, const kvm::Matrix4 &step)
     return result;
 }
 
-} // namespace
-
 bool KMObjectTransform::wouldFlatten(const KMNullNode *node, const KMTransform &transform)
 {
     const kvm::Vector3 &scale = transform.scale;
@@ -98,14 +102,12 @@ bool KMObjectTransform::wouldFlatten(const KMNullNode *node, const KMTransform &
 
 void KMObjectTransform::push(KMNullNode *node, const KMTransform &transform)
 {
-    const kvm::Matrix4 step = worldStep(node, transform);
+    const kvm::Matrix4 step = worldStep(node, node->transform(), transform);
     gSolution->push(new editSRTCommand(node, transform));
     if (step == kvm::Matrix4())
         return;
     for (KMMeshNode *mesh : meshesBelow(node))
         pushVertices(mesh, step);
-    for (KMNullNode *primitive : below<KMNullNode>(node, isPrimitive)) {
-        if (primitive != node)
-            gSolution->push(new editSRTCommand(primitive, moved(primitive->transform(), step)));
-    }
+    for (KMNullNode *primitive : primitivesBelow(node))
+        gSolution->push(new editSRTCommand(primitive, moved(primitive->transform(), step)));
 }

@@ -2,6 +2,10 @@
 
 #include "core/KMNullNode.h"
 
+#include <QList>
+
+class KMMeshNode;
+
 /// Moves objects as their user sees them. The vertices of a mesh stand in world space and the shape of a primitive
 /// follows its own transform only, so both have to be taken along when the transform of a node above them changes.
 namespace KMObjectTransform {
@@ -13,5 +17,15 @@ bool wouldFlatten(const KMNullNode *node, const KMTransform &transform);
 /// primitives below it. Pushes several commands; the caller opens the macro. An axis that the old or the new scale
 /// presses flat is taken over as it is.
 void push(KMNullNode *node, const KMTransform &transform);
+
+// The pieces of it, for what shows the effect before it becomes a step
+
+QList<KMMeshNode *> meshesBelow(const KMNullNode *node);     ///< itself included, where it is one
+QList<KMNullNode *> primitivesBelow(const KMNullNode *node); ///< without itself
+/// What moves a point of the world from the frame that a transform makes of the node into that of another one.
+kvm::Matrix4 worldStep(const KMNullNode *node, const KMTransform &before, const KMTransform &after);
+/// A primitive's transform taken along by such a step. The shape of a primitive knows scale and rotation only: what
+/// would slant it is left out.
+KMTransform moved(const KMTransform &transform, const kvm::Matrix4 &step);
 
 } // namespace KMObjectTransform

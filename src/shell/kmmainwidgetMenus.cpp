@@ -2,6 +2,7 @@
 
 #include "core/KMIcon.h"
 #include "core/KMSettings.h"
+#include "render/KMCameraNode.h"
 #include "render/KMOpenGLWidget.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMRecentFiles.h"

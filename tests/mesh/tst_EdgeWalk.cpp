@@ -61,7 +61,7 @@ void tst_EdgeWalk::loops_data()
     QTest::newRow("along the border") << none << 1 << 2 << 4;
     QTest::newRow("up to a triangle ahead") << QVector<int>{7} << 11 << 12 << 4; // the far quad of the row, above
     QTest::newRow("beside a triangle") << QVector<int>{5} << 11 << 12 << 1;
-    QTest::newRow("five faces at the end") << QVector<int>{2} << 11 << 12 << 4;
+    QTest::newRow("five faces at an end") << QVector<int>{6} << 13 << 14 << 1;
 }
 
 void tst_EdgeWalk::loops()
@@ -115,8 +115,8 @@ void tst_EdgeWalk::roundWalksEnd()
         torus->clearAllEdgeFlags(flag);
         const int ring = KMEdgeWalk::markRing(*torus, edge, flag).size();
         torus->clearAllEdgeFlags(flag);
-        QCOMPARE(loop + ring, 18 - 2 * (loop == 7));
-        QCOMPARE(loop, ring);
+        QVERIFY(loop == 9 || loop == 7);
+        QCOMPARE(loop + ring, 16);
     }
     const Mesh cube(MeshFixtures::cube());
     QCOMPARE(KMEdgeWalk::markLoop(*cube, cube->findEdge(0, 1), flag).size(), 1); // three faces, one of them ahead

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "math/Matrix4.h"
+#include "mesh/KMMeshSelect.h"
+#include "render/KMPickRequest.h"
+
+#include <QPointF>
+
+#include <optional>
+
+/// What tools do with a picked element.
+namespace KMElementClick {
+
+/// Selects it by the rule of clicks, as one step. A node that isn't chosen in the tree becomes so. Whether the
+/// element is selected afterwards.
+bool select(const KMPickRequest &hit, KMMeshSelect::Mode mode);
+
+void log(const KMPickRequest &hit); ///< writes the fields of its record
+
+/// The corner of the element that lies nearest to a place of the window.
+int nearestVertex(const KMPickRequest &hit, const QPointF &position);
+
+/// The frame whose plane of symmetry the mouse works with: that of the current mesh or of what a modifier works on.
+/// None while the edit filter doesn't ask for symmetry.
+std::optional<kvm::Matrix4> symmetryFrame();
+
+} // namespace KMElementClick

@@ -1,0 +1,48 @@
+#include "tools/KMToolSRT.h"
+
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
+#include "mesh/KMMeshModifier.h"
+#include "mesh/KMMeshNode.h"
+#include "tools/KMNodeDrag.h"
+#include "tools/KMToolKind.h"
+
+KMToolSRT::KMToolSRT(QWidget *parent)
+    : KMToolUniv(KMToolKind::SRT, std::make_unique<KMNodeDrag>(), parent)
+{
+}
+
+KMPickRequest KMToolSRT::requestFor(float margin) const
+{
+    KMPickRequest request;
+    request.margin = margin;
+    request.wantVertex = request.wantEdge = request.wantFace = true;
+    request.includeChildren = true;
+    return request;
+}
+
+/// Of the result of a modifier it is the mesh at the start of the chain.
+bool KMToolSRT::clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers)
+{
+    KMContainerNode *node = hit.mesh;
+    if (const KMMeshModifier *modifier = hit.mesh->ownerModifier())
+        node = modifier->source() ? modifier->source() : modifier->modMesh();
+    else if (hit.mesh->ownerNode())
+        node = hit.mesh->ownerNode();
+    if (!node->item() || node->isLocked())
+        return false;
+    if (modifiers & (Qt::ShiftModifier | Qt::ControlModifier))
+        node->item()->setSelected(modifiers & Qt::ShiftModifier || !node->isSelected());
+    else if (!node->isSelected())
+        gSolution->push(new selectNodeCommand(node));
+    updateCentre();
+    return node->isSelected();
+}
+
+void KMToolSRT::clickNothing()
+{
+    if (!gProject->tree()->selectedItems().isEmpty())
+        gSolution->push(new selectNodeCommand(nullptr));
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "tools/KMToolUniv.h"
+
+/// Moves, scales and turns whole nodes with the handle. A click on a mesh selects its node.
+class KMToolSRT : public KMToolUniv
+{
+    Q_OBJECT
+public:
+    explicit KMToolSRT(QWidget *parent = nullptr);
+
+protected:
+    bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers) override;
+    void clickNothing() override;
+    bool hasMarquee() const override { return false; }
+    KMPickRequest requestFor(float margin) const override;
+};

@@ -1,0 +1,443 @@
+#include "tools/KMToolUniv.h"
+
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMSettings.h"
+#include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMMarqueeSelect.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
+#include "render/KMCameraNode.h"
+#include "render/KMMouseEvent.h"
+#include "render/KMOpenGLWidget.h"
+#include "render/KMPicker.h"
+#include "render/KMRenderer.h"
+#include "tools/KMElementClick.h"
+#include "tools/KMHandleCode.h"
+#include "tools/KMSelectionDrag.h"
+#include "tools/KMToolCircle.h"
+#include "tools/KMToolHandle.h"
+#include "tools/KMToolKind.h"
+#include "tools/KMToolLasso.h"
+#include "tools/KMToolSquare.h"
+#include "tools/KMToolSymmetryGrid.h"
+
+#include <QLineF>
+
+#include <algorithm>
+
+using namespace KMHandleCode;
+
+namespace {
+
+constexpr int allViews = 31;
+constexpr float hoverMargin = 10.0f;
+
+int defaultMode(int toolId)
+{
+    switch (toolId) {
+    case KMToolKind::Move:
+        return Translates | HasCentre;
+    case KMToolKind::Rotate:
+        return Rotates | HasRing | HasCentre;
+    case KMToolKind::Scale:
+        return Scales | HasCentre;
+    default:
+        return Everything;
+    }
+}
+
+} // namespace
+
+KMToolUniv::KMToolUniv(int id, QWidget *parent)
+    : KMToolUniv(id, std::make_unique<KMSelectionDrag>(), parent)
+{
+}
+
+KMToolUniv::KMToolUniv(int id, std::unique_ptr<KMDragSubject> subject, QWidget *parent)
+    : KMTool(id, parent)
+    , m_handleMode(defaultMode(id))
+    , m_subject(std::move(subject))
+{
+}
+
+KMToolUniv::~KMToolUniv() = default;
+
+// Options
+
+void KMToolUniv::setHandleMode(int mode)
+{
+    m_handleMode = mode;
+    if (m_handle)
+        m_handle->setMode(mode);
+    emit optionsChanged();
+    gSolution->refreshViews(allViews);
+}
+
+void KMToolUniv::setHandleShown(bool shown)
+{
+    m_isHandleShown = shown;
+    emit optionsChanged();
+    gSolution->refreshViews(allViews);
+}
+
+void KMToolUniv::setLocal(bool local)
+{
+    m_isLocal = local;
+    updateCentre();
+    emit optionsChanged();
+    gSolution->refreshViews(allViews);
+}
+
+void KMToolUniv::resetOptions()
+{
+    m_isHandleShown = true;
+    setLocal(false);
+    setHandleMode(defaultMode(toolId()));
+}
+
+// Life
+
+void KMToolUniv::initialize()
+{
+    m_handle = new KMToolHandle;
+    m_handle->setMode(m_handleMode);
+    m_square = new KMToolSquare;
+    m_lasso = new KMToolLasso;
+    m_brush = new KMToolCircle;
+    m_hint = new KMToolMesh(KMToolOverlay::Points);
+    m_grid = new KMToolSymmetryGrid;
+    addMesh(FaceMeshes, m_handle);
+    addMesh(EdgeMeshes, m_grid);
+    for (KMToolMesh *marquee :
+         {static_cast<KMToolMesh *>(m_square), static_cast<KMToolMesh *>(m_lasso), static_cast<KMToolMesh *>(m_brush)})
+        addMesh(ScreenLines, marquee);
+    addMesh(PointMeshes, m_hint);
+}
+
+void KMToolUniv::finalize()
+{
+    KMTool::finalize();
+    m_handle = nullptr;
+    m_square = nullptr;
+    m_lasso = nullptr;
+    m_brush = nullptr;
+    m_hint = nullptr;
+    m_grid = nullptr;
+}
+
+void KMToolUniv::activate()
+{
+    refresh();
+}
+
+void KMToolUniv::deactivate()
+{
+    KMTool::deactivate();
+    m_hasCentre = false;
+    m_hover = {};
+}
+
+void KMToolUniv::refresh()
+{
+    if (m_operation == Operation::None)
+        updateCentre();
+}
+
+void KMToolUniv::currentNodeChanged(KMNode *)
+{
+    refresh();
+}
+
+void KMToolUniv::updateCentre()
+{
+    if (!m_handle)
+        return;
+    const std::optional<kvm::Vector3> centre =
+        gSolution->tool() == this && gSolution->project() ? m_subject->centre() : std::nullopt;
+    m_hasCentre = bool(centre);
+    if (centre)
+        m_handle->setPlace(*centre, m_isLocal ? m_subject->localAxes() : kvm::Quaternion());
+}
+
+void KMToolUniv::cancel()
+{
+    if (m_operation == Operation::None)
+        return;
+    if (m_operation == Operation::Drag)
+        m_subject->cancel();
+    if (m_operation == Operation::Brush)
+        m_brushSelect.cancel();
+    end();
+    gSolution->refreshViews(allViews);
+}
+
+void KMToolUniv::end()
+{
+    m_operation = Operation::None;
+    m_hasMoved = false;
+    m_widget = nullptr;
+    m_hint->setVisible(false);
+    setEditing(false);
+    updateCentre();
+}
+
+// Mouse
+
+bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
+{
+    if (m_operation != Operation::None)
+        return true;
+    if (event->buttons() != Qt::LeftButton || (event->modifiers() & Qt::AltModifier) || !m_handle)
+        return false;
+    m_pressPos = m_lastPos = event->localPos();
+    m_hasLeftPress = false;
+    m_widget = widget;
+    const int code = handleCodeAt(m_pressPos, *widget);
+    if (code != NoPart) {
+        beginDrag(code, m_handle->position(), *event, nullptr);
+        return true;
+    }
+    KMPickRequest request = requestFor(gSettings->vertexClickMargin);
+    if (pick(request, m_pressPos, widget))
+        pressElement(request, *event);
+    else
+        beginMarquee(*event);
+    return true;
+}
+
+int KMToolUniv::handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const
+{
+    return m_hasCentre && m_isHandleShown ? m_handle->codeAt(*widget.camera(), position) : int(NoPart);
+}
+
+KMPickRequest KMToolUniv::requestFor(float margin) const
+{
+    const KMEditFilter &filter = gSolution->editFilter();
+    const QList<KMMeshNode *> chosen = KMMeshTargets::chosen();
+    KMPickRequest request;
+    request.margin = margin;
+    request.wantVertex = filter.vertices;
+    request.wantEdge = filter.edges;
+    request.wantFace = filter.faces;
+    request.includeChildren =
+        std::any_of(chosen.begin(), chosen.end(), [](const KMMeshNode *mesh) { return mesh->ownerNode(); });
+    return request;
+}
+
+/// The result of a modifier lies over the mesh that is edited: unless the modifier itself is chosen, it is looked
+/// through.
+bool KMToolUniv::pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const
+{
+    if (gRenderer)
+        gRenderer->refreshWindowCoords(*widget->camera());
+    if (!KMPicker::pick(*widget->camera(), position, request))
+        return false;
+    if (!request.mesh->ownerModifier() || KMMeshTargets::isChosen(*request.mesh))
+        return true;
+    request.testActiveOnly = true;
+    return KMPicker::pick(*widget->camera(), position, request);
+}
+
+void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &event)
+{
+    constexpr Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
+    if ((event.modifiers() & both) == both)
+        KMElementClick::log(hit);
+    m_widget->camera()->setPivot(hit.point);
+    if (clickElement(hit, event.modifiers()))
+        beginDrag(m_handleMode & Translates ? Move | AsItIs : int(Move), hit.point, event, &hit);
+    else
+        m_widget = nullptr;
+}
+
+bool KMToolUniv::clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers)
+{
+    return KMElementClick::select(hit, KMMeshSelect::clickMode(modifiers));
+}
+
+void KMToolUniv::clickNothing()
+{
+    KMMeshSelect::unselectAll();
+}
+
+void KMToolUniv::beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit)
+{
+    const KMCameraNode &camera = *m_widget->camera();
+    KMHandleDrag::Start start;
+    start.isFreeView = camera.isPerspectiveKind();
+    start.code = rewritten(code, m_handleMode, event.modifiers() & Qt::ShiftModifier, start.isFreeView);
+    start.press = m_pressPos;
+    start.anchor = anchor;
+    start.handle = m_handle->placeIn(camera);
+    start.isZReversed = m_handle->isZReversed();
+    m_drag = KMHandleDrag(camera, start);
+    KMDragSubject::Grab grab{camera, m_drag};
+    if (hit) {
+        grab.mesh = hit->mesh;
+        grab.vertex = KMElementClick::nearestVertex(*hit, m_pressPos);
+    }
+    if (m_subject->begin(grab))
+        begin(Operation::Drag);
+    else
+        m_widget = nullptr;
+}
+
+void KMToolUniv::begin(Operation operation)
+{
+    m_operation = operation;
+    m_hasMoved = false;
+    setEditing(true);
+}
+
+void KMToolUniv::beginMarquee(const KMMouseEvent &event)
+{
+    if (!hasMarquee())
+        return begin(Operation::Square);
+    switch (gSolution->editFilter().shape) {
+    case KMEditFilter::Shape::Square:
+        return begin(Operation::Square);
+    case KMEditFilter::Shape::Lasso:
+        m_lasso->begin(m_pressPos);
+        return begin(Operation::Lasso);
+    case KMEditFilter::Shape::Brush:
+        begin(Operation::Brush);
+        m_brush->moveTo(m_pressPos);
+        m_brushSelect.begin(KMMeshSelect::marqueeMode(event.modifiers()), m_brush->radius());
+        m_brushSelect.strokeTo(m_pressPos, m_pressPos);
+    }
+}
+
+bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
+{
+    if (!m_handle)
+        return false;
+    if (m_operation == Operation::None)
+        return event->buttons() == Qt::NoButton && hover(event->localPos(), widget);
+    if (widget != m_widget)
+        return false;
+    const QPointF before = m_lastPos;
+    m_lastPos = event->localPos();
+    const double away = QLineF(m_pressPos, m_lastPos).length();
+    m_hasLeftPress = m_hasLeftPress || away >= double(gSettings->vertexClickMargin);
+    if (m_operation == Operation::Drag && (m_hasMoved || away > double(gSettings->operationMargin)))
+        drag(event->modifiers());
+    if (m_operation == Operation::Lasso)
+        m_lasso->lengthen(m_lastPos);
+    if (m_operation == Operation::Brush) {
+        m_brush->moveTo(m_lastPos);
+        m_brushSelect.strokeTo(before, m_lastPos);
+    }
+    return true;
+}
+
+void KMToolUniv::drag(Qt::KeyboardModifiers modifiers)
+{
+    const KMCameraNode &camera = *m_widget->camera();
+    const KMDragTransform asked = m_drag.transform(camera, m_lastPos, modifiers & Qt::ShiftModifier);
+    const KMDragTransform transform = m_subject->apply(asked, camera);
+    m_hasMoved = m_hasMoved || !transform.isIdentity();
+    const KMHandlePlace &start = m_drag.start().handle;
+    if (transform.kind == KMDragTransform::Kind::Rotate)
+        m_handle->setPlace(start.position, transform.turn() * start.axes);
+    else
+        m_handle->setPlace(start.position + transform.delta, start.axes);
+    const std::optional<kvm::Vector3> snapPoint = m_subject->snapPoint();
+    if (snapPoint)
+        m_hint->setLines({*snapPoint, *snapPoint}, {{0, 1}});
+    m_hint->setVisible(bool(snapPoint));
+    m_value = m_drag.valueText(transform);
+    gSolution->setProgress(m_drag.statusText(transform));
+    emit valueChanged(m_value);
+}
+
+/// Whether the view has to be painted anew.
+bool KMToolUniv::hover(const QPointF &position, KMOpenGLWidget *widget)
+{
+    const int code = handleCodeAt(position, *widget);
+    bool isChanged = m_handle->setHot(code);
+    Hover over;
+    if (code == NoPart) {
+        KMPickRequest request = requestFor(hoverMargin);
+        if (pick(request, position, widget))
+            over = {request.mesh, request.vertex, request.edge ? request.edge->key() : 0, request.face};
+    } else {
+        KMPicker::clearHot();
+    }
+    isChanged = isChanged || over != m_hover;
+    m_hover = over;
+    return isChanged;
+}
+
+void KMToolUniv::leave(QEvent *, KMOpenGLWidget *)
+{
+    if (m_operation != Operation::None || !m_handle)
+        return;
+    m_handle->setHot(NoPart);
+    m_hover = {};
+    KMPicker::clearHot();
+}
+
+bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
+{
+    if (m_operation == Operation::None || widget != m_widget || (event->buttons() & Qt::LeftButton))
+        return false;
+    m_lastPos = event->localPos();
+    const Operation operation = m_operation;
+    const bool hasMoved = m_hasMoved;
+    if (gRenderer && operation != Operation::Drag)
+        gRenderer->refreshWindowCoords(*widget->camera());
+    // The panels hold still until here, and the step is what they have to show.
+    m_operation = Operation::None;
+    setEditing(false);
+    if (operation != Operation::Drag)
+        commitMarquee(operation, event->modifiers());
+    else if (hasMoved)
+        m_subject->commit();
+    else
+        m_subject->cancel();
+    end();
+    return true;
+}
+
+void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
+{
+    const bool isClick = !m_hasLeftPress && !(operation == Operation::Brush && m_brushSelect.hasTouched());
+    if (operation == Operation::Brush)
+        m_brushSelect.commit();
+    if (isClick) {
+        if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
+            clickNothing();
+        return;
+    }
+    if (!hasMarquee())
+        return;
+    const KMMeshSelect::Mode mode = KMMeshSelect::marqueeMode(modifiers);
+    if (operation == Operation::Square)
+        KMMarqueeSelect::selectRect(QRectF(m_pressPos, m_lastPos).normalized(), mode);
+    if (operation == Operation::Lasso)
+        KMMarqueeSelect::selectLasso(m_lasso->polygon(), mode);
+}
+
+// What it shows
+
+void KMToolUniv::draw(KMOpenGLWidget *widget)
+{
+    if (!m_handle)
+        return;
+    const KMCameraNode *camera = widget ? widget->camera() : nullptr;
+    const bool showsHandle = camera && !camera->isUV() && m_hasCentre && m_isHandleShown && !isMarquee();
+    m_handle->setVisible(showsHandle);
+    if (showsHandle)
+        m_handle->aim(*camera);
+    const auto shows = [&](Operation operation) { return widget && widget == m_widget && m_operation == operation; };
+    m_square->setVisible(shows(Operation::Square) && hasMarquee());
+    m_lasso->setVisible(shows(Operation::Lasso));
+    m_brush->setVisible(shows(Operation::Brush));
+    if (m_square->isVisible())
+        m_square->stretch(m_pressPos, m_lastPos);
+    const std::optional<kvm::Matrix4> frame = KMElementClick::symmetryFrame();
+    m_grid->setVisible(camera && !camera->isUV() && frame);
+    if (frame)
+        m_grid->place(*frame);
+}

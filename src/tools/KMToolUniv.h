@@ -1,0 +1,114 @@
+#pragma once
+
+#include "render/KMPickRequest.h"
+#include "tools/KMBrushSelect.h"
+#include "tools/KMDragSubject.h"
+#include "tools/KMTool.h"
+
+#include <QPointer>
+
+#include <memory>
+
+class KMToolCircle;
+class KMToolHandle;
+class KMToolLasso;
+class KMToolSquare;
+class KMToolSymmetryGrid;
+
+/// The standard tool: a click selects, a drag over nothing selects an area, and a drag at an element or at the handle
+/// moves, scales or turns what is selected. The tools for one of these are the same with fewer parts at the handle.
+class KMToolUniv : public KMTool
+{
+    Q_OBJECT
+public:
+    explicit KMToolUniv(int id, QWidget *parent = nullptr); ///< of KMToolKind: Universal, Move, Rotate or Scale
+    ~KMToolUniv() override;
+
+    int handleMode() const { return m_handleMode; }
+    void setHandleMode(int mode); ///< bits of KMHandleCode::Mode
+    bool isHandleShown() const { return m_isHandleShown; }
+    void setHandleShown(bool shown);
+    bool isLocal() const { return m_isLocal; }
+    void setLocal(bool local);                ///< the handle stands as the current node does, else as the world
+    QString value() const { return m_value; } ///< of the drag, for the panel
+    KMToolHandle *handle() const { return m_handle; }
+
+    void initialize() override;
+    void finalize() override;
+    void activate() override;
+    void deactivate() override;
+    void refresh() override;
+    void currentNodeChanged(KMNode *node) override;
+    void updateCentre() override;
+    void cancel() override;
+    void resetOptions() override;
+    void leave(QEvent *event, KMOpenGLWidget *widget) override;
+    void draw(KMOpenGLWidget *widget) override;
+    bool mousePress(KMMouseEvent *event, KMOpenGLWidget *widget) override;
+    bool mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget) override;
+    bool mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget) override;
+
+signals:
+    void optionsChanged();
+    void valueChanged(const QString &value);
+
+protected:
+    KMToolUniv(int id, std::unique_ptr<KMDragSubject> subject, QWidget *parent);
+
+    /// Selects what was pressed; whether a drag moves it now.
+    virtual bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
+    virtual void clickNothing();
+    virtual bool hasMarquee() const { return true; }
+    virtual KMPickRequest requestFor(float margin) const; ///< what the mouse may pick; margin in pixels
+
+private:
+    enum class Operation { None, Drag, Square, Lasso, Brush };
+    /// What the cursor is over; compared, never used.
+    struct Hover
+    {
+        const void *mesh = nullptr;
+        int vertex = -1;
+        quint64 edge = 0;
+        int face = -1;
+        bool operator!=(const Hover &other) const
+        {
+            return mesh != other.mesh || vertex != other.vertex || edge != other.edge || face != other.face;
+        }
+    };
+
+    int handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const;
+    bool pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const;
+    void pressElement(const KMPickRequest &hit, const KMMouseEvent &event);
+    void begin(Operation operation);
+    void beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit);
+    void beginMarquee(const KMMouseEvent &event);
+    void drag(Qt::KeyboardModifiers modifiers);
+    bool hover(const QPointF &position, KMOpenGLWidget *widget);
+    void end();
+    void commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    bool isMarquee() const { return m_operation != Operation::None && m_operation != Operation::Drag; }
+
+    int m_handleMode;
+    bool m_isHandleShown = true;
+    bool m_isLocal = false;
+    bool m_hasCentre = false;    // there is something that the handle can stand at
+    bool m_hasMoved = false;     // in this drag
+    bool m_hasLeftPress = false; // the cursor was farther away than a click goes
+    Operation m_operation = Operation::None;
+    QPointF m_pressPos;
+    QPointF m_lastPos;
+    QPointer<KMOpenGLWidget> m_widget; // of the operation
+    QString m_value;
+    KMHandleDrag m_drag;
+    std::unique_ptr<KMDragSubject> m_subject;
+    KMBrushSelect m_brushSelect;
+    Hover m_hover;
+
+    // Owned as overlays; null before initialize()
+    KMToolHandle *m_handle = nullptr;
+    KMToolSquare *m_square = nullptr;
+    KMToolLasso *m_lasso = nullptr;
+    KMToolCircle *m_brush = nullptr;
+    KMToolMesh *m_hint = nullptr;
+    KMToolSymmetryGrid *m_grid = nullptr;
+};

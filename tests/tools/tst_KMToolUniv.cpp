@@ -1,0 +1,479 @@
+#include "core/KMNodeCommands.h"
+#include "core/KMProject.h"
+#include "core/KMSettings.h"
+#include "core/KMSolution.h"
+#include "mesh/KMMeshNode.h"
+#include "render/KMCameraNode.h"
+#include "render/KMOpenGLContainer.h"
+#include "render/KMPicker.h"
+#include "shell/KMMainBox.h"
+#include "shell/kmmainwidget.h"
+#include "support/MeshFixtures.h"
+#include "support/TestRegistry.h"
+#include "support/TestWindow.h"
+#include "support/ViewMouse.h"
+#include "tools/KMHandleCode.h"
+#include "tools/KMToolBar.h"
+#include "tools/KMToolHandle.h"
+#include "tools/KMToolKind.h"
+#include "tools/KMToolUniv.h"
+
+#include <QTest>
+#include <QUndoStack>
+
+#include <cmath>
+
+using kvm::Vector3;
+
+namespace {
+
+constexpr int topView = 3, perspectiveView = 4, frontView = 5; // of the layout with four views
+constexpr float size = 40.0f;
+
+/// The window with four views, a mesh in the scene, and a tool in the hand.
+struct ToolWindow : TestWindow
+{
+    explicit ToolWindow(KMMeshNode *shape = MeshFixtures::cube(), int toolId = KMToolKind::Universal)
+        : mesh(shape)
+        , bar(static_cast<KMToolBar *>((*this)->toolBar()))
+        , tool(static_cast<KMToolUniv *>(bar->tool(toolId)))
+    {
+        for (int i = 0; i < mesh->vertexCount(); ++i)
+            mesh->setPosition(i, mesh->position(i) * size);
+        (*this)->mainBox()->setViewMode(KMOpenGLContainer::Quad);
+        gSolution->push(new addNodeCommand(mesh));
+        gSolution->clearHistory();
+        filter({true, false, false});
+        tool->requestActivation();
+    }
+    bool isReady() const
+    {
+        return QTest::qWaitFor([this] { return view(frontView)->isInitialised() && view(topView)->isInitialised(); });
+    }
+    KMOpenGLWidget *view(int index) const { return (*this)->mainBox()->views()->widget(index); }
+    static void filter(const KMEditFilter &filter) { gSolution->setEditFilter(filter); }
+    QPointF at(int viewIndex, const Vector3 &point) const
+    {
+        const Vector3 window = view(viewIndex)->camera()->worldToWindow(point);
+        return {double(window.x), double(window.y)};
+    }
+    QPointF at(int viewIndex, int vertex) const { return at(viewIndex, mesh->position(vertex)); }
+    void select(const QList<int> &vertices)
+    {
+        for (const int i : vertices)
+            mesh->setVertexFlag(i, KMElementFlag::Selected);
+        tool->refresh();
+    }
+    QList<int> selected() const
+    {
+        QList<int> indices;
+        for (int i = 0; i < mesh->vertexCount(); ++i) {
+            if (mesh->vertex(i) && mesh->vertex(i)->hasFlag(KMElementFlag::Selected))
+                indices << i;
+        }
+        return indices;
+    }
+    /// A place on a part of the handle along one of its axes, so many units from its middle.
+    QPointF onHandle(int viewIndex, int axis, float units) const
+    {
+        const KMHandlePlace place = tool->handle()->placeIn(*view(viewIndex)->camera());
+        Vector3 along;
+        along[axis] = units * place.unit;
+        return at(viewIndex, place.position + place.axes.rotate(along));
+    }
+    float pixel(int viewIndex) const { return view(viewIndex)->camera()->pixelWorldLength({}) / 100.0f; }
+    void drag(int viewIndex, const QPointF &from, const QPointF &way, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        ViewMouse mouse(view(viewIndex));
+        mouse.modifiers = modifiers;
+        mouse.drag({Qt::LeftButton}, from, from + way);
+    }
+    /// What is wrong with a gesture that has to be one step of the history; nothing when all is right.
+    QString stepFailure(const QString &stepText, const std::function<void()> &gesture);
+
+    /// The document, without what is marked under the cursor.
+    QString text()
+    {
+        KMPicker::clearHot();
+        return dump.text();
+    }
+
+    KMMeshNode *mesh;
+    KMToolBar *bar;
+    KMToolUniv *tool;
+    MeshDump dump;
+};
+
+QString ToolWindow::stepFailure(const QString &stepText, const std::function<void()> &gesture)
+{
+    QUndoStack *stack = (*this)->undoStack();
+    const int index = stack->index();
+    const QString before = text();
+    gesture();
+    const QString after = text();
+    if (stack->index() != index + 1)
+        return QStringLiteral("%1 steps").arg(stack->index() - index);
+    if (stack->undoText() != stepText)
+        return stack->undoText();
+    if (after == before)
+        return QStringLiteral("no effect");
+    stack->undo();
+    if (text() != before)
+        return QStringLiteral("undo doesn't give the start");
+    stack->redo();
+    return text() == after ? QString() : QStringLiteral("redo doesn't give the result");
+}
+
+#define ONE_STEP(window, text, ...) QCOMPARE((window).stepFailure(QStringLiteral(text), __VA_ARGS__), QString())
+
+bool isClose(const Vector3 &a, const Vector3 &b)
+{
+    return (a - b).length() < 1e-2f;
+}
+
+} // namespace
+
+/// The transform tools under a real mouse in the views of the real window.
+class tst_KMToolUniv : public QObject
+{
+    Q_OBJECT
+private slots:
+    void clicks();
+    void marquees_data();
+    void marquees();
+    void missesLeaveTheSelection();
+    void movesAlongTheHandle_data();
+    void movesAlongTheHandle();
+    void scalesInSteps();
+    void turnsInSteps();
+    void elementFollowsTheHand();
+    void snaps_data();
+    void snaps();
+    void symmetry_data();
+    void symmetry();
+    void wholeNode();
+    void interruptions_data();
+    void interruptions();
+    void nothingToEdit();
+};
+
+void tst_KMToolUniv::clicks()
+{
+    ToolWindow window;
+    QVERIFY(window.isReady());
+    ViewMouse mouse(window.view(perspectiveView));
+    const auto click = [&](int vertex, Qt::KeyboardModifiers modifiers) {
+        mouse.modifiers = modifiers;
+        mouse.click(window.at(perspectiveView, vertex));
+    };
+    ONE_STEP(window, "Select Vertex", [&] { click(2, Qt::NoModifier); });
+    ONE_STEP(window, "Select Vertex", [&] { click(3, Qt::ShiftModifier); });
+    QCOMPARE(window.selected(), (QList<int>{2, 3}));
+    click(3, Qt::NoModifier); // it may be the start of a drag of both
+    QCOMPARE(window.selected(), (QList<int>{2, 3}));
+    ONE_STEP(window, "Unselect Vertex", [&] { click(2, Qt::ControlModifier); });
+    ONE_STEP(window, "Select Vertex", [&] { click(1, Qt::NoModifier); });
+    QCOMPARE(window.selected(), QList<int>{1});
+    mouse.modifiers = Qt::ShiftModifier;
+    mouse.click({20, 150}); // on nothing
+    QCOMPARE(window.selected(), QList<int>{1});
+    mouse.modifiers = Qt::NoModifier;
+    ONE_STEP(window, "UnSelectAll", [&] { mouse.click({20, 150}); });
+    const int steps = window->undoStack()->count();
+    mouse.click({20, 150});
+    QCOMPARE(window->undoStack()->count(), steps);
+    QVERIFY(!window.tool->isEditing());
+}
+
+void tst_KMToolUniv::marquees_data()
+{
+    QTest::addColumn<int>("shape");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("rectangle") << int(KMEditFilter::Shape::Square) << "Rect Select";
+    QTest::newRow("lasso") << int(KMEditFilter::Shape::Lasso) << "Lasso Select";
+    QTest::newRow("brush") << int(KMEditFilter::Shape::Brush) << "Brush Select";
+}
+
+/// Around the upper edge of the cube in the front view, added and taken away again.
+void tst_KMToolUniv::marquees()
+{
+    QFETCH(int, shape);
+    QFETCH(QString, text);
+    ToolWindow window;
+    QVERIFY(window.isReady());
+    window.filter({true, false, false, false, KMEditFilter::Shape(shape)});
+    const bool isLasso = shape == int(KMEditFilter::Shape::Lasso);
+    const bool isBrush = shape == int(KMEditFilter::Shape::Brush);
+    const QPointF left = window.at(frontView, 2), right = window.at(frontView, 3);
+    const auto stroke = [&](Qt::KeyboardModifiers modifiers) {
+        const QPointF out(20, isBrush ? 20 : 25);
+        ViewMouse mouse(window.view(frontView));
+        mouse.modifiers = modifiers;
+        const QPointF from = left - (isBrush ? QPointF(20, 16) : out);
+        mouse.press(Qt::LeftButton, from);
+        if (isLasso)
+            mouse.move({right.x() + out.x(), from.y()});
+        mouse.move(isBrush ? right + QPointF(20, -16) : right + out);
+        QCOMPARE(window.selected().isEmpty(), !isBrush || modifiers == Qt::ControlModifier);
+        if (isLasso)
+            mouse.move(left + QPointF(-out.x(), out.y()));
+        mouse.release(Qt::LeftButton, isLasso   ? left + QPointF(-out.x(), out.y())
+                                      : isBrush ? right + QPointF(20, -16)
+                                                : right + out);
+    };
+    QCOMPARE(window.stepFailure(text, [&] { stroke(Qt::NoModifier); }), QString());
+    QCOMPARE(window.selected(), (QList<int>{2, 3, 6, 7}));
+}
+
+void tst_KMToolUniv::missesLeaveTheSelection()
+{
+    ToolWindow window;
+    QVERIFY(window.isReady());
+    for (const auto shape : {KMEditFilter::Shape::Square, KMEditFilter::Shape::Lasso}) {
+        window.filter({true, false, false, false, shape});
+        window.select({0, 5});
+        window.drag(perspectiveView, {12, 120}, {30, 25});
+        QCOMPARE(window.selected(), (QList<int>{0, 5}));
+        QCOMPARE(window->undoStack()->count(), 0);
+    }
+}
+
+void tst_KMToolUniv::movesAlongTheHandle_data()
+{
+    QTest::addColumn<int>("viewIndex");
+    QTest::addColumn<int>("axis");
+    QTest::newRow("x from the front") << frontView << 0;
+    QTest::newRow("y from the front") << frontView << 1;
+    QTest::newRow("x from above") << topView << 0;
+    QTest::newRow("z from above") << topView << 2;
+}
+
+void tst_KMToolUniv::movesAlongTheHandle()
+{
+    QFETCH(int, viewIndex);
+    QFETCH(int, axis);
+    ToolWindow window;
+    QVERIFY(window.isReady());
+    window.select({1, 3});
+    const Vector3 before[] = {window.mesh->position(1), window.mesh->position(3)};
+    const QPointF from = window.onHandle(viewIndex, axis, 82);
+    const QPointF along = window.onHandle(viewIndex, axis, 107) - from;
+    const QPointF sideways = QPointF(along.y(), along.x()) / 3;
+    ONE_STEP(window, "Move Selection", [&] { window.drag(viewIndex, from, along + sideways); });
+    Vector3 way;
+    way[axis] = 25.0f * window.pixel(viewIndex);
+    QVERIFY(isClose(window.mesh->position(1), before[0] + way));
+    QVERIFY(isClose(window.mesh->position(3), before[1] + way));
+    QVERIFY(isClose(window.tool->handle()->position(), (before[0] + before[1]) * 0.5f + way));
+    QCOMPARE(window.mesh->position(0), Vector3(-size, -size, -size));
+}
+
+void tst_KMToolUniv::scalesInSteps()
+{
+    ToolWindow window;
+    QVERIFY(window.isReady());
+    window.select({0, 1, 2, 3, 4, 5, 6, 7});
+    const QPointF from = window.onHandle(frontView, 0, 38);
+    ONE_STEP(window, "Scale Selection", [&] { window.drag(frontView, from, {23, 9}, Qt::ShiftModifier); });
+    QVERIFY(isClose(window.mesh->position(7), {size * 1.5f, size, size}));
+    QCOMPARE(window.tool->value(), QStringLiteral("1.50"));
+}
+
+void tst_KMToolUniv::turnsInSteps()
+{
+    ToolWindow window(MeshFixtures::cube(), KMToolKind::Rotate);
+    QVERIFY(window.isReady());
+    window.select({0, 1, 2, 3, 4, 5, 6, 7});
+    // The ring turns with the cursor in a fixed view: an eighth of it.
+    const QPointF middle = window.at(frontView, Vector3());
+    const double radius = 105.0;
+    const QPointF from = middle + QPointF(radius, 0);
+    const QPointF to = middle + QPointF(radius * 0.7, -radius * 0.75);
+    ONE_STEP(window, "Rotate Selection", [&] { window.drag(frontView, from, to - from, Qt::ShiftModifier); });
+    QVERIFY(isClose(window.mesh->position(7), {0, size * std::sqrt(2.0f), size}));
+    // With one kind of part the centre does what it does.
+    ONE_STEP(window, "Rotate Selection", [&] { window.drag(frontView, middle, {40, 0}); });
+    QVERIFY(window.tool->handle()->axes().isIdentity());
+}
+
+/// In perspective, at the depth of the vertex.
+void tst_KMToolUniv::elementFollowsTheHand()
+{
+    ToolWindow window;
+    QVERIFY(window.isReady());
+    window.select({3});
+    const QPointF from = window.at(perspectiveView, 3);
+    const Vector3 depth = window.view(perspectiveView)->camera()->worldToWindow(window.mesh->position(3));
+    window.tool->setHandleShown(false); // the vertex itself lies below the cursor
+    ONE_STEP(window, "Move Selection", [&] { window.drag(perspectiveView, from, {-21, 34}); });
+    const QPointF missed = window.at(perspectiveView, 3) - from - QPointF(-21, 34);
+    QVERIFY(missed.manhattanLength() < 0.1);
+    const Vector3 after = window.view(perspectiveView)->camera()->worldToWindow(window.mesh->position(3));
+    QVERIFY(std::fabs(after.z - depth.z) < 1e-4f);
+    // Below the margin a drag is a click.
+    const int steps = window->undoStack()->count();
+    window.drag(perspectiveView, window.at(perspectiveView, 3), {1, 2});
+    QCOMPARE(window->undoStack()->count(), steps);
+    window.tool->setHandleShown(true);
+}
+
+void tst_KMToolUniv::snaps_data()
+{
+    QTest::addColumn<int>("options");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("faces"); // of three triangles afterwards
+    QTest::addColumn<bool>("onto");
+    const int on = KMSnapOption::Self | KMSnapOption::All | KMSnapOption::Vertex;
+    QTest::newRow("stopped") << (on | KMSnapOption::Stop | KMSnapOption::Merge) << "Move Selection" << 6 << false;
+    QTest::newRow("onto") << on << "Snap Vertex" << 6 << true;
+    QTest::newRow("merged") << (on | KMSnapOption::Merge) << "Snap Vertex" << 4 << true;
+    QTest::newRow("others only") << int(KMSnapOption::All | KMSnapOption::Vertex) << "Move Selection" << 6 << false;
+}
+
+/// From the tip of a cone, seen from above, to a vertex of its rim.
+void tst_KMToolUniv::snaps()
+{
+    QFETCH(int, options);
+    QFETCH(QString, text);
+    QFETCH(int, faces);
+    QFETCH(bool, onto);
+    ToolWindow window(MeshFixtures::openCone());
+    QVERIFY(window.isReady());
+    gSolution->setSnapOptions(options);
+    window.select({0});
+    window.tool->setHandleShown(false);
+    const Vector3 rim = window.mesh->position(2);
+    const QPointF from = window.at(topView, 0);
+    const QPointF way = window.at(topView, 2) - from + QPointF(4, 3);
+    QCOMPARE(window.stepFailure(text, [&] { window.drag(topView, from, way); }), QString());
+    const int live = int(std::count_if(window.mesh->faces().begin(), window.mesh->faces().end(),
+                                       [](const KMFace *face) { return face && face->isLive(); }));
+    QCOMPARE(live, faces);
+    const bool isMerged = !window.mesh->vertex(0);
+    QCOMPARE(isMerged, faces == 4);
+    QCOMPARE(!isMerged && window.mesh->position(0) == rim, onto && !isMerged);
+    window.tool->setHandleShown(true);
+}
+
+void tst_KMToolUniv::symmetry_data()
+{
+    QTest::addColumn<QList<int>>("selected");
+    QTest::addColumn<QList<int>>("moved"); // by the way, by its image
+    QTest::addColumn<QList<int>>("mirrored");
+    QTest::newRow("one side") << QList<int>{1} << QList<int>{1} << QList<int>{0};
+    QTest::newRow("the other side") << QList<int>{2, 6} << QList<int>{2, 6} << QList<int>{3, 7};
+    QTest::newRow("both sides") << QList<int>{0, 1} << QList<int>{1} << QList<int>{0};
+}
+
+void tst_KMToolUniv::symmetry()
+{
+    QFETCH(QList<int>, selected);
+    QFETCH(QList<int>, moved);
+    QFETCH(QList<int>, mirrored);
+    ToolWindow window;
+    QVERIFY(window.isReady());
+    window.filter({true, false, false, true});
+    window.select(selected);
+    QVector<Vector3> before;
+    for (int i = 0; i < 8; ++i)
+        before << window.mesh->position(i);
+    const QPointF from = window.onHandle(frontView, 0, 82);
+    ONE_STEP(window, "Move Selection", [&] { window.drag(frontView, from, {20, 0}); });
+    const float way = 20.0f * window.pixel(frontView);
+    for (int i = 0; i < 8; ++i) {
+        const float x = moved.contains(i) ? way : mirrored.contains(i) ? -way : 0.0f;
+        QVERIFY2(isClose(window.mesh->position(i), before.at(i) + Vector3(x, 0, 0)), QByteArray::number(i));
+    }
+}
+
+/// Vertices stand in the world: they move with the frame of the node, in one step.
+void tst_KMToolUniv::wholeNode()
+{
+    ToolWindow window(MeshFixtures::cube(), KMToolKind::SRT);
+    QVERIFY(window.isReady());
+    QPointF from = window.onHandle(frontView, 1, 82);
+    ONE_STEP(window, "Edit SRT", [&] { window.drag(frontView, from, {7, -25}); });
+    const float way = 25.0f * window.pixel(frontView);
+    QVERIFY(isClose(window.mesh->translation(), {0, way, 0}));
+    QVERIFY(isClose(window.mesh->position(7), {size, size + way, size}));
+    from = window.onHandle(frontView, 0, 38);
+    ONE_STEP(window, "Edit SRT", [&] { window.drag(frontView, from, {42, 0}, Qt::ShiftModifier); });
+    QCOMPARE(window.mesh->scale(), Vector3(2, 1, 1));
+    QVERIFY(isClose(window.mesh->position(7), {size * 2, size + way, size}));
+    QVERIFY(isClose(window.tool->handle()->position(), {0, way, 0}));
+}
+
+void tst_KMToolUniv::interruptions_data()
+{
+    QTest::addColumn<int>("toolId");
+    QTest::addColumn<int>("shape");
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"escape", "tool", "focus", "document", "close"}) {
+        QTest::addRow("move, %s", how) << int(KMToolKind::Universal) << -1 << how;
+        QTest::addRow("node, %s", how) << int(KMToolKind::SRT) << -1 << how;
+    }
+    QTest::newRow("brush, escape") << int(KMToolKind::Universal) << int(KMEditFilter::Shape::Brush) << "escape";
+    QTest::newRow("rectangle, focus") << int(KMToolKind::Universal) << int(KMEditFilter::Shape::Square) << "focus";
+}
+
+/// Nothing of a drag is left, and nothing of it comes back with the next move of the mouse.
+void tst_KMToolUniv::interruptions()
+{
+    QFETCH(int, toolId);
+    QFETCH(int, shape);
+    QFETCH(QString, how);
+    ToolWindow window(MeshFixtures::cube(), toolId);
+    QVERIFY(window.isReady());
+    QVERIFY(window.focus(window.view(frontView)));
+    window.filter({true, false, false, true, KMEditFilter::Shape(qMax(shape, 0))});
+    window.select({1, 3});
+    const QString before = window.text();
+    ViewMouse mouse(window.view(frontView));
+    const QPointF from = shape < 0 ? window.onHandle(frontView, 0, 82) : window.at(frontView, 2) - QPointF(30, 30);
+    mouse.press(Qt::LeftButton, from);
+    mouse.move(from + QPointF(35, 35));
+    QVERIFY(window.tool->isEditing());
+    QCOMPARE(window.text() == before, shape == int(KMEditFilter::Shape::Square));
+    if (how == QLatin1String("close"))
+        return window.close();
+    if (how == QLatin1String("escape"))
+        QTest::keyClick(window.view(frontView), Qt::Key_Escape);
+    else if (how == QLatin1String("tool"))
+        window.tool->deactivate();
+    else if (how == QLatin1String("focus"))
+        window.view(frontView)->clearFocus();
+    else
+        gSolution->newDocument();
+    QVERIFY(!window.tool->isEditing());
+    mouse.move(from + QPointF(60, 10));
+    mouse.release(Qt::LeftButton, from + QPointF(60, 10));
+    QCOMPARE(window->undoStack()->count(), 0);
+    if (how != QLatin1String("document"))
+        QCOMPARE(window.text(), before);
+}
+
+/// Locked, hidden or without a selection: the handle isn't there and a press finds nothing.
+void tst_KMToolUniv::nothingToEdit()
+{
+    ToolWindow window;
+    QVERIFY(window.isReady());
+    const QString before = window.text();
+    window.drag(frontView, window.onHandle(frontView, 0, 82), {0, -30});
+    QCOMPARE(window.text(), before);
+    window.select({1, 3});
+    for (void (KMContainerNode::*set)(bool) : {&KMContainerNode::setLocked, &KMContainerNode::setVisible}) {
+        const bool on = set == &KMContainerNode::setLocked;
+        (window.mesh->*set)(on);
+        window.tool->refresh();
+        const QString state = window.text();
+        window.drag(frontView, window.onHandle(frontView, 0, 82), {0, -30});
+        window.drag(frontView, window.at(frontView, 1), {40, -30});
+        QCOMPARE(window.text(), state);
+        (window.mesh->*set)(!on);
+    }
+    QCOMPARE(window->undoStack()->count(), 0);
+}
+
+KM_TEST(tst_KMToolUniv);
+
+#include "tst_KMToolUniv.moc"
