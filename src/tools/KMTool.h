@@ -107,6 +107,6 @@ private:
     QStringList m_modeNames;
     std::array<QList<KMToolMesh *>, 4> m_meshes; // by OverlayGroup
     QAction *m_action;
+    QColor m_background; // before the animation, which reads it at once
     QPropertyAnimation *m_fade;
-    QColor m_background;
 };
