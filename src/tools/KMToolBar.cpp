@@ -1,6 +1,7 @@
 #include "tools/KMToolBar.h"
 
 #include "core/KMSolution.h"
+#include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
 #include "tools/KMToolBevel.h"
@@ -12,6 +13,7 @@
 #include "tools/KMToolUniv.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QButtonGroup>
 
 #include <memory>
@@ -52,6 +54,7 @@ KMToolBar::KMToolBar(QWidget *parent)
 {
     toggleViewAction()->setStatusTip(tr("Show or hide the buttons of the tools"));
     connect(gSolution, &KMSolution::currentNodeChanged, this, &KMToolBar::onCurrentNodeChanged);
+    connect(qApp, &QApplication::focusChanged, this, &KMToolBar::onFocusChanged);
     connect(this, &QToolBar::toolButtonStyleChanged, this, [this](Qt::ToolButtonStyle style) {
         for (KMTool *tool : std::as_const(m_tools))
             tool->setToolButtonStyle(style);
@@ -129,6 +132,14 @@ void KMToolBar::onCommandChanged(QAbstractButton *button)
     chosen->activate();
     emit commandChanged(chosen);
     gSolution->refreshViews(allViews);
+}
+
+/// A view that loses the keyboard doesn't learn how its drag ends.
+void KMToolBar::onFocusChanged(QWidget *former)
+{
+    KMTool *tool = current();
+    if (tool && tool->isEditing() && qobject_cast<KMOpenGLWidget *>(former))
+        tool->cancel();
 }
 
 void KMToolBar::onEnterEditing(bool editing)

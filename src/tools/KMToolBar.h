@@ -34,6 +34,7 @@ private slots:
     void onCommandChanged(QAbstractButton *button);
     void onEnterEditing(bool editing);
     void onCurrentNodeChanged(KMNode *node);
+    void onFocusChanged(QWidget *former);
 
 private:
     QButtonGroup *m_group;

@@ -390,6 +390,7 @@ bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
     // The panels hold still until here, and the step is what they have to show.
     m_operation = Operation::None;
     setEditing(false);
+    KMPicker::clearHot(); // the history would keep the mark with a record that goes
     if (operation != Operation::Drag)
         commitMarquee(operation, event->modifiers());
     else if (hasMoved)

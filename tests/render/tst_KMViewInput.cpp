@@ -35,10 +35,10 @@ QPointF placeOnBox(const KMOpenGLWidget &view, int code)
 }
 
 /// Hovers as the tools do.
-class PickingTool : public RecordingTool
+class PickingTool : public EventLogTool
 {
 public:
-    using RecordingTool::RecordingTool;
+    using EventLogTool::EventLogTool;
     bool mouseMove(KMMouseEvent *event, KMOpenGLWidget *view) override
     {
         request = {};
@@ -262,7 +262,7 @@ void tst_KMViewInput::orderOfPresses()
     QFETCH(int, second);
     ViewWindow window;
     QVERIFY(window.isPainted());
-    RecordingTool tool(4);
+    EventLogTool tool(4);
     Mouse mouse(window.view());
     const QPointF place = window.view()->rect().center();
     mouse.press(Qt::MouseButton(first), place);
@@ -325,7 +325,7 @@ void tst_KMViewInput::boxClickIsOver()
 {
     ViewWindow window;
     QVERIFY(window.isPainted());
-    RecordingTool tool(4);
+    EventLogTool tool(4);
     KMOpenGLWidget &view = *window.view();
     QSignalSpy clicks(&view, &KMOpenGLWidget::cameraBoxClicked);
     const QPointF place = placeOnBox(view, KMCameraBoxShape::Front);
@@ -346,7 +346,7 @@ void tst_KMViewInput::toolComesFirst()
 {
     ViewWindow window;
     QVERIFY(window.isPainted());
-    RecordingTool tool(4);
+    EventLogTool tool(4);
     tool.takes = true;
     const Pose before = poseOf(*window.view()->camera());
     const QPointF place = window.view()->rect().center();
@@ -369,7 +369,7 @@ void tst_KMViewInput::uvView()
     window.trigger("actionDualView");
     QVERIFY(window.isPainted());
     for (const int id : {4, int(KMViewTool::UVTool), int(KMViewTool::PaintTool)}) {
-        RecordingTool tool(id);
+        EventLogTool tool(id);
         for (const int index : {1, 2}) {
             tool.log.clear();
             KMOpenGLWidget *view = window.views->widget(index);
@@ -385,8 +385,8 @@ void tst_KMViewInput::toolIcons()
     window.trigger("actionDualView");
     QVERIFY(window.isPainted());
     QTRY_VERIFY(window.views->widget(1)->isInitialised());
-    RecordingTool uv(KMViewTool::UVTool);
-    RecordingTool paint(KMViewTool::PaintTool); // is the current one
+    EventLogTool uv(KMViewTool::UVTool);
+    EventLogTool paint(KMViewTool::PaintTool); // is the current one
     window.views->setToolSource([&](int id) { return id == KMViewTool::UVTool ? &uv : &paint; });
     KMOpenGLWidget *view = window.views->widget(1);
     KMToolIcons &icons = *view->toolIcons();
@@ -582,7 +582,7 @@ void tst_KMViewInput::penPressure()
     TouchWindow window; // touches and pens get along
     QVERIFY(window.isPainted());
     KMOpenGLWidget *view = window.view();
-    RecordingTool tool(4);
+    EventLogTool tool(4);
     const QPointF at = view->rect().center();
     Mouse mouse(view);
     mouse.source = Qt::MouseEventSynthesizedByQt;

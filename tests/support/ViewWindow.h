@@ -20,15 +20,15 @@
 using Mouse = ViewMouse;
 
 /// Writes down what a view hands to the tool.
-class RecordingTool : public KMViewTool
+class EventLogTool : public KMViewTool
 {
 public:
-    explicit RecordingTool(int id)
+    explicit EventLogTool(int id)
         : m_id(id)
     {
         gSolution->setTool(this);
     }
-    ~RecordingTool() override { gSolution->setTool(nullptr); }
+    ~EventLogTool() override { gSolution->setTool(nullptr); }
 
     bool isEditing() const override { return false; }
     void reset() override {}
@@ -81,13 +81,14 @@ public:
     QHash<QObject *, int> counts;
 };
 
-/// The window with painted views.
+/// The window with painted views, and no tool in the hand.
 struct ViewWindow : TestWindow
 {
     ViewWindow()
         : views((*this)->mainBox()->views())
     {
         gSettings->animateCamera = false;
+        gSolution->setTool(nullptr);
     }
     KMOpenGLWidget *view() const { return views->current(); }
     bool isPainted() const
