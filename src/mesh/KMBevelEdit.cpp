@@ -1,6 +1,7 @@
 #include "mesh/KMBevelEdit.h"
 
 #include "core/KMSolution.h"
+#include "mesh/KMCornerMotion.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
@@ -10,19 +11,11 @@
 
 #include <algorithm>
 
+using KMCornerMotion::cornerAfter;
+using KMCornerMotion::cornerBefore;
 using kvm::Vector3;
 
 namespace {
-
-int previousCorner(const KMFace &face, int corner)
-{
-    return corner > 0 ? corner - 1 : face.count - 1;
-}
-
-int nextCorner(const KMFace &face, int corner)
-{
-    return corner + 1 < face.count ? corner + 1 : 0;
-}
 
 /// How much of its two sides a way from a corner takes, as near as it comes in the plane of the face.
 struct Shares
@@ -124,8 +117,8 @@ void KMBevelEdit::addStrip(const KMBevelShape::Strip &strip)
 {
     const KMFace &face = *m_mesh.face(strip.face);
     const KMFace &other = *m_mesh.face(strip.otherFace);
-    const int end = nextCorner(face, strip.corner);
-    const int otherEnd = nextCorner(other, strip.otherCorner);
+    const int end = cornerAfter(face, strip.corner);
+    const int otherEnd = cornerAfter(other, strip.otherCorner);
     const bool isCut = hasSeam(strip);
     const auto across = [&](int point, int otherCorner, int corner) {
         return isCut ? cornerAt(point, strip.face, corner, true) : cornerAt(point, strip.otherFace, otherCorner);
@@ -150,8 +143,8 @@ bool KMBevelEdit::hasSeam(const KMBevelShape::Strip &strip) const
 {
     const KMFace &face = *m_mesh.face(strip.face);
     const KMFace &other = *m_mesh.face(strip.otherFace);
-    return face.uvs[strip.corner] != other.uvs[nextCorner(other, strip.otherCorner)]
-           || face.uvs[nextCorner(face, strip.corner)] != other.uvs[strip.otherCorner];
+    return face.uvs[strip.corner] != other.uvs[cornerAfter(other, strip.otherCorner)]
+           || face.uvs[cornerAfter(face, strip.corner)] != other.uvs[strip.otherCorner];
 }
 
 void KMBevelEdit::addFill(const QVector<int> &fill)
@@ -177,7 +170,7 @@ KMFace KMBevelEdit::cornerAt(int point, int face, int corner) const
     const KMBevelShape::Point &home = m_shape.points().at(point);
     const KMFace &record = *m_mesh.face(face);
     const bool isBeside = home.face == face || record.next(corner) == home.slide
-                          || record.indices[previousCorner(record, corner)] == home.slide;
+                          || record.indices[cornerBefore(record, corner)] == home.slide;
     const bool isOne = m_mesh.face(home.face)->uvs[home.corner] == record.uvs[corner];
     return isBeside || !isOne ? cornerAt(point, face, corner, false) : cornerAt(point, home.face, home.corner, false);
 }
@@ -185,8 +178,8 @@ KMFace KMBevelEdit::cornerAt(int point, int face, int corner) const
 KMFace KMBevelEdit::cornerAt(int point, int face, int corner, bool staysInFace) const
 {
     const KMFace &record = *m_mesh.face(face);
-    const int next = nextCorner(record, corner);
-    const int previous = previousCorner(record, corner);
+    const int next = cornerAfter(record, corner);
+    const int previous = cornerBefore(record, corner);
     const Vector3 &origin = m_mesh.position(record.indices[corner]);
     Shares shares = sharesOf(m_places.at(point) - origin, m_mesh.position(record.indices[next]) - origin,
                              m_mesh.position(record.indices[previous]) - origin);
@@ -263,7 +256,7 @@ void KMBevelEdit::collectWeights()
         for (int c = 0; c < face.count; ++c) {
             const float weight = edgeStateOf(m_mesh, face.indices[c], face.next(c)).weight;
             const int from = vertexOf(m_shape.corner(f, c).last, face.indices[c]);
-            const int to = vertexOf(m_shape.corner(f, nextCorner(face, c)).first, face.next(c));
+            const int to = vertexOf(m_shape.corner(f, cornerAfter(face, c)).first, face.next(c));
             if (weight != 0.0f)
                 m_weights.append({from, to, 0, weight});
         }

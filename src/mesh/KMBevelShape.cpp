@@ -1,33 +1,17 @@
 #include "mesh/KMBevelShape.h"
 
 #include "mesh/KMCornerMotion.h"
-#include "mesh/KMFaceNormal.h"
 #include "mesh/KMMeshStore.h"
 
 #include <QSet>
 
 #include <algorithm>
 
+using KMCornerMotion::cornerAfter;
+using KMCornerMotion::cornerBefore;
 using kvm::Vector3;
 
 namespace {
-
-int previousCorner(const KMFace &face, int corner)
-{
-    return corner > 0 ? corner - 1 : face.count - 1;
-}
-
-int nextCorner(const KMFace &face, int corner)
-{
-    return corner + 1 < face.count ? corner + 1 : 0;
-}
-
-Vector3 normalOf(const KMMeshStore &mesh, const KMFace &face)
-{
-    const auto at = [&](int corner) { return mesh.position(face.indices[corner]); };
-    return face.count == 3 ? KMFaceNormal::ofTriangle(at(0), at(1), at(2))
-                           : KMFaceNormal::ofQuad(at(0), at(1), at(2), at(3));
-}
 
 /// The triangles and quads at an edge.
 QVector<int> polygonsAt(const KMMeshStore &mesh, const KMEdge *edge)
@@ -50,7 +34,7 @@ QPair<int, int> neighbour(const KMMeshStore &mesh, int face, int vertex, int end
     const int other = faces.at(0) == face ? faces.at(1) : faces.at(0);
     const KMFace &record = *mesh.face(other);
     const int corner = record.cornerOf(vertex);
-    const int across = leaves ? nextCorner(record, corner) : previousCorner(record, corner);
+    const int across = leaves ? cornerAfter(record, corner) : cornerBefore(record, corner);
     return other != face && record.indices[across] == end ? qMakePair(other, corner) : qMakePair(-1, -1);
 }
 
@@ -71,7 +55,7 @@ bool isSurface(const KMMeshStore &mesh, int vertex)
         const int corner = face.cornerOf(vertex);
         if (face.isPolygon()
             && (hasCornerTwice(face) || polygonsAt(mesh, mesh.findEdge(vertex, face.next(corner))).size() > 2
-                || polygonsAt(mesh, mesh.findEdge(vertex, face.indices[previousCorner(face, corner)])).size() > 2))
+                || polygonsAt(mesh, mesh.findEdge(vertex, face.indices[cornerBefore(face, corner)])).size() > 2))
             return false;
     }
     return true;
@@ -99,12 +83,12 @@ bool KMBevelShape::addStrip(const KMMeshStore &mesh, const KMEdge &edge)
     const QVector<int> faces = polygonsAt(mesh, &edge);
     if (faces.size() != 2 || !isSurface(mesh, edge.index0) || !isSurface(mesh, edge.index1))
         return false;
-    const auto cornerBefore = [&](int f) {
+    const auto leaving = [&](int f) {
         const KMFace &face = *mesh.face(f);
         const int corner = face.cornerOf(edge.index0);
         return face.next(corner) == edge.index1 ? corner : face.cornerOf(edge.index1);
     };
-    const Strip strip{faces.at(0), cornerBefore(faces.at(0)), faces.at(1), cornerBefore(faces.at(1))};
+    const Strip strip{faces.at(0), leaving(faces.at(0)), faces.at(1), leaving(faces.at(1))};
     const bool runsAlike =
         mesh.face(strip.face)->indices[strip.corner] == mesh.face(strip.otherFace)->indices[strip.otherCorner];
     if (runsAlike)
@@ -132,7 +116,7 @@ void KMBevelShape::openVertex(const KMMeshStore &mesh, int vertex)
         bool isClosed = false;
         for (FanFace at = start;;) {
             const KMFace &face = *mesh.face(at.face);
-            const int end = face.indices[previousCorner(face, at.corner)];
+            const int end = face.indices[cornerBefore(face, at.corner)];
             const auto before = neighbour(mesh, at.face, vertex, end, true);
             isClosed = before.first == f;
             if (before.first < 0 || isClosed)
@@ -196,7 +180,7 @@ int KMBevelShape::addSector(const KMMeshStore &mesh, const Fan &fan, int begin, 
     const FanFace &first = fan.at(begin);
     const KMFace &firstFace = *mesh.face(first.face);
     if (startsAtBorder)
-        return addSlide(mesh, first, firstFace.indices[previousCorner(firstFace, first.corner)]);
+        return addSlide(mesh, first, firstFace.indices[cornerBefore(firstFace, first.corner)]);
     if (endsAtBorder)
         return addSlide(mesh, fan.at(end - 1), mesh.face(fan.at(end - 1).face)->next(fan.at(end - 1).corner));
     const int edges = end - begin - 1;
@@ -205,9 +189,9 @@ int KMBevelShape::addSector(const KMMeshStore &mesh, const Fan &fan, int begin, 
         return addSlide(mesh, middle, mesh.face(middle.face)->next(middle.corner));
     const KMFace &face = *mesh.face(middle.face);
     const Vector3 &origin = mesh.position(face.indices[middle.corner]);
-    const Vector3 &before = mesh.position(face.indices[previousCorner(face, middle.corner)]);
+    const Vector3 &before = mesh.position(face.indices[cornerBefore(face, middle.corner)]);
     const Vector3 &after = mesh.position(face.next(middle.corner));
-    const Vector3 normal = normalOf(mesh, face);
+    const Vector3 normal = KMCornerMotion::normalOf(mesh, face);
     const Vector3 motion = edges == 0 ? KMCornerMotion::meet(KMCornerMotion::inward(before, origin, normal),
                                                              KMCornerMotion::inward(origin, after, normal))
                                       : ((before - origin).normalized() + (after - origin).normalized()).normalized();
@@ -241,8 +225,8 @@ void KMBevelShape::addFill(QVector<int> points)
 
 QVector<int> KMBevelShape::stripPoints(const Strip &strip, const KMMeshStore &mesh) const
 {
-    const int end = nextCorner(*mesh.face(strip.face), strip.corner);
-    const int otherEnd = nextCorner(*mesh.face(strip.otherFace), strip.otherCorner);
+    const int end = cornerAfter(*mesh.face(strip.face), strip.corner);
+    const int otherEnd = cornerAfter(*mesh.face(strip.otherFace), strip.otherCorner);
     QVector<int> ring{corner(strip.face, strip.corner).last, corner(strip.otherFace, otherEnd).first,
                       corner(strip.otherFace, strip.otherCorner).last, corner(strip.face, end).first};
     if (ring.at(2) == ring.at(3))
@@ -268,7 +252,7 @@ float KMBevelShape::widthLimit(const KMMeshStore &mesh) const
             origins << origins.last();
             motions << m_points.at(at.last).motion;
         }
-        limit = std::min(limit, KMCornerMotion::turnLimit(origins, motions, normalOf(mesh, face)));
+        limit = std::min(limit, KMCornerMotion::turnLimit(origins, motions, KMCornerMotion::normalOf(mesh, face)));
     }
     return float(limit);
 }

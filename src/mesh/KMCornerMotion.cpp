@@ -1,5 +1,8 @@
 #include "mesh/KMCornerMotion.h"
 
+#include "mesh/KMFaceNormal.h"
+#include "mesh/KMMeshStore.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -46,6 +49,23 @@ double cornerLimit(const Vector3 (&side)[2], const Vector3 (&change)[2], const V
 }
 
 } // namespace
+
+int KMCornerMotion::cornerBefore(const KMFace &face, int corner)
+{
+    return corner > 0 ? corner - 1 : face.count - 1;
+}
+
+int KMCornerMotion::cornerAfter(const KMFace &face, int corner)
+{
+    return corner + 1 < face.count ? corner + 1 : 0;
+}
+
+Vector3 KMCornerMotion::normalOf(const KMMeshStore &mesh, const KMFace &face)
+{
+    const auto at = [&](int corner) { return mesh.position(face.indices[corner]); };
+    return face.count == 3 ? KMFaceNormal::ofTriangle(at(0), at(1), at(2))
+                           : KMFaceNormal::ofQuad(at(0), at(1), at(2), at(3));
+}
 
 Vector3 KMCornerMotion::inward(const Vector3 &from, const Vector3 &to, const Vector3 &faceNormal)
 {

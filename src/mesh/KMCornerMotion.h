@@ -4,8 +4,15 @@
 
 #include <QVector>
 
+class KMMeshStore;
+struct KMFace;
+
 /// How corners of faces move within the faces, and how far they may.
 namespace KMCornerMotion {
+
+int cornerBefore(const KMFace &face, int corner);
+int cornerAfter(const KMFace &face, int corner);
+kvm::Vector3 normalOf(const KMMeshStore &mesh, const KMFace &face); ///< of a triangle or quad; zero without a direction
 
 /// The direction in the plane of a face that leads straight from one of its sides into it, of unit length. The side
 /// runs as the corners of the face do.

@@ -1,6 +1,6 @@
 #include "mesh/KMExtrusionShape.h"
 
-#include "mesh/KMFaceNormal.h"
+#include "mesh/KMCornerMotion.h"
 #include "mesh/KMMeshStore.h"
 
 #include <QDebug>
@@ -111,13 +111,6 @@ private:
     const QVector<Face> &m_faces;
 };
 
-kvm::Vector3 normalOf(const KMMeshStore &mesh, const KMFace &face)
-{
-    const auto at = [&](int corner) { return mesh.position(face.indices[corner]); };
-    return face.count == 3 ? KMFaceNormal::ofTriangle(at(0), at(1), at(2))
-                           : KMFaceNormal::ofQuad(at(0), at(1), at(2), at(3));
-}
-
 } // namespace
 
 KMExtrusionShape::KMExtrusionShape(const KMMeshStore &mesh, const QVector<int> &faces, Joining joining)
@@ -138,7 +131,7 @@ void KMExtrusionShape::addFaces(const KMMeshStore &mesh, const QVector<int> &fac
             qDebug() << "hash not found";
             continue;
         }
-        Face copy{f, 0, face->count, {}, normalOf(mesh, *face)};
+        Face copy{f, 0, face->count, {}, KMCornerMotion::normalOf(mesh, *face)};
         std::copy_n(face->indices, face->count, copy.points.begin());
         m_faces << copy;
     }

@@ -99,6 +99,7 @@ bool KMPreviewTool::apply()
     if (!m_hasPreview || m_gesture == Gesture::Dragging)
         return false;
     m_hasPreview = false; // the history moves, and this isn't the end of a preview that somebody else caused
+    KMPicker::clearHot(); // the history would keep the mark with the faces that it takes out
     commit();
     endPreview();
     repaint();
