@@ -15,8 +15,7 @@ public:
         , m_sums(size_t(mesh.vertexCount()))
     {
     }
-    void prepare() {}
-    void run()
+    void operator()()
     {
         KMVertex *const *vertices = m_mesh.vertices().constData();
         KMFace *const *faces = m_mesh.faces().constData();

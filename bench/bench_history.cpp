@@ -7,14 +7,12 @@
 #include "core/KMNullNode.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "measure.h"
 
 #include <QAction>
 #include <QTreeWidget>
 #include <QUndoStack>
 
-#include <benchmark/benchmark.h>
-
-#include <ctime>
 #include <string>
 #include <vector>
 
@@ -148,12 +146,6 @@ private:
     std::vector<QTreeWidgetItem *> m_rows;
     std::vector<QTreeWidgetItem *> m_removed;
 };
-
-/// The time of this process alone: others may be at work on the machine.
-double processorSeconds()
-{
-    return double(std::clock()) / CLOCKS_PER_SEC;
-}
 
 enum Phase { Add, Group, Remove, UndoAll, Forget };
 

@@ -6,40 +6,21 @@
 #include "core/KMSolution.h"
 #include "formats/KMDReader.h"
 #include "formats/KMDWriter.h"
+#include "measure.h"
 #include "mesh/KMMeshNode.h"
 
 #include <QBuffer>
 #include <QDataStream>
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
-#include <cmath>
-#include <ctime>
 #include <vector>
 
 namespace {
 
-double processorSeconds()
-{
-    return double(std::clock()) / CLOCKS_PER_SEC;
-}
-
 KMMeshNode *grid(int quads)
 {
-    const int side = int(std::lround(std::sqrt(quads)));
     auto *mesh = new KMMeshNode;
-    for (int z = 0; z <= side; ++z) {
-        for (int x = 0; x <= side; ++x)
-            mesh->addVertexRaw({float(x), 0.25f * float(x % 7), float(z)});
-    }
-    for (int z = 0; z < side; ++z) {
-        for (int x = 0; x < side; ++x) {
-            const int corner = z * (side + 1) + x;
-            const int corners[] = {corner, corner + side + 1, corner + side + 2, corner + 1};
-            mesh->addFaceRaw(4, corners);
-        }
-    }
+    addGrid(*mesh, quads, [](float x, float z) { return kvm::Vector3(x, 0.25f * float(int(x) % 7), z); });
     mesh->refreshMesh(KMMeshDirty::All);
     return mesh;
 }

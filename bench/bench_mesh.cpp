@@ -1,52 +1,29 @@
 // What a mesh costs beside plain loops over the same data: refreshes, renumbering, memory. Grids of quads.
 
 #include "PlainNormals.h"
+#include "measure.h"
 #include "mesh/KMMeshNode.h"
 
 #include <QHash>
-
-#include <benchmark/benchmark.h>
 
 #include <malloc.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
-#include <ctime>
 #include <fstream>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace {
 
 using kvm::Vector3;
 
-constexpr int rounds = 7; // the best of them counts: other programs may be at work
-
-double processorSeconds()
-{
-    timespec now;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return double(now.tv_sec) + 1e-9 * double(now.tv_nsec);
-}
-
 std::unique_ptr<KMMeshNode> waveGrid(int quads)
 {
     auto mesh = std::make_unique<KMMeshNode>();
-    const int side = int(std::lround(std::sqrt(double(quads))));
-    const int row = side + 1;
-    mesh->reserve(row * row, side * side);
-    for (int i = 0; i < row * row; ++i) {
-        const float x = float(i % row);
-        const float z = float(i / row);
-        mesh->addVertexRaw({x, 3.0f * std::sin(x * 0.1f) * std::cos(z * 0.07f), z});
-    }
-    for (int i = 0; i < side * side; ++i) {
-        const int first = i / side * row + i % side;
-        const int corners[] = {first, first + 1, first + row + 1, first + row};
-        mesh->addFaceRaw(4, corners);
-    }
+    addGrid(*mesh, quads,
+            [](float x, float z) { return Vector3(x, 3.0f * std::sin(x * 0.1f) * std::cos(z * 0.07f), z); });
     mesh->refreshMesh(KMMeshDirty::All);
     return mesh;
 }
@@ -61,7 +38,7 @@ public:
         m_table.reserve(mesh.edgeCount());
     }
     void prepare() { m_table.clear(); }
-    void run()
+    void operator()()
     {
         KMFace *const *faces = m_mesh.faces().constData();
         for (int f = 0, n = m_mesh.faceCount(); f < n; ++f) {
@@ -90,7 +67,7 @@ public:
         m_table.clear();
         m_table.reserve(m_mesh.edgeCount());
     }
-    void run()
+    void operator()()
     {
         KMFace *const *faces = m_mesh.faces().constData();
         for (int f = 0, n = m_mesh.faceCount(); f < n; ++f) {
@@ -119,8 +96,7 @@ public:
         , m_edges(size_t(mesh.edgeCount()))
     {
     }
-    void prepare() {}
-    void run()
+    void operator()()
     {
         size_t next = 0;
         for (const KMVertex *vertex : m_mesh.vertices())
@@ -149,8 +125,7 @@ public:
         : m_mesh(mesh)
     {
     }
-    void prepare() {}
-    void run() { m_mesh.refreshMesh(mask); }
+    void operator()() { m_mesh.refreshMesh(mask); }
 
 private:
     KMMeshNode &m_mesh;
@@ -165,7 +140,7 @@ public:
     {
     }
     void prepare() { m_mesh.face(m_mesh.faceCount() / 2)->count ^= 3 ^ 4; }
-    void run() { m_mesh.refreshMesh(KMMeshDirty::All); }
+    void operator()() { m_mesh.refreshMesh(KMMeshDirty::All); }
 
 private:
     KMMeshNode &m_mesh;
@@ -188,40 +163,18 @@ public:
         }
         m_mesh->refreshMesh(KMMeshDirty::All);
     }
-    void run() { m_mesh->compact(); }
+    void operator()() { m_mesh->compact(); }
 
 private:
     int m_quads;
     std::unique_ptr<KMMeshNode> m_mesh;
 };
 
-template <class Work>
-double secondsOf(Work &work)
-{
-    work.prepare();
-    const double start = processorSeconds();
-    work.run();
-    return processorSeconds() - start;
-}
-
 template <class Ours, class Plain>
 void compare(benchmark::State &state)
 {
     const std::unique_ptr<KMMeshNode> mesh = waveGrid(int(state.range(0)));
-    Ours ours(*mesh);
-    Plain plain(*mesh);
-    double best = 1e9;
-    double bestPlain = 1e9;
-    for (auto _ : state) {
-        for (int round = 0; round < rounds; ++round) {
-            best = std::min(best, secondsOf(ours));
-            bestPlain = std::min(bestPlain, secondsOf(plain));
-        }
-        state.SetIterationTime(best);
-    }
-    state.counters["ms"] = best * 1e3;
-    state.counters["plain_ms"] = bestPlain * 1e3;
-    state.counters["ratio"] = best / bestPlain;
+    measure(state, Ours(*mesh), Plain(*mesh));
 }
 
 size_t residentBytes()
@@ -258,25 +211,14 @@ void memory(benchmark::State &state)
     state.counters["ratio"] = double(bytes) / double(plain);
 }
 
-void registerSizes(const char *name, void (*run)(benchmark::State &))
-{
-    benchmark::RegisterBenchmark((std::string("mesh/") + name).c_str(), run)
-        ->Arg(10000)
-        ->Arg(100000)
-        ->Arg(1000000)
-        ->Iterations(1)
-        ->Unit(benchmark::kMillisecond)
-        ->UseManualTime();
-}
-
 const bool registered = [] {
-    registerSizes("refresh all, edge table", compare<Refresh<KMMeshDirty::All>, EdgePass>);
-    registerSizes("refresh all, QHash", compare<Refresh<KMMeshDirty::All>, HashPass>);
-    registerSizes("refresh all after an edit, edge table", compare<RefreshAfterEdit, EdgePass>);
-    registerSizes("refresh edges, edge table", compare<Refresh<KMMeshDirty::Edges>, EdgePass>);
-    registerSizes("refresh positions", compare<Refresh<KMMeshDirty::Positions>, NormalPass>);
-    registerSizes("compact", compare<Compact, CopyPass>);
-    registerSizes("memory", memory);
+    registerSizes("mesh/refresh all, edge table", compare<Refresh<KMMeshDirty::All>, EdgePass>);
+    registerSizes("mesh/refresh all, QHash", compare<Refresh<KMMeshDirty::All>, HashPass>);
+    registerSizes("mesh/refresh all after an edit, edge table", compare<RefreshAfterEdit, EdgePass>);
+    registerSizes("mesh/refresh edges, edge table", compare<Refresh<KMMeshDirty::Edges>, EdgePass>);
+    registerSizes("mesh/refresh positions", compare<Refresh<KMMeshDirty::Positions>, NormalPass>);
+    registerSizes("mesh/compact", compare<Compact, CopyPass>);
+    registerSizes("mesh/memory", memory);
     return true;
 }();
 

@@ -6,26 +6,17 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "measure.h"
 #include "render/KMCameraNode.h"
 #include "tools/KMHandleCode.h"
 #include "tools/KMSelectionDrag.h"
 
-#include <benchmark/benchmark.h>
-
 #include <cmath>
-#include <ctime>
 
 namespace {
 
 constexpr int rounds = 15; // the best of them counts: other programs may be at work
 constexpr int dragged = 1000;
-
-double processorSeconds()
-{
-    timespec now;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return double(now.tv_sec) + 1e-9 * double(now.tv_nsec);
-}
 
 /// A grid whose first vertices are selected.
 class Scene
@@ -34,19 +25,11 @@ public:
     explicit Scene(int quads, bool symmetric)
         : mesh(new KMMeshNode)
     {
-        const int side = int(std::lround(std::sqrt(double(quads))));
-        const int row = side + 1;
-        mesh->reserve(row * row, side * side);
-        for (int i = 0; i < row * row; ++i) {
-            const float x = float(i % row) - float(side) / 2;
-            const float y = float(i / row);
-            mesh->addVertexRaw({x, y, 3.0f * std::sin(x * x * 0.1f) * std::cos(y * 0.07f)});
-        }
-        for (int i = 0; i < side * side; ++i) {
-            const int first = i / side * row + i % side;
-            const int corners[] = {first, first + row, first + row + 1, first + 1};
-            mesh->addFaceRaw(4, corners);
-        }
+        const float middle = 0.5f * std::sqrt(float(quads));
+        addGrid(*mesh, quads, [middle](float i, float j) {
+            const float x = i - middle;
+            return kvm::Vector3(x, j, 3.0f * std::sin(x * x * 0.1f) * std::cos(j * 0.07f));
+        });
         gProject->addNode(mesh);
         gProject->tree()->setCurrentItem(mesh->item());
         mesh->setSelected(true);
@@ -74,38 +57,20 @@ void moves(benchmark::State &state, bool symmetric)
     KMSelectionDrag selection;
     if (!selection.begin({scene.camera, drag}))
         return state.SkipWithError("nothing is dragged");
+    double step = 0.0;
+    const auto move = [&] { selection.apply(drag.transform(scene.camera, {step += 1.0, 3.0}, false), scene.camera); };
     NormalPass normals(*scene.mesh);
-    double best = 1e9;
-    double bestPlain = 1e9;
-    for (auto _ : state) {
-        for (int round = 1; round <= rounds; ++round) {
-            double before = processorSeconds();
-            selection.apply(drag.transform(scene.camera, {double(round), 3.0}, false), scene.camera);
-            best = std::min(best, processorSeconds() - before);
-            before = processorSeconds();
-            for (int i = 0; i < dragged; ++i)
-                scene.mesh->setPosition(i, scene.mesh->position(i) + kvm::Vector3(0.01f, 0, 0));
-            normals.run();
-            bestPlain = std::min(bestPlain, processorSeconds() - before);
-        }
-        state.SetIterationTime(best);
-    }
-    state.counters["us"] = best * 1e6;
-    state.counters["plain_us"] = bestPlain * 1e6;
-    state.counters["ratio"] = best / bestPlain;
+    const auto plain = [&] {
+        for (int i = 0; i < dragged; ++i)
+            scene.mesh->setPosition(i, scene.mesh->position(i) + kvm::Vector3(0.01f, 0, 0));
+        normals();
+    };
+    measure(state, move, plain, rounds);
 }
 
 const bool registered = [] {
-    for (const bool symmetric : {false, true}) {
-        benchmark::RegisterBenchmark(symmetric ? "tools/move of a drag, mirrored" : "tools/move of a drag",
-                                     [symmetric](benchmark::State &state) { moves(state, symmetric); })
-            ->Arg(10000)
-            ->Arg(100000)
-            ->Arg(1000000)
-            ->Iterations(1)
-            ->Unit(benchmark::kMicrosecond)
-            ->UseManualTime();
-    }
+    registerSizes("tools/move of a drag", [](benchmark::State &state) { moves(state, false); });
+    registerSizes("tools/move of a drag, mirrored", [](benchmark::State &state) { moves(state, true); });
     return true;
 }();
 

@@ -3,30 +3,20 @@
 
 #include "core/KMHeadlessSession.h"
 #include "core/KMProject.h"
+#include "measure.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
 #include "render/KMPicker.h"
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
 #include <cmath>
-#include <ctime>
-#include <string>
 #include <vector>
 
 namespace {
 
 using kvm::Vector3;
 
-constexpr int rounds = 15; // the best of them counts: other programs may be at work
-
-double processorSeconds()
-{
-    timespec now;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return double(now.tv_sec) + 1e-9 * double(now.tv_nsec);
-}
+constexpr int rounds = 15; // of work that is over soon
 
 /// A waved grid in the middle of a perspective view.
 class Scene
@@ -35,19 +25,12 @@ public:
     explicit Scene(int quads)
         : mesh(new KMMeshNode)
     {
-        const int side = int(std::lround(std::sqrt(double(quads))));
-        const int row = side + 1;
-        mesh->reserve(row * row, side * side);
-        for (int i = 0; i < row * row; ++i) {
-            const float x = float(i % row) / float(side) - 0.5f;
-            const float y = float(i / row) / float(side) - 0.5f;
-            mesh->addVertexRaw({x * 300, y * 300, 10.0f * std::sin(x * 9) * std::cos(y * 7)});
-        }
-        for (int i = 0; i < side * side; ++i) {
-            const int first = i / side * row + i % side;
-            const int corners[] = {first, first + row, first + row + 1, first + 1};
-            mesh->addFaceRaw(4, corners);
-        }
+        const float side = std::sqrt(float(quads));
+        addGrid(*mesh, quads, [side](float i, float j) {
+            const float x = j / side - 0.5f;
+            const float y = i / side - 0.5f;
+            return Vector3(x * 300, y * 300, 10.0f * std::sin(x * 9) * std::cos(y * 7));
+        });
         gProject->addNode(mesh);
         mesh->refreshMesh(KMMeshDirty::All);
         camera.resize(1280, 680);
@@ -66,7 +49,7 @@ public:
         : m_scene(scene)
     {
     }
-    void run()
+    void operator()()
     {
         m_scene.mesh->projectVertices(m_scene.camera.viewProjection(), m_scene.camera.width(), m_scene.camera.height());
     }
@@ -88,7 +71,7 @@ public:
         for (const KMVertex *vertex : scene.mesh->vertices())
             m_points.push_back(vertex->pos);
     }
-    void run()
+    void operator()()
     {
         for (size_t i = 0; i < m_points.size(); ++i) {
             const kvm::Vector4 clip = m_matrix * kvm::Vector4(m_points[i], 1.0f);
@@ -113,7 +96,7 @@ public:
         : m_scene(scene)
     {
     }
-    void run()
+    void operator()()
     {
         KMPickRequest request;
         request.wantVertex = request.wantEdge = request.wantFace = true;
@@ -135,7 +118,7 @@ public:
         : m_scene(scene)
     {
     }
-    void run()
+    void operator()()
     {
         float best = 1e30f;
         for (const KMVertex *vertex : m_scene.mesh->vertices()) {
@@ -150,49 +133,16 @@ private:
     Scene &m_scene;
 };
 
-template <class Work>
-double secondsOf(Work &work)
-{
-    const double start = processorSeconds();
-    work.run();
-    return processorSeconds() - start;
-}
-
 template <class Ours, class Plain>
 void compare(benchmark::State &state)
 {
     Scene scene(int(state.range(0)));
-    Ours ours(scene);
-    Plain plain(scene);
-    double best = 1e9;
-    double bestPlain = 1e9;
-    for (auto _ : state) {
-        for (int round = 0; round < rounds; ++round) {
-            best = std::min(best, secondsOf(ours));
-            bestPlain = std::min(bestPlain, secondsOf(plain));
-        }
-        state.SetIterationTime(best);
-    }
-    state.counters["ms"] = best * 1e3;
-    state.counters["plain_ms"] = bestPlain * 1e3;
-    state.counters["ratio"] = best / bestPlain;
-}
-
-void registerSizes(const char *name, void (*run)(benchmark::State &))
-{
-    benchmark::RegisterBenchmark((std::string("view/") + name).c_str(), run)
-        ->Arg(10000)
-        ->Arg(100000)
-        ->Arg(200000)
-        ->Arg(1000000)
-        ->Iterations(1)
-        ->Unit(benchmark::kMillisecond)
-        ->UseManualTime();
+    measure(state, Ours(scene), Plain(scene), rounds);
 }
 
 const bool registered = [] {
-    registerSizes("window coordinates, array", compare<Project, PlainProject>);
-    registerSizes("hover pick, one pass", compare<Hover, NearestPass>);
+    registerSizes("view/window coordinates, array", compare<Project, PlainProject>);
+    registerSizes("view/hover pick, one pass", compare<Hover, NearestPass>);
     return true;
 }();
 

@@ -208,6 +208,31 @@
     </message>
 </context>
 <context>
+    <name>KMBevel</name>
+    <message>
+        <source>Bevel</source>
+        <translation>ベベル</translation>
+    </message>
+</context>
+<context>
+    <name>KMBevelPage</name>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Write the preview to the mesh</source>
+        <translation>プレビューをメッシュに書き込みます</translation>
+    </message>
+</context>
+<context>
+    <name>KMBluePrint</name>
+    <message>
+        <source>BluePrint</source>
+        <translation>下絵</translation>
+    </message>
+</context>
+<context>
     <name>KMBoolNodeContainer</name>
     <message>
         <source>Bool</source>
@@ -331,8 +356,8 @@
 <context>
     <name>KMDReadContext</name>
     <message>
-        <source>%1 has too many faces and was given the standard form</source>
-        <translation>%1 は面が多すぎるため、標準の形にしました</translation>
+        <source>%1 stays without its shape of %2 faces, which are too many for a file of this size; a change of its settings makes it</source>
+        <translation>%1 の面 %2 枚はこの大きさのファイルには多すぎるため、形を作りませんでした。設定を変えると作られます</translation>
     </message>
     <message>
         <source>The file of the SVG shape %1 has no place in the file</source>
@@ -752,6 +777,68 @@
     <message>
         <source>fatal error occurred.</source>
         <translation>致命的なエラーが発生しました。</translation>
+    </message>
+</context>
+<context>
+    <name>KMExtrudePage</name>
+    <message>
+        <source>Default</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Along the normals, in place of the faces</source>
+        <translation>法線に沿って押し出し、元の面を置き換えます</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>オフセット</translation>
+    </message>
+    <message>
+        <source>In the plane of the faces, inward from their border</source>
+        <translation>面の平面内で、境界から内側へ押し出します</translation>
+    </message>
+    <message>
+        <source>Solidify</source>
+        <translation>厚み付け</translation>
+    </message>
+    <message>
+        <source>Along the normals; the faces stay as the other side of a wall</source>
+        <translation>法線に沿って押し出し、元の面を壁の反対側として残します</translation>
+    </message>
+    <message>
+        <source>Move Vertex</source>
+        <translation>頂点の移動</translation>
+    </message>
+    <message>
+        <source>The faces themselves move along the normals</source>
+        <translation>面そのものを法線に沿って移動します</translation>
+    </message>
+    <message>
+        <source>Per Faces</source>
+        <translation>面ごと</translation>
+    </message>
+    <message>
+        <source>Each face is extruded alone, not with its neighbours</source>
+        <translation>隣の面とまとめずに、面を 1 つずつ押し出します</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Write the preview to the mesh</source>
+        <translation>プレビューをメッシュに書き込みます</translation>
+    </message>
+</context>
+<context>
+    <name>KMExtrusion</name>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Extrude</source>
+        <translation>押し出し</translation>
     </message>
 </context>
 <context>
@@ -1327,6 +1414,13 @@
     </message>
 </context>
 <context>
+    <name>KMPreviewPage</name>
+    <message>
+        <source>Apply</source>
+        <translation>適用</translation>
+    </message>
+</context>
+<context>
     <name>KMPrim3DTextNode</name>
     <message>
         <source>3DText</source>
@@ -1659,7 +1753,7 @@
     </message>
 </context>
 <context>
-    <name>KMSaveQuestion</name>
+    <name>KMMessageBox</name>
     <message>
         <source>The document has been modified.</source>
         <translation>ドキュメントは変更されています。</translation>
@@ -1758,14 +1852,6 @@
     <message>
         <source>AutoSave</source>
         <translation>自動保存</translation>
-    </message>
-    <message>
-        <source>The document has been modified.</source>
-        <translation>ドキュメントは変更されています。</translation>
-    </message>
-    <message>
-        <source>Do you want to save your changes?</source>
-        <translation>変更を保存しますか?</translation>
     </message>
 </context>
 <context>
@@ -1866,6 +1952,25 @@ Trying to Recover Files?</source>
     <message>
         <source>Open Image</source>
         <translation>画像を開く</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolExtrude</name>
+    <message>
+        <source>Default</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>オフセット</translation>
+    </message>
+    <message>
+        <source>Solidify</source>
+        <translation>厚み付け</translation>
+    </message>
+    <message>
+        <source>Move Vertex</source>
+        <translation>頂点の移動</translation>
     </message>
 </context>
 <context>
@@ -2372,6 +2477,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>blueprintSetParamCommand</name>
+    <message>
+        <source>Assign Texture</source>
+        <translation>テクスチャの割り当て</translation>
+    </message>
+</context>
+<context>
     <name>buildEdgeCommand</name>
     <message>
         <source>Build Edge</source>
@@ -2575,6 +2687,21 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>kmanimationpanel</name>
+    <message>
+        <source>Animation Panel</source>
+        <translation>アニメーションパネル</translation>
+    </message>
+    <message>
+        <source>Playback and the current frame of the motion stand here.</source>
+        <translation>モーションの再生と現在のフレームがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Show or hide the playback of the motion</source>
+        <translation>モーションの再生を表示または隠します</translation>
+    </message>
+</context>
+<context>
     <name>kmattributewidget</name>
     <message>
         <source>Attribute</source>
@@ -2652,6 +2779,14 @@ Trying to Recover Files?</source>
 </context>
 <context>
     <name>kmmainwidget</name>
+    <message>
+        <source>Selection(&amp;S)</source>
+        <translation>選択(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Convert Selection</source>
+        <translation>選択の変換</translation>
+    </message>
     <message>
         <source>Nodes %1   Shaders %2   Textures %3</source>
         <translation>ノード %1   シェーダー %2   テクスチャ %3</translation>
@@ -3362,6 +3497,54 @@ Trying to Recover Files?</source>
         <source>Nothing was deleted: the selected elements are of a kind that the edit filter leaves out, or belong to a primitive or a modifier</source>
         <translation>何も削除しませんでした: 選択した要素は編集フィルターで除外されているか、プリミティブまたはモディファイアのものです</translation>
     </message>
+    <message>
+        <source>kelmo Model File...</source>
+        <translation>kelmo モデルファイル...</translation>
+    </message>
+    <message>
+        <source>Add what a model file holds to the document; this ends the history</source>
+        <translation>モデルファイルの内容をドキュメントに追加します。履歴は消去されます</translation>
+    </message>
+    <message>
+        <source>KELMO ver1 compatibility...</source>
+        <translation>KELMO ver1 互換...</translation>
+    </message>
+    <message>
+        <source>Write the document in the form of the first release</source>
+        <translation>最初のリリースの形式でドキュメントを書き出します</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>インポート</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>エクスポート</translation>
+    </message>
+    <message>
+        <source>Settings of the views</source>
+        <translation>ビューの設定</translation>
+    </message>
+    <message>
+        <source>Cameras</source>
+        <translation>カメラ</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>倍率</translation>
+    </message>
+    <message>
+        <source>Import File</source>
+        <translation>ファイルのインポート</translation>
+    </message>
+    <message>
+        <source>Export File</source>
+        <translation>ファイルのエクスポート</translation>
+    </message>
+    <message>
+        <source>KELMO ver1 compatibility(*.kmd)</source>
+        <translation>KELMO ver1 互換(*.kmd)</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -3744,6 +3927,281 @@ Trying to Recover Files?</source>
     <message>
         <source>Set Visible</source>
         <translation>表示の切り替え</translation>
+    </message>
+</context>
+<context>
+    <name>KMSelectionCommand</name>
+    <message>
+        <source>Align Vertex</source>
+        <translation>頂点を揃える</translation>
+    </message>
+    <message>
+        <source>Move the selected vertices onto one value along chosen axes</source>
+        <translation>選択した頂点を、選んだ軸の同じ値に揃えます</translation>
+    </message>
+    <message>
+        <source>Assign Shader</source>
+        <translation>シェーダーの割り当て</translation>
+    </message>
+    <message>
+        <source>Give the selected faces the current shader</source>
+        <translation>選択した面に現在のシェーダーを割り当てます</translation>
+    </message>
+    <message>
+        <source>Belt Sellect Face</source>
+        <translation>面をベルト選択</translation>
+    </message>
+    <message>
+        <source>Select the belts of quads that cross the selected edges</source>
+        <translation>選択した辺を横切る四角形の帯を選択します</translation>
+    </message>
+    <message>
+        <source>Select Chained Face</source>
+        <translation>つながった面を選択</translation>
+    </message>
+    <message>
+        <source>Select all faces that hang together with the selected ones</source>
+        <translation>選択した面とつながっているすべての面を選択します</translation>
+    </message>
+    <message>
+        <source>Divide Edge</source>
+        <translation>辺を分割</translation>
+    </message>
+    <message>
+        <source>Cut the selected edges into equal parts, and the faces on them</source>
+        <translation>選択した辺を等分し、その辺を持つ面も分割します</translation>
+    </message>
+    <message>
+        <source>Edge Extrude</source>
+        <translation>辺の押し出し</translation>
+    </message>
+    <message>
+        <source>Grow a quad out of each selected edge, ready to be moved</source>
+        <translation>選択した辺から四角形を伸ばします。続けて移動できます</translation>
+    </message>
+    <message>
+        <source>Edge To LinePolygon</source>
+        <translation>辺をラインポリゴンに</translation>
+    </message>
+    <message>
+        <source>Put a line polygon on each selected edge</source>
+        <translation>選択した辺にラインポリゴンを作ります</translation>
+    </message>
+    <message>
+        <source>Edge To Vertex</source>
+        <translation>辺から頂点へ</translation>
+    </message>
+    <message>
+        <source>Select the ends of the selected edges in their place</source>
+        <translation>選択した辺の代わりに両端の頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Expand Face Selection</source>
+        <translation>面の選択を拡大</translation>
+    </message>
+    <message>
+        <source>Select the faces beside the selected ones as well</source>
+        <translation>選択した面に隣り合う面も選択します</translation>
+    </message>
+    <message>
+        <source>Expand Vertex Selection</source>
+        <translation>頂点の選択を拡大</translation>
+    </message>
+    <message>
+        <source>Select the vertices around the selected ones as well</source>
+        <translation>選択した頂点の周りの頂点も選択します</translation>
+    </message>
+    <message>
+        <source>Face To Edge</source>
+        <translation>面から辺へ</translation>
+    </message>
+    <message>
+        <source>Select the edges of the selected faces in their place</source>
+        <translation>選択した面の代わりにその辺を選択します</translation>
+    </message>
+    <message>
+        <source>Face To Vertex</source>
+        <translation>面から頂点へ</translation>
+    </message>
+    <message>
+        <source>Select the vertices of the selected faces in their place</source>
+        <translation>選択した面の代わりにその頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Fill Hole</source>
+        <translation>穴を埋める</translation>
+    </message>
+    <message>
+        <source>Close the holes around which the selected edges run</source>
+        <translation>選択した辺に囲まれた穴をふさぎます</translation>
+    </message>
+    <message>
+        <source>Hide Face</source>
+        <translation>面を隠す</translation>
+    </message>
+    <message>
+        <source>Hide the selected faces</source>
+        <translation>選択した面を隠します</translation>
+    </message>
+    <message>
+        <source>Loop Select Edge</source>
+        <translation>辺をループ選択</translation>
+    </message>
+    <message>
+        <source>Select the loops that run on from the selected edges</source>
+        <translation>選択した辺から続くループを選択します</translation>
+    </message>
+    <message>
+        <source>Merge Same Pos Vertex</source>
+        <translation>同じ位置の頂点を結合</translation>
+    </message>
+    <message>
+        <source>Merge those of the selected vertices that lie at the same place</source>
+        <translation>選択した頂点のうち同じ位置にあるものを結合します</translation>
+    </message>
+    <message>
+        <source>Merge Vertex</source>
+        <translation>頂点を結合</translation>
+    </message>
+    <message>
+        <source>Merge the selected vertices of each mesh into one in their middle</source>
+        <translation>選択した頂点をメッシュごとに中央の 1 点に結合します</translation>
+    </message>
+    <message>
+        <source>Reverse Face</source>
+        <translation>面を反転</translation>
+    </message>
+    <message>
+        <source>Turn the selected faces to the other side</source>
+        <translation>選択した面の表裏を反転します</translation>
+    </message>
+    <message>
+        <source>Select Ridge Edge</source>
+        <translation>境界の辺を選択</translation>
+    </message>
+    <message>
+        <source>Select the open border: all edges with exactly one face</source>
+        <translation>面が 1 つだけの、開いた境界の辺を選択します</translation>
+    </message>
+    <message>
+        <source>Ring Select Edge</source>
+        <translation>辺をリング選択</translation>
+    </message>
+    <message>
+        <source>Select the rings across the quads beside the selected edges</source>
+        <translation>選択した辺から四角形を横切って続くリングを選択します</translation>
+    </message>
+    <message>
+        <source>Rotate Face</source>
+        <translation>面を回転</translation>
+    </message>
+    <message>
+        <source>Lay the diagonal of the selected quads the other way</source>
+        <translation>選択した四角形の対角線の向きを変えます</translation>
+    </message>
+    <message>
+        <source>Separate Edge</source>
+        <translation>辺で切り離す</translation>
+    </message>
+    <message>
+        <source>Cut the mesh open along the selected edges</source>
+        <translation>選択した辺に沿ってメッシュを切り開きます</translation>
+    </message>
+    <message>
+        <source>Separate Vertex</source>
+        <translation>頂点を切り離す</translation>
+    </message>
+    <message>
+        <source>Give each face at the selected vertices a vertex of its own</source>
+        <translation>選択した頂点を、面ごとに別の頂点に分けます</translation>
+    </message>
+    <message>
+        <source>Smooth Edge</source>
+        <translation>辺を滑らかに</translation>
+    </message>
+    <message>
+        <source>Lay the chains of selected edges along smooth curves</source>
+        <translation>選択した辺の連なりを滑らかな曲線に整えます</translation>
+    </message>
+    <message>
+        <source>Select Surrounded By Edge</source>
+        <translation>辺に囲まれた面を選択</translation>
+    </message>
+    <message>
+        <source>Select from the selected faces on as far as the selected edges</source>
+        <translation>選択した面から、選択した辺までの範囲の面を選択します</translation>
+    </message>
+    <message>
+        <source>Symmetrize</source>
+        <translation>対称化</translation>
+    </message>
+    <message>
+        <source>Make two selected vertices mirror images of each other</source>
+        <translation>選択した 2 つの頂点を互いの鏡像にします</translation>
+    </message>
+    <message>
+        <source>Sel TestCommand</source>
+        <translation>選択テストコマンド</translation>
+    </message>
+    <message>
+        <source>Does nothing: for those who work on the program</source>
+        <translation>何もしません。開発用の項目です</translation>
+    </message>
+    <message>
+        <source>Triangulate</source>
+        <translation>三角形に分割</translation>
+    </message>
+    <message>
+        <source>Split the selected quads into triangles</source>
+        <translation>選択した四角形を三角形に分割します</translation>
+    </message>
+    <message>
+        <source>Vertex Selection not found.</source>
+        <translation>頂点が選択されていません。</translation>
+    </message>
+    <message>
+        <source>Edge Selection not found.</source>
+        <translation>辺が選択されていません。</translation>
+    </message>
+    <message>
+        <source>Face Selection not found.</source>
+        <translation>面が選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>SelComAssignShader</name>
+    <message>
+        <source>Shader Selection not found.</source>
+        <translation>シェーダーが選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>SelComDivideEdge</name>
+    <message>
+        <source>division</source>
+        <translation>分割数</translation>
+    </message>
+</context>
+<context>
+    <name>SelComSymmetrizingVertex</name>
+    <message>
+        <source>Vertex Selection not found.</source>
+        <translation>頂点が選択されていません。</translation>
+    </message>
+    <message>
+        <source>illegal vertex position.</source>
+        <translation>頂点の位置が正しくありません。</translation>
+    </message>
+</context>
+<context>
+    <name>KMAlignVertexDialog</name>
+    <message>
+        <source>World</source>
+        <translation>ワールド</translation>
+    </message>
+    <message>
+        <source>Local</source>
+        <translation>ローカル</translation>
     </message>
 </context>
 </TS>

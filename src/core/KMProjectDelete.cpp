@@ -2,6 +2,7 @@
 
 #include "core/KMBasicShaderNode.h"
 #include "core/KMBlockModel.h"
+#include "core/KMBluePrint.h"
 #include "core/KMFileTextureNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
@@ -22,12 +23,32 @@ QList<KMNode *> nodesOfSubtree(const KMContainerNode *node)
     return nodes;
 }
 
-/// Texture references of a material after the texture at an index went: its own become none, later ones move down.
+/// A reference to a texture after the texture at an index went: its own become none, later ones move down.
+int withoutTexture(int reference, int index)
+{
+    return reference == index ? -1 : reference > index ? reference - 1 : reference;
+}
+
 KMBasicShader withoutTexture(KMBasicShader values, int index)
 {
     for (int &slot : values.textures)
-        slot = slot == index ? -1 : slot > index ? slot - 1 : slot;
+        slot = withoutTexture(slot, index);
     return values;
+}
+
+KMBluePrintValues withoutTexture(KMBluePrintValues values, int index)
+{
+    values.texture = withoutTexture(values.texture, index);
+    return values;
+}
+
+/// As commands of the history, where something changes.
+template <class Command, class Node>
+void pushWithoutTexture(Node *node, int index)
+{
+    const auto values = withoutTexture(node->values(), index);
+    if (values != node->values())
+        gSolution->push(new Command(node, values));
 }
 
 } // namespace
@@ -86,12 +107,12 @@ void KMProject::deleteTexture(KMTextureNode *texture)
     if (index < 0)
         return;
     for (KMShaderNode *shader : shaders()) { // a deleted one comes back with the indices of its own time
-        if (shader->type() != KMNodeType::BasicShader)
-            continue;
-        auto *basic = nodeAs<KMBasicShaderNode>(shader);
-        const KMBasicShader values = withoutTexture(basic->values(), index);
-        if (values != basic->values())
-            gSolution->push(new editShaderNodeCommand(basic, values));
+        if (shader->type() == KMNodeType::BasicShader)
+            pushWithoutTexture<editShaderNodeCommand>(nodeAs<KMBasicShaderNode>(shader), index);
+    }
+    for (KMBluePrint *bluePrint : bluePrints()) {
+        if (!bluePrint->isDeleted())
+            pushWithoutTexture<blueprintSetParamCommand>(bluePrint, index);
     }
     gSolution->push(new deleteTextureNodeCommand(texture));
 }

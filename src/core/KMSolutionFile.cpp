@@ -2,9 +2,9 @@
 
 #include "core/KMBackupArchive.h"
 #include "core/KMDocumentFormat.h"
+#include "core/KMMessageBox.h"
 #include "core/KMOutput.h"
 #include "core/KMProject.h"
-#include "core/KMPrompt.h"
 #include "core/KMSessionTool.h"
 #include "core/KMSessionViews.h"
 #include "core/KMSessionWindow.h"
@@ -122,15 +122,11 @@ void KMSolution::autoSave()
 
 bool KMSolution::askAutoSave()
 {
-    KMMessage question;
+    KMMessageBox question;
     question.title = tr("AutoSave");
-    question.text = tr("The document has been modified.");
-    question.informativeText = tr("Do you want to save your changes?");
     question.buttons = QMessageBox::Save | QMessageBox::Cancel;
-    question.defaultButton = QMessageBox::Save;
-    question.minimumSize = {200, 200};
     m_autoSaveBox = true;
-    const QMessageBox::StandardButton answer = KMPrompt::current().message(question);
+    const QMessageBox::StandardButton answer = question.ask();
     m_autoSaveBox = false;
     return answer == QMessageBox::Save;
 }

@@ -1,9 +1,11 @@
 #include "formats/KMDNodeBodies.h"
 
+#include "core/KMBluePrint.h"
 #include "core/KMNodeType.h"
 #include "core/KMNullNode.h"
 #include "core/KMValueNodeContainer.h"
 #include "core/KMVariantNode.h"
+#include "formats/KMDFormat.h"
 #include "formats/KMDMeshBody.h"
 #include "formats/KMDPrimitiveBodies.h"
 #include "formats/KMDTagBodies.h"
@@ -84,11 +86,33 @@ void readNull(KMDReadContext &context, KMContainerNode *node)
     KMDTagBodies::readTags(context, node);
 }
 
+void writeBluePrint(KMDOutput &out, const KMContainerNode *node)
+{
+    writeNull(out, node);
+    const KMBluePrintValues &values = static_cast<const KMBluePrint *>(node)->values();
+    for (const int number : {values.mode, values.texture, values.foreground, values.blend})
+        out.writeI32(number);
+    out.writeF32(values.alpha);
+    out.writeReserved();
+}
+
+void readBluePrint(KMDReadContext &context, KMContainerNode *node)
+{
+    readNull(context, node);
+    KMBluePrintValues values;
+    for (int *number : {&values.mode, &values.texture, &values.foreground, &values.blend})
+        *number = context.in.readI32();
+    values.alpha = context.in.readF32(values.alpha);
+    static_cast<KMBluePrint *>(node)->setValues(values);
+    KMDNodeBodies::skipReserved(context.in);
+}
+
 constexpr KMDNodeBody bodies[] = {
     {KMNodeType::BoolContainer, &make<KMBoolNodeContainer>, &writeBool, &readBool},
     {KMNodeType::IntContainer, &make<KMIntNodeContainer>, &writeInt, &readInt},
     {KMNodeType::FloatContainer, &make<KMFloatNodeContainer>, &writeFloat, &readFloat},
     {KMNodeType::Null, &make<KMNullNode>, &writeNull, &readNull},
+    {KMNodeType::BluePrint, &make<KMBluePrint>, &writeBluePrint, &readBluePrint},
     {KMNodeType::Mesh, &make<KMMeshNode>, &KMDMeshBody::write, &KMDMeshBody::read},
 };
 
@@ -128,4 +152,9 @@ void KMDNodeBodies::readTransform(KMDReadContext &context, KMNullNode *node)
     transform.rotation.z = imaginary.z;
     transform.translation = context.readPosition();
     node->setTransform(transform);
+}
+
+void KMDNodeBodies::skipReserved(KMDStream &in)
+{
+    in.skip(qint64(KMD::ReservedFields) * (qint64(sizeof(qint32)) + in.floatBytes()));
 }

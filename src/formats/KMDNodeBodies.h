@@ -23,5 +23,6 @@ const KMDNodeBody *find(int type); ///< null for a class that has no row
 
 void writeTransform(KMDOutput &out, const KMNullNode *node); ///< name, locked, visible, scale, rotation, translation
 void readTransform(KMDReadContext &context, KMNullNode *node);
+void skipReserved(KMDStream &in); ///< what KMDOutput::writeReserved() wrote
 
 } // namespace KMDNodeBodies

@@ -11,6 +11,8 @@
 #include "modifiers/KMPrimSphereNode.h"
 #include "modifiers/KMPrimTorusNode.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <iterator>
 
@@ -168,11 +170,15 @@ void readBody(KMDReadContext &context, KMContainerNode *node)
     primitive->setShader(context.shaderIndex(context.in.readI32()));
     auto parameters = primitive->parameters();
     read(context.in, parameters);
-    // A few bytes may ask for millions of faces, and a file for that many times over.
-    if (context.takeFaces(parameters.faceCount(), KMPrimitiveNode::MaxFaces))
+    const qint64 faces = parameters.faceCount();
+    if (faces <= KMPrimitiveNode::MaxFaces && context.takeFaces(faces)) {
         primitive->setParameters(parameters);
-    else
-        context.in.warn(KMDReadContext::tr("%1 has too many faces and was given the standard form").arg(node->name()));
+    } else {
+        primitive->setParametersOnly(parameters);
+        context.in.warn(KMDReadContext::tr("%1 stays without its shape of %2 faces, which are too many for a file of "
+                                           "this size; a change of its settings makes it")
+                            .arg(node->name(), QLocale().toString(faces)));
+    }
     KMDTagBodies::readTags(context, node);
 }
 

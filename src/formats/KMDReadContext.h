@@ -36,10 +36,14 @@ public:
     qint64 facesTaken = 0;      ///< of the shapes that the file only describes
     qint64 meshNanoseconds = 0; ///< time that the meshes took, for the log
 
-    /// Whether all shapes stay within the limit with so many faces more; counts them when they do.
-    bool takeFaces(qint64 faces, qint64 limit)
+    /// Whether a shape of so many faces may be made beside those before it; counts them when it may. A few bytes can
+    /// describe millions of faces, and opening a file shall not take memory out of proportion to it.
+    bool takeFaces(qint64 faces)
     {
-        if (faces > limit - facesTaken)
+        constexpr qint64 freeBytes = 40 << 20;
+        constexpr qint64 bytesOfFace = 500; // with its share of vertices, edges and normals
+        const qint64 fileBytes = in.position() + in.bytesLeft();
+        if (faces > (freeBytes + fileBytes) / bytesOfFace - facesTaken)
             return false;
         facesTaken += faces;
         return true;

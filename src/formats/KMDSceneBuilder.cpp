@@ -1,6 +1,7 @@
 #include "formats/KMDSceneBuilder.h"
 
 #include "core/KMBasicShaderNode.h"
+#include "core/KMBluePrint.h"
 #include "core/KMEmbeddedTextureNode.h"
 #include "core/KMFileTextureNode.h"
 #include "core/KMNodeType.h"
@@ -169,12 +170,9 @@ void KMDSceneBuilder::addTextures()
 }
 
 /// An index beyond the textures of the file stays as it is.
-void KMDSceneBuilder::redirectTextures(KMBasicShader &values) const
+int KMDSceneBuilder::redirected(int texture) const
 {
-    for (int &slot : values.textures) {
-        if (slot >= 0 && slot < m_textureIndices.size())
-            slot = m_textureIndices[slot];
-    }
+    return m_textureIndices.value(texture, texture);
 }
 
 void KMDSceneBuilder::addShaders()
@@ -183,7 +181,8 @@ void KMDSceneBuilder::addShaders()
         KMShaderNode *shader = record.node.release();
         if (shader->type() == KMNodeType::BasicShader) {
             KMBasicShader values = nodeAs<KMBasicShaderNode>(shader)->values();
-            redirectTextures(values);
+            for (int &slot : values.textures)
+                slot = redirected(slot);
             nodeAs<KMBasicShaderNode>(shader)->setValues(values);
         }
         gProject->addToScene(shader, KMProject::Naming::Keep);
@@ -197,6 +196,11 @@ void KMDSceneBuilder::addNodes()
     gProject->rebuildDerivedLists(); // stale from here on: the rows move about behind the back of the lists
     for (KMDNodeRecord &record : m_contents.nodes) {
         KMContainerNode *node = record.node.release();
+        if (node->type() == KMNodeType::BluePrint) {
+            KMBluePrintValues values = nodeAs<KMBluePrint>(node)->values();
+            values.texture = redirected(values.texture);
+            nodeAs<KMBluePrint>(node)->setValues(values);
+        }
         gProject->addToScene(node, KMProject::Naming::Keep);
         placeRow(node->item(), record);
         m_nodes << node;

@@ -28,7 +28,7 @@ private:
     void applyViewState();
     void addTextures();
     void addShaders();
-    void redirectTextures(KMBasicShader &values) const;
+    int redirected(int texture) const; ///< index of a texture of the file in the document
     void addNodes();
     void placeRow(QTreeWidgetItem *row, const KMDNodeRecord &record);
     void restoreRows();

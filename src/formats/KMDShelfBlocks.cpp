@@ -7,7 +7,7 @@
 #include "core/KMPbrShaderNode.h"
 #include "core/KMProject.h"
 #include "formats/KMDContents.h"
-#include "formats/KMDFormat.h"
+#include "formats/KMDNodeBodies.h"
 
 #include <QCoreApplication>
 
@@ -43,13 +43,6 @@ void skipTiles(KMDStream &in)
     in.skip(qint64(in.readCount(idBytes)) * idBytes);
 }
 
-void skipReserved(KMDStream &in)
-{
-    for (int i = 0; i < KMD::ReservedFields; ++i)
-        in.readI32();
-    in.skip(qint64(in.floatBytes()) * KMD::ReservedFields);
-}
-
 void writeTextureBody(KMDOutput &out, KMTextureNode *texture)
 {
     switch (texture->type()) {
@@ -71,7 +64,7 @@ void readEmbeddedBody(KMDStream &in, KMDTextureRecord &record)
 {
     bool isSound = true;
     if (in.since(4.2f))
-        skipReserved(in);
+        KMDNodeBodies::skipReserved(in);
     // Before 4.2 the 0 may be missing: then the picture's own mark comes next.
     if (in.since(4.2f) || !in.isPictureNext())
         in.readI32();
@@ -89,7 +82,7 @@ KMDTextureRecord readTexture(KMDStream &in)
     if (record.type == KMNodeType::FileTexture) {
         record.path = in.readString();
         if (in.since(4.2f))
-            skipReserved(in);
+            KMDNodeBodies::skipReserved(in);
     } else if (record.type == KMNodeType::EmbeddedTexture) {
         readEmbeddedBody(in, record);
     } else if (record.type != KMNodeType::ProcTexture) {

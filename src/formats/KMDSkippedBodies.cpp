@@ -136,7 +136,6 @@ void skipWeights(Fields &f)
 
 constexpr Row nodeRows[] = {
     {KMNodeType::UserCamera, [](Fields &) {}},
-    {KMNodeType::BluePrint, [](Fields &f) { f.transform().tags().i32(4).f32().i32(4).f32(4); }},
     {KMNodeType::ModBoneDeform, [](Fields &f) { f.transform().tags(); }},
     {KMNodeType::ModCloner, [](Fields &f) { f.transform().i32(2).f32(9).tags(); }},
     {KMNodeType::ModSdv, [](Fields &f) { f.transform().i32().flag().i32(2).i32(f.since(1.1f)).tags(); }},

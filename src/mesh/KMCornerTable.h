@@ -50,8 +50,21 @@ public:
         return corners[3] == None ? 3 : corners[3] == Outside ? 0 : 4;
     }
 
+    /// Calls visit(a, b, side) with the ends of each side of a face whose vertices are there.
+    template <class Visit>
+    static void forEachSide(const Corners &corners, const Visit &visit)
+    {
+        for (size_t c = 0; c < corners.size() && corners[c] != None; ++c) {
+            const bool isLast = c + 1 == corners.size() || corners[c + 1] == None;
+            const int a = corners[c];
+            const int b = corners[isLast ? 0 : c + 1];
+            if (a >= 0 && b >= 0)
+                visit(a, b, int(c));
+        }
+    }
+
 private:
-    KMLargeArray<Corners> m_corners;
+    KMLargeArray<Corners> m_corners; // some more places than faces once it has grown
     int m_vertexCount = 0;
     int m_faceCount = 0;
 };

@@ -1,8 +1,12 @@
 #include "mesh/KMEdgeTable.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
+
+constexpr quint32 empty = 0;
+constexpr quint32 removed = ~quint32(0); // an edge stood here: a search goes on
 
 constexpr size_t smallestTable = 64;
 constexpr int nearProbes = 8;
@@ -47,52 +51,115 @@ private:
 
 } // namespace
 
+/// The slot of the pair, else the one to put it in.
 quint32 *KMEdgeTable::findSlot(int low, int high) const
 {
+    quint32 *reusable = nullptr;
     Probe probe(low, high, m_slotCount);
     for (;; probe.advance()) {
         quint32 *slot = &m_slots[probe.slot()];
-        if (*slot == 0)
-            return slot;
-        const KMEdge *edge = at(int(*slot - 1));
+        if (*slot == empty)
+            return reusable ? reusable : slot;
+        if (*slot == removed) {
+            if (!reusable)
+                reusable = slot;
+            continue;
+        }
+        const KMEdge *edge = atPlace(int(*slot - 1));
         if (edge->index0 == low && edge->index1 == high)
             return slot;
     }
 }
 
+int KMEdgeTable::findPlace(int a, int b) const
+{
+    if (m_slotsInUse == 0)
+        return -1;
+    const quint32 place = *findSlot(std::min(a, b), std::max(a, b));
+    return place == empty || place == removed ? -1 : int(place - 1);
+}
+
 KMEdge *KMEdgeTable::find(int a, int b) const
 {
-    if (m_size == 0)
-        return nullptr;
-    const quint32 number = *findSlot(std::min(a, b), std::max(a, b));
-    return number ? at(int(number - 1)) : nullptr;
+    const int place = findPlace(a, b);
+    return place < 0 ? nullptr : atPlace(place);
+}
+
+int KMEdgeTable::findOrAddPlace(int a, int b)
+{
+    if (2 * (m_slotsInUse + 1) > m_slotCount)
+        rehash(std::max(smallestTable, m_slotCount * (4 * size_t(m_live) > m_slotCount ? 2 : 1)));
+    const int low = std::min(a, b);
+    const int high = std::max(a, b);
+    quint32 *slot = findSlot(low, high);
+    if (*slot != empty && *slot != removed)
+        return int(*slot - 1);
+    m_slotsInUse += *slot == empty;
+    const int place = takePlace(low, high);
+    *slot = quint32(place) + 1;
+    return place;
 }
 
 KMEdge *KMEdgeTable::findOrAdd(int a, int b)
 {
-    if (2 * (size_t(m_size) + 1) > m_slotCount)
-        rehash(std::max(smallestTable, 2 * m_slotCount));
-    const int low = std::min(a, b);
-    const int high = std::max(a, b);
-    quint32 *slot = findSlot(low, high);
-    if (*slot)
-        return at(int(*slot - 1));
-    *slot = quint32(m_size) + 1;
-    return append(low, high);
+    const int liveBefore = m_live;
+    const int place = findOrAddPlace(a, b);
+    if (m_live > liveBefore) {
+        if (!m_order.empty())
+            m_order.push_back(place);
+        ++m_size;
+    }
+    return atPlace(place);
 }
 
-KMEdge *KMEdgeTable::append(int low, int high)
+int KMEdgeTable::takePlace(int low, int high)
 {
-    if (size_t(m_size) == m_blocks.size() * BlockSize)
+    int place = m_placeCount;
+    if (!m_freePlaces.empty()) {
+        place = m_freePlaces.back();
+        m_freePlaces.pop_back();
+    } else if (size_t(m_placeCount++) == m_blocks.size() * BlockSize) {
         m_blocks.push_back(std::make_unique<KMEdge[]>(BlockSize));
-    KMEdge *edge = at(m_size++);
+    }
+    KMEdge *edge = atPlace(place);
     edge->index0 = low;
     edge->index1 = high;
     edge->weight = 0.0f;
     edge->flags = 0;
     edge->drawn = 0;
     edge->faceRefs.clear();
-    return edge;
+    ++m_live;
+    return place;
+}
+
+void KMEdgeTable::removePlace(int place)
+{
+    const KMEdge *edge = atPlace(place);
+    *findSlot(edge->index0, edge->index1) = removed;
+    m_freePlaces.push_back(place);
+    --m_live;
+}
+
+std::vector<int> KMEdgeTable::takeOrder()
+{
+    std::vector<int> order = std::move(m_order);
+    m_order.clear();
+    if (order.empty()) {
+        order.reserve(size_t(m_size + m_size / 8));
+        order.resize(size_t(m_size));
+        std::iota(order.begin(), order.end(), 0);
+    }
+    m_size = 0;
+    return order;
+}
+
+void KMEdgeTable::setOrder(std::vector<int> &&order)
+{
+    Q_ASSERT(int(order.size()) == m_live);
+    if (order.empty())
+        clear(); // places are numbers again
+    m_order = std::move(order);
+    m_size = int(m_order.size());
 }
 
 void KMEdgeTable::reserve(int edges)
@@ -106,24 +173,37 @@ void KMEdgeTable::reserve(int edges)
 
 void KMEdgeTable::rehash(size_t slotCount)
 {
+    const std::unique_ptr<quint32[]> slotsBefore = std::move(m_slots);
+    const size_t countBefore = m_slotCount;
     m_slots = std::make_unique<quint32[]>(slotCount);
     m_slotCount = slotCount;
-    for (int number = 0; number < m_size; ++number) {
-        const KMEdge *edge = at(number);
-        *findSlot(edge->index0, edge->index1) = quint32(number) + 1;
+    m_slotsInUse = size_t(m_live);
+    for (size_t i = 0; i < countBefore; ++i) {
+        const quint32 slot = slotsBefore[i];
+        if (slot == empty || slot == removed)
+            continue;
+        const KMEdge *edge = atPlace(int(slot - 1));
+        *findSlot(edge->index0, edge->index1) = slot;
     }
 }
 
 void KMEdgeTable::clear()
 {
-    std::fill_n(m_slots.get(), m_slotCount, 0u);
+    std::fill_n(m_slots.get(), m_slotCount, empty);
+    m_order.clear();
+    m_freePlaces.clear();
+    m_slotsInUse = 0;
+    m_placeCount = 0;
+    m_live = 0;
     m_size = 0;
 }
 
 void KMEdgeTable::release()
 {
+    clear();
+    m_order = {};
+    m_freePlaces = {};
     m_blocks.clear();
     m_slots.reset();
     m_slotCount = 0;
-    m_size = 0;
 }

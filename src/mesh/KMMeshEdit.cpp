@@ -8,6 +8,7 @@
 #include "mesh/KMMeshNodeCommands.h"
 #include "mesh/KMMeshSelectCommands.h"
 #include "mesh/KMMeshUVCommands.h"
+#include "mesh/KMSelectedElements.h"
 #include "mesh/KMVertexCommands.h"
 
 #include <QCoreApplication>
@@ -56,6 +57,14 @@ int assignShaderTo(KMMeshNode &mesh, const QVector<int> &faces, int shader)
 int addVertex(KMMeshNode &mesh, const kvm::Vector3 &position)
 {
     auto *command = new addVertexCommand(&mesh, position);
+    const int index = command->index();
+    gSolution->push(command);
+    return index;
+}
+
+int addVertex(KMMeshNode &mesh, const KMVertex &record)
+{
+    auto *command = new addVertexCommand(&mesh, record);
     const int index = command->index();
     gSolution->push(command);
     return index;
@@ -178,6 +187,12 @@ bool editFaceUV(KMMeshNode &mesh, int face, int corner, const kvm::Vector2 &uv)
     return pushIf<editFaceUVCommand>(changes, mesh, face, corner, uv);
 }
 
+void settleEdges(KMMeshNode &mesh)
+{
+    if (mesh.dirtyMask() & KMMeshDirty::Edges)
+        gSolution->push(new buildEdgeCommand(&mesh));
+}
+
 bool splitQuad(KMMeshNode &mesh, int face)
 {
     const KMFace *record = mesh.face(face);
@@ -211,13 +226,7 @@ bool compact(KMMeshNode &mesh)
 
 int assignShader(KMMeshNode &mesh, int shader)
 {
-    QVector<int> selected;
-    for (int f = 0; f < mesh.faceCount(); ++f) {
-        const KMFace *face = mesh.face(f);
-        if (face && face->hasFlag(KMElementFlag::Selected))
-            selected << f;
-    }
-    return assignShaderTo(mesh, selected, shader);
+    return assignShaderTo(mesh, KMSelectedElements::faces(mesh), shader);
 }
 
 int assignShader(KMMeshNode &mesh, int face, int shader)

@@ -12,6 +12,7 @@ struct KMVertex;
 namespace KMMeshEdit {
 
 int addVertex(KMMeshNode &mesh, const kvm::Vector3 &position); ///< returns the new index
+int addVertex(KMMeshNode &mesh, const KMVertex &record);       ///< without its faces
 int addFace(KMMeshNode &mesh, int count, const int *indices);  ///< returns the new index
 int addFace(KMMeshNode &mesh, const KMFace &record);
 bool deleteVertex(KMMeshNode &mesh, int index); ///< with the faces around it
@@ -31,6 +32,9 @@ bool hideFace(KMMeshNode &mesh, int face, bool hidden);
 
 bool editFaceShader(KMMeshNode &mesh, int face, int shader);
 bool editFaceUV(KMMeshNode &mesh, int face, int corner, const kvm::Vector2 &uv);
+
+/// Derives the edges anew where edits before, within the same step, left them behind: for edits that go by the edges.
+void settleEdges(KMMeshNode &mesh);
 
 /// Splits a quad into the triangles of corners 0, 1, 2 and 2, 3, 0; false for any other face.
 bool splitQuad(KMMeshNode &mesh, int face);

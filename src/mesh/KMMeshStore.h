@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mesh/KMCornerTable.h"
+#include "mesh/KMEdgePatch.h"
 #include "mesh/KMEdgeState.h"
 #include "mesh/KMEdgeTable.h"
 #include "mesh/KMFace.h"
@@ -10,6 +11,7 @@
 #include <QVector>
 
 #include <array>
+#include <vector>
 
 /// The records of a mesh: vertices, faces, and the edges that follow from the faces.
 ///
@@ -121,15 +123,12 @@ public:
 
 protected:
     // A walk over the faces that reads the corners takes each of them in between.
-    void beginCorners()
-    {
-        m_edgesFollow &= m_corners.faceCount() == faceCount();
-        m_corners.begin(vertexCount(), faceCount());
-    }
+    void beginCorners();
     void takeCorners(int f, const KMFace *face)
     {
+        const KMCornerTable::Corners before = m_corners.of(f);
         if (m_corners.take(f, face, m_vertices.constData()))
-            m_edgesFollow = false;
+            noteChange(f, before);
     }
     void updateEdges(); ///< as rebuildEdges(), from the corners that were read just now
 
@@ -139,6 +138,8 @@ protected:
     void copyRecords(const KMMeshStore &source);
 
 private:
+    void noteChange(int f, const KMCornerTable::Corners &before);
+    void forgetChanges();
     QVector<KMEdgeState> takeEdges();
     void insertEdges();
     void giveBack(const QVector<KMEdgeState> &states);
@@ -156,7 +157,10 @@ private:
     QVector<KMFace *> m_faces;
     KMEdgeTable m_edges;
     KMCornerTable m_corners;
-    bool m_edgesFollow = false; // the edges are those of the corners as they were read last
+    // The edges are those of the corners as they were before these changes, and loose ones behind them.
+    bool m_edgesFollow = false;
+    std::vector<KMEdgePatch::Change> m_changes;
+    int m_looseEdges = 0;
     KMRecordPool<KMVertex> m_vertexPool;
     KMRecordPool<KMFace> m_facePool;
     QVector<int> m_vertexRemap; // old index to new, -1 for what is gone

@@ -15,7 +15,7 @@ KMEdge *KMMeshStore::findOrAddEdge(int a, int b)
 {
     const int before = m_edges.size();
     KMEdge *edge = m_edges.findOrAdd(a, b);
-    m_edgesFollow &= m_edges.size() == before;
+    m_looseEdges += m_edges.size() - before;
     return edge;
 }
 
@@ -51,6 +51,21 @@ QVector<KMEdgeState> KMMeshStore::edgeStates() const
     return states;
 }
 
+void KMMeshStore::beginCorners()
+{
+    for (int f = faceCount(); f < m_corners.faceCount(); ++f)
+        noteChange(f, m_corners.of(f));
+    m_corners.begin(vertexCount(), faceCount());
+}
+
+void KMMeshStore::noteChange(int f, const KMCornerTable::Corners &before)
+{
+    if (!m_edgesFollow)
+        return;
+    m_changes.push_back({f, before});
+    m_edgesFollow = int(m_changes.size()) <= KMEdgePatch::limit(faceCount());
+}
+
 void KMMeshStore::readCorners()
 {
     beginCorners();
@@ -82,22 +97,27 @@ void KMMeshStore::giveBack(const QVector<KMEdgeState> &states)
 void KMMeshStore::insertEdges()
 {
     for (int f = 0, n = m_corners.faceCount(); f < n; ++f) {
-        const KMCornerTable::Corners &corners = m_corners.of(f);
-        for (size_t c = 0; c < corners.size() && corners[c] != KMCornerTable::None; ++c) {
-            const bool isLast = c + 1 == corners.size() || corners[c + 1] == KMCornerTable::None;
-            const int a = corners[c];
-            const int b = corners[isLast ? 0 : c + 1];
-            if (a >= 0 && b >= 0)
-                m_edges.findOrAdd(a, b)->faceRefs.append(f);
-        }
+        KMCornerTable::forEachSide(m_corners.of(f),
+                                   [this, f](int a, int b, int) { m_edges.findOrAdd(a, b)->faceRefs.append(f); });
     }
     m_edgesFollow = true;
+    forgetChanges();
+}
+
+void KMMeshStore::forgetChanges()
+{
+    m_changes.clear();
+    m_looseEdges = 0;
 }
 
 void KMMeshStore::updateEdges()
 {
-    if (m_edgesFollow)
+    if (m_edgesFollow && m_looseEdges <= KMEdgePatch::limit(faceCount())) {
+        if (!m_changes.empty() || m_looseEdges > 0)
+            KMEdgePatch(m_edges, m_corners).apply(m_changes, m_looseEdges);
+        forgetChanges();
         return;
+    }
     const QVector<KMEdgeState> states = takeEdges();
     insertEdges();
     giveBack(states);

@@ -5,6 +5,7 @@
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMSelectedElements.h"
 
 #include <QCoreApplication>
 
@@ -13,27 +14,6 @@
 using KMMeshTargets::Elements;
 
 namespace {
-
-template <class Records>
-QVector<int> selectedIndices(const Records &records)
-{
-    QVector<int> indices;
-    for (int i = 0; i < records.size(); ++i) {
-        if (records.at(i) && records.at(i)->hasFlag(KMElementFlag::Selected))
-            indices << i;
-    }
-    return indices;
-}
-
-QVector<QPair<int, int>> selectedEdges(const KMMeshNode &mesh)
-{
-    QVector<QPair<int, int>> edges;
-    for (const KMEdge *edge : mesh.edges()) {
-        if (edge->hasFlag(KMElementFlag::Selected))
-            edges.append({edge->index0, edge->index1});
-    }
-    return edges;
-}
 
 /// Answers whether there was any.
 bool deleteLines(KMMeshNode &mesh, int a, int b)
@@ -44,9 +24,26 @@ bool deleteLines(KMMeshNode &mesh, int a, int b)
     return first >= 0;
 }
 
+void deleteSelected(KMMeshNode &mesh, Elements kinds)
+{
+    using namespace KMSelectedElements;
+    const QVector<KMEdgeEnds> lostEdges = kinds.testFlag(KMMeshTargets::Edges) ? edges(mesh) : QVector<KMEdgeEnds>();
+    const QVector<int> lostFaces = kinds.testFlag(KMMeshTargets::Faces) ? faces(mesh) : QVector<int>();
+    const QVector<int> lostVertices = kinds.testFlag(KMMeshTargets::Vertices) ? vertices(mesh) : QVector<int>();
+    for (const int i : lostVertices)
+        KMMeshEdit::deleteVertex(mesh, i);
+    for (const KMEdgeEnds &edge : lostEdges)
+        KMMeshEdit::deleteEdge(mesh, edge.a, edge.b);
+    for (const int f : lostFaces)
+        KMMeshEdit::deleteFace(mesh, f);
+    gSolution->push(new buildEdgeCommand(&mesh));
+}
+
+} // namespace
+
 /// A line polygon on the edge goes in place of the faces beside it. An edge that goes leaves nothing behind: one that
 /// comes back at the same vertices starts plain.
-void deleteEdge(KMMeshNode &mesh, int a, int b)
+void KMMeshEdit::deleteEdge(KMMeshNode &mesh, int a, int b)
 {
     KMMeshEdit::selectEdge(mesh, a, b, false);
     if (deleteLines(mesh, a, b))
@@ -59,23 +56,6 @@ void deleteEdge(KMMeshNode &mesh, int a, int b)
             KMMeshEdit::deleteFace(mesh, f);
     }
 }
-
-void deleteSelected(KMMeshNode &mesh, Elements kinds)
-{
-    const auto edges = kinds.testFlag(KMMeshTargets::Edges) ? selectedEdges(mesh) : QVector<QPair<int, int>>();
-    const QVector<int> faces = kinds.testFlag(KMMeshTargets::Faces) ? selectedIndices(mesh.faces()) : QVector<int>();
-    const QVector<int> vertices =
-        kinds.testFlag(KMMeshTargets::Vertices) ? selectedIndices(mesh.vertices()) : QVector<int>();
-    for (const int i : vertices)
-        KMMeshEdit::deleteVertex(mesh, i);
-    for (const auto &edge : edges)
-        deleteEdge(mesh, edge.first, edge.second);
-    for (const int f : faces)
-        KMMeshEdit::deleteFace(mesh, f);
-    gSolution->push(new buildEdgeCommand(&mesh));
-}
-
-} // namespace
 
 bool KMMeshEdit::deleteSelection(Elements kinds)
 {

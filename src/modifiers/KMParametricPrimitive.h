@@ -46,6 +46,15 @@ public:
         rebuild();
     }
 
+    /// Sets all, and leaves the node without a shape: the next rebuild makes it.
+    void setParametersOnly(const Parameters &parameters)
+    {
+        write(parameters);
+        if (parameters.isInRange() && parameters.faceCount() <= MaxFaces)
+            m_shown = parameters;
+        const KMPrimitiveBuilder emptied(*mesh(), transform(), shader());
+    }
+
     State state() const { return {parameters(), m_shown}; }
 
     /// The state in which setParameters() leaves the node.

@@ -7,8 +7,10 @@ KMBufferMapBase::KMBufferMapBase(KMOpenGLBuffer &buffer)
 {
     if (m_buffer.isCreated() && m_buffer.bind())
         m_memory = m_buffer.map(QOpenGLBuffer::ReadWrite);
-    if (!m_memory)
-        qDebug() << "failed glMapBuffer.";
+    if (m_memory)
+        return;
+    qDebug() << "failed glMapBuffer.";
+    m_buffer.release();
 }
 
 KMBufferMapBase::~KMBufferMapBase()

@@ -103,7 +103,7 @@ bool KMCameraNode::mouseMove(KMMouseEvent *event)
     }
     if (m_drag.rotate && !m_drag.pan) {
         if (isUV() && m_rollMode == RollMode::ByAngle) {
-            rollTo(angleFromPress(event->localPos()) + m_drag.pressRoll, inSteps, false);
+            rollTo(wrapped(angleFromPress(event->localPos()) + m_drag.pressRoll), inSteps, false);
             return true;
         }
         if (!isUV())

@@ -2,6 +2,7 @@
 
 #include "core/KMDpi.h"
 #include "core/KMSvgPicture.h"
+#include "render/KMHUDPicture.h"
 
 #include <QAction>
 #include <QGuiApplication>
@@ -28,6 +29,8 @@ KMHUDIcon::KMHUDIcon(const QString &drawing, int toolId, int mode, QObject *pare
     m_action->setCheckable(true);
     connect(m_action, &QAction::toggled, this, &KMHUDIcon::onToggled);
 }
+
+KMHUDIcon::~KMHUDIcon() = default;
 
 int KMHUDIcon::size()
 {
@@ -64,8 +67,8 @@ QImage KMHUDIcon::picture(bool checked) const
 
 void KMHUDIcon::draw(KMRenderer &renderer, const KMCameraNode &camera)
 {
-    KMHUDQuad &quad = m_isChecked ? m_checked : m_normal;
-    if (!quad.hasPicture())
-        quad.setPicture(picture(m_isChecked));
-    quad.draw(renderer, camera, place());
+    std::unique_ptr<KMHUDPicture> &shown = m_isChecked ? m_checked : m_normal;
+    if (!shown)
+        shown = std::make_unique<KMHUDPicture>(picture(m_isChecked));
+    m_quad.draw(renderer, camera, place(), *shown);
 }

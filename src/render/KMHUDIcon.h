@@ -5,6 +5,9 @@
 #include <QObject>
 #include <QPointF>
 
+#include <memory>
+
+class KMHUDPicture;
 class QAction;
 
 /// A button that is drawn into a view: one mode of a tool. Its action is checked while the tool works in that mode.
@@ -13,6 +16,7 @@ class KMHUDIcon : public QObject
     Q_OBJECT
 public:
     KMHUDIcon(const QString &drawing, int toolId, int mode, QObject *parent = nullptr);
+    ~KMHUDIcon() override; ///< with a context current that shares the buffers, once it was drawn
 
     static int size(); ///< pixels of a side
     int toolId() const { return m_toolId; }
@@ -37,6 +41,6 @@ private:
     QAction *m_action;
     QPointF m_position{12.0, 12.0};
     bool m_isChecked = false;
-    KMHUDQuad m_normal;
-    KMHUDQuad m_checked;
+    KMHUDQuad m_quad;
+    std::unique_ptr<KMHUDPicture> m_normal, m_checked; // null until they are drawn
 };

@@ -52,6 +52,7 @@ bool KMMaterialBall::fill(RenderGroup &group)
 
 void KMMaterialBall::draw(KMRenderer &renderer, const KMShaderNode *shader, const QSize &size) const
 {
+    renderer.beginScene();
     renderer.glClearColor(0.0f, 0.0f, 0.0f, 0.0f);
     renderer.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     KMOpenGLShaderProgram &real = renderer.program(KMShaderPrograms::Real);
@@ -63,7 +64,6 @@ void KMMaterialBall::draw(KMRenderer &renderer, const KMShaderNode *shader, cons
     // The larger side of the picture is the one that the zoom doesn't follow.
     camera.setOrthoZoom(1000.0f / (radius * rim));
     camera.updateMatrices();
-    renderer.beginScene();
     renderer.material().setView(real, camera);
     renderer.material().apply(real, shader, true, false);
     renderer.glEnable(GL_CULL_FACE); // through glass the far side would show in patches

@@ -3,6 +3,7 @@
 #include "render/KMHUDQuad.h"
 
 #include <array>
+#include <memory>
 
 class KMCameraNode;
 class QPointF;
@@ -19,12 +20,15 @@ public:
     static QRectF place(const KMCameraNode &camera, int index);
     static int codeAt(const KMCameraNode &camera, const QPointF &position);
 
+    KMNavigationIcons(); ///< in the colours that the program has now
+
     void draw(KMRenderer &renderer, const KMCameraNode &camera, int hotCode); ///< with the view's context current
 
 private:
-    struct Icon
-    {
-        KMHUDQuad normal, hot;
-    };
-    std::array<Icon, 3> m_icons;
+    struct Pictures;
+
+    static std::shared_ptr<Pictures> sharedPictures();
+
+    std::shared_ptr<Pictures> m_pictures; // the same for all views
+    std::array<KMHUDQuad, 3> m_quads;
 };

@@ -22,12 +22,14 @@ namespace {
 
 constexpr int labelMargin = 8;
 
-/// A driver may give less than was asked for, and the program goes on with that.
+/// A driver may give something else than was asked for, and the program goes on with that.
 void logFormat(const QSurfaceFormat &given)
 {
     const QSurfaceFormat asked = QSurfaceFormat::defaultFormat();
     if (given.version() < asked.version())
         qDebug() << "OpenGL" << given.version() << "in place of" << asked.version();
+    if (given.profile() != asked.profile() && asked.version() >= qMakePair(3, 2))
+        qDebug() << "OpenGL" << given.profile() << "in place of" << asked.profile();
 }
 
 } // namespace
@@ -174,6 +176,11 @@ void KMOpenGLWidget::paintGL()
 {
     if (!m_isInitialised || !gRenderer || !m_camera || !gProject || gRenderer->isBusy())
         return;
+    if (QOpenGLContext::currentContext() != context() || !context()->isValid()) {
+        qDebug() << "OpenGL context lost";
+        m_isInitialised = false; // the view stays empty, and the program goes on
+        return;
+    }
     KMFrame frame;
     frame.camera = m_camera;
     frame.size = size();

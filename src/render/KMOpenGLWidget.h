@@ -1,5 +1,6 @@
 #pragma once
 
+#include "render/KMCameraNode.h"
 #include "render/KMFrame.h"
 #include "render/KMTouchInput.h"
 #include "render/KMViewInput.h"
@@ -10,7 +11,6 @@
 #include <memory>
 
 class KMCameraBox;
-class KMCameraNode;
 class KMFadeOutLabel;
 class KMGridNode;
 class KMHUDIcon;

@@ -15,7 +15,8 @@ struct KMPickRequest
     bool wantFace = false;
     bool testActiveOnly = false;      ///< only the active mesh is picked; the others still hide what lies behind them
     bool skipActiveMesh = false;      ///< as if it weren't there
-    bool refreshWindowCoords = false; ///< those that the meshes keep are of another camera, or from before an edit
+    bool refreshWindowCoords = false; ///< those that the meshes keep may be of another camera, or from before an
+                                      ///< edit; in the program only those of hidden meshes are
     bool includeChildren = false;     ///< vertices and edges also of what modifiers and primitives made
     bool includeHidden = false;       ///< also hidden meshes and faces
     bool visibleOnly = false;         ///< only elements that the view drew

@@ -4,16 +4,38 @@
 #include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
-#include "render/KMPickFaceCache.h"
+#include "render/KMRenderer.h"
 #include "render/KMViewFilter.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 /// Where a vertex stands about the square that the margin makes about the cursor. One of the first four common to all
 /// corners says that a face is elsewhere. A vertex that isn't between the clip planes has no such place.
-enum Side : quint8 { LeftOf = 1, RightOf = 2, Above = 4, Below = 8, Outside = 16 };
+enum Side : quint8 { LeftOf = 1, RightOf = 2, Above = 4, Below = 8, Outside = 16, Anywhere = 0xff };
+
+/// The table of corners has numbers below 0 for what is no vertex. They come before the vertices in the list of sides,
+/// and say nothing.
+constexpr int firstVertex = -KMCornerTable::Outside;
+
+bool lacksVertices(const KMCornerTable::Corners &corners)
+{
+    return *std::min_element(corners.begin(), corners.end()) < KMCornerTable::None;
+}
+
+/// Elements that came or went since the last refresh don't stand in what a search walks over.
+void settle(KMMeshNode &mesh)
+{
+    constexpr quint32 unsettled = KMMeshDirty::Edges | KMMeshDirty::Topology;
+    const KMCornerTable &corners = mesh.corners();
+    const bool isSame = corners.vertexCount() == mesh.vertexCount() && corners.faceCount() == mesh.faceCount();
+    if (!isSame)
+        mesh.refreshMesh(KMMeshDirty::All);
+    else if (mesh.dirtyMask() & unsettled)
+        mesh.refreshMesh(mesh.dirtyMask());
+}
 
 bool isInDepth(const kvm::Vector3 &window)
 {
@@ -30,8 +52,6 @@ float orientation(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Vecto
 {
     return (b.x - a.x) * (c.y - b.y) - (b.y - a.y) * (c.x - b.x);
 }
-
-KMPickFaceCache faceCache;
 
 /// The corners of the two triangles that a face is drawn as.
 constexpr int triangles[2][3] = {{0, 1, 2}, {2, 3, 0}};
@@ -55,8 +75,11 @@ KMPickSearch::KMPickSearch(const KMCameraNode &camera, const QPointF &position, 
 
 void KMPickSearch::run()
 {
+    if (gRenderer)
+        gRenderer->refreshWindowCoords(m_camera); // which is nothing to do after a frame of this view
     collectMeshes();
     for (Nearby &nearby : m_nearby) {
+        settle(*nearby.mesh);
         if (m_request.refreshWindowCoords)
             nearby.mesh->projectVertices(m_camera.viewProjection(), m_camera.width(), m_camera.height());
         collectVertices(nearby);
@@ -103,8 +126,9 @@ void KMPickSearch::collectVertices(Nearby &nearby)
     const float right = float(m_x) + m_request.margin;
     const float top = float(m_y) - m_request.margin;
     const float bottom = float(m_y) + m_request.margin;
-    m_sides.resize(nearby.mesh->vertexCount());
-    quint8 *sides = m_sides.data();
+    m_sides.resize(firstVertex + nearby.mesh->vertexCount());
+    std::fill_n(m_sides.begin(), firstVertex, quint8(Anywhere));
+    quint8 *sides = m_sides.data() + firstVertex;
     for (KMVertex *vertex : nearby.mesh->liveVertices()) {
         const kvm::Vector3 &p = vertex->screenPos;
         const int side = (p.x < left) * LeftOf | (p.x > right) * RightOf | (p.y < top) * Above | (p.y > bottom) * Below;
@@ -117,14 +141,15 @@ void KMPickSearch::collectVertices(Nearby &nearby)
 
 void KMPickSearch::collectFaces(Nearby &nearby)
 {
-    const quint8 *sides = m_sides.constData();
-    const QVector<KMPickFaceCache::Corners> &corners = faceCache.cornersOf(nearby.mesh);
-    KMFace *const *faces = nearby.mesh->liveFaces().constData();
-    for (int i = 0; i < corners.size(); ++i) {
-        const KMPickFaceCache::Corners &c = corners.at(i);
+    const quint8 *sides = m_sides.constData() + firstVertex;
+    const KMCornerTable &table = nearby.mesh->corners();
+    for (int f = 0, count = table.faceCount(); f < count; ++f) {
+        const KMCornerTable::Corners &c = table.of(f);
         if (sides[c[0]] & sides[c[1]] & sides[c[2]] & sides[c[3]])
             continue;
-        KMFace *face = faces[i];
+        KMFace *face = nearby.mesh->face(f);
+        if (lacksVertices(c) || !face->isLive())
+            continue;
         if (face->hasFlag(KMElementFlag::Hidden) && !m_request.includeHidden)
             continue;
         if (m_request.visibleOnly && !face->drawn)

@@ -53,6 +53,7 @@ KMRenderer::~KMRenderer()
         }
         m_background.reset();
         m_plate.reset();
+        m_blueprint.reset();
         m_programs.clear();
     }
     gRenderer = nullptr;
@@ -76,6 +77,7 @@ bool KMRenderer::initialize()
     m_material = std::make_unique<KMMaterial>(*m_textures);
     m_background = std::make_unique<RenderGroup>();
     m_plate = std::make_unique<RenderGroup>();
+    m_blueprint = std::make_unique<RenderGroup>();
     glFlush(); // other contexts draw with all this from now on
     return true;
 }
@@ -138,7 +140,12 @@ void KMRenderer::resetState()
     glClearDepthf(1.0f);
     glEnable(GL_DEPTH_TEST);
     glEnable(GL_BLEND);
-    // The alpha of the picture itself stays what the background has, or windows would show through glass.
+    setPlainBlending();
+}
+
+/// The alpha of the picture itself stays what the background has, or windows would show through glass.
+void KMRenderer::setPlainBlending()
+{
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
 }
 

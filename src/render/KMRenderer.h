@@ -13,7 +13,7 @@
 
 #include <memory>
 
-class KMBasicShaderNode;
+class KMBluePrint;
 class QOffscreenSurface;
 class QOpenGLContext;
 class QSurface;
@@ -49,7 +49,7 @@ public:
     /// frame is being painted.
     void paintScene(const KMFrame &frame);
     bool isBusy() const { return m_busy; }
-    void setQuickFrame(bool quick) { m_quickFrame = quick; } ///< no more than bones over the grid is drawn
+    void setQuickFrame(bool quick) { m_quickFrame = quick; } ///< no more than bones and tags over the grid is drawn
 
     void beginScene(); ///< the state that passes start from: paintScene() does so itself
 
@@ -61,6 +61,7 @@ public:
     void refreshWindowCoords(const KMCameraNode &camera);
     /// False where the view has no gradient and has to be cleared with its colour.
     bool drawBackground(const KMCameraNode &camera, const QColor &color);
+    void drawBlueprints(const KMCameraNode &camera, bool foreground); ///< behind the model or in front of it
     void drawFaces(const KMCameraNode &camera);
     void drawEdges(const KMCameraNode &camera);
     void drawVertices(const KMCameraNode &camera);
@@ -94,12 +95,14 @@ private:
     bool initialize();
     void bindVertexArray();
     void resetState();
+    void setPlainBlending();
     void clearDepth();
     void setLineWidth(float width);
 
     // Order of the frame
     void drawScene(const KMCameraNode &camera);
     void drawUVScene(const KMCameraNode &camera);
+    void drawControls(const KMCameraNode &camera);
     void drawOverlays(const KMCameraNode &camera);
     void clearFaceDepth();
 
@@ -114,13 +117,14 @@ private:
     KMElementStyle edgeStyle(const Item &item) const;
     KMElementStyle pointStyle(const Item &item) const;
     int toolId() const; ///< -1 without a tool
+    void drawBlueprint(const KMCameraNode &camera, const KMBluePrint &bluePrint);
     void drawOutlines(const KMCameraNode &camera, const QVector<Item> &items);
     void drawOutline(KMRendererMesh &data);
     void drawReal(const Item &item);
     void drawUV(const KMCameraNode &camera, quint32 maskBit, bool asPoints);
-    void drawOverlayGroup(const KMCameraNode &camera, KMViewTool::OverlayGroup group);
-    void drawOverlay(const KMCameraNode &camera, const KMToolOverlay &overlay, KMViewTool::OverlayGroup group);
-    void drawOverlayFaces(const KMCameraNode &camera, KMRendererMesh &data, const KMToolOverlay &overlay);
+    void drawToolPass(const KMCameraNode &camera, KMViewTool::OverlayGroup group, KMToolOverlay::Element element);
+    void drawOverlay(const KMCameraNode &camera, const KMToolOverlay &overlay, KMToolOverlay::Element element);
+    KMRendererMesh &refreshOverlay(const KMCameraNode &camera, const KMToolOverlay &overlay);
 
     std::unique_ptr<QOffscreenSurface> m_surface; // of the shared context
     QVector<Saved> m_saved;                       // what was current before makeShareCurrent()
@@ -129,6 +133,7 @@ private:
     std::unique_ptr<KMMaterial> m_material;
     std::unique_ptr<RenderGroup> m_background;
     std::unique_ptr<RenderGroup> m_plate;
+    std::unique_ptr<RenderGroup> m_blueprint;
 
     const KMFrame *m_frame = nullptr; // while it is painted
     QVector<Item> m_items;            // of the frame, the active mesh last

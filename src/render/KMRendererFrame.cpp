@@ -36,9 +36,10 @@ void KMRenderer::paintScene(const KMFrame &frame)
     }
     clearDepth();
     prepareFrame(camera);
+    drawBlueprints(camera, false);
     complete.parts->drawGrid(camera);
     if (m_quickFrame)
-        complete.parts->drawBones(camera);
+        drawControls(camera);
     else if (camera.isUV())
         drawUVScene(camera);
     else
@@ -63,9 +64,15 @@ void KMRenderer::drawScene(const KMCameraNode &camera)
     clearFaceDepth();
     if (toolId() == KMViewTool::NormalTool)
         drawNormals(camera);
+    drawControls(camera);
+}
+
+void KMRenderer::drawControls(const KMCameraNode &camera)
+{
     clearDepth();
     m_frame->parts->drawBones(camera);
     m_frame->parts->drawTags(camera);
+    drawBlueprints(camera, true);
 }
 
 void KMRenderer::drawUVScene(const KMCameraNode &camera)

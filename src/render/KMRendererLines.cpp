@@ -9,7 +9,7 @@
 namespace {
 
 constexpr float normalUnit = 0.01f;
-constexpr float diagonal = 2.0f; // times 100 pixels
+constexpr float diagonal = 200.0f; // pixels
 
 kvm::Vector4 color(DisplayColor index)
 {
@@ -83,7 +83,7 @@ void KMRenderer::drawNormals(const KMCameraNode &camera)
     style.fixed = color(DP_FIX_NORMAL);
     style.selected = color(DP_SEL_NORMAL);
     // As long on the screen from near as from far.
-    style.length = gSettings->normalLength * normalUnit * diagonal * camera.pixelWorldLength(camera.pivot());
+    style.length = gSettings->normalLength * normalUnit * camera.pixelScale(diagonal);
     for (const Item &item : std::as_const(m_items)) {
         if (item.current)
             drawElements(item.data->updateNormals(style), lineLayout, GL_LINES);

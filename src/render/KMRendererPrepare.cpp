@@ -105,9 +105,15 @@ void KMRenderer::prepareMeshes(const KMCameraNode &camera)
             KMRendererMesh::of(*mesh).markDirty(mesh->renderDirty());
         if (mask)
             m_items.append({mesh, &KMRendererMesh::of(*mesh), KMRenderMask::isCurrent(*mesh)});
+        else if (mesh->renderer() && mesh->renderDirty() != 0)
+            KMRendererMesh::of(*mesh).setProjectedView(0); // stale when it is shown again
     }
     // What the user works at lies over the rest.
-    std::stable_partition(m_items.begin(), m_items.end(), [](const Item &item) { return !item.current; });
+    const auto rank = [active](const Item &item) {
+        return !item.current ? 0 : item.mesh == active || item.mesh->ownerNode() == active ? 2 : 1;
+    };
+    std::stable_sort(m_items.begin(), m_items.end(),
+                     [rank](const Item &a, const Item &b) { return rank(a) < rank(b); });
 }
 
 /// Screen positions are of one view, and what is drawn of a mesh depends on them where it is culled.

@@ -7,31 +7,24 @@
 
 namespace {
 
-struct GroupRow
+struct PassRow
 {
     KMViewTool::OverlayGroup group;
+    KMToolOverlay::Element element;
     bool clearsDepth; ///< afterwards, so that what follows covers it
 };
 
-constexpr GroupRow groupRows[] = {
-    {KMViewTool::PointMeshes, true},
-    {KMViewTool::FaceMeshes, true},
-    {KMViewTool::EdgeMeshes, true},
-    {KMViewTool::ScreenLines, false},
+constexpr PassRow passRows[] = {
+    {KMViewTool::PointMeshes, KMToolOverlay::Points, true}, {KMViewTool::FaceMeshes, KMToolOverlay::Faces, false},
+    {KMViewTool::FaceMeshes, KMToolOverlay::Edges, false},  {KMViewTool::FaceMeshes, KMToolOverlay::Points, true},
+    {KMViewTool::EdgeMeshes, KMToolOverlay::Edges, true},   {KMViewTool::ScreenLines, KMToolOverlay::Edges, false},
 };
 
-/// Overlays stand in no tree, so the frame brings them up to date here.
-KMRendererMesh &refreshed(KMMeshNode &mesh)
+KMShaderPrograms::Id programFor(KMToolOverlay::Element element)
 {
-    KMRendererMesh &data = KMRendererMesh::of(mesh);
-    mesh.refreshMesh(mesh.dirtyMask());
-    if (mesh.renderDirty() != 0) {
-        mesh.updateDrawn(false);
-        data.markDirty(mesh.renderDirty());
-        data.markVisibilityChanged();
-        mesh.clearRenderDirty(~0u);
-    }
-    return data;
+    if (element == KMToolOverlay::Faces)
+        return KMShaderPrograms::Face;
+    return element == KMToolOverlay::Points ? KMShaderPrograms::RealPoint : KMShaderPrograms::Line;
 }
 
 KMElementStyle oneColor(const QColor &color)
@@ -47,65 +40,74 @@ void KMRenderer::drawToolPasses(const KMCameraNode &camera)
 {
     setLineWidth(gSettings->lineWidthTools);
     glPointSize(gSettings->pointSizeTools);
-    for (const GroupRow &row : groupRows) {
+    for (const PassRow &row : passRows) {
         const bool isInScene = row.group == KMViewTool::PointMeshes;
         if (isInScene && camera.isUV())
             continue;
-        drawOverlayGroup(camera, row.group);
+        drawToolPass(camera, row.group, row.element);
         if (row.clearsDepth)
             clearDepth();
     }
 }
 
-void KMRenderer::drawOverlayGroup(const KMCameraNode &camera, KMViewTool::OverlayGroup group)
+void KMRenderer::drawToolPass(const KMCameraNode &camera, KMViewTool::OverlayGroup group,
+                              KMToolOverlay::Element element)
 {
     const QVector<KMToolOverlay> overlays = m_frame->tool->overlays(group);
-    for (const KMToolOverlay &overlay : overlays) {
-        if (overlay.mesh && overlay.mesh->isVisible())
-            drawOverlay(camera, overlay, group);
-    }
-}
-
-void KMRenderer::drawOverlay(const KMCameraNode &camera, const KMToolOverlay &overlay, KMViewTool::OverlayGroup group)
-{
-    KMRendererMesh &data = refreshed(*overlay.mesh);
-    const bool showsFaces = group == KMViewTool::FaceMeshes && (overlay.elements & KMToolOverlay::Faces);
-    const bool showsEdges = group == KMViewTool::EdgeMeshes || group == KMViewTool::ScreenLines
-                            || (group == KMViewTool::FaceMeshes && (overlay.elements & KMToolOverlay::Edges));
-    const bool showsPoints = group == KMViewTool::PointMeshes
-                             || (group == KMViewTool::FaceMeshes && (overlay.elements & KMToolOverlay::Points));
-    if (showsFaces)
-        drawOverlayFaces(camera, data, overlay);
-    KMOpenGLShaderProgram &line = program(KMShaderPrograms::Line);
-    if (showsEdges && line.begin()) {
-        if (group == KMViewTool::ScreenLines) {
-            line.setMatrix(KMOpenGLShaderProgram::ProjMatrix, camera.screenMatrix());
-            line.setMatrix(KMOpenGLShaderProgram::MvMatrix, kvm::Matrix4());
-        } else {
-            line.setCamera(camera);
-        }
-        drawElements(data.updateEdges(oneColor(overlay.color)), lineLayout, GL_LINES);
-        line.release();
-    }
-    KMOpenGLShaderProgram &point = program(KMShaderPrograms::RealPoint);
-    if (showsPoints && point.begin()) {
-        point.setCamera(camera);
-        drawElements(data.updatePoints(oneColor(overlay.color)), lineLayout, GL_POINTS);
-        point.release();
-    }
-}
-
-void KMRenderer::drawOverlayFaces(const KMCameraNode &camera, KMRendererMesh &data, const KMToolOverlay &overlay)
-{
-    KMOpenGLShaderProgram &face = program(KMShaderPrograms::Face);
-    if (!face.begin())
+    KMOpenGLShaderProgram &pass = program(programFor(element));
+    if (overlays.isEmpty() || !pass.begin())
         return;
-    face.setCamera(camera);
-    face.setMatrix3(KMOpenGLShaderProgram::NormalMatrix, KMCameraNode::normalMatrix());
-    face.setVector(KMOpenGLShaderProgram::LightPos, camera.lightDirection());
-    face.setColor4("diffuse", overlay.color);
-    face.setColor3("ambient", Qt::black);
-    for (const auto &group : data.updateFaces(KMFaceStyle()))
-        drawElements(*group, litLayout, GL_TRIANGLES);
-    face.release();
+    if (group == KMViewTool::ScreenLines) {
+        pass.setMatrix(KMOpenGLShaderProgram::ProjMatrix, camera.screenMatrix());
+        pass.setMatrix(KMOpenGLShaderProgram::MvMatrix, kvm::Matrix4());
+    } else {
+        pass.setCamera(camera);
+    }
+    if (element == KMToolOverlay::Faces) {
+        pass.setMatrix3(KMOpenGLShaderProgram::NormalMatrix, KMCameraNode::normalMatrix());
+        pass.setVector(KMOpenGLShaderProgram::LightPos, camera.lightDirection());
+        pass.setColor3("ambient", Qt::black);
+    }
+    for (const KMToolOverlay &overlay : overlays) {
+        // In the other groups the elements are those of the group.
+        const bool isAsked = group != KMViewTool::FaceMeshes || (overlay.elements & element);
+        if (overlay.mesh && overlay.mesh->isVisible() && isAsked)
+            drawOverlay(camera, overlay, element);
+    }
+    pass.release();
+}
+
+void KMRenderer::drawOverlay(const KMCameraNode &camera, const KMToolOverlay &overlay, KMToolOverlay::Element element)
+{
+    KMRendererMesh &data = refreshOverlay(camera, overlay);
+    if (element == KMToolOverlay::Edges) {
+        drawElements(data.updateEdges(oneColor(overlay.color)), lineLayout, GL_LINES);
+    } else if (element == KMToolOverlay::Points) {
+        drawElements(data.updatePoints(oneColor(overlay.color)), lineLayout, GL_POINTS);
+    } else {
+        program(KMShaderPrograms::Face).setColor4("diffuse", overlay.color);
+        for (const auto &group : data.updateFaces(KMFaceStyle()))
+            drawElements(*group, litLayout, GL_TRIANGLES);
+    }
+}
+
+/// Overlays stand in no tree, so the frame brings them up to date here.
+KMRendererMesh &KMRenderer::refreshOverlay(const KMCameraNode &camera, const KMToolOverlay &overlay)
+{
+    KMMeshNode &mesh = *overlay.mesh;
+    KMRendererMesh &data = KMRendererMesh::of(mesh);
+    mesh.refreshMesh(mesh.dirtyMask());
+    const bool isFront = overlay.elements & KMToolOverlay::Front;
+    const bool isOfThisView = !isFront || data.projectedView() == m_viewNumber;
+    if (mesh.renderDirty() == 0 && isFront == data.wasCulled() && isOfThisView)
+        return data;
+    if (isFront)
+        mesh.projectVertices(camera.viewProjection(), camera.width(), camera.height());
+    mesh.updateDrawn(isFront);
+    data.setProjectedView(m_viewNumber);
+    data.setCulled(isFront);
+    data.markDirty(mesh.renderDirty());
+    data.markVisibilityChanged();
+    mesh.clearRenderDirty(~0u);
+    return data;
 }

@@ -56,6 +56,7 @@ void KMRenderer::drawUVPlate(const KMCameraNode &camera)
     uvt.setCamera(camera);
     uvt.setUniformValue("texture", 0);
     texture->bind(0);
+    texture->setWrapMode(QOpenGLTexture::ClampToEdge); // or the opposite edge shows through
     drawElements(*m_plate, quadLayout, GL_TRIANGLES);
     uvt.release();
 }

@@ -9,6 +9,9 @@
 #include <QGestureEvent>
 #include <QTouchEvent>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 constexpr int fingersOfPan = 3;
@@ -18,6 +21,15 @@ constexpr int wheelZooms = 1; // of the setting: the field of view in place of t
 float dampedScale(float s)
 {
     return s > 1.0f ? (s - 1.0f) * 0.3f + 1.0f : 1.0f - (1.0f - s) * 0.7f;
+}
+
+/// A finger that is being lifted is still among the points of the event.
+int fingersDown(const QTouchEvent &event)
+{
+    const QList<QTouchEvent::TouchPoint> &points = event.touchPoints();
+    return int(std::count_if(points.begin(), points.end(), [](const QTouchEvent::TouchPoint &point) {
+        return point.state() != Qt::TouchPointReleased;
+    }));
 }
 
 } // namespace
@@ -71,21 +83,24 @@ bool KMTouchInput::handle(QEvent *event)
 void KMTouchInput::begin(const QTouchEvent &event)
 {
     qDebug("TouchBegin");
+    m_widget->container()->setHot(m_widget);
+    emit m_widget->onActive(m_widget);
     const KMCameraNode &view = *camera();
     const float inPerspective = gSettings->wheel == wheelZooms ? view.fov() : view.distance();
     m_zoom = view.isOrtho() ? view.orthoZoom() : inPerspective;
-    m_state = event.touchPoints().size() == fingersOfPan ? ThreeFingers : TwoFingers;
+    m_state = fingersDown(event) == fingersOfPan ? ThreeFingers : TwoFingers;
     beginPan();
 }
 
 void KMTouchInput::beginPan()
 {
+    m_isPanNew = true;
     camera()->beginPan(m_widget->rect().center());
 }
 
 void KMTouchInput::update(const QTouchEvent &event)
 {
-    const int fingers = event.touchPoints().size();
+    const int fingers = fingersDown(event);
     if (fingers >= fingersOfPan) {
         if (m_state == TwoFingers) {
             qDebug("nSwipe A");
@@ -111,27 +126,30 @@ void KMTouchInput::end()
 
 void KMTouchInput::gesture(QGestureEvent *event)
 {
-    if (auto *gesture = static_cast<QPanGesture *>(event->gesture(Qt::PanGesture)))
-        pan(gesture);
+    if (const auto *gesture = static_cast<QPanGesture *>(event->gesture(Qt::PanGesture)))
+        pan(*gesture);
     if (const auto *gesture = static_cast<QPinchGesture *>(event->gesture(Qt::PinchGesture)))
         pinch(*gesture);
     m_widget->container()->repaint(0);
 }
 
-void KMTouchInput::pan(QPanGesture *gesture)
+void KMTouchInput::pan(const QPanGesture &gesture)
 {
     if (m_state == TwoFingers) {
         const float x = gSettings->reverseX ? 1.0f : -1.0f;
         const float y = gSettings->reverseY ? 1.0f : -1.0f;
-        camera()->rotateBy(y * float(gesture->delta().y()), x * float(gesture->delta().x()));
+        camera()->rotateBy(y * float(gesture.delta().y()), x * float(gesture.delta().x()));
     } else if (m_state == ThreeFingers) {
         qDebug("nSwipe B");
         camera()->mouseRelease();
         beginPan();
-        gesture->setOffset({});
         m_state = Panning;
-    } else if (m_state >= Panning) {
-        camera()->panBy(gesture->offset().toPoint());
+    }
+    if (m_state >= Panning) {
+        // The gesture counts from where the fingers came down, and would take back an offset that is set here.
+        if (std::exchange(m_isPanNew, false))
+            m_panStart = gesture.offset();
+        camera()->panBy((gesture.offset() - m_panStart).toPoint());
     }
 }
 

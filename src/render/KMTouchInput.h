@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QPointF>
 
 class KMCameraNode;
 class KMOpenGLWidget;
@@ -27,12 +27,14 @@ private:
     void update(const QTouchEvent &event);
     void end();
     void gesture(QGestureEvent *event);
-    void pan(QPanGesture *gesture);
+    void pan(const QPanGesture &gesture);
     void pinch(const QPinchGesture &gesture);
     void beginPan();
     KMCameraNode *camera() const;
 
     KMOpenGLWidget *m_widget;
     int m_state = TwoFingers;
+    bool m_isPanNew = false; // what the gesture has covered so far doesn't count
+    QPointF m_panStart;
     float m_zoom = 1.0f; // at the first touch: what a pinch changes
 };

@@ -118,7 +118,12 @@ bool KMViewInput::pressCameraBox(const QMouseEvent *event)
     const int code = box ? box->codeAt(*m_widget->camera(), event->localPos()) : int(KMCameraBoxShape::NoHit);
     if (code == KMCameraBoxShape::NoHit)
         return false;
-    if (event->button() == Qt::LeftButton && code == KMCameraBoxShape::Ring) {
+    const bool isMiddle = event->button() == Qt::MiddleButton;
+    if (!isMiddle && event->button() != Qt::LeftButton) {
+        box->clearHot();
+        return false;
+    }
+    if (!isMiddle && code == KMCameraBoxShape::Ring) {
         box->beginRing(*m_widget->camera(), event->localPos());
         m_buttons = {};
         m_buttons.right = true;
@@ -126,12 +131,8 @@ bool KMViewInput::pressCameraBox(const QMouseEvent *event)
         m_hotIcon = none;
         return false;
     }
-    if (isRight(event->button())) {
-        box->clearHot();
-        return false;
-    }
     m_drag = Drag::Over;
-    emit m_widget->cameraBoxClicked(event->button() == Qt::MiddleButton ? int(KMCameraBoxShape::Centre) : code);
+    emit m_widget->cameraBoxClicked(isMiddle ? int(KMCameraBoxShape::Centre) : code);
     return true;
 }
 

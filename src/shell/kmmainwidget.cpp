@@ -2,6 +2,7 @@
 
 #include "core/KMDpi.h"
 #include "core/KMIcon.h"
+#include "core/KMMessageBox.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
@@ -14,7 +15,6 @@
 #include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMRecentFiles.h"
-#include "shell/KMSaveQuestion.h"
 #include "shell/KMShortcutFile.h"
 #include "shell/KMShortcutFilter.h"
 #include "shell/KMStartFiles.h"
@@ -106,7 +106,8 @@ void kmmainwidget::createSession()
     gSolution->setUndoStack(m_undoStack);
     gSolution->setProject(gProject);
     gSolution->setWindow(this);
-    m_cameras = new KMCameraSet(installNativeFormat(gSolution), this);
+    m_format = installNativeFormat(gSolution);
+    m_cameras = new KMCameraSet(m_format, this);
 }
 
 /// Commands own nodes and reach for the project when they go, so the history is emptied first.
@@ -170,7 +171,7 @@ void kmmainwidget::closeEvent(QCloseEvent *event)
         return event->accept();
     commitOpenEditors();
     if (gSolution->isModified()) {
-        const QMessageBox::StandardButton answer = KMSaveQuestion::ask(this);
+        const QMessageBox::StandardButton answer = KMMessageBox(this).ask();
         if (answer == QMessageBox::Save)
             saveDocument();
         if (answer != QMessageBox::Discard)

@@ -16,6 +16,7 @@ class KMEnvToolBar;
 class KMHelpWidget;
 class KMMainBox;
 class KMMessageLabel;
+class KMNativeFormat;
 class KMNode;
 class KMNodeClipboard;
 class KMOpenGLWidget;
@@ -26,6 +27,7 @@ class KMToolBar;
 class KMZenMode;
 class QMimeData;
 class QUndoStack;
+class kmanimationpanel;
 class kmattributewidget;
 class kmhistorywidget;
 class kmnodewidget;
@@ -38,8 +40,8 @@ class kmtoolwidget;
 /// family of commands.
 ///
 /// What its parts are is told in tables: the docks in kmmainwidgetDocks.cpp, the actions in kmmainwidgetActions.cpp
-/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp, kmmainwidgetEdit.cpp,
-/// kmmainwidgetView.cpp, kmmainwidgetTools.cpp, kmmainwidgetPanels.cpp and kmmainwidgetHelp.cpp.
+/// and the menus in kmmainwidgetMenus.cpp; the slots stand in kmmainwidgetFile.cpp, kmmainwidgetExchange.cpp,
+/// kmmainwidgetEdit.cpp, kmmainwidgetView.cpp, kmmainwidgetTools.cpp, kmmainwidgetPanels.cpp and kmmainwidgetHelp.cpp.
 class kmmainwidget : public QMainWindow, public KMSessionWindow
 {
     Q_OBJECT
@@ -109,6 +111,8 @@ private slots:
     void openRecentFile();
     void onClearRecentFile();
     void onMenuProject();
+    void onMenuImportKMD();
+    void onMenuExportKMDVer1();
     void onMenuQuit();
 
     void onMenuCopy();
@@ -205,6 +209,7 @@ private:
     void createFileMenu();
     void createEditMenu();
     void createCreateMenu();
+    void createSelectionMenu();
     void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
     void createViewMenu();
     void createWidgetMenu();
@@ -217,6 +222,9 @@ private:
 
     bool mayLeaveDocument(); ///< asks about changes; false when the document must stay
     void saveDocument();
+    QString askOpenPath(const QString &title, const QString &filter); ///< an existing file; empty when cancelled
+    QString askSavePath(const QString &title, const QString &filter); ///< with a suffix; empty when cancelled
+    void importModel(const QString &path, int mask, float scale);     ///< the mask is of KMD::Take
     void create(KMContainerNode *node);
     bool editInPanel(KMDockWidget::Edit edit); ///< false when the panel that has the focus leaves it to the nodes
     bool worksOnElements() const; ///< the edit menu means the elements of meshes: the node panel hasn't the focus
@@ -224,6 +232,7 @@ private:
 
     KMStyle *m_style; // the application's
     QUndoStack *m_undoStack = nullptr;
+    KMNativeFormat *m_format = nullptr; // the one of the program
     KMCameraSet *m_cameras = nullptr;
     KMNodeClipboard *m_clipboard = nullptr;
     KMComContainer *m_commands = nullptr;
@@ -242,6 +251,7 @@ private:
     KMPanelBar *m_undoToolBar = nullptr;
     KMToolBar *m_toolBar = nullptr;
     KMEnvToolBar *m_envToolBar = nullptr;
+    kmanimationpanel *m_animationPanel = nullptr;
     QList<KMCustomPanel *> m_customPanels;
     KMZenMode *m_zen = nullptr;
     KMSnackbar *m_snackbar = nullptr;

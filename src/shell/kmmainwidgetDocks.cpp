@@ -79,7 +79,7 @@ void kmmainwidget::arrangeDocks()
     resizeDocks({m_nodeDock, m_shaderDock, m_attributeDock}, {wanted, wanted, wanted}, Qt::Horizontal);
     resizeDocks({dock("kmcoodinatewidget")}, {dpiScaled(100)}, Qt::Vertical);
     resizeDocks({m_nodeDock, m_shaderDock}, {dpiScaled(360), dpiScaled(240)}, Qt::Vertical);
-    resizeDocks({m_toolDock, m_attributeDock}, {dpiScaled(160), dpiScaled(440)}, Qt::Vertical);
+    resizeDocks({m_toolDock, m_attributeDock}, {dpiScaled(240), dpiScaled(360)}, Qt::Vertical);
 }
 
 void kmmainwidget::connectDocks()

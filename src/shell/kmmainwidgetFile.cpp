@@ -1,6 +1,7 @@
 // The window's slots around files: open, save, recent files, what is dropped on the window.
 
 #include "core/KMFileTextureNode.h"
+#include "core/KMMessageBox.h"
 #include "core/KMProject.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
@@ -8,7 +9,6 @@
 #include "shell/KMImageFiles.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
-#include "shell/KMSaveQuestion.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewDrop.h"
@@ -46,7 +46,7 @@ bool kmmainwidget::mayLeaveDocument()
     commitOpenEditors();
     if (!gSolution->isModified())
         return true;
-    const QMessageBox::StandardButton answer = KMSaveQuestion::ask(this);
+    const QMessageBox::StandardButton answer = KMMessageBox(this).ask();
     if (answer == QMessageBox::Save)
         saveDocument();
     // A save that failed or was cancelled must not cost the document.
@@ -71,14 +71,34 @@ void kmmainwidget::onMenuOpen()
 {
     if (!mayLeaveDocument())
         return;
-    KMFileRequest request;
-    request.title = tr("Open File");
-    request.directory = gSolution->directory().absolutePath();
-    request.filter = tr("kelmo Model File (*.kmd)");
-    request.parent = this;
-    const QString path = KMPrompt::current().openFile(request);
+    const QString path = askOpenPath(tr("Open File"), tr("kelmo Model File (*.kmd)"));
     if (!path.isEmpty())
         gSolution->load(path);
+}
+
+QString kmmainwidget::askOpenPath(const QString &title, const QString &filter)
+{
+    KMFileRequest request;
+    request.title = title;
+    request.directory = gSolution->directory().absolutePath();
+    request.filter = filter;
+    request.parent = this;
+    return KMPrompt::current().openFile(request);
+}
+
+/// A name without a suffix gets one, and the dialogue asked about the other name only.
+QString kmmainwidget::askSavePath(const QString &title, const QString &filter)
+{
+    KMFileRequest request;
+    request.title = title;
+    request.directory = gSolution->fileName().isEmpty() ? gSolution->directory().absolutePath() : gSolution->fileName();
+    request.filter = filter;
+    request.parent = this;
+    QString path = KMPrompt::current().saveFile(request);
+    if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty())
+        return path;
+    path += QStringLiteral(".kmd");
+    return !QFileInfo::exists(path) || mayReplace(path, this) ? path : QString();
 }
 
 void kmmainwidget::onMenuSave()
@@ -90,20 +110,8 @@ void kmmainwidget::onMenuSave()
 void kmmainwidget::onMenuSaveAs()
 {
     commitOpenEditors();
-    KMFileRequest request;
-    request.title = tr("Save File");
-    request.directory = gSolution->fileName().isEmpty() ? gSolution->directory().absolutePath() : gSolution->fileName();
-    request.filter = tr("kelmo Model File (*.kmd)");
-    request.parent = this;
-    QString path = KMPrompt::current().saveFile(request);
-    if (path.isEmpty())
-        return;
-    if (QFileInfo(path).suffix().isEmpty()) {
-        path += QStringLiteral(".kmd");
-        if (QFileInfo::exists(path) && !mayReplace(path, this)) // the dialogue asked about the other name only
-            return;
-    }
-    if (gSolution->saveBackup(path))
+    const QString path = askSavePath(tr("Save File"), tr("kelmo Model File (*.kmd)"));
+    if (!path.isEmpty() && gSolution->saveBackup(path))
         gSolution->setDirectory(QFileInfo(path).absoluteDir());
 }
 

@@ -2,11 +2,16 @@
 
 #include "core/KMIcon.h"
 #include "core/KMSettings.h"
+#include "render/KMCameraNode.h"
+#include "render/KMOpenGLWidget.h"
+#include "shell/KMMainBox.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/views/KMViewMenu.h"
+#include "tools/KMSelComContainer.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -32,6 +37,7 @@ void kmmainwidget::createMenus()
     createFileMenu();
     createEditMenu();
     createCreateMenu();
+    createSelectionMenu();
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
@@ -83,7 +89,12 @@ void kmmainwidget::createFileMenu()
 {
     QMenu *menu = addMenu(tr("File(&F)"), "Menu File");
     fill(menu, {"actionNew", "actionOpen", nullptr, "actionSave", "actionSaveAs", nullptr});
-    m_recentMenu = menu->addMenu(tr("Recent Files"));
+    QMenu *imports = menu->addMenu(KMIcon::icon(QStringLiteral("import")), tr("Import"));
+    fill(imports, {"actionImportKMD"});
+    QMenu *exports = menu->addMenu(KMIcon::icon(QStringLiteral("export")), tr("Export"));
+    fill(exports, {"actionExportKMDVer1"});
+    menu->addSeparator();
+    m_recentMenu = menu->addMenu(KMIcon::icon(QStringLiteral("recent")), tr("Recent Files"));
     m_recentMenu->setObjectName(QStringLiteral("recentFiles"));
     rebuildRecentMenu();
     fill(menu, {nullptr, "actionProject", nullptr, "actionQuit"});
@@ -131,6 +142,22 @@ void kmmainwidget::createCreateMenu()
     fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));
+}
+
+/// A right click in a view opens it as well.
+void kmmainwidget::createSelectionMenu()
+{
+    auto *family = new KMSelComContainer(this);
+    m_families << family;
+    QMenu *menu = addMenu(tr("Selection(&S)"), "Menu Selection");
+    QMenu *conversions = menu->addMenu(tr("Convert Selection"));
+    conversions->setObjectName(QStringLiteral("convertSelection"));
+    conversions->addActions(family->conversions());
+    menu->addSeparator();
+    menu->addActions(family->edits());
+    listActionGroup(menu, action("Menu Selection"));
+    for (KMOpenGLWidget *view : m_mainBox->findChildren<KMOpenGLWidget *>())
+        new KMViewMenu(view, menu);
 }
 
 /// All commands of a family, in the family's order.

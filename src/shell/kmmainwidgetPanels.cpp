@@ -9,6 +9,7 @@
 #include "shell/KMMainBox.h"
 #include "shell/KMUndoToolBar.h"
 #include "shell/KMZenMode.h"
+#include "shell/kmanimationpanel.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewBar.h"
 #include "shell/widgets/KMDrawer.h"
@@ -55,6 +56,9 @@ void kmmainwidget::createBars()
         m_customPanels << panel;
         m_actions << panel->showAction();
     }
+    m_animationPanel = new kmanimationpanel(this);
+    addToolBar(Qt::BottomToolBarArea, m_animationPanel);
+    m_animationPanel->hide();
 }
 
 /// What lies over the views or floats beside the window.
@@ -74,7 +78,7 @@ void kmmainwidget::createPanelMenu()
 {
     m_panelMenu = addMenu(tr("Panel(&P)"), "Menu Panel");
     for (const QToolBar *bar : {static_cast<QToolBar *>(m_undoToolBar), static_cast<QToolBar *>(m_toolBar),
-                                static_cast<QToolBar *>(m_envToolBar)})
+                                static_cast<QToolBar *>(m_envToolBar), static_cast<QToolBar *>(m_animationPanel)})
         m_panelMenu->addAction(bar->toggleViewAction());
     QAction *status = m_panelMenu->addAction(tr("Status Bar"));
     status->setObjectName(QStringLiteral("show_statusBar"));

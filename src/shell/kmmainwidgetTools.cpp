@@ -7,11 +7,17 @@
 #include "shell/KMMainBox.h"
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/toolpages/KMBevelPage.h"
+#include "shell/toolpages/KMExtrudePage.h"
+#include "shell/toolpages/KMSelPage.h"
 #include "shell/toolpages/KMUnivPage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
+#include "tools/KMToolBevel.h"
+#include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
+#include "tools/KMToolSel.h"
 #include "tools/KMToolUniv.h"
 
 #include <QAction>
@@ -23,12 +29,18 @@ constexpr int everything = 31; // of KMOpenGLContainer::repaint()
 QWidget *makePage(KMTool *tool)
 {
     switch (tool->toolId()) {
+    case KMToolKind::Select:
+        return new KMSelPage(static_cast<KMToolSel *>(tool));
     case KMToolKind::Move:
     case KMToolKind::Rotate:
     case KMToolKind::Scale:
     case KMToolKind::Universal:
     case KMToolKind::SRT:
         return new KMUnivPage(static_cast<KMToolUniv *>(tool));
+    case KMToolKind::Extrude:
+        return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
+    case KMToolKind::Bevel:
+        return new KMBevelPage(static_cast<KMToolBevel *>(tool));
     default:
         return nullptr;
     }

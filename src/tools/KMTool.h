@@ -55,7 +55,8 @@ public:
     void setMask(int mask) { m_mask = mask; }
     int mode() const override { return m_mode; }
     void setMode(int mode) override;
-    QString modeName() const { return m_modeNames.value(m_mode); } ///< empty when there is none
+    QString modeName() const { return modeName(m_mode); } ///< empty when there is none; so the next
+    QString modeName(int mode) const { return m_modeNames.value(mode); }
     void addModeName(const QString &name) { m_modeNames << name; }
     virtual void resetOptions() {} ///< as they are in a new installation
     void requestActivation() override { emit toolClicked(this); }

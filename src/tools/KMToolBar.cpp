@@ -5,8 +5,12 @@
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
+#include "tools/KMToolBevel.h"
+#include "tools/KMToolErase.h"
+#include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSRT.h"
+#include "tools/KMToolSel.h"
 #include "tools/KMToolUniv.h"
 
 #include <QAction>
@@ -23,6 +27,10 @@ constexpr int warning = 4;
 std::unique_ptr<KMTool> makeTool(int id)
 {
     switch (id) {
+    case KMToolKind::Select:
+        return std::make_unique<KMToolSel>();
+    case KMToolKind::Erase:
+        return std::make_unique<KMToolErase>();
     case KMToolKind::Move:
     case KMToolKind::Rotate:
     case KMToolKind::Scale:
@@ -30,6 +38,10 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolUniv>(id);
     case KMToolKind::SRT:
         return std::make_unique<KMToolSRT>();
+    case KMToolKind::Extrude:
+        return std::make_unique<KMToolExtrude>();
+    case KMToolKind::Bevel:
+        return std::make_unique<KMToolBevel>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }

@@ -1,4 +1,5 @@
 #include "core/KMBlockModel.h"
+#include "core/KMBluePrint.h"
 #include "core/KMEmbeddedTextureNode.h"
 #include "core/KMFileTextureNode.h"
 #include "core/KMNodePropertyCommands.h"
@@ -163,6 +164,7 @@ class tst_KMCommands : public QObject
 private slots:
     void everyCommandProvesItself_data();
     void everyCommandProvesItself();
+    void bluePrintProvesItself();
     void move_data();
     void move();
     void moveIntoItselfIsRefused();
@@ -201,6 +203,17 @@ void tst_KMCommands::everyCommandProvesItself()
         scene.session.stack().undo();
     }
     QCOMPARE(LiveObjects::count(), 0);
+}
+
+void tst_KMCommands::bluePrintProvesItself()
+{
+    SmallScene scene;
+    auto *bluePrint = new KMBluePrint;
+    gProject->addToScene(bluePrint);
+    const KMBluePrintValues values{KMBluePrintValues::FixedOnScreen, 1, 1, KMBluePrintValues::Multiply, 0.3f};
+    const QString failure = proofFailure(scene.dump, [&] { return new blueprintSetParamCommand(bluePrint, values); });
+    QVERIFY2(failure.isEmpty(), qPrintable(failure));
+    QCOMPARE(scene.session.stack().undoText(), QStringLiteral("Assign Texture"));
 }
 
 void tst_KMCommands::move_data()

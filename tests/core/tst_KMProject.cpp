@@ -1,6 +1,7 @@
 #include "core/KMProject.h"
 
 #include "core/KMBasicShaderNode.h"
+#include "core/KMBluePrint.h"
 #include "core/KMFileTextureNode.h"
 #include "core/KMNodeTreeCommands.h"
 #include "core/KMNodeType.h"
@@ -431,16 +432,21 @@ void tst_KMProject::deletingATextureShiftsReferences()
     KMBasicShader values = shader->values();
     values.textures = {0, 1, 2, -1, 1, 7};
     shader->setValues(values);
+    auto *bluePrint = new KMBluePrint;
+    bluePrint->setValues({0, 2, 0, 0, 1.0f});
+    gProject->addNode(bluePrint);
     gSolution->setCurrentTexture(textures[1]);
 
     gProject->deleteNode(textures[1]);
+    QCOMPARE(bluePrint->values().texture, 1);
     using Slots = std::array<int, KMBasicShader::TextureSlotCount>;
     QVERIFY(shader->values().textures == (Slots{0, -1, 1, -1, -1, 6}));
     QVERIFY(other->values() == KMBasicShader());
     QCOMPARE(gProject->textures().nodes(), (QList<KMNode *>{textures[0], textures[2]}));
     QVERIFY(!gSolution->currentTexture());
-    QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"Edit BasicShaderNode", "Delete TextureNode"}));
+    QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"Edit BasicShaderNode", "Assign Texture", "Delete TextureNode"}));
     scene.stack().undo();
+    QCOMPARE(bluePrint->values().texture, 2);
     QVERIFY(shader->values() == values);
     QCOMPARE(gProject->textures().nodes(), (QList<KMNode *>{textures[0], textures[1], textures[2]}));
 }

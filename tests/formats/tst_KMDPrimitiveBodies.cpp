@@ -65,7 +65,7 @@ KMPrim3DText text()
 }
 
 /// Null when the body doesn't end with the bytes.
-std::unique_ptr<KMContainerNode> readBody(int type, const QByteArray &bytes, float version)
+std::unique_ptr<KMContainerNode> readBody(int type, const QByteArray &bytes, float version, bool *warned = nullptr)
 {
     KMDStream in(bytes);
     in.setVersion(version);
@@ -73,6 +73,8 @@ std::unique_ptr<KMContainerNode> readBody(int type, const QByteArray &bytes, flo
     const KMDNodeBody *body = KMDNodeBodies::find(type);
     std::unique_ptr<KMContainerNode> node(body->make());
     body->read(context, node.get());
+    if (warned)
+        *warned = !in.warnings().isEmpty();
     if (!in.ok() || in.bytesLeft() > 0)
         node.reset();
     return node;
@@ -166,7 +168,7 @@ void tst_KMDPrimitiveBodies::badNumbers_data()
     QTest::newRow("huge as float") << 0x7f7fffff;
 }
 
-/// Whatever the numbers of a body are, there is a shape at the end.
+/// Whatever the numbers of a body are, there is a shape at the end, or a word about what is too large.
 void tst_KMDPrimitiveBodies::badNumbers()
 {
     QFETCH(int, number);
@@ -187,9 +189,10 @@ void tst_KMDPrimitiveBodies::badNumbers()
                 bytes[at + i] = char(quint32(number) >> (24 - 8 * i));
             if (at + 4 == good.size())
                 continue; // the number of tags
-            const auto node = readBody(original->type(), bytes, 4.4f);
+            bool warned = false;
+            const auto node = readBody(original->type(), bytes, 4.4f, &warned);
             QVERIFY(node);
-            QVERIFY(primitive(node).mesh()->faceCount() > 0);
+            QVERIFY(warned || primitive(node).mesh()->faceCount() > 0);
             for (const KMVertex *vertex : primitive(node).mesh()->vertices())
                 QVERIFY(std::isfinite(vertex->pos.lengthSquared()));
         }
@@ -199,22 +202,28 @@ void tst_KMDPrimitiveBodies::badNumbers()
 void tst_KMDPrimitiveBodies::manyFacesInFewBytes()
 {
     KMHeadlessSession session;
-    KMPrimPlaneNode plane;
-    plane.setParameters({1.0f, 1.0f, 900, 900});
-    const QByteArray body = bodyOf(&plane);
-    const QByteArray bytes = body + body + body;
+    QByteArray bytes;
+    const QVector<int> divisions = {300, 240, 170, 2000, 40, 240};
+    for (const int n : divisions) {
+        KMPrimPlaneNode plane;
+        plane.setParameters({1.0f, 1.0f, n, n});
+        bytes += bodyOf(&plane);
+    }
     KMDStream in(bytes);
     in.setVersion(4.4f);
     KMDReadContext context(in);
     QVector<int> faces;
-    for (int i = 0; i < 3; ++i) {
+    for (const int n : divisions) {
         KMPrimPlaneNode node;
         KMDNodeBodies::find(KMNodeType::PrimPlane)->read(context, &node);
         faces << node.mesh()->faceCount();
+        QCOMPARE(node.parameters(), (KMPrimPlane{1.0f, 1.0f, n, n}));
+        node.setShader(0);
+        QCOMPARE(node.mesh()->faceCount(), n == 2000 ? 1 : n * n);
     }
     QVERIFY(in.ok());
-    QCOMPARE(faces, (QVector<int>{810000, 1, 1}));
-    QCOMPARE(in.warnings().size(), 2);
+    QCOMPARE(faces, (QVector<int>{0, 57600, 0, 0, 1600, 0}));
+    QCOMPARE(in.warnings().size(), 4);
 }
 
 KM_TEST(tst_KMDPrimitiveBodies);

@@ -1,4 +1,5 @@
 #include "core/KMBasicShaderNode.h"
+#include "core/KMBluePrint.h"
 #include "core/KMEmbeddedTextureNode.h"
 #include "core/KMFileTextureNode.h"
 #include "core/KMHeadlessSession.h"
@@ -212,6 +213,10 @@ void fillWithEverything()
     group->item()->setExpanded(true);
 
     addMaterials();
+    auto *bluePrint = new KMBluePrint;
+    bluePrint->setValues({KMBluePrintValues::FixedOnScreen, 2, 1, KMBluePrintValues::Multiply, 0.3f});
+    bluePrint->setTransform(transform);
+    gProject->addToScene(bluePrint);
     addShapes(group);
     addMesh(MeshFixtures::mixedBag(), QStringLiteral("メッシュ"));
     addMesh(MeshFixtures::nonManifoldFan(), QStringLiteral("fan"));

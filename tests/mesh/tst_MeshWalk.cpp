@@ -2,7 +2,13 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMCopyBuffer.h"
 #include "mesh/KMEdgeCommands.h"
+#include "mesh/KMEdgeCut.h"
+#include "mesh/KMEdgeExtrude.h"
+#include "mesh/KMEdgeSmooth.h"
+#include "mesh/KMEdgeSplit.h"
 #include "mesh/KMFaceCommands.h"
+#include "mesh/KMFaceTurn.h"
+#include "mesh/KMHoleFill.h"
 #include "mesh/KMMarqueeSelect.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
@@ -12,6 +18,7 @@
 #include "mesh/KMSelectionTransform.h"
 #include "mesh/KMVertexCommands.h"
 #include "mesh/KMVertexMerge.h"
+#include "mesh/KMVertexWeld.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 
@@ -94,6 +101,14 @@ private:
     void deleteSelection() { KMMeshEdit::deleteSelection(KMMeshTargets::Elements(below(8))); }
     void copy();
     void paste() { KMMeshPaste::paste(m_mesh, m_copied, KMMeshPaste::Kind(below(3))); }
+    void cutEdges();
+    void splitEdges() { KMMeshEdit::splitEdges(m_mesh, KMElementFlag::Selected); }
+    void separate() { KMMeshEdit::separateVertices(m_mesh, someVertices(2)); }
+    void extrude() { KMMeshEdit::extrudeEdges(m_mesh); }
+    void fill() { KMMeshEdit::fillSelectedHoles(m_mesh); }
+    void smooth() { KMMeshEdit::smoothEdges(m_mesh); }
+    void turn();
+    void weld();
     KMMeshSelect::Mode anyMode() { return KMMeshSelect::Mode(below(3)); }
 
     QByteArray m_copied;
@@ -114,7 +129,9 @@ const Walker::Edit Walker::edits[] = {
     &Walker::editUV,     &Walker::setAngle,     &Walker::holdState,  &Walker::click,        &Walker::click,
     &Walker::clickUV,    &Walker::unselectAll,  &Walker::marquee,    &Walker::marquee,      &Walker::transform,
     &Walker::merge,      &Walker::merge,        &Walker::merge,      &Walker::assignShader, &Walker::deleteSelection,
-    &Walker::copy,       &Walker::copy,         &Walker::paste,      &Walker::paste,
+    &Walker::copy,       &Walker::copy,         &Walker::paste,      &Walker::paste,        &Walker::cutEdges,
+    &Walker::splitEdges, &Walker::separate,     &Walker::extrude,    &Walker::fill,         &Walker::smooth,
+    &Walker::turn,       &Walker::weld,
 };
 
 QVector<int> Walker::someVertices(int count)
@@ -284,6 +301,31 @@ void Walker::merge()
     const QVector<int> ends = someVertices(2);
     if (ends.size() == 2)
         KMMeshEdit::mergeVertex(m_mesh, ends.at(0), ends.at(1));
+}
+
+void Walker::cutEdges()
+{
+    QVector<KMEdgeCut> cuts;
+    for (int i = below(4); i >= 0; --i) {
+        if (const KMEdge *edge = anyEdge())
+            cuts.append({edge->index1, edge->index0, {number(), number()}});
+    }
+    KMMeshEdit::cutEdges(m_mesh, cuts);
+}
+
+void Walker::turn()
+{
+    const int f = anyFace();
+    coin() ? KMMeshEdit::reverseFace(m_mesh, f) : KMMeshEdit::rotateFace(m_mesh, f);
+}
+
+void Walker::weld()
+{
+    const QVector<int> vertices = someVertices(4);
+    if (coin())
+        KMMeshEdit::weldToMean(m_mesh, vertices);
+    else
+        KMMeshEdit::weldSamePlace(m_mesh, vertices);
 }
 
 void Walker::copy()

@@ -1,3 +1,4 @@
+#include "core/KMBluePrint.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
@@ -8,7 +9,9 @@
 #include "modifiers/KMPrimPlaneNode.h"
 #include "modifiers/KMPrimSphereNode.h"
 #include "modifiers/KMPrimTorusNode.h"
+#include "render/KMCameraBox.h"
 #include "render/KMRenderer.h"
+#include "render/KMShareContext.h"
 #include "render/KMViewFilter.h"
 #include "support/MeshFixtures.h"
 #include "support/PictureCheck.h"
@@ -101,6 +104,8 @@ private slots:
     void frontOnly();
     void uvView();
     void backgrounds();
+    void blueprints();
+    void cameraBox();
     void toolOverlays();
     void materialBalls();
 };
@@ -273,11 +278,70 @@ void tst_KMRenderer::backgrounds()
     CHECK_PICTURE(contactSheet(pictures, 4), "backgrounds");
 }
 
-/// A plate of points, edges and faces in the scene, and a frame in window pixels.
+/// Each blend behind the model, standing in the world, and below in front of it, turned to the view.
+void tst_KMRenderer::blueprints()
+{
+    QVector<QImage> pictures;
+    for (const int inFront : {0, 1}) {
+        for (const int blend : {KMBluePrintValues::Mix, KMBluePrintValues::Add, KMBluePrintValues::Multiply}) {
+            RenderScene scene({120, 90});
+            scene.setFlags({false, false, true, false, false});
+            scene.add(new KMPrimSphereNode);
+            const QImage picture = checker(QColor(230, 230, 120), QColor(80, 110, 200)).scaled(64, 32);
+            auto *plate = new KMBluePrint;
+            const int mode = inFront ? KMBluePrintValues::FixedOnScreen : KMBluePrintValues::InWorld;
+            plate->setValues({mode, scene.addTexture(picture), inFront, blend, 0.6f});
+            plate->setTransform({{3, 3, 3}, kvm::Quaternion::fromEuler(0, 0, 0.3f), {20, 10, -40}});
+            gProject->addToScene(plate);
+            auto *hidden = static_cast<KMBluePrint *>(plate->clone());
+            hidden->setVisible(false);
+            gProject->addToScene(hidden);
+            auto *other = static_cast<KMBluePrint *>(plate->clone());
+            other->setValues({mode, 77, inFront, blend, 1.0f}); // no such picture
+            gProject->addToScene(other);
+            scene.camera.setAngles(-20, 40, 0);
+            scene.camera.setDistance(220);
+            pictures << scene.paint();
+        }
+    }
+    CHECK_PICTURE(contactSheet(pictures, 3), "blueprints");
+}
+
+void tst_KMRenderer::cameraBox()
+{
+    struct BoxParts : KMFrameParts
+    {
+        void drawCameraBox(const KMCameraNode &camera) override
+        {
+            box->draw(gRenderer->program(KMShaderPrograms::Face2D), camera);
+        }
+        std::unique_ptr<KMCameraBox> box = std::make_unique<KMCameraBox>(0);
+    } parts;
+    RenderScene scene({160, 120});
+    KMFrame request;
+    request.camera = &scene.camera;
+    request.background = scene.background;
+    request.parts = &parts;
+    QVector<QImage> pictures;
+    constexpr float attitudes[][2] = {{0, 0}, {-20, 30}, {-89, 0}, {35, 200}};
+    for (const auto &[pitch, yaw] : attitudes) {
+        scene.camera.setAngles(pitch, yaw, 0);
+        pictures << scene.view.paint(request);
+    }
+    const KMShareContext context;
+    parts.box.reset();
+    CHECK_PICTURE(contactSheet(pictures, 2), "camera_box");
+}
+
+/// A plate of points, edges and faces in the scene, a cone that shows its near side alone, and a frame in window
+/// pixels.
 void tst_KMRenderer::toolOverlays()
 {
     const std::unique_ptr<KMMeshNode> plate(MeshFixtures::grid(3, 2));
     const std::unique_ptr<KMMeshNode> frame(MeshFixtures::grid(1, 1));
+    const std::unique_ptr<KMMeshNode> cone(MeshFixtures::openCone(12));
+    for (int i = 0; i < cone->vertexCount(); ++i)
+        cone->setPosition(i, cone->position(i) - kvm::Vector3(2, 0, 0));
     const std::unique_ptr<KMMeshNode> hidden(MeshFixtures::torus(8, 8));
     hidden->setVisible(false);
     const kvm::Vector3 corners[] = {{20, 20, 0}, {140, 20, 0}, {20, 100, 0}, {140, 100, 0}};
@@ -288,7 +352,8 @@ void tst_KMRenderer::toolOverlays()
     FakeTool tool;
     tool.groups[KMViewTool::FaceMeshes] = {{plate.get(), KMToolOverlay::Faces, QColor(255, 120, 0, 160)},
                                            {hidden.get(), KMToolOverlay::Faces, Qt::red}};
-    tool.groups[KMViewTool::EdgeMeshes] = {{plate.get(), KMToolOverlay::Edges, Qt::yellow}};
+    tool.groups[KMViewTool::EdgeMeshes] = {{plate.get(), KMToolOverlay::Edges, Qt::yellow},
+                                           {cone.get(), KMToolOverlay::Front, Qt::green}};
     tool.groups[KMViewTool::PointMeshes] = {{plate.get(), KMToolOverlay::Points, Qt::cyan}};
     tool.groups[KMViewTool::ScreenLines] = {{frame.get(), KMToolOverlay::Edges, Qt::white}};
     RenderScene scene({160, 120});

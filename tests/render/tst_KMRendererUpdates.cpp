@@ -148,6 +148,7 @@ private slots:
     void walkShowsWhatAFreshMeshShows_data();
     void walkShowsWhatAFreshMeshShows();
     void stillSceneIsLeftAlone();
+    void hiddenMeshesCatchUp();
     void deletedMaterialIsBlack();
 };
 
@@ -209,6 +210,27 @@ void tst_KMRendererUpdates::stillSceneIsLeftAlone()
     scene.camera.setDistance(20);
     scene.paint();
     QVERIFY(mesh->vertex(0)->screenPos != mark);
+}
+
+/// What happened to a mesh while it was hidden shows when it comes back into a view that stood still.
+void tst_KMRendererUpdates::hiddenMeshesCatchUp()
+{
+    RenderScene scene({120, 90});
+    scene.setFlags({true, true, true, false, false});
+    KMMeshNode *mesh = scene.add(MeshFixtures::torus(9, 6));
+    scene.camera.setDistance(12);
+    scene.paint();
+    mesh->setVisible(false);
+    scene.paint();
+    mesh->setFaceFlag(3, KMElementFlag::Hidden);
+    mesh->setPosition(5, {0, 9, 0});
+    mesh->markMoved();
+    mesh->refreshAfterEdit(); // as the history does
+    scene.paint();
+    mesh->setVisible(true);
+    scene.paint();
+    QVERIFY(!mesh->face(3)->drawn);
+    QCOMPARE(mesh->vertex(5)->screenPos.y, scene.camera.worldToWindow({0, 9, 0}).y);
 }
 
 void tst_KMRendererUpdates::deletedMaterialIsBlack()

@@ -57,20 +57,25 @@ void tst_KMShaderPrograms::brokenTextsAreToldAndLeftOut()
     for (const QString &name : texts.entryList())
         QVERIFY(QFile::copy(texts.filePath(name), folder.filePath(name)));
     QVERIFY(QFile::remove(folder.filePath(QStringLiteral("vertex_HUD"))));
-    QFile damaged(folder.filePath(QStringLiteral("fragment_real")));
-    QVERIFY(damaged.setPermissions(QFile::ReadOwner | QFile::WriteOwner));
-    QVERIFY(damaged.open(QIODevice::WriteOnly));
-    damaged.write("#version 120\nvoid main() { gl_FragColor = nothing; }\n");
-    damaged.close();
+    const auto replace = [&folder](const char *name, const char *text) {
+        QFile file(folder.filePath(QLatin1String(name)));
+        return file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && file.open(QIODevice::WriteOnly)
+               && file.write(text) > 0;
+    };
+    QVERIFY(replace("fragment_real", "#version 120\nvoid main() { gl_FragColor = nothing; }\n"));
+    // Each text is right by itself, but nothing gives what it reads.
+    QVERIFY(replace("fragment_outline", "#version 120\nvarying vec4 lost;\nvoid main() { gl_FragColor = lost; }\n"));
 
     const KMShareContext context;
     QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("failed load vertex shader \"?vertex_HUD")));
     QTest::ignoreMessage(QtDebugMsg,
                          QRegularExpression(QStringLiteral("failed load fragment shader \"?fragment_real")));
     QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("failed load glsl. \"?real")));
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("failed load glsl. \"?outline")));
     KMShaderPrograms programs;
     QVERIFY(!programs.load(folder.path() + QLatin1Char('/')));
-    QVERIFY(!programs[KMShaderPrograms::Real].begin());
+    for (const KMShaderPrograms::Id id : {KMShaderPrograms::HUD, KMShaderPrograms::Real, KMShaderPrograms::Outline})
+        QVERIFY(!programs[id].begin());
     QVERIFY(programs[KMShaderPrograms::RealLine].begin());
     programs[KMShaderPrograms::RealLine].release();
 }

@@ -54,6 +54,7 @@ void tst_SurfaceFormats::picture_data()
     QTest::addColumn<int>("samples");
     QTest::newRow("4.0, compatible") << 1 << 0;
     QTest::newRow("4.0, core") << 2 << 0;
+    QTest::newRow("4.0, core, 8 samples") << 2 << 8;
     QTest::newRow("4.0, 8 samples") << 1 << 8;
     QTest::newRow("2.1, 8 samples") << 0 << 8;
 }

@@ -17,8 +17,6 @@ class tst_KMSurfaceFormat : public QObject
 {
     Q_OBJECT
 private slots:
-    void formatBySettings_data();
-    void formatBySettings();
     void contextsShareObjects_data();
     void contextsShareObjects();
     void shareInThisProcess();
@@ -57,32 +55,6 @@ int sizeOf(QOpenGLFunctions *gl, GLuint buffer)
 }
 
 } // namespace
-
-void tst_KMSurfaceFormat::formatBySettings_data()
-{
-    QTest::addColumn<int>("glCore");
-    QTest::addColumn<int>("major");
-    QTest::addColumn<int>("minor");
-    QTest::addColumn<int>("profile");
-
-    QTest::newRow("core") << 2 << 4 << 0 << int(QSurfaceFormat::CoreProfile);
-    QTest::newRow("compatibility") << 1 << 4 << 0 << int(QSurfaceFormat::CompatibilityProfile);
-    QTest::newRow("old") << 0 << 2 << 1 << int(QSurfaceFormat::CompatibilityProfile);
-    QTest::newRow("unknown value") << 3 << 2 << 1 << int(QSurfaceFormat::CompatibilityProfile);
-}
-
-void tst_KMSurfaceFormat::formatBySettings()
-{
-    QFETCH(int, glCore);
-    const QSurfaceFormat format = surfaceFormatFor(settingsWith(glCore, 4));
-    QTEST(format.majorVersion(), "major");
-    QTEST(format.minorVersion(), "minor");
-    QTEST(int(format.profile()), "profile");
-    QCOMPARE(format.renderableType(), QSurfaceFormat::OpenGL);
-    QCOMPARE(format.samples(), 4);
-    QCOMPARE(format.swapInterval(), 1);
-    QVERIFY(format.testOption(QSurfaceFormat::DeprecatedFunctions));
-}
 
 void tst_KMSurfaceFormat::contextsShareObjects_data()
 {

@@ -52,15 +52,14 @@ private slots:
     void savedFileOpensAgain();
     void addedSuffixAsksBeforeReplacing_data();
     void addedSuffixAsksBeforeReplacing();
+    void importAndExport();
     void recentFiles();
     void droppedModelAsksFirst_data();
     void droppedModelAsksFirst();
     void droppedPicture();
-    void droppedUnknownFile();
     void windowState();
     void shortcutFile();
     void menuTitlesAndActions();
-    void menuOpensByShortcut();
     void cutAndPaste();
     void copiedFaces();
     void groupAndDuplicate();
@@ -126,9 +125,7 @@ void tst_kmmainwidget::nodesFromTheMenu_data()
     QTest::addColumn<int>("type");
     QTest::addColumn<QString>("name");
 
-    QTest::newRow("int") << "actionCreateInt" << int(KMNodeType::IntContainer) << "Int0";
     QTest::newRow("null") << "actionCreateNull" << int(KMNodeType::Null) << "Null0";
-    QTest::newRow("mesh") << "actionCreateMesh" << int(KMNodeType::Mesh) << "Mesh0";
     QTest::newRow("sphere") << "actionCreateSphere" << int(KMNodeType::PrimSphere) << "";
     QTest::newRow("shader") << "actionCreateShader" << int(KMNodeType::BasicShader) << "Shader";
     QTest::newRow("texture") << "actionCreatePTexture" << int(KMNodeType::ProcTexture) << "PTexture0";
@@ -287,6 +284,30 @@ void tst_kmmainwidget::addedSuffixAsksBeforeReplacing()
     QCOMPARE(other.readAll() != QByteArray("other"), isReplaced);
 }
 
+void tst_kmmainwidget::importAndExport()
+{
+    TestWindow window;
+    window.create<KMNullNode>("actionCreateNull")->setTranslation({1.0f, 0.0f, 0.0f});
+    const QString path = window.filePath("model.kmd");
+    window.prompt.paths << path << path << window.filePath("old");
+    window.trigger("actionSave");
+    window.trigger("actionCreateInt");
+    window.prompt.acceptForms = true;
+    window.prompt.optionValues.insert(QStringLiteral("import-scale"), 2.0);
+    window.trigger("actionImportKMD");
+    QCOMPARE(treeText(), QStringLiteral("Null0 Int0 Null0"));
+    QCOMPARE(static_cast<KMNullNode *>(KMTreeWidget::nodeOf(gProject->tree()->topLevelItem(2)))->translation().x, 2.0f);
+    QCOMPARE(window->undoStack()->count(), 0);
+    QVERIFY(gSolution->isModified()); // the Int isn't in the file
+
+    window.trigger("actionExportKMDVer1");
+    QFile exported(window.filePath("old.kmd"));
+    QVERIFY(exported.open(QIODevice::ReadOnly));
+    QCOMPARE(exported.readAll().mid(10, 3), QByteArray("\x40\x08\x00", 3)); // behind the magic: 3.0
+    QCOMPARE(gSolution->fileName(), path);
+    QVERIFY(gSolution->isModified());
+}
+
 void tst_kmmainwidget::recentFiles()
 {
     TestWindow window;
@@ -357,16 +378,6 @@ void tst_kmmainwidget::droppedPicture()
     QVERIFY(window.prompt.messages.isEmpty());
 }
 
-void tst_kmmainwidget::droppedUnknownFile()
-{
-    TestWindow window;
-    window.trigger("actionCreateNull");
-    drop(*window, window.filePath("notes.xyz"));
-    QCOMPARE(window.prompt.messages.size(), 1);
-    QVERIFY(window.prompt.messages.first().text.contains(QLatin1String("notes.xyz")));
-    QCOMPARE(treeText(), QStringLiteral("Null0"));
-}
-
 void tst_kmmainwidget::windowState()
 {
     TestWindow window;
@@ -431,21 +442,23 @@ void tst_kmmainwidget::menuTitlesAndActions()
     QStringList bar;
     for (const QAction *entry : window->menuBar()->actions())
         bar << entry->text();
-    QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Normal(&L)", "Widget(&W)", "Panel(&P)",
-                               "View(&V)", "Help(&H)"}));
+    QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Selection(&S)", "Normal(&L)", "Widget(&W)",
+                               "Panel(&P)", "View(&V)", "Help(&H)"}));
 
     QStringList groups;
     QHash<QString, const QAction *> known;
     for (const KMActionGroup &group : gSettings->actionGroups()) {
         groups << group.title;
-        QCOMPARE(group.actions.first()->text(), QStringLiteral("Menu ") + group.title);
+        if (group.title != QLatin1String("Tools")) // these have no menu
+            QCOMPARE(group.actions.first()->text(), QStringLiteral("Menu ") + group.title);
         for (const QAction *action : group.actions) {
             QVERIFY2(!action->statusTip().isEmpty(), qPrintable(action->text()));
             QVERIFY2(known.value(action->objectName(), action) == action, qPrintable(action->objectName()));
             known.insert(action->objectName(), action);
         }
     }
-    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Normal", "Widget", "Panel", "View", "Help"}));
+    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Selection", "Normal", "Widget", "Panel", "View", "Help",
+                                  "Tools"}));
 
     QSet<QString> keys;
     for (const QAction *action : known) {
@@ -453,16 +466,6 @@ void tst_kmmainwidget::menuTitlesAndActions()
         QVERIFY2(text.isEmpty() || !keys.contains(text), qPrintable(text));
         keys << text;
     }
-}
-
-void tst_kmmainwidget::menuOpensByShortcut()
-{
-    TestWindow window;
-    auto *menu = window.child<QMenu>("Menu Create");
-    window.trigger("Menu Create");
-    QVERIFY(menu->isVisible());
-    menu->close();
-    QCOMPARE(window->undoStack()->count(), 0);
 }
 
 void tst_kmmainwidget::cutAndPaste()

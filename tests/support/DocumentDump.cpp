@@ -1,6 +1,7 @@
 #include "support/DocumentDump.h"
 
 #include "core/KMBasicShaderNode.h"
+#include "core/KMBluePrint.h"
 #include "core/KMEmbeddedTextureNode.h"
 #include "core/KMFileTextureNode.h"
 #include "core/KMNodeType.h"
@@ -118,6 +119,8 @@ void DocumentDump::writeValues(QTextStream &out, const KMContainerNode *node)
     const int type = node->type();
     if (isNull(type))
         out << " at " << bits(static_cast<const KMNullNode *>(node)->transform());
+    if (const auto *bluePrint = qobject_cast<const KMBluePrint *>(node))
+        out << ' ' << bits(bluePrint->values());
     if (type == KMNodeType::BasicShader)
         out << ' ' << shaderText(static_cast<const KMBasicShaderNode *>(node)->values());
     if (type == KMNodeType::FileTexture)

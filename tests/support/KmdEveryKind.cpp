@@ -19,7 +19,6 @@ struct Kind
 constexpr Kind nodeKinds[] = {
     {0x4e00008, "T f i G"},
     {0x600006, ""},
-    {0x4600005, "T G 4i f 4i 4f"},
     {0x4e00002, "T G"},
     {0x4e00003, "T 2i 3f 3f 3f G"},
     {0x4e00004, "T i b i i 1.1:i G"},

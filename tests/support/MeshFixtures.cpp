@@ -63,10 +63,15 @@ QString vertexProblem(const KMMeshNode &mesh, int i)
 QString edgeProblem(const KMMeshNode &mesh)
 {
     QMap<quint64, QList<int>> expected;
+    QVector<quint64> order;
     for (int f = 0; f < mesh.faceCount(); ++f) {
         const KMFace *face = mesh.face(f);
-        for (int c = 0; face && c < face->count; ++c)
-            expected[KMEdge::keyOf(face->indices[c], face->next(c))] << f;
+        for (int c = 0; face && c < face->count; ++c) {
+            const quint64 key = KMEdge::keyOf(face->indices[c], face->next(c));
+            if (!expected.contains(key))
+                order << key;
+            expected[key] << f;
+        }
     }
     if (expected.size() != mesh.edgeCount())
         return QStringLiteral("%1 edges, %2 expected").arg(mesh.edgeCount()).arg(expected.size());
@@ -74,6 +79,8 @@ QString edgeProblem(const KMMeshNode &mesh)
         const QString name = QStringLiteral("edge %1 %2: ").arg(edge->index0).arg(edge->index1);
         if (edge->index0 > edge->index1)
             return name + QStringLiteral("ends in the wrong order");
+        if (!order.isEmpty() && order.takeFirst() != edge->key())
+            return name + QStringLiteral("not where the faces first have it");
         if (mesh.findEdge(edge->index0, edge->index1) != edge || mesh.findEdge(edge->index1, edge->index0) != edge
             || mesh.edgeByKey(edge->key()) != edge)
             return name + QStringLiteral("not found by its ends");

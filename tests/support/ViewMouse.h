@@ -38,11 +38,12 @@ public:
     void click(const QPointF &at) { drag({Qt::LeftButton}, at, at); }
 
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+    Qt::MouseEventSource source = Qt::MouseEventNotSynthesized;
 
 private:
     void send(QEvent::Type type, const QPointF &at, Qt::MouseButton button)
     {
-        QMouseEvent event(type, at, at, m_view->mapToGlobal(at.toPoint()), button, m_buttons, modifiers);
+        QMouseEvent event(type, at, at, m_view->mapToGlobal(at.toPoint()), button, m_buttons, modifiers, source);
         QCoreApplication::sendEvent(m_view, &event);
     }
 

@@ -1,0 +1,70 @@
+// The window's slots that take files into the open document, and write it in other forms.
+
+#include "core/KMPrompt.h"
+#include "core/KMSolution.h"
+#include "core/KMVersion.h"
+#include "formats/KMDFormat.h"
+#include "formats/KMNativeFormat.h"
+#include "shell/docks/kmattributewidget.h"
+#include "shell/kmmainwidget.h"
+
+#include <QFileInfo>
+
+namespace {
+
+struct TakeRow
+{
+    const char *key;
+    const char *label;
+    int bit;
+};
+
+/// What a model file holds besides its nodes.
+constexpr TakeRow takeRows[] = {
+    {"views", QT_TRANSLATE_NOOP("kmmainwidget", "Settings of the views"), KMD::TakeViewState},
+    {"cameras", QT_TRANSLATE_NOOP("kmmainwidget", "Cameras"), KMD::TakeCameras},
+};
+
+} // namespace
+
+void kmmainwidget::onMenuImportKMD()
+{
+    commitOpenEditors();
+    KMOptionForm form;
+    form.title = QStringLiteral("KMD");
+    form.parent = this;
+    for (const TakeRow &row : takeRows)
+        form.options << KMOption{QLatin1String(row.key), tr(row.label), KMOption::Bool, false};
+    form.options << KMOption{QStringLiteral("import-scale"), tr("Scale"), KMOption::Float, 1.0, 0.0001, 10000.0};
+    if (!KMPrompt::current().options(form))
+        return;
+    int mask = 0;
+    for (const TakeRow &row : takeRows)
+        mask |= form.value(QLatin1String(row.key)).toBool() ? row.bit : 0;
+    const QString path = askOpenPath(tr("Import File"), tr("kelmo Model File (*.kmd)"));
+    if (!path.isEmpty())
+        importModel(path, mask, form.value(QStringLiteral("import-scale")).toFloat());
+}
+
+/// An import ends the history. What was changed before it must still be asked for at the end.
+void kmmainwidget::importModel(const QString &path, int mask, float scale)
+{
+    const bool wasModified = gSolution->isModified();
+    if (!m_format->importFile(path, mask, scale))
+        return;
+    if (wasModified)
+        gSolution->markUnsaved();
+    gSolution->setDirectory(QFileInfo(path).absoluteDir());
+    onUndoIndexChanged(0);
+    m_attributeDock->refresh();
+    gSolution->refreshViews(31);
+}
+
+/// The document stays what it is: it keeps its name and whether it is saved.
+void kmmainwidget::onMenuExportKMDVer1()
+{
+    commitOpenEditors();
+    const QString path = askSavePath(tr("Export File"), tr("KELMO ver1 compatibility(*.kmd)"));
+    if (!path.isEmpty() && m_format->write(path, KMVersion::CompatibilityForm))
+        gSolution->setDirectory(QFileInfo(path).absoluteDir());
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+
+class QMenu;
+class QMouseEvent;
+class QWidget;
+
+/// Opens a menu where the right button is clicked in a view. A drag with that button moves the camera and opens none,
+/// nor does a click with further buttons or keys.
+class KMViewMenu : public QObject
+{
+    Q_OBJECT
+public:
+    KMViewMenu(QWidget *view, QMenu *menu); ///< belongs to the view
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool isPlainClick(const QMouseEvent *event) const;
+
+    QMenu *m_menu;
+    QPoint m_press; // on the screen
+    bool m_isPressed = false;
+};

@@ -1,0 +1,71 @@
+#include "tools/KMSelectionCommand.h"
+
+#include "core/KMUndoMacro.h"
+#include "mesh/KMMeshNode.h"
+
+#include <QCoreApplication>
+#include <QKeySequence>
+
+#include <algorithm>
+
+KMSelectionCommand::KMSelectionCommand(const Row &row, QObject *parent)
+    : KMCommand(QCoreApplication::translate("KMSelectionCommand", row.text), parent)
+    , m_row(row)
+{
+    setStatusTip(QCoreApplication::translate("KMSelectionCommand", row.tip));
+    setShortcut(QKeySequence(QLatin1String(row.keys), QKeySequence::PortableText));
+}
+
+bool KMSelectionCommand::accepts(const KMMeshNode &mesh) const
+{
+    return m_row.accepts ? m_row.accepts(mesh) : KMMeshTargets::hasSelected(mesh, m_row.needed);
+}
+
+QList<KMMeshNode *> KMSelectionCommand::targets() const
+{
+    QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
+    const auto isNone = [this](const KMMeshNode *mesh) {
+        const bool isOutOfReach = m_row.reach == Reach::Own && mesh->ownerNode();
+        return isOutOfReach || !KMMeshTargets::isEditable(*mesh) || !accepts(*mesh);
+    };
+    meshes.erase(std::remove_if(meshes.begin(), meshes.end(), isNone), meshes.end());
+    return meshes;
+}
+
+QString KMSelectionCommand::obstacle() const
+{
+    if (!targets().isEmpty())
+        return {};
+    switch (m_row.needed) {
+    case KMMeshTargets::Vertices:
+        return tr("Vertex Selection not found.");
+    case KMMeshTargets::Edges:
+        return tr("Edge Selection not found.");
+    case KMMeshTargets::Faces:
+        return tr("Face Selection not found.");
+    }
+    return {};
+}
+
+bool KMSelectionCommand::ask(const QList<KMMeshNode *> &)
+{
+    return true;
+}
+
+void KMSelectionCommand::run()
+{
+    const QList<KMMeshNode *> meshes = targets();
+    if (!ask(meshes))
+        return;
+    const KMUndoMacro macro(text());
+    for (KMMeshNode *mesh : meshes) {
+        runOn(*mesh);
+        if (!mesh->ownerNode()) // a result would take itself for one that was moved by hand
+            mesh->markDirty(KMMeshDirty::All);
+    }
+}
+
+void KMSelectionCommand::runOn(KMMeshNode &mesh)
+{
+    m_row.work(mesh);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/KMCommand.h"
+#include "mesh/KMMeshTargets.h"
+
+/// A command on what is selected in the meshes that are chosen in the tree, shown and not locked. Where no mesh has
+/// what it needs it says so and leaves no step in the history; else it is one step.
+/// Commands are rows of a table; those that ask the user something, or need more than selected elements, are classes.
+class KMSelectionCommand : public KMCommand
+{
+    Q_OBJECT
+public:
+    enum class Reach {
+        Own,        ///< meshes of the user: what it edits would be lost with the next result of a modifier
+        WithResults ///< also what modifiers and primitives make: it selects or moves
+    };
+    struct Row
+    {
+        const char *objectName;
+        const char *text;
+        const char *tip;
+        const char *keys;
+        KMMeshTargets::Element needed;
+        Reach reach;
+        void (*work)(KMMeshNode &mesh);
+        bool (*accepts)(const KMMeshNode &mesh) = nullptr; ///< the mesh has what is needed; null asks for any selected
+    };
+
+    KMSelectionCommand(const Row &row, QObject *parent); ///< the row has to stay
+
+protected:
+    const Row &row() const { return m_row; }
+    QList<KMMeshNode *> targets() const;
+
+    QString obstacle() const override;
+    bool isOneStep() const override { return false; } // the step is opened when the user has answered
+    void run() final;
+    virtual bool ask(const QList<KMMeshNode *> &meshes); ///< what the user has to say first; false cancels
+    virtual void runOn(KMMeshNode &mesh);
+
+private:
+    bool accepts(const KMMeshNode &mesh) const;
+
+    const Row &m_row;
+};

@@ -1,0 +1,219 @@
+#include "tools/KMToolSel.h"
+
+#include "core/KMSettings.h"
+#include "core/KMSolution.h"
+#include "mesh/KMEdgePath.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshSelect.h"
+#include "mesh/KMMeshTargets.h"
+#include "render/KMMouseEvent.h"
+#include "render/KMOpenGLWidget.h"
+#include "render/KMPicker.h"
+#include "tools/KMSelectionChain.h"
+#include "tools/KMToolKind.h"
+
+#include <QTreeWidget>
+
+namespace {
+
+enum class Picked { Vertex, Edge, Face };
+
+struct ModeRow
+{
+    const char *name;
+    Picked picked;
+};
+
+/// By KMToolSel::Mode.
+constexpr ModeRow modeRows[] = {
+    {QT_TRANSLATE_NOOP("KMToolSel", "Node"), Picked::Face},
+    {QT_TRANSLATE_NOOP("KMToolSel", "Root Edge"), Picked::Vertex},
+    {QT_TRANSLATE_NOOP("KMToolSel", "Chained Face"), Picked::Face},
+    {QT_TRANSLATE_NOOP("KMToolSel", "Belt Face"), Picked::Edge},
+    {QT_TRANSLATE_NOOP("KMToolSel", "Loop Edge"), Picked::Edge},
+    {QT_TRANSLATE_NOOP("KMToolSel", "Ring Edge"), Picked::Edge},
+};
+
+/// Chooses the mesh in the tree, by the same keys as a click on an element.
+void chooseNode(const KMMeshNode &mesh, Qt::KeyboardModifiers modifiers)
+{
+    QTreeWidgetItem *row = KMMeshTargets::stateNode(mesh).item();
+    if (!row || !row->treeWidget())
+        return;
+    if (modifiers & (Qt::ShiftModifier | Qt::ControlModifier))
+        row->setSelected(!(modifiers & Qt::ControlModifier));
+    else
+        row->treeWidget()->setCurrentItem(row);
+}
+
+} // namespace
+
+KMToolSel::KMToolSel(QWidget *parent)
+    : KMTool(KMToolKind::Select, parent)
+{
+    for (const ModeRow &row : modeRows)
+        addModeName(tr(row.name));
+}
+
+KMToolSel::~KMToolSel() = default;
+
+void KMToolSel::initialize()
+{
+    m_overlay = new KMToolMesh(KMToolOverlay::Edges);
+    addMesh(EdgeMeshes, m_overlay);
+}
+
+void KMToolSel::finalize()
+{
+    m_overlay = nullptr;
+    KMTool::finalize();
+}
+
+void KMToolSel::deactivate()
+{
+    KMTool::deactivate();
+    forgetRoot();
+}
+
+/// An edit may have taken the root, and the edges are others.
+void KMToolSel::refresh()
+{
+    hideChain();
+    m_graph.reset();
+    if (m_lastRoot >= 0 && !(m_rootMesh && !m_rootMesh->isDeleted() && m_rootMesh->vertex(m_lastRoot)))
+        forgetRoot();
+}
+
+void KMToolSel::cancel()
+{
+    hideChain();
+}
+
+void KMToolSel::setMode(int mode)
+{
+    if (mode < 0 || mode >= ModeCount)
+        return;
+    forgetRoot();
+    hideChain();
+    KMTool::setMode(mode);
+}
+
+KMPickRequest KMToolSel::pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget) const
+{
+    const Picked picked = modeRows[mode()].picked;
+    KMPickRequest request;
+    request.margin = gSettings->vertexClickMargin;
+    request.wantVertex = picked == Picked::Vertex;
+    request.wantEdge = picked == Picked::Edge;
+    request.wantFace = picked == Picked::Face;
+    KMPicker::pick(*widget.camera(), event.localPos(), request);
+    return request;
+}
+
+bool KMToolSel::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
+{
+    if (event->buttons() != Qt::NoButton)
+        return false;
+    const KMPickRequest hit = pickAt(*event, *widget);
+    if (hit.isHit())
+        show(chainAt(hit));
+    else
+        hideChain();
+    return true;
+}
+
+bool KMToolSel::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
+{
+    if (event->buttons() != Qt::LeftButton || event->modifiers() & Qt::AltModifier)
+        return false;
+    const KMPickRequest hit = pickAt(*event, *widget);
+    if (!hit.isHit()) {
+        forgetRoot();
+        hideChain();
+        KMMeshSelect::unselectAll();
+    } else if (mode() == Node) {
+        chooseNode(*hit.mesh, event->modifiers());
+    } else if (mode() == RootEdge) {
+        pressRoot(hit, event->modifiers());
+    } else {
+        chainAt(hit).select(!(event->modifiers() & Qt::ControlModifier));
+    }
+    return true;
+}
+
+KMSelectionChain KMToolSel::chainAt(const KMPickRequest &hit)
+{
+    switch (mode()) {
+    case RootEdge:
+        return pathTo(hit);
+    case ChainedFace:
+        return KMSelectionChain::patch(*hit.mesh, hit.face);
+    case BeltFace:
+        return KMSelectionChain::belt(*hit.mesh, hit.edge);
+    case LoopEdge:
+        return KMSelectionChain::loop(*hit.mesh, hit.edge);
+    case RingEdge:
+        return KMSelectionChain::ring(*hit.mesh, hit.edge);
+    default:
+        return {};
+    }
+}
+
+KMSelectionChain KMToolSel::pathTo(const KMPickRequest &hit)
+{
+    if (!hasRootIn(hit.mesh))
+        return {};
+    if (!m_graph)
+        m_graph = std::make_unique<KMEdgePath>(*hit.mesh);
+    return KMSelectionChain::path(*hit.mesh, m_graph->between(m_lastRoot, hit.vertex));
+}
+
+/// The first click sets the root, each further one selects the way from there and goes on; a click on the root ends it.
+void KMToolSel::pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers)
+{
+    if (hasRootIn(hit.mesh) && hit.vertex == m_lastRoot) {
+        forgetRoot();
+        return hideChain();
+    }
+    const KMSelectionChain path = pathTo(hit);
+    m_rootMesh = hit.mesh;
+    m_lastRoot = hit.vertex;
+    if (!path.isEmpty())
+        path.select(!(modifiers & Qt::ControlModifier));
+    m_graph.reset();
+}
+
+bool KMToolSel::hasRootIn(const KMMeshNode *mesh) const
+{
+    return m_lastRoot >= 0 && m_rootMesh == mesh;
+}
+
+void KMToolSel::forgetRoot()
+{
+    m_lastRoot = -1;
+    m_rootMesh = nullptr;
+    m_graph.reset();
+}
+
+void KMToolSel::show(const KMSelectionChain &chain)
+{
+    if (chain.isEmpty())
+        return hideChain();
+    QVector<kvm::Vector3> points;
+    QVector<KMToolMesh::Line> lines;
+    for (const KMEdge *edge : chain.outline()) {
+        lines.append({points.size(), points.size() + 1});
+        points << chain.mesh()->position(edge->index0) << chain.mesh()->position(edge->index1);
+    }
+    m_overlay->setColor(gSettings->displayColor(DP_HOT_EDGE));
+    m_overlay->setLines(points, lines);
+    m_overlay->setVisible(true);
+}
+
+void KMToolSel::hideChain()
+{
+    if (!m_overlay || !m_overlay->isVisible())
+        return;
+    m_overlay->clear();
+    m_overlay->setVisible(false);
+}

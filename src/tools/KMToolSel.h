@@ -1,0 +1,48 @@
+#pragma once
+
+#include "tools/KMTool.h"
+
+#include <QPointer>
+
+#include <memory>
+
+class KMEdgePath;
+class KMMeshNode;
+class KMSelectionChain;
+struct KMPickRequest;
+
+/// Selects chains of elements that follow from the one under the cursor, and shows them before the click.
+class KMToolSel : public KMTool
+{
+    Q_OBJECT
+public:
+    enum Mode { Node, RootEdge, ChainedFace, BeltFace, LoopEdge, RingEdge, ModeCount };
+
+    explicit KMToolSel(QWidget *parent = nullptr);
+    ~KMToolSel() override;
+
+    void initialize() override;
+    void finalize() override;
+    void deactivate() override;
+    void refresh() override;
+    void cancel() override;
+    void setMode(int mode) override;
+
+    bool mousePress(KMMouseEvent *event, KMOpenGLWidget *widget) override;
+    bool mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget) override;
+
+private:
+    KMPickRequest pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget) const;
+    KMSelectionChain chainAt(const KMPickRequest &hit);
+    KMSelectionChain pathTo(const KMPickRequest &hit);
+    void pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
+    bool hasRootIn(const KMMeshNode *mesh) const;
+    void forgetRoot();
+    void show(const KMSelectionChain &chain);
+    void hideChain();
+
+    KMToolMesh *m_overlay = nullptr;
+    QPointer<KMMeshNode> m_rootMesh;
+    int m_lastRoot = -1;                 // the vertex from which the next path starts
+    std::unique_ptr<KMEdgePath> m_graph; // of the root's mesh; null until it is needed again
+};
