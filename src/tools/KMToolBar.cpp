@@ -1,6 +1,7 @@
 #include "tools/KMToolBar.h"
 
 #include "core/KMSolution.h"
+#include "render/KMCameraNode.h"
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
@@ -54,7 +55,11 @@ KMToolBar::KMToolBar(QWidget *parent)
 {
     toggleViewAction()->setStatusTip(tr("Show or hide the buttons of the tools"));
     connect(gSolution, &KMSolution::currentNodeChanged, this, &KMToolBar::onCurrentNodeChanged);
-    connect(qApp, &QApplication::focusChanged, this, &KMToolBar::onFocusChanged);
+    connect(gSolution, &KMSolution::documentReset, this, [this] { cancelDrag(); });
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget *former) {
+        if (qobject_cast<const KMOpenGLWidget *>(former))
+            cancelDrag(); // a view that loses the keyboard doesn't learn how its drag ends
+    });
     connect(this, &QToolBar::toolButtonStyleChanged, this, [this](Qt::ToolButtonStyle style) {
         for (KMTool *tool : std::as_const(m_tools))
             tool->setToolButtonStyle(style);
@@ -134,11 +139,10 @@ void KMToolBar::onCommandChanged(QAbstractButton *button)
     gSolution->refreshViews(allViews);
 }
 
-/// A view that loses the keyboard doesn't learn how its drag ends.
-void KMToolBar::onFocusChanged(QWidget *former)
+void KMToolBar::cancelDrag()
 {
     KMTool *tool = current();
-    if (tool && tool->isEditing() && qobject_cast<KMOpenGLWidget *>(former))
+    if (tool && tool->isEditing())
         tool->cancel();
 }
 

@@ -34,9 +34,10 @@ private slots:
     void onCommandChanged(QAbstractButton *button);
     void onEnterEditing(bool editing);
     void onCurrentNodeChanged(KMNode *node);
-    void onFocusChanged(QWidget *former);
 
 private:
+    void cancelDrag();
+
     QButtonGroup *m_group;
     QList<KMTool *> m_tools;
 };

@@ -275,7 +275,7 @@ void tst_KMToolUniv::scalesInSteps()
     ToolWindow window;
     QVERIFY(window.isReady());
     window.select({0, 1, 2, 3, 4, 5, 6, 7});
-    const QPointF from = window.onHandle(frontView, 0, 38);
+    const QPointF from = window.onHandle(frontView, 0, 32);
     ONE_STEP(window, "Scale Selection", [&] { window.drag(frontView, from, {23, 9}, Qt::ShiftModifier); });
     QVERIFY(isClose(window.mesh->position(7), {size * 1.5f, size, size}));
     QCOMPARE(window.tool->value(), QStringLiteral("1.50"));
@@ -396,7 +396,7 @@ void tst_KMToolUniv::wholeNode()
     const float way = 25.0f * window.pixel(frontView);
     QVERIFY(isClose(window.mesh->translation(), {0, way, 0}));
     QVERIFY(isClose(window.mesh->position(7), {size, size + way, size}));
-    from = window.onHandle(frontView, 0, 38);
+    from = window.onHandle(frontView, 0, 32);
     ONE_STEP(window, "Edit SRT", [&] { window.drag(frontView, from, {42, 0}, Qt::ShiftModifier); });
     QCOMPARE(window.mesh->scale(), Vector3(2, 1, 1));
     QVERIFY(isClose(window.mesh->position(7), {size * 2, size + way, size}));

@@ -111,6 +111,7 @@ QAbstractButton *KMUnivPage::addButton(int option)
     } else if (row.bit & kinds) {
         auto *toggle = new QToolButton;
         toggle->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        toggle->setAutoRaise(true); // as in the bars, where the pressed ones stand out
         toggle->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(toggle, &QWidget::customContextMenuRequested, this,
                 [this, option] { onUnivOptionChangedByRightClick(option); });
