@@ -9,7 +9,6 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QRadioButton>
-#include <QToolButton>
 
 #include <algorithm>
 #include <iterator>
@@ -108,18 +107,14 @@ QAbstractButton *KMUnivPage::addButton(int option)
     if (option == World || option == Local) {
         button = new QRadioButton;
         m_stance->addButton(button);
-    } else if (row.bit & kinds) {
-        auto *toggle = new QToolButton;
-        toggle->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        toggle->setAutoRaise(true); // as in the bars, where the pressed ones stand out
-        toggle->setContextMenuPolicy(Qt::CustomContextMenu);
-        connect(toggle, &QWidget::customContextMenuRequested, this,
-                [this, option] { onUnivOptionChangedByRightClick(option); });
-        button = toggle;
     } else {
         button = new QCheckBox;
     }
-    button->setCheckable(true);
+    if (row.bit & kinds) {
+        button->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(button, &QWidget::customContextMenuRequested, this,
+                [this, option] { onUnivOptionChangedByRightClick(option); });
+    }
     button->setText(tr(row.text));
     button->setObjectName(QLatin1String(row.objectName));
     button->setStatusTip(tr(row.tip));
