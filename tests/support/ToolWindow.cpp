@@ -19,8 +19,6 @@
 
 namespace {
 
-constexpr float size = 40.0f;
-
 template <class Records>
 int countSelected(const Records &records)
 {
@@ -37,7 +35,7 @@ ToolWindow::ToolWindow(KMMeshNode *shape, int toolId)
     , bar(static_cast<KMToolBar *>((*this)->toolBar()))
 {
     for (int i = 0; i < mesh->vertexCount(); ++i)
-        mesh->setPosition(i, mesh->position(i) * size);
+        mesh->setPosition(i, mesh->position(i) * Size);
     (*this)->mainBox()->setViewMode(KMOpenGLContainer::Quad);
     gProject->addNode(mesh);
     gSolution->clearHistory();

@@ -1,4 +1,3 @@
-#include "core/KMNodeCommands.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
@@ -11,8 +10,7 @@
 #include "shell/kmmainwidget.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
-#include "support/TestWindow.h"
-#include "support/ViewMouse.h"
+#include "support/ToolWindow.h"
 #include "tools/KMHandleCode.h"
 #include "tools/KMToolBar.h"
 #include "tools/KMToolHandle.h"
@@ -28,52 +26,23 @@ using kvm::Vector3;
 
 namespace {
 
-constexpr int topView = 3, perspectiveView = 4, frontView = 5; // of the layout with four views
-constexpr float size = 40.0f;
+constexpr int topView = ToolWindow::Top, perspectiveView = ToolWindow::Perspective, frontView = ToolWindow::Front;
+constexpr float size = ToolWindow::Size;
 
-/// The window with four views, a mesh in the scene, and a tool in the hand.
-struct ToolWindow : TestWindow
+/// With a tool that has a handle.
+struct UnivWindow : ToolWindow
 {
-    explicit ToolWindow(KMMeshNode *shape = MeshFixtures::cube(), int toolId = KMToolKind::Universal)
-        : mesh(shape)
-        , bar(static_cast<KMToolBar *>((*this)->toolBar()))
+    explicit UnivWindow(KMMeshNode *shape = MeshFixtures::cube(), int toolId = KMToolKind::Universal)
+        : ToolWindow(shape, toolId)
         , tool(static_cast<KMToolUniv *>(bar->tool(toolId)))
     {
-        for (int i = 0; i < mesh->vertexCount(); ++i)
-            mesh->setPosition(i, mesh->position(i) * size);
-        (*this)->mainBox()->setViewMode(KMOpenGLContainer::Quad);
-        gSolution->push(new addNodeCommand(mesh));
-        gSolution->clearHistory();
-        gProject->tree()->setCurrentItem(mesh->item());
         filter({true, false, false});
-        tool->requestActivation();
     }
-    bool isReady() const
-    {
-        return QTest::qWaitFor([this] { return view(frontView)->isInitialised() && view(topView)->isInitialised(); });
-    }
-    KMOpenGLWidget *view(int index) const { return (*this)->mainBox()->views()->widget(index); }
-    static void filter(const KMEditFilter &filter) { gSolution->setEditFilter(filter); }
-    QPointF at(int viewIndex, const Vector3 &point) const
-    {
-        const Vector3 window = view(viewIndex)->camera()->worldToWindow(point);
-        return {double(window.x), double(window.y)};
-    }
-    QPointF at(int viewIndex, int vertex) const { return at(viewIndex, mesh->position(vertex)); }
     void select(const QList<int> &vertices)
     {
         for (const int i : vertices)
             mesh->setVertexFlag(i, KMElementFlag::Selected);
         tool->refresh();
-    }
-    QList<int> selected() const
-    {
-        QList<int> indices;
-        for (int i = 0; i < mesh->vertexCount(); ++i) {
-            if (mesh->vertex(i) && mesh->vertex(i)->hasFlag(KMElementFlag::Selected))
-                indices << i;
-        }
-        return indices;
     }
     /// A place on a part of the handle along one of its axes, so many units from its middle.
     QPointF onHandle(int viewIndex, int axis, float units) const
@@ -90,43 +59,9 @@ struct ToolWindow : TestWindow
         mouse.modifiers = modifiers;
         mouse.drag({Qt::LeftButton}, from, from + way);
     }
-    /// What is wrong with a gesture that has to be one step of the history; nothing when all is right.
-    QString stepFailure(const QString &stepText, const std::function<void()> &gesture);
 
-    /// The document, without what is marked under the cursor.
-    QString text()
-    {
-        KMPicker::clearHot();
-        return dump.text();
-    }
-
-    KMMeshNode *mesh;
-    KMToolBar *bar;
     KMToolUniv *tool;
-    MeshDump dump;
 };
-
-QString ToolWindow::stepFailure(const QString &stepText, const std::function<void()> &gesture)
-{
-    QUndoStack *stack = (*this)->undoStack();
-    const int index = stack->index();
-    const QString before = text();
-    gesture();
-    const QString after = text();
-    if (stack->index() != index + 1)
-        return QStringLiteral("%1 steps").arg(stack->index() - index);
-    if (stack->undoText() != stepText)
-        return stack->undoText();
-    if (after == before)
-        return QStringLiteral("no effect");
-    stack->undo();
-    if (text() != before)
-        return QStringLiteral("undo doesn't give the start");
-    stack->redo();
-    return text() == after ? QString() : QStringLiteral("redo doesn't give the result");
-}
-
-#define ONE_STEP(window, text, ...) QCOMPARE((window).stepFailure(QStringLiteral(text), __VA_ARGS__), QString())
 
 bool isClose(const Vector3 &a, const Vector3 &b)
 {
@@ -161,7 +96,7 @@ private slots:
 
 void tst_KMToolUniv::clicks()
 {
-    ToolWindow window;
+    UnivWindow window;
     QVERIFY(window.isReady());
     window.tool->setHandleShown(false); // it would lie over the neighbours
     ViewMouse mouse(window.view(perspectiveView));
@@ -171,15 +106,15 @@ void tst_KMToolUniv::clicks()
     };
     ONE_STEP(window, "Select Vertex", [&] { click(2, Qt::NoModifier); });
     ONE_STEP(window, "Select Vertex", [&] { click(3, Qt::ShiftModifier); });
-    QCOMPARE(window.selected(), (QList<int>{2, 3}));
+    QCOMPARE(window.selectedVertices(), (QList<int>{2, 3}));
     click(3, Qt::NoModifier); // it may be the start of a drag of both
-    QCOMPARE(window.selected(), (QList<int>{2, 3}));
+    QCOMPARE(window.selectedVertices(), (QList<int>{2, 3}));
     ONE_STEP(window, "Unselect Vertex", [&] { click(2, Qt::ControlModifier); });
     ONE_STEP(window, "Select Vertex", [&] { click(1, Qt::NoModifier); });
-    QCOMPARE(window.selected(), QList<int>{1});
+    QCOMPARE(window.selectedVertices(), QList<int>{1});
     mouse.modifiers = Qt::ShiftModifier;
     mouse.click({20, 150}); // on nothing
-    QCOMPARE(window.selected(), QList<int>{1});
+    QCOMPARE(window.selectedVertices(), QList<int>{1});
     mouse.modifiers = Qt::NoModifier;
     ONE_STEP(window, "UnSelectAll", [&] { mouse.click({20, 150}); });
     const int steps = window->undoStack()->count();
@@ -202,7 +137,7 @@ void tst_KMToolUniv::marquees()
 {
     QFETCH(int, shape);
     QFETCH(QString, text);
-    ToolWindow window;
+    UnivWindow window;
     QVERIFY(window.isReady());
     window.filter({true, false, false, false, KMEditFilter::Shape(shape)});
     const bool isLasso = shape == int(KMEditFilter::Shape::Lasso);
@@ -216,7 +151,7 @@ void tst_KMToolUniv::marquees()
         if (isLasso)
             mouse.move({right.x() + out.x(), from.y()});
         mouse.move(isBrush ? right + QPointF(20, -16) : right + out);
-        QCOMPARE(window.selected().isEmpty(), !isBrush); // a brush shows at once what it selects
+        QCOMPARE(window.selectedVertices().isEmpty(), !isBrush); // a brush shows at once what it selects
         if (isLasso)
             mouse.move(left + QPointF(-out.x(), out.y()));
         mouse.release(Qt::LeftButton, isLasso   ? left + QPointF(-out.x(), out.y())
@@ -224,18 +159,18 @@ void tst_KMToolUniv::marquees()
                                                 : right + out);
     };
     QCOMPARE(window.stepFailure(text, [&] { stroke(); }), QString());
-    QCOMPARE(window.selected(), (QList<int>{2, 3, 6, 7}));
+    QCOMPARE(window.selectedVertices(), (QList<int>{2, 3, 6, 7}));
 }
 
 void tst_KMToolUniv::missesLeaveTheSelection()
 {
-    ToolWindow window;
+    UnivWindow window;
     QVERIFY(window.isReady());
     for (const auto shape : {KMEditFilter::Shape::Square, KMEditFilter::Shape::Lasso}) {
         window.filter({true, false, false, false, shape});
         window.select({0, 5});
         window.drag(perspectiveView, {12, 120}, {30, 25});
-        QCOMPARE(window.selected(), (QList<int>{0, 5}));
+        QCOMPARE(window.selectedVertices(), (QList<int>{0, 5}));
         QCOMPARE(window->undoStack()->count(), 0);
     }
 }
@@ -254,7 +189,7 @@ void tst_KMToolUniv::movesAlongTheHandle()
 {
     QFETCH(int, viewIndex);
     QFETCH(int, axis);
-    ToolWindow window;
+    UnivWindow window;
     QVERIFY(window.isReady());
     window.select({1, 3});
     const Vector3 before[] = {window.mesh->position(1), window.mesh->position(3)};
@@ -272,7 +207,7 @@ void tst_KMToolUniv::movesAlongTheHandle()
 
 void tst_KMToolUniv::scalesInSteps()
 {
-    ToolWindow window;
+    UnivWindow window;
     QVERIFY(window.isReady());
     window.select({0, 1, 2, 3, 4, 5, 6, 7});
     const QPointF from = window.onHandle(frontView, 0, 32);
@@ -283,7 +218,7 @@ void tst_KMToolUniv::scalesInSteps()
 
 void tst_KMToolUniv::turnsInSteps()
 {
-    ToolWindow window(MeshFixtures::cube(), KMToolKind::Rotate);
+    UnivWindow window(MeshFixtures::cube(), KMToolKind::Rotate);
     QVERIFY(window.isReady());
     window.select({0, 1, 2, 3, 4, 5, 6, 7});
     // The ring turns with the cursor in a fixed view: an eighth of it.
@@ -301,7 +236,7 @@ void tst_KMToolUniv::turnsInSteps()
 /// In perspective, at the depth of the vertex.
 void tst_KMToolUniv::elementFollowsTheHand()
 {
-    ToolWindow window;
+    UnivWindow window;
     QVERIFY(window.isReady());
     window.select({3});
     const QPointF from = window.at(perspectiveView, 3);
@@ -338,7 +273,7 @@ void tst_KMToolUniv::snaps()
     QFETCH(QString, text);
     QFETCH(int, faces);
     QFETCH(bool, onto);
-    ToolWindow window(MeshFixtures::openCone());
+    UnivWindow window(MeshFixtures::openCone());
     QVERIFY(window.isReady());
     gSolution->setSnapOptions(options);
     window.select({0});
@@ -370,7 +305,7 @@ void tst_KMToolUniv::symmetry()
     QFETCH(QList<int>, selected);
     QFETCH(QList<int>, moved);
     QFETCH(QList<int>, mirrored);
-    ToolWindow window;
+    UnivWindow window;
     QVERIFY(window.isReady());
     window.filter({true, false, false, true});
     window.select(selected);
@@ -389,7 +324,7 @@ void tst_KMToolUniv::symmetry()
 /// Vertices stand in the world: they move with the frame of the node, in one step.
 void tst_KMToolUniv::wholeNode()
 {
-    ToolWindow window(MeshFixtures::cube(), KMToolKind::SRT);
+    UnivWindow window(MeshFixtures::cube(), KMToolKind::SRT);
     QVERIFY(window.isReady());
     QPointF from = window.onHandle(frontView, 1, 82);
     ONE_STEP(window, "Edit SRT", [&] { window.drag(frontView, from, {7, -25}); });
@@ -422,7 +357,7 @@ void tst_KMToolUniv::interruptions()
     QFETCH(int, toolId);
     QFETCH(int, shape);
     QFETCH(QString, how);
-    ToolWindow window(MeshFixtures::cube(), toolId);
+    UnivWindow window(MeshFixtures::cube(), toolId);
     QVERIFY(window.isReady());
     QVERIFY(window.focus(window.view(frontView)));
     window.filter({true, false, false, true, KMEditFilter::Shape(qMax(shape, 0))});
@@ -455,7 +390,7 @@ void tst_KMToolUniv::interruptions()
 /// Locked, hidden or without a selection: the handle isn't there and a press finds nothing.
 void tst_KMToolUniv::nothingToEdit()
 {
-    ToolWindow window;
+    UnivWindow window;
     QVERIFY(window.isReady());
     const QString before = window.text();
     window.drag(frontView, window.onHandle(frontView, 0, 82), {0, -30});
