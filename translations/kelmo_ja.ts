@@ -98,6 +98,17 @@
     </message>
 </context>
 <context>
+    <name>KMAlignVertexDialog</name>
+    <message>
+        <source>World</source>
+        <translation>ワールド</translation>
+    </message>
+    <message>
+        <source>Local</source>
+        <translation>ローカル</translation>
+    </message>
+</context>
+<context>
     <name>KMBasicShaderNode</name>
     <message>
         <source>Shader</source>
@@ -739,6 +750,21 @@
     </message>
 </context>
 <context>
+    <name>KMElementErase</name>
+    <message>
+        <source>Delete Vertex</source>
+        <translation>頂点の削除</translation>
+    </message>
+    <message>
+        <source>Delete Edge</source>
+        <translation>辺の削除</translation>
+    </message>
+    <message>
+        <source>Delete Face</source>
+        <translation>面の削除</translation>
+    </message>
+</context>
+<context>
     <name>KMEmbeddedTextureNode</name>
     <message>
         <source>EmbeddedTexture</source>
@@ -777,6 +803,73 @@
     <message>
         <source>fatal error occurred.</source>
         <translation>致命的なエラーが発生しました。</translation>
+    </message>
+</context>
+<context>
+    <name>KMEnvToolBar</name>
+    <message>
+        <source>Vertex</source>
+        <translation>頂点</translation>
+    </message>
+    <message>
+        <source>The mouse reaches vertices</source>
+        <translation>マウスで頂点を操作します</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>辺</translation>
+    </message>
+    <message>
+        <source>The mouse reaches edges</source>
+        <translation>マウスで辺を操作します</translation>
+    </message>
+    <message>
+        <source>Face</source>
+        <translation>面</translation>
+    </message>
+    <message>
+        <source>The mouse reaches faces</source>
+        <translation>マウスで面を操作します</translation>
+    </message>
+    <message>
+        <source>Symmetry</source>
+        <translation>対称</translation>
+    </message>
+    <message>
+        <source>What lies opposite in the mesh is edited along</source>
+        <translation>メッシュの反対側も同時に編集します</translation>
+    </message>
+    <message>
+        <source>Square Select</source>
+        <translation>矩形選択</translation>
+    </message>
+    <message>
+        <source>A drag over empty space selects by a rectangle</source>
+        <translation>何もない所をドラッグすると矩形で選択します</translation>
+    </message>
+    <message>
+        <source>Brush Select</source>
+        <translation>ブラシ選択</translation>
+    </message>
+    <message>
+        <source>A drag over empty space selects what the brush touches</source>
+        <translation>何もない所をドラッグするとブラシが触れたものを選択します</translation>
+    </message>
+    <message>
+        <source>Lasso Select</source>
+        <translation>投げ縄選択</translation>
+    </message>
+    <message>
+        <source>A drag over empty space selects what it encloses</source>
+        <translation>何もない所をドラッグすると囲んだものを選択します</translation>
+    </message>
+    <message>
+        <source>Operation Panel</source>
+        <translation>操作パネル</translation>
+    </message>
+    <message>
+        <source>Show or hide the buttons that say what the mouse works on</source>
+        <translation>マウスの操作対象を選ぶボタンの表示を切り替えます</translation>
     </message>
 </context>
 <context>
@@ -1190,6 +1283,17 @@
     </message>
 </context>
 <context>
+    <name>KMMessageBox</name>
+    <message>
+        <source>The document has been modified.</source>
+        <translation>ドキュメントは変更されています。</translation>
+    </message>
+    <message>
+        <source>Do you want to save your changes?</source>
+        <translation>変更を保存しますか?</translation>
+    </message>
+</context>
+<context>
     <name>KMNativeFormat</name>
     <message>
         <source>The file can&apos;t be written: %1</source>
@@ -1418,6 +1522,13 @@
     <message>
         <source>Apply</source>
         <translation>適用</translation>
+    </message>
+</context>
+<context>
+    <name>KMPreviewTool</name>
+    <message>
+        <source>%1 makes its shape from its settings: only meshes can be edited.</source>
+        <translation>%1 の形状は設定から作られます。編集できるのはメッシュだけです。</translation>
     </message>
 </context>
 <context>
@@ -1753,14 +1864,292 @@
     </message>
 </context>
 <context>
-    <name>KMMessageBox</name>
+    <name>KMSelPage</name>
     <message>
-        <source>The document has been modified.</source>
-        <translation>ドキュメントは変更されています。</translation>
+        <source>A click chooses the whole mesh in the tree</source>
+        <translation>クリックするとツリーでメッシュ全体を選びます</translation>
     </message>
     <message>
-        <source>Do you want to save your changes?</source>
-        <translation>変更を保存しますか?</translation>
+        <source>Clicks on vertices select the shortest way of edges from each to the next</source>
+        <translation>頂点を順にクリックすると、間の最短経路の辺を選択します</translation>
+    </message>
+    <message>
+        <source>A click on a face selects all that hang together with it</source>
+        <translation>面をクリックすると、つながった面をすべて選択します</translation>
+    </message>
+    <message>
+        <source>A click on an edge selects the belt of quads that crosses it</source>
+        <translation>辺をクリックすると、それを横切る四角形の帯を選択します</translation>
+    </message>
+    <message>
+        <source>A click on an edge selects the loop that it lies on</source>
+        <translation>辺をクリックすると、その辺を通るループを選択します</translation>
+    </message>
+    <message>
+        <source>A click on an edge selects the ring of edges opposite to one another</source>
+        <translation>辺をクリックすると、向かい合う辺のリングを選択します</translation>
+    </message>
+</context>
+<context>
+    <name>KMSelectionChain</name>
+    <message>
+        <source>Loop Select</source>
+        <translation>ループ選択</translation>
+    </message>
+    <message>
+        <source>Ring Select</source>
+        <translation>リング選択</translation>
+    </message>
+    <message>
+        <source>Belt Select</source>
+        <translation>ベルト選択</translation>
+    </message>
+    <message>
+        <source>Chained Select</source>
+        <translation>連続面の選択</translation>
+    </message>
+    <message>
+        <source>Root Select</source>
+        <translation>経路の選択</translation>
+    </message>
+</context>
+<context>
+    <name>KMSelectionCommand</name>
+    <message>
+        <source>Align Vertex</source>
+        <translation>頂点を揃える</translation>
+    </message>
+    <message>
+        <source>Move the selected vertices onto one value along chosen axes</source>
+        <translation>選択した頂点を、選んだ軸の同じ値に揃えます</translation>
+    </message>
+    <message>
+        <source>Assign Shader</source>
+        <translation>シェーダーの割り当て</translation>
+    </message>
+    <message>
+        <source>Give the selected faces the current shader</source>
+        <translation>選択した面に現在のシェーダーを割り当てます</translation>
+    </message>
+    <message>
+        <source>Belt Sellect Face</source>
+        <translation>面をベルト選択</translation>
+    </message>
+    <message>
+        <source>Select the belts of quads that cross the selected edges</source>
+        <translation>選択した辺を横切る四角形の帯を選択します</translation>
+    </message>
+    <message>
+        <source>Select Chained Face</source>
+        <translation>つながった面を選択</translation>
+    </message>
+    <message>
+        <source>Select all faces that hang together with the selected ones</source>
+        <translation>選択した面とつながっているすべての面を選択します</translation>
+    </message>
+    <message>
+        <source>Divide Edge</source>
+        <translation>辺を分割</translation>
+    </message>
+    <message>
+        <source>Cut the selected edges into equal parts, and the faces on them</source>
+        <translation>選択した辺を等分し、その辺を持つ面も分割します</translation>
+    </message>
+    <message>
+        <source>Edge Extrude</source>
+        <translation>辺の押し出し</translation>
+    </message>
+    <message>
+        <source>Grow a quad out of each selected edge, ready to be moved</source>
+        <translation>選択した辺から四角形を伸ばします。続けて移動できます</translation>
+    </message>
+    <message>
+        <source>Edge To LinePolygon</source>
+        <translation>辺をラインポリゴンに</translation>
+    </message>
+    <message>
+        <source>Put a line polygon on each selected edge</source>
+        <translation>選択した辺にラインポリゴンを作ります</translation>
+    </message>
+    <message>
+        <source>Edge To Vertex</source>
+        <translation>辺から頂点へ</translation>
+    </message>
+    <message>
+        <source>Select the ends of the selected edges in their place</source>
+        <translation>選択した辺の代わりに両端の頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Expand Face Selection</source>
+        <translation>面の選択を拡大</translation>
+    </message>
+    <message>
+        <source>Select the faces beside the selected ones as well</source>
+        <translation>選択した面に隣り合う面も選択します</translation>
+    </message>
+    <message>
+        <source>Expand Vertex Selection</source>
+        <translation>頂点の選択を拡大</translation>
+    </message>
+    <message>
+        <source>Select the vertices around the selected ones as well</source>
+        <translation>選択した頂点の周りの頂点も選択します</translation>
+    </message>
+    <message>
+        <source>Face To Edge</source>
+        <translation>面から辺へ</translation>
+    </message>
+    <message>
+        <source>Select the edges of the selected faces in their place</source>
+        <translation>選択した面の代わりにその辺を選択します</translation>
+    </message>
+    <message>
+        <source>Face To Vertex</source>
+        <translation>面から頂点へ</translation>
+    </message>
+    <message>
+        <source>Select the vertices of the selected faces in their place</source>
+        <translation>選択した面の代わりにその頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Fill Hole</source>
+        <translation>穴を埋める</translation>
+    </message>
+    <message>
+        <source>Close the holes around which the selected edges run</source>
+        <translation>選択した辺に囲まれた穴をふさぎます</translation>
+    </message>
+    <message>
+        <source>Hide Face</source>
+        <translation>面を隠す</translation>
+    </message>
+    <message>
+        <source>Hide the selected faces</source>
+        <translation>選択した面を隠します</translation>
+    </message>
+    <message>
+        <source>Loop Select Edge</source>
+        <translation>辺をループ選択</translation>
+    </message>
+    <message>
+        <source>Select the loops that run on from the selected edges</source>
+        <translation>選択した辺から続くループを選択します</translation>
+    </message>
+    <message>
+        <source>Merge Same Pos Vertex</source>
+        <translation>同じ位置の頂点を結合</translation>
+    </message>
+    <message>
+        <source>Merge those of the selected vertices that lie at the same place</source>
+        <translation>選択した頂点のうち同じ位置にあるものを結合します</translation>
+    </message>
+    <message>
+        <source>Merge Vertex</source>
+        <translation>頂点を結合</translation>
+    </message>
+    <message>
+        <source>Merge the selected vertices of each mesh into one in their middle</source>
+        <translation>選択した頂点をメッシュごとに中央の 1 点に結合します</translation>
+    </message>
+    <message>
+        <source>Reverse Face</source>
+        <translation>面を反転</translation>
+    </message>
+    <message>
+        <source>Turn the selected faces to the other side</source>
+        <translation>選択した面の表裏を反転します</translation>
+    </message>
+    <message>
+        <source>Select Ridge Edge</source>
+        <translation>境界の辺を選択</translation>
+    </message>
+    <message>
+        <source>Select the open border: all edges with exactly one face</source>
+        <translation>面が 1 つだけの、開いた境界の辺を選択します</translation>
+    </message>
+    <message>
+        <source>Ring Select Edge</source>
+        <translation>辺をリング選択</translation>
+    </message>
+    <message>
+        <source>Select the rings across the quads beside the selected edges</source>
+        <translation>選択した辺から四角形を横切って続くリングを選択します</translation>
+    </message>
+    <message>
+        <source>Rotate Face</source>
+        <translation>面を回転</translation>
+    </message>
+    <message>
+        <source>Lay the diagonal of the selected quads the other way</source>
+        <translation>選択した四角形の対角線の向きを変えます</translation>
+    </message>
+    <message>
+        <source>Separate Edge</source>
+        <translation>辺で切り離す</translation>
+    </message>
+    <message>
+        <source>Cut the mesh open along the selected edges</source>
+        <translation>選択した辺に沿ってメッシュを切り開きます</translation>
+    </message>
+    <message>
+        <source>Separate Vertex</source>
+        <translation>頂点を切り離す</translation>
+    </message>
+    <message>
+        <source>Give each face at the selected vertices a vertex of its own</source>
+        <translation>選択した頂点を、面ごとに別の頂点に分けます</translation>
+    </message>
+    <message>
+        <source>Smooth Edge</source>
+        <translation>辺を滑らかに</translation>
+    </message>
+    <message>
+        <source>Lay the chains of selected edges along smooth curves</source>
+        <translation>選択した辺の連なりを滑らかな曲線に整えます</translation>
+    </message>
+    <message>
+        <source>Select Surrounded By Edge</source>
+        <translation>辺に囲まれた面を選択</translation>
+    </message>
+    <message>
+        <source>Select from the selected faces on as far as the selected edges</source>
+        <translation>選択した面から、選択した辺までの範囲の面を選択します</translation>
+    </message>
+    <message>
+        <source>Symmetrize</source>
+        <translation>対称化</translation>
+    </message>
+    <message>
+        <source>Make two selected vertices mirror images of each other</source>
+        <translation>選択した 2 つの頂点を互いの鏡像にします</translation>
+    </message>
+    <message>
+        <source>Sel TestCommand</source>
+        <translation>選択テストコマンド</translation>
+    </message>
+    <message>
+        <source>Does nothing: for those who work on the program</source>
+        <translation>何もしません。開発用の項目です</translation>
+    </message>
+    <message>
+        <source>Triangulate</source>
+        <translation>三角形に分割</translation>
+    </message>
+    <message>
+        <source>Split the selected quads into triangles</source>
+        <translation>選択した四角形を三角形に分割します</translation>
+    </message>
+    <message>
+        <source>Vertex Selection not found.</source>
+        <translation>頂点が選択されていません。</translation>
+    </message>
+    <message>
+        <source>Edge Selection not found.</source>
+        <translation>辺が選択されていません。</translation>
+    </message>
+    <message>
+        <source>Face Selection not found.</source>
+        <translation>面が選択されていません。</translation>
     </message>
 </context>
 <context>
@@ -1955,6 +2344,196 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMTool</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Select elements and move them</source>
+        <translation>要素を選択して移動します</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Select elements and rotate them</source>
+        <translation>要素を選択して回転します</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>拡大縮小</translation>
+    </message>
+    <message>
+        <source>Select elements and scale them</source>
+        <translation>要素を選択して拡大縮小します</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Select loops, rings, belts, patches and paths of a mesh</source>
+        <translation>メッシュのループ、リング、ベルト、連続面、経路を選択します</translation>
+    </message>
+    <message>
+        <source>Erase</source>
+        <translation>消去</translation>
+    </message>
+    <message>
+        <source>Delete the vertex, edge or face that is clicked</source>
+        <translation>クリックした頂点、辺、面を削除します</translation>
+    </message>
+    <message>
+        <source>Universal</source>
+        <translation>ユニバーサル</translation>
+    </message>
+    <message>
+        <source>Select elements; move, rotate and scale them</source>
+        <translation>要素を選択し、移動、回転、拡大縮小します</translation>
+    </message>
+    <message>
+        <source>Cutter</source>
+        <translation>カッター</translation>
+    </message>
+    <message>
+        <source>Cut faces and edges</source>
+        <translation>面と辺を切ります</translation>
+    </message>
+    <message>
+        <source>SRT</source>
+        <translation>SRT</translation>
+    </message>
+    <message>
+        <source>Move, rotate and scale whole objects</source>
+        <translation>オブジェクト全体を移動、回転、拡大縮小します</translation>
+    </message>
+    <message>
+        <source>Patch</source>
+        <translation>パッチ</translation>
+    </message>
+    <message>
+        <source>Close holes with faces</source>
+        <translation>穴を面でふさぎます</translation>
+    </message>
+    <message>
+        <source>UV</source>
+        <translation>UV</translation>
+    </message>
+    <message>
+        <source>Edit texture coordinates</source>
+        <translation>UV 座標を編集します</translation>
+    </message>
+    <message>
+        <source>Magnet</source>
+        <translation>マグネット</translation>
+    </message>
+    <message>
+        <source>Pull the surface within a radius</source>
+        <translation>半径内の面を引っ張ります</translation>
+    </message>
+    <message>
+        <source>Weight</source>
+        <translation>ウェイト</translation>
+    </message>
+    <message>
+        <source>Set the crease weights of edges</source>
+        <translation>辺の折り目ウェイトを設定します</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>ペン</translation>
+    </message>
+    <message>
+        <source>Draw vertices and faces</source>
+        <translation>頂点と面を描きます</translation>
+    </message>
+    <message>
+        <source>Extrude</source>
+        <translation>押し出し</translation>
+    </message>
+    <message>
+        <source>Extrude the selected faces</source>
+        <translation>選択した面を押し出します</translation>
+    </message>
+    <message>
+        <source>Bevel</source>
+        <translation>ベベル</translation>
+    </message>
+    <message>
+        <source>Bevel the selected edges</source>
+        <translation>選択した辺をベベルします</translation>
+    </message>
+    <message>
+        <source>Bone</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>Make and edit bones</source>
+        <translation>ボーンを作成、編集します</translation>
+    </message>
+    <message>
+        <source>BoneWeight</source>
+        <translation>ボーンウェイト</translation>
+    </message>
+    <message>
+        <source>Paint the weights of bones</source>
+        <translation>ボーンのウェイトを塗ります</translation>
+    </message>
+    <message>
+        <source>Animation</source>
+        <translation>アニメーション</translation>
+    </message>
+    <message>
+        <source>Pose the model</source>
+        <translation>モデルにポーズをつけます</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>法線</translation>
+    </message>
+    <message>
+        <source>Edit normals</source>
+        <translation>法線を編集します</translation>
+    </message>
+    <message>
+        <source>3DPaint</source>
+        <translation>3D ペイント</translation>
+    </message>
+    <message>
+        <source>Paint textures on the model</source>
+        <translation>モデルにテクスチャを描きます</translation>
+    </message>
+    <message>
+        <source>Sculpt</source>
+        <translation>スカルプト</translation>
+    </message>
+    <message>
+        <source>Shape the surface with brushes</source>
+        <translation>ブラシで面を成形します</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolBar</name>
+    <message>
+        <source>Tool Panel</source>
+        <translation>ツールパネル</translation>
+    </message>
+    <message>
+        <source>Show or hide the buttons of the tools</source>
+        <translation>ツールのボタンの表示を切り替えます</translation>
+    </message>
+    <message>
+        <source>The tool %1 isn&apos;t there yet.</source>
+        <translation>ツール「%1」はまだありません。</translation>
+    </message>
+</context>
+<context>
     <name>KMToolExtrude</name>
     <message>
         <source>Default</source>
@@ -1971,6 +2550,33 @@ Trying to Recover Files?</source>
     <message>
         <source>Move Vertex</source>
         <translation>頂点の移動</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolSel</name>
+    <message>
+        <source>Node</source>
+        <translation>ノード</translation>
+    </message>
+    <message>
+        <source>Root Edge</source>
+        <translation>経路の辺</translation>
+    </message>
+    <message>
+        <source>Chained Face</source>
+        <translation>連続面</translation>
+    </message>
+    <message>
+        <source>Belt Face</source>
+        <translation>ベルトの面</translation>
+    </message>
+    <message>
+        <source>Loop Edge</source>
+        <translation>ループの辺</translation>
+    </message>
+    <message>
+        <source>Ring Edge</source>
+        <translation>リングの辺</translation>
     </message>
 </context>
 <context>
@@ -2432,6 +3038,31 @@ Trying to Recover Files?</source>
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>SelComAssignShader</name>
+    <message>
+        <source>Shader Selection not found.</source>
+        <translation>シェーダーが選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>SelComDivideEdge</name>
+    <message>
+        <source>division</source>
+        <translation>分割数</translation>
+    </message>
+</context>
+<context>
+    <name>SelComSymmetrizingVertex</name>
+    <message>
+        <source>Vertex Selection not found.</source>
+        <translation>頂点が選択されていません。</translation>
+    </message>
+    <message>
+        <source>illegal vertex position.</source>
+        <translation>頂点の位置が正しくありません。</translation>
     </message>
 </context>
 <context>
@@ -3024,14 +3655,6 @@ Trying to Recover Files?</source>
         <translation>現在のコンテナーのボーンがここに並びます。</translation>
     </message>
     <message>
-        <source>Tool</source>
-        <translation>ツール</translation>
-    </message>
-    <message>
-        <source>The options of the current tool stand here.</source>
-        <translation>現在のツールのオプションがここに出ます。</translation>
-    </message>
-    <message>
         <source>Animation</source>
         <translation>アニメーション</translation>
     </message>
@@ -3545,6 +4168,10 @@ Trying to Recover Files?</source>
         <source>KELMO ver1 compatibility(*.kmd)</source>
         <translation>KELMO ver1 互換(*.kmd)</translation>
     </message>
+    <message>
+        <source>Tools</source>
+        <translation>ツール</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -3741,6 +4368,21 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>kmtoolwidget</name>
+    <message>
+        <source>Tool</source>
+        <translation>ツール</translation>
+    </message>
+    <message>
+        <source>This tool has no options.</source>
+        <translation>このツールに設定項目はありません。</translation>
+    </message>
+    <message>
+        <source>This tool isn&apos;t there yet.</source>
+        <translation>このツールはまだありません。</translation>
+    </message>
+</context>
+<context>
     <name>memoryEdgeWeightCommand</name>
     <message>
         <source>Memory Edge Weight</source>
@@ -3927,281 +4569,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Set Visible</source>
         <translation>表示の切り替え</translation>
-    </message>
-</context>
-<context>
-    <name>KMSelectionCommand</name>
-    <message>
-        <source>Align Vertex</source>
-        <translation>頂点を揃える</translation>
-    </message>
-    <message>
-        <source>Move the selected vertices onto one value along chosen axes</source>
-        <translation>選択した頂点を、選んだ軸の同じ値に揃えます</translation>
-    </message>
-    <message>
-        <source>Assign Shader</source>
-        <translation>シェーダーの割り当て</translation>
-    </message>
-    <message>
-        <source>Give the selected faces the current shader</source>
-        <translation>選択した面に現在のシェーダーを割り当てます</translation>
-    </message>
-    <message>
-        <source>Belt Sellect Face</source>
-        <translation>面をベルト選択</translation>
-    </message>
-    <message>
-        <source>Select the belts of quads that cross the selected edges</source>
-        <translation>選択した辺を横切る四角形の帯を選択します</translation>
-    </message>
-    <message>
-        <source>Select Chained Face</source>
-        <translation>つながった面を選択</translation>
-    </message>
-    <message>
-        <source>Select all faces that hang together with the selected ones</source>
-        <translation>選択した面とつながっているすべての面を選択します</translation>
-    </message>
-    <message>
-        <source>Divide Edge</source>
-        <translation>辺を分割</translation>
-    </message>
-    <message>
-        <source>Cut the selected edges into equal parts, and the faces on them</source>
-        <translation>選択した辺を等分し、その辺を持つ面も分割します</translation>
-    </message>
-    <message>
-        <source>Edge Extrude</source>
-        <translation>辺の押し出し</translation>
-    </message>
-    <message>
-        <source>Grow a quad out of each selected edge, ready to be moved</source>
-        <translation>選択した辺から四角形を伸ばします。続けて移動できます</translation>
-    </message>
-    <message>
-        <source>Edge To LinePolygon</source>
-        <translation>辺をラインポリゴンに</translation>
-    </message>
-    <message>
-        <source>Put a line polygon on each selected edge</source>
-        <translation>選択した辺にラインポリゴンを作ります</translation>
-    </message>
-    <message>
-        <source>Edge To Vertex</source>
-        <translation>辺から頂点へ</translation>
-    </message>
-    <message>
-        <source>Select the ends of the selected edges in their place</source>
-        <translation>選択した辺の代わりに両端の頂点を選択します</translation>
-    </message>
-    <message>
-        <source>Expand Face Selection</source>
-        <translation>面の選択を拡大</translation>
-    </message>
-    <message>
-        <source>Select the faces beside the selected ones as well</source>
-        <translation>選択した面に隣り合う面も選択します</translation>
-    </message>
-    <message>
-        <source>Expand Vertex Selection</source>
-        <translation>頂点の選択を拡大</translation>
-    </message>
-    <message>
-        <source>Select the vertices around the selected ones as well</source>
-        <translation>選択した頂点の周りの頂点も選択します</translation>
-    </message>
-    <message>
-        <source>Face To Edge</source>
-        <translation>面から辺へ</translation>
-    </message>
-    <message>
-        <source>Select the edges of the selected faces in their place</source>
-        <translation>選択した面の代わりにその辺を選択します</translation>
-    </message>
-    <message>
-        <source>Face To Vertex</source>
-        <translation>面から頂点へ</translation>
-    </message>
-    <message>
-        <source>Select the vertices of the selected faces in their place</source>
-        <translation>選択した面の代わりにその頂点を選択します</translation>
-    </message>
-    <message>
-        <source>Fill Hole</source>
-        <translation>穴を埋める</translation>
-    </message>
-    <message>
-        <source>Close the holes around which the selected edges run</source>
-        <translation>選択した辺に囲まれた穴をふさぎます</translation>
-    </message>
-    <message>
-        <source>Hide Face</source>
-        <translation>面を隠す</translation>
-    </message>
-    <message>
-        <source>Hide the selected faces</source>
-        <translation>選択した面を隠します</translation>
-    </message>
-    <message>
-        <source>Loop Select Edge</source>
-        <translation>辺をループ選択</translation>
-    </message>
-    <message>
-        <source>Select the loops that run on from the selected edges</source>
-        <translation>選択した辺から続くループを選択します</translation>
-    </message>
-    <message>
-        <source>Merge Same Pos Vertex</source>
-        <translation>同じ位置の頂点を結合</translation>
-    </message>
-    <message>
-        <source>Merge those of the selected vertices that lie at the same place</source>
-        <translation>選択した頂点のうち同じ位置にあるものを結合します</translation>
-    </message>
-    <message>
-        <source>Merge Vertex</source>
-        <translation>頂点を結合</translation>
-    </message>
-    <message>
-        <source>Merge the selected vertices of each mesh into one in their middle</source>
-        <translation>選択した頂点をメッシュごとに中央の 1 点に結合します</translation>
-    </message>
-    <message>
-        <source>Reverse Face</source>
-        <translation>面を反転</translation>
-    </message>
-    <message>
-        <source>Turn the selected faces to the other side</source>
-        <translation>選択した面の表裏を反転します</translation>
-    </message>
-    <message>
-        <source>Select Ridge Edge</source>
-        <translation>境界の辺を選択</translation>
-    </message>
-    <message>
-        <source>Select the open border: all edges with exactly one face</source>
-        <translation>面が 1 つだけの、開いた境界の辺を選択します</translation>
-    </message>
-    <message>
-        <source>Ring Select Edge</source>
-        <translation>辺をリング選択</translation>
-    </message>
-    <message>
-        <source>Select the rings across the quads beside the selected edges</source>
-        <translation>選択した辺から四角形を横切って続くリングを選択します</translation>
-    </message>
-    <message>
-        <source>Rotate Face</source>
-        <translation>面を回転</translation>
-    </message>
-    <message>
-        <source>Lay the diagonal of the selected quads the other way</source>
-        <translation>選択した四角形の対角線の向きを変えます</translation>
-    </message>
-    <message>
-        <source>Separate Edge</source>
-        <translation>辺で切り離す</translation>
-    </message>
-    <message>
-        <source>Cut the mesh open along the selected edges</source>
-        <translation>選択した辺に沿ってメッシュを切り開きます</translation>
-    </message>
-    <message>
-        <source>Separate Vertex</source>
-        <translation>頂点を切り離す</translation>
-    </message>
-    <message>
-        <source>Give each face at the selected vertices a vertex of its own</source>
-        <translation>選択した頂点を、面ごとに別の頂点に分けます</translation>
-    </message>
-    <message>
-        <source>Smooth Edge</source>
-        <translation>辺を滑らかに</translation>
-    </message>
-    <message>
-        <source>Lay the chains of selected edges along smooth curves</source>
-        <translation>選択した辺の連なりを滑らかな曲線に整えます</translation>
-    </message>
-    <message>
-        <source>Select Surrounded By Edge</source>
-        <translation>辺に囲まれた面を選択</translation>
-    </message>
-    <message>
-        <source>Select from the selected faces on as far as the selected edges</source>
-        <translation>選択した面から、選択した辺までの範囲の面を選択します</translation>
-    </message>
-    <message>
-        <source>Symmetrize</source>
-        <translation>対称化</translation>
-    </message>
-    <message>
-        <source>Make two selected vertices mirror images of each other</source>
-        <translation>選択した 2 つの頂点を互いの鏡像にします</translation>
-    </message>
-    <message>
-        <source>Sel TestCommand</source>
-        <translation>選択テストコマンド</translation>
-    </message>
-    <message>
-        <source>Does nothing: for those who work on the program</source>
-        <translation>何もしません。開発用の項目です</translation>
-    </message>
-    <message>
-        <source>Triangulate</source>
-        <translation>三角形に分割</translation>
-    </message>
-    <message>
-        <source>Split the selected quads into triangles</source>
-        <translation>選択した四角形を三角形に分割します</translation>
-    </message>
-    <message>
-        <source>Vertex Selection not found.</source>
-        <translation>頂点が選択されていません。</translation>
-    </message>
-    <message>
-        <source>Edge Selection not found.</source>
-        <translation>辺が選択されていません。</translation>
-    </message>
-    <message>
-        <source>Face Selection not found.</source>
-        <translation>面が選択されていません。</translation>
-    </message>
-</context>
-<context>
-    <name>SelComAssignShader</name>
-    <message>
-        <source>Shader Selection not found.</source>
-        <translation>シェーダーが選択されていません。</translation>
-    </message>
-</context>
-<context>
-    <name>SelComDivideEdge</name>
-    <message>
-        <source>division</source>
-        <translation>分割数</translation>
-    </message>
-</context>
-<context>
-    <name>SelComSymmetrizingVertex</name>
-    <message>
-        <source>Vertex Selection not found.</source>
-        <translation>頂点が選択されていません。</translation>
-    </message>
-    <message>
-        <source>illegal vertex position.</source>
-        <translation>頂点の位置が正しくありません。</translation>
-    </message>
-</context>
-<context>
-    <name>KMAlignVertexDialog</name>
-    <message>
-        <source>World</source>
-        <translation>ワールド</translation>
-    </message>
-    <message>
-        <source>Local</source>
-        <translation>ローカル</translation>
     </message>
 </context>
 </TS>

@@ -169,6 +169,7 @@ void kmmainwidget::closeEvent(QCloseEvent *event)
 {
     if (!gProject)
         return event->accept();
+    m_toolBar->cancelDrag();
     commitOpenEditors();
     if (gSolution->isModified()) {
         const QMessageBox::StandardButton answer = KMMessageBox(this).ask();

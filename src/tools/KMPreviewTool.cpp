@@ -16,6 +16,7 @@
 
 namespace {
 
+constexpr int warning = 4;
 constexpr int allViews = 31;
 const QColor previewColor(255, 170, 60);
 
@@ -134,7 +135,6 @@ void KMPreviewTool::repaint() const
 bool KMPreviewTool::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest *request) const
 {
     *request = pickRequest();
-    request->refreshWindowCoords = true; // they may be those of another view
     return KMPicker::pick(camera, position, *request) && !request->mesh->ownerNode()
            && KMMeshTargets::isEditable(*request->mesh);
 }
@@ -146,8 +146,13 @@ bool KMPreviewTool::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return false;
     if (!m_hasPreview) {
         KMPickRequest hit;
-        if (!pick(*camera, event->localPos(), &hit))
+        if (!pick(*camera, event->localPos(), &hit)) {
+            if (hit.mesh && hit.mesh->ownerNode())
+                gSolution->showMessage(tr("%1 makes its shape from its settings: only meshes can be edited.")
+                                           .arg(hit.mesh->ownerNode()->name()),
+                                       warning);
             return false;
+        }
         m_picked = hit;
         m_pickedMesh = hit.mesh;
         camera->setPivot(hit.point);

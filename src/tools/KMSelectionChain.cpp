@@ -13,6 +13,16 @@ namespace {
 
 constexpr quint8 mark = KMElementFlag::Hot;
 
+/// What a walk has marked, without the marks.
+template <class Walk>
+QVector<KMEdge *> unmarked(KMMeshNode &mesh, Walk walk)
+{
+    mesh.clearAllEdgeFlags(mark);
+    const QVector<KMEdge *> edges = walk();
+    mesh.clearAllEdgeFlags(mark);
+    return edges;
+}
+
 } // namespace
 
 KMSelectionChain::KMSelectionChain(KMMeshNode &mesh, const char *text)
@@ -24,27 +34,21 @@ KMSelectionChain::KMSelectionChain(KMMeshNode &mesh, const char *text)
 KMSelectionChain KMSelectionChain::loop(KMMeshNode &mesh, KMEdge *start)
 {
     KMSelectionChain chain(mesh, QT_TRANSLATE_NOOP("KMSelectionChain", "Loop Select"));
-    mesh.clearAllEdgeFlags(mark);
-    chain.m_edges = KMEdgeWalk::markLoop(mesh, start, mark);
-    mesh.clearAllEdgeFlags(mark);
+    chain.m_edges = unmarked(mesh, [&] { return KMEdgeWalk::markLoop(mesh, start, mark); });
     return chain;
 }
 
 KMSelectionChain KMSelectionChain::ring(KMMeshNode &mesh, KMEdge *start)
 {
     KMSelectionChain chain(mesh, QT_TRANSLATE_NOOP("KMSelectionChain", "Ring Select"));
-    mesh.clearAllEdgeFlags(mark);
-    chain.m_edges = KMEdgeWalk::markRing(mesh, start, mark);
-    mesh.clearAllEdgeFlags(mark);
+    chain.m_edges = unmarked(mesh, [&] { return KMEdgeWalk::markRing(mesh, start, mark); });
     return chain;
 }
 
 KMSelectionChain KMSelectionChain::belt(KMMeshNode &mesh, KMEdge *start)
 {
     KMSelectionChain chain(mesh, QT_TRANSLATE_NOOP("KMSelectionChain", "Belt Select"));
-    mesh.clearAllEdgeFlags(mark);
-    KMEdgeWalk::markRing(mesh, start, mark, &chain.m_faces);
-    mesh.clearAllEdgeFlags(mark);
+    unmarked(mesh, [&] { return KMEdgeWalk::markRing(mesh, start, mark, &chain.m_faces); });
     return chain;
 }
 

@@ -23,6 +23,7 @@ public:
     const QList<KMTool *> &tools() const { return m_tools; }
     KMTool *tool(int id) const; ///< null for an unknown id
     KMTool *current() const;    ///< null when none is in the hand
+    void cancelDrag();          ///< ends what the tool in the hand is in the middle of, without an effect
 
 signals:
     void toolAdded(KMTool *tool);
@@ -36,8 +37,6 @@ private slots:
     void onCurrentNodeChanged(KMNode *node);
 
 private:
-    void cancelDrag();
-
     QButtonGroup *m_group;
     QList<KMTool *> m_tools;
 };

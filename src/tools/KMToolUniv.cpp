@@ -229,8 +229,6 @@ KMPickRequest KMToolUniv::requestFor(float margin) const
 /// through.
 bool KMToolUniv::pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const
 {
-    if (gRenderer)
-        gRenderer->refreshWindowCoords(*widget->camera());
     if (!KMPicker::pick(*widget->camera(), position, request))
         return false;
     if (!request.mesh->ownerModifier() || KMMeshTargets::isChosen(*request.mesh))

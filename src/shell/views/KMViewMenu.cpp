@@ -19,25 +19,38 @@ bool KMViewMenu::isPlainClick(const QMouseEvent *event) const
            && (event->buttons() & ~Qt::RightButton) == Qt::NoButton;
 }
 
+bool KMViewMenu::isNear(const QMouseEvent *event) const
+{
+    return (event->globalPos() - m_press).manhattanLength() <= gSettings->operationMargin;
+}
+
 bool KMViewMenu::eventFilter(QObject *, QEvent *event)
 {
-    const auto *mouse = static_cast<const QMouseEvent *>(event);
-    const auto isNear = [&] { return (mouse->globalPos() - m_press).manhattanLength() <= gSettings->operationMargin; };
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        m_isPressed = isPlainClick(mouse);
-        m_press = mouse->globalPos();
+        press(static_cast<QMouseEvent *>(event));
         break;
     case QEvent::MouseMove:
-        m_isPressed = m_isPressed && isNear(); // a drag that comes back is still a drag
+        m_isPressed = m_isPressed && isNear(static_cast<QMouseEvent *>(event)); // a drag that comes back is still one
         break;
     case QEvent::MouseButtonRelease:
-        if (m_isPressed && isPlainClick(mouse) && isNear())
-            QTimer::singleShot(0, m_menu, [menu = m_menu, place = m_press] { menu->popup(place); });
-        m_isPressed = false;
+        release(static_cast<QMouseEvent *>(event));
         break;
     default:
         break;
     }
     return false;
+}
+
+void KMViewMenu::press(const QMouseEvent *event)
+{
+    m_isPressed = isPlainClick(event);
+    m_press = event->globalPos();
+}
+
+void KMViewMenu::release(const QMouseEvent *event)
+{
+    if (m_isPressed && isPlainClick(event) && isNear(event))
+        QTimer::singleShot(0, m_menu, [menu = m_menu, place = m_press] { menu->popup(place); });
+    m_isPressed = false;
 }

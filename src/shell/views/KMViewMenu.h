@@ -20,6 +20,9 @@ protected:
 
 private:
     bool isPlainClick(const QMouseEvent *event) const;
+    bool isNear(const QMouseEvent *event) const; ///< to the press
+    void press(const QMouseEvent *event);
+    void release(const QMouseEvent *event);
 
     QMenu *m_menu;
     QPoint m_press; // on the screen
