@@ -2185,6 +2185,366 @@
         <source>Choose a folder</source>
         <translation>フォルダーを選択します</translation>
     </message>
+    <message>
+        <source>Interface</source>
+        <translation>インターフェース</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>日本語</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>テーマ</translation>
+    </message>
+    <message>
+        <source>Dark Orange</source>
+        <translation>ダークオレンジ</translation>
+    </message>
+    <message>
+        <source>Dark Blue</source>
+        <translation>ダークブルー</translation>
+    </message>
+    <message>
+        <source>Dark Green</source>
+        <translation>ダークグリーン</translation>
+    </message>
+    <message>
+        <source>Dark Pink</source>
+        <translation>ダークピンク</translation>
+    </message>
+    <message>
+        <source>Icon Size</source>
+        <translation>アイコンの大きさ</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>小</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation>大</translation>
+    </message>
+    <message>
+        <source>Font</source>
+        <translation>フォント</translation>
+    </message>
+    <message>
+        <source>Font Size</source>
+        <translation>フォントの大きさ</translation>
+    </message>
+    <message>
+        <source> pt</source>
+        <translation> pt</translation>
+    </message>
+    <message>
+        <source>Native Menu</source>
+        <translation>OS 標準のメニュー</translation>
+    </message>
+    <message>
+        <source>Animate Panels</source>
+        <translation>パネルをアニメーション</translation>
+    </message>
+    <message>
+        <source>Color Sliders in HSV</source>
+        <translation>カラースライダーを HSV で表示</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>ドキュメント</translation>
+    </message>
+    <message>
+        <source>Startup</source>
+        <translation>起動時</translation>
+    </message>
+    <message>
+        <source>No Action</source>
+        <translation>何もしない</translation>
+    </message>
+    <message>
+        <source>Load Last File</source>
+        <translation>最後のファイルを開く</translation>
+    </message>
+    <message>
+        <source>Undo Count</source>
+        <translation>元に戻す回数</translation>
+    </message>
+    <message>
+        <source>Enable AutoSave</source>
+        <translation>自動保存を有効にする</translation>
+    </message>
+    <message>
+        <source>Interval</source>
+        <translation>間隔</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation> 分</translation>
+    </message>
+    <message>
+        <source>Ask Before Saving</source>
+        <translation>保存前に確認</translation>
+    </message>
+    <message>
+        <source>Keep a Zip Archive of Every Save</source>
+        <translation>保存のたびに ZIP で控えを残す</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Mouse</source>
+        <translation>マウス</translation>
+    </message>
+    <message>
+        <source>Drag Starts After</source>
+        <translation>ドラッグ開始の距離</translation>
+    </message>
+    <message>
+        <source>Click Margin</source>
+        <translation>クリックの許容範囲</translation>
+    </message>
+    <message>
+        <source>Symmetry Margin</source>
+        <translation>対称の許容範囲</translation>
+    </message>
+    <message>
+        <source>Snap Margin</source>
+        <translation>スナップの許容範囲</translation>
+    </message>
+    <message>
+        <source>Handle</source>
+        <translation>ハンドル</translation>
+    </message>
+    <message>
+        <source>Handle Size</source>
+        <translation>ハンドルの大きさ</translation>
+    </message>
+    <message>
+        <source>Reverse Z Axis of the Handle</source>
+        <translation>ハンドルの Z 軸を反転</translation>
+    </message>
+    <message>
+        <source>Dolly</source>
+        <translation>ドリー</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>ズーム</translation>
+    </message>
+    <message>
+        <source>Rotation Speed</source>
+        <translation>回転の速さ</translation>
+    </message>
+    <message>
+        <source>Zoom Speed</source>
+        <translation>ズームの速さ</translation>
+    </message>
+    <message>
+        <source>Left and Right Drag</source>
+        <translation>左右ボタンのドラッグ</translation>
+    </message>
+    <message>
+        <source>Wheel</source>
+        <translation>ホイール</translation>
+    </message>
+    <message>
+        <source>Reverse X</source>
+        <translation>X を反転</translation>
+    </message>
+    <message>
+        <source>Reverse Y</source>
+        <translation>Y を反転</translation>
+    </message>
+    <message>
+        <source>Reverse Wheel</source>
+        <translation>ホイールを反転</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>カメラ</translation>
+    </message>
+    <message>
+        <source>Stop at the Poles</source>
+        <translation>極で止める</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source>North</source>
+        <translation>北</translation>
+    </message>
+    <message>
+        <source>South</source>
+        <translation>南</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Orthographic in Standard Views</source>
+        <translation>標準の向きで平行投影</translation>
+    </message>
+    <message>
+        <source>Animate Camera</source>
+        <translation>カメラをアニメーション</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>ペン</translation>
+    </message>
+    <message>
+        <source>MicroSoft (MPP)</source>
+        <translation>MicroSoft (MPP)</translation>
+    </message>
+    <message>
+        <source>Wacom (WinTab)</source>
+        <translation>Wacom (WinTab)</translation>
+    </message>
+    <message>
+        <source>Enable Touch</source>
+        <translation>タッチを有効にする</translation>
+    </message>
+    <message>
+        <source>Context</source>
+        <translation>コンテキスト</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>プロファイル</translation>
+    </message>
+    <message>
+        <source>Compatibility 2.1</source>
+        <translation>互換 2.1</translation>
+    </message>
+    <message>
+        <source>Compatibility 4.0</source>
+        <translation>互換 4.0</translation>
+    </message>
+    <message>
+        <source>Samples</source>
+        <translation>サンプル数</translation>
+    </message>
+    <message>
+        <source>V-sync</source>
+        <translation>垂直同期</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>オフ</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>オン</translation>
+    </message>
+    <message>
+        <source>Lines and Points</source>
+        <translation>線と点</translation>
+    </message>
+    <message>
+        <source>Line Width</source>
+        <translation>線の太さ</translation>
+    </message>
+    <message>
+        <source>Point Size</source>
+        <translation>点の大きさ</translation>
+    </message>
+    <message>
+        <source>Line Width of Tools</source>
+        <translation>ツールの線の太さ</translation>
+    </message>
+    <message>
+        <source>Point Size of Tools</source>
+        <translation>ツールの点の大きさ</translation>
+    </message>
+    <message>
+        <source>Normal Length</source>
+        <translation>法線の長さ</translation>
+    </message>
+    <message>
+        <source>Surfaces</source>
+        <translation>面</translation>
+    </message>
+    <message>
+        <source>BackGround</source>
+        <translation>背景</translation>
+    </message>
+    <message>
+        <source>Flat</source>
+        <translation>単色</translation>
+    </message>
+    <message>
+        <source>Gradation</source>
+        <translation>グラデーション</translation>
+    </message>
+    <message>
+        <source>Reverse</source>
+        <translation>反転</translation>
+    </message>
+    <message>
+        <source>Blend of Selected Faces</source>
+        <translation>選択面の混合</translation>
+    </message>
+    <message>
+        <source>Max Texture Size</source>
+        <translation>テクスチャの最大サイズ</translation>
+    </message>
+    <message>
+        <source>Smooth Textures</source>
+        <translation>テクスチャを滑らかにする</translation>
+    </message>
+    <message>
+        <source>Texture</source>
+        <translation>テクスチャ</translation>
+    </message>
+    <message>
+        <source>Texture Shown</source>
+        <translation>表示するテクスチャ</translation>
+    </message>
+    <message>
+        <source>Selected Texture</source>
+        <translation>選択中のテクスチャ</translation>
+    </message>
+    <message>
+        <source>Texture of the Active Shader</source>
+        <translation>アクティブなシェーダーのテクスチャ</translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation>明るさ</translation>
+    </message>
+    <message>
+        <source>Names</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Custom Panel1</source>
+        <translation>カスタムパネル1</translation>
+    </message>
+    <message>
+        <source>Custom Panel2</source>
+        <translation>カスタムパネル2</translation>
+    </message>
+    <message>
+        <source>Custom Panel3</source>
+        <translation>カスタムパネル3</translation>
+    </message>
+    <message>
+        <source>Custom Panel4</source>
+        <translation>カスタムパネル4</translation>
+    </message>
 </context>
 <context>
     <name>KMShelfDock</name>
