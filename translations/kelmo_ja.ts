@@ -750,6 +750,13 @@
     </message>
 </context>
 <context>
+    <name>KMElementClick</name>
+    <message>
+        <source>%1 makes its shape from its settings: only meshes can be edited.</source>
+        <translation>%1 の形状は設定から作られます。編集できるのはメッシュだけです。</translation>
+    </message>
+</context>
+<context>
     <name>KMElementErase</name>
     <message>
         <source>Delete Vertex</source>
@@ -1460,24 +1467,24 @@
 <context>
     <name>KMPanelBar</name>
     <message>
-        <source>Icons</source>
-        <translation>アイコン</translation>
+        <source>How the buttons of this bar look</source>
+        <translation>このバーのボタンの見た目</translation>
     </message>
     <message>
-        <source>Texts</source>
-        <translation>文字</translation>
+        <source>IconOnly</source>
+        <translation>アイコンのみ</translation>
     </message>
     <message>
-        <source>Icons with text beside</source>
+        <source>TextOnly</source>
+        <translation>文字のみ</translation>
+    </message>
+    <message>
+        <source>TextBesideIcon</source>
         <translation>アイコンの横に文字</translation>
     </message>
     <message>
-        <source>Icons with text below</source>
+        <source>TextUnderIcon</source>
         <translation>アイコンの下に文字</translation>
-    </message>
-    <message>
-        <source>How the buttons of this bar look</source>
-        <translation>このバーのボタンの見た目</translation>
     </message>
 </context>
 <context>
@@ -1522,13 +1529,6 @@
     <message>
         <source>Apply</source>
         <translation>適用</translation>
-    </message>
-</context>
-<context>
-    <name>KMPreviewTool</name>
-    <message>
-        <source>%1 makes its shape from its settings: only meshes can be edited.</source>
-        <translation>%1 の形状は設定から作られます。編集できるのはメッシュだけです。</translation>
     </message>
 </context>
 <context>
@@ -2891,6 +2891,18 @@ Trying to Recover Files?</source>
     <message>
         <source>The tool %1 isn&apos;t there yet.</source>
         <translation>ツール「%1」はまだありません。</translation>
+    </message>
+    <message>
+        <source>Horizontal</source>
+        <translation>横</translation>
+    </message>
+    <message>
+        <source>Vertical</source>
+        <translation>縦</translation>
+    </message>
+    <message>
+        <source>Where the tools lie in the window</source>
+        <translation>ウィンドウ内のツールの位置を選びます</translation>
     </message>
 </context>
 <context>

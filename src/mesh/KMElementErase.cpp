@@ -5,10 +5,13 @@
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "mesh/KMMirrorMap.h"
-#include "mesh/KMSelectionDelete.h"
 
 #include <QCoreApplication>
+#include <QSet>
+
+#include <algorithm>
 
 namespace {
 
@@ -20,6 +23,13 @@ struct Texts
 bool isEditable(const KMMeshNode &mesh)
 {
     return !mesh.ownerNode() && KMMeshTargets::isEditable(mesh);
+}
+
+QList<int> inOrder(const QSet<int> &faces)
+{
+    QList<int> list(faces.begin(), faces.end());
+    std::sort(list.begin(), list.end()); // the set gives another order in each run
+    return list;
 }
 
 template <class Delete>
@@ -49,13 +59,18 @@ bool KMElementErase::eraseEdge(KMMeshNode &mesh, int a, int b, const KMMirrorMap
 {
     if (!mesh.findEdge(a, b) || !isEditable(mesh))
         return false;
+    QSet<int> faces;
+    for (const int f : mesh.findEdge(a, b)->faceRefs) {
+        faces << f;
+        if (mirror)
+            faces << mirror->faceImage(f).face;
+    }
+    faces.remove(-1);
     return eraseInOneStep(mesh, Texts::tr("Delete Edge"), [&] {
-        const int imageA = mirror ? mirror->vertexImage(a) : -1;
-        const int imageB = mirror ? mirror->vertexImage(b) : -1;
-        const KMEdge *image = imageA >= 0 && imageB >= 0 ? mesh.findEdge(imageA, imageB) : nullptr;
-        if (image && image != mesh.findEdge(a, b))
-            KMMeshEdit::deleteEdge(mesh, imageA, imageB);
-        KMMeshEdit::deleteEdge(mesh, a, b);
+        KMMeshEdit::selectEdge(mesh, a, b, false);
+        KMMeshEdit::setEdgeWeight(mesh, a, b, 0.0f);
+        for (const int f : inOrder(faces))
+            KMMeshEdit::deleteFace(mesh, f);
     });
 }
 

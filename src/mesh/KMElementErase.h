@@ -8,7 +8,7 @@ class KMMirrorMap;
 namespace KMElementErase {
 
 bool eraseVertex(KMMeshNode &mesh, int index, const KMMirrorMap *mirror);  ///< with the faces around it
-bool eraseEdge(KMMeshNode &mesh, int a, int b, const KMMirrorMap *mirror); ///< as deleteEdge()
+bool eraseEdge(KMMeshNode &mesh, int a, int b, const KMMirrorMap *mirror); ///< the faces on it, lines too
 bool eraseFace(KMMeshNode &mesh, int index, const KMMirrorMap *mirror);
 
 } // namespace KMElementErase

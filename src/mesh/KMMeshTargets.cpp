@@ -76,6 +76,11 @@ bool KMMeshTargets::isEditable(const KMMeshNode &mesh)
     return !node.isLocked() && node.isVisible() && !node.isDeleted();
 }
 
+bool KMMeshTargets::hasOwnVertices(const KMMeshNode &mesh)
+{
+    return !mesh.ownerNode() || mesh.ownerModifier();
+}
+
 KMMeshTargets::Elements KMMeshTargets::filteredElements()
 {
     const KMEditFilter &filter = gSolution->editFilter();

@@ -30,6 +30,9 @@ bool isChosen(const KMMeshNode &mesh);
 QList<KMMeshNode *> chosen();
 bool isEditable(const KMMeshNode &mesh); ///< not locked, in the scene, and shown there
 
+/// Its vertices are the user's: what a primitive makes isn't to be moved one by one.
+bool hasOwnVertices(const KMMeshNode &mesh);
+
 /// The kinds of elements that the session's edit filter lets the mouse work on.
 Elements filteredElements();
 

@@ -14,12 +14,6 @@ namespace {
 constexpr KMMeshTargets::Elements allElements =
     KMMeshTargets::Elements(KMMeshTargets::Vertices | KMMeshTargets::Edges | KMMeshTargets::Faces);
 
-/// The vertices of a primitive's mesh are not to be moved one by one.
-bool hasOwnVertices(const KMMeshNode &mesh)
-{
-    return !mesh.ownerNode() || mesh.ownerModifier();
-}
-
 /// Lets each selected vertex take a step in the world.
 bool commit(KMSelectionTransform::Kind kind, const QList<KMMeshNode *> &meshes, const kvm::Matrix4 &step)
 {
@@ -40,7 +34,7 @@ KMSelectionCoordinates::KMSelectionCoordinates()
     kvm::Vector3 most = -least;
     double sum[3] = {};
     for (KMMeshNode *mesh : KMMeshTargets::chosen()) {
-        if (!hasOwnVertices(*mesh) || !KMMeshTargets::isEditable(*mesh)
+        if (!KMMeshTargets::hasOwnVertices(*mesh) || !KMMeshTargets::isEditable(*mesh)
             || !KMMeshTargets::hasSelected(*mesh, allElements))
             continue;
         m_meshes << mesh;

@@ -24,26 +24,9 @@ bool deleteLines(KMMeshNode &mesh, int a, int b)
     return first >= 0;
 }
 
-void deleteSelected(KMMeshNode &mesh, Elements kinds)
-{
-    using namespace KMSelectedElements;
-    const QVector<KMEdgeEnds> lostEdges = kinds.testFlag(KMMeshTargets::Edges) ? edges(mesh) : QVector<KMEdgeEnds>();
-    const QVector<int> lostFaces = kinds.testFlag(KMMeshTargets::Faces) ? faces(mesh) : QVector<int>();
-    const QVector<int> lostVertices = kinds.testFlag(KMMeshTargets::Vertices) ? vertices(mesh) : QVector<int>();
-    for (const int i : lostVertices)
-        KMMeshEdit::deleteVertex(mesh, i);
-    for (const KMEdgeEnds &edge : lostEdges)
-        KMMeshEdit::deleteEdge(mesh, edge.a, edge.b);
-    for (const int f : lostFaces)
-        KMMeshEdit::deleteFace(mesh, f);
-    gSolution->push(new buildEdgeCommand(&mesh));
-}
-
-} // namespace
-
 /// A line polygon on the edge goes in place of the faces beside it. An edge that goes leaves nothing behind: one that
 /// comes back at the same vertices starts plain.
-void KMMeshEdit::deleteEdge(KMMeshNode &mesh, int a, int b)
+void deleteEdge(KMMeshNode &mesh, int a, int b)
 {
     KMMeshEdit::selectEdge(mesh, a, b, false);
     if (deleteLines(mesh, a, b))
@@ -56,6 +39,23 @@ void KMMeshEdit::deleteEdge(KMMeshNode &mesh, int a, int b)
             KMMeshEdit::deleteFace(mesh, f);
     }
 }
+
+void deleteSelected(KMMeshNode &mesh, Elements kinds)
+{
+    using namespace KMSelectedElements;
+    const QVector<KMEdgeEnds> lostEdges = kinds.testFlag(KMMeshTargets::Edges) ? edges(mesh) : QVector<KMEdgeEnds>();
+    const QVector<int> lostFaces = kinds.testFlag(KMMeshTargets::Faces) ? faces(mesh) : QVector<int>();
+    const QVector<int> lostVertices = kinds.testFlag(KMMeshTargets::Vertices) ? vertices(mesh) : QVector<int>();
+    for (const int i : lostVertices)
+        KMMeshEdit::deleteVertex(mesh, i);
+    for (const KMEdgeEnds &edge : lostEdges)
+        deleteEdge(mesh, edge.a, edge.b);
+    for (const int f : lostFaces)
+        KMMeshEdit::deleteFace(mesh, f);
+    gSolution->push(new buildEdgeCommand(&mesh));
+}
+
+} // namespace
 
 bool KMMeshEdit::deleteSelection(Elements kinds)
 {

@@ -11,8 +11,4 @@ namespace KMMeshEdit {
 bool deleteSelection(KMMeshTargets::Elements kinds);
 bool deleteSelection(); ///< of the kinds that the edit filter names
 
-/// Deletes the line polygon on an edge, or where there is none the faces on it, as several steps; the caller opens the
-/// macro and builds the edges anew.
-void deleteEdge(KMMeshNode &mesh, int a, int b);
-
 } // namespace KMMeshEdit

@@ -48,6 +48,10 @@ bool KMShortcutFilter::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     KMSessionTool *tool = gSolution ? gSolution->tool() : nullptr;
+    if (tool && tool->isEditing() && isOverride) { // in mid-drag keys go to the view, and start nothing
+        event->accept();
+        return true;
+    }
     if (!tool || !tool->hasShortcut(keysOf(key)))
         return false;
     event->accept();

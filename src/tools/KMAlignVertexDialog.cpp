@@ -29,7 +29,7 @@ KMAlignVertexDialog::KMAlignVertexDialog(QWidget *parent)
         m_values[axis]->setRange(-1e6, 1e6);
         m_values[axis]->setSingleStep(0.1);
         connect(m_aligns[axis], &QCheckBox::toggled, this, updateOk);
-        connect(m_values[axis], &QDoubleSpinBox::editingFinished, this, [this, axis] {
+        connect(m_values[axis], qOverload<double>(&QDoubleSpinBox::valueChanged), this, [this, axis] {
             if (m_values[axis]->hasFocus())
                 m_aligns[axis]->setChecked(true);
         });

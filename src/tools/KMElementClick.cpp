@@ -18,6 +18,8 @@ namespace {
 
 using KMMeshSelect::Mode;
 
+constexpr int warning = 4;
+
 int click(const KMPickRequest &hit, Mode mode)
 {
     if (hit.vertex >= 0)
@@ -42,16 +44,6 @@ QString clickText(const KMPickRequest &hit)
     return QCoreApplication::translate("KMMeshSelect", text);
 }
 
-/// Added to what is chosen it is a matter of the tree's rows alone, as it is when a row is clicked there.
-void choose(KMMeshNode *mesh, Mode mode)
-{
-    KMContainerNode *node = mesh->ownerNode() ? mesh->ownerNode() : mesh;
-    if (mode != Mode::Add)
-        gSolution->push(new selectNodeCommand(node));
-    else if (node->item())
-        node->item()->setSelected(true);
-}
-
 } // namespace
 
 bool KMElementClick::select(const KMPickRequest &hit, Mode mode)
@@ -64,6 +56,25 @@ bool KMElementClick::select(const KMPickRequest &hit, Mode mode)
     click(hit, mode); // first, as it clears what was chosen until now
     choose(hit.mesh, mode);
     return isSelected(hit);
+}
+
+/// Added to what is chosen it is a matter of the tree's rows alone, as it is when a row is clicked there.
+void KMElementClick::choose(KMMeshNode *mesh, Mode mode)
+{
+    KMContainerNode *node = mesh->ownerNode() ? mesh->ownerNode() : mesh;
+    if (mode != Mode::Add)
+        gSolution->push(new selectNodeCommand(node));
+    else if (node->item())
+        node->item()->setSelected(true);
+}
+
+void KMElementClick::tellWhyFixed(const KMMeshNode &mesh)
+{
+    if (!mesh.ownerNode())
+        return;
+    const char *text =
+        QT_TRANSLATE_NOOP("KMElementClick", "%1 makes its shape from its settings: only meshes can be edited.");
+    gSolution->showMessage(QCoreApplication::translate("KMElementClick", text).arg(mesh.ownerNode()->name()), warning);
 }
 
 void KMElementClick::log(const KMPickRequest &hit)

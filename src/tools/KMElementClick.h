@@ -15,6 +15,11 @@ namespace KMElementClick {
 /// element is selected afterwards.
 bool select(const KMPickRequest &hit, KMMeshSelect::Mode mode);
 
+/// Makes a mesh, or what it is made by, one of the chosen nodes; with Add beside those that are, else alone, as a step.
+void choose(KMMeshNode *mesh, KMMeshSelect::Mode mode);
+
+void tellWhyFixed(const KMMeshNode &mesh); ///< for what a primitive or modifier makes: a word about that
+
 void log(const KMPickRequest &hit); ///< writes the fields of its record
 
 /// The corner of the element that lies nearest to a place of the window.

@@ -137,7 +137,8 @@ void KMHandleDrag::rotate(KMDragTransform &transform, const KMCameraNode &camera
     const bool runsBackwards = axis == 2 && !m_start.isZReversed;
     transform.axis = m_start.handle.axes.rotate(unitVector(axis) * (runsBackwards ? -1.0f : 1.0f));
     // What turns about an upright axis goes sideways on the screen.
-    transform.angle = (axis == 1 ? pixels + float(drag.x()) : pixels) * radiansPerPixel;
+    const bool goesSideways = axis == 1 && std::abs(drag.x()) > std::abs(drag.y());
+    transform.angle = (goesSideways ? float(drag.x()) : pixels) * radiansPerPixel;
 }
 
 /// About the axes of the view, so that the near side goes where the cursor goes.

@@ -11,10 +11,10 @@ struct StyleRow
 };
 
 constexpr StyleRow styleRows[] = {
-    {Qt::ToolButtonIconOnly, QT_TRANSLATE_NOOP("KMPanelBar", "Icons")},
-    {Qt::ToolButtonTextOnly, QT_TRANSLATE_NOOP("KMPanelBar", "Texts")},
-    {Qt::ToolButtonTextBesideIcon, QT_TRANSLATE_NOOP("KMPanelBar", "Icons with text beside")},
-    {Qt::ToolButtonTextUnderIcon, QT_TRANSLATE_NOOP("KMPanelBar", "Icons with text below")},
+    {Qt::ToolButtonIconOnly, QT_TRANSLATE_NOOP("KMPanelBar", "IconOnly")},
+    {Qt::ToolButtonTextOnly, QT_TRANSLATE_NOOP("KMPanelBar", "TextOnly")},
+    {Qt::ToolButtonTextBesideIcon, QT_TRANSLATE_NOOP("KMPanelBar", "TextBesideIcon")},
+    {Qt::ToolButtonTextUnderIcon, QT_TRANSLATE_NOOP("KMPanelBar", "TextUnderIcon")},
 };
 
 } // namespace

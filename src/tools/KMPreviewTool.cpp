@@ -9,6 +9,7 @@
 #include "render/KMMouseEvent.h"
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
+#include "tools/KMElementClick.h"
 
 #include <QKeyEvent>
 
@@ -16,7 +17,6 @@
 
 namespace {
 
-constexpr int warning = 4;
 constexpr int allViews = 31;
 const QColor previewColor(255, 170, 60);
 
@@ -117,6 +117,13 @@ void KMPreviewTool::cancel()
     repaint();
 }
 
+/// Symmetry may have been switched on or off.
+void KMPreviewTool::refresh()
+{
+    if (m_gesture == Gesture::Idle)
+        rebuild();
+}
+
 /// The faces and edges may be others now, or gone.
 void KMPreviewTool::historyChanged(int undoIndex)
 {
@@ -147,14 +154,11 @@ bool KMPreviewTool::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (!m_hasPreview) {
         KMPickRequest hit;
         if (!pick(*camera, event->localPos(), &hit)) {
-            if (hit.mesh && hit.mesh->ownerNode())
-                gSolution->showMessage(tr("%1 makes its shape from its settings: only meshes can be edited.")
-                                           .arg(hit.mesh->ownerNode()->name()),
-                                       warning);
+            if (hit.mesh)
+                KMElementClick::tellWhyFixed(*hit.mesh);
             return false;
         }
         m_picked = hit;
-        m_pickedMesh = hit.mesh;
         camera->setPivot(hit.point);
         select(hit, event->modifiers());
     }
@@ -230,14 +234,11 @@ void KMPreviewTool::keyPress(QKeyEvent *event, KMOpenGLWidget *widget)
 
 // What it works on
 
-/// The chosen meshes, and the one that was picked, chosen or not. What modifiers and primitives made keeps its shape.
+/// What modifiers and primitives made keeps its shape.
 QList<KMMeshNode *> KMPreviewTool::targets() const
 {
-    QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
-    if (m_pickedMesh && !meshes.contains(m_pickedMesh))
-        meshes << m_pickedMesh;
     QList<KMMeshNode *> editable;
-    for (KMMeshNode *mesh : std::as_const(meshes)) {
+    for (KMMeshNode *mesh : KMMeshTargets::chosen()) {
         if (!mesh->ownerNode() && KMMeshTargets::isEditable(*mesh))
             editable << mesh;
     }

@@ -25,6 +25,7 @@ public:
     bool apply();                           ///< false when there is no preview
 
     void initialize() override;
+    void refresh() override;
     void cancel() override;
     void historyChanged(int undoIndex) override;
     bool mousePress(KMMouseEvent *event, KMOpenGLWidget *widget) override;
@@ -66,7 +67,6 @@ private:
     Gesture m_gesture = Gesture::Idle;
     QPointF m_pressPosition;
     KMPickRequest m_picked;
-    QPointer<KMMeshNode> m_pickedMesh;
     QPointer<KMCameraNode> m_camera; // of the last press
     KMPickRequest m_hover;
     bool m_hasPreview = false;

@@ -5,6 +5,8 @@
 #include "mesh/KMFaceFlood.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
+#include "tools/KMElementClick.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -93,4 +95,6 @@ void KMSelectionChain::select(bool selected) const
         KMMeshEdit::selectEdge(*m_mesh, edge->index0, edge->index1, selected);
     for (const int f : m_faces)
         KMMeshEdit::selectFace(*m_mesh, f, selected);
+    if (selected && !KMMeshTargets::isChosen(*m_mesh)) // else no command would reach what is selected
+        KMElementClick::choose(m_mesh, KMMeshSelect::Mode::Add);
 }

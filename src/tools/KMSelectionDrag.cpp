@@ -19,7 +19,9 @@ using kvm::Vector3;
 QList<KMMeshNode *> KMSelectionDrag::targets()
 {
     QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
-    const auto isOut = [](const KMMeshNode *mesh) { return !KMMeshTargets::isEditable(*mesh); };
+    const auto isOut = [](const KMMeshNode *mesh) {
+        return !KMMeshTargets::hasOwnVertices(*mesh) || !KMMeshTargets::isEditable(*mesh);
+    };
     meshes.erase(std::remove_if(meshes.begin(), meshes.end(), isOut), meshes.end());
     return meshes;
 }
@@ -46,6 +48,12 @@ std::optional<Vector3> KMSelectionDrag::centre() const
 kvm::Quaternion KMSelectionDrag::localAxes() const
 {
     const QList<KMMeshNode *> meshes = targets();
+    const auto isCurrent = [](const KMMeshNode *mesh) {
+        return mesh == gSolution->currentNode() || (mesh->ownerNode() && mesh->ownerNode() == gSolution->currentNode());
+    };
+    const auto found = std::find_if(meshes.begin(), meshes.end(), isCurrent);
+    if (found != meshes.end())
+        return KMFrameAxes::of((*found)->worldMatrix());
     return meshes.isEmpty() ? kvm::Quaternion() : KMFrameAxes::of(meshes.first()->worldMatrix());
 }
 
@@ -173,7 +181,9 @@ QList<KMMeshNode *> KMSelectionDrag::meshes() const
 
 void KMSelectionDrag::commit()
 {
-    if (m_target && m_target->vertex >= 0 && m_snapMesh && !m_drag.isAlongAxis())
+    // What the plane of symmetry holds back, or follows its image, doesn't reach the target.
+    const bool isThere = m_target && m_snapMesh && m_snapMesh->position(m_snapVertex) == m_target->point;
+    if (isThere && m_target->vertex >= 0 && !m_drag.isAlongAxis())
         commitSnap(meshes());
     else
         KMSelectionTransform::commit(m_drag.kind(), meshes());

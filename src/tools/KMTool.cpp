@@ -30,6 +30,7 @@ KMTool::KMTool(int id, QWidget *parent)
     m_fade->setEasingCurve(QEasingCurve::OutQuad);
     setCheckable(true);
     setFocusPolicy(Qt::ClickFocus);
+    connect(this, &QAbstractButton::clicked, this, &KMTool::requestActivation); // by the keyboard
     connect(m_action, &QAction::triggered, this, &KMTool::requestActivation);
     connect(m_action, &QAction::changed, this, &KMTool::showKeys);
 }

@@ -16,6 +16,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QButtonGroup>
+#include <QMainWindow>
+#include <QMenu>
 
 #include <memory>
 
@@ -64,6 +66,23 @@ KMToolBar::KMToolBar(QWidget *parent)
         for (KMTool *tool : std::as_const(m_tools))
             tool->setToolButtonStyle(style);
     });
+}
+
+/// Where the bar lies, which is how it runs.
+void KMToolBar::addEntries(QMenu *menu)
+{
+    auto *window = qobject_cast<QMainWindow *>(parentWidget());
+    if (!window)
+        return;
+    const QPair<QString, Qt::ToolBarArea> places[] = {{tr("Horizontal"), Qt::TopToolBarArea},
+                                                      {tr("Vertical"), Qt::LeftToolBarArea}};
+    for (const auto &place : places) {
+        QAction *choice = menu->addAction(place.first, this, [=] { window->addToolBar(place.second, this); });
+        choice->setStatusTip(tr("Where the tools lie in the window"));
+        choice->setCheckable(true);
+        choice->setChecked(window->toolBarArea(this) == place.second);
+    }
+    menu->addSeparator();
 }
 
 void KMToolBar::createTools()
@@ -117,10 +136,10 @@ void KMToolBar::onCommandChanged(QAbstractButton *button)
 {
     auto *chosen = qobject_cast<KMTool *>(button);
     KMTool *former = current();
-    if (!chosen || (former && former->isEditing()))
-        return;
-    if (!chosen->isReady()) {
-        gSolution->showMessage(tr("The tool %1 isn't there yet.").arg(chosen->text()), warning);
+    const bool isHeld = former && former->isEditing();
+    if (!chosen || isHeld || !chosen->isReady()) {
+        if (chosen && !isHeld)
+            gSolution->showMessage(tr("The tool %1 isn't there yet.").arg(chosen->text()), warning);
         if (former)
             former->setChecked(true);
         return;

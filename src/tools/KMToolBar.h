@@ -31,6 +31,9 @@ signals:
     void editingChanged(bool editing); ///< a drag has begun or ended
     void onSpeech(const QString &text);
 
+protected:
+    void addEntries(QMenu *menu) override;
+
 private slots:
     void onCommandChanged(QAbstractButton *button);
     void onEnterEditing(bool editing);

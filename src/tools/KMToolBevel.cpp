@@ -4,6 +4,7 @@
 #include "core/KMSolution.h"
 #include "mesh/KMEdge.h"
 #include "mesh/KMMeshSelect.h"
+#include "tools/KMElementClick.h"
 #include "tools/KMToolKind.h"
 
 #include <utility>
@@ -38,7 +39,7 @@ KMPickRequest KMToolBevel::pickRequest() const
 
 void KMToolBevel::select(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers)
 {
-    KMMeshSelect::clickEdge(*hit.mesh, hit.edge->index0, hit.edge->index1, KMMeshSelect::clickMode(modifiers));
+    KMElementClick::select(hit, KMMeshSelect::clickMode(modifiers));
 }
 
 bool KMToolBevel::build(const QList<KMMeshNode *> &meshes)

@@ -32,7 +32,7 @@ KMToolCircle::KMToolCircle(QObject *parent)
     : KMToolMesh(KMToolOverlay::Edges, parent)
     , m_radius(float(dpiScaled(defaultRadius)))
 {
-    setColor(gSettings->displayColor(DP_SEL_FRAME));
+    setDisplayColor(DP_SEL_FRAME);
     moveTo({});
 }
 

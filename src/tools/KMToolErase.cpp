@@ -4,6 +4,7 @@
 #include "core/KMSolution.h"
 #include "mesh/KMElementErase.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "mesh/KMMirrorMap.h"
 #include "render/KMCameraNode.h"
 #include "render/KMMouseEvent.h"
@@ -23,7 +24,11 @@ KMPickRequest pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget)
     request.wantVertex = filter.vertices;
     request.wantEdge = filter.edges;
     request.wantFace = filter.faces;
-    KMPicker::pick(*widget.camera(), event.localPos(), request);
+    const bool isHit = KMPicker::pick(*widget.camera(), event.localPos(), request);
+    if (isHit && (request.mesh->ownerNode() || !KMMeshTargets::isEditable(*request.mesh))) {
+        request.clearResult(); // what a click doesn't delete isn't lit up
+        KMPicker::clearHot();
+    }
     return request;
 }
 

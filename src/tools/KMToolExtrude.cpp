@@ -5,6 +5,7 @@
 #include "render/KMCameraNode.h"
 #include "render/KMMouseEvent.h"
 #include "render/KMPicker.h"
+#include "tools/KMElementClick.h"
 #include "tools/KMToolKind.h"
 
 #include <utility>
@@ -84,7 +85,7 @@ KMPickRequest KMToolExtrude::pickRequest() const
 
 void KMToolExtrude::select(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers)
 {
-    KMMeshSelect::clickFace(*hit.mesh, hit.face, KMMeshSelect::clickMode(modifiers));
+    KMElementClick::select(hit, KMMeshSelect::clickMode(modifiers));
 }
 
 bool KMToolExtrude::build(const QList<KMMeshNode *> &meshes)
@@ -119,7 +120,6 @@ void KMToolExtrude::dragTo(const KMMouseEvent &event, const KMCameraNode &camera
         return KMPreviewTool::dragTo(event, camera);
     KMPickRequest second;
     second.wantVertex = second.wantEdge = second.wantFace = true;
-    second.refreshWindowCoords = true;
     const bool isHit = KMPicker::pick(camera, event.localPos(), second)
                        && (second.mesh != picked().mesh || second.face != picked().face);
     const kvm::Vector3 target =

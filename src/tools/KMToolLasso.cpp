@@ -5,7 +5,7 @@
 KMToolLasso::KMToolLasso(QObject *parent)
     : KMToolMesh(KMToolOverlay::Edges, parent)
 {
-    setColor(gSettings->displayColor(DP_SEL_FRAME));
+    setDisplayColor(DP_SEL_FRAME);
 }
 
 void KMToolLasso::begin(const QPointF &point)

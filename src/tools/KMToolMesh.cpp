@@ -1,5 +1,6 @@
 #include "tools/KMToolMesh.h"
 
+#include "core/KMSettings.h"
 #include "mesh/KMMeshNode.h"
 
 KMToolMesh::KMToolMesh(quint8 elements, QObject *parent)
@@ -22,9 +23,14 @@ void KMToolMesh::setVisible(bool visible)
     m_mesh->setVisible(visible);
 }
 
+QColor KMToolMesh::color() const
+{
+    return m_displayColor < 0 ? m_color : gSettings->displayColor(m_displayColor);
+}
+
 QVector<KMToolOverlay> KMToolMesh::overlays() const
 {
-    return {{m_mesh.get(), m_elements, m_color}};
+    return {{m_mesh.get(), m_elements, color()}};
 }
 
 void KMToolMesh::setLines(const QVector<kvm::Vector3> &points, const QVector<Line> &lines)

@@ -25,9 +25,10 @@ public:
     KMMeshNode *mesh() const { return m_mesh.get(); }
     virtual bool isVisible() const;
     virtual void setVisible(bool visible);
-    QColor color() const { return m_color; }
+    QColor color() const;
     void setColor(const QColor &color) { m_color = color; }
-    virtual QVector<KMToolOverlay> overlays() const; ///< what is drawn, hidden parts too
+    void setDisplayColor(int index) { m_displayColor = index; } ///< a DP_... of the settings, in place of a fixed one
+    virtual QVector<KMToolOverlay> overlays() const;            ///< what is drawn, hidden parts too
 
     /// Shapes it from points in the space of its group, the world or window pixels, with lines between them.
     void setLines(const QVector<kvm::Vector3> &points, const QVector<Line> &lines);
@@ -39,5 +40,6 @@ public:
 private:
     std::unique_ptr<KMMeshNode> m_mesh;
     QColor m_color = Qt::white;
+    int m_displayColor = -1; // none
     quint8 m_elements;
 };

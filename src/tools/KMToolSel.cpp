@@ -60,6 +60,7 @@ KMToolSel::~KMToolSel() = default;
 void KMToolSel::initialize()
 {
     m_overlay = new KMToolMesh(KMToolOverlay::Edges);
+    m_overlay->setDisplayColor(DP_HOT_EDGE);
     addMesh(EdgeMeshes, m_overlay);
 }
 
@@ -115,10 +116,15 @@ bool KMToolSel::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (event->buttons() != Qt::NoButton)
         return false;
     const KMPickRequest hit = pickAt(*event, *widget);
+    const bool isSame = hit.mesh == m_hover.mesh && hit.vertex == m_hover.vertex && hit.edge == m_hover.edge
+                        && hit.face == m_hover.face;
+    if (isSame)
+        return false;
     if (hit.isHit())
         show(chainAt(hit));
     else
         hideChain();
+    m_hover = hit;
     return true;
 }
 
@@ -163,8 +169,11 @@ KMSelectionChain KMToolSel::pathTo(const KMPickRequest &hit)
 {
     if (!hasRootIn(hit.mesh))
         return {};
-    if (!m_graph)
+    if (isGraphStale(*hit.mesh)) {
         m_graph = std::make_unique<KMEdgePath>(*hit.mesh);
+        m_graphVertices = hit.mesh->vertexCount();
+        m_graphEdges = hit.mesh->edgeCount();
+    }
     return KMSelectionChain::path(*hit.mesh, m_graph->between(m_lastRoot, hit.vertex));
 }
 
@@ -185,7 +194,13 @@ void KMToolSel::pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifi
 
 bool KMToolSel::hasRootIn(const KMMeshNode *mesh) const
 {
-    return m_lastRoot >= 0 && m_rootMesh == mesh;
+    return m_lastRoot >= 0 && m_rootMesh == mesh && mesh->vertex(m_lastRoot);
+}
+
+/// Meshes that modifiers and primitives make change without a step of the history.
+bool KMToolSel::isGraphStale(const KMMeshNode &mesh) const
+{
+    return !m_graph || m_graphVertices != mesh.vertexCount() || m_graphEdges != mesh.edgeCount();
 }
 
 void KMToolSel::forgetRoot()
@@ -205,13 +220,13 @@ void KMToolSel::show(const KMSelectionChain &chain)
         lines.append({points.size(), points.size() + 1});
         points << chain.mesh()->position(edge->index0) << chain.mesh()->position(edge->index1);
     }
-    m_overlay->setColor(gSettings->displayColor(DP_HOT_EDGE));
     m_overlay->setLines(points, lines);
     m_overlay->setVisible(true);
 }
 
 void KMToolSel::hideChain()
 {
+    m_hover = {};
     if (!m_overlay || !m_overlay->isVisible())
         return;
     m_overlay->clear();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "render/KMPickRequest.h"
 #include "tools/KMTool.h"
 
 #include <QPointer>
@@ -9,7 +10,6 @@
 class KMEdgePath;
 class KMMeshNode;
 class KMSelectionChain;
-struct KMPickRequest;
 
 /// Selects chains of elements that follow from the one under the cursor, and shows them before the click.
 class KMToolSel : public KMTool
@@ -37,12 +37,16 @@ private:
     KMSelectionChain pathTo(const KMPickRequest &hit);
     void pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
     bool hasRootIn(const KMMeshNode *mesh) const;
+    bool isGraphStale(const KMMeshNode &mesh) const;
     void forgetRoot();
     void show(const KMSelectionChain &chain);
     void hideChain();
 
     KMToolMesh *m_overlay = nullptr;
+    KMPickRequest m_hover; // what the chain was made from that is shown; compared, never used
     QPointer<KMMeshNode> m_rootMesh;
-    int m_lastRoot = -1;                 // the vertex from which the next path starts
+    int m_lastRoot = -1;  // the vertex from which the next path starts
+    int m_graphEdges = 0; // as many as there were when the graph was made
+    int m_graphVertices = 0;
     std::unique_ptr<KMEdgePath> m_graph; // of the root's mesh; null until it is needed again
 };

@@ -7,7 +7,7 @@
 KMToolSquare::KMToolSquare(QObject *parent)
     : KMToolMesh(KMToolOverlay::Edges, parent)
 {
-    setColor(gSettings->displayColor(DP_SEL_FRAME));
+    setDisplayColor(DP_SEL_FRAME);
     stretch({0, 0}, {100, 100});
 }
 

@@ -169,6 +169,9 @@ void KMToolUniv::cancel()
     if (m_operation == Operation::Brush)
         m_brushSelect.cancel();
     end();
+    m_value.clear(); // that of a drag which didn't happen
+    emit valueChanged(m_value);
+    gSolution->setProgress({});
     gSolution->refreshViews(allViews);
 }
 
@@ -191,11 +194,13 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (event->buttons() != Qt::LeftButton || (event->modifiers() & Qt::AltModifier) || !m_handle)
         return false;
     m_pressPos = m_lastPos = event->localPos();
-    m_hasLeftPress = false;
+    m_hasLeftPress = m_isAtHandle = false;
+    m_fixedMesh = nullptr;
     m_widget = widget;
     const int code = handleCodeAt(m_pressPos, *widget);
     if (code != NoPart) {
         beginDrag(code, m_handle->position(), *event, nullptr);
+        m_isAtHandle = m_operation == Operation::Drag;
         return true;
     }
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
@@ -206,9 +211,16 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     return true;
 }
 
+/// A point behind the eye has a place in the window too.
+bool KMToolUniv::canShowHandle(const KMCameraNode &camera) const
+{
+    const float depth = camera.worldToWindow(m_handle->position()).z;
+    return m_hasCentre && m_isHandleShown && depth >= 0.0f && depth <= 1.0f;
+}
+
 int KMToolUniv::handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const
 {
-    return m_hasCentre && m_isHandleShown ? m_handle->codeAt(*widget.camera(), position) : int(NoPart);
+    return canShowHandle(*widget.camera()) ? m_handle->codeAt(*widget.camera(), position) : int(NoPart);
 }
 
 KMPickRequest KMToolUniv::requestFor(float margin) const
@@ -276,9 +288,10 @@ void KMToolUniv::beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEv
         grab.vertex = KMElementClick::nearestVertex(*hit, m_pressPos);
     }
     if (m_subject->begin(grab))
-        begin(Operation::Drag);
-    else
-        m_widget = nullptr;
+        return begin(Operation::Drag);
+    m_widget = nullptr;
+    if (hit)
+        m_fixedMesh = hit->mesh;
 }
 
 void KMToolUniv::begin(Operation operation)
@@ -310,8 +323,12 @@ bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
 {
     if (!m_handle)
         return false;
-    if (m_operation == Operation::None)
-        return event->buttons() == Qt::NoButton && hover(event->localPos(), widget);
+    if (m_operation == Operation::None) {
+        if (event->buttons() == Qt::NoButton)
+            return hover(event->localPos(), widget);
+        tellFixed(event->localPos());
+        return false;
+    }
     if (widget != m_widget)
         return false;
     const QPointF before = m_lastPos;
@@ -396,7 +413,26 @@ bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
     else
         m_subject->cancel();
     end();
+    if (operation == Operation::Drag && !hasMoved && m_isAtHandle)
+        clickThroughHandle(event->modifiers(), widget);
     return true;
+}
+
+/// The handle lies over what is selected, and only drags are meant for it.
+void KMToolUniv::clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget)
+{
+    KMPickRequest request = requestFor(gSettings->vertexClickMargin);
+    if (pick(request, m_pressPos, widget))
+        clickElement(request, modifiers);
+}
+
+/// A drag at what can't be dragged.
+void KMToolUniv::tellFixed(const QPointF &position)
+{
+    if (!m_fixedMesh || QLineF(m_pressPos, position).length() < double(gSettings->vertexClickMargin))
+        return;
+    KMElementClick::tellWhyFixed(*m_fixedMesh);
+    m_fixedMesh = nullptr;
 }
 
 void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
@@ -425,7 +461,7 @@ void KMToolUniv::draw(KMOpenGLWidget *widget)
     if (!m_handle)
         return;
     const KMCameraNode *camera = widget ? widget->camera() : nullptr;
-    const bool showsHandle = camera && !camera->isUV() && m_hasCentre && m_isHandleShown && !isMarquee();
+    const bool showsHandle = camera && !camera->isUV() && canShowHandle(*camera) && !isMarquee();
     m_handle->setVisible(showsHandle);
     if (showsHandle)
         m_handle->aim(*camera);

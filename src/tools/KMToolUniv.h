@@ -76,6 +76,7 @@ private:
         }
     };
 
+    bool canShowHandle(const KMCameraNode &camera) const;
     int handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const;
     bool pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const;
     void pressElement(const KMPickRequest &hit, const KMMouseEvent &event);
@@ -85,15 +86,19 @@ private:
     void drag(Qt::KeyboardModifiers modifiers);
     bool hover(const QPointF &position, KMOpenGLWidget *widget);
     void end();
+    void clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget);
+    void tellFixed(const QPointF &position);
     void commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
     bool isMarquee() const { return m_operation != Operation::None && m_operation != Operation::Drag; }
 
     int m_handleMode;
     bool m_isHandleShown = true;
     bool m_isLocal = false;
-    bool m_hasCentre = false;    // there is something that the handle can stand at
-    bool m_hasMoved = false;     // in this drag
-    bool m_hasLeftPress = false; // the cursor was farther away than a click goes
+    bool m_hasCentre = false;         // there is something that the handle can stand at
+    bool m_hasMoved = false;          // in this drag
+    bool m_hasLeftPress = false;      // the cursor was farther away than a click goes
+    bool m_isAtHandle = false;        // the press was on it
+    QPointer<KMMeshNode> m_fixedMesh; // was pressed, and can't be dragged
     Operation m_operation = Operation::None;
     QPointF m_pressPos;
     QPointF m_lastPos;
