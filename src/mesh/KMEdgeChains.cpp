@@ -24,7 +24,7 @@ public:
         for (int e = 0; e < m_edges.size(); ++e) {
             for (const int end : {m_edges.at(e).a, m_edges.at(e).b}) {
                 if (!isInner(end) && !m_isTaken[size_t(e)])
-                    m_chains.append({walk(end, e), false});
+                    take(walk(end, e));
             }
         }
         for (int e = 0; e < m_edges.size(); ++e) {
@@ -32,7 +32,7 @@ public:
                 continue;
             QVector<int> round = walk(m_edges.at(e).a, e);
             round.removeLast();
-            m_chains.append({round, true});
+            m_chains.append({round, true, false});
         }
         return m_chains;
     }
@@ -40,6 +40,7 @@ public:
 private:
     bool isInner(int vertex) const { return m_edgesAt.value(vertex).size() == 2; }
     QVector<int> walk(int vertex, int e);
+    void take(QVector<int> chain);
 
     const QVector<KMEdgeEnds> &m_edges;
     std::vector<bool> m_isTaken;
@@ -61,6 +62,15 @@ QVector<int> EdgeChaining::walk(int vertex, int e)
         e = both.at(0) == e ? both.at(1) : both.at(0);
     }
     return vertices;
+}
+
+/// Rims of holes that touch at a vertex: each comes from there and leads back.
+void EdgeChaining::take(QVector<int> chain)
+{
+    const bool isRound = chain.first() == chain.last() && m_edgesAt.value(chain.first()).size() % 2 == 0;
+    if (isRound)
+        chain.removeLast();
+    m_chains.append({chain, isRound, isRound});
 }
 
 } // namespace

@@ -6,8 +6,10 @@
 struct KMEdgeChain
 {
     QVector<int> vertices; ///< of a round each once, else from end to end
-    bool isRound;          ///< it has no ends; what starts and ends at a branching is none
+    bool isRound;          ///< it has no ends
+    bool isCrossed;        ///< a round that meets other chains at its first vertex
 };
 
 /// Sorts edges into chains, which end where no further edge or more than one goes on. Each edge stands in one chain.
+/// Where an even number of edges meets, what leads back there is a round; with one edge too many it is none.
 QVector<KMEdgeChain> edgeChains(const QVector<KMEdgeEnds> &edges);

@@ -67,7 +67,8 @@ bool KMMeshEdit::smoothEdges(KMMeshNode &mesh)
         if (before.size() < 3)
             continue;
         const Places after = smoothed(before, chain.isRound);
-        for (int i = 0; i < before.size(); ++i) {
+        // Rounds that cross stay joined: none of them moves the vertex that they share.
+        for (int i = chain.isCrossed ? 1 : 0; i < before.size(); ++i) {
             if (after.at(i) != before.at(i))
                 moves.append({chain.vertices.at(i), before.at(i), after.at(i)});
         }

@@ -19,16 +19,19 @@ public:
         , m_polygon(polygon)
     {
         for (int i = 0; i < polygon.size(); ++i)
-            m_rim << faceOnSide(i);
+            takeSide(i);
     }
 
     QVector<int> run()
     {
         QVector<int> faces;
-        if (isFilled() || !hasArea())
+        if (m_isClosed || !hasArea())
+            return faces;
+        const QVector<KMPolygonFill::Triangle> triangles = KMPolygonFill::triangulate(KMPolygonFill::flatten(m_places));
+        const auto isCovered = [this](const KMPolygonFill::Triangle &t) { return liesOnFace(t); };
+        if (std::any_of(triangles.begin(), triangles.end(), isCovered))
             return faces;
         const bool isReversed = runsWithRim();
-        const QVector<KMPolygonFill::Triangle> triangles = KMPolygonFill::triangulate(KMPolygonFill::flatten(m_places));
         for (const KMPolygonFill::Triangle &t : triangles) {
             const int shader = shaderOf(t);
             faces << addFace(isReversed ? KMPolygonFill::Triangle{t[0], t[2], t[1]} : t, shader);
@@ -38,9 +41,9 @@ public:
 
 private:
     int next(int i) const { return i + 1 < m_polygon.size() ? i + 1 : 0; }
-    const KMFace *faceOnSide(int i) const;
-    bool isFilled() const;
+    void takeSide(int i);
     bool hasArea();
+    bool liesOnFace(const KMPolygonFill::Triangle &triangle) const;
     bool runsWithRim() const;
     int shaderOf(const KMPolygonFill::Triangle &triangle) const;
     void takeCorner(KMFace &face, int corner, int i) const;
@@ -49,30 +52,24 @@ private:
     KMMeshNode &m_mesh;
     const QVector<int> &m_polygon;
     QVector<const KMFace *> m_rim; // on each side of the polygon; null for a side that only lines have
+    bool m_isClosed = false;       // a side has faces on both hands already: a surface goes on there, no hole
     QVector<kvm::Vector3> m_places;
 };
 
-const KMFace *HoleFilling::faceOnSide(int i) const
+void HoleFilling::takeSide(int i)
 {
+    m_rim << nullptr;
     const KMEdge *edge = m_mesh.findEdge(m_polygon.at(i), m_polygon.at(next(i)));
     if (!edge)
-        return nullptr;
+        return;
     for (const int f : edge->faceRefs) {
-        if (m_mesh.face(f) && m_mesh.face(f)->isPolygon())
-            return m_mesh.face(f);
-    }
-    return nullptr;
-}
-
-bool HoleFilling::isFilled() const
-{
-    const auto isIt = [this](int f) {
         const KMFace *face = m_mesh.face(f);
-        return face && face->count == m_polygon.size()
-               && std::all_of(m_polygon.begin(), m_polygon.end(), [=](int vertex) { return face->hasVertex(vertex); });
-    };
-    const KMRefList<4> &around = m_mesh.vertex(m_polygon.first())->faceRefs;
-    return std::any_of(around.begin(), around.end(), isIt);
+        if (!face || !face->isPolygon())
+            continue;
+        m_isClosed = m_isClosed || m_rim.at(i);
+        if (!m_rim.at(i))
+            m_rim[i] = face;
+    }
 }
 
 bool HoleFilling::hasArea()
@@ -83,6 +80,18 @@ bool HoleFilling::hasArea()
         outline += (m_mesh.position(m_polygon.at(next(i))) - m_places.last()).length();
     }
     return KMPolygonFill::normalOf(m_places).length() > 1e-6f * outline * outline;
+}
+
+/// The rim of a single face, or of bare lines that are filled, has one face on each side as that of a hole has.
+bool HoleFilling::liesOnFace(const KMPolygonFill::Triangle &triangle) const
+{
+    const KMRefList<4> &around = m_mesh.vertex(m_polygon.at(triangle[0]))->faceRefs;
+    return std::any_of(around.begin(), around.end(), [&](int f) {
+        const KMFace *face = m_mesh.face(f);
+        return face && std::all_of(triangle.begin(), triangle.end(), [&](int i) {
+                   return face->hasVertex(m_polygon.at(i));
+               });
+    });
 }
 
 /// Whether the faces around the hole run along its sides as the polygon does: the filling has to run against them.

@@ -27,7 +27,8 @@ public:
     {
         for (int i = 0; i < m_inside.size(); ++i) {
             const KMVertex *vertex = mesh.vertex(i);
-            m_inside[i] = vertex && contains(QPointF(double(vertex->screenPos.x), double(vertex->screenPos.y)));
+            m_inside[i] = vertex && vertex->isInView()
+                          && contains(QPointF(double(vertex->screenPos.x), double(vertex->screenPos.y)));
         }
     }
 

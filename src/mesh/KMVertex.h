@@ -18,6 +18,8 @@ struct KMVertex
     int index = -1;         ///< own place in the store as of the last refresh; the source's in a fresh clone
 
     bool hasFlag(quint8 bit) const { return flags & bit; }
+    /// Not behind the eye nor beyond the far end as of the last projection. It may lie beside the window.
+    bool isInView() const { return screenPos.z >= 0.0f && screenPos.z <= 1.0f; }
 };
 
 void copyVertex(KMVertex &destination, const KMVertex &source); ///< all but the index

@@ -37,11 +37,6 @@ void settle(KMMeshNode &mesh)
         mesh.refreshMesh(mesh.dirtyMask());
 }
 
-bool isInDepth(const kvm::Vector3 &window)
-{
-    return window.z >= 0.0f && window.z <= 1.0f;
-}
-
 bool isActive(const KMMeshNode &mesh)
 {
     const KMNode *active = gSolution->currentNode();
@@ -132,7 +127,7 @@ void KMPickSearch::collectVertices(Nearby &nearby)
     for (KMVertex *vertex : nearby.mesh->liveVertices()) {
         const kvm::Vector3 &p = vertex->screenPos;
         const int side = (p.x < left) * LeftOf | (p.x > right) * RightOf | (p.y < top) * Above | (p.y > bottom) * Below;
-        const bool inDepth = isInDepth(p);
+        const bool inDepth = vertex->isInView();
         sides[vertex->index] = quint8(inDepth ? side : Outside);
         if (side == 0 && inDepth)
             nearby.vertices << vertex;
@@ -208,7 +203,7 @@ bool KMPickSearch::depthAtCursor(const KMMeshNode &mesh, const KMFace &face, dou
         bool inDepth = true;
         for (int c = 0; c < 3; ++c) {
             corners[c] = mesh.vertex(face.indices[triangles[t][c]]);
-            inDepth = inDepth && isInDepth(corners[c]->screenPos);
+            inDepth = inDepth && corners[c]->isInView();
         }
         double found = 0.0;
         const bool hit = inDepth ? windowDepthAtCursor(corners, found)
@@ -337,7 +332,7 @@ void KMPickSearch::tryEdges(KMMeshNode *mesh, const KMFace &face, bool isOcclude
 bool KMPickSearch::segmentOf(const KMMeshNode &mesh, int a, int b, Segment &segment) const
 {
     const KMVertex *ends[2] = {mesh.vertex(a), mesh.vertex(b)};
-    const bool inside[2] = {isInDepth(ends[0]->screenPos), isInDepth(ends[1]->screenPos)};
+    const bool inside[2] = {ends[0]->isInView(), ends[1]->isInView()};
     if (!inside[0] && !inside[1])
         return false;
     const double depths[2] = {m_ray.depthOf(ends[0]->pos), m_ray.depthOf(ends[1]->pos)};

@@ -14,11 +14,6 @@ using KMWindowGeometry::pointOf;
 
 namespace {
 
-bool isInView(const KMVertex &vertex)
-{
-    return vertex.screenPos.z >= 0.0f && vertex.screenPos.z <= 1.0f;
-}
-
 void setFlag(KMMeshNode &mesh, const KMVertex &vertex, bool on)
 {
     on ? mesh.setVertexFlag(vertex.index, KMElementFlag::Selected)
@@ -97,7 +92,7 @@ void KMBrushSelect::begin(Mode mode, float radius)
 
 bool KMBrushSelect::isTouched(const KMMeshNode &, const KMVertex &vertex, const Segment &segment) const
 {
-    return vertex.drawn && isInView(vertex)
+    return vertex.drawn && vertex.isInView()
            && distance(pointOf(vertex.screenPos), segment.from, segment.to) <= m_radius;
 }
 
@@ -105,7 +100,7 @@ bool KMBrushSelect::isTouched(const KMMeshNode &mesh, const KMEdge &edge, const 
 {
     const KMVertex *a = mesh.vertex(edge.index0);
     const KMVertex *b = mesh.vertex(edge.index1);
-    return edge.drawn && isInView(*a) && isInView(*b)
+    return edge.drawn && a->isInView() && b->isInView()
            && distance(segment.from, segment.to, pointOf(a->screenPos), pointOf(b->screenPos)) <= m_radius;
 }
 
@@ -116,7 +111,7 @@ bool KMBrushSelect::isTouched(const KMMeshNode &mesh, const KMFace &face, const 
     QPolygonF outline;
     for (int c = 0; c < face.count; ++c) {
         const KMVertex *vertex = mesh.vertex(face.indices[c]);
-        if (!isInView(*vertex))
+        if (!vertex->isInView())
             return false;
         outline << pointOf(vertex->screenPos);
     }

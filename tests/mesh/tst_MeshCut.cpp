@@ -2,6 +2,7 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMEdgeChains.h"
 #include "mesh/KMEdgeCut.h"
+#include "mesh/KMEdgeSmooth.h"
 #include "mesh/KMEdgeSplit.h"
 #include "mesh/KMHoleFill.h"
 #include "mesh/KMMeshNode.h"
@@ -175,6 +176,9 @@ private slots:
     void starsFill();
     void holesOfGridsFill();
     void openChainsFillNothing();
+    void fillsOnce_data();
+    void fillsOnce();
+    void roundsThatTouch();
     void splitsAlongEdges_data();
     void splitsAlongEdges();
 };
@@ -417,6 +421,70 @@ void tst_MeshCut::openChainsFillNothing()
     QCOMPARE(KMMeshEdit::fillSelectedHoles(mesh), 1);
     QCOMPARE(KMMeshEdit::fillHole(mesh, {0, 1, 5, 4}).size(), 0); // a face is there
     QCOMPARE(KMMeshEdit::fillHole(mesh, {0, 1, 2, 3}).size(), 0); // encloses nothing
+}
+
+void tst_MeshCut::fillsOnce_data()
+{
+    QTest::addColumn<int>("mesh");
+    QTest::addColumn<QVector<int>>("rim");
+    QTest::addColumn<int>("faces"); // that the filling has
+    QTest::newRow("a hole") << 0 << QVector<int>{5, 6, 10, 9} << 2;
+    QTest::newRow("around a closed surface") << 1 << QVector<int>{0, 1, 2, 3, 4, 5} << 0;
+    QTest::newRow("bare lines") << 2 << QVector<int>{0, 1, 2, 3, 4} << 3;
+}
+
+/// The rim stays selected: the next filling must not lie on the first.
+void tst_MeshCut::fillsOnce()
+{
+    QFETCH(int, mesh);
+    QFETCH(QVector<int>, rim);
+    QFETCH(int, faces);
+    KMMeshNode *(*const makers[])() = {&MeshFixtures::quadWithHole, [] { return MeshFixtures::torus(9, 6); },
+                                       [] {
+                                           auto *lines = new KMMeshNode;
+                                           for (int i = 0; i < 5; ++i)
+                                               lines->addVertexRaw({std::cos(i * 1.2f), 0.1f * i, std::sin(i * 1.2f)});
+                                           for (int i = 0; i < 5; ++i) {
+                                               const int ends[] = {i, (i + 1) % 5};
+                                               lines->addFaceRaw(2, ends);
+                                           }
+                                           lines->refreshMesh(KMMeshDirty::All);
+                                           return lines;
+                                       }};
+    MeshScene scene(makers[mesh]());
+    for (int i = 0; i < rim.size(); ++i) {
+        QVERIFY(scene.mesh->findEdge(rim.at(i), rim.at((i + 1) % rim.size())));
+        scene.mesh->setEdgeFlag(rim.at(i), rim.at((i + 1) % rim.size()), KMElementFlag::Selected);
+    }
+    const int before = scene.mesh->faceCount();
+    for (int press = 0; press < 3; ++press) {
+        const int filled = KMMeshEdit::fillSelectedHoles(*scene.mesh);
+        QCOMPARE(filled, int(press == 0 && faces > 0));
+        QCOMPARE(scene.mesh->faceCount(), before + faces);
+    }
+}
+
+/// Two holes with one vertex in common are filled both, and smoothing doesn't tear them from it.
+void tst_MeshCut::roundsThatTouch()
+{
+    MeshScene scene(MeshFixtures::grid(4, 4));
+    KMMeshNode &mesh = *scene.mesh;
+    for (const int f : {5, 10}) {
+        for (int c = 0; c < 4; ++c)
+            mesh.setEdgeFlag(mesh.face(f)->indices[c], mesh.face(f)->next(c), KMElementFlag::Selected);
+        mesh.removeFaceRefs(f);
+        mesh.setFace(f, nullptr);
+    }
+    mesh.refreshMesh(KMMeshDirty::All);
+    const kvm::Vector3 shared = mesh.position(12);
+    QString problem = stepProblem(scene, [](KMMeshNode &m) { KMMeshEdit::fillSelectedHoles(m); });
+    QVERIFY2(problem.isEmpty(), qPrintable(problem));
+    QCOMPARE(openEdges(mesh), 16);
+    QCOMPARE(clashes(mesh), 0);
+    QVERIFY(std::abs(coveredArea(mesh) - 32.0) < 1e-3); // twice that of the grid
+    problem = stepProblem(scene, [](KMMeshNode &m) { KMMeshEdit::smoothEdges(m); });
+    QVERIFY2(problem.isEmpty(), qPrintable(problem));
+    QVERIFY(mesh.position(12) == shared && mesh.position(6) != kvm::Vector3(1, 0, 1));
 }
 
 void tst_MeshCut::splitsAlongEdges_data()

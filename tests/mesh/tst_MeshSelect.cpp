@@ -95,6 +95,7 @@ private slots:
     void marqueeAgainstEachElement();
     void crossedLasso();
     void marqueeThatFindsNothing();
+    void nothingBehindTheEye();
     void marqueeTargets_data();
     void marqueeTargets();
     void resultFollowsItsOwner();
@@ -310,6 +311,35 @@ void tst_MeshSelect::marqueeThatFindsNothing()
     QCOMPARE(history(), QStringList{QStringLiteral("Rect Select")});
     QCOMPARE(scene.session.stack().command(0)->childCount(), 0);
     QVERIFY(scene.mesh->vertex(0)->hasFlag(KMElementFlag::Selected));
+}
+
+/// An eye in the middle of a mesh that looks along z, with the whole window as area.
+void tst_MeshSelect::nothingBehindTheEye()
+{
+    MeshScene scene(MeshFixtures::grid(4, 4));
+    KMMeshNode &mesh = *scene.mesh;
+    for (int i = 0; i < mesh.vertexCount(); ++i)
+        mesh.setPosition(i, mesh.position(i) - kvm::Vector3(2.0f, 0.5f, 2.1f));
+    kvm::Matrix4 view;
+    std::fill_n(view.m, 16, 0.0f);
+    view[0] = view[5] = 0.01f; // so wide that the sides of the window cut nothing off
+    view[10] = 1.01f;
+    view[11] = 1.0f;
+    view[14] = -0.1f;
+    mesh.projectVertices(view, 200, 200);
+    mesh.updateDrawn(false);
+    const QRectF window(0, 0, 200, 200);
+    const auto isAhead = [&mesh](int i) { return mesh.position(i).z > 0.0f; };
+    for (const bool isLasso : {false, true}) {
+        isLasso ? KMMarqueeSelect::selectLasso(QPolygonF(window), Mode::Replace)
+                : KMMarqueeSelect::selectRect(window, Mode::Replace);
+        for (int i = 0; i < mesh.vertexCount(); ++i)
+            QCOMPARE(mesh.vertex(i)->hasFlag(KMElementFlag::Selected), isAhead(i));
+        for (const KMEdge *edge : mesh.edges())
+            QCOMPARE(edge->hasFlag(KMElementFlag::Selected), isAhead(edge->index0) && isAhead(edge->index1));
+        QCOMPARE(Selection(mesh).faces.count(true), 4); // those of the last row
+        KMMeshSelect::unselectAll();
+    }
 }
 
 void tst_MeshSelect::marqueeTargets_data()
