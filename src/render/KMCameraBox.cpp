@@ -103,18 +103,21 @@ bool KMCameraBox::allocate()
     using KMCameraBoxShape::triangles;
     m_buffers = std::make_unique<RenderGroup>();
     constexpr int indexCount = 3 * KMCameraBoxShape::TriangleCount;
-    if (!m_buffers->allocate(KMCameraBoxShape::VertexCount, int(sizeof(Element)), indexCount))
-        return false;
-    const KMBufferMap<quint32> indices(m_buffers->ibo);
-    if (!indices)
-        return false;
-    quint32 *out = indices.data();
-    for (const KMCameraBoxShape::Triangle &triangle : triangles()) {
-        for (const int vertex : triangle)
-            *out++ = quint32(vertex);
+    if (m_buffers->allocate(KMCameraBoxShape::VertexCount, int(sizeof(Element)), indexCount)) {
+        const KMBufferMap<quint32> indices(m_buffers->ibo);
+        quint32 *out = indices ? indices.data() : nullptr;
+        for (const KMCameraBoxShape::Triangle &triangle : triangles()) {
+            for (const int vertex : triangle) {
+                if (out)
+                    *out++ = quint32(vertex);
+            }
+        }
+        if (out)
+            m_buffers->indexCount = indexCount;
     }
-    m_buffers->indexCount = indexCount;
-    return true;
+    if (m_buffers->indexCount == 0)
+        m_buffers.reset(); // the next frame tries again
+    return m_buffers != nullptr;
 }
 
 /// A driver that doesn't hand out its memory leaves the picture that there was.

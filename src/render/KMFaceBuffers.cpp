@@ -91,7 +91,7 @@ void KMFaceBuffers::update(const KMMeshNode &mesh, const KMFaceStyle &style)
         writeElements(mesh, stale(), style);
     if (stale() & Visibility)
         writeIndices(mesh);
-    setFresh(Everything);
+    finishUpdate();
 }
 
 void KMFaceBuffers::build(const KMMeshNode &mesh)
@@ -135,6 +135,8 @@ int KMFaceBuffers::groupOf(int shader)
 void KMFaceBuffers::writeElements(const KMMeshNode &mesh, quint32 parts, const KMFaceStyle &style)
 {
     const Mapped mapped(m_groups);
+    if (std::find(mapped.memory.begin(), mapped.memory.end(), nullptr) != mapped.memory.end())
+        noteRefusal();
     GroupLookup groupOfShader(m_shaderToGroup);
     KMVertex *const *vertices = mesh.vertices().constData();
     for (const KMFace *face : mesh.liveFaces()) {
@@ -162,10 +164,12 @@ void KMFaceBuffers::writeIndices(const KMMeshNode &mesh)
     std::vector<std::unique_ptr<KMBufferMap<quint32>>> maps;
     for (const auto &group : m_groups) {
         maps.push_back(std::make_unique<KMBufferMap<quint32>>(group->ibo));
-        if (*maps.back())
+        if (*maps.back()) {
             group->indexCount = 0;
-        else
-            m_allShown = false; // tried again at the next change
+        } else {
+            m_allShown = false;
+            noteRefusal();
+        }
     }
     GroupLookup groupOfShader(m_shaderToGroup);
     for (const KMFace *face : faces) {

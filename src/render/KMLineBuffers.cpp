@@ -66,13 +66,15 @@ void KMLineBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
         m_group.allocate(count, int(sizeof(KMLineElement)), count);
         markStale(Contents);
     }
-    if (count > 0) {
+    if (m_group.elementCount != count)
+        noteRefusal();
+    else if (count > 0) {
         if (stale() & (Positions | Colors))
             writeElements(mesh, stale());
         if (stale() & Visibility)
             writeIndices(mesh);
     }
-    setFresh(Everything);
+    finishUpdate();
 }
 
 int KMEdgeBuffers::elementCount(const KMMeshNode &mesh) const
@@ -84,7 +86,7 @@ void KMEdgeBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
 {
     const KMBufferMap<KMLineElement> map(m_group.vbo);
     if (!map)
-        return;
+        return noteRefusal();
     KMVertex *const *vertices = mesh.vertices().constData();
     KMLineElement *element = map.data();
     for (const KMEdge *edge : mesh.edges()) {
@@ -103,7 +105,7 @@ void KMEdgeBuffers::writeIndices(const KMMeshNode &mesh)
 {
     const KMBufferMap<quint32> map(m_group.ibo);
     if (!map)
-        return;
+        return noteRefusal();
     quint32 *index = map.data();
     quint32 number = 0;
     for (const KMEdge *edge : mesh.edges()) {
@@ -125,7 +127,7 @@ void KMPointBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
 {
     const KMBufferMap<KMLineElement> map(m_group.vbo);
     if (!map)
-        return;
+        return noteRefusal();
     for (const KMVertex *vertex : mesh.liveVertices()) {
         KMLineElement &element = map.data()[vertex->index];
         if (parts & Positions)
@@ -140,7 +142,7 @@ void KMPointBuffers::writeIndices(const KMMeshNode &mesh)
 {
     const KMBufferMap<quint32> map(m_group.ibo);
     if (!map)
-        return;
+        return noteRefusal();
     quint32 *index = map.data();
     for (const KMVertex *vertex : mesh.liveVertices()) {
         if (vertex->drawn)

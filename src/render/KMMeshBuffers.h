@@ -4,6 +4,8 @@
 
 #include <QtGlobal>
 
+#include <utility>
+
 class KMMeshNode;
 
 /// What the buffers of one kind of element have in common: they are filled when they are first drawn, and afterwards
@@ -26,10 +28,17 @@ protected:
     ~KMMeshBuffers() = default;
 
     bool needsBuild() const { return (m_stale & ~quint32(Contents)) != 0; }
-    void setFresh(quint32 parts) { m_stale &= ~parts; }
+    void noteRefusal() { m_isRefused = true; } ///< the driver gave no memory for what had to be written
+    /// At the end of an update: nothing is stale any more, unless memory was refused. Then the next frame tries again.
+    void finishUpdate()
+    {
+        if (!std::exchange(m_isRefused, false))
+            m_stale = 0;
+    }
 
 private:
     quint32 m_stale = Everything;
+    bool m_isRefused = false;
 };
 
 /// Colours that a tool gives to the vertices of a mesh, in place of those by flags. It is asked in each frame.

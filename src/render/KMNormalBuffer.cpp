@@ -41,7 +41,7 @@ void KMNormalBuffer::update(const KMMeshNode &mesh, const KMNormalStyle &style)
     m_group.indexCount = 0;
     if (m_group.elementCount > 0)
         write(mesh, *tag);
-    setFresh(Everything);
+    finishUpdate();
 }
 
 void KMNormalBuffer::write(const KMMeshNode &mesh, const KMTagNormal &tag)
@@ -49,7 +49,7 @@ void KMNormalBuffer::write(const KMMeshNode &mesh, const KMTagNormal &tag)
     const KMBufferMap<KMLineElement> elements(m_group.vbo);
     const KMBufferMap<quint32> indices(m_group.ibo);
     if (!elements || !indices)
-        return;
+        return noteRefusal();
     KMLineElement *element = elements.data();
     quint32 *index = indices.data();
     for (const KMFace *face : mesh.liveFaces()) {

@@ -182,19 +182,20 @@ void KMRenderer::drawElements(RenderGroup &group, const KMVertexLayout &layout, 
 }
 
 /// Four elements of a quad that stands in the order of a fan.
-void KMRenderer::writeQuad(RenderGroup &group, const void *elements, int elementBytes)
+bool KMRenderer::writeQuad(RenderGroup &group, const void *elements, int elementBytes)
 {
     constexpr quint32 indices[] = {0, 1, 2, 2, 3, 0};
     if (group.elementCount == 0 && !group.allocate(4, elementBytes, int(std::size(indices))))
-        return;
+        return false;
     const KMBufferMap<char> vertexMap(group.vbo);
     const KMBufferMap<quint32> indexMap(group.ibo);
     if (!vertexMap || !indexMap)
-        return;
+        return false;
     memcpy(vertexMap.data(), elements, size_t(4 * elementBytes));
     std::copy(std::begin(indices), std::end(indices), indexMap.data());
     group.indexCount = int(std::size(indices));
     group.built = true;
+    return true;
 }
 
 int KMRenderer::toolId() const

@@ -76,7 +76,8 @@ public:
     KMTextureCache &textures() { return *m_textures; }
     KMMaterial &material() { return *m_material; }
     void drawElements(RenderGroup &group, const KMVertexLayout &layout, GLenum mode); ///< with the current program
-    void writeQuad(RenderGroup &group, const void *elements, int elementBytes); ///< four corners, in the order of a fan
+    /// Four corners, in the order of a fan. False, and what is there stays, when the driver gives no memory.
+    bool writeQuad(RenderGroup &group, const void *elements, int elementBytes);
 
 private:
     struct Item

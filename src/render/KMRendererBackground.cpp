@@ -48,7 +48,10 @@ bool KMRenderer::drawBackground(const KMCameraNode &camera, const QColor &color)
     const kvm::Vector4 bottom = tinted(color, tint.bottom);
     const KMLineElement corners[] = {
         {{-1, -1, 0}, bottom, 0}, {{1, -1, 0}, bottom, 0}, {{1, 1, 0}, top, 0}, {{-1, 1, 0}, top, 0}};
-    writeQuad(*m_background, corners, int(sizeof(KMLineElement)));
+    if (!writeQuad(*m_background, corners, int(sizeof(KMLineElement)))) {
+        plane.release();
+        return false;
+    }
     plane.setMatrix(KMOpenGLShaderProgram::VertMatrix, kvm::Matrix4());
     glDisable(GL_DEPTH_TEST);
     glDisable(GL_BLEND);

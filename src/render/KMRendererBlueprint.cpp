@@ -85,7 +85,8 @@ void KMRenderer::drawBlueprint(const KMCameraNode &camera, const KMBluePrint &bl
     }
     const float alpha = qBound(0.0f, values.alpha, 1.0f);
     const auto corners = cornersOf(*texture, place, alpha);
-    writeQuad(*m_blueprint, corners.data(), int(sizeof(KMQuadElement)));
+    if (!writeQuad(*m_blueprint, corners.data(), int(sizeof(KMQuadElement))))
+        return;
     const BlendRow &blend = blendRow(values.blend);
     glBlendFuncSeparate(blend.source, blend.destination, GL_ZERO, GL_ONE); // windows stay opaque
     plate.setUniformValue("mode", isFixed ? 1 : 0);

@@ -103,7 +103,7 @@ void KMRenderer::prepareMeshes(const KMCameraNode &camera)
         mesh->setRenderFlags(mask ? mask | changed : 0);
         if (mesh->renderer())
             KMRendererMesh::of(*mesh).markDirty(mesh->renderDirty());
-        if (mask)
+        if (mask && KMRenderMask::isShown(*mesh))
             m_items.append({mesh, &KMRendererMesh::of(*mesh), KMRenderMask::isCurrent(*mesh)});
         else if (mesh->renderer() && mesh->renderDirty() != 0)
             KMRendererMesh::of(*mesh).setProjectedView(0); // stale when it is shown again

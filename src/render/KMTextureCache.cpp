@@ -105,8 +105,10 @@ void KMTextureCache::make(const KMTextureNode &node, Entry &entry)
     if (image.isNull())
         return;
     const KMShareContext context;
-    if (!QOpenGLContext::currentContext())
+    if (!QOpenGLContext::currentContext()) {
+        entry.isStale = true;
         return;
+    }
     auto texture = std::make_unique<QOpenGLTexture>(fitted(image, std::min(entry.maxSize, driverLimit())));
     if (!texture->isStorageAllocated()) {
         qDebug() << "texture load [NG]" << node.name();

@@ -34,14 +34,14 @@ void KMUVBuffers::update(const KMMeshNode &mesh, const KMUVStyle &style)
             writePointIndices(mesh);
         }
     }
-    setFresh(Everything);
+    finishUpdate();
 }
 
 void KMUVBuffers::writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool isPoints)
 {
     const KMBufferMap<KMLineElement> map(group.vbo);
     if (!map)
-        return;
+        return noteRefusal();
     KMLineElement *element = map.data();
     for (const KMFace *face : mesh.liveFaces()) {
         for (int c = 0; c < roomOfFace; ++c, ++element) {
@@ -61,7 +61,7 @@ void KMUVBuffers::writeEdgeIndices(const KMMeshNode &mesh)
 {
     const KMBufferMap<quint32> map(m_edges.ibo);
     if (!map)
-        return;
+        return noteRefusal();
     quint32 *index = map.data();
     quint32 first = 0;
     for (const KMFace *face : mesh.liveFaces()) {
@@ -78,7 +78,7 @@ void KMUVBuffers::writePointIndices(const KMMeshNode &mesh)
 {
     const KMBufferMap<quint32> map(m_points.ibo);
     if (!map)
-        return;
+        return noteRefusal();
     quint32 *index = map.data();
     quint32 first = 0;
     for (const KMFace *face : mesh.liveFaces()) {
