@@ -2,6 +2,7 @@
 
 #include "core/KMUndoMacro.h"
 #include "mesh/KMBevelEdit.h"
+#include "mesh/KMCornerMotion.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshSelect.h"
 #include "mesh/KMMirrorMap.h"
@@ -11,8 +12,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr float almostAll = 0.98f; // of the way on which faces shrink to nothing
 
 QVector<const KMEdge *> sourceEdges(const KMMeshNode &mesh, const KMBevel::Options &options)
 {
@@ -26,8 +25,7 @@ QVector<const KMEdge *> sourceEdges(const KMMeshNode &mesh, const KMBevel::Optio
     const KMMirrorMap map(mesh, options.mirrorTolerance);
     const int selected = edges.size();
     for (int i = 0; i < selected; ++i) {
-        const int ends[] = {map.vertexImage(edges.at(i)->index0), map.vertexImage(edges.at(i)->index1)};
-        const KMEdge *image = ends[0] < 0 || ends[1] < 0 ? nullptr : mesh.findEdge(ends[0], ends[1]);
+        const KMEdge *image = map.edgeImage(edges.at(i)->index0, edges.at(i)->index1);
         if (image && !image->hasFlag(KMElementFlag::Selected) && !edges.contains(image))
             edges << image;
     }
@@ -40,7 +38,7 @@ KMBevel::KMBevel(KMMeshNode &mesh, const Options &options)
     : m_mesh(&mesh)
     , m_shape(mesh, sourceEdges(mesh, options))
 {
-    m_limit = m_shape.widthLimit(mesh) * almostAll;
+    m_limit = m_shape.widthLimit(mesh) * KMCornerMotion::AlmostAll;
 }
 
 void KMBevel::setWidth(float width)

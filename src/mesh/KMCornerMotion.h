@@ -10,6 +10,8 @@ struct KMFace;
 /// How corners of faces move within the faces, and how far they may.
 namespace KMCornerMotion {
 
+constexpr float AlmostAll = 0.98f; ///< of a limit, which leaves faces some area on the way to nothing
+
 int cornerBefore(const KMFace &face, int corner);
 int cornerAfter(const KMFace &face, int corner);
 kvm::Vector3 normalOf(const KMMeshStore &mesh, const KMFace &face); ///< of a triangle or quad; zero without a direction

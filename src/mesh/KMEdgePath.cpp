@@ -44,14 +44,19 @@ KMEdgePath::KMEdgePath(const KMMeshStore &mesh)
     , m_starts(size_t(mesh.vertexCount()) + 1, 0)
     , m_neighbours(size_t(mesh.edgeCount()) * 2)
 {
+    QVector<const KMEdge *> shown;
     for (const KMEdge *edge : mesh.edges()) {
+        if (!mesh.isHidden(*edge))
+            shown << edge;
+    }
+    for (const KMEdge *edge : std::as_const(shown)) {
         ++m_starts[size_t(edge->index0) + 1];
         ++m_starts[size_t(edge->index1) + 1];
     }
     for (size_t i = 1; i < m_starts.size(); ++i)
         m_starts[i] += m_starts[i - 1];
     std::vector<int> next = m_starts;
-    for (const KMEdge *edge : mesh.edges()) {
+    for (const KMEdge *edge : std::as_const(shown)) {
         m_neighbours[size_t(next[size_t(edge->index0)]++)] = edge->index1;
         m_neighbours[size_t(next[size_t(edge->index1)]++)] = edge->index0;
     }

@@ -6,8 +6,8 @@
 
 class KMMeshStore;
 
-/// Shortest paths along the edges of a mesh, measured in space. It holds for the edges as they were when it was made;
-/// vertices may move since.
+/// Shortest paths along the edges of a mesh that aren't hidden, measured in space. It holds for the edges as they were
+/// when it was made; vertices may move since.
 class KMEdgePath
 {
 public:

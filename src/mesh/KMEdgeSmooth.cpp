@@ -57,7 +57,6 @@ Places smoothed(const Places &places, bool isRound)
 
 bool KMMeshEdit::smoothEdges(KMMeshNode &mesh)
 {
-    settleEdges(mesh);
     QVector<KMMovedVertex> moves;
     const QVector<KMEdgeChain> chains = edgeChains(KMSelectedElements::edges(mesh));
     for (const KMEdgeChain &chain : chains) {

@@ -1,43 +1,13 @@
 #include "mesh/KMEdgeSplit.h"
 
 #include "mesh/KMCornerSplit.h"
+#include "mesh/KMJoinedSets.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 
 #include <QMap>
-#include <QSet>
-
-#include <algorithm>
-#include <numeric>
 
 namespace {
-
-/// The faces around a vertex, sorted into groups that hang together over edges at it.
-class FaceGroups
-{
-public:
-    explicit FaceGroups(int faces)
-        : m_roots(faces)
-    {
-        std::iota(m_roots.begin(), m_roots.end(), 0);
-    }
-
-    int groupOf(int face) const ///< the first face of its group
-    {
-        while (m_roots.at(face) != face)
-            face = m_roots.at(face);
-        return face;
-    }
-    void join(int a, int b)
-    {
-        const int first = groupOf(a);
-        const int second = groupOf(b);
-        m_roots[std::max(first, second)] = std::min(first, second);
-    }
-
-private:
-    QVector<int> m_roots;
-};
 
 class EdgeSplitting
 {
@@ -82,8 +52,9 @@ void EdgeSplitting::splitAt(int vertex)
         facesTo[face.next(corner)] << i;
         facesTo[face.indices[corner > 0 ? corner - 1 : face.count - 1]] << i;
     }
-    FaceGroups whole(faces.size());
-    FaceGroups parts(faces.size());
+    // The faces around the vertex, as groups that hang together over edges at it.
+    KMJoinedSets whole(faces.size());
+    KMJoinedSets parts(faces.size());
     for (auto to = facesTo.cbegin(); to != facesTo.cend(); ++to) {
         const KMEdge *edge = m_mesh.findEdge(vertex, to.key());
         for (const int i : to.value()) {
@@ -94,8 +65,8 @@ void EdgeSplitting::splitAt(int vertex)
     }
     QMap<int, int> copies;
     for (int i = 0; i < faces.size(); ++i) {
-        const int part = parts.groupOf(i);
-        if (part == whole.groupOf(i))
+        const int part = parts.rootOf(i);
+        if (part == whole.rootOf(i))
             continue;
         if (!copies.contains(part))
             copies[part] = m_split.addCopy(vertex);

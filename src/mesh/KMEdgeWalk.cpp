@@ -158,7 +158,7 @@ public:
     }
 
 private:
-    bool isQuad(int f) const { return m_mesh.face(f) && m_mesh.face(f)->count >= 4; }
+    bool isQuad(int f) const { return m_mesh.isFaceShown(f) && m_mesh.face(f)->count >= 4; }
     static int faceBehind(const KMEdge &edge, int f, int previous)
     {
         const auto isOther = [=](int other) { return other != f && other != previous; };
@@ -188,7 +188,7 @@ void KMEdgeWalk::loop(const KMMeshStore &mesh, KMEdge *start, Direction directio
     int pivot = direction == Direction::First ? start->index0 : start->index1;
     for (KMEdge *edge = start;;) {
         KMEdge *next = LoopStep(mesh, *edge, pivot).next();
-        if (!next || next->hasFlag(flag))
+        if (!next || next->hasFlag(flag) || mesh.isHidden(*next))
             return;
         take(next);
         if (!next->hasFlag(flag))

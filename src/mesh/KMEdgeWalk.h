@@ -9,7 +9,7 @@ class KMMeshStore;
 struct KMEdge;
 
 /// Walks from edge to edge over a mesh: along a loop, which goes straight on at each vertex, and across a ring, which
-/// goes through each quad to the opposite edge.
+/// goes through each quad to the opposite edge. Neither goes where all is hidden.
 ///
 /// A walk ends before an edge that has the flag already. So what takes the edges must set it, a selecting command or
 /// the highlight, and the start has it before the walk begins, or a closed walk would not end there.

@@ -113,7 +113,7 @@ void KMExtrusion::setLength(float length)
 
 void KMExtrusion::setWay(const Vector3 &way)
 {
-    const Vector3 imageWay = way - m_plane.normal() * (2.0f * dot(way, m_plane.normal()));
+    const Vector3 imageWay = m_plane.reflectedWay(way);
     m_directions.fill(way, m_shape.points().size());
     for (const KMExtrusionShape::Face &face : m_shape.faces()) {
         for (int c = 0; m_images.contains(face.face) && c < face.count; ++c)

@@ -12,8 +12,6 @@ namespace KMExtrusionMotion {
 
 namespace {
 
-constexpr float almostAll = 0.99f; // of the way on which faces shrink to nothing
-
 /// How far each group may go.
 QVector<float> groupLimits(const KMExtrusionShape &shape, const Directions &directions)
 {
@@ -26,7 +24,7 @@ QVector<float> groupLimits(const KMExtrusionShape &shape, const Directions &dire
             motions << directions.at(face.points[size_t(c)]);
         }
         const double limit = KMCornerMotion::turnLimit(corners, motions, face.normal);
-        limits[face.group] = std::min(limits.at(face.group), float(std::min(limit, 1e30)) * almostAll);
+        limits[face.group] = std::min(limits.at(face.group), float(std::min(limit, 1e30)) * KMCornerMotion::AlmostAll);
     }
     return limits;
 }
@@ -70,18 +68,15 @@ Directions inward(const KMExtrusionShape &shape)
 
 void mirror(const KMSymmetryPlane &plane, const Pairs &pairs, Directions *directions)
 {
-    const auto reflected = [&plane](const Vector3 &way) {
-        return way - plane.normal() * (2.0f * dot(way, plane.normal()));
-    };
     for (const auto &pair : pairs) {
         Vector3 &first = (*directions)[pair.first];
         Vector3 &second = (*directions)[pair.second];
         // Both have the same length but for rounding; the mean must not be shorter where they differ.
         const float length = first.length();
-        const Vector3 mean = (first + reflected(second)) / 2.0f;
+        const Vector3 mean = (first + plane.reflectedWay(second)) / 2.0f;
         const float meanLength = mean.length();
         first = pair.first != pair.second && meanLength > 0.0f ? mean * (length / meanLength) : mean;
-        second = reflected(first);
+        second = plane.reflectedWay(first);
     }
 }
 

@@ -1,51 +1,18 @@
 #include "mesh/KMExtrusionShape.h"
 
 #include "mesh/KMCornerMotion.h"
+#include "mesh/KMJoinedSets.h"
 #include "mesh/KMMeshStore.h"
 
 #include <QDebug>
 #include <QHash>
 
 #include <algorithm>
-#include <numeric>
 
 namespace {
 
 using Face = KMExtrusionShape::Face;
 using Side = KMExtrusionShape::Side;
-
-/// Things that are joined step by step into sets; each set is named by its first member.
-class Sets
-{
-public:
-    explicit Sets(int count)
-        : m_parents(count)
-    {
-        std::iota(m_parents.begin(), m_parents.end(), 0);
-    }
-    int rootOf(int i)
-    {
-        while (m_parents.at(i) != i)
-            i = m_parents[i] = m_parents.at(m_parents.at(i));
-        return i;
-    }
-    void join(int i, int k)
-    {
-        i = rootOf(i);
-        k = rootOf(k);
-        m_parents[std::max(i, k)] = std::min(i, k);
-    }
-    QVector<int> roots()
-    {
-        QVector<int> all(m_parents.size());
-        for (int i = 0; i < all.size(); ++i)
-            all[i] = rootOf(i);
-        return all;
-    }
-
-private:
-    QVector<int> m_parents;
-};
 
 int placeOf(int face, int corner)
 {
@@ -104,8 +71,8 @@ public:
         }
     }
 
-    Sets corners;
-    Sets faces;
+    KMJoinedSets corners;
+    KMJoinedSets faces;
 
 private:
     const QVector<Face> &m_faces;

@@ -9,8 +9,7 @@ QVector<int> KMFaceFlood::chained(const KMMeshStore &mesh, const QVector<int> &s
     QVector<int> reached;
     std::vector<bool> isReached(size_t(mesh.faceCount()));
     const auto reach = [&](int f) {
-        const KMFace *face = mesh.face(f);
-        if (!face || isReached[size_t(f)] || face->hasFlag(KMElementFlag::Hidden))
+        if (!mesh.isFaceShown(f) || isReached[size_t(f)])
             return;
         isReached[size_t(f)] = true;
         reached.append(f);

@@ -75,11 +75,7 @@ private:
     bool isInside(const KMVertex &vertex) const
     {
         // The record knows its place since the refresh that brought it to the screen.
-        return vertex.drawn && isVertexInside(vertex.index)
-               && std::any_of(vertex.faceRefs.begin(), vertex.faceRefs.end(), [this](int f) {
-                      const KMFace *face = m_mesh.face(f);
-                      return face && !face->hasFlag(KMElementFlag::Hidden);
-                  });
+        return vertex.drawn && isVertexInside(vertex.index) && m_mesh.isShown(vertex);
     }
     template <class Records>
     bool anyOf(const Records &records) const

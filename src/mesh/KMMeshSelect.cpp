@@ -167,19 +167,13 @@ int clickUV(KMMeshNode &mesh, int face, int corner, Mode mode)
 
 void selectAll(KMMeshNode &mesh, KMMeshTargets::Elements kinds)
 {
-    const auto isShown = [&mesh](const auto &record) {
-        return std::any_of(record.faceRefs.begin(), record.faceRefs.end(), [&mesh](int f) {
-            const KMFace *face = mesh.face(f);
-            return face && face->isLive() && !face->hasFlag(KMElementFlag::Hidden);
-        });
-    };
     for (int i = 0; kinds.testFlag(KMMeshTargets::Vertices) && i < mesh.vertexCount(); ++i) {
-        if (mesh.vertex(i) && isShown(*mesh.vertex(i)))
+        if (mesh.vertex(i) && mesh.isShown(*mesh.vertex(i)))
             KMMeshEdit::selectVertex(mesh, i, true);
     }
     if (kinds.testFlag(KMMeshTargets::Edges)) {
         for (const KMEdge *edge : mesh.edges()) {
-            if (isShown(*edge))
+            if (mesh.isShown(*edge))
                 KMMeshEdit::selectEdge(mesh, edge->index0, edge->index1, true);
         }
     }

@@ -10,6 +10,7 @@
 
 #include <QVector>
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -63,6 +64,20 @@ public:
     KMFace *newFace() { return m_facePool.create(); }
     void setVertex(int i, KMVertex *vertex); ///< frees what stood there; the record is one of newVertex(), or null
     void setFace(int i, KMFace *face);
+    bool isFaceShown(int f) const ///< there is one, and it isn't hidden
+    {
+        return face(f) && face(f)->isLive() && !face(f)->hasFlag(KMElementFlag::Hidden);
+    }
+    /// A vertex or edge that a face has which isn't hidden.
+    template <class Record>
+    bool isShown(const Record &record) const
+    {
+        return std::any_of(record.faceRefs.begin(), record.faceRefs.end(), [this](int f) { return isFaceShown(f); });
+    }
+    bool isHidden(const KMEdge &edge) const ///< all its faces are; without faces it isn't
+    {
+        return !edge.faceRefs.isEmpty() && !isShown(edge);
+    }
     bool needsCompact() const { return m_needsCompact; } ///< there may be null slots
 
     const kvm::Vector3 &position(int i) const { return m_vertices.at(i)->pos; }

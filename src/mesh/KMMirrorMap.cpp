@@ -85,6 +85,13 @@ bool KMMirrorMap::isOnPlane(int vertex) const
     return vertexImage(vertex) == vertex;
 }
 
+const KMEdge *KMMirrorMap::edgeImage(int a, int b) const
+{
+    const int first = vertexImage(a);
+    const int second = vertexImage(b);
+    return first < 0 || second < 0 ? nullptr : m_mesh.findEdge(first, second);
+}
+
 KMMirrorMap::FaceImage KMMirrorMap::faceImage(int face) const
 {
     const KMFace *own = m_mesh.face(face);

@@ -6,6 +6,7 @@
 #include <vector>
 
 class KMMeshNode;
+struct KMEdge;
 
 /// Which vertices and faces of a mesh are mirror images of each other across the plane of the mesh's frame that
 /// stands on its x axis. It holds for the mesh as it was when it was made.
@@ -25,6 +26,7 @@ public:
     const KMSymmetryPlane &plane() const { return m_plane; }
     bool isOnPlane(int vertex) const;                                      ///< it is its own image
     int vertexImage(int vertex) const { return m_images[size_t(vertex)]; } ///< -1 when there is none
+    const KMEdge *edgeImage(int a, int b) const; ///< the edge between the images of these ends, or null
     FaceImage faceImage(int face) const;
 
 private:

@@ -8,11 +8,6 @@
 
 namespace {
 
-bool isHidden(const KMFace *face)
-{
-    return !face || face->hasFlag(KMElementFlag::Hidden);
-}
-
 void selectCorners(KMMeshNode &mesh, const KMFace &face, bool selected)
 {
     for (int c = 0; c < face.count; ++c)
@@ -56,8 +51,7 @@ void fromSelectedEdges(KMMeshNode &mesh, Walk walk)
 
 bool isOpen(const KMMeshNode &mesh, const KMEdge &edge)
 {
-    return edge.faceRefs.size() == 1 && !edge.hasFlag(KMElementFlag::Selected)
-           && !isHidden(mesh.face(edge.faceRefs.first()));
+    return edge.faceRefs.size() == 1 && !edge.hasFlag(KMElementFlag::Selected) && mesh.isShown(edge);
 }
 
 } // namespace
@@ -88,7 +82,7 @@ void expandVertices(KMMeshNode &mesh)
     const QVector<int> vertices = KMSelectedElements::vertices(mesh);
     for (const int vertex : vertices) {
         for (const int f : mesh.vertex(vertex)->faceRefs) {
-            if (!isHidden(mesh.face(f)))
+            if (mesh.isFaceShown(f))
                 selectCorners(mesh, *mesh.face(f), true);
         }
     }

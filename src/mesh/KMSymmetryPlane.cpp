@@ -19,3 +19,8 @@ kvm::Vector3 KMSymmetryPlane::reflected(const kvm::Vector3 &point) const
 {
     return point - m_normal * (2.0f * distance(point));
 }
+
+kvm::Vector3 KMSymmetryPlane::reflectedWay(const kvm::Vector3 &way) const
+{
+    return way - m_normal * (2.0f * dot(way, m_normal));
+}

@@ -13,6 +13,7 @@ public:
     const kvm::Vector3 &normal() const { return m_normal; } ///< unit length
     float distance(const kvm::Vector3 &point) const;        ///< above 0 on the side of the normal
     kvm::Vector3 reflected(const kvm::Vector3 &point) const;
+    kvm::Vector3 reflectedWay(const kvm::Vector3 &way) const; ///< of a direction, wherever the plane stands
 
 private:
     kvm::Vector3 m_normal;

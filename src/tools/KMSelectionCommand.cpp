@@ -1,12 +1,24 @@
 #include "tools/KMSelectionCommand.h"
 
 #include "core/KMUndoMacro.h"
+#include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 
 #include <QCoreApplication>
 #include <QKeySequence>
 
 #include <algorithm>
+
+namespace {
+
+/// Brings the edges up to the faces where no frame has done it since these were edited, as in a script or a macro.
+void followFaces(KMMeshNode &mesh)
+{
+    if (mesh.dirtyMask() & KMMeshDirty::Edges)
+        mesh.rebuildEdges();
+}
+
+} // namespace
 
 KMSelectionCommand::KMSelectionCommand(const Row &row, QObject *parent)
     : KMCommand(QCoreApplication::translate("KMSelectionCommand", row.text), parent)
@@ -24,6 +36,8 @@ bool KMSelectionCommand::accepts(const KMMeshNode &mesh) const
 QList<KMMeshNode *> KMSelectionCommand::targets() const
 {
     QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
+    if (m_row.needed == KMMeshTargets::Edges)
+        std::for_each(meshes.cbegin(), meshes.cend(), [](KMMeshNode *mesh) { followFaces(*mesh); });
     const auto isNone = [this](const KMMeshNode *mesh) {
         const bool isOutOfReach = m_row.reach == Reach::Own && mesh->ownerNode();
         return isOutOfReach || !KMMeshTargets::isEditable(*mesh) || !accepts(*mesh);
@@ -59,9 +73,15 @@ void KMSelectionCommand::run()
         return;
     const KMUndoMacro macro(text());
     for (KMMeshNode *mesh : meshes) {
+        // A result would take itself for one that was moved by hand, by a step of its own or by the marks.
+        if (mesh->ownerNode()) {
+            followFaces(*mesh);
+            runOn(*mesh);
+            continue;
+        }
+        KMMeshEdit::settleEdges(*mesh);
         runOn(*mesh);
-        if (!mesh->ownerNode()) // a result would take itself for one that was moved by hand
-            mesh->markDirty(KMMeshDirty::All);
+        mesh->markDirty(KMMeshDirty::All);
     }
 }
 

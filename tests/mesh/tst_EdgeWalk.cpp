@@ -1,3 +1,4 @@
+#include "mesh/KMEdgePath.h"
 #include "mesh/KMEdgeWalk.h"
 #include "mesh/KMFaceFlood.h"
 #include "mesh/KMMeshNode.h"
@@ -44,6 +45,7 @@ private slots:
     void rings_data();
     void rings();
     void roundWalksEnd();
+    void hiddenFacesEndWalks();
     void floodsAsUnited();
 };
 
@@ -120,6 +122,25 @@ void tst_EdgeWalk::roundWalksEnd()
     }
     const Mesh cube(MeshFixtures::cube());
     QCOMPARE(KMEdgeWalk::markLoop(*cube, cube->findEdge(0, 1), flag).size(), 1); // three faces, one of them ahead
+}
+
+/// Of a grid the band of quads in the middle is hidden: what only they have is out of reach.
+void tst_EdgeWalk::hiddenFacesEndWalks()
+{
+    const Mesh mesh(MeshFixtures::grid(5, 5));
+    for (int f = 10; f < 15; ++f)
+        mesh->setFaceFlag(f, KMElementFlag::Hidden);
+    const auto edgeAt = [&mesh](int a, int b) { return mesh->findEdge(a, b); };
+    QCOMPARE(KMEdgeWalk::markLoop(*mesh, edgeAt(2, 8), flag).size(), 2);   // across the band
+    QCOMPARE(KMEdgeWalk::markLoop(*mesh, edgeAt(14, 15), flag).size(), 5); // beside it
+    mesh->clearAllEdgeFlags(flag);
+    QVector<int> passed;
+    QCOMPARE(KMEdgeWalk::markRing(*mesh, edgeAt(2, 3), flag, &passed).size(), 3);
+    QCOMPARE(passed.size(), 2);
+    QCOMPARE(KMEdgePath(*mesh).between(8, 26).size(), 0);
+    QCOMPARE(KMEdgePath(*mesh).between(6, 11).size(), 6);
+    mesh->clearFaceFlag(14, KMElementFlag::Hidden);
+    QCOMPARE(KMEdgePath(*mesh).between(8, 26).size(), 8); // out to its edge and back
 }
 
 /// Against sets that are united edge by edge.

@@ -106,7 +106,11 @@ private:
     void separate() { KMMeshEdit::separateVertices(m_mesh, someVertices(2)); }
     void extrude() { KMMeshEdit::extrudeEdges(m_mesh); }
     void fill() { KMMeshEdit::fillSelectedHoles(m_mesh); }
-    void smooth() { KMMeshEdit::smoothEdges(m_mesh); }
+    void smooth()
+    {
+        KMMeshEdit::settleEdges(m_mesh);
+        KMMeshEdit::smoothEdges(m_mesh);
+    }
     void turn();
     void weld();
     KMMeshSelect::Mode anyMode() { return KMMeshSelect::Mode(below(3)); }
