@@ -7,6 +7,7 @@ void copyFace(KMFace &destination, const KMFace &source)
     const int index = destination.index;
     destination = source;
     destination.index = index;
+    destination.flags &= quint8(~KMElementFlag::Hot); // the cursor's, not the record's
 }
 
 void copyCorner(KMFace &destination, int to, const KMFace &source, int from)

@@ -7,6 +7,7 @@ void copyVertex(KMVertex &destination, const KMVertex &source)
     const int index = destination.index;
     destination = source;
     destination.index = index;
+    destination.flags &= quint8(~KMElementFlag::Hot); // the cursor's, not the record's
 }
 
 QDebug operator<<(QDebug debug, const KMVertex &vertex)

@@ -85,7 +85,6 @@ void KMGridNode::rebuild()
     buildLines();
     if (!isUVMode())
         buildAxes();
-    buildSnapPoints();
     m_needsUpload = true;
 }
 
@@ -131,19 +130,25 @@ void KMGridNode::buildAxes()
     addLine(at(0, -m_halfExtent), at(0, m_halfExtent), toVector(gSettings->displayColor(row.vAxis)));
 }
 
-void KMGridNode::buildSnapPoints()
+QVector<kvm::Vector3> KMGridNode::crossings() const
 {
-    m_crossings.clear();
-    m_cellCentres.clear();
+    QVector<kvm::Vector3> points;
     for (int i = 0; i <= m_cells; ++i) {
         for (int j = 0; j <= m_cells; ++j)
-            m_crossings << at(lineAt(i), lineAt(j));
+            points << at(lineAt(i), lineAt(j));
     }
+    return points;
+}
+
+QVector<kvm::Vector3> KMGridNode::cellCentres() const
+{
+    QVector<kvm::Vector3> points;
     const float half = m_step * 0.5f;
     for (int i = 0; i < m_cells; ++i) {
         for (int j = 0; j < m_cells; ++j)
-            m_cellCentres << at(lineAt(i) + half, lineAt(j) + half);
+            points << at(lineAt(i) + half, lineAt(j) + half);
     }
+    return points;
 }
 
 bool KMGridNode::upload()

@@ -40,8 +40,8 @@ public:
     /// Two elements a line. First all lines of one direction, then the other, at last the two axes; a line that
     /// would lie under an axis has no length.
     const QVector<KMLineElement> &lines() const { return m_lines; }
-    const QList<kvm::Vector3> &crossings() const { return m_crossings; }
-    const QList<kvm::Vector3> &cellCentres() const { return m_cellCentres; }
+    QVector<kvm::Vector3> crossings() const;   ///< to snap to; made at each call, as they may be a million
+    QVector<kvm::Vector3> cellCentres() const; ///< the same
 
     void rebuild(); ///< the display colours are others
 
@@ -55,7 +55,6 @@ private:
     void addLine(const kvm::Vector3 &from, const kvm::Vector3 &to, const kvm::Vector4 &color);
     void buildLines();
     void buildAxes();
-    void buildSnapPoints();
     bool upload();
 
     Plane m_plane;
@@ -64,8 +63,6 @@ private:
     float m_step = DefaultCellSize;
     float m_halfExtent = 0.0f;
     QVector<KMLineElement> m_lines;
-    QList<kvm::Vector3> m_crossings;
-    QList<kvm::Vector3> m_cellCentres;
     std::unique_ptr<RenderGroup> m_buffers; // null until it is drawn
     bool m_needsUpload = true;
 };

@@ -274,7 +274,9 @@ void KMPickSearch::findVertex()
             const float dx = vertex->screenPos.x - float(m_x);
             const float dy = vertex->screenPos.y - float(m_y);
             const float distance2 = dx * dx + dy * dy;
-            if (!(distance2 < best))
+            const KMVertex *former = m_request.isHit() ? m_request.mesh->vertex(m_request.vertex) : nullptr;
+            const bool isInFront = former && distance2 == best && vertex->screenPos.z < former->screenPos.z;
+            if (!(distance2 < best) && !isInFront)
                 continue;
             const bool ofOccluder = m_occluder.mesh == nearby.mesh && m_occluder.face->hasVertex(vertex->index);
             if (!isShown(nearby, *vertex) || (!ofOccluder && isHidden(m_ray.depthOf(vertex->pos))))
@@ -316,12 +318,15 @@ void KMPickSearch::tryEdges(KMMeshNode *mesh, const KMFace &face, bool isOcclude
         const double t = length2 > 0.0 ? qBound(0.0, along, 1.0) : 0.0;
         const double dx = s.x[0] + t * ax - m_x, dy = s.y[0] + t * ay - m_y;
         const float distance2 = float(dx * dx + dy * dy);
-        if (!(distance2 < qMin(m_request.distance2, m_margin2)))
-            continue;
         const double weights[2] = {1.0 - t, t};
-        KMEdge *edge = mesh->findEdge(face.indices[c], face.next(c));
-        if (!edge || (!isOccluder && isHidden(m_ray.depthBetween(s.depth, weights, 2))))
+        const double depth = m_ray.depthBetween(s.depth, weights, 2);
+        const bool isInFront = m_request.edge && distance2 == m_request.distance2 && depth < m_edgeDepth;
+        if (!(distance2 < qMin(m_request.distance2, m_margin2)) && !isInFront)
             continue;
+        KMEdge *edge = mesh->findEdge(face.indices[c], face.next(c));
+        if (!edge || (!isOccluder && isHidden(depth)))
+            continue;
+        m_edgeDepth = depth;
         m_request.mesh = mesh;
         m_request.edge = edge;
         m_request.point = (mesh->position(edge->index0) + mesh->position(edge->index1)) * 0.5f;

@@ -69,4 +69,5 @@ private:
     std::vector<Nearby> m_nearby;
     QVector<quint8> m_sides; // of each vertex, where it stands about the cursor
     Surface m_occluder;
+    double m_edgeDepth = 0.0; // of the edge that was found
 };

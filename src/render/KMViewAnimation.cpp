@@ -37,8 +37,18 @@ kvm::Vector3 mean(const KMMeshNode &mesh)
 
 kvm::Vector3 centreOfMesh(const KMMeshNode &mesh)
 {
-    if (!mesh.selectedVertices().isEmpty())
-        return mesh.selectionCentre();
+    const std::vector<bool> marks = mesh.selectionMarks(); // of now, not of the last drag
+    double sum[3] = {};
+    int count = 0;
+    for (int i = 0; i < mesh.vertexCount(); ++i) {
+        if (!marks[size_t(i)])
+            continue;
+        ++count;
+        for (int axis = 0; axis < 3; ++axis)
+            sum[axis] += double(mesh.position(i)[axis]);
+    }
+    if (count > 0)
+        return {float(sum[0] / count), float(sum[1] / count), float(sum[2] / count)};
     return mesh.liveVertices().isEmpty() ? mesh.worldMatrix().translation() : mean(mesh);
 }
 

@@ -87,6 +87,8 @@ void KMViewInput::press(QMouseEvent *event)
 /// What a drag left behind whose end went elsewhere, to a window that opened under it.
 void KMViewInput::abandon()
 {
+    if (m_drag != Drag::None && m_widget->camera())
+        m_widget->camera()->mouseRelease();
     m_buttons = {};
     m_drag = Drag::None;
     m_toolConsumed = false;
@@ -180,10 +182,8 @@ void KMViewInput::move(QMouseEvent *event)
         return;
     bool isChanged = false;
     if (event->buttons() == Qt::NoButton) {
-        if (m_drag != Drag::None) {
-            camera->mouseRelease();
+        if (m_drag != Drag::None)
             abandon();
-        }
         isChanged = hover(event->localPos());
     }
     if (m_drag == Drag::Over)

@@ -1,16 +1,32 @@
 #include "shell/views/KMViewMenu.h"
 
 #include "core/KMSettings.h"
+#include "render/KMCameraBox.h"
+#include "render/KMCameraBoxShape.h"
+#include "render/KMNavigationIcons.h"
+#include "render/KMOpenGLWidget.h"
 
 #include <QMenu>
 #include <QMouseEvent>
 #include <QTimer>
 
-KMViewMenu::KMViewMenu(QWidget *view, QMenu *menu)
+KMViewMenu::KMViewMenu(KMOpenGLWidget *view, QMenu *menu)
     : QObject(view)
+    , m_view(view)
     , m_menu(menu)
 {
     view->installEventFilter(this);
+}
+
+/// The icons and the box in the corner have a sense of their own for the right button.
+bool KMViewMenu::isOnControl(const QPointF &position) const
+{
+    const KMCameraNode *camera = m_view->camera();
+    if (!camera)
+        return false;
+    const KMCameraBox *box = m_view->cameraBox();
+    return KMNavigationIcons::codeAt(*camera, position) != KMNavigationIcons::NoIcon
+           || (box && box->codeAt(*camera, position) != KMCameraBoxShape::NoHit);
 }
 
 bool KMViewMenu::isPlainClick(const QMouseEvent *event) const
@@ -44,7 +60,7 @@ bool KMViewMenu::eventFilter(QObject *, QEvent *event)
 
 void KMViewMenu::press(const QMouseEvent *event)
 {
-    m_isPressed = isPlainClick(event);
+    m_isPressed = isPlainClick(event) && !isOnControl(event->localPos());
     m_press = event->globalPos();
 }
 
