@@ -1,5 +1,6 @@
 #include "modifiers/KMPolygonize.h"
 
+#include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeTreeCommands.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
@@ -58,6 +59,7 @@ KMMeshNode *KMPolygonize::replace(KMPrimitiveNode *primitive)
     if (!isTaken(primitive->name()))
         mesh->setName(primitive->name());
     const bool isExpanded = primitive->item()->isExpanded();
+    gSolution->push(new selectNodeCommand(primitive)); // for the way back, on which the mesh is taken out before
     gSolution->push(new insertNodeCommand(mesh, KMTreeWidget::parentNodeOf(primitive),
                                           KMTreeWidget::positionOf(primitive->item())));
     const QList<KMContainerNode *> children = childrenOf(primitive);
@@ -65,6 +67,6 @@ KMMeshNode *KMPolygonize::replace(KMPrimitiveNode *primitive)
         gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, mesh, child, KMRowFocus::Keep));
     gProject->deleteNode(primitive);
     mesh->item()->setExpanded(isExpanded);
-    gProject->tree()->setCurrentItem(mesh->item());
+    gSolution->push(new selectNodeCommand(mesh));
     return mesh;
 }

@@ -163,13 +163,10 @@ KMNodeCommand::Work NodeComMergeClosedVertex::plan()
     m_selectedOnly = form.value(selectedOnly).toBool();
 
     KMMeshNode *edited = mesh();
-    const auto pairs = KMCloseVertices::find(*edited, float(m_distance), m_selectedOnly);
+    const QVector<KMVertexPair> pairs = KMCloseVertices::find(*edited, float(m_distance), m_selectedOnly);
     if (pairs.isEmpty())
         return {};
-    return [edited, pairs] {
-        for (const KMCloseVertices::Pair &pair : pairs)
-            KMMeshEdit::mergeVertex(*edited, pair.remove, pair.keep);
-    };
+    return [edited, pairs] { KMMeshEdit::mergeVertices(*edited, pairs); };
 }
 
 QString NodeComPolygonize::obstacle() const
