@@ -123,7 +123,7 @@ void tst_MeshTidy::closeVertices()
 /// Comparing all with all would not come to an end.
 void tst_MeshTidy::closeVerticesAtOnePlace()
 {
-    constexpr int count = 60000;
+    constexpr int count = 20000;
     KMMeshNode mesh;
     for (int i = 0; i < count; ++i)
         mesh.addVertexRaw({float(i % 2) * 1.5f, 1.0f, 2.0f});
