@@ -258,6 +258,7 @@ void KMNodeEdits::setVisible(const QList<KMContainerNode *> &nodes, bool visible
     const KMUndoMacro macro(tr("Set Visible"));
     for (KMContainerNode *node : nodes)
         gSolution->push(new setVisibleCommand(node, visible));
+    gProject->checkModifiers(); // one that is switched off drops out of its chain
 }
 
 void KMNodeEdits::setLocked(const QList<KMContainerNode *> &nodes, bool locked)
