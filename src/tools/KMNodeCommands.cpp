@@ -15,6 +15,7 @@
 #include "mesh/KMSelectedElements.h"
 #include "mesh/KMVertexCommands.h"
 #include "mesh/KMVertexMerge.h"
+#include "modifiers/KMFreezeModifiers.h"
 #include "modifiers/KMPolygonize.h"
 #include "modifiers/KMPrimitiveNode.h"
 #include "render/KMCameraNode.h"
@@ -170,6 +171,11 @@ KMNodeCommand::Work NodeComMergeClosedVertex::plan()
         for (const KMCloseVertices::Pair &pair : pairs)
             KMMeshEdit::mergeVertex(*edited, pair.remove, pair.keep);
     };
+}
+
+void NodeComFreezeModifier::run()
+{
+    KMFreezeModifiers::freezeModifiers(mesh());
 }
 
 QString NodeComPolygonize::obstacle() const
