@@ -13,8 +13,8 @@ class KMVariantNode;
 /// Replaces its input by the quads of a Catmull-Clark surface, with UVs, colours, shaders, and the flags of the faces
 /// that they lie on. A move of the input is a product with tables that are made with the topology.
 ///
-/// Vertices of the input come first in the result, in the order of their slots; the quads of a face follow one
-/// another, in the order of the faces. Lines and vertices without faces make nothing.
+/// Vertices of the input come first in the result, in the order of their slots. The quads of a face follow one
+/// another, in the order of the faces; its place in the table of faces is that of the first of them.
 class KMModSdvNode : public KMModifierNode
 {
     Q_OBJECT
@@ -41,9 +41,6 @@ public:
     Parameters parameters() const;
     void setParameters(const Parameters &parameters);
 
-    /// How many faces of the result a face of so many corners makes, from its place in the table of faces on.
-    int descendantCount(int corners) const;
-
     void copyFaceFlags() override;
     void onPositionsChanged() override { updateTags(); }
     void onWeightChanged() override;
@@ -64,10 +61,12 @@ private:
     int level() const;
     bool takesNormals() const;
     void setNormalsTaken(bool taken);
-    void copyInput(const KMMeshNode &input, KMMeshNode &result);
+    void copyInput(KMMeshNode &input, KMMeshNode &result);
+    void subdivide(const KMMeshNode &input, KMMeshNode &result);
     bool isWithinMemory(const KMMeshNode &input) const;
     bool updateNormals(KMMeshNode &input, KMMeshNode &result);
-    void copyNormals(const KMMeshNode &input, KMMeshNode &result) const;
+    template <class Visit>
+    void forEachDescendant(Visit visit) const;
 
     std::unique_ptr<KMIntNode> m_level;
     std::unique_ptr<KMBoolNode> m_smoothTriangles;
@@ -75,6 +74,5 @@ private:
     std::unique_ptr<KMBoolNode> m_subdivTag;
     std::unique_ptr<KMSdvSurface> m_surface; // null while the result is empty or a copy
     KMTagNormal *m_normalTag;                // of the result, which owns it
-    int m_builtLevel = 0;
     bool m_areNormalsTaken = false;
 };
