@@ -147,6 +147,9 @@ void KMSdvSurface::writeValues(const KMSdvRefiner &refiner, KMMeshNode &result) 
 bool KMSdvSurface::updateCreases(const KMMeshNode &mesh, const QVector<int> &vertexMap, KMMeshNode &result)
 {
     m_cage.readCreases(mesh, vertexMap);
+    // Those of a surface change with its creases as well.
+    if (!m_uvs.corners.regather(m_cage, mesh, uvOf) || !m_colors.corners.regather(m_cage, mesh, colorOf))
+        return false;
     const std::unique_ptr<KMSdvRefiner> refiner = makeRefiner();
     if (!refiner->isValid() || refiner->faceCount() != result.faceCount())
         return false;
