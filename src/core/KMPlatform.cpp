@@ -1,5 +1,7 @@
 #include "core/KMPlatform.h"
 
+#include <QFile>
+#include <QRegularExpression>
 #include <QSysInfo>
 
 QString desktopWallpaperFile()
@@ -10,4 +12,13 @@ QString desktopWallpaperFile()
 KMOperatingSystem operatingSystem()
 {
     return {QSysInfo::prettyProductName(), true};
+}
+
+qint64 availableMemory()
+{
+    QFile file(QStringLiteral("/proc/meminfo"));
+    if (!file.open(QFile::ReadOnly))
+        return 0;
+    const QRegularExpression row(QStringLiteral("MemAvailable:\\s*(\\d+) kB"));
+    return row.match(QString::fromLatin1(file.readAll())).captured(1).toLongLong() * 1024;
 }

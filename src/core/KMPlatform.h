@@ -15,3 +15,6 @@ struct KMOperatingSystem
 };
 
 KMOperatingSystem operatingSystem();
+
+/// Bytes that programs can still take without taking them from one another; 0 where the system doesn't say.
+qint64 availableMemory();
