@@ -10,7 +10,7 @@
 struct KMFFDBox
 {
     static constexpr int MinNodes = 2;
-    static constexpr int MaxNodes = 128;        ///< along a side: powers of single precision reach no further
+    static constexpr int MaxNodes = 128;        ///< along a side
     static constexpr float MaxSize = 1e9f;      ///< whose third power is a number still
     static constexpr qint64 MaxPoints = 300000; ///< the lines between more would take half a gigabyte
 

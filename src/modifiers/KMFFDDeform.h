@@ -1,7 +1,7 @@
 #pragma once
 
 #include "math/Vector4.h"
-#include "modifiers/KMFFDBox.h"
+#include "modifiers/KMFFDLattice.h"
 
 #include <QVector>
 
@@ -13,7 +13,8 @@ public:
     void setBox(const KMFFDBox &box); ///< takes memory; the rest doesn't
 
     /// For the points to come. The control points are those of the box, in its order.
-    void prepare(const KMTransform &transform, const QVector<kvm::Vector3> &points, float power);
+    void prepare(const KMTransform &transform, const QVector<KMFFDPoint> &points, float power);
+    bool isOf(const QVector<KMFFDPoint> &points) const; ///< the points are where they were then
     kvm::Vector3 operator()(const kvm::Vector3 &p) const;
 
 private:

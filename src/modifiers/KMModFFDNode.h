@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/KMChangeValueCommand.h"
 #include "core/KMPointCarrier.h"
 #include "modifiers/KMFFDDeform.h"
 #include "modifiers/KMFFDLattice.h"
@@ -43,7 +44,7 @@ public:
     void setParameters(const Parameters &parameters);
     KMFloatNode *power() const { return m_power.get(); }
 
-    const QVector<kvm::Vector3> &controlPoints() const; ///< in the world; z runs fastest, then y, then x
+    QVector<kvm::Vector3> controlPoints() const; ///< in the world; z runs fastest, then y, then x
     /// False, and nothing changes, when there are more or fewer than the counts say. What is no number goes to rest.
     bool setControlPoints(const QVector<kvm::Vector3> &points);
 
@@ -74,9 +75,7 @@ protected:
 
 private:
     Parameters accepted(const Parameters &parameters) const;
-    void followPoints();
 
-    KMFFDBox m_box;
     std::unique_ptr<KMFloatNode> m_power;
     KMFFDLattice m_lattice;
     KMFFDDeform m_deform;

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QVector>
 
+struct KMVertex;
+
 /// Adds the mirror image of its input, across the plane through its own place. Vertices close to the plane are pressed
 /// onto it and belong to both halves; which ones these are follows each move, without making the result anew.
 ///
@@ -67,6 +69,7 @@ private:
     void unweld(int i, KMMeshNode &result);
     int mirrorOf(int i) const;
     void followSeam(const KMMeshNode &input, KMMeshNode &result) const;
+    void copyEdgeWeights(const KMMeshNode &input, KMMeshNode &result) const;
 
     Parameters m_parameters;
     QVector<KMVertex *> m_weldState; // by vertex of the first half: its image while that is out of use, else null
