@@ -5,6 +5,7 @@
 #include "tools/KMToolKind.h"
 
 #include <QAction>
+#include <QButtonGroup>
 #include <QKeyEvent>
 #include <QPropertyAnimation>
 
@@ -179,6 +180,13 @@ void KMTool::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         QToolButton::mouseReleaseEvent(event);
+}
+
+/// The bar checks the tool that is in the hand, a key doesn't; and this is how the group lets go of the former one.
+void KMTool::nextCheckState()
+{
+    if (group() && group()->checkedButton() != this)
+        setChecked(false);
 }
 
 void KMTool::changeEvent(QEvent *event)

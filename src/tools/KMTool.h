@@ -91,7 +91,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
-    void nextCheckState() override {} ///< the bar checks the tool that is in the hand
+    void nextCheckState() override;
 
 private:
     void fadeTo(const QColor &from, const QColor &to);
