@@ -208,9 +208,9 @@ void tst_KMToolSel::toolsByKey()
     QCOMPARE(keys.size(), bar->tools().size());
     const auto isAlone = [bar](KMTool *wanted) {
         const QList<KMTool *> tools = bar->tools();
-        return bar->current() == wanted
-               && std::all_of(tools.begin(), tools.end(),
-                              [wanted](const KMTool *tool) { return tool->isChecked() == (tool == wanted); });
+        return bar->current() == wanted && std::all_of(tools.begin(), tools.end(), [wanted](const KMTool *tool) {
+                   return tool->isChecked() == (tool == wanted);
+               });
     };
     QVERIFY(isAlone(bar->tools().first()));
     QTest::keyClick(&*window, Qt::Key_D);
