@@ -34,6 +34,7 @@ KMPreviewTool::KMPreviewTool(int id, QWidget *parent)
 
 void KMPreviewTool::initialize()
 {
+    KMTool::initialize();
     auto *mesh = new KMToolMesh(KMToolOverlay::Faces | KMToolOverlay::Edges);
     mesh->setColor(previewColor);
     addFaceMesh(mesh);

@@ -2,7 +2,11 @@
 
 #include "core/KMIcon.h"
 #include "core/KMSettings.h"
+#include "render/KMCameraNode.h"
+#include "render/KMOpenGLWidget.h"
+#include "tools/KMElementClick.h"
 #include "tools/KMToolKind.h"
+#include "tools/KMToolSymmetryGrid.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -67,8 +71,17 @@ QImage KMTool::icon() const
     return QToolButton::icon().pixmap(headerIconSize, headerIconSize).toImage();
 }
 
+void KMTool::initialize()
+{
+    if (!isSymmetric())
+        return;
+    m_grid = new KMToolSymmetryGrid;
+    addMesh(EdgeMeshes, m_grid);
+}
+
 void KMTool::finalize()
 {
+    m_grid = nullptr;
     for (QList<KMToolMesh *> &group : m_meshes) {
         qDeleteAll(group);
         group.clear();
@@ -111,6 +124,16 @@ void KMTool::keyPress(QKeyEvent *event, KMOpenGLWidget *)
         return;
     cancel();
     event->accept();
+}
+
+void KMTool::draw(KMOpenGLWidget *widget)
+{
+    if (!m_grid)
+        return;
+    const std::optional<kvm::Matrix4> frame = KMElementClick::symmetryFrame();
+    m_grid->setVisible(frame && widget && widget->camera() && !widget->camera()->isUV());
+    if (m_grid->isVisible())
+        m_grid->place(*frame);
 }
 
 QVector<KMToolOverlay> KMTool::overlays(OverlayGroup group) const

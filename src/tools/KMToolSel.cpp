@@ -59,6 +59,7 @@ KMToolSel::~KMToolSel() = default;
 
 void KMToolSel::initialize()
 {
+    KMTool::initialize();
     m_overlay = new KMToolMesh(KMToolOverlay::Edges);
     m_overlay->setDisplayColor(DP_HOT_EDGE);
     addMesh(EdgeMeshes, m_overlay);

@@ -20,7 +20,6 @@
 #include "tools/KMToolKind.h"
 #include "tools/KMToolLasso.h"
 #include "tools/KMToolSquare.h"
-#include "tools/KMToolSymmetryGrid.h"
 
 #include <QLineF>
 
@@ -100,15 +99,14 @@ void KMToolUniv::resetOptions()
 
 void KMToolUniv::initialize()
 {
+    KMTool::initialize();
     m_handle = new KMToolHandle;
     m_handle->setMode(m_handleMode);
     m_square = new KMToolSquare;
     m_lasso = new KMToolLasso;
     m_brush = new KMToolCircle;
     m_hint = new KMToolMesh(KMToolOverlay::Points);
-    m_grid = new KMToolSymmetryGrid;
     addMesh(FaceMeshes, m_handle);
-    addMesh(EdgeMeshes, m_grid);
     for (KMToolMesh *marquee :
          {static_cast<KMToolMesh *>(m_square), static_cast<KMToolMesh *>(m_lasso), static_cast<KMToolMesh *>(m_brush)})
         addMesh(ScreenLines, marquee);
@@ -123,7 +121,6 @@ void KMToolUniv::finalize()
     m_lasso = nullptr;
     m_brush = nullptr;
     m_hint = nullptr;
-    m_grid = nullptr;
 }
 
 void KMToolUniv::activate()
@@ -458,6 +455,7 @@ void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifi
 
 void KMToolUniv::draw(KMOpenGLWidget *widget)
 {
+    KMTool::draw(widget);
     if (!m_handle)
         return;
     const KMCameraNode *camera = widget ? widget->camera() : nullptr;
@@ -471,8 +469,4 @@ void KMToolUniv::draw(KMOpenGLWidget *widget)
     m_brush->setVisible(shows(Operation::Brush));
     if (m_square->isVisible())
         m_square->stretch(m_pressPos, m_lastPos);
-    const std::optional<kvm::Matrix4> frame = KMElementClick::symmetryFrame();
-    m_grid->setVisible(camera && !camera->isUV() && frame);
-    if (frame)
-        m_grid->place(*frame);
 }

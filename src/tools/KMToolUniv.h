@@ -13,7 +13,6 @@ class KMToolCircle;
 class KMToolHandle;
 class KMToolLasso;
 class KMToolSquare;
-class KMToolSymmetryGrid;
 
 /// The standard tool: a click selects, a drag over nothing selects an area, and a drag at an element or at the handle
 /// moves, scales or turns what is selected. The tools for one of these are the same with fewer parts at the handle.
@@ -59,6 +58,7 @@ protected:
     virtual bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
     virtual void clickNothing();
     virtual bool hasMarquee() const { return true; }
+    bool isSymmetric() const override { return true; }
     virtual KMPickRequest requestFor(float margin) const; ///< what the mouse may pick; margin in pixels
 
 private:
@@ -115,5 +115,4 @@ private:
     KMToolLasso *m_lasso = nullptr;
     KMToolCircle *m_brush = nullptr;
     KMToolMesh *m_hint = nullptr;
-    KMToolSymmetryGrid *m_grid = nullptr;
 };
