@@ -143,7 +143,7 @@ void KMPreviewTool::repaint() const
 bool KMPreviewTool::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest *request) const
 {
     *request = pickRequest();
-    return KMPicker::pick(camera, position, *request) && !request->mesh->ownerNode()
+    return KMElementClick::pick(camera, position, *request) && !request->mesh->ownerNode()
            && KMMeshTargets::isEditable(*request->mesh);
 }
 

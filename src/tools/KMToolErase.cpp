@@ -26,7 +26,7 @@ KMPickRequest pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget)
     request.wantVertex = filter.vertices;
     request.wantEdge = filter.edges;
     request.wantFace = filter.faces;
-    KMPicker::pick(*widget.camera(), event.localPos(), request);
+    KMElementClick::pick(*widget.camera(), event.localPos(), request);
     return request;
 }
 

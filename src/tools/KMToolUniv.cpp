@@ -192,7 +192,7 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return false;
     m_pressPos = m_lastPos = event->localPos();
     m_hasLeftPress = m_isAtHandle = false;
-    m_fixedMesh = nullptr;
+    m_fixedMesh = m_cage = nullptr;
     m_widget = widget;
     const int code = handleCodeAt(m_pressPos, *widget);
     if (code != NoPart) {
@@ -201,10 +201,12 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return true;
     }
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(request, m_pressPos, widget))
+    if (pick(*widget->camera(), m_pressPos, request)) {
         pressElement(request, *event);
-    else
+    } else {
+        m_cage = request.only;
         beginMarquee(*event);
+    }
     return true;
 }
 
@@ -234,16 +236,9 @@ KMPickRequest KMToolUniv::requestFor(float margin) const
     return request;
 }
 
-/// The result of a modifier lies over the mesh that is edited: unless the modifier itself is chosen, it is looked
-/// through.
-bool KMToolUniv::pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const
+bool KMToolUniv::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const
 {
-    if (!KMPicker::pick(*widget->camera(), position, request))
-        return false;
-    if (!request.mesh->ownerModifier() || KMMeshTargets::isChosen(*request.mesh))
-        return true;
-    request.testActiveOnly = true;
-    return KMPicker::pick(*widget->camera(), position, request);
+    return KMElementClick::pick(camera, position, request);
 }
 
 void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &event)
@@ -371,7 +366,7 @@ bool KMToolUniv::hover(const QPointF &position, KMOpenGLWidget *widget)
     Hover over;
     if (code == NoPart) {
         KMPickRequest request = requestFor(hoverMargin);
-        if (pick(request, position, widget))
+        if (pick(*widget->camera(), position, request))
             over = {request.mesh, request.vertex, request.edge ? request.edge->key() : 0, request.face};
     } else {
         KMPicker::clearHot();
@@ -419,7 +414,7 @@ bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
 void KMToolUniv::clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget)
 {
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(request, m_pressPos, widget))
+    if (pick(*widget->camera(), m_pressPos, request))
         clickElement(request, modifiers);
 }
 
@@ -438,7 +433,9 @@ void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifi
     if (operation == Operation::Brush)
         m_brushSelect.commit();
     if (isClick) {
-        if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
+        if (m_cage && !(modifiers & Qt::ControlModifier))
+            KMElementClick::choose(m_cage, KMMeshSelect::clickMode(modifiers));
+        else if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
             clickNothing();
         return;
     }
