@@ -19,6 +19,14 @@ public:
     virtual KMMeshModifier *previous() const = 0; ///< null for the first stage
     virtual KMMeshModifier *next() const = 0;     ///< null for the last stage
 
+    virtual void attach(KMMeshNode *source, KMMeshModifier *previous) = 0; ///< makes it a stage of the mesh's chain
+    virtual void detach() = 0; ///< out of the chain; its result becomes empty, what the user set stays
+    virtual void setNext(KMMeshModifier *next) = 0;
+    virtual void setLast(bool last) = 0; ///< its result is the one that is drawn
+    virtual bool isLast() const = 0;
+    virtual void setBypassed(bool bypassed) = 0;
+    virtual bool isBypassed() const = 0;
+
     virtual void clearResult() = 0;   ///< the topology of the mesh is about to be read anew
     virtual void rebuild() = 0;       ///< full recomputation of the result
     virtual bool update() = 0;        ///< new positions, same topology; true when the topology has to change after all

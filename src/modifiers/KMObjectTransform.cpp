@@ -48,11 +48,11 @@ QList<KMMeshNode *> KMObjectTransform::meshesBelow(const KMNullNode *node)
     return below<KMMeshNode>(node, [](int type) { return type == KMNodeType::Mesh; });
 }
 
-QList<KMNullNode *> KMObjectTransform::primitivesBelow(const KMNullNode *node)
+QList<KMNullNode *> KMObjectTransform::placedBelow(const KMNullNode *node)
 {
-    QList<KMNullNode *> primitives = below<KMNullNode>(node, isPrimitive);
-    primitives.removeOne(const_cast<KMNullNode *>(node));
-    return primitives;
+    QList<KMNullNode *> placed = below<KMNullNode>(node, standsInWorld);
+    placed.removeOne(const_cast<KMNullNode *>(node));
+    return placed;
 }
 
 /// Plain sums where only the place changes, so that no digit is lost.
@@ -108,6 +108,6 @@ void KMObjectTransform::push(KMNullNode *node, const KMTransform &transform)
         return;
     for (KMMeshNode *mesh : meshesBelow(node))
         pushVertices(mesh, step);
-    for (KMNullNode *primitive : primitivesBelow(node))
-        gSolution->push(new editSRTCommand(primitive, moved(primitive->transform(), step)));
+    for (KMNullNode *placed : placedBelow(node))
+        gSolution->push(new editSRTCommand(placed, moved(placed->transform(), step)));
 }

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QMainWindow>
 
+class KMCameraNode;
 class KMCameraSet;
 class KMComContainer;
 class KMCommandContainer;
@@ -210,6 +211,8 @@ private:
     void createEditMenu();
     void createCreateMenu();
     void createSelectionMenu();
+    void createNodesMenu();
+    const KMCameraNode *modelCamera() const; ///< null where no view shows the model
     void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
     void createViewMenu();
     void createWidgetMenu();

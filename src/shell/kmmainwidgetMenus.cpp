@@ -3,14 +3,17 @@
 #include "core/KMIcon.h"
 #include "core/KMSettings.h"
 #include "render/KMCameraNode.h"
+#include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
+#include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
+#include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 
 #include <QMenu>
@@ -29,6 +32,11 @@ void collectActions(const QMenu *menu, QList<QAction *> &actions)
     }
 }
 
+bool showsModel(const KMOpenGLWidget *view)
+{
+    return view && view->isVisible() && view->camera() && !view->camera()->isUV();
+}
+
 } // namespace
 
 void kmmainwidget::createMenus()
@@ -38,6 +46,7 @@ void kmmainwidget::createMenus()
     createEditMenu();
     createCreateMenu();
     createSelectionMenu();
+    createNodesMenu();
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
@@ -160,6 +169,18 @@ void kmmainwidget::createSelectionMenu()
         new KMViewMenu(view, menu);
 }
 
+/// The menu of a row in the tree offers those that fit its node.
+void kmmainwidget::createNodesMenu()
+{
+    auto *family = new KMNodeComContainer(this);
+    m_families << family;
+    family->setCameraSource([this] { return modelCamera(); });
+    m_nodeDock->setNodeCommands(family);
+    QMenu *menu = addMenu(tr("Nodes(&N)"), "Menu Nodes");
+    family->fill(menu);
+    listActionGroup(menu, action("Menu Nodes"));
+}
+
 /// All commands of a family, in the family's order.
 void kmmainwidget::createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family)
 {
@@ -202,4 +223,16 @@ void kmmainwidget::onPreMenuWidget()
 {
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->toggleViewAction()->setChecked(!dock->isHidden());
+}
+
+/// Through which the user looks at the model: that of the view where the mouse is, or was last before it went to a
+/// menu.
+const KMCameraNode *kmmainwidget::modelCamera() const
+{
+    const KMOpenGLContainer *views = m_mainBox->views();
+    for (const KMOpenGLWidget *view : {views->hot(), views->current(), views->leadOf(views->layout())}) {
+        if (showsModel(view))
+            return view->camera();
+    }
+    return nullptr;
 }

@@ -1,0 +1,92 @@
+#include "modifiers/KMFreezeModifiers.h"
+
+#include "core/KMNodeType.h"
+#include "core/KMSolution.h"
+#include "core/KMTagBase.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMMeshModifier.h"
+#include "mesh/KMMeshNode.h"
+#include "modifiers/KMMeshReplacement.h"
+
+#include <vector>
+
+namespace {
+
+constexpr int messageLevel = 4;
+
+/// What such a tag holds is told by the vertices and faces of its own mesh.
+bool isOfElements(int tagType)
+{
+    return tagType == KMNodeType::TagSelection || tagType == KMNodeType::TagMorph || tagType == KMNodeType::TagNormal
+           || tagType == KMNodeType::TagBoneWeight;
+}
+
+/// The result has those tags that the chain carried along; the others are the source's.
+void carryTags(const KMMeshNode &source, KMMeshNode &shape)
+{
+    const QList<KMTagBase *> tags = source.tags();
+    for (const KMTagBase *tag : tags) {
+        if (!tag->isDeleted() && !isOfElements(tag->type()))
+            shape.addTagKeepName(tag->clone());
+    }
+}
+
+} // namespace
+
+std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source)
+{
+    std::vector<std::unique_ptr<KMContainerNode>> stages; // outlive the mesh whose chain they are
+    QList<KMMeshNode::ModifierEntry> chain;
+    for (const KMMeshNode::ModifierEntry &entry : source.modifiers()) {
+        std::unique_ptr<KMContainerNode> stage(entry.second->modifierNode()->clone());
+        if (auto *modifier = dynamic_cast<KMMeshModifier *>(stage.get()))
+            chain.append({entry.first, modifier});
+        stages.push_back(std::move(stage));
+    }
+    const std::unique_ptr<KMMeshNode> cage(source.clone());
+    for (KMTagBase *tag : cage->tags())
+        tag->resetValues();
+    cage->linkChain(chain);
+    cage->refreshMesh(KMMeshDirty::All);
+    KMMeshNode *result = chain.isEmpty() ? nullptr : chain.last().second->modMesh();
+    if (!result || result->vertexCount() == 0)
+        return nullptr;
+    result->refreshMesh(KMMeshDirty::All);
+    std::unique_ptr<KMMeshNode> shape(result->clone());
+    shape->setName(source.name());
+    shape->setEnName(source.enName());
+    shape->setVisible(source.isVisible());
+    shape->setTransform(source.transform());
+    carryTags(source, *shape);
+    shape->markDirty(KMMeshDirty::All);
+    return shape;
+}
+
+/// Empty when there is a result to take over.
+QString KMFreezeModifiers::obstacle(const KMMeshNode &mesh)
+{
+    if (mesh.modifiers().isEmpty())
+        return tr("mesh modifiers count zero.");
+    const KMMeshModifier *last = mesh.modifiers().last().second;
+    if (!last)
+        return tr("Modifiers not found.");
+    if (!last->modMesh())
+        return tr("ModMesh not found.");
+    return mesh.item() ? QString() : tr("invald items.");
+}
+
+int KMFreezeModifiers::freezeModifiers(KMMeshNode *mesh)
+{
+    if (mesh->isLocked())
+        return 0;
+    const QString reason = obstacle(*mesh);
+    std::unique_ptr<KMMeshNode> shape = reason.isEmpty() ? shapeOf(*mesh) : nullptr;
+    if (!shape) {
+        gSolution->showMessage(reason.isEmpty() ? tr("faled mesh freeze.") : reason, messageLevel);
+        return 0;
+    }
+    gSolution->showMessage(tr("Freezed."), messageLevel);
+    const KMUndoMacro macro(tr("Freeze Modifiier"));
+    KMMeshReplacement::put(mesh, shape.release(), [](int type) { return !isModifier(type); });
+    return 1;
+}
