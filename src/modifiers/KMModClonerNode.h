@@ -20,7 +20,7 @@ public:
     enum Mode {
         Steps,  ///< turned by k times `rotate` about the node, then moved by k times `move`
         Line,   ///< from the input to `move` away from it in equal parts, each turned by k times `rotate` in its place
-        Circle, ///< in equal parts of a full turn about the direction of `rotate`; `move` leads to the centre
+        Circle, ///< in equal parts of a full turn about the direction of `rotate`, or y; `move` leads to the centre
         Grid,   ///< in cells of the size `move`, each turned by k times `rotate` in its place; see gridCounts()
         Spiral, ///< turned by k times `rotate` about the direction of `rotate`, with `move` as the way of a full turn
         ModeCount
@@ -64,6 +64,8 @@ protected:
     void freeTables() override;
 
 private:
+    static kvm::Vector3 centerOf(const KMMeshNode &input);
+
     Parameters m_parameters;
     int m_copySize = 0;
     int m_copies = 0;       // that the result has

@@ -3,6 +3,7 @@
 #include "math/Vector3.h"
 #include "modifiers/KMModifierCommand.h"
 #include "modifiers/KMModifierNode.h"
+#include "modifiers/KMResultCopy.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -59,6 +60,11 @@ protected:
     void freeTables() override;
 
 private:
+    void appendOffsetVertices(const KMMeshNode &input, KMMeshNode &result);
+    void appendOffsetFaces(const KMMeshNode &input, KMResultCopy::Winding winding, KMMeshNode &result);
+    void appendWalls(const KMMeshNode &input, bool isTurned, KMMeshNode &result);
+    void appendWall(const KMFace &face, int side, bool isTurned, KMMeshNode &result);
+
     Parameters m_parameters;
     QVector<KMSolidVertex> m_vertexRecords;
     QVector<KMSolidFace> m_faceRecords;
