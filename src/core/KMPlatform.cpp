@@ -1,7 +1,6 @@
 #include "core/KMPlatform.h"
 
 #include <QFile>
-#include <QRegularExpression>
 #include <QSysInfo>
 
 QString desktopWallpaperFile()
@@ -14,11 +13,17 @@ KMOperatingSystem operatingSystem()
     return {QSysInfo::prettyProductName(), true};
 }
 
-qint64 availableMemory()
+quint64 availableMemory()
 {
     QFile file(QStringLiteral("/proc/meminfo"));
-    if (!file.open(QFile::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return 0;
-    const QRegularExpression row(QStringLiteral("MemAvailable:\\s*(\\d+) kB"));
-    return row.match(QString::fromLatin1(file.readAll())).captured(1).toLongLong() * 1024;
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (!line.startsWith("MemAvailable:"))
+            continue;
+        constexpr quint64 unit = 1024;
+        return line.simplified().split(' ').value(1).toULongLong() * unit;
+    }
+    return 0;
 }

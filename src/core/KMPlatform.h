@@ -16,5 +16,5 @@ struct KMOperatingSystem
 
 KMOperatingSystem operatingSystem();
 
-/// Bytes that programs can still take without taking them from one another; 0 where the system doesn't say.
-qint64 availableMemory();
+/// Bytes that programs may still take without harm to the others; 0 where the system doesn't say.
+quint64 availableMemory();
