@@ -1,34 +1,9 @@
 #include "modifiers/KMPolygonize.h"
 
-#include "core/KMNodePropertyCommands.h"
-#include "core/KMNodeTreeCommands.h"
-#include "core/KMProject.h"
-#include "core/KMSolution.h"
 #include "core/KMTagBase.h"
-#include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMMeshReplacement.h"
 #include "modifiers/KMPrimitiveNode.h"
-
-namespace {
-
-bool isTaken(const QString &name)
-{
-    for (const KMMeshNode *mesh : gProject->meshNodes()) {
-        if (!mesh->isDeleted() && mesh->name() == name)
-            return true;
-    }
-    return false;
-}
-
-QList<KMContainerNode *> childrenOf(const KMContainerNode *node)
-{
-    QList<KMContainerNode *> children;
-    for (int i = 0; i < node->item()->childCount(); ++i)
-        children << KMTreeWidget::nodeOf(node->item()->child(i));
-    return children;
-}
-
-} // namespace
 
 KMMeshNode *KMPolygonize::meshOf(const KMPrimitiveNode &primitive)
 {
@@ -51,22 +26,9 @@ KMMeshNode *KMPolygonize::meshOf(const KMPrimitiveNode &primitive)
     return mesh;
 }
 
-/// The children move before the primitive goes, which would take them along.
 KMMeshNode *KMPolygonize::replace(KMPrimitiveNode *primitive)
 {
     KMMeshNode *mesh = meshOf(*primitive);
-    gProject->addRaw(mesh);
-    if (!isTaken(primitive->name()))
-        mesh->setName(primitive->name());
-    const bool isExpanded = primitive->item()->isExpanded();
-    gSolution->push(new selectNodeCommand(primitive)); // for the way back, on which the mesh is taken out before
-    gSolution->push(new insertNodeCommand(mesh, KMTreeWidget::parentNodeOf(primitive),
-                                          KMTreeWidget::positionOf(primitive->item())));
-    const QList<KMContainerNode *> children = childrenOf(primitive);
-    for (KMContainerNode *child : children)
-        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, mesh, child, KMRowFocus::Keep));
-    gProject->deleteNode(primitive);
-    mesh->item()->setExpanded(isExpanded);
-    gSolution->push(new selectNodeCommand(mesh));
+    KMMeshReplacement::put(primitive, mesh, [](int) { return true; });
     return mesh;
 }

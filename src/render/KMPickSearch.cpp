@@ -2,6 +2,7 @@
 
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
 #include "render/KMRenderer.h"
@@ -41,6 +42,13 @@ bool isActive(const KMMeshNode &mesh)
 {
     const KMNode *active = gSolution->currentNode();
     return active && (active == &mesh || active == mesh.ownerNode());
+}
+
+/// Only the end of a chain of modifiers is drawn; and where the mesh at its start is meant, not even that counts.
+bool isLookedThrough(const KMMeshNode &mesh, const KMMeshNode *only)
+{
+    const KMMeshModifier *owner = mesh.ownerModifier();
+    return owner && (owner->next() || (only && owner->source() == only));
 }
 
 float orientation(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Vector3 &c)
@@ -104,12 +112,15 @@ void KMPickSearch::collectMeshes()
     const bool currentOnly = KMViewFilter::isOn(KMViewFilter::CullingCurrentOnly);
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
         const KMContainerNode *owner = mesh->ownerNode();
+        if (isLookedThrough(*mesh, m_request.only))
+            continue;
         const bool isVisible = mesh->isVisible() && (!owner || owner->isVisible());
         const bool isLocked = mesh->isLocked() || (owner && owner->isLocked());
         const bool active = isActive(*mesh);
         if (isLocked || (!isVisible && !m_request.includeHidden) || (active && m_request.skipActiveMesh))
             continue;
-        Nearby nearby{mesh, active || !m_request.testActiveOnly, !owner || m_request.includeChildren, false, {}, {}};
+        const bool isPickable = m_request.only ? mesh == m_request.only : active || !m_request.testActiveOnly;
+        Nearby nearby{mesh, isPickable, !owner || m_request.includeChildren, false, {}, {}};
         nearby.isCulled = m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
         m_nearby.push_back(nearby);
     }

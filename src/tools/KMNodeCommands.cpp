@@ -15,6 +15,7 @@
 #include "mesh/KMSelectedElements.h"
 #include "mesh/KMVertexCommands.h"
 #include "mesh/KMVertexMerge.h"
+#include "modifiers/KMFreezeModifiers.h"
 #include "modifiers/KMPolygonize.h"
 #include "modifiers/KMPrimitiveNode.h"
 #include "render/KMCameraNode.h"
@@ -167,6 +168,11 @@ KMNodeCommand::Work NodeComMergeClosedVertex::plan()
     if (pairs.isEmpty())
         return {};
     return [edited, pairs] { KMMeshEdit::mergeVertices(*edited, pairs); };
+}
+
+void NodeComFreezeModifier::run()
+{
+    KMFreezeModifiers::freezeModifiers(mesh());
 }
 
 QString NodeComPolygonize::obstacle() const

@@ -88,6 +88,17 @@ private:
     bool m_selectedOnly = false;
 };
 
+/// Replaces the mesh by what its chain of modifiers makes of it.
+class NodeComFreezeModifier : public KMNodeCommand
+{
+    Q_OBJECT
+public:
+    using KMNodeCommand::KMNodeCommand;
+
+protected:
+    void run() override;
+};
+
 class NodeComPolygonize : public KMNodeCommand
 {
     Q_OBJECT

@@ -12,6 +12,8 @@
 #include "support/CommandProof.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
+#include "tools/KMToolHandle.h"
+#include "tools/KMToolUniv.h"
 
 #include <QTest>
 
@@ -34,13 +36,21 @@ ToolWindow::ToolWindow(KMMeshNode *shape, int toolId)
     : mesh(shape)
     , bar(static_cast<KMToolBar *>((*this)->toolBar()))
 {
+    (*this)->mainBox()->setViewMode(KMOpenGLContainer::Quad);
+    if (mesh) {
+        add(mesh);
+        gSolution->clearHistory();
+        gProject->tree()->setCurrentItem(mesh->item());
+    }
+    bar->tool(toolId)->requestActivation();
+}
+
+void ToolWindow::add(KMMeshNode *shape)
+{
+    mesh = shape;
     for (int i = 0; i < mesh->vertexCount(); ++i)
         mesh->setPosition(i, mesh->position(i) * Size);
-    (*this)->mainBox()->setViewMode(KMOpenGLContainer::Quad);
     gProject->addNode(mesh);
-    gSolution->clearHistory();
-    gProject->tree()->setCurrentItem(mesh->item());
-    bar->tool(toolId)->requestActivation();
 }
 
 bool ToolWindow::isReady() const
@@ -62,6 +72,22 @@ QPointF ToolWindow::at(int viewIndex, const kvm::Vector3 &point) const
 QPointF ToolWindow::at(int viewIndex, int vertex) const
 {
     return at(viewIndex, mesh->position(vertex));
+}
+
+QPointF ToolWindow::onHandle(int viewIndex, int axis, float units) const
+{
+    const KMToolHandle *handle = static_cast<KMToolUniv *>(bar->current())->handle();
+    const KMHandlePlace place = handle->placeIn(*view(viewIndex)->camera());
+    kvm::Vector3 along;
+    along[axis] = units * place.unit;
+    return at(viewIndex, place.position + place.axes.rotate(along));
+}
+
+void ToolWindow::drag(int viewIndex, const QPointF &from, const QPointF &way, Qt::KeyboardModifiers modifiers)
+{
+    ViewMouse mouse(view(viewIndex));
+    mouse.modifiers = modifiers;
+    mouse.drag({Qt::LeftButton}, from, from + way);
 }
 
 void ToolWindow::filter(const KMEditFilter &filter)
