@@ -15,6 +15,7 @@
 #include "mesh/KMSelectedElements.h"
 #include "mesh/KMVertexCommands.h"
 #include "mesh/KMVertexMerge.h"
+#include "modifiers/KMFitFFD.h"
 #include "modifiers/KMFreezeModifiers.h"
 #include "modifiers/KMPolygonize.h"
 #include "modifiers/KMPrimitiveNode.h"
@@ -168,6 +169,12 @@ KMNodeCommand::Work NodeComMergeClosedVertex::plan()
     if (pairs.isEmpty())
         return {};
     return [edited, pairs] { KMMeshEdit::mergeVertices(*edited, pairs); };
+}
+
+void NodeComFitFFD::run()
+{
+    if (!target() || !target()->isLocked())
+        KMFitFFD::run(gSolution->currentNode());
 }
 
 void NodeComFreezeModifier::run()
