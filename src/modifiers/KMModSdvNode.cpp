@@ -230,7 +230,7 @@ void KMModSdvNode::copyFaceFlags()
 void KMModSdvNode::onWeightChanged()
 {
     KMMeshNode *from = input();
-    if (!from || modMesh()->vertexCount() == 0)
+    if (!from || isStale() || modMesh()->vertexCount() == 0)
         return;
     if (!m_surface) {
         KMResultCopy::copyVertexWeights(*from, *modMesh(), m_vertexMap);
@@ -239,7 +239,6 @@ void KMModSdvNode::onWeightChanged()
     }
     if (!m_surface->updateCreases(*from, m_vertexMap, *modMesh()))
         return refresh();
-    modMesh()->markDirty(KMMeshDirty::Buffers);
     update();
 }
 

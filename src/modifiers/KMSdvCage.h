@@ -77,11 +77,12 @@ private:
     template <class Visit>
     static void forEachCorner(const KMSdvCage &cage, const KMMeshNode &mesh, Visit visit)
     {
+        const KMFace none; // for one that went since
         int corner = 0;
         for (size_t k = 0; k < cage.faces.size(); ++k) {
-            const KMFace &face = *mesh.face(cage.faces[k]);
+            const KMFace *face = mesh.face(cage.faces[k]);
             for (int c = 0; c < cage.counts[k]; ++c)
-                visit(corner++, face, c);
+                visit(corner++, face ? *face : none, c);
         }
     }
     /// Numbers that are none equal themselves here.

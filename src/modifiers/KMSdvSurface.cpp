@@ -146,15 +146,14 @@ void KMSdvSurface::writeValues(const KMSdvRefiner &refiner, KMMeshNode &result) 
 
 bool KMSdvSurface::updateCreases(const KMMeshNode &mesh, const QVector<int> &vertexMap, KMMeshNode &result)
 {
-    m_cage.readCreases(mesh, vertexMap);
-    // Those of a surface change with its creases as well.
-    if (!m_uvs.corners.regather(m_cage, mesh, uvOf) || !m_colors.corners.regather(m_cage, mesh, colorOf))
+    // UVs that are smooth follow the creases, and later stages have copied them.
+    if (!isLinear() && (m_uvs.number >= 0 || m_colors.number >= 0))
         return false;
+    m_cage.readCreases(mesh, vertexMap);
     const std::unique_ptr<KMSdvRefiner> refiner = makeRefiner();
     if (!refiner->isValid() || refiner->faceCount() != result.faceCount())
         return false;
     keepStencils(*refiner);
-    writeValues(*refiner, result);
     return true;
 }
 

@@ -18,7 +18,8 @@ public:
 
     /// Fills the empty result, all but the positions. False, and nothing done, when the faces can't be refined.
     bool fill(const KMMeshNode &mesh, KMMeshNode &result);
-    /// Takes over other crease weights, with the topology as it was. False when they can't be.
+    /// Takes over other crease weights, with the topology as it was. False when more than positions
+    /// changes with them, so that the surface has to be made anew.
     bool updateCreases(const KMMeshNode &mesh, const QVector<int> &vertexMap, KMMeshNode &result);
     /// Positions of the mesh to those of the result, allocating nothing.
     void move(const KMMeshNode &mesh, const QVector<int> &vertexMap, KMMeshNode &result);
@@ -33,6 +34,7 @@ private:
         int number = -1; // in the refiner; none for what is the same everywhere
     };
 
+    bool isLinear() const { return m_options.interpolation == KMSdvRefiner::Linear; }
     std::unique_ptr<KMSdvRefiner> makeRefiner();
     void keepStencils(const KMSdvRefiner &refiner);
     static void addVertices(const KMSdvRefiner &refiner, KMMeshNode &result);

@@ -219,8 +219,8 @@ void tst_KMModClonerNode::grid()
     constexpr int count = 8;
     ModifierStage stage(cubeAt({1, 2, 3}), cloner({count, {10, 20, 30}, {1, 1, 1}, {}, Cloner::Grid}));
     for (int k = 0; k < count; ++k)
-        QVERIFY(isNear(centerOf(stage, k),
-                       Vector3(1, 2, 3) + Vector3(10.0f * (k & 1), 10.0f * (k & 2), 7.5f * (k & 4))));
+        QVERIFY(
+            isNear(centerOf(stage, k), Vector3(1, 2, 3) + Vector3(10.0f * (k & 1), 10.0f * (k & 2), 7.5f * (k & 4))));
 }
 
 void tst_KMModClonerNode::spiral()
@@ -230,8 +230,8 @@ void tst_KMModClonerNode::spiral()
     for (int k = 0; k < count; ++k) {
         const float turns = float(k) / 12.0f;
         const double angle = turns * 2 * M_PI;
-        QVERIFY(isNear(centerOf(stage, k), {60 * turns * float(std::sin(angle)), 12 * turns,
-                                            60 * turns * float(std::cos(angle))}));
+        QVERIFY(isNear(centerOf(stage, k),
+                       {60 * turns * float(std::sin(angle)), 12 * turns, 60 * turns * float(std::cos(angle))}));
     }
 }
 
