@@ -25,6 +25,8 @@ struct RendeFuncStruct
     const KMCameraNode *camera;
     bool isMoved = false;   ///< the screen positions are others
     bool isRedrawn = false; ///< what of it is drawn may be other
+    bool isAnew = false;    ///< so may be the edges and vertices
+    bool isOther = false;   ///< answer: other elements of it are drawn than before
 };
 
 /// Draws the scene: one for the process, made by the first view. It owns programs, textures and what all meshes share;

@@ -82,10 +82,12 @@ void KMRenderer::drawNormals(const KMCameraNode &camera)
     style.rotated = color(DP_ROT_NORMAL);
     style.fixed = color(DP_FIX_NORMAL);
     style.selected = color(DP_SEL_NORMAL);
+    // A mesh of which nothing is shown would be a cloud of needles.
+    constexpr quint32 elements = KMRenderMask::Vertices | KMRenderMask::Edges | KMRenderMask::Faces;
     // As long on the screen from near as from far.
     style.length = gSettings->normalLength * normalUnit * camera.pixelScale(diagonal);
     for (const Item &item : std::as_const(m_items)) {
-        if (item.current)
+        if (item.current && (item.mesh->renderFlags() & elements))
             drawElements(item.data->updateNormals(style), lineLayout, GL_LINES);
     }
     line.release();

@@ -23,18 +23,18 @@ void runParallel(QVector<RendeFuncStruct> &calls, Function function)
         QtConcurrent::map(calls, function).waitForFinished();
 }
 
-void refresh(const RendeFuncStruct &call)
+void refresh(RendeFuncStruct &call)
 {
     call.node->refreshMesh(call.node->dirtyMask());
 }
 
-void project(const RendeFuncStruct &call)
+void project(RendeFuncStruct &call)
 {
     const KMCameraNode &camera = *call.camera;
     if (call.isMoved)
         call.node->projectVertices(camera.viewProjection(), camera.width(), camera.height());
     if (call.isRedrawn)
-        call.node->updateDrawn(call.node->renderFlags() & KMRenderMask::FrontOnly);
+        call.isOther = call.node->updateDrawn(call.node->renderFlags() & KMRenderMask::FrontOnly, !call.isAnew);
 }
 
 } // namespace
@@ -120,22 +120,25 @@ void KMRenderer::prepareMeshes(const KMCameraNode &camera)
 void KMRenderer::projectMeshes(const KMCameraNode &camera)
 {
     constexpr quint32 shape = KMMeshDirty::RenderAll;
+    constexpr quint32 otherRecords = KMMeshDirty::RenderIndices | KMMeshDirty::RenderEdges;
     QVector<RendeFuncStruct> calls;
     for (const Item &item : std::as_const(m_items)) {
         const quint32 dirty = item.mesh->renderDirty();
         const bool culled = item.mesh->renderFlags() & KMRenderMask::FrontOnly;
         RendeFuncStruct call{item.mesh, &camera};
         call.isMoved = item.data->projectedView() != m_viewNumber || (dirty & shape);
-        const bool isNew = item.data->projectedView() == 0;
-        call.isRedrawn = isNew || dirty != 0 || culled != item.data->wasCulled() || (culled && call.isMoved);
-        if (call.isRedrawn)
-            item.data->markVisibilityChanged();
+        call.isAnew = item.data->projectedView() == 0 || (dirty & otherRecords);
+        call.isRedrawn = call.isAnew || dirty != 0 || culled != item.data->wasCulled() || (culled && call.isMoved);
         if (call.isMoved || call.isRedrawn)
             calls.append(call);
         item.data->setProjectedView(m_viewNumber);
         item.data->setCulled(culled);
     }
     runParallel(calls, &project);
+    for (const RendeFuncStruct &call : std::as_const(calls)) {
+        if (call.isOther)
+            KMRendererMesh::of(*call.node).markVisibilityChanged();
+    }
 }
 
 void KMRenderer::refreshWindowCoords(const KMCameraNode &camera)

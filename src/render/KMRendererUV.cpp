@@ -52,7 +52,10 @@ void KMRenderer::drawUVPlate(const KMCameraNode &camera)
                                      {{side, 0, 0}, color, {1, 0}},
                                      {{side, side, 0}, color, {1, 1}},
                                      {{0, side, 0}, color, {0, 1}}};
-    writeQuad(*m_plate, corners, int(sizeof(KMQuadElement)));
+    if (!writeQuad(*m_plate, corners, int(sizeof(KMQuadElement)))) {
+        uvt.release();
+        return;
+    }
     uvt.setCamera(camera);
     uvt.setUniformValue("texture", 0);
     texture->bind(0);
@@ -93,19 +96,22 @@ void KMRenderer::drawUV(const KMCameraNode &camera, quint32 maskBit, bool asPoin
 }
 
 /// The current mesh as the other view shows it, in the proportions of that view: texture coordinates can be laid over
-/// it.
+/// it. Its colours in the buffer are those of the other view, marks included, and stay so: here one plain colour does.
 void KMRenderer::drawModelEdgesInUV()
 {
     KMOpenGLShaderProgram &line = program(KMShaderPrograms::Line);
-    if (!m_frame || !m_frame->referenceCamera || !line.begin())
+    const bool isAsked = !m_items.isEmpty() && m_items.last().current
+                         && (m_items.last().mesh->renderFlags() & KMRenderMask::UVEdges);
+    if (!isAsked || !m_frame || !m_frame->referenceCamera || !line.begin())
         return;
     const kvm::Matrix4 stretch = kvm::Matrix4::fromScale({m_frame->referenceWidthRatio, 1.0f, 1.0f});
     line.setMatrix(KMOpenGLShaderProgram::ProjMatrix, m_frame->referenceCamera->projection() * stretch);
     line.setMatrix(KMOpenGLShaderProgram::MvMatrix, m_frame->referenceCamera->modelView());
     setLineWidth(gSettings->lineWidth);
-    for (const Item &item : std::as_const(m_items)) {
-        if (item.current)
-            drawElements(item.data->updateEdges(edgeStyle(item)), lineLayout, GL_LINES);
-    }
+    constexpr GLuint colorPlace = 1; // of the program
+    const kvm::Vector4 plain = toVector(gSettings->displayColor(DP_ACT_EDGE));
+    glVertexAttrib4f(colorPlace, plain.x, plain.y, plain.z, plain.w);
+    const Item &item = m_items.last();
+    drawElements(item.data->updateEdges(edgeStyle(item)), placeLayout, GL_LINES);
     line.release();
 }

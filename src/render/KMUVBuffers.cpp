@@ -24,6 +24,8 @@ void KMUVBuffers::update(const KMMeshNode &mesh, const KMUVStyle &style)
         m_points.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), roomOfFace * faces);
         markStale(Contents);
     }
+    if (noteHidden(mesh))
+        markStale(Visibility);
     if (m_edges.elementCount > 0 && m_points.elementCount > 0) {
         if (stale() & (Positions | Colors)) {
             writeCorners(mesh, m_edges, false);
@@ -33,8 +35,25 @@ void KMUVBuffers::update(const KMMeshNode &mesh, const KMUVStyle &style)
             writeEdgeIndices(mesh);
             writePointIndices(mesh);
         }
+    } else if (faces > 0) {
+        noteRefusal();
     }
     finishUpdate();
+}
+
+/// In this plane no face is turned away, so what the view of the model leaves out says nothing. Whether other faces
+/// are hidden than before.
+bool KMUVBuffers::noteHidden(const KMMeshNode &mesh)
+{
+    const QVector<KMFace *> &faces = mesh.liveFaces();
+    bool isOther = m_hidden.size() != size_t(faces.size());
+    m_hidden.resize(size_t(faces.size()));
+    for (int i = 0; i < faces.size(); ++i) {
+        const bool isHidden = faces[i]->hasFlag(KMElementFlag::Hidden);
+        isOther = isOther || m_hidden[size_t(i)] != isHidden;
+        m_hidden[size_t(i)] = isHidden;
+    }
+    return isOther;
 }
 
 void KMUVBuffers::writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool isPoints)
@@ -46,7 +65,10 @@ void KMUVBuffers::writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool 
     for (const KMFace *face : mesh.liveFaces()) {
         for (int c = 0; c < roomOfFace; ++c, ++element) {
             const quint8 flags = face->cornerFlags[c];
-            element->vertex = kvm::Vector3(face->uvs[c] * PlateSize);
+            if (stale() & Positions)
+                element->vertex = kvm::Vector3(face->uvs[c] * PlateSize);
+            if (!(stale() & Colors))
+                continue;
             element->status = 0.0f;
             if (flags & KMElementFlag::Selected)
                 element->color = m_style.selected;

@@ -4,6 +4,8 @@
 #include "render/KMVertexLayout.h"
 #include "render/RenderGroup.h"
 
+#include <vector>
+
 /// How the corners of faces look in the texture's plane.
 struct KMUVStyle
 {
@@ -30,10 +32,12 @@ public:
 
 private:
     void writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool isPoints);
+    bool noteHidden(const KMMeshNode &mesh);
     void writeEdgeIndices(const KMMeshNode &mesh);
     void writePointIndices(const KMMeshNode &mesh);
 
     RenderGroup m_edges;
     RenderGroup m_points;
     KMUVStyle m_style;
+    std::vector<bool> m_hidden; // faces that the indices leave out
 };
