@@ -103,6 +103,7 @@ private:
     void setLineWidth(float width);
 
     // Order of the frame
+    void drawParts(const KMCameraNode &camera);
     void drawScene(const KMCameraNode &camera);
     void drawUVScene(const KMCameraNode &camera);
     void drawControls(const KMCameraNode &camera);

@@ -23,6 +23,12 @@ void runParallel(QVector<RendeFuncStruct> &calls, Function function)
         QtConcurrent::map(calls, function).waitForFinished();
 }
 
+/// Its refresh changes the meshes of others too.
+bool reachesOut(const KMMeshNode &mesh)
+{
+    return !mesh.modifiers().isEmpty() || (mesh.dirtyMask() & KMMeshDirty::ResultMoved);
+}
+
 void refresh(RendeFuncStruct &call)
 {
     call.node->refreshMesh(call.node->dirtyMask());
@@ -74,8 +80,7 @@ void KMRenderer::refreshChains()
     for (KMMeshNode *mesh : gProject->renderMeshes())
         mesh->beginFrame();
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
-        const bool reachesOut = !mesh->modifiers().isEmpty() || (mesh->dirtyMask() & KMMeshDirty::ResultMoved);
-        if (!reachesOut || !KMRenderMask::isShown(*mesh))
+        if (!reachesOut(*mesh) || !KMRenderMask::isShown(*mesh))
             continue;
         mesh->refreshMesh(mesh->dirtyMask());
         if (mesh->isChainPending())
@@ -87,7 +92,8 @@ void KMRenderer::refreshMeshes(const KMCameraNode &camera)
 {
     QVector<RendeFuncStruct> calls;
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
-        if (mesh->dirtyMask() != 0 && KMRenderMask::isShown(*mesh))
+        const bool isForLater = m_quickFrame && reachesOut(*mesh); // no chain was brought up to date before
+        if (mesh->dirtyMask() != 0 && !isForLater && KMRenderMask::isShown(*mesh))
             calls.append({mesh, &camera});
     }
     runParallel(calls, &refresh);
@@ -145,14 +151,16 @@ void KMRenderer::refreshWindowCoords(const KMCameraNode &camera)
 {
     if (m_busy)
         return;
+    const bool quick = std::exchange(m_quickFrame, false);
     prepareFrame(camera);
+    m_quickFrame = quick;
     m_items.clear();
     m_busy = false;
 }
 
 void KMRenderer::finishFrame()
 {
-    if (gProject) {
+    if (gProject && !m_quickFrame) { // no buffer was told of a change
         for (KMMeshNode *mesh : gProject->renderMeshes())
             mesh->clearRenderDirty(~0u);
     }
