@@ -58,15 +58,15 @@ void KMCameraNode::mousePress(KMMouseEvent *event)
     }
     m_drag.left = buttons & Qt::LeftButton;
     if (buttons & Qt::MiddleButton)
-        startPan(shift);
+        startPan(event->localPos(), shift);
 }
 
-void KMCameraNode::startPan(bool keepExtent)
+void KMCameraNode::startPan(const QPointF &position, bool keepExtent)
 {
     m_saved = view();
     m_drag.pan = true;
     m_drag.panDepth = pivotDepth();
-    m_drag.panAnchor = unproject(m_saved, m_drag.lastPosition, m_drag.panDepth) + m_pan;
+    m_drag.panAnchor = unproject(m_saved, position, m_drag.panDepth) + m_pan;
     if (!keepExtent || m_drag.dollyZoom)
         return;
     m_drag.pivot = m_pivot;
@@ -78,7 +78,7 @@ void KMCameraNode::startPan(bool keepExtent)
 void KMCameraNode::beginPan(const QPoint &position)
 {
     m_drag.lastPosition = position;
-    startPan(false);
+    startPan(position, false);
 }
 
 void KMCameraNode::panBy(const QPoint &offset)

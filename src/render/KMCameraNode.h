@@ -153,7 +153,7 @@ private:
         float extent = 0.0f;    // half of what a dolly zoom keeps in the picture
     };
 
-    void startPan(bool keepExtent);
+    void startPan(const QPointF &position, bool keepExtent);
     void panTo(const QPointF &position);
     void zoomDrag(int dy);
     void rotateDrag(const QPoint &delta, bool inSteps);

@@ -304,6 +304,7 @@ void KMOpenGLWidget::hideEvent(QHideEvent *event)
     QOpenGLWidget::hideEvent(event);
     m_isMouseInside = false;
     m_input.hide();
+    m_touch.hide();
 }
 
 void KMOpenGLWidget::focusInEvent(QFocusEvent *event)

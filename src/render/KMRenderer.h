@@ -14,6 +14,7 @@
 #include <memory>
 
 class KMBluePrint;
+class KMNode;
 class QOffscreenSurface;
 class QOpenGLContext;
 class QSurface;
@@ -120,7 +121,8 @@ private:
     // Passes
     KMElementStyle edgeStyle(const Item &item) const;
     KMElementStyle pointStyle(const Item &item) const;
-    int toolId() const; ///< -1 without a tool
+    const KMVertexColors *toolColors(const Item &item, bool arePoints) const; ///< null: those by flags
+    int toolId() const;                                                       ///< -1 without a tool
     void drawBlueprint(const KMCameraNode &camera, const KMBluePrint &bluePrint);
     void drawOutlines(const KMCameraNode &camera, const QVector<Item> &items);
     void drawOutline(KMRendererMesh &data);
@@ -142,7 +144,7 @@ private:
     const KMFrame *m_frame = nullptr; // while it is painted
     QVector<Item> m_items;            // of the frame, the active mesh last
     const void *m_lastCamera = nullptr;
-    const void *m_lastActive = nullptr;
+    const KMNode *m_lastActive = nullptr; // may be gone
     kvm::Matrix4 m_lastViewProjection;
     QSize m_lastSize;
     quint64 m_viewNumber = 0; // counts the views: another camera, place, lens or size

@@ -17,14 +17,16 @@ namespace {
 
 constexpr int ofActiveShader = 1; // value of the setting
 
+/// Clamped, or the opposite edge would show through.
 QOpenGLTexture *plateTexture(KMTextureCache &textures)
 {
     if (gSettings->uvViewMode != ofActiveShader)
-        return textures.texture(nodeAs<KMTextureNode>(gSolution->currentTexture()));
+        return textures.texture(nodeAs<KMTextureNode>(gSolution->currentTexture()), KMTextureCache::Clamped);
     KMNode *shader = gSolution->currentShader();
     if (!shader || shader->type() != KMNodeType::BasicShader)
         return nullptr;
-    return textures.texture(nodeAs<KMBasicShaderNode>(shader)->values().textures[KMBasicShader::Diffuse]);
+    const int diffuse = nodeAs<KMBasicShaderNode>(shader)->values().textures[KMBasicShader::Diffuse];
+    return textures.texture(diffuse, KMTextureCache::Clamped);
 }
 
 KMUVStyle uvStyle()
@@ -59,7 +61,6 @@ void KMRenderer::drawUVPlate(const KMCameraNode &camera)
     uvt.setCamera(camera);
     uvt.setUniformValue("texture", 0);
     texture->bind(0);
-    texture->setWrapMode(QOpenGLTexture::ClampToEdge); // or the opposite edge shows through
     drawElements(*m_plate, quadLayout, GL_TRIANGLES);
     uvt.release();
 }
@@ -100,8 +101,8 @@ void KMRenderer::drawUV(const KMCameraNode &camera, quint32 maskBit, bool asPoin
 void KMRenderer::drawModelEdgesInUV()
 {
     KMOpenGLShaderProgram &line = program(KMShaderPrograms::Line);
-    const bool isAsked = !m_items.isEmpty() && m_items.last().current
-                         && (m_items.last().mesh->renderFlags() & KMRenderMask::UVEdges);
+    const bool isAsked =
+        !m_items.isEmpty() && m_items.last().current && (m_items.last().mesh->renderFlags() & KMRenderMask::UVEdges);
     if (!isAsked || !m_frame || !m_frame->referenceCamera || !line.begin())
         return;
     const kvm::Matrix4 stretch = kvm::Matrix4::fromScale({m_frame->referenceWidthRatio, 1.0f, 1.0f});

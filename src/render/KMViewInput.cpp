@@ -297,4 +297,5 @@ void KMViewInput::leave()
     m_hotIcon = none;
     if (KMCameraBox *box = m_widget->cameraBox())
         box->clearHot();
+    KMPicker::clearHot();
 }
