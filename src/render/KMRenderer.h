@@ -116,6 +116,7 @@ private:
     void refreshChains();
     void refreshMeshes(const KMCameraNode &camera);
     void prepareMeshes(const KMCameraNode &camera);
+    void prepareMesh(KMMeshNode &mesh, const KMCameraNode &camera, quint32 changed); ///< changed: bits for its mask
     void projectMeshes(const KMCameraNode &camera);
 
     // Passes

@@ -104,22 +104,26 @@ void KMRenderer::prepareMeshes(const KMCameraNode &camera)
     const KMNode *active = gSolution ? gSolution->currentNode() : nullptr;
     const quint32 changed = active != m_lastActive ? quint32(KMRenderMask::ActiveChanged) : 0u;
     m_lastActive = active;
-    for (KMMeshNode *mesh : gProject->renderMeshes()) {
-        const quint32 mask = KMRenderMask::of(*mesh, camera);
-        mesh->setRenderFlags(mask ? mask | changed : 0);
-        if (mesh->renderer())
-            KMRendererMesh::of(*mesh).markDirty(mesh->renderDirty());
-        if (mask && KMRenderMask::isShown(*mesh))
-            m_items.append({mesh, &KMRendererMesh::of(*mesh), KMRenderMask::isCurrent(*mesh)});
-        else if (mesh->renderer() && mesh->renderDirty() != 0)
-            KMRendererMesh::of(*mesh).setProjectedView(0); // stale when it is shown again
-    }
+    for (KMMeshNode *mesh : gProject->renderMeshes())
+        prepareMesh(*mesh, camera, changed);
     // What the user works at lies over the rest.
     const auto rank = [active](const Item &item) {
         return !item.current ? 0 : item.mesh == active || item.mesh->ownerNode() == active ? 2 : 1;
     };
     std::stable_sort(m_items.begin(), m_items.end(),
                      [rank](const Item &a, const Item &b) { return rank(a) < rank(b); });
+}
+
+void KMRenderer::prepareMesh(KMMeshNode &mesh, const KMCameraNode &camera, quint32 changed)
+{
+    const quint32 mask = KMRenderMask::of(mesh, camera);
+    mesh.setRenderFlags(mask ? mask | changed : 0);
+    if (mesh.renderer())
+        KMRendererMesh::of(mesh).markDirty(mesh.renderDirty());
+    if (mask && KMRenderMask::isShown(mesh))
+        m_items.append({&mesh, &KMRendererMesh::of(mesh), KMRenderMask::isCurrent(mesh)});
+    else if (mesh.renderer() && mesh.renderDirty() != 0)
+        KMRendererMesh::of(mesh).setProjectedView(0); // stale when it is shown again
 }
 
 /// Screen positions are of one view, and what is drawn of a mesh depends on them where it is culled.

@@ -89,9 +89,9 @@ void KMRenderer::drawUV(const KMCameraNode &camera, quint32 maskBit, bool asPoin
             continue;
         KMUVBuffers &buffers = item.data->updateUVs(style);
         if (asPoints)
-            drawElements(buffers.points(), lineLayout, GL_POINTS);
+            drawElements(buffers.uvPointBuffer(), lineLayout, GL_POINTS);
         else
-            drawElements(buffers.edges(), lineLayout, GL_LINES);
+            drawElements(buffers.uvEdgeBuffer(), lineLayout, GL_LINES);
     }
     line.release();
 }

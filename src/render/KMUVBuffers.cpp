@@ -19,17 +19,17 @@ void KMUVBuffers::update(const KMMeshNode &mesh, const KMUVStyle &style)
     if (stale() == 0)
         return;
     const int faces = mesh.liveFaces().size();
-    if (needsBuild() || m_edges.elementCount != roomOfFace * faces) {
-        m_edges.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), indicesOfFace * faces);
-        m_points.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), roomOfFace * faces);
+    if (needsBuild() || m_uvEdgeBuffer.elementCount != roomOfFace * faces) {
+        m_uvEdgeBuffer.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), indicesOfFace * faces);
+        m_uvPointBuffer.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), roomOfFace * faces);
         markStale(Contents);
     }
     if (noteHidden(mesh))
         markStale(Visibility);
-    if (m_edges.elementCount > 0 && m_points.elementCount > 0) {
+    if (m_uvEdgeBuffer.elementCount > 0 && m_uvPointBuffer.elementCount > 0) {
         if (stale() & (Positions | Colors)) {
-            writeCorners(mesh, m_edges, false);
-            writeCorners(mesh, m_points, true);
+            writeCorners(mesh, m_uvEdgeBuffer, false);
+            writeCorners(mesh, m_uvPointBuffer, true);
         }
         if (stale() & Visibility) {
             writeEdgeIndices(mesh);
@@ -81,7 +81,7 @@ void KMUVBuffers::writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool 
 
 void KMUVBuffers::writeEdgeIndices(const KMMeshNode &mesh)
 {
-    const KMBufferMap<quint32> map(m_edges.ibo);
+    const KMBufferMap<quint32> map(m_uvEdgeBuffer.ibo);
     if (!map)
         return noteRefusal();
     quint32 *index = map.data();
@@ -93,12 +93,12 @@ void KMUVBuffers::writeEdgeIndices(const KMMeshNode &mesh)
         }
         first += roomOfFace;
     }
-    m_edges.indexCount = int(index - map.data());
+    m_uvEdgeBuffer.indexCount = int(index - map.data());
 }
 
 void KMUVBuffers::writePointIndices(const KMMeshNode &mesh)
 {
-    const KMBufferMap<quint32> map(m_points.ibo);
+    const KMBufferMap<quint32> map(m_uvPointBuffer.ibo);
     if (!map)
         return noteRefusal();
     quint32 *index = map.data();
@@ -108,5 +108,5 @@ void KMUVBuffers::writePointIndices(const KMMeshNode &mesh)
             *index++ = first + quint32(c);
         first += roomOfFace;
     }
-    m_points.indexCount = int(index - map.data());
+    m_uvPointBuffer.indexCount = int(index - map.data());
 }

@@ -27,8 +27,8 @@ public:
     static constexpr float PlateSize = 100.0f; ///< of a texture in the view
 
     void update(const KMMeshNode &mesh, const KMUVStyle &style);
-    RenderGroup &edges() { return m_edges; }
-    RenderGroup &points() { return m_points; }
+    RenderGroup &uvEdgeBuffer() { return m_uvEdgeBuffer; }
+    RenderGroup &uvPointBuffer() { return m_uvPointBuffer; }
 
 private:
     void writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool isPoints);
@@ -36,8 +36,8 @@ private:
     void writeEdgeIndices(const KMMeshNode &mesh);
     void writePointIndices(const KMMeshNode &mesh);
 
-    RenderGroup m_edges;
-    RenderGroup m_points;
+    RenderGroup m_uvEdgeBuffer;
+    RenderGroup m_uvPointBuffer;
     KMUVStyle m_style;
     std::vector<bool> m_hidden; // faces that the indices leave out
 };
