@@ -83,9 +83,9 @@ public:
     virtual void notifyDependents() {}                       ///< hands its changes to tags and modifiers
     virtual void forceFullRefresh() {}                       ///< once after the history was emptied
     virtual void tagsChanged() {} ///< a command brought, removed or moved a tag: what depends on tags is stale
-    virtual KMContainerNode *evaluatedMesh() const { return nullptr; } ///< what a modifier or primitive makes
-    virtual bool sourcesChanged() { return false; } ///< a modifier whose meshes in the tree are others now
-    virtual KMUndoCommand *makeBuildCommand() { return nullptr; } ///< rebuilds such a modifier
+    virtual QList<KMContainerNode *> evaluatedMeshes() const { return {}; } ///< what a modifier or primitive makes
+    virtual bool isChainStale() const { return false; }           ///< a mesh whose modifiers in the tree are others now
+    virtual KMUndoCommand *makeBuildCommand() { return nullptr; } ///< links the chain of such a mesh anew
     virtual QSet<int> shaderReferences() const { return {}; }  ///< indices into KMProject::shaders() that it refers to
     virtual QSet<int> textureReferences() const { return {}; } ///< indices into KMProject::textures() that it refers to
     virtual void pushShaderRemoved(int index); ///< follows the removal of the shader at this place of the list

@@ -136,6 +136,13 @@ constexpr bool isTransformable(int id)
     return isNull(id) && id != KMNodeType::BoneContainer;
 }
 
+/// Whether the transform of such a node is its place in the world, whatever stands above it: what primitives and
+/// modifiers make follows it alone. It is carried along with the nodes above.
+constexpr bool standsInWorld(int id)
+{
+    return isPrimitive(id) || isModifier(id);
+}
+
 /// Whether a new row takes its visible and lock boxes from the node; rows of the value containers and of
 /// plain nulls start with both boxes cleared.
 constexpr bool hasStateColumns(int id)

@@ -16,6 +16,8 @@ kvm::Matrix4 matrixFrom(const KMContainerNode *node)
         world *= kvm::Matrix4::fromScale(local.scale);
         world *= local.rotation;
         world += local.translation;
+        if (standsInWorld(node->type()))
+            break;
     }
     return world;
 }
@@ -40,7 +42,7 @@ kvm::Matrix4 KMNullNode::worldMatrix() const
 
 kvm::Matrix4 KMNullNode::parentMatrix() const
 {
-    return matrixFrom(KMTreeWidget::parentNodeOf(this));
+    return standsInWorld(type()) ? kvm::Matrix4() : matrixFrom(KMTreeWidget::parentNodeOf(this));
 }
 
 KMContainerNode *KMNullNode::clone() const

@@ -28,8 +28,8 @@ public:
     void setRotation(const kvm::Quaternion &rotation) { m_transform.rotation = rotation; }
     void setTranslation(const kvm::Vector3 &translation) { m_transform.translation = translation; }
 
-    kvm::Matrix4 worldMatrix() const;  ///< of its transform and those of its parents
-    kvm::Matrix4 parentMatrix() const; ///< of its parents alone
+    kvm::Matrix4 worldMatrix() const;  ///< of its transform and those of its parents, as far as they count for it
+    kvm::Matrix4 parentMatrix() const; ///< of its parents alone; the identity for what stands in the world
 
     /// Sets all three at once and lets the class follow: bones and meshes raise their dirty bits here.
     virtual void setTransform(const KMTransform &transform);

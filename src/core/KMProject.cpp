@@ -204,19 +204,14 @@ void KMProject::addRaw(KMContainerNode *node)
 
 void KMProject::checkModifiers()
 {
-    bool changed = false;
-    const QList<KMNode *> inTree = currentList(ModifiersInTree);
-    for (KMNode *node : inTree)
-        changed |= nodeAs<KMContainerNode>(node)->sourcesChanged();
-    if (!changed)
-        return;
-    rebuildDerivedLists();
-    const QList<KMNode *> modifiers = currentList(ModifiersInTree);
-    for (KMNode *node : modifiers) {
-        if (KMUndoCommand *command = nodeAs<KMContainerNode>(node)->makeBuildCommand())
+    const QList<KMNode *> meshes = currentList(MeshesInTree);
+    for (KMNode *mesh : meshes) {
+        auto *container = nodeAs<KMContainerNode>(mesh);
+        if (!container->isChainStale())
+            continue;
+        if (KMUndoCommand *command = container->makeBuildCommand())
             gSolution->push(command);
     }
-    rebuildDerivedLists(); // what the modifiers make may be other meshes now
 }
 
 void KMProject::removeNodes(const QList<KMContainerNode *> &nodes)

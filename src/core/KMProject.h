@@ -102,7 +102,7 @@ public:
     void addCamera(KMContainerNode *camera);   ///< no command: cameras are not edited in steps; the project owns it
     KMContainerNode *cameraById(int id) const; ///< the camera whose index() is the id; null when there is none
     void addRaw(KMContainerNode *node);        ///< unique name and list entry with neither row nor command, for readers
-    void checkModifiers(); ///< pushes a build command for every modifier when one finds other meshes to work on
+    void checkModifiers(); ///< pushes a build command for each mesh whose chain isn't the one of the tree any more
 
     QString uniqueName(const KMContainerNode *node) const; ///< among the live nodes of its family
 

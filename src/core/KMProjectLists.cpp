@@ -87,7 +87,8 @@ void KMProject::refillDerivedLists() const
             m_lists[list] << node;
         if (list == MeshesInTree)
             m_lists[RenderMeshes] << node;
-        if (KMContainerNode *mesh = node->evaluatedMesh())
+        const QList<KMContainerNode *> made = node->evaluatedMeshes();
+        for (KMContainerNode *mesh : made)
             m_lists[RenderMeshes] << mesh;
     }
     m_derivedStale = m_renderMeshesStale = false;
@@ -107,7 +108,7 @@ void KMProject::followRow(QTreeWidgetItem *row, RowChange change)
         const List list = derivedListOf(node);
         if (list != NoList)
             runs[list] << node;
-        m_renderMeshesStale |= list == MeshesInTree || node->evaluatedMesh();
+        m_renderMeshesStale |= list == MeshesInTree || !node->evaluatedMeshes().isEmpty();
     }
     for (auto run = runs.cbegin(); run != runs.cend(); ++run) {
         const bool isOut = change == RowChange::Entered || takeFromDerived(run.key(), *run);

@@ -15,9 +15,18 @@ public:
 
     virtual KMContainerNode *modifierNode() = 0;  ///< the stage as a node of the tree
     virtual KMMeshNode *modMesh() const = 0;      ///< its result; may be null
+    virtual KMMeshNode *controlMesh() const { return nullptr; } ///< points to be moved by hand in place of the result
     virtual KMMeshNode *source() const = 0;       ///< the mesh at the start of the chain; null while detached
     virtual KMMeshModifier *previous() const = 0; ///< null for the first stage
     virtual KMMeshModifier *next() const = 0;     ///< null for the last stage
+
+    virtual void attach(KMMeshNode *source, KMMeshModifier *previous) = 0; ///< makes it a stage of the mesh's chain
+    virtual void detach() = 0; ///< out of the chain; its result becomes empty, what the user set stays
+    virtual void setNext(KMMeshModifier *next) = 0;
+    virtual void setLast(bool last) = 0; ///< its result is the one that is drawn
+    virtual bool isLast() const = 0;
+    virtual void setBypassed(bool bypassed) = 0;
+    virtual bool isBypassed() const = 0;
 
     virtual void clearResult() = 0;   ///< the topology of the mesh is about to be read anew
     virtual void rebuild() = 0;       ///< full recomputation of the result

@@ -28,6 +28,10 @@ KMMeshNode::KMMeshNode()
 
 KMMeshNode::~KMMeshNode()
 {
+    for (const ModifierEntry &entry : std::as_const(m_modifiers)) {
+        if (entry.second->source() == this)
+            entry.second->detach();
+    }
     delete m_smoothAngle;
 }
 

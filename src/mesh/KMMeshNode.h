@@ -97,6 +97,9 @@ public:
     void addModifierEntry(bool enabled, KMMeshModifier *modifier);
     void removeModifierEntry(KMMeshModifier *modifier);
     void clearModifierEntries() { m_modifiers.clear(); }
+    QList<ModifierEntry> chainInTree() const; ///< the modifiers below it in the tree that are switched on
+    /// Takes the present chain apart and makes these its stages, each working on the result of the one before.
+    void linkChain(const QList<ModifierEntry> &chain);
     KMMeshModifier *findModifierOfType(int type) const;               ///< the first enabled one, else null
     KMContainerNode *ownerNode() const { return m_ownerNode; }        ///< modifier or primitive that made it, else null
     KMMeshModifier *ownerModifier() const { return m_ownerModifier; } ///< null unless it is a modifier's result
@@ -144,6 +147,8 @@ public:
     QSet<int> shaderReferences() const override; ///< of the faces as they are now, refreshed or not
     void pushShaderRemoved(int index) override;
     void tagsChanged() override { markDirty(KMMeshDirty::All); }
+    bool isChainStale() const override { return chainInTree() != m_modifiers; }
+    KMUndoCommand *makeBuildCommand() override;
 
 private:
     void onSelectionChanged(bool selected);

@@ -9,6 +9,7 @@
 #include "mesh/KMVertexCommands.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -48,11 +49,11 @@ QList<KMMeshNode *> KMObjectTransform::meshesBelow(const KMNullNode *node)
     return below<KMMeshNode>(node, [](int type) { return type == KMNodeType::Mesh; });
 }
 
-QList<KMNullNode *> KMObjectTransform::primitivesBelow(const KMNullNode *node)
+QList<KMNullNode *> KMObjectTransform::placedBelow(const KMNullNode *node)
 {
-    QList<KMNullNode *> primitives = below<KMNullNode>(node, isPrimitive);
-    primitives.removeOne(const_cast<KMNullNode *>(node));
-    return primitives;
+    QList<KMNullNode *> placed = below<KMNullNode>(node, standsInWorld);
+    placed.removeOne(const_cast<KMNullNode *>(node));
+    return placed;
 }
 
 /// Plain sums where only the place changes, so that no digit is lost.
@@ -94,6 +95,25 @@ KMTransform KMObjectTransform::moved(const KMTransform &transform, const kvm::Ma
     return result;
 }
 
+KMTransform KMObjectTransform::sound(const KMTransform &transform)
+{
+    const KMTransform rest;
+    KMTransform result = transform;
+    for (int axis = 0; axis < 3; ++axis) {
+        if (!std::isfinite(transform.scale[axis]))
+            result.scale[axis] = rest.scale[axis];
+        if (!std::isfinite(transform.translation[axis]))
+            result.translation[axis] = rest.translation[axis];
+    }
+    constexpr float shortest = 1e-6f;
+    const float length = transform.rotation.length();
+    if (!std::isfinite(length) || length < shortest)
+        result.rotation = rest.rotation;
+    else if (std::fabs(length - 1.0f) > shortest)
+        result.rotation.normalize();
+    return result;
+}
+
 bool KMObjectTransform::wouldFlatten(const KMNullNode *node, const KMTransform &transform)
 {
     const kvm::Vector3 &scale = transform.scale;
@@ -108,6 +128,6 @@ void KMObjectTransform::push(KMNullNode *node, const KMTransform &transform)
         return;
     for (KMMeshNode *mesh : meshesBelow(node))
         pushVertices(mesh, step);
-    for (KMNullNode *primitive : primitivesBelow(node))
-        gSolution->push(new editSRTCommand(primitive, moved(primitive->transform(), step)));
+    for (KMNullNode *placed : placedBelow(node))
+        gSolution->push(new editSRTCommand(placed, moved(placed->transform(), step)));
 }

@@ -6,22 +6,25 @@
 
 class KMMeshNode;
 
-/// Moves objects as their user sees them. The vertices of a mesh stand in world space and the shape of a primitive
-/// follows its own transform only, so both have to be taken along when the transform of a node above them changes.
+/// Moves objects as their user sees them. The vertices of a mesh stand in world space, and so do primitives and
+/// modifiers by their own transforms: all have to be taken along when the transform of a node above them changes.
 namespace KMObjectTransform {
 
 /// Whether the transform would press a mesh flat, which no other scale could undo.
 bool wouldFlatten(const KMNullNode *node, const KMTransform &transform);
 
+/// With what is no number, or no rotation, as it is at rest.
+KMTransform sound(const KMTransform &transform);
+
 /// Sets the transform of a node and moves the vertices of the mesh that it is and of the meshes below it, and the
-/// primitives below it. Pushes several commands; the caller opens the macro. An axis that the old or the new scale
-/// presses flat is taken over as it is.
+/// primitives and modifiers below it. Pushes several commands; the caller opens the macro. An axis that the old or
+/// the new scale presses flat is taken over as it is.
 void push(KMNullNode *node, const KMTransform &transform);
 
 // The pieces of it, for what shows the effect before it becomes a step
 
-QList<KMMeshNode *> meshesBelow(const KMNullNode *node);     ///< itself included, where it is one
-QList<KMNullNode *> primitivesBelow(const KMNullNode *node); ///< without itself
+QList<KMMeshNode *> meshesBelow(const KMNullNode *node); ///< itself included, where it is one
+QList<KMNullNode *> placedBelow(const KMNullNode *node); ///< primitives and modifiers, without itself
 /// What moves a point of the world from the frame that a transform makes of the node into that of another one.
 kvm::Matrix4 worldStep(const KMNullNode *node, const KMTransform &before, const KMTransform &after);
 /// A primitive's transform taken along by such a step. The shape of a primitive knows scale and rotation only: what

@@ -34,9 +34,9 @@ void KMPrimitiveNode::setTransform(const KMTransform &transform)
     rebuild();
 }
 
-KMContainerNode *KMPrimitiveNode::evaluatedMesh() const
+QList<KMContainerNode *> KMPrimitiveNode::evaluatedMeshes() const
 {
-    return m_mesh;
+    return {m_mesh};
 }
 
 void KMPrimitiveNode::refreshAfterEdit()

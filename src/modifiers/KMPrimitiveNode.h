@@ -29,7 +29,7 @@ public:
     // Hooks of the session
 
     void setTransform(const KMTransform &transform) override;
-    KMContainerNode *evaluatedMesh() const override;
+    QList<KMContainerNode *> evaluatedMeshes() const override;
     void refreshAfterEdit() override;
     void forceFullRefresh() override;
     QSet<int> shaderReferences() const override;

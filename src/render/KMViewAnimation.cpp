@@ -148,8 +148,8 @@ bool KMViewAnimation::centreOf(const KMNode *node, kvm::Vector3 &centre)
     if (!node || !isContainer(node->type()))
         return false;
     auto *container = static_cast<const KMContainerNode *>(node);
-    const KMContainerNode *made = container->evaluatedMesh();
-    const KMContainerNode *mesh = made ? made : container;
+    const QList<KMContainerNode *> made = container->evaluatedMeshes();
+    const KMContainerNode *mesh = made.isEmpty() ? container : made.first();
     if (mesh->type() == KMNodeType::Mesh) {
         centre = centreOfMesh(*static_cast<const KMMeshNode *>(mesh));
         return true;

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QMainWindow>
 
+class KMCameraNode;
 class KMCameraSet;
 class KMComContainer;
 class KMCommandContainer;
@@ -138,6 +139,12 @@ private slots:
     void onMenuCreateTorusNode();
     void onMenuCreate3DTextNode();
     void onMenuCreatePSVGNode();
+    void onMenuCreateSubdivisionNode();
+    void onMenuCreateSymmetryNode();
+    void onMenuCreatePipeNode();
+    void onMenuCreateFFDNode();
+    void onMenuCreateSolidifyNode();
+    void onMenuCreateClonerNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();
@@ -210,6 +217,8 @@ private:
     void createEditMenu();
     void createCreateMenu();
     void createSelectionMenu();
+    void createNodesMenu();
+    const KMCameraNode *modelCamera() const; ///< null where no view shows the model
     void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
     void createViewMenu();
     void createWidgetMenu();

@@ -89,7 +89,7 @@ bool KMNodeDrag::begin(const Grab &)
             }
             frame.shapes << shape;
         }
-        for (KMNullNode *primitive : KMObjectTransform::primitivesBelow(node))
+        for (KMNullNode *primitive : KMObjectTransform::placedBelow(node))
             frame.primitives.append({primitive, primitive->transform()});
         m_frames << frame;
         m_ends << frame.start;

@@ -4,28 +4,12 @@
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 
-#include <QCoreApplication>
-#include <QKeySequence>
-
 #include <algorithm>
 
-namespace {
-
-/// Brings the edges up to the faces where no frame has done it since these were edited, as in a script or a macro.
-void followFaces(KMMeshNode &mesh)
-{
-    if (mesh.dirtyMask() & KMMeshDirty::Edges)
-        mesh.rebuildEdges();
-}
-
-} // namespace
-
 KMSelectionCommand::KMSelectionCommand(const Row &row, QObject *parent)
-    : KMCommand(QCoreApplication::translate("KMSelectionCommand", row.text), parent)
+    : KMRowCommand(row, "KMSelectionCommand", parent)
     , m_row(row)
 {
-    setStatusTip(QCoreApplication::translate("KMSelectionCommand", row.tip));
-    setShortcut(QKeySequence(QLatin1String(row.keys), QKeySequence::PortableText));
 }
 
 bool KMSelectionCommand::accepts(const KMMeshNode &mesh) const

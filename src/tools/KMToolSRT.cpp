@@ -6,6 +6,7 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "render/KMPicker.h"
 #include "tools/KMNodeDrag.h"
 #include "tools/KMToolKind.h"
 
@@ -21,6 +22,12 @@ KMPickRequest KMToolSRT::requestFor(float margin) const
     request.wantVertex = request.wantEdge = request.wantFace = true;
     request.includeChildren = true;
     return request;
+}
+
+/// A result stands for its node as well as any mesh.
+bool KMToolSRT::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const
+{
+    return KMPicker::pick(camera, position, request);
 }
 
 /// Of the result of a modifier it is the mesh at the start of the chain.

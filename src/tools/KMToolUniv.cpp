@@ -20,7 +20,6 @@
 #include "tools/KMToolKind.h"
 #include "tools/KMToolLasso.h"
 #include "tools/KMToolSquare.h"
-#include "tools/KMToolSymmetryGrid.h"
 
 #include <QLineF>
 
@@ -100,15 +99,14 @@ void KMToolUniv::resetOptions()
 
 void KMToolUniv::initialize()
 {
+    KMTool::initialize();
     m_handle = new KMToolHandle;
     m_handle->setMode(m_handleMode);
     m_square = new KMToolSquare;
     m_lasso = new KMToolLasso;
     m_brush = new KMToolCircle;
     m_hint = new KMToolMesh(KMToolOverlay::Points);
-    m_grid = new KMToolSymmetryGrid;
     addMesh(FaceMeshes, m_handle);
-    addMesh(EdgeMeshes, m_grid);
     for (KMToolMesh *marquee :
          {static_cast<KMToolMesh *>(m_square), static_cast<KMToolMesh *>(m_lasso), static_cast<KMToolMesh *>(m_brush)})
         addMesh(ScreenLines, marquee);
@@ -123,7 +121,6 @@ void KMToolUniv::finalize()
     m_lasso = nullptr;
     m_brush = nullptr;
     m_hint = nullptr;
-    m_grid = nullptr;
 }
 
 void KMToolUniv::activate()
@@ -195,7 +192,7 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return false;
     m_pressPos = m_lastPos = event->localPos();
     m_hasLeftPress = m_isAtHandle = false;
-    m_fixedMesh = nullptr;
+    m_fixedMesh = m_cage = nullptr;
     m_widget = widget;
     const int code = handleCodeAt(m_pressPos, *widget);
     if (code != NoPart) {
@@ -204,10 +201,12 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return true;
     }
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(request, m_pressPos, widget))
+    if (pick(*widget->camera(), m_pressPos, request)) {
         pressElement(request, *event);
-    else
+    } else {
+        m_cage = request.only;
         beginMarquee(*event);
+    }
     return true;
 }
 
@@ -237,16 +236,9 @@ KMPickRequest KMToolUniv::requestFor(float margin) const
     return request;
 }
 
-/// The result of a modifier lies over the mesh that is edited: unless the modifier itself is chosen, it is looked
-/// through.
-bool KMToolUniv::pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const
+bool KMToolUniv::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const
 {
-    if (!KMPicker::pick(*widget->camera(), position, request))
-        return false;
-    if (!request.mesh->ownerModifier() || KMMeshTargets::isChosen(*request.mesh))
-        return true;
-    request.testActiveOnly = true;
-    return KMPicker::pick(*widget->camera(), position, request);
+    return KMElementClick::pick(camera, position, request);
 }
 
 void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &event)
@@ -374,7 +366,7 @@ bool KMToolUniv::hover(const QPointF &position, KMOpenGLWidget *widget)
     Hover over;
     if (code == NoPart) {
         KMPickRequest request = requestFor(hoverMargin);
-        if (pick(request, position, widget))
+        if (pick(*widget->camera(), position, request))
             over = {request.mesh, request.vertex, request.edge ? request.edge->key() : 0, request.face};
     } else {
         KMPicker::clearHot();
@@ -422,7 +414,7 @@ bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
 void KMToolUniv::clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget)
 {
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(request, m_pressPos, widget))
+    if (pick(*widget->camera(), m_pressPos, request))
         clickElement(request, modifiers);
 }
 
@@ -441,7 +433,9 @@ void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifi
     if (operation == Operation::Brush)
         m_brushSelect.commit();
     if (isClick) {
-        if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
+        if (m_cage && !(modifiers & Qt::ControlModifier))
+            KMElementClick::choose(m_cage, KMMeshSelect::clickMode(modifiers));
+        else if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
             clickNothing();
         return;
     }
@@ -458,6 +452,7 @@ void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifi
 
 void KMToolUniv::draw(KMOpenGLWidget *widget)
 {
+    KMTool::draw(widget);
     if (!m_handle)
         return;
     const KMCameraNode *camera = widget ? widget->camera() : nullptr;
@@ -471,8 +466,4 @@ void KMToolUniv::draw(KMOpenGLWidget *widget)
     m_brush->setVisible(shows(Operation::Brush));
     if (m_square->isVisible())
         m_square->stretch(m_pressPos, m_lastPos);
-    const std::optional<kvm::Matrix4> frame = KMElementClick::symmetryFrame();
-    m_grid->setVisible(camera && !camera->isUV() && frame);
-    if (frame)
-        m_grid->place(*frame);
 }

@@ -13,7 +13,6 @@ class KMToolCircle;
 class KMToolHandle;
 class KMToolLasso;
 class KMToolSquare;
-class KMToolSymmetryGrid;
 
 /// The standard tool: a click selects, a drag over nothing selects an area, and a drag at an element or at the handle
 /// moves, scales or turns what is selected. The tools for one of these are the same with fewer parts at the handle.
@@ -59,7 +58,9 @@ protected:
     virtual bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
     virtual void clickNothing();
     virtual bool hasMarquee() const { return true; }
+    bool isSymmetric() const override { return true; }
     virtual KMPickRequest requestFor(float margin) const; ///< what the mouse may pick; margin in pixels
+    virtual bool pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const;
 
 private:
     enum class Operation { None, Drag, Square, Lasso, Brush };
@@ -78,7 +79,6 @@ private:
 
     bool canShowHandle(const KMCameraNode &camera) const;
     int handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const;
-    bool pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const;
     void pressElement(const KMPickRequest &hit, const KMMouseEvent &event);
     void begin(Operation operation);
     void beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit);
@@ -99,6 +99,7 @@ private:
     bool m_hasLeftPress = false;      // the cursor was farther away than a click goes
     bool m_isAtHandle = false;        // the press was on it
     QPointer<KMMeshNode> m_fixedMesh; // was pressed, and can't be dragged
+    QPointer<KMMeshNode> m_cage;      // was pressed through what its modifiers made, where it has no element itself
     Operation m_operation = Operation::None;
     QPointF m_pressPos;
     QPointF m_lastPos;
@@ -115,5 +116,4 @@ private:
     KMToolLasso *m_lasso = nullptr;
     KMToolCircle *m_brush = nullptr;
     KMToolMesh *m_hint = nullptr;
-    KMToolSymmetryGrid *m_grid = nullptr;
 };

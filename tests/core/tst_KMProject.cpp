@@ -281,20 +281,18 @@ void tst_KMProject::derivedListsHoldWhatIsEvaluated()
 void tst_KMProject::addNodeSteps()
 {
     RecordingSession scene;
-    scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
-    scene.takeLog();
     auto *mesh = new FakeNode(KMNodeType::Mesh, QStringLiteral("Body"), scene.log());
     gProject->addNode(mesh);
-    QCOMPARE(scene.takeLog().mid(0, 3), (CallLog{"commitOpenEditors", "sourcesChanged m0",
+    QCOMPARE(scene.takeLog().mid(0, 3), (CallLog{"commitOpenEditors", "isChainStale Body0",
                                                  "refresh Body0"})); // nothing in between but silent steps
-    QCOMPARE(scene.stack().count(), 2);
+    QCOMPARE(scene.stack().count(), 1);
     QCOMPARE(topCommand(scene.stack()), QStringLiteral("Add Node"));
     QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add Node")});
     QVERIFY(mesh->isSelected() && !mesh->isDeleted() && mesh->item());
     QCOMPARE(gSolution->currentNode(), mesh);
 
     addShader("Skin");
-    QCOMPARE(scene.takeLog().filter(QStringLiteral("sourcesChanged")), CallLog{}); // not a row of the tree
+    QCOMPARE(scene.takeLog().filter(QStringLiteral("isChainStale")), CallLog{}); // not a row of the tree
     QCOMPARE(topCommand(scene.stack()), QStringLiteral("Add Node"));
     QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add ShaderNode")});
     gProject->addNode(new KMProcTextureNode);
@@ -305,21 +303,21 @@ void tst_KMProject::addNodeSteps()
 void tst_KMProject::modifiersAreBuiltAgain()
 {
     RecordingSession scene;
-    FakeNode *first = scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
-    FakeNode *second = scene.addFake(KMNodeType::ModSdv, QStringLiteral("m"));
+    FakeNode *first = scene.addFake(KMNodeType::Mesh, QStringLiteral("m"));
+    FakeNode *second = scene.addFake(KMNodeType::Mesh, QStringLiteral("m"));
     move(first, second);
     scene.takeLog();
 
     const int steps = scene.stack().count();
     gProject->checkModifiers();
-    QCOMPARE(scene.takeLog(), (CallLog{"sourcesChanged m1", "sourcesChanged m0"}));
+    QCOMPARE(scene.takeLog(), (CallLog{"isChainStale m1", "isChainStale m0"}));
     QCOMPARE(scene.stack().count(), steps);
 
-    second->hasOtherSources = true; // the first one asked: the others are asked all the same
-    gProject->addNode(new FakeNode(KMNodeType::Mesh, QStringLiteral("a")));
-    QCOMPARE(scene.takeLog().filter(QRegularExpression(QStringLiteral("^(sourcesChanged|redo)"))),
-             (CallLog{"sourcesChanged m1", "sourcesChanged m0", "redo build m1", "redo build m0"}));
-    QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"Add Node", "build m1", "build m0"}));
+    second->hasOtherChain = true; // the first one asked: the others are asked all the same
+    gProject->addNode(new FakeNode(KMNodeType::ModSym, QStringLiteral("a")));
+    QCOMPARE(scene.takeLog().filter(QRegularExpression(QStringLiteral("^(isChainStale|redo)"))),
+             (CallLog{"isChainStale m1", "redo build m1", "isChainStale m0"}));
+    QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"Add Node", "build m1"}));
 }
 
 void tst_KMProject::deleteNodeSteps()
@@ -327,7 +325,7 @@ void tst_KMProject::deleteNodeSteps()
     RecordingSession scene;
     FakeNode *group = scene.addFake(KMNodeType::Null, QStringLiteral("g"));
     FakeNode *mesh = scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
-    scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
+    scene.addFake(KMNodeType::Mesh, QStringLiteral("m"));
     FakeNode other(KMNodeType::Mesh, QStringLiteral("other"));
     auto *morphs = new FakeTag(QStringLiteral("Morphs"), KMNodeType::TagMorph);
     FakeNode smile(KMNodeType::Morph, QStringLiteral("smile"));
@@ -341,7 +339,7 @@ void tst_KMProject::deleteNodeSteps()
 
     gProject->deleteNode(group);
     QCOMPARE(scene.takeLog().mid(0, 4),
-             (CallLog{"redo delete block", "pushDelete g0", "sourcesChanged m0", "redo delete block"}));
+             (CallLog{"redo delete block", "pushDelete g0", "isChainStale m0", "redo delete block"}));
     QCOMPARE(topCommand(scene.stack()), QStringLiteral("Delete Node"));
     QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"delete block", "Delete Node", "delete block"}));
     QCOMPARE(scene.blocks.nodesWithBlock, QSet<const KMNode *>{&other});

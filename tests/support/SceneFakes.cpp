@@ -45,10 +45,15 @@ void FakeNode::pushDeleteCommand()
     KMNullNode::pushDeleteCommand();
 }
 
-bool FakeNode::sourcesChanged()
+QList<KMContainerNode *> FakeNode::evaluatedMeshes() const
 {
-    note("sourcesChanged");
-    return std::exchange(hasOtherSources, false);
+    return evaluated ? QList<KMContainerNode *>{evaluated} : QList<KMContainerNode *>{};
+}
+
+bool FakeNode::isChainStale() const
+{
+    note("isChainStale");
+    return std::exchange(hasOtherChain, false);
 }
 
 KMUndoCommand *FakeNode::makeBuildCommand()

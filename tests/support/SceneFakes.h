@@ -24,14 +24,14 @@ public:
     void refreshAfterEdit() override { note("refresh"); }
     void notifyDependents() override { note("notify"); }
     void forceFullRefresh() override { note("forceRefresh"); }
-    KMContainerNode *evaluatedMesh() const override { return evaluated; }
-    bool sourcesChanged() override;
+    QList<KMContainerNode *> evaluatedMeshes() const override;
+    bool isChainStale() const override;
     KMUndoCommand *makeBuildCommand() override;
     void pushShaderRemoved(int index) override; ///< pushes a command that shifts faceShaders
 
     bool refreshDeferred = false;
     KMContainerNode *evaluated = nullptr; ///< not owned
-    bool hasOtherSources = false;
+    mutable bool hasOtherChain = false; ///< until it was asked
     QVector<int> faceShaders;
 
 private:

@@ -29,6 +29,14 @@ public:
     KMMeshModifier *previous() const override { return nullptr; }
     KMMeshModifier *next() const override { return nextStage; }
 
+    void attach(KMMeshNode *source, KMMeshModifier *) override { m_source = source; }
+    void detach() override { note("detach"); }
+    void setNext(KMMeshModifier *next) override { nextStage = next; }
+    void setLast(bool last) override { m_isLast = last; }
+    bool isLast() const override { return m_isLast; }
+    void setBypassed(bool) override {}
+    bool isBypassed() const override { return false; }
+
     void clearResult() override { note("clearResult"); }
     void rebuild() override { note("rebuild"); }
     bool update() override
@@ -54,6 +62,7 @@ private:
     KMMeshNode *m_source;
     QStringList *m_log;
     KMMeshNode m_result;
+    bool m_isLast = false;
 };
 
 /// A tag that notes what its mesh tells it, and lays an offset on the first vertex.

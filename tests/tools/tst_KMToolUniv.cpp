@@ -44,21 +44,7 @@ struct UnivWindow : ToolWindow
             mesh->setVertexFlag(i, KMElementFlag::Selected);
         tool->refresh();
     }
-    /// A place on a part of the handle along one of its axes, so many units from its middle.
-    QPointF onHandle(int viewIndex, int axis, float units) const
-    {
-        const KMHandlePlace place = tool->handle()->placeIn(*view(viewIndex)->camera());
-        Vector3 along;
-        along[axis] = units * place.unit;
-        return at(viewIndex, place.position + place.axes.rotate(along));
-    }
     float pixel(int viewIndex) const { return view(viewIndex)->camera()->pixelWorldLength({}) / 100.0f; }
-    void drag(int viewIndex, const QPointF &from, const QPointF &way, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        ViewMouse mouse(view(viewIndex));
-        mouse.modifiers = modifiers;
-        mouse.drag({Qt::LeftButton}, from, from + way);
-    }
 
     KMToolUniv *tool;
 };

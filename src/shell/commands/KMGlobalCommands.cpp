@@ -135,7 +135,7 @@ QList<KMContainerNode *> KMVisibilityCommand::targets() const
 {
     QList<KMContainerNode *> nodes;
     for (KMContainerNode *node : nodesInTree()) {
-        if (node->isVisible() != shallBeVisible(node))
+        if (!isModifier(node->type()) && node->isVisible() != shallBeVisible(node)) // theirs switches the effect
             nodes << node;
     }
     return nodes;
