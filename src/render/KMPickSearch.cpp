@@ -103,7 +103,8 @@ void KMPickSearch::run()
 
 bool KMPickSearch::needsOccluder() const
 {
-    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces)
+    // Faces that aren't drawn hide nothing.
+    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces) && m_camera.viewFlag(KMCameraNode::ShowFaces)
            && (m_camera.viewFlag(KMCameraNode::ShowVertices) || m_camera.viewFlag(KMCameraNode::ShowEdges));
 }
 
