@@ -152,7 +152,7 @@ KMModClonerNode::GridCounts KMModClonerNode::gridCounts(int count, const Vector3
         if (move[k] == 0.0f)
             continue;
         cells[k] = rootAbove(left, axes--);
-        left = (left + cells[k] - 1) / cells[k];
+        left = (left - 1) / cells[k] + 1;
     }
     return {cells[0], cells[1], cells[2]};
 }

@@ -139,6 +139,12 @@ private slots:
     void onMenuCreateTorusNode();
     void onMenuCreate3DTextNode();
     void onMenuCreatePSVGNode();
+    void onMenuCreateSubdivisionNode();
+    void onMenuCreateSymmetryNode();
+    void onMenuCreatePipeNode();
+    void onMenuCreateFFDNode();
+    void onMenuCreateSolidifyNode();
+    void onMenuCreateClonerNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();

@@ -148,6 +148,10 @@ void kmmainwidget::createCreateMenu()
     primitives->setObjectName(QStringLiteral("primitives"));
     fill(primitives, {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane",
                       "actionCreateTorus", "actionCreate3DText", "actionCreatePSVG"});
+    QMenu *modifiers = menu->addMenu(KMIcon::icon(QStringLiteral("node-modifier")), tr("Modifiers"));
+    modifiers->setObjectName(QStringLiteral("modifiers"));
+    fill(modifiers, {"actionCreateSubdivision", "actionCreateSymmetry", "actionCreatePipe", "actionCreateFFD",
+                     "actionCreateSolidify", "actionCreateCloner"});
     fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));

@@ -9,13 +9,13 @@
 #include "render/KMPicker.h"
 #include "shell/KMMainBox.h"
 #include "shell/kmmainwidget.h"
+#include "support/CommandProof.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
 #include "tools/KMToolHandle.h"
 #include "tools/KMToolUniv.h"
 
 #include <QTest>
-#include <QUndoStack>
 
 #include <algorithm>
 
@@ -117,22 +117,7 @@ int ToolWindow::selectedFaces() const
 
 QString ToolWindow::stepFailure(const QString &stepText, const std::function<void()> &gesture)
 {
-    QUndoStack *stack = (*this)->undoStack();
-    const int index = stack->index();
-    const QString before = text();
-    gesture();
-    const QString after = text();
-    if (stack->index() != index + 1)
-        return QStringLiteral("%1 steps").arg(stack->index() - index);
-    if (stack->undoText() != stepText)
-        return stack->undoText();
-    if (after == before)
-        return QStringLiteral("no effect");
-    stack->undo();
-    if (text() != before)
-        return QStringLiteral("undo doesn't give the start");
-    stack->redo();
-    return text() == after ? QString() : QStringLiteral("redo doesn't give the result");
+    return ::stepFailure([this] { return text(); }, stepText, gesture);
 }
 
 QString ToolWindow::text()
