@@ -78,7 +78,7 @@ void KMBrushSelect::begin(Mode mode, float radius)
     m_hasTouched = false;
     m_meshes.clear();
     for (KMMeshNode *mesh : KMMeshTargets::chosen()) {
-        if (!KMMeshTargets::isEditable(*mesh))
+        if (!KMMeshTargets::isEditable(*mesh) || KMMeshTargets::isUnderControl(*mesh))
             continue;
         Stroked stroked{mesh, std::vector<quint8>(size_t(mesh->vertexCount())),
                         std::vector<quint8>(size_t(mesh->edgeCount())), std::vector<quint8>(size_t(mesh->faceCount()))};
