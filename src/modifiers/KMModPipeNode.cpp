@@ -107,9 +107,10 @@ bool KMModPipeNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
     const KMPipeChain::Shape shape = {m_ring, isMitred(m_parameters.mode),
                                       m_parameters.mode == Mitre ? 1.0f : m_parameters.blend,
                                       m_parameters.mode == Tapered};
+    bool isMappedAnew = false;
     for (KMPipeChain &chain : m_chains)
-        chain.update(input, shape, result);
-    return false;
+        isMappedAnew |= chain.update(input, shape, result);
+    return isMappedAnew && next(); // a stage behind this one takes UVs over only when it is made anew
 }
 
 void KMModPipeNode::freeTables()

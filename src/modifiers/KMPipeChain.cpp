@@ -110,11 +110,11 @@ void KMPipeChain::buildCap(const KMMeshNode &wire, const KMPipeNode &end, int ca
     }
 }
 
-void KMPipeChain::update(const KMMeshNode &wire, const Shape &shape, KMMeshNode &result)
+bool KMPipeChain::update(const KMMeshNode &wire, const Shape &shape, KMMeshNode &result)
 {
     readPositions(wire);
     measure();
-    writeUVs(result);
+    const bool isMappedAnew = writeUVs(result);
     m_normal = planeNormal();
     if (m_normal == Vector3())
         m_normal = thinnestAxis();
@@ -130,6 +130,7 @@ void KMPipeChain::update(const KMMeshNode &wire, const Shape &shape, KMMeshNode 
         result.setPosition(m_startCapVertex, m_positions.constFirst());
         result.setPosition(m_endCapVertex, m_positions.constLast());
     }
+    return isMappedAnew;
 }
 
 /// A place that is no number counts as the one before it, else it would spoil the whole tube by way of its plane.
@@ -224,8 +225,9 @@ void KMPipeChain::orient()
     }
 }
 
-void KMPipeChain::writeUVs(KMMeshNode &result) const
+bool KMPipeChain::writeUVs(KMMeshNode &result) const
 {
+    bool isOther = false;
     double reached = 0.0;
     float u0 = 0.0f;
     int segment = 0;
@@ -240,10 +242,12 @@ void KMPipeChain::writeUVs(KMMeshNode &result) const
             const float v0 = float(s) / sectors;
             const float v1 = float(s + 1) / sectors; // 1 at the seam, where the vertices are the first ones again
             const kvm::Vector2 uvs[] = {{u0, v0}, {u0, v1}, {u1, v1}, {u1, v0}};
+            isOther = isOther || !std::equal(std::begin(uvs), std::end(uvs), result.face(node.sideFaces[s])->uvs);
             result.setFaceUVs(node.sideFaces[s], uvs);
         }
         u0 = u1;
     }
+    return isOther;
 }
 
 void KMPipeChain::placeRing(int i, float size, const Shape &shape, KMMeshNode &result) const

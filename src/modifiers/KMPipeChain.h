@@ -54,8 +54,8 @@ public:
     /// the one of the wire that it comes from.
     void build(const KMMeshNode &wire, int sectors, bool withCaps, KMMeshNode &result, QVector<int> &origins);
 
-    /// Places vertices and UVs of the tube; allocates nothing.
-    void update(const KMMeshNode &wire, const Shape &shape, KMMeshNode &result);
+    /// Places vertices and UVs of the tube; allocates nothing. Answers whether a UV became another one.
+    bool update(const KMMeshNode &wire, const Shape &shape, KMMeshNode &result);
 
     /// Weights of vertices to their rings, and of lines to the edges along them.
     void copyWeights(const KMMeshNode &wire, KMMeshNode &result) const;
@@ -69,7 +69,7 @@ private:
     kvm::Vector3 planeNormal() const;
     kvm::Vector3 thinnestAxis() const;
     void orient();
-    void writeUVs(KMMeshNode &result) const;
+    bool writeUVs(KMMeshNode &result) const;
     void placeRing(int i, float size, const Shape &shape, KMMeshNode &result) const;
     const kvm::Vector3 &positionOf(const KMPipeNode &node) const { return m_positions.at(int(&node - m_nodes.data())); }
 

@@ -21,13 +21,15 @@
 
 namespace {
 
-/// The actions of a menu and its submenus, without those that only open a submenu.
+constexpr const char *passing = "isPassing"; // property of entries that come and go: nothing can lean on them
+
+/// The lasting actions of a menu and its submenus, without those that only open a submenu.
 void collectActions(const QMenu *menu, QList<QAction *> &actions)
 {
     for (QAction *action : menu->actions()) {
         if (action->menu())
             collectActions(action->menu(), actions);
-        else if (!action->isSeparator() && !action->objectName().isEmpty())
+        else if (!action->isSeparator() && !action->objectName().isEmpty() && !action->property(passing).toBool())
             actions << action;
     }
 }
@@ -118,6 +120,7 @@ void kmmainwidget::rebuildRecentMenu()
         QAction *entry =
             m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this, &kmmainwidget::openRecentFile);
         entry->setObjectName(QStringLiteral("recentFile%1").arg(i + 1));
+        entry->setProperty(passing, true);
         entry->setData(paths[i]);
         entry->setStatusTip(paths[i]);
     }

@@ -81,6 +81,11 @@ void kmmainwidget::createTools()
     }
     addActions(actions);
     gSettings->setActionGroup(tr("Tools"), actions);
+    QList<QAction *> choices = m_envToolBar->actions();
+    choices.erase(std::remove_if(choices.begin(), choices.end(), [](QAction *action) { return action->isSeparator(); }),
+                  choices.end());
+    addActions(choices);
+    gSettings->setActionGroup(tr("Operation Panel"), choices);
     m_mainBox->views()->setToolSource([this](int id) { return m_toolBar->tool(id); });
     m_toolBar->initialize();
 }

@@ -32,6 +32,8 @@ public:
     bool mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget) override;
     bool mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget) override;
     void keyPress(QKeyEvent *event, KMOpenGLWidget *widget) override; ///< Enter applies, Escape cancels
+    bool hasShortcut(const QKeySequence &keys) const override;        ///< the same two, wherever the focus is
+    void runShortcut(const QKeySequence &keys) override;
 
 protected:
     bool isSymmetric() const override { return true; }

@@ -64,6 +64,7 @@ public:
     {
     }
 
+    void add();
     void step();
     void undoAll();
     QString problem() const { return m_problem; }
@@ -81,7 +82,6 @@ private:
     KMContainerNode *anyModifier();
     void check();
 
-    void add();
     void remove();
     void reorder();
     void takeOut();
@@ -197,7 +197,8 @@ void Walker::takeOut()
         return;
     KMContainerNode *target = modifier->item()->parent() ? nullptr : &m_mesh;
     const KMUndoMacro macro(QStringLiteral("take out"));
-    gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, target, modifier, KMRowFocus::Keep));
+    gSolution->push(new moveNodeCommand(target ? moveNodeCommand::LastChild : moveNodeCommand::LastTopLevel, target,
+                                        modifier, KMRowFocus::Keep));
     gProject->checkModifiers();
 }
 
@@ -366,13 +367,12 @@ void tst_ModifierWalk::stepByStepAsAfresh()
 {
     QFETCH(int, seed);
     Walker walker(seed % 2 ? MeshFixtures::cube() : MeshFixtures::mixedBag(), quint32(seed));
-    int most = 0;
+    for (int stage = 0; stage < 3; ++stage)
+        walker.add();
     for (int step = 0; step < 150; ++step) {
         walker.step();
         QVERIFY2(walker.problem().isEmpty(), qPrintable(QStringLiteral("step %1: %2").arg(step).arg(walker.problem())));
-        most = qMax(most, walker.stages());
     }
-    QVERIFY2(most >= 3, "the walk had no chain to speak of");
     walker.undoAll();
     QVERIFY2(walker.problem().isEmpty(), qPrintable(walker.problem()));
 }

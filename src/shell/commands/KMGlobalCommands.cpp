@@ -159,7 +159,10 @@ QString ComShowCurrentOnly::obstacle() const
 
 bool ComShowCurrentOnly::shallBeVisible(const KMContainerNode *node) const
 {
-    return node == gSolution->currentNode();
+    KMNode *current = gSolution->currentNode();
+    if (current && isModifier(current->type())) // it shows on its mesh
+        current = KMTreeWidget::parentNodeOf(nodeAs<KMContainerNode>(current));
+    return node == current;
 }
 
 ComShowAll::ComShowAll(QObject *parent)
