@@ -507,7 +507,7 @@ void tst_KMModSdvNode::refusesWhatMemoryCannotHold()
     const Chain chain(MeshFixtures::grid(300, 300), {Parameters{6, true, 5, false}});
     QCOMPARE(chain.result().faceCount(), 0);
     QCOMPARE(session.window.messages.size(), 1);
-    QVERIFY(session.window.messages.first().contains(QLatin1String("memory")));
+    QVERIFY(session.window.messages.constFirst().contains(QLatin1String("memory")));
     chain.stages.first()->setParameters({1, true, 5, false});
     chain.refresh();
     QCOMPARE(chain.result().faceCount(), 4 * 300 * 300);
