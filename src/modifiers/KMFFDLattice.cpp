@@ -112,6 +112,8 @@ QVector<Vector3> KMFFDLattice::positionsAt(const KMTransform &transform)
 
 void KMFFDLattice::carryTo(const KMTransform &transform)
 {
+    if (isSame(transform, m_transform))
+        return;
     const QVector<Vector3> carried = positionsAt(transform);
     m_transform = transform;
     m_world = carried;

@@ -1,11 +1,11 @@
 #include "modifiers/KMModFFDNode.h"
 
 #include "core/KMNodeType.h"
-#include "core/KMSolution.h"
 #include "core/KMVariantNode.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMObjectTransform.h"
 #include "modifiers/KMResultCopy.h"
+#include "modifiers/KMResultLimit.h"
 
 #include <QLocale>
 
@@ -50,21 +50,22 @@ void KMModFFDNode::setParameters(const Parameters &parameters)
     setState(stateFor(parameters));
 }
 
+KMTransform KMModFFDNode::place() const
+{
+    return KMObjectTransform::sound(transform());
+}
+
 KMModFFDNode::Parameters KMModFFDNode::accepted(const Parameters &parameters) const
 {
     Parameters sound = parameters;
     static_cast<KMFFDBox &>(sound) = parameters.sound();
-    if (!std::isfinite(parameters.power))
-        sound.power = Parameters().power;
+    sound.power = KMResultLimit::bounded(parameters.power, Parameters().power);
     if (sound.pointCount() <= KMFFDBox::MaxPoints)
         return sound;
-    constexpr int warningLevel = 4;
     const QLocale locale;
-    if (gSolution)
-        gSolution->showMessage(tr("%1 would have %2 control points; the limit is %3")
-                                   .arg(name(), locale.toString(sound.pointCount()),
-                                        locale.toString(KMFFDBox::MaxPoints)),
-                               warningLevel);
+    KMResultLimit::report(
+        tr("%1 would have %2 control points; the limit is %3")
+            .arg(name(), locale.toString(sound.pointCount()), locale.toString(KMFFDBox::MaxPoints)));
     sound.nodeCounts = m_lattice.box().nodeCounts;
     return sound;
 }
@@ -78,11 +79,11 @@ bool KMModFFDNode::setControlPoints(const QVector<Vector3> &points)
 {
     if (points.size() != m_lattice.lattice().size())
         return false;
-    const KMTransform place = KMObjectTransform::sound(transform());
+    m_lattice.carryTo(place());
     QVector<Vector3> sound = points;
     for (int i = 0; i < sound.size(); ++i) {
         if (!isNumber(sound.at(i)))
-            sound[i] = KMFFDBox::toWorld(place, m_lattice.box().restPoint(i));
+            sound[i] = KMFFDBox::toWorld(place(), m_lattice.box().restPoint(i));
     }
     m_lattice.setPositions(sound);
     markMoved();
@@ -102,9 +103,8 @@ KMModFFDNode::State KMModFFDNode::stateFor(const Parameters &parameters) const
     if (box == m_lattice.box() && !m_lattice.lattice().isEmpty()) {
         state.points = m_lattice.positions();
     } else {
-        const KMTransform place = KMObjectTransform::sound(transform());
         for (int i = 0, n = int(box.pointCount()); i < n; ++i)
-            state.points << KMFFDBox::toWorld(place, box.restPoint(i));
+            state.points << KMFFDBox::toWorld(place(), box.restPoint(i));
     }
     if (box.nodeCounts == m_lattice.box().nodeCounts)
         state.selection = m_lattice.selection();
@@ -116,8 +116,9 @@ void KMModFFDNode::setState(const State &state)
     const KMFFDBox &box = state.parameters;
     const bool isSameGrid = box.nodeCounts == m_lattice.box().nodeCounts && !m_lattice.lattice().isEmpty();
     m_power->setFloat(state.parameters.power);
+    m_lattice.carryTo(place());
     if (!isSameGrid || !(box == m_lattice.box())) {
-        m_lattice.build(box, KMObjectTransform::sound(transform()));
+        m_lattice.build(box, place());
         m_deform.setBox(box);
     }
     if (!isSameGrid)
@@ -139,7 +140,7 @@ void KMModFFDNode::setCarriedPoints(const QVector<Vector3> &points)
 void KMModFFDNode::setTransform(const KMTransform &transform)
 {
     KMModifierNode::setTransform(transform);
-    m_lattice.carryTo(KMObjectTransform::sound(transform));
+    m_lattice.carryTo(place());
 }
 
 QList<KMContainerNode *> KMModFFDNode::evaluatedMeshes() const
@@ -161,6 +162,8 @@ void KMModFFDNode::onModMeshEdited(KMMeshNode *mesh)
 
 void KMModFFDNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
+    if (!KMResultLimit::allows(name(), input.vertexCount(), input.faceCount()))
+        return;
     KMResultCopy::appendVertices(input, result, m_vertexMap);
     KMResultCopy::appendFaces(input, 2, result, m_vertexMap, m_faceMap);
     result.buildEdges();
@@ -169,9 +172,8 @@ void KMModFFDNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 
 bool KMModFFDNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
 {
-    const float power = m_power->toFloat();
-    m_deform.prepare(KMObjectTransform::sound(transform()), m_lattice.lattice(),
-                     std::isfinite(power) ? power : Parameters().power);
+    m_lattice.carryTo(place());
+    m_deform.prepare(place(), m_lattice.lattice(), KMResultLimit::bounded(m_power->toFloat(), Parameters().power));
     KMVertex *const *from = input.vertices().constData();
     KMVertex *const *own = result.vertices().constData();
     const int *map = m_vertexMap.constData();

@@ -74,6 +74,7 @@ protected:
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
 
 private:
+    KMTransform place() const; ///< its transform, as far as arithmetic can go on with it
     Parameters accepted(const Parameters &parameters) const;
 
     std::unique_ptr<KMFloatNode> m_power;

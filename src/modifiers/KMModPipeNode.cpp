@@ -71,18 +71,19 @@ KMModPipeNode *KMModPipeNode::clone() const
 void KMModPipeNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     const qint64 sectors = m_parameters.sectors;
+    const std::vector<KMWireTrace::Run> runs = KMWireTrace::runs(input);
     qint64 vertices = 0;
     qint64 faces = 0;
-    for (const KMWireTrace::Run &run : KMWireTrace::runs(input)) {
+    for (const KMWireTrace::Run &run : runs) {
         const bool hasCaps = m_parameters.fillCap && !run.isClosed;
         vertices += qint64(run.vertices.size()) * sectors + (hasCaps ? 2 : 0);
         faces += qint64(run.lines.size()) * sectors + (hasCaps ? 2 * sectors : 0);
-        m_chains.emplace_back(run);
     }
-    if (!KMResultLimit::allows(name(), vertices, faces)) {
-        m_chains.clear();
+    if (!KMResultLimit::allows(name(), vertices, faces))
         return;
-    }
+    m_chains.reserve(runs.size());
+    for (const KMWireTrace::Run &run : runs)
+        m_chains.emplace_back(run);
     m_ring = ringOf(m_parameters);
     result.reserve(int(vertices), int(faces));
     m_origins.reserve(int(faces));

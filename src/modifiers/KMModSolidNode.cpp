@@ -55,6 +55,12 @@ void KMModSolidNode::setParameters(const Parameters &parameters)
     refresh();
 }
 
+const KMSolidVertex *KMModSolidNode::vertexByOffset(int vertex) const
+{
+    const auto record = m_vertexByOffset.constFind(vertex);
+    return record != m_vertexByOffset.constEnd() ? &m_vertexRecords.at(*record) : nullptr;
+}
+
 KMModSolidNode *KMModSolidNode::clone() const
 {
     auto *copy = new KMModSolidNode;
@@ -66,8 +72,10 @@ KMModSolidNode *KMModSolidNode::clone() const
 void KMModSolidNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     constexpr qint64 shells = 2;
-    constexpr qint64 mostWalls = KMFace::MaxCorners; // of each face, as if each stood alone
-    if (!KMResultLimit::allows(name(), shells * input.vertexCount(), (shells + mostWalls) * input.faceCount()))
+    qint64 walls = 0; // about
+    for (const KMEdge *edge : input.edges())
+        walls += edge->faceRefs.size() != 2;
+    if (!KMResultLimit::allows(name(), shells * input.vertexCount(), shells * input.faceCount() + walls))
         return;
     // A copy in front of the surface becomes the outer side, and the surface has to look the other way.
     const bool isTurned = m_parameters.thickness > 0.0f;
@@ -91,7 +99,7 @@ void KMModSolidNode::appendOffsetVertices(const KMMeshNode &input, KMMeshNode &r
         if (record.first < 0 || result.vertex(record.first)->faceRefs.isEmpty())
             continue;
         record.offset = result.addVertexRaw(result.position(record.first));
-        m_vertexByOffset.insert(record.offset, &record);
+        m_vertexByOffset.insert(record.offset, i);
     }
 }
 

@@ -47,7 +47,7 @@ public:
 
     const QVector<KMSolidVertex> &vertexRecords() const { return m_vertexRecords; } ///< by vertex slot of the input
     const QVector<KMSolidFace> &faceRecords() const { return m_faceRecords; }       ///< by face slot of the input
-    const KMSolidVertex *vertexByOffset(int vertex) const { return m_vertexByOffset.value(vertex, nullptr); }
+    const KMSolidVertex *vertexByOffset(int vertex) const; ///< whose offset vertex that is, null for another one
 
     KMModSolidNode *clone() const override;
     void copyFaceFlags() override;
@@ -68,8 +68,8 @@ private:
     Parameters m_parameters;
     QVector<KMSolidVertex> m_vertexRecords;
     QVector<KMSolidFace> m_faceRecords;
-    QHash<int, KMSolidVertex *> m_vertexByOffset;
-    QVector<int> m_origins; // the input's face that each face of the result comes from
+    QHash<int, int> m_vertexByOffset; // offset vertex to its record
+    QVector<int> m_origins;           // the input's face that each face of the result comes from
 };
 
 class editModSolCommand : public editModifierCommand<KMModSolidNode>

@@ -4,9 +4,9 @@
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMObjectTransform.h"
 #include "modifiers/KMResultCopy.h"
+#include "modifiers/KMResultLimit.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 using kvm::Vector3;
@@ -37,7 +37,7 @@ KMModSymNode::KMModSymNode()
 void KMModSymNode::setParameters(const Parameters &parameters)
 {
     m_parameters = parameters;
-    m_parameters.margin = std::isfinite(parameters.margin) ? qMax(0.0f, parameters.margin) : Parameters().margin;
+    m_parameters.margin = qMax(0.0f, KMResultLimit::bounded(parameters.margin, Parameters().margin));
     m_parameters.axis = qBound(int(MinusX), parameters.axis, int(PlusZ));
     m_parameters.crossing = qBound(int(OneSide), parameters.crossing, int(Never));
     refresh();
@@ -75,6 +75,8 @@ void KMModSymNode::rebuild()
 
 void KMModSymNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
+    if (!KMResultLimit::allows(name(), 2 * qint64(input.vertexCount()), 2 * qint64(input.faceCount())))
+        return;
     result.reserve(2 * input.vertexCount(), 2 * input.faceCount());
     KMResultCopy::appendVertices(input, result, m_vertexMap);
     KMResultCopy::appendFaces(input, 2, result, m_vertexMap, m_faceMap);

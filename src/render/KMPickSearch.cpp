@@ -4,7 +4,9 @@
 #include "core/KMSolution.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "render/KMCameraNode.h"
+#include "render/KMRenderMask.h"
 #include "render/KMRenderer.h"
 #include "render/KMViewFilter.h"
 
@@ -47,6 +49,8 @@ bool isActive(const KMMeshNode &mesh)
 /// Only the end of a chain of modifiers is drawn; and where the mesh at its start is meant, not even that counts.
 bool isLookedThrough(const KMMeshNode &mesh, const KMMeshNode *only)
 {
+    if (KMMeshTargets::isControl(mesh))
+        return !KMRenderMask::isShown(mesh);
     const KMMeshModifier *owner = mesh.ownerModifier();
     return owner && (owner->next() || (only && owner->source() == only));
 }
@@ -103,7 +107,8 @@ void KMPickSearch::run()
 
 bool KMPickSearch::needsOccluder() const
 {
-    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces)
+    // Faces that aren't drawn hide nothing.
+    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces) && m_camera.viewFlag(KMCameraNode::ShowFaces)
            && (m_camera.viewFlag(KMCameraNode::ShowVertices) || m_camera.viewFlag(KMCameraNode::ShowEdges));
 }
 
@@ -120,7 +125,9 @@ void KMPickSearch::collectMeshes()
         if (isLocked || (!isVisible && !m_request.includeHidden) || (active && m_request.skipActiveMesh))
             continue;
         const bool isPickable = m_request.only ? mesh == m_request.only : active || !m_request.testActiveOnly;
-        Nearby nearby{mesh, isPickable, !owner || m_request.includeChildren, false, {}, {}};
+        const bool hasElements = KMMeshTargets::isControl(*mesh)
+                                 || ((!owner || m_request.includeChildren) && !KMMeshTargets::isUnderControl(*mesh));
+        Nearby nearby{mesh, isPickable, hasElements, false, {}, {}};
         nearby.isCulled = m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
         m_nearby.push_back(nearby);
     }

@@ -50,6 +50,11 @@ QString clickText(const KMPickRequest &hit)
 bool KMElementClick::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request)
 {
     if (KMPicker::pick(camera, position, request)) {
+        if (KMMeshTargets::isUnderControl(*request.mesh)) {
+            KMPicker::clearHot();
+            request.clearResult();
+            return false;
+        }
         const KMMeshModifier *owner = request.mesh->ownerModifier();
         if (!owner || KMMeshTargets::isChosen(*request.mesh))
             return true;

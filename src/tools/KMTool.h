@@ -45,6 +45,13 @@ public:
     /// Ends what is going on without an effect: the key Escape, a view that loses the keyboard, another document.
     virtual void cancel() {}
 
+    // The same in the view of the texture's plane, for tools that work there too: they hand its events on to these
+
+    virtual void uvRefresh() {}
+    virtual bool uvMousePress(KMMouseEvent *, KMOpenGLWidget *) { return false; }
+    virtual bool uvMouseMove(KMMouseEvent *, KMOpenGLWidget *) { return false; }
+    virtual bool uvMouseRelease(KMMouseEvent *, KMOpenGLWidget *) { return false; }
+
     // State
 
     bool isFree() const { return m_isFree; } ///< the mouse need not be over an element

@@ -6,6 +6,7 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "render/KMPicker.h"
 #include "tools/KMNodeDrag.h"
 #include "tools/KMToolKind.h"
@@ -34,7 +35,8 @@ bool KMToolSRT::pick(const KMCameraNode &camera, const QPointF &position, KMPick
 bool KMToolSRT::clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers)
 {
     KMContainerNode *node = hit.mesh;
-    if (const KMMeshModifier *modifier = hit.mesh->ownerModifier())
+    const KMMeshModifier *modifier = hit.mesh->ownerModifier();
+    if (modifier && !KMMeshTargets::isControl(*hit.mesh))
         node = modifier->source() ? modifier->source() : modifier->modMesh();
     else if (hit.mesh->ownerNode())
         node = hit.mesh->ownerNode();

@@ -88,8 +88,15 @@ void KMToolUniv::setLocal(bool local)
     gSolution->refreshViews(allViews);
 }
 
+void KMToolUniv::setFlowing(bool flowing)
+{
+    m_isFlowing = flowing;
+    emit optionsChanged();
+}
+
 void KMToolUniv::resetOptions()
 {
+    m_isFlowing = false;
     m_isHandleShown = true;
     setLocal(false);
     setHandleMode(defaultMode(toolId()));
@@ -105,6 +112,7 @@ void KMToolUniv::initialize()
     m_square = new KMToolSquare;
     m_lasso = new KMToolLasso;
     m_brush = new KMToolCircle;
+    m_brushRadius = m_brush->radius();
     m_hint = new KMToolMesh(KMToolOverlay::Points);
     addMesh(FaceMeshes, m_handle);
     for (KMToolMesh *marquee :
@@ -163,7 +171,7 @@ void KMToolUniv::cancel()
         return;
     if (m_operation == Operation::Drag)
         m_subject->cancel();
-    if (m_operation == Operation::Brush)
+    if (isStroke())
         m_brushSelect.cancel();
     end();
     m_value.clear(); // that of a drag which didn't happen
@@ -247,6 +255,8 @@ void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &even
     if ((event.modifiers() & both) == both)
         KMElementClick::log(hit);
     m_widget->camera()->setPivot(hit.point);
+    if (m_isFlowing && hasMarquee())
+        return beginStroke(Operation::Flow, event, gSettings->vertexClickMargin, DP_FLOW);
     if (clickElement(hit, event.modifiers()))
         beginDrag(m_handleMode & Translates ? Move | AsItIs : int(Move), hit.point, event, &hit);
     else
@@ -304,11 +314,18 @@ void KMToolUniv::beginMarquee(const KMMouseEvent &event)
         m_lasso->begin(m_pressPos);
         return begin(Operation::Lasso);
     case KMEditFilter::Shape::Brush:
-        begin(Operation::Brush);
-        m_brush->moveTo(m_pressPos);
-        m_brushSelect.begin(KMMeshSelect::marqueeMode(event.modifiers()), m_brush->radius());
-        m_brushSelect.strokeTo(m_pressPos, m_pressPos);
+        return beginStroke(Operation::Brush, event, m_brushRadius, DP_SEL_FRAME);
     }
+}
+
+void KMToolUniv::beginStroke(Operation operation, const KMMouseEvent &event, float radius, int displayColor)
+{
+    begin(operation);
+    m_brush->setRadius(radius);
+    m_brush->setDisplayColor(displayColor);
+    m_brush->moveTo(m_pressPos);
+    m_brushSelect.begin(KMMeshSelect::marqueeMode(event.modifiers()), radius);
+    m_brushSelect.strokeTo(m_pressPos, m_pressPos);
 }
 
 bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
@@ -331,7 +348,7 @@ bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
         drag(event->modifiers());
     if (m_operation == Operation::Lasso)
         m_lasso->lengthen(m_lastPos);
-    if (m_operation == Operation::Brush) {
+    if (isStroke()) {
         m_brush->moveTo(m_lastPos);
         m_brushSelect.strokeTo(before, m_lastPos);
     }
@@ -429,9 +446,10 @@ void KMToolUniv::tellFixed(const QPointF &position)
 
 void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
 {
-    const bool isClick = !m_hasLeftPress && !(operation == Operation::Brush && m_brushSelect.hasTouched());
-    if (operation == Operation::Brush)
-        m_brushSelect.commit();
+    const bool isTouching = operation == Operation::Brush || operation == Operation::Flow;
+    const bool isClick = !m_hasLeftPress && !(isTouching && m_brushSelect.hasTouched());
+    if (isTouching)
+        m_brushSelect.commit(operation == Operation::Flow ? tr("Flow Select") : tr("Brush Select"));
     if (isClick) {
         if (m_cage && !(modifiers & Qt::ControlModifier))
             KMElementClick::choose(m_cage, KMMeshSelect::clickMode(modifiers));
@@ -463,7 +481,7 @@ void KMToolUniv::draw(KMOpenGLWidget *widget)
     const auto shows = [&](Operation operation) { return widget && widget == m_widget && m_operation == operation; };
     m_square->setVisible(shows(Operation::Square) && hasMarquee());
     m_lasso->setVisible(shows(Operation::Lasso));
-    m_brush->setVisible(shows(Operation::Brush));
+    m_brush->setVisible(shows(Operation::Brush) || shows(Operation::Flow));
     if (m_square->isVisible())
         m_square->stretch(m_pressPos, m_lastPos);
 }

@@ -28,7 +28,9 @@ public:
     bool isHandleShown() const { return m_isHandleShown; }
     void setHandleShown(bool shown);
     bool isLocal() const { return m_isLocal; }
-    void setLocal(bool local);                ///< the handle stands as the current node does, else as the world
+    void setLocal(bool local); ///< the handle stands as the current node does, else as the world
+    bool isFlowing() const { return m_isFlowing; }
+    void setFlowing(bool flowing);            ///< a drag at an element selects what it passes over, and moves nothing
     QString value() const { return m_value; } ///< of the drag, for the panel
     KMToolHandle *handle() const { return m_handle; }
 
@@ -63,7 +65,7 @@ protected:
     virtual bool pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const;
 
 private:
-    enum class Operation { None, Drag, Square, Lasso, Brush };
+    enum class Operation { None, Drag, Square, Lasso, Brush, Flow };
     /// What the cursor is over; compared, never used.
     struct Hover
     {
@@ -83,17 +85,20 @@ private:
     void begin(Operation operation);
     void beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit);
     void beginMarquee(const KMMouseEvent &event);
+    void beginStroke(Operation operation, const KMMouseEvent &event, float radius, int displayColor);
     void drag(Qt::KeyboardModifiers modifiers);
     bool hover(const QPointF &position, KMOpenGLWidget *widget);
     void end();
     void clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget);
     void tellFixed(const QPointF &position);
     void commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    bool isStroke() const { return m_operation == Operation::Brush || m_operation == Operation::Flow; }
     bool isMarquee() const { return m_operation != Operation::None && m_operation != Operation::Drag; }
 
     int m_handleMode;
     bool m_isHandleShown = true;
     bool m_isLocal = false;
+    bool m_isFlowing = false;
     bool m_hasCentre = false;         // there is something that the handle can stand at
     bool m_hasMoved = false;          // in this drag
     bool m_hasLeftPress = false;      // the cursor was farther away than a click goes
@@ -103,6 +108,7 @@ private:
     Operation m_operation = Operation::None;
     QPointF m_pressPos;
     QPointF m_lastPos;
+    float m_brushRadius = 0.0f;        // of the brush as it was made, pixels
     QPointer<KMOpenGLWidget> m_widget; // of the operation
     QString m_value;
     KMHandleDrag m_drag;

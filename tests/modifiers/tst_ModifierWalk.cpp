@@ -186,7 +186,7 @@ void Walker::reorder()
     if (!modifier || modifier == target || !canMove(modifier, target))
         return;
     const KMUndoMacro macro(QStringLiteral("reorder"));
-    gSolution->push(new moveNodeCommand(moveNodeCommand::Before, target, modifier, KMRowFocus::Keep));
+    gSolution->push(new moveNodeCommand(moveNodeCommand::BeforeSibling, target, modifier, KMRowFocus::Keep));
     gProject->checkModifiers();
 }
 

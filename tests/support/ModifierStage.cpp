@@ -150,7 +150,7 @@ std::size_t ModifierStage::updateAllocations()
 QString ModifierStage::walk(quint32 seed, const std::function<void(std::mt19937 &)> &editSettings)
 {
     std::mt19937 random(seed);
-    constexpr int steps = 60;
+    constexpr int steps = 40;
     for (int step = 0; step < steps; ++step) {
         const int kind = anyOf(random, editKinds + 1);
         if (kind < editKinds)

@@ -6,6 +6,7 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMFaceTurn.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMModFFDNode.h"
 #include "modifiers/KMPrimCubeNode.h"
 #include "render/KMCameraNode.h"
 #include "support/CommandProof.h"
@@ -45,6 +46,8 @@ const CommandRow commandRows[] = {
     {"NodeComDeleteLinePolygon", "Delete LinePolygon", Kind::Mesh},
     {"NodeComDeleteOverlappedFace", "Delete Overlapped faces", Kind::Mesh},
     {"NodeComDeleteXMinus", "Delete X Minus Vertex", Kind::Mesh},
+    {"NodeComFitFFD", "Fit FFD", Kind::Lattice},
+    {"NodeComFreezeModifier", "Freeze Modifiier", Kind::Mesh},
     {"NodeComInvertEdgeSelection", "Invert Edge Selection", Kind::Mesh},
     {"NodeComInvertFaceSelection", "Invert Face Selection", Kind::Mesh},
     {"NodeComInvertVertexSelection", "Invert Vertex Selection", Kind::Mesh},
@@ -107,9 +110,11 @@ public:
         return stepFailure([this] { return dump.text(); }, QLatin1String(row.text), [&] { trigger(row.name); });
     }
     void messUp(quint32 seed);
+    void addLattice(); ///< below the mesh
 
     KMMeshNode *wall;
     KMPrimitiveNode *primitive = nullptr;
+    KMModFFDNode *lattice = nullptr;
     KMCameraNode camera;
     CallLog log;
     RecordingWindow window;
@@ -152,6 +157,14 @@ void Scene::messUp(quint32 seed)
     }
     mesh->setTransform(tilted);
     begin(mesh);
+}
+
+void Scene::addLattice()
+{
+    lattice = new KMModFFDNode;
+    gProject->addToScene(lattice);
+    gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, mesh, lattice));
+    gProject->checkModifiers();
 }
 
 using MakeMesh = KMMeshNode *(*)();
@@ -206,6 +219,7 @@ private slots:
     void merged();
     void projected();
     void polygonized();
+    void fitted();
 };
 
 void tst_KMNodeCommand::family()
@@ -233,14 +247,19 @@ void tst_KMNodeCommand::oneStep()
         for (quint32 seed = 1; seed <= 4; ++seed) {
             Scene scene(make());
             scene.messUp(seed);
-            if (command.kind == Kind::Primitive)
-                scene.makeCurrent(scene.primitive);
+            if (seed % 2 == 0 || command.kind == Kind::Lattice)
+                scene.addLattice();
+            scene.begin(command.kind == Kind::Primitive ? static_cast<KMContainerNode *>(scene.primitive)
+                        : command.kind == Kind::Lattice ? static_cast<KMContainerNode *>(scene.lattice)
+                                                        : scene.mesh);
             putOnClipboard(QByteArray(40, '\x3e'));
             const QString failure = scene.failure(command);
             if (failure == QStringLiteral("0 steps"))
                 continue;
             ++steps;
             QCOMPARE(failure, QString());
+            if (scene.mesh->isDeleted())
+                continue;
             gSolution->clearHistory();
             scene.mesh->compact();
             QCOMPARE(checkInvariants(*scene.mesh), QString());
@@ -255,8 +274,10 @@ void tst_KMNodeCommand::refused()
     QFETCH(int, row);
     const CommandRow &command = commandRows[row];
     const bool needsNode = command.kind != Kind::Nothing && command.kind != Kind::Selected;
-    const QString missing = command.kind == Kind::Primitive ? QStringLiteral("Primitive Selection not found.")
-                                                            : QStringLiteral("Node Selection not found.");
+    const bool isFit = command.kind == Kind::Lattice;
+    const QString missing = isFit                             ? QStringLiteral("Please Select FFDNode.")
+                            : command.kind == Kind::Primitive ? QStringLiteral("Primitive Selection not found.")
+                                                              : QStringLiteral("Node Selection not found.");
     Scene scene(MeshFixtures::torus(5, 4));
     scene.messUp(1);
     putOnClipboard(QByteArray(40, '\x3e'));
@@ -271,7 +292,7 @@ void tst_KMNodeCommand::refused()
           static_cast<KMContainerNode *>(scene.primitive)})
         node->setLocked(true);
     scene.makeCurrent(command.kind == Kind::Primitive ? static_cast<KMContainerNode *>(scene.primitive) : scene.mesh);
-    QVERIFY(isSilent(command.kind != Kind::Selected));
+    QVERIFY(isSilent(command.kind != Kind::Selected && !isFit));
     gProject->tree()->setCurrentItem(nullptr);
     QVERIFY(isSilent(command.kind == Kind::Nothing));
     scene.makeCurrent(command.kind == Kind::Primitive ? static_cast<KMContainerNode *>(scene.wall) : scene.primitive);
@@ -321,7 +342,7 @@ void tst_KMNodeCommand::menusOfRows()
         }
         return names.join(QStringLiteral(", "));
     };
-    QCOMPARE(entries(scene.mesh), QStringLiteral("8 of Mesh, 4 of Elements, 4 of Coordinates"));
+    QCOMPARE(entries(scene.mesh), QStringLiteral("Freeze Modifiier, 8 of Mesh, 4 of Elements, 4 of Coordinates"));
     QCOMPARE(entries(scene.primitive), QStringLiteral("Polygonize, 4 of Coordinates"));
     QCOMPARE(entries(gProject->shaders().at(0)), QString());
 }
@@ -514,8 +535,8 @@ void tst_KMNodeCommand::polygonized()
     for (const KMVertex *vertex : cube->mesh()->vertices())
         corners << vertex->pos;
 
+    scene.dump.withCurrent = true;
     QCOMPARE(scene.failure({"NodeComPolygonize", "Polygonize", Kind::Primitive}), QString());
-    scene.trigger("NodeComTest");
     auto *mesh = static_cast<KMMeshNode *>(KMTreeWidget::nodeOf(above->item()->child(0)));
     QCOMPARE(mesh->type(), int(KMNodeType::Mesh));
     QCOMPARE(mesh->name(), QStringLiteral("Body"));
@@ -529,12 +550,25 @@ void tst_KMNodeCommand::polygonized()
     QCOMPARE(mesh->face(3)->uvs[0], cube->mesh()->face(3)->uvs[0]);
     QCOMPARE(mesh->faceShader(3), 0);
     QCOMPARE(mesh->liveFaces().size(), 6);
+    QCOMPARE(gSolution->currentNode(), mesh);
+}
 
-    gSolution->undoStack()->undo();
-    scene.makeCurrent(cube);
-    QCOMPARE(KMTreeWidget::parentNodeOf(child), cube);
-    scene.trigger("NodeComPolygonize");
-    QCOMPARE(gSolution->currentNode(), KMTreeWidget::nodeOf(above->item()->child(0)));
+void tst_KMNodeCommand::fitted()
+{
+    Scene scene(MeshFixtures::cube());
+    scene.mesh->setPosition(7, {3, 1, 1});
+    scene.addLattice();
+    for (const int i : {0, 7})
+        scene.mesh->setVertexFlag(i, KMElementFlag::Selected);
+    scene.begin(scene.lattice);
+    scene.trigger("NodeComFitFFD"); // too few
+    QCOMPARE(gSolution->undoStack()->count(), 0);
+    QVERIFY(scene.window.messages.isEmpty());
+    scene.mesh->setVertexFlag(3, KMElementFlag::Selected);
+    QCOMPARE(scene.failure({"NodeComFitFFD", "Fit FFD", Kind::Lattice}), QString());
+    QCOMPARE(scene.lattice->translation(), kvm::Vector3(1, 0, 0));
+    QCOMPARE(scene.lattice->parameters().size, kvm::Vector3(4, 2, 2));
+    QCOMPARE(scene.mesh->position(7), kvm::Vector3(3, 1, 1));
 }
 
 KM_TEST(tst_KMNodeCommand);
