@@ -1,34 +1,14 @@
 #include "modifiers/KMModSdvNode.h"
 
 #include "core/KMNodeType.h"
-#include "core/KMPlatform.h"
-#include "core/KMSolution.h"
 #include "core/KMVariantNode.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
 #include "modifiers/KMResultCopy.h"
+#include "modifiers/KMResultLimit.h"
 #include "modifiers/KMSdvSurface.h"
 
-#include <QDebug>
-#include <QLocale>
-
 #include <algorithm>
-
-namespace {
-
-// At the highest while a surface is made: records, the levels of the refinement and the tables.
-constexpr qint64 bytesPerFace = 1500;
-constexpr qint64 maxFaces = 1 << 26; // so that all that is counted stays below the range of an int
-
-void report(const QString &what)
-{
-    constexpr int warningLevel = 4;
-    qDebug().noquote() << what;
-    if (gSolution)
-        gSolution->showMessage(what, warningLevel);
-}
-
-} // namespace
 
 bool KMModSdvNode::Parameters::operator==(const Parameters &other) const
 {
@@ -136,13 +116,8 @@ bool KMModSdvNode::isWithinMemory(const KMMeshNode &input) const
             corners += input.face(f)->count;
     }
     const qint64 faces = corners << 2 * (level() - 1);
-    const qint64 memory = availableMemory();
-    if (faces <= maxFaces && (memory <= 0 || faces * bytesPerFace <= memory))
-        return true;
-    report(tr("%1 would have %2 faces at level %3, which is more than the memory holds; choose a lower level")
-               .arg(name(), QLocale().toString(faces))
-               .arg(level()));
-    return false;
+    constexpr qint64 tables = 400; // bytes for each face, while the tables are made
+    return KMResultLimit::allows(name(), faces + input.vertexCount(), faces, tables * faces);
 }
 
 void KMModSdvNode::subdivide(const KMMeshNode &input, KMMeshNode &result)
@@ -162,7 +137,7 @@ void KMModSdvNode::subdivide(const KMMeshNode &input, KMMeshNode &result)
     if (surface->isEmpty())
         return;
     if (!surface->fill(input, result)) {
-        report(tr("Far::TopologyRefinerFactory::Create failed."));
+        KMResultLimit::report(tr("Far::TopologyRefinerFactory::Create failed."));
         return;
     }
     m_faceMap.fill(-1, input.faceCount());

@@ -38,13 +38,13 @@ double roomLeft()
 
 } // namespace
 
-bool KMResultLimit::allows(const QString &name, qint64 vertices, qint64 faces)
+bool KMResultLimit::allows(const QString &name, qint64 vertices, qint64 faces, qint64 tables)
 {
     constexpr qint64 small = 100000; // not worth the question
     if (vertices <= small && faces <= small)
         return true;
     const bool isTooMany = vertices > maxRecords || faces > maxRecords;
-    if (!isTooMany && bytesFor(vertices, faces) <= roomLeft())
+    if (!isTooMany && bytesFor(vertices, faces) + double(tables) <= roomLeft())
         return true;
     const QLocale locale;
     report(QCoreApplication::translate(

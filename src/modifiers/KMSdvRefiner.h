@@ -10,8 +10,8 @@ struct KMSdvCage;
 
 /// A cage refined by the rules of Catmull and Clark, for as long as it takes to read from it what is to be kept.
 ///
-/// Where more than two faces share an edge, or the faces at a vertex hang together there alone, vertices stay where
-/// they are: the parts meet there without being smoothed into one another.
+/// An edge of more than two faces is a crease, and so is one whose faces are turned against each other. A vertex stays
+/// where it is when faces touch there without sharing an edge, or when not just two such creases meet.
 class KMSdvRefiner
 {
 public:

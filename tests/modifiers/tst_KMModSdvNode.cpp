@@ -1,10 +1,7 @@
-#include "core/KMNodeType.h"
-#include "core/KMProject.h"
-#include "core/KMSolution.h"
 #include "core/KMVariantNode.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
-#include "modifiers/KMModSdvCommands.h"
+#include "modifiers/KMModSdvNode.h"
 #include "support/AllocationCount.h"
 #include "support/DirectSubdivision.h"
 #include "support/MeshFixtures.h"
@@ -12,7 +9,6 @@
 #include "support/TestRegistry.h"
 
 #include <QRandomGenerator>
-#include <QUndoStack>
 #include <QtTest>
 
 #include <cmath>
@@ -507,7 +503,7 @@ void tst_KMModSdvNode::refusesWhatMemoryCannotHold()
     const Chain chain(MeshFixtures::grid(300, 300), {Parameters{6, true, 5, false}});
     QCOMPARE(chain.result().faceCount(), 0);
     QCOMPARE(session.window.messages.size(), 1);
-    QVERIFY(session.window.messages.first().contains(QLatin1String("memory")));
+    QVERIFY(session.window.messages.constFirst().contains(QLatin1String("memory")));
     chain.stages.first()->setParameters({1, true, 5, false});
     chain.refresh();
     QCOMPARE(chain.result().faceCount(), 4 * 300 * 300);
@@ -515,25 +511,17 @@ void tst_KMModSdvNode::refusesWhatMemoryCannotHold()
 
 void tst_KMModSdvNode::settings()
 {
-    MeshScene scene(MeshFixtures::cube());
-    KMModSdvNode node;
-    scene.mesh->linkChain({{true, &node}});
-    gSolution->push(new editModSdvCommand(&node, {1, false, 3, true}));
-    QVERIFY((node.parameters() == Parameters{1, false, 3, true}));
-    QCOMPARE(node.modMesh()->faceCount(), 24);
-    gSolution->undoStack()->undo();
-    QVERIFY(node.parameters() == Parameters());
-    QCOMPARE(node.modMesh()->faceCount(), 96);
+    const Chain chain(MeshFixtures::cube());
+    KMModSdvNode &node = *chain.stages.first();
     static_cast<KMVariantNode *>(node.nodePort(QStringLiteral("Max Level")))->setInt(3);
-    scene.mesh->refreshMesh(scene.mesh->dirtyMask());
-    scene.mesh->evaluateModifiers();
+    chain.refresh();
     QCOMPARE(node.modMesh()->faceCount(), 384);
     const std::unique_ptr<KMModSdvNode> copy(node.clone());
     QVERIFY(copy->parameters() == node.parameters());
     copy->rebuild();
     QCOMPARE(copy->modMesh()->vertexCount(), 0);
     QCOMPARE(node.ports().size(), 6);
-    scene.mesh->linkChain({});
+    chain.mesh->linkChain({});
     QCOMPARE(node.modMesh()->vertexCount(), 0);
 }
 

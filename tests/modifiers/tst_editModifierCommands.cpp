@@ -5,6 +5,7 @@
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModClonerNode.h"
 #include "modifiers/KMModPipeNode.h"
+#include "modifiers/KMModSdvCommands.h"
 #include "modifiers/KMModSolidNode.h"
 #include "support/CommandProof.h"
 #include "support/MeshFixtures.h"
@@ -40,6 +41,11 @@ Subject subject(const typename Node::Parameters &parameters)
 {
     auto *node = new Node;
     return {node, [node, parameters] { return new Command(node, parameters); }};
+}
+
+Subject subdivision()
+{
+    return subject<KMModSdvNode, editModSdvCommand>({1, false, 3, true});
 }
 
 Subject pipe()
@@ -78,6 +84,7 @@ void tst_editModifierCommands::commands_data()
 {
     QTest::addColumn<MakeSubject>("make");
     QTest::addColumn<QString>("text");
+    QTest::newRow("subdivision") << MakeSubject(&subdivision) << "Edit SdvNode";
     QTest::newRow("pipe") << MakeSubject(&pipe) << "Edit PipeNode";
     QTest::newRow("solidify") << MakeSubject(&solid) << "Edit SolidifyNode";
     QTest::newRow("cloner") << MakeSubject(&cloner) << "Edit ClonerNode";
