@@ -13,6 +13,7 @@ class KMPointCarrier
 public:
     virtual ~KMPointCarrier() = default;
 
-    virtual QVector<kvm::Vector3> carriedPointsAt(const KMTransform &transform) = 0; ///< where setTransform() takes them
+    virtual QVector<kvm::Vector3>
+    carriedPointsAt(const KMTransform &transform) = 0; ///< where setTransform() takes them
     virtual void setCarriedPoints(const QVector<kvm::Vector3> &points) = 0;
 };

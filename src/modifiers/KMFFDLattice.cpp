@@ -39,6 +39,8 @@ void KMFFDLattice::build(const KMFFDBox &box, const KMTransform &transform)
         m_local[i] = box.restPoint(i);
         m_world[i] = KMFFDBox::toWorld(transform, m_local.at(i));
     }
+    m_home = transform;
+    m_homeWorld = m_world;
     if (!isDividedAsBefore)
         buildMesh();
     setPositions(m_world);
@@ -90,13 +92,19 @@ Vector3 KMFFDLattice::localOf(int index, const Vector3 &position) const
 /// Points that nobody moved keep their place in the box to the last digit.
 void KMFFDLattice::readMoves()
 {
+    bool isMoved = false;
     for (int i = 0; i < m_lattice.size(); ++i) {
         const Vector3 &position = m_lattice.at(i).vertex->pos;
         if (position == m_world.at(i))
             continue;
         m_world[i] = position;
         m_local[i] = localOf(i, position);
+        isMoved = true;
     }
+    if (!isMoved)
+        return;
+    m_home = m_transform;
+    m_homeWorld = m_world;
 }
 
 QVector<Vector3> KMFFDLattice::positionsAt(const KMTransform &transform)
@@ -104,6 +112,8 @@ QVector<Vector3> KMFFDLattice::positionsAt(const KMTransform &transform)
     readMoves();
     if (isSame(transform, m_transform))
         return m_world;
+    if (isSame(transform, m_home))
+        return m_homeWorld;
     QVector<Vector3> positions(m_local.size());
     for (int i = 0; i < positions.size(); ++i)
         positions[i] = KMFFDBox::toWorld(transform, m_local.at(i));

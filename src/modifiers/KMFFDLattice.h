@@ -20,8 +20,8 @@ struct KMFFDPoint
 
 /// The control points of a box as the vertices of a mesh, with a line for each two neighbours.
 ///
-/// Tools move the vertices. What the points are to the box is read from there when the box moves next, so that nothing is
-/// lost by moves of the box alone, however many there are.
+/// Tools move the vertices. What the points are to the box is read from there when the box moves next, so that nothing
+/// is lost by moves of the box alone, however many there are.
 class KMFFDLattice
 {
     Q_DISABLE_COPY(KMFFDLattice)
@@ -43,8 +43,8 @@ public:
 
     /// Divides the box; the points are at rest.
     void build(const KMFFDBox &box, const KMTransform &transform);
-    QVector<kvm::Vector3> positions() const;                  ///< in the world
-    void setPositions(const QVector<kvm::Vector3> &positions); ///< as many as there are points
+    QVector<kvm::Vector3> positions() const;                         ///< in the world
+    void setPositions(const QVector<kvm::Vector3> &positions);       ///< as many as there are points
     QVector<kvm::Vector3> positionsAt(const KMTransform &transform); ///< those to which the box would take them
     void carryTo(const KMTransform &transform);
 
@@ -57,9 +57,11 @@ private:
     kvm::Vector3 localOf(int index, const kvm::Vector3 &position) const;
 
     KMFFDBox m_box;
-    KMTransform m_transform; // the positions below are those at this place of the box
-    QVector<kvm::Vector3> m_world;
+    KMTransform m_transform;       // of the box, as it is now
+    QVector<kvm::Vector3> m_world; // to which it took the points
     QVector<kvm::Vector3> m_local; // in the space of the box
+    KMTransform m_home;            // at which the points were last moved by others
+    QVector<kvm::Vector3> m_homeWorld;
     QVector<KMFFDPoint> m_lattice;
     std::unique_ptr<KMMeshNode> m_mesh;
 };

@@ -43,8 +43,8 @@ QVector<Vector3> selectedPositions(const KMMeshNode &mesh)
 KMTransform worldTransform(const KMMeshNode &mesh)
 {
     const kvm::Matrix4 parent = mesh.parentMatrix();
-    return KMObjectTransform::sound(
-        parent == kvm::Matrix4() ? mesh.transform() : KMObjectTransform::moved(mesh.transform(), parent));
+    return KMObjectTransform::sound(parent == kvm::Matrix4() ? mesh.transform()
+                                                             : KMObjectTransform::moved(mesh.transform(), parent));
 }
 
 } // namespace

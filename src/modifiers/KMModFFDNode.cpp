@@ -63,9 +63,8 @@ KMModFFDNode::Parameters KMModFFDNode::accepted(const Parameters &parameters) co
     if (sound.pointCount() <= KMFFDBox::MaxPoints)
         return sound;
     const QLocale locale;
-    KMResultLimit::report(
-        tr("%1 would have %2 control points; the limit is %3")
-            .arg(name(), locale.toString(sound.pointCount()), locale.toString(KMFFDBox::MaxPoints)));
+    KMResultLimit::report(tr("%1 would have %2 control points; the limit is %3")
+                              .arg(name(), locale.toString(sound.pointCount()), locale.toString(KMFFDBox::MaxPoints)));
     sound.nodeCounts = m_lattice.box().nodeCounts;
     return sound;
 }
@@ -203,7 +202,8 @@ void KMModFFDNode::updateTags()
 {
     const KMMeshNode *from = input();
     if (from && m_normals.begin(*from))
-        m_normals.carry(*from, [this](int i) { return vertexMapAt(i); }, m_faceMap);
+        m_normals.carry(
+            *from, [this](int i) { return vertexMapAt(i); }, m_faceMap);
 }
 
 KMModFFDNode *KMModFFDNode::clone() const

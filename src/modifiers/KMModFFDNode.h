@@ -39,8 +39,8 @@ public:
     ~KMModFFDNode() override;
 
     Parameters parameters() const;
-    /// Another box is divided anew, its points are at rest; else they stay. Numbers out of range become the nearest, and
-    /// so many points that they are refused, with a word to the user, leave the counts as they are.
+    /// Another box is divided anew, its points are at rest; else they stay. Numbers out of range become the nearest,
+    /// and so many points that they are refused, with a word to the user, leave the counts as they are.
     void setParameters(const Parameters &parameters);
     KMFloatNode *power() const { return m_power.get(); }
 

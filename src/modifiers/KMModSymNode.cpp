@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <limits>
 
-using kvm::Vector3;
 using KMResultCopy::Winding;
+using kvm::Vector3;
 
 namespace {
 
@@ -217,8 +217,10 @@ void KMModSymNode::updateTags()
     const KMMeshNode *from = input();
     if (!from || !m_normals.begin(*from))
         return;
-    m_normals.carry(*from, [this](int i) { return vertexMapAt(i); }, m_faceMap);
-    m_normals.carryMirrored(*from, [this](int i) { return mirrorOf(vertexMapAt(i)); }, m_mirrorFaceMap, plane().normal);
+    m_normals.carry(
+        *from, [this](int i) { return vertexMapAt(i); }, m_faceMap);
+    m_normals.carryMirrored(
+        *from, [this](int i) { return mirrorOf(vertexMapAt(i)); }, m_mirrorFaceMap, plane().normal);
 }
 
 KMModSymNode *KMModSymNode::clone() const

@@ -9,8 +9,8 @@
 class KMMeshNode;
 class KMTagNormal;
 
-/// The normal tag of a modifier's result, which counts while the input has one that does. It carries the creases and the
-/// overridden normals of the input to the elements that came of it.
+/// The normal tag of a modifier's result, which counts while the input has one that does. It carries the creases and
+/// the overridden normals of the input to the elements that came of it.
 class KMResultNormals
 {
     Q_DISABLE_COPY(KMResultNormals)
