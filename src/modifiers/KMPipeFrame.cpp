@@ -37,7 +37,8 @@ kvm::Quaternion KMPipeFrame::along(const Vector3 &direction, const Vector3 &up)
     Vector3 side = cross(d, up);
     if (!(side.length() > narrowest))
         side = cross(d, axisAcross(d));
-    // Its length is the sine of the angle to `up`. A quaternion has to get unit vectors, or it would lean the ring.
+    // Its length is the sine of the angle to `up`. A quaternion made from it as it is would roll the ring, each by
+    // another angle, and make it smaller.
     side.normalize();
     const Vector3 top = cross(side, d);
     return kvm::Quaternion::fromMatrix(

@@ -114,6 +114,7 @@ void tst_KMModPipeNode::traces_data()
     QTest::newRow("from the middle") << 5 << Lines{{2, 3}, {0, 1}, {3, 4}, {1, 2}} << "0-1-2-3-4";
     QTest::newRow("ring") << 4 << Lines{{0, 1}, {1, 2}, {2, 3}, {3, 0}} << "0-1-2-3-";
     QTest::newRow("ring the other way") << 3 << Lines{{1, 0}, {0, 2}, {2, 1}} << "1-0-2-";
+    QTest::newRow("ring against its first line") << 3 << Lines{{1, 0}, {1, 2}, {2, 0}} << "1-2-0-";
     QTest::newRow("fork") << 4 << Lines{{0, 1}, {1, 2}, {1, 3}} << "0-1 1-2 1-3";
     QTest::newRow("ring on a stick") << 4 << Lines{{0, 1}, {1, 2}, {2, 3}, {3, 1}} << "0-1 1-2-3-";
     QTest::newRow("eight") << 5 << Lines{{0, 1}, {1, 2}, {2, 0}, {0, 3}, {3, 4}, {4, 0}} << "0-1-2- 0-3-4-";
@@ -132,8 +133,11 @@ void tst_KMModPipeNode::traces()
     QStringList found;
     for (const KMPipeChain &chain : pipeOf(stage).chains()) {
         QStringList run;
-        for (const KMPipeNode &node : chain.nodes())
+        for (const KMPipeNode &node : chain.nodes()) {
             run.append(QString::number(node.vertex));
+            const KMFace *line = stage.mesh->face(node.line);
+            QVERIFY(line->hasVertex(node.vertex) && line->hasVertex((node.next ? node.next : node.prev)->vertex));
+        }
         found.append(run.join(QLatin1Char('-')) + (chain.isClosed() ? QStringLiteral("-") : QString()));
     }
     QCOMPARE(found.join(QLatin1Char(' ')), expected);
@@ -196,6 +200,7 @@ void tst_KMModPipeNode::ringsStandAcross()
                 way += (p - places.at(node.prev->vertex)).normalized();
             if (node.next)
                 way += (places.at(node.next->vertex) - p).normalized();
+            QVERIFY(isNear(double(dot(node.orientation.rotate({1, 0, 0}), node.up)), 0.0));
             for (const int vertex : node.ringVertices) {
                 const Vector3 spoke = stage.result().position(vertex) - p;
                 QVERIFY(isNear(double(spoke.length()), 0.25));
