@@ -9,6 +9,7 @@
 #include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoCommand.h"
+#include "core/KMWaitingMacro.h"
 #include "math/Quaternion.h"
 
 #include <QAction>
@@ -18,7 +19,6 @@
 
 #include <cmath>
 #include <limits>
-#include <utility>
 
 KMSolution *gSolution = nullptr;
 
@@ -58,37 +58,25 @@ void KMSolution::setProject(KMProject *project)
 void KMSolution::push(KMUndoCommand *command)
 {
     Q_ASSERT(m_stack);
-    startWaitingMacros();
+    KMWaitingMacro::beginAll();
     m_history.insert(command);
     announceAddonStep();
     dropUnreachableSave();
     m_stack->push(command);
 }
 
-void KMSolution::beginMacro(const QString &text, MacroStart start)
+void KMSolution::beginMacro(const QString &text)
 {
+    KMWaitingMacro::beginAll();
+    announceAddonStep();
+    m_stack->beginMacro(text);
     ++m_macroDepth;
-    m_waitingMacros << text;
-    if (start == MacroStart::Now)
-        startWaitingMacros();
 }
 
 void KMSolution::endMacro()
 {
     --m_macroDepth;
-    if (m_waitingMacros.isEmpty())
-        m_stack->endMacro();
-    else
-        m_waitingMacros.removeLast();
-}
-
-void KMSolution::startWaitingMacros()
-{
-    const QStringList texts = std::exchange(m_waitingMacros, {});
-    for (const QString &text : texts) {
-        announceAddonStep();
-        m_stack->beginMacro(text);
-    }
+    m_stack->endMacro();
 }
 
 void KMSolution::announceAddonStep()

@@ -2,10 +2,9 @@
 
 #include "core/KMSolution.h"
 
-KMUndoMacro::KMUndoMacro(const QString &text, Start start)
+KMUndoMacro::KMUndoMacro(const QString &text)
 {
-    using MacroStart = KMSolution::MacroStart;
-    gSolution->beginMacro(text, start == Start::Now ? MacroStart::Now : MacroStart::WhenUsed);
+    gSolution->beginMacro(text);
 }
 
 KMUndoMacro::~KMUndoMacro()

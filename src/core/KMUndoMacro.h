@@ -7,10 +7,6 @@ class KMUndoMacro
 {
     Q_DISABLE_COPY(KMUndoMacro)
 public:
-    enum class Start {
-        Now,
-        WhenUsed ///< without a command there is no step
-    };
-    explicit KMUndoMacro(const QString &text, Start start = Start::Now);
+    explicit KMUndoMacro(const QString &text);
     ~KMUndoMacro();
 };

@@ -5,7 +5,6 @@
 
 #include <QList>
 #include <QMainWindow>
-#include <QPointer>
 
 class KMCameraNode;
 class KMCameraSet;
@@ -251,7 +250,6 @@ private:
     QList<QAction *> m_actions;             // the window's own
 
     QList<KMDockWidget *> m_docks;
-    QList<QPointer<QAction>> m_blockedActions; // in a drag: the list of those with keys may be another at its end
     kmnodewidget *m_nodeDock = nullptr;
     kmhistorywidget *m_historyDock = nullptr;
     kmtexturewidget *m_textureDock = nullptr;

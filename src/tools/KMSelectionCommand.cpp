@@ -1,6 +1,6 @@
 #include "tools/KMSelectionCommand.h"
 
-#include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "mesh/KMMeshNode.h"
 
 #include <algorithm>
@@ -54,7 +54,7 @@ void KMSelectionCommand::run()
     const QList<KMMeshNode *> meshes = targets();
     if (!ask(meshes))
         return;
-    const KMUndoMacro macro(text(), KMUndoMacro::Start::WhenUsed);
+    const KMWaitingMacro macro(text());
     for (KMMeshNode *mesh : meshes) {
         followFaces(*mesh);
         runOn(*mesh);
