@@ -18,6 +18,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 KMSolution *gSolution = nullptr;
 
@@ -57,23 +58,37 @@ void KMSolution::setProject(KMProject *project)
 void KMSolution::push(KMUndoCommand *command)
 {
     Q_ASSERT(m_stack);
+    startWaitingMacros();
     m_history.insert(command);
     announceAddonStep();
     dropUnreachableSave();
     m_stack->push(command);
 }
 
-void KMSolution::beginMacro(const QString &text)
+void KMSolution::beginMacro(const QString &text, MacroStart start)
 {
-    announceAddonStep();
-    m_stack->beginMacro(text);
     ++m_macroDepth;
+    m_waitingMacros << text;
+    if (start == MacroStart::Now)
+        startWaitingMacros();
 }
 
 void KMSolution::endMacro()
 {
     --m_macroDepth;
-    m_stack->endMacro();
+    if (m_waitingMacros.isEmpty())
+        m_stack->endMacro();
+    else
+        m_waitingMacros.removeLast();
+}
+
+void KMSolution::startWaitingMacros()
+{
+    const QStringList texts = std::exchange(m_waitingMacros, {});
+    for (const QString &text : texts) {
+        announceAddonStep();
+        m_stack->beginMacro(text);
+    }
 }
 
 void KMSolution::announceAddonStep()

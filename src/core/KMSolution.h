@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QPointer>
 #include <QSet>
+#include <QStringList>
 
 #include <array>
 
@@ -48,7 +49,11 @@ public:
     // History
 
     void push(KMUndoCommand *command); ///< takes the command over; its redo runs at once
-    void beginMacro(const QString &text);
+    enum class MacroStart {
+        Now,
+        WhenUsed ///< with the first command that is pushed into it: without one it leaves no step
+    };
+    void beginMacro(const QString &text, MacroStart start = MacroStart::Now);
     void endMacro();
     int macroDepth() const { return m_macroDepth; }
     void countStep(int step) { m_commandCount += step; } ///< for KMUndoCommand: +1 a redo, -1 an undo
@@ -153,6 +158,7 @@ signals:
 
 private:
     void announceAddonStep();
+    void startWaitingMacros();
     void dropUnreachableSave();
     QSet<KMNode *> nodesOfHistory() const;
     void refreshNodes();
@@ -189,6 +195,7 @@ private:
     int m_fogDistance = 100;
     bool m_fogEnabled = false;
     int m_macroDepth = 0;
+    QStringList m_waitingMacros; // the innermost ones, that no command has come into yet
     KMEditFilter m_editFilter;
     int m_snapOptions = KMSnapOption::Default;
     bool m_inAddon = false;

@@ -2,9 +2,10 @@
 
 #include "core/KMSolution.h"
 
-KMUndoMacro::KMUndoMacro(const QString &text)
+KMUndoMacro::KMUndoMacro(const QString &text, Start start)
 {
-    gSolution->beginMacro(text);
+    using MacroStart = KMSolution::MacroStart;
+    gSolution->beginMacro(text, start == Start::Now ? MacroStart::Now : MacroStart::WhenUsed);
 }
 
 KMUndoMacro::~KMUndoMacro()

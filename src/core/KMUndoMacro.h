@@ -7,6 +7,10 @@ class KMUndoMacro
 {
     Q_DISABLE_COPY(KMUndoMacro)
 public:
-    explicit KMUndoMacro(const QString &text);
+    enum class Start {
+        Now,
+        WhenUsed ///< without a command there is no step
+    };
+    explicit KMUndoMacro(const QString &text, Start start = Start::Now);
     ~KMUndoMacro();
 };

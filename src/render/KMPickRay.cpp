@@ -31,7 +31,8 @@ Vector cross(const Vector &a, const Vector &b)
 } // namespace
 
 KMPickRay::KMPickRay(const KMCameraNode &camera, const QPointF &position)
-    : m_ortho(camera.isOrtho())
+    : m_position(position)
+    , m_ortho(camera.isOrtho())
     , m_eye(camera.eye())
     , m_axis(camera.viewAxis())
 {
@@ -86,6 +87,33 @@ bool KMPickRay::hits(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Ve
     if (!(at > 0.0))
         return false;
     depth = at;
+    return true;
+}
+
+bool KMPickRay::hitsInWindow(const kvm::Vector3 *corners, const kvm::Vector3 *windows, double &depth) const
+{
+    double dx[3], dy[3];
+    for (int c = 0; c < 3; ++c) {
+        dx[c] = double(windows[c].x) - m_position.x();
+        dy[c] = double(windows[c].y) - m_position.y();
+    }
+    double weights[3];
+    double area = 0.0;
+    for (int c = 0; c < 3; ++c) {
+        const int b = (c + 1) % 3, d = (c + 2) % 3;
+        weights[c] = dx[b] * dy[d] - dx[d] * dy[b];
+        area += weights[c];
+    }
+    if (area == 0.0)
+        return false;
+    double depths[3];
+    for (int c = 0; c < 3; ++c) {
+        weights[c] /= area;
+        if (!(weights[c] >= 0.0))
+            return false;
+        depths[c] = depthOf(corners[c]);
+    }
+    depth = depthBetween(depths, weights, 3);
     return true;
 }
 

@@ -24,12 +24,16 @@ public:
 
     /// The depth at which it meets a triangle from either side. False when it misses it, or meets it behind the eye.
     bool hits(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Vector3 &c, double &depth) const;
+    /// The same by the window coordinates of three corners that are all in view: triangles that share a side there
+    /// leave no gap between them.
+    bool hitsInWindow(const kvm::Vector3 *corners, const kvm::Vector3 *windows, double &depth) const;
     /// The same for the plane of the triangle, all over it.
     bool hitsPlane(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Vector3 &c, double &depth) const;
 
 private:
     using Vector = std::array<double, 3>;
 
+    QPointF m_position; // in the window
     bool m_ortho;
     kvm::Vector3 m_eye;
     kvm::Vector3 m_axis;

@@ -2,8 +2,11 @@
 
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "render/KMCameraNode.h"
+#include "render/KMRenderMask.h"
 #include "render/KMRenderer.h"
 #include "render/KMViewFilter.h"
 
@@ -41,6 +44,15 @@ bool isActive(const KMMeshNode &mesh)
 {
     const KMNode *active = gSolution->currentNode();
     return active && (active == &mesh || active == mesh.ownerNode());
+}
+
+/// Only the end of a chain of modifiers is drawn; and where the mesh at its start is meant, not even that counts.
+bool isLookedThrough(const KMMeshNode &mesh, const KMMeshNode *only)
+{
+    if (KMMeshTargets::isControl(mesh))
+        return !KMRenderMask::isShown(mesh);
+    const KMMeshModifier *owner = mesh.ownerModifier();
+    return owner && (owner->next() || (only && owner->source() == only));
 }
 
 float orientation(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Vector3 &c)
@@ -95,7 +107,8 @@ void KMPickSearch::run()
 
 bool KMPickSearch::needsOccluder() const
 {
-    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces)
+    // Faces that aren't drawn hide nothing.
+    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces) && m_camera.viewFlag(KMCameraNode::ShowFaces)
            && (m_camera.viewFlag(KMCameraNode::ShowVertices) || m_camera.viewFlag(KMCameraNode::ShowEdges));
 }
 
@@ -104,12 +117,17 @@ void KMPickSearch::collectMeshes()
     const bool currentOnly = KMViewFilter::isOn(KMViewFilter::CullingCurrentOnly);
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
         const KMContainerNode *owner = mesh->ownerNode();
+        if (isLookedThrough(*mesh, m_request.only))
+            continue;
         const bool isVisible = mesh->isVisible() && (!owner || owner->isVisible());
         const bool isLocked = mesh->isLocked() || (owner && owner->isLocked());
         const bool active = isActive(*mesh);
         if (isLocked || (!isVisible && !m_request.includeHidden) || (active && m_request.skipActiveMesh))
             continue;
-        Nearby nearby{mesh, active || !m_request.testActiveOnly, !owner || m_request.includeChildren, false, {}, {}};
+        const bool isPickable = m_request.only ? mesh == m_request.only : active || !m_request.testActiveOnly;
+        const bool hasElements = KMMeshTargets::isControl(*mesh)
+                                 || ((!owner || m_request.includeChildren) && !KMMeshTargets::isUnderControl(*mesh));
+        Nearby nearby{mesh, isPickable, hasElements, false, {}, {}};
         nearby.isCulled = m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
         m_nearby.push_back(nearby);
     }
@@ -199,48 +217,23 @@ bool KMPickSearch::depthAtCursor(const KMMeshNode &mesh, const KMFace &face, dou
 {
     bool isHit = false;
     for (int t = 0; t < triangleCount(face); ++t) {
-        const KMVertex *corners[3];
+        kvm::Vector3 points[3], windows[3];
         bool inDepth = true;
         for (int c = 0; c < 3; ++c) {
-            corners[c] = mesh.vertex(face.indices[triangles[t][c]]);
-            inDepth = inDepth && corners[c]->isInView();
+            const KMVertex *corner = mesh.vertex(face.indices[triangles[t][c]]);
+            points[c] = corner->pos;
+            windows[c] = corner->screenPos;
+            inDepth = inDepth && corner->isInView();
         }
         double found = 0.0;
-        const bool hit = inDepth ? windowDepthAtCursor(corners, found)
-                                 : m_ray.hits(corners[0]->pos, corners[1]->pos, corners[2]->pos, found);
+        const bool hit =
+            inDepth ? m_ray.hitsInWindow(points, windows, found) : m_ray.hits(points[0], points[1], points[2], found);
         if (hit && (!isHit || found < depth)) {
             isHit = true;
             depth = found;
         }
     }
     return isHit;
-}
-
-bool KMPickSearch::windowDepthAtCursor(const KMVertex *const corners[3], double &depth) const
-{
-    double dx[3], dy[3];
-    for (int c = 0; c < 3; ++c) {
-        dx[c] = double(corners[c]->screenPos.x) - m_x;
-        dy[c] = double(corners[c]->screenPos.y) - m_y;
-    }
-    double weights[3];
-    double area = 0.0;
-    for (int c = 0; c < 3; ++c) {
-        const int b = (c + 1) % 3, d = (c + 2) % 3;
-        weights[c] = dx[b] * dy[d] - dx[d] * dy[b];
-        area += weights[c];
-    }
-    if (area == 0.0)
-        return false;
-    double depths[3];
-    for (int c = 0; c < 3; ++c) {
-        weights[c] /= area;
-        if (!(weights[c] >= 0.0))
-            return false;
-        depths[c] = m_ray.depthOf(corners[c]->pos);
-    }
-    depth = m_ray.depthBetween(depths, weights, 3);
-    return true;
 }
 
 /// By the ray as far as it meets the triangles, else on the plane that they lie in: at the very border of a face the

@@ -52,7 +52,6 @@ private:
     bool isShown(const Nearby &nearby, const KMVertex &vertex) const;
     Surface surfaceUnderCursor(bool pickableOnly) const;
     bool depthAtCursor(const KMMeshNode &mesh, const KMFace &face, double &depth) const;
-    bool windowDepthAtCursor(const KMVertex *const corners[3], double &depth) const;
     double occluderDepth(const Surface &surface) const;
     bool isHidden(double depth) const;
     void findVertex();

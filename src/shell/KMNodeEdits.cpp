@@ -1,5 +1,6 @@
 #include "shell/KMNodeEdits.h"
 
+#include "core/KMCommand.h"
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeTreeCommands.h"
 #include "core/KMNodeType.h"
@@ -72,6 +73,21 @@ int indexAtPlace(const KMContainerNode *node, int place)
 
 } // namespace
 
+KMContainerNode *KMNodeEdits::meshForModifier()
+{
+    QList<KMContainerNode *> candidates = selectedNodes();
+    if (KMNode *current = gSolution->currentNode()) {
+        if (isContainer(current->type()))
+            candidates.prepend(nodeAs<KMContainerNode>(current));
+    }
+    for (KMContainerNode *candidate : std::as_const(candidates)) {
+        KMContainerNode *node = isModifier(candidate->type()) ? KMTreeWidget::parentNodeOf(candidate) : candidate;
+        if (node && node->type() == KMNodeType::Mesh)
+            return node;
+    }
+    return nullptr;
+}
+
 void KMNodeEdits::selectOnly(const QList<KMContainerNode *> &nodes)
 {
     gProject->tree()->setCurrentItem(nodes.last()->item());
@@ -140,6 +156,22 @@ void KMNodeEdits::groupUnderNull(const QList<KMContainerNode *> &nodes)
     group->item()->setExpanded(true);
     gProject->checkModifiers();
     gProject->tree()->setCurrentItem(group->item());
+}
+
+void KMNodeEdits::addModifier(KMContainerNode *modifier)
+{
+    KMContainerNode *mesh = meshForModifier();
+    const KMUndoMacro macro(tr("Add Node"));
+    gProject->addToScene(modifier);
+    if (mesh)
+        moveTo(modifier, mesh);
+    else
+        gSolution->showMessage(tr("No mesh was current: move the modifier below the mesh that it shall change"),
+                               KMCommand::MessageLevel);
+    gProject->checkModifiers();
+    if (mesh)
+        mesh->item()->setExpanded(true);
+    gProject->tree()->setCurrentItem(modifier->item());
 }
 
 void KMNodeEdits::remove(const QList<KMContainerNode *> &nodes)

@@ -25,6 +25,12 @@ bool copyTo(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTr
 /// Puts a new null in the place of the first node and the nodes below it.
 void groupUnderNull(const QList<KMContainerNode *> &nodes);
 
+/// The current mesh or the one above the current modifier, else the first chosen one; null when there is none.
+KMContainerNode *meshForModifier();
+/// Brings a new modifier into the document, as the last below that mesh, and links the mesh's chain. Without a mesh it
+/// comes to stand on the top level, and the user is told.
+void addModifier(KMContainerNode *modifier);
+
 void remove(const QList<KMContainerNode *> &nodes);
 
 /// A subtree of copies that stands in no document yet.

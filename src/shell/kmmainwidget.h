@@ -5,7 +5,9 @@
 
 #include <QList>
 #include <QMainWindow>
+#include <QPointer>
 
+class KMCameraNode;
 class KMCameraSet;
 class KMComContainer;
 class KMCommandContainer;
@@ -138,6 +140,12 @@ private slots:
     void onMenuCreateTorusNode();
     void onMenuCreate3DTextNode();
     void onMenuCreatePSVGNode();
+    void onMenuCreateSubdivisionNode();
+    void onMenuCreateSymmetryNode();
+    void onMenuCreatePipeNode();
+    void onMenuCreateFFDNode();
+    void onMenuCreateSolidifyNode();
+    void onMenuCreateClonerNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();
@@ -210,6 +218,8 @@ private:
     void createEditMenu();
     void createCreateMenu();
     void createSelectionMenu();
+    void createNodesMenu();
+    const KMCameraNode *modelCamera() const; ///< null where no view shows the model
     void createFamilyMenu(const QString &title, const char *key, KMCommandContainer *family);
     void createViewMenu();
     void createWidgetMenu();
@@ -240,6 +250,7 @@ private:
     QList<QAction *> m_actions;             // the window's own
 
     QList<KMDockWidget *> m_docks;
+    QList<QPointer<QAction>> m_blockedActions; // in a drag: the list of those with keys may be another at its end
     kmnodewidget *m_nodeDock = nullptr;
     kmhistorywidget *m_historyDock = nullptr;
     kmtexturewidget *m_textureDock = nullptr;

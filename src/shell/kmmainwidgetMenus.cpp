@@ -3,14 +3,17 @@
 #include "core/KMIcon.h"
 #include "core/KMSettings.h"
 #include "render/KMCameraNode.h"
+#include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
+#include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
+#include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 
 #include <QMenu>
@@ -29,6 +32,11 @@ void collectActions(const QMenu *menu, QList<QAction *> &actions)
     }
 }
 
+bool showsModel(const KMOpenGLWidget *view)
+{
+    return view && view->isVisible() && view->camera() && !view->camera()->isUV();
+}
+
 } // namespace
 
 void kmmainwidget::createMenus()
@@ -38,6 +46,7 @@ void kmmainwidget::createMenus()
     createEditMenu();
     createCreateMenu();
     createSelectionMenu();
+    createNodesMenu();
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
@@ -139,6 +148,10 @@ void kmmainwidget::createCreateMenu()
     primitives->setObjectName(QStringLiteral("primitives"));
     fill(primitives, {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane",
                       "actionCreateTorus", "actionCreate3DText", "actionCreatePSVG"});
+    QMenu *modifiers = menu->addMenu(KMIcon::icon(QStringLiteral("node-modifier")), tr("Modifiers"));
+    modifiers->setObjectName(QStringLiteral("modifiers"));
+    fill(modifiers, {"actionCreateSubdivision", "actionCreateSymmetry", "actionCreatePipe", "actionCreateFFD",
+                     "actionCreateSolidify", "actionCreateCloner"});
     fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));
@@ -158,6 +171,18 @@ void kmmainwidget::createSelectionMenu()
     listActionGroup(menu, action("Menu Selection"));
     for (KMOpenGLWidget *view : m_mainBox->findChildren<KMOpenGLWidget *>())
         new KMViewMenu(view, menu);
+}
+
+/// The menu of a row in the tree offers those that fit its node.
+void kmmainwidget::createNodesMenu()
+{
+    auto *family = new KMNodeComContainer(this);
+    m_families << family;
+    family->setCameraSource([this] { return modelCamera(); });
+    m_nodeDock->setNodeCommands(family);
+    QMenu *menu = addMenu(tr("Nodes(&N)"), "Menu Nodes");
+    family->fill(menu);
+    listActionGroup(menu, action("Menu Nodes"));
 }
 
 /// All commands of a family, in the family's order.
@@ -202,4 +227,16 @@ void kmmainwidget::onPreMenuWidget()
 {
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->toggleViewAction()->setChecked(!dock->isHidden());
+}
+
+/// Through which the user looks at the model: that of the view where the mouse is, or was last before it went to a
+/// menu.
+const KMCameraNode *kmmainwidget::modelCamera() const
+{
+    const KMOpenGLContainer *views = m_mainBox->views();
+    for (const KMOpenGLWidget *view : {views->hot(), views->current(), views->leadOf(views->layout())}) {
+        if (showsModel(view))
+            return view->camera();
+    }
+    return nullptr;
 }

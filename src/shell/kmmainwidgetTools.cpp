@@ -88,9 +88,16 @@ void kmmainwidget::createTools()
 /// A key or a menu in mid-drag would change what the drag works on.
 void kmmainwidget::onEditingChanged(bool editing)
 {
-    const QList<QAction *> actions = shortcutActions();
-    for (QAction *action : actions)
-        action->blockSignals(editing);
+    if (editing) {
+        for (QAction *action : shortcutActions())
+            m_blockedActions << action;
+    }
+    for (const QPointer<QAction> &action : std::as_const(m_blockedActions)) {
+        if (action)
+            action->blockSignals(editing);
+    }
+    if (!editing)
+        m_blockedActions.clear();
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->blockSignals(editing);
 }

@@ -34,6 +34,7 @@ KMPreviewTool::KMPreviewTool(int id, QWidget *parent)
 
 void KMPreviewTool::initialize()
 {
+    KMTool::initialize();
     auto *mesh = new KMToolMesh(KMToolOverlay::Faces | KMToolOverlay::Edges);
     mesh->setColor(previewColor);
     addFaceMesh(mesh);
@@ -142,7 +143,7 @@ void KMPreviewTool::repaint() const
 bool KMPreviewTool::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest *request) const
 {
     *request = pickRequest();
-    return KMPicker::pick(camera, position, *request) && !request->mesh->ownerNode()
+    return KMElementClick::pick(camera, position, *request) && !request->mesh->ownerNode()
            && KMMeshTargets::isEditable(*request->mesh);
 }
 

@@ -34,6 +34,7 @@ public:
     void keyPress(QKeyEvent *event, KMOpenGLWidget *widget) override; ///< Enter applies, Escape cancels
 
 protected:
+    bool isSymmetric() const override { return true; }
     virtual KMPickRequest pickRequest() const = 0; ///< what a press or the cursor has to hit
     virtual void select(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers) = 0;
     /// Makes the preview of all that is selected, of the present value. False when there is nothing to work on.

@@ -1,31 +1,14 @@
 #include "tools/KMSelectionCommand.h"
 
 #include "core/KMUndoMacro.h"
-#include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
-
-#include <QCoreApplication>
-#include <QKeySequence>
 
 #include <algorithm>
 
-namespace {
-
-/// Brings the edges up to the faces where no frame has done it since these were edited, as in a script or a macro.
-void followFaces(KMMeshNode &mesh)
-{
-    if (mesh.dirtyMask() & KMMeshDirty::Edges)
-        mesh.rebuildEdges();
-}
-
-} // namespace
-
 KMSelectionCommand::KMSelectionCommand(const Row &row, QObject *parent)
-    : KMCommand(QCoreApplication::translate("KMSelectionCommand", row.text), parent)
+    : KMRowCommand(row, "KMSelectionCommand", parent)
     , m_row(row)
 {
-    setStatusTip(QCoreApplication::translate("KMSelectionCommand", row.tip));
-    setShortcut(QKeySequence(QLatin1String(row.keys), QKeySequence::PortableText));
 }
 
 bool KMSelectionCommand::accepts(const KMMeshNode &mesh) const
@@ -71,17 +54,12 @@ void KMSelectionCommand::run()
     const QList<KMMeshNode *> meshes = targets();
     if (!ask(meshes))
         return;
-    const KMUndoMacro macro(text());
+    const KMUndoMacro macro(text(), KMUndoMacro::Start::WhenUsed);
     for (KMMeshNode *mesh : meshes) {
-        // A result would take itself for one that was moved by hand, by a step of its own or by the marks.
-        if (mesh->ownerNode()) {
-            followFaces(*mesh);
-            runOn(*mesh);
-            continue;
-        }
-        KMMeshEdit::settleEdges(*mesh);
+        followFaces(*mesh);
         runOn(*mesh);
-        mesh->markDirty(KMMeshDirty::All);
+        if (!mesh->ownerNode()) // a result would take itself for one that was moved by hand
+            mesh->markDirty(KMMeshDirty::All);
     }
 }
 

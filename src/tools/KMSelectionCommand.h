@@ -1,12 +1,12 @@
 #pragma once
 
-#include "core/KMCommand.h"
 #include "mesh/KMMeshTargets.h"
+#include "tools/KMRowCommand.h"
 
 /// A command on what is selected in the meshes that are chosen in the tree, shown and not locked. Where no mesh has
-/// what it needs it says so and leaves no step in the history; else it is one step.
+/// what it needs it says so and leaves no step in the history; else it is one step, unless it found nothing to do.
 /// Commands are rows of a table; those that ask the user something, or need more than selected elements, are classes.
-class KMSelectionCommand : public KMCommand
+class KMSelectionCommand : public KMRowCommand
 {
     Q_OBJECT
 public:
@@ -14,12 +14,8 @@ public:
         Own,        ///< meshes of the user: what it edits would be lost with the next result of a modifier
         WithResults ///< also what modifiers and primitives make: it selects or moves
     };
-    struct Row
+    struct Row : KMCommandRow
     {
-        const char *objectName;
-        const char *text;
-        const char *tip;
-        const char *keys;
         KMMeshTargets::Element needed;
         Reach reach;
         void (*work)(KMMeshNode &mesh);

@@ -43,8 +43,6 @@ void KMPrimitivePage::fillShaders()
 void KMPrimitivePage::refresh()
 {
     KMNullPage::refresh();
-    for (const auto &show : std::as_const(m_showers))
-        show();
     if (m_shader)
         fillShaders();
 }

@@ -2,10 +2,6 @@
 
 #include "shell/attributes/KMNullPage.h"
 
-#include <QVector>
-
-#include <functional>
-
 class KMPrimitiveNode;
 
 /// A primitive: its transform, its shader and, in the classes of KMPrimitivePages, its parameters.
@@ -18,13 +14,11 @@ public:
     void refresh() override;
 
 protected:
-    void addShader();                                                        ///< the last row of a page
-    void onRefresh(const std::function<void()> &show) { m_showers << show; } ///< shows one value of the node
+    void addShader(); ///< the last row of a page
 
 private:
     void fillShaders();
 
     KMPrimitiveNode *m_primitive;
     QComboBox *m_shader = nullptr;
-    QVector<std::function<void()>> m_showers;
 };

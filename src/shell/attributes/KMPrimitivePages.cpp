@@ -2,45 +2,14 @@
 
 #include "core/KMDpi.h"
 #include "core/KMPrompt.h"
-#include "shell/widgets/KMNumberField.h"
 #include "shell/widgets/KMTextArea.h"
 #include "shell/widgets/KMTextField.h"
 #include "shell/widgets/KMVectorField.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QFileInfo>
 #include <QFontComboBox>
 #include <QHBoxLayout>
 #include <QToolButton>
-
-namespace {
-
-constexpr double longest = 1e7;
-constexpr int mostSteps = 9999;
-
-} // namespace
-
-template <class Node, class Command>
-void KMParameterPage<Node, Command>::bindLength(const QString &label, const QString &key, float Parameters::*member,
-                                                double least)
-{
-    KMNumberField *field = addNumber(label, key);
-    field->setRange(least, longest);
-    connect(field, &KMNumberField::committed, this,
-            [this, member](double number) { edit([&](Parameters &p) { p.*member = float(number); }); });
-    onRefresh([this, field, member] { field->showNumber(double(m_node->parameters().*member)); });
-}
-
-template <class Node, class Command>
-void KMParameterPage<Node, Command>::bindCount(const QString &label, const QString &key, int Parameters::*member,
-                                               int least)
-{
-    KMNumberField *field = addWhole(label, key, least, mostSteps);
-    connect(field, &KMNumberField::committed, this,
-            [this, member](double number) { edit([&](Parameters &p) { p.*member = int(number); }); });
-    onRefresh([this, field, member] { field->showNumber(m_node->parameters().*member); });
-}
 
 KMPrimSpherePage::KMPrimSpherePage(KMPrimSphereNode *node)
     : KMParameterPage(node, tr("Sphere Primitive"))
@@ -60,7 +29,7 @@ KMPrimCubePage::KMPrimCubePage(KMPrimCubeNode *node)
         edit([&sides](KMPrimCube &p) { p = {sides.x, sides.y, sides.z}; });
     });
     onRefresh([this, size] {
-        const KMPrimCube p = primitive()->parameters();
+        const KMPrimCube p = parameters();
         size->showVector({p.x, p.y, p.z});
     });
     addShader();
@@ -69,7 +38,7 @@ KMPrimCubePage::KMPrimCubePage(KMPrimCubeNode *node)
 KMPrimCylinderPage::KMPrimCylinderPage(KMPrimCylinderNode *node)
     : KMParameterPage(node, tr("Cylinder Primitive"))
 {
-    bindLength(tr("Height"), QStringLiteral("height"), &KMPrimCylinder::height, -longest);
+    bindLength(tr("Height"), QStringLiteral("height"), &KMPrimCylinder::height, -Longest);
     bindLength(tr("Radius"), QStringLiteral("radius"), &KMPrimCylinder::radius, 0.0);
     bindCount(tr("Rings"), QStringLiteral("rings"), &KMPrimCylinder::rings, 4);
     bindCount(tr("Sectors"), QStringLiteral("sectors"), &KMPrimCylinder::sectors, 4);
@@ -89,8 +58,8 @@ KMPrimTorusPage::KMPrimTorusPage(KMPrimTorusNode *node)
 KMPrimPlanePage::KMPrimPlanePage(KMPrimPlaneNode *node)
     : KMParameterPage(node, tr("Plane Primitive"))
 {
-    bindLength(tr("Width"), QStringLiteral("width"), &KMPrimPlane::width, -longest);
-    bindLength(tr("Depth"), QStringLiteral("depth"), &KMPrimPlane::depth, -longest);
+    bindLength(tr("Width"), QStringLiteral("width"), &KMPrimPlane::width, -Longest);
+    bindLength(tr("Depth"), QStringLiteral("depth"), &KMPrimPlane::depth, -Longest);
     bindCount(tr("U AxisDiv"), QStringLiteral("uDivisions"), &KMPrimPlane::uDivisions, 1);
     bindCount(tr("V AxisDiv"), QStringLiteral("vDivisions"), &KMPrimPlane::vDivisions, 1);
     addShader();
@@ -101,12 +70,9 @@ KMPrim3DTextPage::KMPrim3DTextPage(KMPrim3DTextNode *node)
 {
     createText();
     createFont();
-    bindLength(tr("Depth"), QStringLiteral("depth"), &KMPrim3DText::depth, -longest);
+    bindLength(tr("Depth"), QStringLiteral("depth"), &KMPrim3DText::depth, -Longest);
     bindCount(tr("Segment"), QStringLiteral("segment"), &KMPrim3DText::segment, 1);
-    QComboBox *align = addChoice(tr("Align"), QStringLiteral("align"), {tr("Left"), tr("Center"), tr("Right")});
-    connect(align, qOverload<int>(&QComboBox::activated), this,
-            [this](int entry) { edit([entry](KMPrim3DText &p) { p.align = entry; }); });
-    onRefresh([this, align] { align->setCurrentIndex(primitive()->parameters().align); });
+    bindChoice(tr("Align"), QStringLiteral("align"), {tr("Left"), tr("Center"), tr("Right")}, &KMPrim3DText::align);
     addShader();
 }
 
@@ -118,7 +84,7 @@ void KMPrim3DTextPage::createText()
     connect(text, &KMTextArea::committed, this, [this](const QString &written) {
         edit([&written](KMPrim3DText &p) { p.text = written.left(KMPrim3DText::MaxLength); });
     });
-    onRefresh([this, text] { text->showText(primitive()->parameters().text); });
+    onRefresh([this, text] { text->showText(parameters().text); });
 }
 
 void KMPrim3DTextPage::createFont()
@@ -141,7 +107,7 @@ void KMPrim3DTextPage::createFont()
     connect(size, &KMNumberField::committed, this,
             [this](double number) { edit([number](KMPrim3DText &p) { p.font.setPixelSize(int(number)); }); });
     onRefresh([=] {
-        const QFont font = primitive()->parameters().font;
+        const QFont font = parameters().font;
         family->setCurrentFont(font);
         bold->setChecked(font.bold());
         italic->setChecked(font.italic());
@@ -168,7 +134,7 @@ KMPrimSVGPage::KMPrimSVGPage(KMPrimSVGNode *node)
     connect(path, &KMTextField::committed, this,
             [this](const QString &written) { edit([&written](KMPrimSVG &p) { p.path = written; }); });
     connect(choose, &QToolButton::clicked, this, &KMPrimSVGPage::chooseFile);
-    onRefresh([this, path] { path->showText(primitive()->parameters().path); });
+    onRefresh([this, path] { path->showText(parameters().path); });
     addShader();
 }
 
@@ -176,7 +142,7 @@ void KMPrimSVGPage::chooseFile()
 {
     KMFileRequest request;
     request.title = tr("Open SVG");
-    request.directory = QFileInfo(primitive()->parameters().path).absolutePath();
+    request.directory = QFileInfo(parameters().path).absolutePath();
     request.filter = tr("SVG drawing (*.svg)");
     request.parent = window();
     const QString path = KMPrompt::current().openFile(request);

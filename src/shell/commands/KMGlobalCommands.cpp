@@ -50,7 +50,8 @@ QList<KMMeshNode *> meshesInMind()
     QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
     meshes.erase(std::remove_if(meshes.begin(), meshes.end(),
                                 [](const KMMeshNode *mesh) {
-                                    return !KMMeshTargets::isEditable(*mesh) || mesh->liveFaces().isEmpty();
+                                    return !KMMeshTargets::isEditable(*mesh) || KMMeshTargets::isUnderControl(*mesh)
+                                           || mesh->liveFaces().isEmpty();
                                 }),
                  meshes.end());
     return meshes;

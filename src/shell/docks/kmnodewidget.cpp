@@ -14,6 +14,7 @@
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
+#include "tools/KMNodeComContainer.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -265,6 +266,8 @@ void kmnodewidget::showMenu(const QPoint &position)
         else
             menu->addSeparator();
     }
+    if (m_nodeCommands && row && row == m_tree->currentItem())
+        m_nodeCommands->addMenusFor(KMTreeWidget::nodeOf(row), menu);
     if (row)
         addTagEntries(menu, KMTreeWidget::nodeOf(row));
     menu->popup(globalPosition);

@@ -8,6 +8,7 @@
 
 class KMContainerNode;
 class KMNodeClipboard;
+class KMNodeComContainer;
 class KMNodeRowDelegate;
 class KMTagBase;
 class QComboBox;
@@ -26,9 +27,10 @@ public:
 
     KMTreeWidget *tree() const { return m_tree; }                                     ///< null after releaseDocument()
     void setMenuActions(const QList<QAction *> &actions) { m_menuActions = actions; } ///< of the rows; a null is a line
-    void setTagActions(const QList<QAction *> &actions) { m_tagActions = actions; }   ///< of the tags' menu
-    void setClipboard(KMNodeClipboard *clipboard) { m_clipboard = clipboard; }        ///< not owned; outlives the dock
-    void renameCurrent(); ///< opens the editor of the current row
+    void setNodeCommands(const KMNodeComContainer *commands) { m_nodeCommands = commands; } ///< of the rows; not owned
+    void setTagActions(const QList<QAction *> &actions) { m_tagActions = actions; }         ///< of the tags' menu
+    void setClipboard(KMNodeClipboard *clipboard) { m_clipboard = clipboard; } ///< not owned; outlives the dock
+    void renameCurrent();                                                      ///< opens the editor of the current row
 
     /// How the width of the columns comes about; the numbers stand in a file.
     enum ResizeMode { FillPanel, ByHand, FitContents };
@@ -63,6 +65,7 @@ private:
     QComboBox *m_filterFamily = nullptr;
     QList<QAction *> m_menuActions;
     QList<QAction *> m_tagActions;
+    const KMNodeComContainer *m_nodeCommands = nullptr;
     KMNodeClipboard *m_clipboard = nullptr;
     ResizeMode m_resizeMode = FillPanel;
 };

@@ -1,0 +1,79 @@
+#include "modifiers/KMFreezeModifiers.h"
+
+#include "core/KMNodeType.h"
+#include "core/KMSolution.h"
+#include "core/KMTagBase.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMMeshModifier.h"
+#include "mesh/KMMeshNode.h"
+#include "modifiers/KMChainCopy.h"
+#include "modifiers/KMMeshReplacement.h"
+
+namespace {
+
+constexpr int messageLevel = 4;
+
+/// What such a tag holds is told by the vertices and faces of its own mesh.
+bool isOfElements(int tagType)
+{
+    return tagType == KMNodeType::TagSelection || tagType == KMNodeType::TagMorph || tagType == KMNodeType::TagNormal
+           || tagType == KMNodeType::TagBoneWeight;
+}
+
+/// The result has those tags that the chain carried along; the others are the source's.
+void carryTags(const KMMeshNode &source, KMMeshNode &shape)
+{
+    const QList<KMTagBase *> tags = source.tags();
+    for (const KMTagBase *tag : tags) {
+        if (!tag->isDeleted() && !isOfElements(tag->type()))
+            shape.addTagKeepName(tag->clone());
+    }
+}
+
+} // namespace
+
+std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source)
+{
+    KMChainCopy copy(source);
+    copy.evaluate();
+    const KMMeshNode *result = copy.last();
+    if (!result || result->vertexCount() == 0)
+        return nullptr;
+    std::unique_ptr<KMMeshNode> shape(result->clone());
+    shape->setName(source.name());
+    shape->setEnName(source.enName());
+    shape->setVisible(source.isVisible());
+    shape->setTransform(source.transform());
+    carryTags(source, *shape);
+    shape->markDirty(KMMeshDirty::All);
+    return shape;
+}
+
+/// Empty when there is a result to take over.
+QString KMFreezeModifiers::obstacle(const KMMeshNode &mesh)
+{
+    if (mesh.modifiers().isEmpty())
+        return tr("mesh modifiers count zero.");
+    const KMMeshModifier *last = mesh.modifiers().last().second;
+    if (!last)
+        return tr("Modifiers not found.");
+    if (!last->modMesh())
+        return tr("ModMesh not found.");
+    return mesh.item() ? QString() : tr("invald items.");
+}
+
+int KMFreezeModifiers::freezeModifiers(KMMeshNode *mesh)
+{
+    if (mesh->isLocked())
+        return 0;
+    const QString reason = obstacle(*mesh);
+    std::unique_ptr<KMMeshNode> shape = reason.isEmpty() ? shapeOf(*mesh) : nullptr;
+    if (!shape) {
+        gSolution->showMessage(reason.isEmpty() ? tr("faled mesh freeze.") : reason, messageLevel);
+        return 0;
+    }
+    gSolution->showMessage(tr("Freezed."), messageLevel);
+    const KMUndoMacro macro(tr("Freeze Modifiier"));
+    KMMeshReplacement::put(mesh, shape.release(), [](int type) { return !isModifier(type); });
+    return 1;
+}
