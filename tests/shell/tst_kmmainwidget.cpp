@@ -457,8 +457,8 @@ void tst_kmmainwidget::menuTitlesAndActions()
             known.insert(action->objectName(), action);
         }
     }
-    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Selection", "Normal", "Widget", "Panel", "View", "Help",
-                                  "Tools"}));
+    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Selection", "Nodes", "Normal", "Widget", "Panel", "View",
+                                  "Help", "Tools", "Operation Panel"}));
 
     QSet<QString> keys;
     for (const QAction *action : known) {
