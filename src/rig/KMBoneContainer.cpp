@@ -154,7 +154,9 @@ void KMBoneContainer::restoreOrder(BoneAnimation::Relinked &&relinked)
 void KMBoneContainer::deriveOrder()
 {
     for (KMBone *bone : std::as_const(m_bones)) {
-        bone->m_boneIndex = -1; // of those that have left
+        if (bone->container() != this)
+            continue; // another rig has numbered it
+        bone->m_boneIndex = -1;
         bone->setIndex(-1);
     }
     m_bones.clear();
