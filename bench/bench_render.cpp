@@ -73,6 +73,50 @@ void rewriteFaces(benchmark::State &state)
     measure(state, ours, plain);
 }
 
+/// What a selected vertex costs a view that shows faces, edges and vertices, beside a copy of the colours alone, element by
+/// element.
+void flagFrame(benchmark::State &state)
+{
+    Scene scene(int(state.range(0)));
+    const KMShareContext context;
+    KMRendererMesh &data = KMRendererMesh::of(*scene.mesh);
+    const auto update = [&scene, &data] {
+        gRenderer->prepareFrame(scene.camera);
+        data.updateFaces(KMFaceStyle());
+        data.updateEdges(KMElementStyle());
+        data.updatePoints(KMElementStyle());
+        gRenderer->finishFrame();
+    };
+    update();
+    size_t faceElements = 0;
+    for (const auto &group : data.updateFaces(KMFaceStyle()))
+        faceElements += size_t(group->elementCount);
+    std::vector<KMFaceElement> faces(faceElements);
+    std::vector<KMLineElement> lines(size_t(2 * scene.mesh->edgeCount() + scene.mesh->vertexCount()));
+    bool on = false;
+    const auto ours = [&] {
+        on = !on;
+        if (on)
+            scene.mesh->setVertexFlag(7, KMElementFlag::Selected);
+        else
+            scene.mesh->clearVertexFlag(7, KMElementFlag::Selected);
+        update();
+    };
+    const auto plain = [&faces, &lines] {
+        for (KMFaceElement &element : faces) {
+            element.color = {};
+            element.status = 0.0f;
+        }
+        for (KMLineElement &element : lines) {
+            element.color = {};
+            element.status = 0.0f;
+        }
+        benchmark::DoNotOptimize(faces.data());
+        benchmark::DoNotOptimize(lines.data());
+    };
+    measure(state, ours, plain);
+}
+
 template <void (*run)(benchmark::State &)>
 void withOpenGL(benchmark::State &state)
 {
@@ -85,6 +129,7 @@ void withOpenGL(benchmark::State &state)
 const bool registered = [] {
     registerSizes("render/still frame", withOpenGL<stillFrame>);
     registerSizes("render/rewrite faces", withOpenGL<rewriteFaces>);
+    registerSizes("render/flag frame", withOpenGL<flagFrame>);
     return true;
 }();
 

@@ -1,10 +1,16 @@
 // What walks over a whole mesh cost beside a plain breadth-first walk from face to face over the same records. Grids of
 // quads: the flood reaches all of them, the loops and rings run through all of their rows.
 
+#include "core/KMHeadlessSession.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
 #include "measure.h"
 #include "mesh/KMEdgeWalk.h"
 #include "mesh/KMFaceFlood.h"
+#include "mesh/KMMarqueeSelect.h"
 #include "mesh/KMMeshNode.h"
+
+#include <QRectF>
 
 #include <algorithm>
 #include <cmath>
@@ -97,11 +103,53 @@ void compare(benchmark::State &state)
     measure(state, Walk(*mesh, ours), Walk(*mesh, &plainWalk));
 }
 
+/// A rectangle about all vertices of the chosen mesh, as a step of the history. Beside it one pass that notes a record
+/// for each and sets its flag.
+void rectangle(benchmark::State &state)
+{
+    const KMHeadlessSession session;
+    KMMeshNode *mesh = grid(int(state.range(0))).release();
+    gProject->addNode(mesh);
+    mesh->setSelected(true);
+    gSolution->setEditFilter({true, false, false});
+    for (KMVertex *vertex : mesh->vertices()) {
+        vertex->screenPos = {vertex->pos.x, vertex->pos.z, 0.5f};
+        vertex->drawn = true;
+    }
+    struct Select
+    {
+        void prepare() const
+        {
+            gSolution->clearHistory();
+            mesh->setSelected(true);
+            mesh->clearAllVertexFlags(KMElementFlag::Selected);
+        }
+        void operator()() const { KMMarqueeSelect::selectRect(QRectF(-1, -1, 1e6, 1e6), KMMeshSelect::Mode::Replace); }
+        KMMeshNode *mesh;
+    } ours{mesh};
+    struct Note
+    {
+        int index;
+        quint8 before;
+    };
+    const auto plain = [mesh] {
+        std::vector<Note> notes;
+        for (KMVertex *vertex : mesh->vertices()) {
+            notes.push_back({vertex->index, vertex->flags});
+            vertex->flags |= KMElementFlag::Selected;
+        }
+        benchmark::DoNotOptimize(notes.data());
+    };
+    measure(state, ours, plain);
+    state.counters["us_each"] = state.counters["ms"] * 1e3 / mesh->vertexCount();
+}
+
 const bool registered = [] {
     registerSizes("selection/flood", compare<flood>);
     registerSizes("selection/flood with stops", compare<floodWithStops>);
     registerSizes("selection/loops", compare<loops>);
     registerSizes("selection/rings", compare<rings>);
+    registerSizes("selection/rectangle", rectangle);
     return true;
 }();
 

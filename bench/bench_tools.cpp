@@ -12,6 +12,7 @@
 #include "tools/KMSelectionDrag.h"
 
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -68,9 +69,36 @@ void moves(benchmark::State &state, bool symmetric)
     measure(state, move, plain, rounds);
 }
 
+/// The press of a drag with symmetry, the mesh some twenty pixels wide: most of it lies within the margin of each
+/// place.
+void mirroredPress(benchmark::State &state)
+{
+    Scene scene(int(state.range(0)), true);
+    KMHandleDrag::Start start;
+    start.code = KMHandleCode::Move;
+    start.anchor = scene.mesh->position(0);
+    scene.camera.setDistance(scene.camera.distance() * std::sqrt(float(state.range(0))) * 0.2f);
+    const KMHandleDrag drag(scene.camera, start);
+    const auto press = [&] {
+        KMSelectionDrag selection;
+        selection.begin({scene.camera, drag});
+        selection.cancel();
+    };
+    std::vector<kvm::Vector3> images(size_t(scene.mesh->vertexCount()));
+    const auto plain = [&] {
+        for (size_t i = 0; i < images.size(); ++i) {
+            const kvm::Vector3 &place = scene.mesh->position(int(i));
+            images[i] = {-place.x, place.y, place.z};
+        }
+        benchmark::DoNotOptimize(images.data());
+    };
+    measure(state, press, plain, 3);
+}
+
 const bool registered = [] {
     registerSizes("tools/move of a drag", [](benchmark::State &state) { moves(state, false); });
     registerSizes("tools/move of a drag, mirrored", [](benchmark::State &state) { moves(state, true); });
+    registerSizes("tools/press of a drag, mirrored", mirroredPress);
     return true;
 }();
 

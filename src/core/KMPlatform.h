@@ -15,3 +15,6 @@ struct KMOperatingSystem
 };
 
 KMOperatingSystem operatingSystem();
+
+/// Bytes that programs may still take without harm to the others; 0 where the system doesn't say.
+quint64 availableMemory();

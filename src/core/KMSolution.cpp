@@ -9,6 +9,7 @@
 #include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoCommand.h"
+#include "core/KMWaitingMacro.h"
 #include "math/Quaternion.h"
 
 #include <QAction>
@@ -57,6 +58,7 @@ void KMSolution::setProject(KMProject *project)
 void KMSolution::push(KMUndoCommand *command)
 {
     Q_ASSERT(m_stack);
+    KMWaitingMacro::beginAll();
     m_history.insert(command);
     announceAddonStep();
     dropUnreachableSave();
@@ -65,6 +67,7 @@ void KMSolution::push(KMUndoCommand *command)
 
 void KMSolution::beginMacro(const QString &text)
 {
+    KMWaitingMacro::beginAll();
     announceAddonStep();
     m_stack->beginMacro(text);
     ++m_macroDepth;

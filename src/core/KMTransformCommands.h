@@ -4,6 +4,9 @@
 #include "core/KMNullNode.h"
 
 #include <QCoreApplication>
+#include <QVector>
+
+class KMPointCarrier;
 
 /// Sets scale, rotation and translation of anything with a transform. The class of the node lets its
 /// derived data follow.
@@ -16,8 +19,12 @@ public:
     editSRTCommand(KMNullNode *node, const KMTransform &before, const KMTransform &after);
 
 protected:
+    void apply(Direction direction) override;
     void write(const KMTransform &transform) override;
 
 private:
     KMNullNode *m_target;
+    KMPointCarrier *m_carrier; // the same node; null where it takes no points along
+    QVector<kvm::Vector3> m_pointsBefore;
+    QVector<kvm::Vector3> m_pointsAfter;
 };

@@ -7,6 +7,7 @@
 #include "core/KMVariantNode.h"
 #include "formats/KMDFormat.h"
 #include "formats/KMDMeshBody.h"
+#include "formats/KMDModifierBodies.h"
 #include "formats/KMDPrimitiveBodies.h"
 #include "formats/KMDTagBodies.h"
 #include "mesh/KMMeshNode.h"
@@ -122,7 +123,9 @@ const KMDNodeBody *KMDNodeBodies::find(int type)
 {
     const auto isOfType = [type](const KMDNodeBody &body) { return body.type == type; };
     const KMDNodeBody *body = std::find_if(std::begin(bodies), std::end(bodies), isOfType);
-    return body == std::end(bodies) ? KMDPrimitiveBodies::find(type) : body;
+    if (body != std::end(bodies))
+        return body;
+    return isModifier(type) ? KMDModifierBodies::find(type) : KMDPrimitiveBodies::find(type);
 }
 
 void KMDNodeBodies::writeTransform(KMDOutput &out, const KMNullNode *node)

@@ -166,9 +166,9 @@ int Cells::nextCloseTo(int vertex)
 
 /// A vertex that finds no other behind it has none before it either, or that one would have gone into it. So the first
 /// of the others that are still there is always one behind.
-QVector<KMCloseVertices::Pair> KMCloseVertices::find(const KMMeshStore &mesh, float distance, bool selectedOnly)
+QVector<KMVertexPair> KMCloseVertices::find(const KMMeshStore &mesh, float distance, bool selectedOnly)
 {
-    QVector<Pair> pairs;
+    QVector<KMVertexPair> pairs;
     if (!(distance >= 0.0f))
         return pairs;
     Cells cells(mesh, distance, selectedOnly);

@@ -7,6 +7,7 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshTargets.h"
 #include "mesh/KMMirrorMap.h"
+#include "mesh/KMSelectedElements.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -66,9 +67,15 @@ bool KMElementErase::eraseEdge(KMMeshNode &mesh, int a, int b, const KMMirrorMap
             faces << mirror->faceImage(f).face;
     }
     faces.remove(-1);
+    QVector<KMEdgeEnds> edges{{a, b}};
+    const KMEdge *edgeImage = mirror ? mirror->edgeImage(a, b) : nullptr;
+    if (edgeImage && edgeImage != mesh.findEdge(a, b))
+        edges.append({edgeImage->index0, edgeImage->index1});
     return eraseInOneStep(mesh, Texts::tr("Delete Edge"), [&] {
-        KMMeshEdit::selectEdge(mesh, a, b, false);
-        KMMeshEdit::setEdgeWeight(mesh, a, b, 0.0f);
+        for (const KMEdgeEnds &edge : std::as_const(edges)) {
+            KMMeshEdit::selectEdge(mesh, edge.a, edge.b, false);
+            KMMeshEdit::setEdgeWeight(mesh, edge.a, edge.b, 0.0f);
+        }
         for (const int f : inOrder(faces))
             KMMeshEdit::deleteFace(mesh, f);
     });

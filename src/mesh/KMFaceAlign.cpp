@@ -63,6 +63,9 @@ std::vector<Neighbours> neighboursOf(const KMMeshStore &mesh)
         neighbours[size_t(a.face)][size_t(a.corner)] = {b.face, agrees};
         neighbours[size_t(b.face)][size_t(b.corner)] = {a.face, agrees};
     }
+    // By number and not by corner, or the walk would go another way once faces were reversed, and move the seam.
+    for (Neighbours &row : neighbours)
+        std::sort(row.begin(), row.end(), [](const Neighbour &a, const Neighbour &b) { return a.face < b.face; });
     return neighbours;
 }
 

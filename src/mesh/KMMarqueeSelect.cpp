@@ -113,7 +113,7 @@ int selectArea(const QString &text, const Contains &contains, Mode mode, KMMeshN
     std::vector<Candidate<Contains>> candidates;
     const QList<KMMeshNode *> meshes = only ? QList<KMMeshNode *>{only} : KMMeshTargets::chosen();
     for (KMMeshNode *mesh : meshes) {
-        if (KMMeshTargets::isChosen(*mesh) && KMMeshTargets::isEditable(*mesh))
+        if (KMMeshTargets::isChosen(*mesh) && KMMeshTargets::isEditable(*mesh) && !KMMeshTargets::isUnderControl(*mesh))
             candidates.emplace_back(*mesh, contains);
     }
     const auto hasAny = [&](const Candidate<Contains> &candidate) { return candidate.hasAny(kinds); };

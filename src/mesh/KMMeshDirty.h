@@ -18,7 +18,9 @@ enum Mask : quint32 {
     VertexFlags = 0x400,
     SourceMoved = 0x800,             ///< positions of a chain's source, same topology
     Moved = Positions | SourceMoved, ///< what a move of vertices raises
-    All = 0x7fff
+    All = 0x7fff,
+    /// What leaves it as it is which records there are and how they hang together.
+    KeepRecords = Moved | Weights | Shaders | FaceFlags | Colors | ResultMoved | VertexFlags
 };
 
 enum RenderMask : quint32 {

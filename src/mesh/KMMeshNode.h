@@ -123,8 +123,9 @@ public:
 
     /// Screen positions of the live vertices: pixels from the upper left corner, and depth.
     void projectVertices(const kvm::Matrix4 &viewProjection, int width, int height);
-    /// Marks faces, edges and vertices that the view shows, by the screen positions and the hidden flags.
-    void updateDrawn(bool backFaceCulling);
+    /// Marks faces, edges and vertices that the view shows, by the screen positions and the hidden flags. Answers
+    /// whether that is anything else than before. isSameShape: edges and vertices are those of the last call.
+    bool updateDrawn(bool backFaceCulling, bool isSameShape = false);
     KMMeshRenderData *renderer() const { return m_renderer.get(); }
     void setRenderer(std::unique_ptr<KMMeshRenderData> renderer);
 
@@ -165,6 +166,7 @@ private:
     void changeFlags(quint8 &flags, quint8 bit, bool on, quint32 mask);
     bool hasDrawnNormals(const KMTagBase *tag) const;
     void afterRenumbering();
+    bool hasAllCorners(const KMFace &face) const;
     bool turnsToView(const KMFace &face) const;
     float screenOrientation(const KMFace &face, int b, int c) const;
 

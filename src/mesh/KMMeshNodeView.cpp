@@ -2,6 +2,7 @@
 
 #include "mesh/KMMeshNode.h"
 
+#include <algorithm>
 #include <cmath>
 
 void KMMeshNode::projectVertices(const kvm::Matrix4 &viewProjection, int width, int height)
@@ -33,19 +34,34 @@ bool KMMeshNode::turnsToView(const KMFace &face) const
     return screenOrientation(face, 1, 2) < 0.0f || (face.count == 4 && screenOrientation(face, 2, 3) < 0.0f);
 }
 
-void KMMeshNode::updateDrawn(bool backFaceCulling)
+/// In the midst of an edit a vertex may be gone before its faces are.
+bool KMMeshNode::hasAllCorners(const KMFace &face) const
 {
+    return std::all_of(face.indices, face.indices + face.count, [this](int i) { return vertex(i); });
+}
+
+bool KMMeshNode::updateDrawn(bool backFaceCulling, bool isSameShape)
+{
+    bool isOther = false;
+    for (KMFace *face : std::as_const(m_liveFaces)) {
+        const bool isDrawn =
+            !face->hasFlag(KMElementFlag::Hidden) && hasAllCorners(*face) && (!backFaceCulling || turnsToView(*face));
+        isOther = isOther || bool(face->drawn) != isDrawn;
+        face->drawn = isDrawn;
+    }
+    if (!isOther && isSameShape) // the rest follows from the faces
+        return false;
     for (KMVertex *vertex : std::as_const(m_liveVertices))
         vertex->drawn = 0;
-    for (KMFace *face : std::as_const(m_liveFaces)) {
-        face->drawn = !face->hasFlag(KMElementFlag::Hidden) && (!backFaceCulling || turnsToView(*face));
-        if (!face->drawn)
-            continue;
-        for (int c = 0; c < face->count; ++c)
+    for (const KMFace *face : std::as_const(m_liveFaces)) {
+        for (int c = 0; face->drawn && c < face->count; ++c)
             vertex(face->indices[c])->drawn = 1;
     }
     for (KMEdge *edge : edges()) {
-        const auto isDrawn = [this](int f) { return face(f) && face(f)->drawn; };
-        edge->drawn = std::any_of(edge->faceRefs.begin(), edge->faceRefs.end(), isDrawn);
+        const auto isOfDrawn = [this](int f) { return face(f) && face(f)->drawn; };
+        const bool isDrawn = std::any_of(edge->faceRefs.begin(), edge->faceRefs.end(), isOfDrawn);
+        isOther = isOther || bool(edge->drawn) != isDrawn;
+        edge->drawn = isDrawn;
     }
+    return isOther;
 }

@@ -76,9 +76,29 @@ bool KMMeshTargets::isEditable(const KMMeshNode &mesh)
     return !node.isLocked() && node.isVisible() && !node.isDeleted();
 }
 
+bool KMMeshTargets::isControl(const KMMeshNode &mesh)
+{
+    return mesh.ownerModifier() && mesh.ownerModifier()->controlMesh() == &mesh;
+}
+
+bool KMMeshTargets::isUnderControl(const KMMeshNode &mesh)
+{
+    const KMMeshModifier *owner = mesh.ownerModifier();
+    const KMMeshNode *cage = owner ? owner->source() : &mesh;
+    if (!cage || isControl(mesh) || (!owner && isChosen(mesh)))
+        return false;
+    const QList<KMMeshNode::ModifierEntry> &chain = cage->modifiers();
+    return std::any_of(chain.begin(), chain.end(), [](const KMMeshNode::ModifierEntry &entry) {
+        const KMContainerNode *node = entry.second->modifierNode();
+        return entry.second->controlMesh() && (node->isSelected() || node == gSolution->currentNode());
+    });
+}
+
 bool KMMeshTargets::hasOwnVertices(const KMMeshNode &mesh)
 {
-    return !mesh.ownerNode() || mesh.ownerModifier();
+    if (const KMMeshModifier *owner = mesh.ownerModifier())
+        return !owner->controlMesh() || isControl(mesh);
+    return !mesh.ownerNode();
 }
 
 KMMeshTargets::Elements KMMeshTargets::filteredElements()

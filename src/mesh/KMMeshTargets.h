@@ -30,7 +30,13 @@ bool isChosen(const KMMeshNode &mesh);
 QList<KMMeshNode *> chosen();
 bool isEditable(const KMMeshNode &mesh); ///< not locked, in the scene, and shown there
 
-/// Its vertices are the user's: what a primitive makes isn't to be moved one by one.
+/// The points that a modifier offers to be moved by hand, such as a lattice.
+bool isControl(const KMMeshNode &mesh);
+/// Of a chain with such points, while the user works at these and not at the mesh itself: the mouse means the points.
+bool isUnderControl(const KMMeshNode &mesh);
+
+/// Its vertices are the user's: what a primitive makes isn't to be moved one by one, nor is the result of a modifier
+/// that has points for this.
 bool hasOwnVertices(const KMMeshNode &mesh);
 
 /// The kinds of elements that the session's edit filter lets the mouse work on.

@@ -5,79 +5,131 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <unordered_map>
 
 using kvm::Vector3;
 
 namespace {
 
-/// The vertices of a mesh in cubes as wide as the tolerance, so that what is close is in one of 27.
-class VertexGrid
+constexpr int LeafSize = 8;
+constexpr int NotAsked = -2;
+constexpr Vector3 outside{std::numeric_limits<float>::infinity(), 0.0f, 0.0f}; // has no image
+
+bool isFinite(const Vector3 &v)
+{
+    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
+
+} // namespace
+
+/// The vertices halved again and again along the longer side of what they fill, in place: each half is a range of the
+/// list, with the vertex between two halves in the middle of their range.
+class KMMirrorMap::VertexTree
 {
 public:
-    VertexGrid(const KMMeshNode &mesh, float cell)
-        : m_mesh(mesh)
-        , m_cell(cell)
+    explicit VertexTree(const KMMeshNode &mesh)
     {
+        m_entries.reserve(size_t(mesh.vertexCount()));
         for (int i = 0; i < mesh.vertexCount(); ++i) {
-            if (mesh.vertex(i))
-                m_cells[keyOf(cellOf(mesh.position(i)))].push_back(i);
+            if (mesh.vertex(i) && isFinite(mesh.position(i)))
+                m_entries.push_back({mesh.position(i), i});
         }
+        m_axes.resize(m_entries.size());
+        build(0, m_entries.size());
     }
 
-    /// The nearest vertex within the width of a cube, else -1; of equally near ones the first.
-    int nearest(const Vector3 &point) const
+    /// The nearest vertex that isn't farther away than that, else -1; of equally near ones the first.
+    int nearest(const Vector3 &point, float distance) const
     {
-        const std::array<qint64, 3> centre = cellOf(point);
-        int best = -1;
-        float best2 = m_cell * m_cell;
-        for (int n = 0; n < 27; ++n) {
-            const auto cell =
-                m_cells.find(keyOf({centre[0] + n % 3 - 1, centre[1] + n / 3 % 3 - 1, centre[2] + n / 9 - 1}));
-            if (cell == m_cells.end())
-                continue;
-            for (const int i : cell->second) {
-                const float d2 = (m_mesh.position(i) - point).lengthSquared();
-                if (d2 < best2 || (d2 == best2 && (best < 0 || i < best))) {
-                    best = i;
-                    best2 = d2;
-                }
-            }
-        }
-        return best;
+        Nearest nearest{-1, distance * distance};
+        if (isFinite(point))
+            search(0, m_entries.size(), point, nearest);
+        return nearest.vertex;
     }
 
 private:
-    std::array<qint64, 3> cellOf(const Vector3 &p) const { return {number(p.x), number(p.y), number(p.z)}; }
-    qint64 number(float x) const
+    struct Entry
     {
-        constexpr double limit = 1e15;
-        const double n = std::floor(double(x) / double(m_cell));
-        return n > -limit && n < limit ? qint64(n) : 0;
-    }
-    static quint64 keyOf(const std::array<qint64, 3> &cell)
+        Vector3 position;
+        int vertex;
+    };
+    struct Nearest
     {
-        // Cells that share a key only make a list longer: the distance decides.
-        return quint64(cell[0]) * 73856093u ^ quint64(cell[1]) * 19349663u ^ quint64(cell[2]) * 83492791u;
+        int vertex;
+        float distance2;
+    };
+
+    void build(size_t begin, size_t end)
+    {
+        if (end - begin <= LeafSize)
+            return;
+        Vector3 low = m_entries[begin].position, high = low;
+        for (size_t i = begin; i < end; ++i) {
+            for (int k = 0; k < 3; ++k) {
+                low[k] = std::min(low[k], m_entries[i].position[k]);
+                high[k] = std::max(high[k], m_entries[i].position[k]);
+            }
+        }
+        const Vector3 size = high - low;
+        const int axis = size.x >= size.y && size.x >= size.z ? 0 : size.y >= size.z ? 1 : 2;
+        const size_t middle = (begin + end) / 2;
+        std::nth_element(m_entries.begin() + qptrdiff(begin), m_entries.begin() + qptrdiff(middle),
+                         m_entries.begin() + qptrdiff(end),
+                         [axis](const Entry &a, const Entry &b) { return a.position[axis] < b.position[axis]; });
+        m_axes[middle] = quint8(axis);
+        build(begin, middle);
+        build(middle + 1, end);
     }
 
-    const KMMeshNode &m_mesh;
-    float m_cell;
-    std::unordered_map<quint64, std::vector<int>> m_cells;
+    void search(size_t begin, size_t end, const Vector3 &point, Nearest &nearest) const
+    {
+        if (end - begin <= LeafSize) {
+            for (size_t i = begin; i < end; ++i)
+                test(m_entries[i], point, nearest);
+            return;
+        }
+        const size_t middle = (begin + end) / 2;
+        const int axis = m_axes[middle];
+        const float beyond = point[axis] - m_entries[middle].position[axis];
+        test(m_entries[middle], point, nearest);
+        const auto below = [&] { search(begin, middle, point, nearest); };
+        const auto above = [&] { search(middle + 1, end, point, nearest); };
+        beyond < 0.0f ? below() : above();
+        if (beyond * beyond <= nearest.distance2)
+            beyond < 0.0f ? above() : below();
+    }
+
+    static void test(const Entry &entry, const Vector3 &point, Nearest &nearest)
+    {
+        const float d2 = (entry.position - point).lengthSquared();
+        const bool isFirst = nearest.vertex < 0 || entry.vertex < nearest.vertex;
+        if (d2 < nearest.distance2 || (d2 == nearest.distance2 && isFirst))
+            nearest = {entry.vertex, d2};
+    }
+
+    std::vector<Entry> m_entries;
+    std::vector<quint8> m_axes; // along which a range was halved, by its middle
 };
-
-} // namespace
 
 KMMirrorMap::KMMirrorMap(const KMMeshNode &mesh, float tolerance)
     : m_mesh(mesh)
     , m_plane(mesh)
-    , m_images(size_t(mesh.vertexCount()), -1)
+    , m_tolerance(tolerance)
+    , m_tree(std::make_unique<VertexTree>(mesh))
+    , m_images(size_t(mesh.vertexCount()), NotAsked)
 {
-    const VertexGrid grid(mesh, std::max(tolerance, std::numeric_limits<float>::min()));
-    for (int i = 0; i < mesh.vertexCount(); ++i) {
-        if (mesh.vertex(i))
-            m_images[size_t(i)] = grid.nearest(m_plane.reflected(mesh.position(i)));
-    }
+    m_positions.reserve(m_images.size());
+    for (int i = 0; i < mesh.vertexCount(); ++i)
+        m_positions.push_back(mesh.vertex(i) ? mesh.position(i) : outside);
+}
+
+KMMirrorMap::~KMMirrorMap() = default;
+
+int KMMirrorMap::vertexImage(int vertex) const
+{
+    int &image = m_images[size_t(vertex)];
+    if (image == NotAsked)
+        image = m_tree->nearest(m_plane.reflected(m_positions[size_t(vertex)]), m_tolerance);
+    return image;
 }
 
 bool KMMirrorMap::isOnPlane(int vertex) const

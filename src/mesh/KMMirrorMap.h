@@ -3,6 +3,7 @@
 #include "mesh/KMSymmetryPlane.h"
 
 #include <array>
+#include <memory>
 #include <vector>
 
 class KMMeshNode;
@@ -22,15 +23,21 @@ public:
 
     /// Images lie within the tolerance, in world units, of the exact place; the nearest one counts.
     KMMirrorMap(const KMMeshNode &mesh, float tolerance);
+    ~KMMirrorMap();
 
     const KMSymmetryPlane &plane() const { return m_plane; }
-    bool isOnPlane(int vertex) const;                                      ///< it is its own image
-    int vertexImage(int vertex) const { return m_images[size_t(vertex)]; } ///< -1 when there is none
+    bool isOnPlane(int vertex) const;            ///< it is its own image
+    int vertexImage(int vertex) const;           ///< -1 when there is none
     const KMEdge *edgeImage(int a, int b) const; ///< the edge between the images of these ends, or null
     FaceImage faceImage(int face) const;
 
 private:
+    class VertexTree;
+
     const KMMeshNode &m_mesh;
     KMSymmetryPlane m_plane;
-    std::vector<int> m_images;
+    float m_tolerance;
+    std::unique_ptr<VertexTree> m_tree;
+    std::vector<kvm::Vector3> m_positions; // by vertex, as they were: a drag moves those of the mesh
+    mutable std::vector<int> m_images;     // by vertex, as far as they were asked for
 };

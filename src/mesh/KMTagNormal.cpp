@@ -159,6 +159,14 @@ void KMTagNormal::rebuildCreaseFaces()
         addFacePairs(endsOf(key).first, endsOf(key).second);
 }
 
+void KMTagNormal::clear()
+{
+    m_creaseEdges.clear();
+    m_creaseFaces.clear();
+    m_faceNormals.clear();
+    m_lost.clear();
+}
+
 void KMTagNormal::fit()
 {
     const KMMeshNode *store = mesh();

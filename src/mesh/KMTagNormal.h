@@ -58,6 +58,7 @@ public:
     KMNormalFace faceNormal(int face) const;        ///< nothing overridden for a face that it doesn't know yet
     void setFaceNormal(const KMNormalFace &record); ///< modes and rotations for record.face
     KMNormalFace *faceRecords() { return m_faceNormals.data(); } ///< for the computation
+    void clear(); ///< no creases, nothing overridden
     void fit();                                                  ///< to the mesh's faces as they are now
 
     void onFullRefresh() override { fit(); }

@@ -9,10 +9,33 @@
 #include "mesh/KMVertexCommands.h"
 
 #include <QCoreApplication>
+#include <QHash>
 
 #include <algorithm>
 
 namespace {
+
+/// What lies on edges of vertices that go, and comes to lie on those of the vertices that stay. Faces alone would not
+/// carry it over: some of them go. Edges of a mesh are derived anew once, when all merges are done.
+class CarriedEdges
+{
+public:
+    explicit CarriedEdges(KMMeshNode &mesh)
+        : m_mesh(mesh)
+    {
+    }
+
+    void carry(int remove, int keep); ///< before that merge
+    void restore();
+
+private:
+    KMEdgeState stateOf(int a, int b) const;
+    void join(int a, int b, const KMEdgeState &state);
+
+    KMMeshNode &m_mesh;
+    QVector<KMEdgeState> m_states;
+    QHash<quint64, int> m_places; // in m_states
+};
 
 class VertexMerge
 {
@@ -21,7 +44,6 @@ public:
         : m_mesh(mesh)
         , m_remove(remove)
         , m_keep(keep)
-        , m_edges(mergedEdges())
     {
     }
 
@@ -32,11 +54,9 @@ public:
         rebuildQuads();
         dropDoubledLines();
         closeSeams();
-        restoreEdges();
     }
 
 private:
-    QVector<KMEdgeState> mergedEdges() const;
     void takeSharedFaces();
     void weld();
     void rebuildQuads();
@@ -44,32 +64,72 @@ private:
     bool isOnOtherFace(int line) const;
     void closeSeams();
     void closeSeam(int face, int corner);
-    void restoreEdges();
     KMRefList<4> facesAt(int vertex) const { return m_mesh.vertex(vertex)->faceRefs; }
 
     KMMeshNode &m_mesh;
     int m_remove;
     int m_keep;
-    QVector<KMEdgeState> m_edges;  // of the removed vertex, where they carry something
     QVector<KMFace> m_sharedFaces; // those that had both vertices
 };
 
-/// What lies on the edges between the removed vertex and others than the kept one. Faces alone would not carry it
-/// over: some of them go.
-QVector<KMEdgeState> VertexMerge::mergedEdges() const
+/// An edge that a merge before this one has brought is known here only.
+KMEdgeState CarriedEdges::stateOf(int a, int b) const
 {
-    QVector<KMEdgeState> merged;
-    for (const int f : facesAt(m_remove)) {
-        const QVector<KMEdgeState> states = edgeStatesOf(m_mesh, *m_mesh.face(f));
-        for (const KMEdgeState &state : states) {
-            if (state.isPlain() || (state.a != m_remove && state.b != m_remove))
+    KMEdgeState state = edgeStateOf(m_mesh, a, b);
+    const int place = m_places.value(KMEdge::keyOf(a, b), -1);
+    if (place >= 0) {
+        state.flags |= m_states.at(place).flags;
+        state.weight = std::max(state.weight, m_states.at(place).weight);
+    }
+    return state;
+}
+
+void CarriedEdges::join(int a, int b, const KMEdgeState &state)
+{
+    const quint64 key = KMEdge::keyOf(a, b);
+    const auto known = m_places.constFind(key);
+    if (known == m_places.constEnd()) {
+        m_places.insert(key, m_states.size());
+        m_states.append({a, b, state.flags, state.weight});
+        return;
+    }
+    KMEdgeState &present = m_states[known.value()];
+    present.flags |= state.flags;
+    present.weight = std::max(present.weight, state.weight);
+}
+
+/// The edges between the removed vertex and others than the kept one.
+void CarriedEdges::carry(int remove, int keep)
+{
+    for (const int f : m_mesh.vertex(remove)->faceRefs) {
+        const KMFace *face = m_mesh.face(f);
+        for (int c = 0; c < face->count; ++c) {
+            const int from = face->indices[c], to = face->next(c);
+            if (from != remove && to != remove)
                 continue;
-            const int end = state.a == m_remove ? state.b : state.a;
-            if (end != m_keep && end != m_remove)
-                merged.append({m_keep, end, state.flags, state.weight});
+            const int end = from == remove ? to : from;
+            const KMEdgeState state = stateOf(from, to);
+            if (!state.isPlain() && end != keep && end != remove)
+                join(keep, end, state);
         }
     }
-    return merged;
+}
+
+/// Where an edge of a removed vertex fell onto one of the kept vertex, the heavier crease counts.
+void CarriedEdges::restore()
+{
+    if (m_states.isEmpty())
+        return;
+    gSolution->push(new buildEdgeCommand(&m_mesh));
+    for (const KMEdgeState &state : std::as_const(m_states)) {
+        const KMEdge *edge = m_mesh.findEdge(state.a, state.b);
+        if (!edge) // one of its ends went on
+            continue;
+        if (state.weight > edge->weight)
+            KMMeshEdit::setEdgeWeight(m_mesh, state.a, state.b, state.weight);
+        if (state.flags & KMElementFlag::Selected)
+            KMMeshEdit::selectEdge(m_mesh, state.a, state.b, true);
+    }
 }
 
 void VertexMerge::takeSharedFaces()
@@ -156,31 +216,30 @@ void VertexMerge::closeSeam(int face, int corner)
     }
 }
 
-/// Where an edge of the removed vertex fell onto one of the kept vertex, the heavier crease counts.
-void VertexMerge::restoreEdges()
-{
-    if (m_edges.isEmpty())
-        return;
-    gSolution->push(new buildEdgeCommand(&m_mesh));
-    for (const KMEdgeState &state : std::as_const(m_edges)) {
-        const KMEdge *edge = m_mesh.findEdge(state.a, state.b);
-        if (!edge)
-            continue;
-        if (state.weight > edge->weight)
-            KMMeshEdit::setEdgeWeight(m_mesh, state.a, state.b, state.weight);
-        if (state.flags & KMElementFlag::Selected)
-            KMMeshEdit::selectEdge(m_mesh, state.a, state.b, true);
-    }
-}
-
 } // namespace
 
 bool KMMeshEdit::mergeVertex(KMMeshNode &mesh, int remove, int keep)
 {
-    const bool isRefused = mesh.isLocked() || mesh.ownerNode();
-    if (isRefused || remove == keep || !mesh.vertex(remove) || !mesh.vertex(keep))
-        return false;
+    return mergeVertices(mesh, {{remove, keep}}) > 0;
+}
+
+int KMMeshEdit::mergeVertices(KMMeshNode &mesh, const QVector<KMVertexPair> &pairs)
+{
+    const auto canMerge = [&mesh](const KMVertexPair &pair) {
+        return pair.remove != pair.keep && mesh.vertex(pair.remove) && mesh.vertex(pair.keep);
+    };
+    if (mesh.isLocked() || mesh.ownerNode() || std::none_of(pairs.begin(), pairs.end(), canMerge))
+        return 0;
     const KMUndoMacro macro(QCoreApplication::translate("KMMeshEdit", "Merge Vertex"));
-    VertexMerge(mesh, remove, keep).run();
-    return true;
+    CarriedEdges edges(mesh);
+    int merged = 0;
+    for (const KMVertexPair &pair : pairs) {
+        if (!canMerge(pair))
+            continue;
+        edges.carry(pair.remove, pair.keep);
+        VertexMerge(mesh, pair.remove, pair.keep).run();
+        ++merged;
+    }
+    edges.restore();
+    return merged;
 }

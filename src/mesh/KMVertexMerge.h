@@ -1,6 +1,16 @@
 #pragma once
 
+#include <QVector>
+
 class KMMeshNode;
+
+/// Two vertices that become one.
+struct KMVertexPair
+{
+    int remove;
+    int keep;
+};
+Q_DECLARE_TYPEINFO(KMVertexPair, Q_PRIMITIVE_TYPE);
 
 namespace KMMeshEdit {
 
@@ -10,5 +20,9 @@ namespace KMMeshEdit {
 /// and selected edges go along. Line polygons that come to lie on an edge of another face are dropped.
 /// False, and no step, when the mesh is locked or the result of a modifier, a vertex is missing, or both are the same.
 bool mergeVertex(KMMeshNode &mesh, int remove, int keep);
+
+/// The same for many pairs, one after the other, as one step; in a time that goes by their number. A pair of which a
+/// vertex is missing when its turn comes is passed over. Answers how many were merged; no step for none.
+int mergeVertices(KMMeshNode &mesh, const QVector<KMVertexPair> &pairs);
 
 } // namespace KMMeshEdit

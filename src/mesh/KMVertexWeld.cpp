@@ -73,8 +73,10 @@ bool KMMeshEdit::weldToMean(KMMeshNode &mesh, const QVector<int> &vertices)
             sum[k] += double(mesh.position(vertex)[k]);
     }
     const double count = vertices.size();
+    QVector<KMVertexPair> pairs;
     for (int i = 1; i < vertices.size(); ++i)
-        mergeVertex(mesh, vertices.at(i), vertices.first());
+        pairs.append({vertices.at(i), vertices.first()});
+    mergeVertices(mesh, pairs);
     const kvm::Vector3 mean(float(sum[0] / count), float(sum[1] / count), float(sum[2] / count));
     gSolution->push(new moveVertexCommand(&mesh, vertices.first(), mean));
     return true;
@@ -83,13 +85,13 @@ bool KMMeshEdit::weldToMean(KMMeshNode &mesh, const QVector<int> &vertices)
 int KMMeshEdit::weldSamePlace(KMMeshNode &mesh, const QVector<int> &vertices)
 {
     PlaceTable kept(mesh);
-    int merged = 0;
+    QVector<KMVertexPair> pairs;
     for (const int vertex : vertices) {
         const int same = kept.find(mesh.position(vertex));
         if (same < 0)
             kept.insert(vertex);
         else
-            merged += mergeVertex(mesh, vertex, same);
+            pairs.append({vertex, same});
     }
-    return merged;
+    return mergeVertices(mesh, pairs);
 }

@@ -6,9 +6,8 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMChainCopy.h"
 #include "modifiers/KMMeshReplacement.h"
-
-#include <vector>
 
 namespace {
 
@@ -35,23 +34,11 @@ void carryTags(const KMMeshNode &source, KMMeshNode &shape)
 
 std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source)
 {
-    std::vector<std::unique_ptr<KMContainerNode>> stages; // outlive the mesh whose chain they are
-    QList<KMMeshNode::ModifierEntry> chain;
-    for (const KMMeshNode::ModifierEntry &entry : source.modifiers()) {
-        std::unique_ptr<KMContainerNode> stage(entry.second->modifierNode()->clone());
-        if (auto *modifier = dynamic_cast<KMMeshModifier *>(stage.get()))
-            chain.append({entry.first, modifier});
-        stages.push_back(std::move(stage));
-    }
-    const std::unique_ptr<KMMeshNode> cage(source.clone());
-    for (KMTagBase *tag : cage->tags())
-        tag->resetValues();
-    cage->linkChain(chain);
-    cage->refreshMesh(KMMeshDirty::All);
-    KMMeshNode *result = chain.isEmpty() ? nullptr : chain.last().second->modMesh();
+    KMChainCopy copy(source);
+    copy.evaluate();
+    const KMMeshNode *result = copy.last();
     if (!result || result->vertexCount() == 0)
         return nullptr;
-    result->refreshMesh(KMMeshDirty::All);
     std::unique_ptr<KMMeshNode> shape(result->clone());
     shape->setName(source.name());
     shape->setEnName(source.enName());

@@ -12,8 +12,7 @@ class KMFreezeModifiers
     Q_DECLARE_TR_FUNCTIONS(KMFreezeModifiers)
 public:
     /// The result of the mesh's chain as a mesh in no document, with name and frame of the source. It is computed on
-    /// copies, so that the chain is left alone and the shape is that without any morph. The caller owns it; null when
-    /// there is no chain, or it makes nothing.
+    /// copies, so that the chain is left alone. The caller owns it; null when there is no chain, or it makes nothing.
     static std::unique_ptr<KMMeshNode> shapeOf(const KMMeshNode &source);
 
     /// Puts that mesh into the tree in the place of the source, whose modifiers go with it, as one step, and says in

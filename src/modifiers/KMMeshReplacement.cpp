@@ -1,5 +1,6 @@
 #include "modifiers/KMMeshReplacement.h"
 
+#include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeTreeCommands.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
@@ -27,6 +28,7 @@ void KMMeshReplacement::put(KMContainerNode *replaced, KMMeshNode *mesh, bool (*
     if (!isTaken(replaced->name(), replaced))
         mesh->setName(replaced->name());
     const bool isExpanded = row->isExpanded();
+    gSolution->push(new selectNodeCommand(replaced)); // for the way back, on which the mesh is taken out before
     gSolution->push(new insertNodeCommand(mesh, KMTreeWidget::parentNodeOf(replaced), KMTreeWidget::positionOf(row)));
     QList<KMContainerNode *> children;
     for (int i = 0; i < row->childCount(); ++i)
@@ -37,5 +39,5 @@ void KMMeshReplacement::put(KMContainerNode *replaced, KMMeshNode *mesh, bool (*
     }
     gProject->deleteNode(replaced);
     mesh->item()->setExpanded(isExpanded);
-    gProject->tree()->setCurrentItem(mesh->item());
+    gSolution->push(new selectNodeCommand(mesh));
 }

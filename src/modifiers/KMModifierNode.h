@@ -73,7 +73,8 @@ protected:
 
     /// Fills the empty result. The edges and the live lists of the input are up to date.
     virtual void rebuildResult(KMMeshNode &input, KMMeshNode &result) = 0;
-    /// Moves the result after its input, allocating nothing. Answers whether its topology changed on the way.
+    /// Moves the result after its input, allocating nothing. Answers whether its topology changed on the way, or anything
+    /// else that the stages behind it can't follow.
     virtual bool updateResult(const KMMeshNode &input, KMMeshNode &result) = 0;
     virtual void freeTables() {} ///< of the subclass: there is no result any more
 

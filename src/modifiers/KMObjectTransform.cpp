@@ -9,6 +9,7 @@
 #include "mesh/KMVertexCommands.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -91,6 +92,25 @@ KMTransform KMObjectTransform::moved(const KMTransform &transform, const kvm::Ma
     const kvm::Vector3 z = cross(x, y);
     const kvm::Matrix4 frame{{x.x, x.y, x.z, 0, y.x, y.y, y.z, 0, z.x, z.y, z.z, 0, 0, 0, 0, 1}};
     result.rotation = kvm::Quaternion::fromMatrix(frame);
+    return result;
+}
+
+KMTransform KMObjectTransform::sound(const KMTransform &transform)
+{
+    const KMTransform rest;
+    KMTransform result = transform;
+    for (int axis = 0; axis < 3; ++axis) {
+        if (!std::isfinite(transform.scale[axis]))
+            result.scale[axis] = rest.scale[axis];
+        if (!std::isfinite(transform.translation[axis]))
+            result.translation[axis] = rest.translation[axis];
+    }
+    constexpr float shortest = 1e-6f;
+    const float length = transform.rotation.length();
+    if (!std::isfinite(length) || length < shortest)
+        result.rotation = rest.rotation;
+    else if (std::fabs(length - 1.0f) > shortest)
+        result.rotation.normalize();
     return result;
 }
 

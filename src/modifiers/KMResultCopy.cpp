@@ -84,3 +84,25 @@ void KMResultCopy::copyShaders(const KMMeshNode &input, KMMeshNode &result, cons
     }
     result.markDirty(KMMeshDirty::Buffers);
 }
+
+void KMResultCopy::copyFlagsByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins)
+{
+    for (int f = 0, n = qMin(origins.size(), result.faceCount()); f < n; ++f) {
+        const KMFace *from = input.face(origins.at(f));
+        for (const quint8 bit : {KMElementFlag::Selected, KMElementFlag::Hidden}) {
+            if (from && from->hasFlag(bit))
+                result.setFaceFlag(f, bit);
+            else
+                result.clearFaceFlag(f, bit);
+        }
+    }
+}
+
+void KMResultCopy::copyShadersByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins)
+{
+    for (int f = 0, n = qMin(origins.size(), result.faceCount()); f < n; ++f) {
+        if (const KMFace *from = input.face(origins.at(f)))
+            result.setFaceShader(f, from->shader);
+    }
+    result.markDirty(KMMeshDirty::Buffers);
+}

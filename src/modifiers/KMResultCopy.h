@@ -44,4 +44,11 @@ void copyEdgeWeights(const KMMeshNode &input, KMMeshNode &result, const Map &map
 /// Shaders of the input's faces to those that the map names; the result is marked where it matters.
 void copyShaders(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &faceMap);
 
+// For results with several faces for one of the input: they name the face that each of them comes from, -1 for none.
+
+/// Selected and hidden.
+void copyFlagsByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins);
+/// The result is marked where it matters.
+void copyShadersByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins);
+
 } // namespace KMResultCopy

@@ -43,47 +43,47 @@ void KMCameraNode::mousePress(KMMouseEvent *event)
 {
     const Qt::MouseButtons buttons = event->buttons();
     const bool shift = event->modifiers() & Qt::ShiftModifier;
-    if (!m_drag.rotate && !m_drag.pan)
+    if (!m_drag.rotateActive && !m_drag.panActive)
         m_saved = view();
-    m_drag.lastPosition = event->pos();
+    m_drag.lastPos = event->pos();
     m_drag.pressRoll = m_roll;
     if (buttons & Qt::RightButton) {
-        m_drag.rotate = true;
-        m_drag.pressPosition = event->localPos();
+        m_drag.rotateActive = true;
+        m_drag.pressPos = event->localPos();
     }
-    if (m_drag.rotate && (buttons & Qt::LeftButton)) {
-        m_drag.leftRightZoom = true;
-        m_drag.fovZoom = shift;
+    if (m_drag.rotateActive && (buttons & Qt::LeftButton)) {
+        m_drag.leftRightZoomActive = true;
+        m_drag.fovZoomActive = shift;
         return;
     }
-    m_drag.left = buttons & Qt::LeftButton;
+    m_drag.leftHeld = buttons & Qt::LeftButton;
     if (buttons & Qt::MiddleButton)
-        startPan(shift);
+        startPan(event->localPos(), shift);
 }
 
-void KMCameraNode::startPan(bool keepExtent)
+void KMCameraNode::startPan(const QPointF &position, bool keepExtent)
 {
     m_saved = view();
-    m_drag.pan = true;
+    m_drag.panActive = true;
     m_drag.panDepth = pivotDepth();
-    m_drag.panAnchor = unproject(m_saved, m_drag.lastPosition, m_drag.panDepth) + m_pan;
-    if (!keepExtent || m_drag.dollyZoom)
+    m_drag.panAnchor = unproject(m_saved, position, m_drag.panDepth) + m_pan;
+    if (!keepExtent || m_drag.dollyZoomActive)
         return;
-    m_drag.pivot = m_pivot;
+    m_drag.savedPivot = m_pivot;
     setPivot(-m_pivot);
-    m_drag.extent = std::tan(qDegreesToRadians(m_fov) / 2.0f) * m_distance;
-    m_drag.dollyZoom = true;
+    m_drag.dollyExtent = std::tan(qDegreesToRadians(m_fov) / 2.0f) * m_distance;
+    m_drag.dollyZoomActive = true;
 }
 
 void KMCameraNode::beginPan(const QPoint &position)
 {
-    m_drag.lastPosition = position;
-    startPan(false);
+    m_drag.lastPos = position;
+    startPan(position, false);
 }
 
 void KMCameraNode::panBy(const QPoint &offset)
 {
-    panTo(m_drag.lastPosition + offset);
+    panTo(m_drag.lastPos + offset);
 }
 
 /// Reckoned from the view at the start of the drag, so the point that was taken stays under the cursor.
@@ -94,26 +94,26 @@ void KMCameraNode::panTo(const QPointF &position)
 
 bool KMCameraNode::mouseMove(KMMouseEvent *event)
 {
-    const QPoint delta = event->pos() - m_drag.lastPosition;
+    const QPoint delta = event->pos() - m_drag.lastPos;
     const bool inSteps = event->modifiers() & Qt::ShiftModifier;
-    if (m_drag.leftRightZoom) {
-        m_drag.lastPosition = event->pos();
+    if (m_drag.leftRightZoomActive) {
+        m_drag.lastPos = event->pos();
         zoomDrag(delta.y());
         return true;
     }
-    if (m_drag.rotate && !m_drag.pan) {
+    if (m_drag.rotateActive && !m_drag.panActive) {
         if (isUV() && m_rollMode == RollMode::ByAngle) {
             rollTo(wrapped(angleFromPress(event->localPos()) + m_drag.pressRoll), inSteps, false);
             return true;
         }
         if (!isUV())
-            m_drag.lastPosition = event->pos();
+            m_drag.lastPos = event->pos();
         rotateDrag(delta, inSteps);
         return true;
     }
-    if (m_drag.pan && !m_drag.rotate) {
-        m_drag.lastPosition = event->pos();
-        if (m_drag.dollyZoom)
+    if (m_drag.panActive && !m_drag.rotateActive) {
+        m_drag.lastPos = event->pos();
+        if (m_drag.dollyZoomActive)
             setFovKeepExtent(float(delta.y()) * dollyZoomSpeed);
         else
             panTo(event->localPos());
@@ -126,10 +126,10 @@ void KMCameraNode::zoomDrag(int dy)
 {
     const float v = reversed(float(dy) * zoomSpeed * gSettings->zoomRatio, gSettings->reverseW);
     if (gSettings->lrDrag == alwaysFov)
-        m_drag.fovZoom = true;
+        m_drag.fovZoomActive = true;
     if (m_ortho)
         setOrthoZoom((1.0f - v) * m_orthoZoom);
-    else if (m_drag.fovZoom)
+    else if (m_drag.fovZoomActive)
         setFov((v + 1.0f) * m_fov);
     else
         setDistance(m_distance + zoomRuler() * (dragDolly / m_fov) * v);
@@ -169,21 +169,21 @@ void KMCameraNode::rollTo(float degrees, bool inSteps, bool snap)
 float KMCameraNode::angleFromPress(const QPointF &position) const
 {
     const auto angleOf = [this](const QPointF &p) { return std::atan2(m_height / 2.0 - p.y(), p.x() - m_width / 2.0); };
-    return float(qRadiansToDegrees(angleOf(position) - angleOf(m_drag.pressPosition)));
+    return float(qRadiansToDegrees(angleOf(position) - angleOf(m_drag.pressPos)));
 }
 
 void KMCameraNode::mouseRelease()
 {
     const Drag drag = std::exchange(m_drag, {});
-    if (drag.dollyZoom)
-        setPivot(drag.pivot);
+    if (drag.dollyZoomActive)
+        setPivot(drag.savedPivot);
     commitView();
 }
 
 void KMCameraNode::setFovKeepExtent(float deltaDegrees)
 {
     const auto halfTangent = [this] { return std::tan(qDegreesToRadians(m_fov) / 2.0f); };
-    const float extent = m_drag.dollyZoom ? m_drag.extent : halfTangent() * m_distance;
+    const float extent = m_drag.dollyZoomActive ? m_drag.dollyExtent : halfTangent() * m_distance;
     setFov(m_fov + deltaDegrees);
     setDistance(extent / halfTangent());
 }

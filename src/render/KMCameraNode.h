@@ -57,8 +57,8 @@ public:
     void setDistance(float distance);
     float orthoZoom() const { return m_orthoZoom; }
     void setOrthoZoom(float zoom);
-    float nearPlane() const { return m_near; }
-    float farPlane() const { return m_far; }
+    float nearPlane() const { return m_nearPlane; }
+    float farPlane() const { return m_farPlane; }
 
     // Place and rotation. Angles are degrees
 
@@ -138,22 +138,22 @@ private:
     /// What a drag is doing, and what it started from.
     struct Drag
     {
-        bool dollyZoom = false;
-        bool leftRightZoom = false;
-        bool pan = false;
-        bool rotate = false;
-        bool left = false;
-        bool fovZoom = false;
-        QPointF pressPosition;
-        QPoint lastPosition;
+        bool dollyZoomActive = false;
+        bool leftRightZoomActive = false;
+        bool panActive = false;
+        bool rotateActive = false;
+        bool leftHeld = false;
+        bool fovZoomActive = false;
+        QPointF pressPos;
+        QPoint lastPos;
         float pressRoll = 0.0f;
-        kvm::Vector3 panAnchor; // the point under the cursor, plus the pan
-        float panDepth = 0.0f;  // of the pivot in the view
-        kvm::Vector3 pivot;     // to be restored after a dolly zoom
-        float extent = 0.0f;    // half of what a dolly zoom keeps in the picture
+        kvm::Vector3 panAnchor;   // the point under the cursor, plus the pan
+        float panDepth = 0.0f;    // of the pivot in the view
+        kvm::Vector3 savedPivot;  // to be restored after a dolly zoom
+        float dollyExtent = 0.0f; // half of what a dolly zoom keeps in the picture
     };
 
-    void startPan(bool keepExtent);
+    void startPan(const QPointF &position, bool keepExtent);
     void panTo(const QPointF &position);
     void zoomDrag(int dy);
     void rotateDrag(const QPoint &delta, bool inSteps);
@@ -179,8 +179,8 @@ private:
     int m_width = 100;
     int m_height = 100;
     float m_fov;
-    float m_near = 0.01f;
-    float m_far = 5000.0f;
+    float m_nearPlane = 0.01f;
+    float m_farPlane = 5000.0f;
     float m_distance;
     float m_orthoZoom;
     kvm::Vector3 m_eye;

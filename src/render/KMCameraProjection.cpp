@@ -81,8 +81,8 @@ float KMCameraNode::halfExtent() const
 
 void KMCameraNode::buildProjection()
 {
-    m_near = 0.1f / (m_fov / 180.0f) * m_distance * 0.002f;
-    m_far = m_distance * 4.0f * float(M_PI);
+    m_nearPlane = 0.1f / (m_fov / 180.0f) * m_distance * 0.002f;
+    m_farPlane = m_distance * 4.0f * float(M_PI);
     const float aspect = float(m_width) / float(m_height);
     kvm::Matrix4 &p = m_projection;
     p = {};
@@ -90,15 +90,15 @@ void KMCameraNode::buildProjection()
         const float scale = m_orthoZoom * orthoFactor;
         p[0] = scale;
         p[5] = aspect * scale;
-        p[10] = -1.0f / (m_near - m_far);
-        p[14] = m_near / (m_near - m_far);
+        p[10] = -1.0f / (m_nearPlane - m_farPlane);
+        p[14] = m_nearPlane / (m_nearPlane - m_farPlane);
         return;
     }
     p[0] = 1.0f / halfExtent();
     p[5] = 1.0f / halfFovTangent(m_fov);
-    p[10] = m_far / (m_far - m_near);
+    p[10] = m_farPlane / (m_farPlane - m_nearPlane);
     p[11] = 1.0f;
-    p[14] = m_near * m_far / (m_near - m_far);
+    p[14] = m_nearPlane * m_farPlane / (m_nearPlane - m_farPlane);
     p[15] = 0.0f;
 }
 

@@ -9,6 +9,12 @@ namespace {
 
 constexpr quint8 hotFlags = KMElementFlag::Hot | KMElementFlag::HotSecond;
 
+/// An edge may have lost its end for a while. It isn't drawn then.
+kvm::Vector3 placeOf(const KMVertex *vertex)
+{
+    return vertex ? vertex->pos : kvm::Vector3();
+}
+
 bool hasSelectedFace(const KMMeshNode &mesh, const KMEdge &edge)
 {
     return std::any_of(edge.faceRefs.begin(), edge.faceRefs.end(), [&mesh](int f) {
@@ -91,8 +97,8 @@ void KMEdgeBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
     KMLineElement *element = map.data();
     for (const KMEdge *edge : mesh.edges()) {
         if (parts & Positions) {
-            element[0].vertex = vertices[edge->index0]->pos;
-            element[1].vertex = vertices[edge->index1]->pos;
+            element[0].vertex = placeOf(vertices[edge->index0]);
+            element[1].vertex = placeOf(vertices[edge->index1]);
         }
         if (parts & Colors)
             paintEdge(mesh, *edge, style(), element);

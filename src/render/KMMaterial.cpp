@@ -5,7 +5,6 @@
 #include "math/Quaternion.h"
 #include "render/KMCameraNode.h"
 #include "render/KMOpenGLShaderProgram.h"
-#include "render/KMTextureCache.h"
 
 #include <QOpenGLTexture>
 #include <QVector3D>
@@ -65,11 +64,11 @@ void KMMaterial::apply(KMOpenGLShaderProgram &program, const KMShaderNode *shade
     int used[KMBasicShader::TextureSlotCount] = {};
     if (withTextures) {
         const auto texture = [&values](KMBasicShader::TextureSlot slot) { return values.textures.at(size_t(slot)); };
-        used[KMBasicShader::Diffuse] = bind(DiffuseUnit, texture(KMBasicShader::Diffuse), false);
-        used[KMBasicShader::Sphere] = bind(SphereUnit, texture(KMBasicShader::Sphere), false);
-        used[KMBasicShader::Toon] = bind(ToonUnit, texture(KMBasicShader::Toon), true);
-        used[KMBasicShader::Normal] = bind(NormalUnit, texture(KMBasicShader::Normal), false);
-        used[KMBasicShader::Multi] = bind(MultiUnit, texture(KMBasicShader::Multi), false);
+        used[KMBasicShader::Diffuse] = bind(DiffuseUnit, texture(KMBasicShader::Diffuse), KMTextureCache::Repeated);
+        used[KMBasicShader::Sphere] = bind(SphereUnit, texture(KMBasicShader::Sphere), KMTextureCache::Repeated);
+        used[KMBasicShader::Toon] = bind(ToonUnit, texture(KMBasicShader::Toon), KMTextureCache::Clamped);
+        used[KMBasicShader::Normal] = bind(NormalUnit, texture(KMBasicShader::Normal), KMTextureCache::Repeated);
+        used[KMBasicShader::Multi] = bind(MultiUnit, texture(KMBasicShader::Multi), KMTextureCache::Repeated);
     }
     const int diffuse = used[KMBasicShader::Diffuse];
     program.setUniformValue("use_texture", diffuse);
@@ -84,13 +83,11 @@ void KMMaterial::apply(KMOpenGLShaderProgram &program, const KMShaderNode *shade
 }
 
 /// 1 when there is such a texture, else 0 and the unit is left alone.
-int KMMaterial::bind(int unit, int textureIndex, bool clamped)
+int KMMaterial::bind(int unit, int textureIndex, KMTextureCache::Wrap wrap)
 {
-    QOpenGLTexture *texture = textureIndex < 0 ? nullptr : m_textures.texture(textureIndex);
+    QOpenGLTexture *texture = textureIndex < 0 ? nullptr : m_textures.texture(textureIndex, wrap);
     if (!texture)
         return 0;
     texture->bind(uint(unit));
-    // One picture may serve as toon here and as texture there.
-    texture->setWrapMode(clamped ? QOpenGLTexture::ClampToEdge : QOpenGLTexture::Repeat);
     return 1;
 }

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "render/KMTextureCache.h"
+
 #include <QColor>
 
 class KMCameraNode;
 class KMOpenGLShaderProgram;
 class KMShaderNode;
-class KMTextureCache;
 
 /// Sets the program of lit faces to a view and to materials, textures included.
 class KMMaterial
@@ -24,7 +25,7 @@ public:
     void apply(KMOpenGLShaderProgram &program, const KMShaderNode *shader, bool withTextures, bool isFlat);
 
 private:
-    int bind(int unit, int textureIndex, bool clamped);
+    int bind(int unit, int textureIndex, KMTextureCache::Wrap wrap);
 
     KMTextureCache &m_textures;
 };

@@ -4,6 +4,7 @@
 #include "render/KMCameraNode.h"
 #include "render/KMRenderer.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -61,8 +62,9 @@ void KMMaterialBall::draw(KMRenderer &renderer, const KMShaderNode *shader, cons
         return;
     KMCameraNode camera(KMCameraNode::Front);
     camera.resize(size.width(), size.height());
-    // The larger side of the picture is the one that the zoom doesn't follow.
-    camera.setOrthoZoom(1000.0f / (radius * rim));
+    // The zoom follows the width; in a picture that is wider than high the height is what the ball has to fit into.
+    const float aspect = float(size.width()) / float(std::max(size.height(), 1));
+    camera.setOrthoZoom(1000.0f / (radius * rim * std::max(aspect, 1.0f)));
     camera.updateMatrices();
     renderer.material().setView(real, camera);
     renderer.material().apply(real, shader, true, false);

@@ -30,7 +30,8 @@ public:
     RenderGroup &group() { return m_group; }
 
 private:
-    void write(const KMMeshNode &mesh, const KMTagNormal &tag);
+    void writeElements(const KMMeshNode &mesh, const KMTagNormal &tag);
+    void writeIndices(const KMMeshNode &mesh);
 
     RenderGroup m_group;
     KMNormalStyle m_style;

@@ -100,6 +100,15 @@ void KMOpenGLContainer::repaint(int mode)
         m_hot->update();
 }
 
+void KMOpenGLContainer::endNavigation()
+{
+    for (KMOpenGLWidget *widget : std::as_const(m_widgets)) {
+        if (widget)
+            widget->endNavigation();
+    }
+    m_navigating = false;
+}
+
 void KMOpenGLContainer::updateAllNow()
 {
     for (KMOpenGLWidget *widget : std::as_const(m_widgets)) {
@@ -153,7 +162,7 @@ void KMOpenGLContainer::refreshViews(int mask)
 
 void KMOpenGLContainer::resetViews()
 {
-    m_navigating = false;
+    endNavigation();
     KMPicker::clearHot();
     KMViewFilter::reset();
     emit currentChanged();

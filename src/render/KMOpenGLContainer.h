@@ -41,6 +41,7 @@ public:
     void setHot(KMOpenGLWidget *widget) { m_hot = widget; }
     bool isNavigating() const { return m_navigating; } ///< a drag moves a camera
     void setNavigating(bool navigating) { m_navigating = navigating; }
+    void endNavigation(); ///< also a drag that still holds its button: called before something else moves a camera
 
     /// Schedules the views of the layout: 31 for everything, 0 for a move of the camera, which while it lasts
     /// repaints the view under the mouse alone, -1 for all of them even then.

@@ -230,7 +230,7 @@ bool KMOpenGLWidget::eventFilter(QObject *watched, QEvent *event)
     if (gTablet)
         gTablet->take(*event);
     const bool isMouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove
-                         || event->type() == QEvent::MouseButtonRelease;
+                         || event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::MouseButtonDblClick;
     if (isMouse)
         return gSettings->enableTouch
                && static_cast<QMouseEvent *>(event)->source() == Qt::MouseEventSynthesizedBySystem;
@@ -296,6 +296,15 @@ void KMOpenGLWidget::leaveEvent(QEvent *event)
     if (KMViewTool *tool = currentTool())
         tool->leave(event, this);
     update();
+}
+
+/// Another layout may come in mid-drag, and the release goes to a view of that one.
+void KMOpenGLWidget::hideEvent(QHideEvent *event)
+{
+    QOpenGLWidget::hideEvent(event);
+    m_isMouseInside = false;
+    m_input.hide();
+    m_touch.hide();
 }
 
 void KMOpenGLWidget::focusInEvent(QFocusEvent *event)

@@ -43,6 +43,7 @@ public:
     bool isInitialised() const { return m_isInitialised; }
     void showTitle(); ///< the name of the camera, when it is another
     void syncHudIcons(const KMViewTool *tool);
+    void endNavigation() { m_input.endNavigation(); } ///< before something else moves the camera
 
 signals:
     void cameraBoxClicked(int code);       ///< of KMCameraBoxShape
@@ -60,6 +61,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void changeEvent(QEvent *event) override;

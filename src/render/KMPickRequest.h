@@ -14,6 +14,7 @@ struct KMPickRequest
     bool wantEdge = false;
     bool wantFace = false;
     bool testActiveOnly = false;      ///< only the active mesh is picked; the others still hide what lies behind them
+    KMMeshNode *only = nullptr;       ///< only this one is picked, and what its modifiers made hides nothing of it
     bool skipActiveMesh = false;      ///< as if it weren't there
     bool refreshWindowCoords = false; ///< those that the meshes keep may be of another camera, or from before an
                                       ///< edit; in the program only those of hidden meshes are

@@ -2,8 +2,11 @@
 
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "render/KMCameraNode.h"
+#include "render/KMRenderMask.h"
 #include "render/KMRenderer.h"
 #include "render/KMViewFilter.h"
 
@@ -41,6 +44,15 @@ bool isActive(const KMMeshNode &mesh)
 {
     const KMNode *active = gSolution->currentNode();
     return active && (active == &mesh || active == mesh.ownerNode());
+}
+
+/// Only the end of a chain of modifiers is drawn; and where the mesh at its start is meant, not even that counts.
+bool isLookedThrough(const KMMeshNode &mesh, const KMMeshNode *only)
+{
+    if (KMMeshTargets::isControl(mesh))
+        return !KMRenderMask::isShown(mesh);
+    const KMMeshModifier *owner = mesh.ownerModifier();
+    return owner && (owner->next() || (only && owner->source() == only));
 }
 
 float orientation(const kvm::Vector3 &a, const kvm::Vector3 &b, const kvm::Vector3 &c)
@@ -95,7 +107,8 @@ void KMPickSearch::run()
 
 bool KMPickSearch::needsOccluder() const
 {
-    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces)
+    // Faces that aren't drawn hide nothing.
+    return !KMViewFilter::isOn(KMViewFilter::OverwriteFaces) && m_camera.viewFlag(KMCameraNode::ShowFaces)
            && (m_camera.viewFlag(KMCameraNode::ShowVertices) || m_camera.viewFlag(KMCameraNode::ShowEdges));
 }
 
@@ -104,12 +117,17 @@ void KMPickSearch::collectMeshes()
     const bool currentOnly = KMViewFilter::isOn(KMViewFilter::CullingCurrentOnly);
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
         const KMContainerNode *owner = mesh->ownerNode();
+        if (isLookedThrough(*mesh, m_request.only))
+            continue;
         const bool isVisible = mesh->isVisible() && (!owner || owner->isVisible());
         const bool isLocked = mesh->isLocked() || (owner && owner->isLocked());
         const bool active = isActive(*mesh);
         if (isLocked || (!isVisible && !m_request.includeHidden) || (active && m_request.skipActiveMesh))
             continue;
-        Nearby nearby{mesh, active || !m_request.testActiveOnly, !owner || m_request.includeChildren, false, {}, {}};
+        const bool isPickable = m_request.only ? mesh == m_request.only : active || !m_request.testActiveOnly;
+        const bool hasElements = KMMeshTargets::isControl(*mesh)
+                                 || ((!owner || m_request.includeChildren) && !KMMeshTargets::isUnderControl(*mesh));
+        Nearby nearby{mesh, isPickable, hasElements, false, {}, {}};
         nearby.isCulled = m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
         m_nearby.push_back(nearby);
     }

@@ -5,6 +5,7 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "render/KMCameraNode.h"
 #include "render/KMViewFilter.h"
 
@@ -65,7 +66,7 @@ bool KMRenderMask::isShown(const KMMeshNode &mesh)
     if (!mesh.ownerModifier())
         return mesh.isVisible();
     const KMMeshNode *cage = mesh.ownerModifier()->source();
-    return cage && cage->isVisible();
+    return cage && cage->isVisible() && (!KMMeshTargets::isControl(mesh) || isCurrent(mesh));
 }
 
 bool KMRenderMask::isCurrent(const KMMeshNode &mesh)
@@ -88,5 +89,7 @@ quint32 KMRenderMask::of(const KMMeshNode &mesh, const KMCameraNode &camera)
         if (!mesh.modifiers().isEmpty())
             mask |= BoundsOnly;
     }
+    if (KMMeshTargets::isControl(mesh))
+        return mask & (Vertices | Edges);
     return mesh.ownerModifier() ? resultMask(mesh, camera, mask) : mask;
 }

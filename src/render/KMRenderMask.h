@@ -21,7 +21,9 @@ enum Mask : quint32 {
     ActiveChanged = 0x400
 };
 
-bool isShown(const KMMeshNode &mesh);   ///< it or, for a modifier's result, the mesh that the chain starts from
+/// It or, for a modifier's result, the mesh that the chain starts from. Points to move by hand show with their modifier
+/// alone, while that is current.
+bool isShown(const KMMeshNode &mesh);
 bool isCurrent(const KMMeshNode &mesh); ///< selected, or it or its owner is the active node
 quint32 of(const KMMeshNode &mesh, const KMCameraNode &camera);
 

@@ -69,7 +69,8 @@ bool KMRenderer::initialize()
     m_surface->setFormat(shared->format());
     m_surface->create();
     const KMShareContext context;
-    if (QOpenGLContext::currentContext() != shared)
+    // Where the shared context refuses, that of the view which asks serves as well: it shares all that is made here.
+    if (!QOpenGLContext::currentContext())
         return false;
     initializeOpenGLFunctions();
     m_programs.load();

@@ -14,6 +14,7 @@
 #include <memory>
 
 class KMBluePrint;
+class KMNode;
 class QOffscreenSurface;
 class QOpenGLContext;
 class QSurface;
@@ -25,6 +26,8 @@ struct RendeFuncStruct
     const KMCameraNode *camera;
     bool isMoved = false;   ///< the screen positions are others
     bool isRedrawn = false; ///< what of it is drawn may be other
+    bool isAnew = false;    ///< so may be the edges and vertices
+    bool isOther = false;   ///< answer: other elements of it are drawn than before
 };
 
 /// Draws the scene: one for the process, made by the first view. It owns programs, textures and what all meshes share;
@@ -101,6 +104,7 @@ private:
     void setLineWidth(float width);
 
     // Order of the frame
+    void drawParts(const KMCameraNode &camera);
     void drawScene(const KMCameraNode &camera);
     void drawUVScene(const KMCameraNode &camera);
     void drawControls(const KMCameraNode &camera);
@@ -112,12 +116,14 @@ private:
     void refreshChains();
     void refreshMeshes(const KMCameraNode &camera);
     void prepareMeshes(const KMCameraNode &camera);
+    void prepareMesh(KMMeshNode &mesh, const KMCameraNode &camera, quint32 changed); ///< changed: bits for its mask
     void projectMeshes(const KMCameraNode &camera);
 
     // Passes
     KMElementStyle edgeStyle(const Item &item) const;
     KMElementStyle pointStyle(const Item &item) const;
-    int toolId() const; ///< -1 without a tool
+    const KMVertexColors *toolColors(const Item &item, bool arePoints) const; ///< null: those by flags
+    int toolId() const;                                                       ///< -1 without a tool
     void drawBlueprint(const KMCameraNode &camera, const KMBluePrint &bluePrint);
     void drawOutlines(const KMCameraNode &camera, const QVector<Item> &items);
     void drawOutline(KMRendererMesh &data);
@@ -139,7 +145,7 @@ private:
     const KMFrame *m_frame = nullptr; // while it is painted
     QVector<Item> m_items;            // of the frame, the active mesh last
     const void *m_lastCamera = nullptr;
-    const void *m_lastActive = nullptr;
+    const KMNode *m_lastActive = nullptr; // may be gone
     kvm::Matrix4 m_lastViewProjection;
     QSize m_lastSize;
     quint64 m_viewNumber = 0; // counts the views: another camera, place, lens or size

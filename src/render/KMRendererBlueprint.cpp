@@ -2,6 +2,7 @@
 
 #include "core/KMBluePrint.h"
 #include "core/KMProject.h"
+#include "core/KMTextureNode.h"
 #include "render/KMCameraNode.h"
 #include "render/KMRenderer.h"
 
@@ -34,11 +35,13 @@ const BlendRow &blendRow(int blend)
     return row == std::end(blendRows) ? blendRows[0] : *row;
 }
 
-std::array<KMQuadElement, 4> cornersOf(const QOpenGLTexture &texture, const kvm::Matrix4 &place, float alpha)
+/// picture: its full size. That of the texture is rounded where the card takes a smaller one, and a template has to
+/// be true.
+std::array<KMQuadElement, 4> cornersOf(const QSize &picture, const kvm::Matrix4 &place, float alpha)
 {
-    const float unit = 0.5f * longerSide / float(std::max(texture.width(), texture.height()));
-    const float x = unit * float(texture.width());
-    const float y = unit * float(texture.height());
+    const float unit = 0.5f * longerSide / float(std::max(picture.width(), picture.height()));
+    const float x = unit * float(picture.width());
+    const float y = unit * float(picture.height());
     const kvm::Vector4 color(1.0f, 1.0f, 1.0f, alpha);
     return {{{place * kvm::Vector3(-x, -y, 0), color, {0, 1}},
              {place * kvm::Vector3(x, -y, 0), color, {1, 1}},
@@ -66,7 +69,8 @@ void KMRenderer::drawBlueprints(const KMCameraNode &camera, bool foreground)
 void KMRenderer::drawBlueprint(const KMCameraNode &camera, const KMBluePrint &bluePrint)
 {
     const KMBluePrintValues &values = bluePrint.values();
-    QOpenGLTexture *texture = m_textures->texture(values.texture);
+    // Clamped, or the opposite edge would show through.
+    QOpenGLTexture *texture = m_textures->texture(values.texture, KMTextureCache::Clamped);
     if (!texture)
         return;
     KMOpenGLShaderProgram &plate = program(KMShaderPrograms::Blueprint);
@@ -76,15 +80,17 @@ void KMRenderer::drawBlueprint(const KMCameraNode &camera, const KMBluePrint &bl
         // It keeps its place in the world, and turns against the view.
         kvm::Matrix4 facing = camera.viewRotation().rotationInverse();
         facing.setTranslation(place.translation());
-        place = kvm::Matrix4::fromScale(bluePrint.scale());
-        place *= bluePrint.rotation();
+        place.setTranslation({});
         plate.setMatrix(KMOpenGLShaderProgram::ProjMatrix, facing);
         plate.setMatrix(KMOpenGLShaderProgram::MvMatrix, camera.viewProjection());
     } else {
         plate.setCamera(camera);
     }
     const float alpha = qBound(0.0f, values.alpha, 1.0f);
-    const auto corners = cornersOf(*texture, place, alpha);
+    QSize picture = gProject->textures().at(values.texture)->image().size();
+    if (picture.isEmpty()) // it can't be read any more, and what was there stays
+        picture = {texture->width(), texture->height()};
+    const auto corners = cornersOf(picture, place, alpha);
     if (!writeQuad(*m_blueprint, corners.data(), int(sizeof(KMQuadElement))))
         return;
     const BlendRow &blend = blendRow(values.blend);
@@ -94,6 +100,5 @@ void KMRenderer::drawBlueprint(const KMCameraNode &camera, const KMBluePrint &bl
     plate.setUniformValue("alpha", alpha);
     plate.setUniformValue("texture", 0);
     texture->bind(0);
-    texture->setWrapMode(QOpenGLTexture::ClampToEdge); // or the opposite edge shows through
     drawElements(*m_blueprint, quadLayout, GL_TRIANGLES);
 }

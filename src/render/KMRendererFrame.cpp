@@ -38,20 +38,27 @@ void KMRenderer::paintScene(const KMFrame &frame)
     prepareFrame(camera);
     drawBlueprints(camera, false);
     complete.parts->drawGrid(camera);
-    if (m_quickFrame)
-        drawControls(camera);
-    else if (camera.isUV())
-        drawUVScene(camera);
-    else
-        drawScene(camera);
-    if (!m_quickFrame)
-        drawOverlays(camera);
+    drawParts(camera);
     finishFrame();
     if (complete.isFirst)
         clearDepth();
     glActiveTexture(GL_TEXTURE0);
     glUseProgram(0);
     m_frame = nullptr;
+}
+
+void KMRenderer::drawParts(const KMCameraNode &camera)
+{
+    if (m_quickFrame) {
+        if (!camera.isUV())
+            drawControls(camera);
+        return;
+    }
+    if (camera.isUV())
+        drawUVScene(camera);
+    else
+        drawScene(camera);
+    drawOverlays(camera);
 }
 
 void KMRenderer::drawScene(const KMCameraNode &camera)
@@ -65,6 +72,7 @@ void KMRenderer::drawScene(const KMCameraNode &camera)
     if (toolId() == KMViewTool::NormalTool)
         drawNormals(camera);
     drawControls(camera);
+    drawBlueprints(camera, true);
 }
 
 void KMRenderer::drawControls(const KMCameraNode &camera)
@@ -72,7 +80,6 @@ void KMRenderer::drawControls(const KMCameraNode &camera)
     clearDepth();
     m_frame->parts->drawBones(camera);
     m_frame->parts->drawTags(camera);
-    drawBlueprints(camera, true);
 }
 
 void KMRenderer::drawUVScene(const KMCameraNode &camera)

@@ -26,8 +26,7 @@ KMElementStyle KMRenderer::edgeStyle(const Item &item) const
     style.hot = color(DP_HOT_EDGE);
     // Where selected faces aren't tinted, their edges aren't either.
     style.ofSelectedFace = gSettings->faceBlendRatio != 0.0f ? color(DP_SEL_FACE_E) : style.plain;
-    if (toolId() == KMViewTool::WeightPaintTool && item.current)
-        style.colors = m_frame->tool->vertexColors(*item.mesh);
+    style.colors = toolColors(item, false);
     return style;
 }
 
@@ -37,9 +36,19 @@ KMElementStyle KMRenderer::pointStyle(const Item &item) const
     style.plain = color(item.current ? DP_ACT_VERT : DP_VERT);
     style.selected = color(DP_SEL_VERT);
     style.hot = color(DP_HOT_VERT);
-    if (m_frame && m_frame->tool && item.current)
-        style.colors = m_frame->tool->vertexColors(*item.mesh);
+    style.colors = toolColors(item, true);
     return style;
+}
+
+/// The tool that paints weights shows them on what is selected; that of one bone on the vertices of the mesh at hand.
+const KMVertexColors *KMRenderer::toolColors(const Item &item, bool arePoints) const
+{
+    const KMContainerNode *owner = item.mesh->ownerNode();
+    const bool isSelected = item.mesh->isSelected() || (owner && owner->isSelected());
+    const bool isActive = m_lastActive && (item.mesh == m_lastActive || owner == m_lastActive);
+    const bool isAsked = (toolId() == KMViewTool::WeightPaintTool && isSelected)
+                         || (toolId() == KMViewTool::BoneWeightTool && isActive && arePoints);
+    return isAsked ? m_frame->tool->vertexColors(*item.mesh) : nullptr;
 }
 
 void KMRenderer::drawEdges(const KMCameraNode &camera)
@@ -82,10 +91,12 @@ void KMRenderer::drawNormals(const KMCameraNode &camera)
     style.rotated = color(DP_ROT_NORMAL);
     style.fixed = color(DP_FIX_NORMAL);
     style.selected = color(DP_SEL_NORMAL);
+    // A mesh of which nothing is shown would be a cloud of needles.
+    constexpr quint32 elements = KMRenderMask::Vertices | KMRenderMask::Edges | KMRenderMask::Faces;
     // As long on the screen from near as from far.
     style.length = gSettings->normalLength * normalUnit * camera.pixelScale(diagonal);
     for (const Item &item : std::as_const(m_items)) {
-        if (item.current)
+        if (item.current && (item.mesh->renderFlags() & elements))
             drawElements(item.data->updateNormals(style), lineLayout, GL_LINES);
     }
     line.release();

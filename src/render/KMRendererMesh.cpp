@@ -63,11 +63,11 @@ void KMRendererMesh::markStale(quint32 parts)
 {
     if (!m_buffers || parts == 0)
         return;
-    m_buffers->faces.markStale(parts);
-    m_buffers->edges.markStale(parts);
-    m_buffers->points.markStale(parts);
-    m_buffers->uvs.markStale(parts);
-    m_buffers->normals.markStale(parts);
+    m_buffers->groups.markStale(parts);
+    m_buffers->edgeBuffer.markStale(parts);
+    m_buffers->pointBuffer.markStale(parts);
+    m_buffers->uvBuffers.markStale(parts);
+    m_buffers->normalBuffer.markStale(parts);
 }
 
 KMRendererMesh::Buffers &KMRendererMesh::buffers()
@@ -79,30 +79,30 @@ KMRendererMesh::Buffers &KMRendererMesh::buffers()
 
 const KMFaceBuffers::Groups &KMRendererMesh::updateFaces(const KMFaceStyle &style)
 {
-    buffers().faces.update(m_mesh, style);
-    return m_buffers->faces.groups();
+    buffers().groups.update(m_mesh, style);
+    return m_buffers->groups.groups();
 }
 
 RenderGroup &KMRendererMesh::updateEdges(const KMElementStyle &style)
 {
-    buffers().edges.update(m_mesh, style);
-    return m_buffers->edges.group();
+    buffers().edgeBuffer.update(m_mesh, style);
+    return m_buffers->edgeBuffer.group();
 }
 
 RenderGroup &KMRendererMesh::updatePoints(const KMElementStyle &style)
 {
-    buffers().points.update(m_mesh, style);
-    return m_buffers->points.group();
+    buffers().pointBuffer.update(m_mesh, style);
+    return m_buffers->pointBuffer.group();
 }
 
 KMUVBuffers &KMRendererMesh::updateUVs(const KMUVStyle &style)
 {
-    buffers().uvs.update(m_mesh, style);
-    return m_buffers->uvs;
+    buffers().uvBuffers.update(m_mesh, style);
+    return m_buffers->uvBuffers;
 }
 
 RenderGroup &KMRendererMesh::updateNormals(const KMNormalStyle &style)
 {
-    buffers().normals.update(m_mesh, style);
-    return m_buffers->normals.group();
+    buffers().normalBuffer.update(m_mesh, style);
+    return m_buffers->normalBuffer.group();
 }

@@ -42,11 +42,11 @@ public:
 private:
     struct Buffers
     {
-        KMFaceBuffers faces;
-        KMEdgeBuffers edges;
-        KMPointBuffers points;
-        KMUVBuffers uvs;
-        KMNormalBuffer normals;
+        KMFaceBuffers groups;
+        KMEdgeBuffers edgeBuffer;
+        KMPointBuffers pointBuffer;
+        KMUVBuffers uvBuffers;
+        KMNormalBuffer normalBuffer;
     };
 
     void markStale(quint32 parts);

@@ -23,18 +23,24 @@ void runParallel(QVector<RendeFuncStruct> &calls, Function function)
         QtConcurrent::map(calls, function).waitForFinished();
 }
 
-void refresh(const RendeFuncStruct &call)
+/// Its refresh changes the meshes of others too.
+bool reachesOut(const KMMeshNode &mesh)
+{
+    return !mesh.modifiers().isEmpty() || (mesh.dirtyMask() & KMMeshDirty::ResultMoved);
+}
+
+void refresh(RendeFuncStruct &call)
 {
     call.node->refreshMesh(call.node->dirtyMask());
 }
 
-void project(const RendeFuncStruct &call)
+void project(RendeFuncStruct &call)
 {
     const KMCameraNode &camera = *call.camera;
     if (call.isMoved)
         call.node->projectVertices(camera.viewProjection(), camera.width(), camera.height());
     if (call.isRedrawn)
-        call.node->updateDrawn(call.node->renderFlags() & KMRenderMask::FrontOnly);
+        call.isOther = call.node->updateDrawn(call.node->renderFlags() & KMRenderMask::FrontOnly, !call.isAnew);
 }
 
 } // namespace
@@ -74,8 +80,7 @@ void KMRenderer::refreshChains()
     for (KMMeshNode *mesh : gProject->renderMeshes())
         mesh->beginFrame();
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
-        const bool reachesOut = !mesh->modifiers().isEmpty() || (mesh->dirtyMask() & KMMeshDirty::ResultMoved);
-        if (!reachesOut || !KMRenderMask::isShown(*mesh))
+        if (!reachesOut(*mesh) || !KMRenderMask::isShown(*mesh))
             continue;
         mesh->refreshMesh(mesh->dirtyMask());
         if (mesh->isChainPending())
@@ -87,7 +92,8 @@ void KMRenderer::refreshMeshes(const KMCameraNode &camera)
 {
     QVector<RendeFuncStruct> calls;
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
-        if (mesh->dirtyMask() != 0 && KMRenderMask::isShown(*mesh))
+        const bool isForLater = m_quickFrame && reachesOut(*mesh); // no chain was brought up to date before
+        if (mesh->dirtyMask() != 0 && !isForLater && KMRenderMask::isShown(*mesh))
             calls.append({mesh, &camera});
     }
     runParallel(calls, &refresh);
@@ -98,16 +104,8 @@ void KMRenderer::prepareMeshes(const KMCameraNode &camera)
     const KMNode *active = gSolution ? gSolution->currentNode() : nullptr;
     const quint32 changed = active != m_lastActive ? quint32(KMRenderMask::ActiveChanged) : 0u;
     m_lastActive = active;
-    for (KMMeshNode *mesh : gProject->renderMeshes()) {
-        const quint32 mask = KMRenderMask::of(*mesh, camera);
-        mesh->setRenderFlags(mask ? mask | changed : 0);
-        if (mesh->renderer())
-            KMRendererMesh::of(*mesh).markDirty(mesh->renderDirty());
-        if (mask && KMRenderMask::isShown(*mesh))
-            m_items.append({mesh, &KMRendererMesh::of(*mesh), KMRenderMask::isCurrent(*mesh)});
-        else if (mesh->renderer() && mesh->renderDirty() != 0)
-            KMRendererMesh::of(*mesh).setProjectedView(0); // stale when it is shown again
-    }
+    for (KMMeshNode *mesh : gProject->renderMeshes())
+        prepareMesh(*mesh, camera, changed);
     // What the user works at lies over the rest.
     const auto rank = [active](const Item &item) {
         return !item.current ? 0 : item.mesh == active || item.mesh->ownerNode() == active ? 2 : 1;
@@ -116,40 +114,57 @@ void KMRenderer::prepareMeshes(const KMCameraNode &camera)
                      [rank](const Item &a, const Item &b) { return rank(a) < rank(b); });
 }
 
+void KMRenderer::prepareMesh(KMMeshNode &mesh, const KMCameraNode &camera, quint32 changed)
+{
+    const quint32 mask = KMRenderMask::of(mesh, camera);
+    mesh.setRenderFlags(mask ? mask | changed : 0);
+    if (mesh.renderer())
+        KMRendererMesh::of(mesh).markDirty(mesh.renderDirty());
+    if (mask && KMRenderMask::isShown(mesh))
+        m_items.append({&mesh, &KMRendererMesh::of(mesh), KMRenderMask::isCurrent(mesh)});
+    else if (mesh.renderer() && mesh.renderDirty() != 0)
+        KMRendererMesh::of(mesh).setProjectedView(0); // stale when it is shown again
+}
+
 /// Screen positions are of one view, and what is drawn of a mesh depends on them where it is culled.
 void KMRenderer::projectMeshes(const KMCameraNode &camera)
 {
     constexpr quint32 shape = KMMeshDirty::RenderAll;
+    constexpr quint32 otherRecords = KMMeshDirty::RenderIndices | KMMeshDirty::RenderEdges;
     QVector<RendeFuncStruct> calls;
     for (const Item &item : std::as_const(m_items)) {
         const quint32 dirty = item.mesh->renderDirty();
         const bool culled = item.mesh->renderFlags() & KMRenderMask::FrontOnly;
         RendeFuncStruct call{item.mesh, &camera};
         call.isMoved = item.data->projectedView() != m_viewNumber || (dirty & shape);
-        const bool isNew = item.data->projectedView() == 0;
-        call.isRedrawn = isNew || dirty != 0 || culled != item.data->wasCulled() || (culled && call.isMoved);
-        if (call.isRedrawn)
-            item.data->markVisibilityChanged();
+        call.isAnew = item.data->projectedView() == 0 || (dirty & otherRecords);
+        call.isRedrawn = call.isAnew || dirty != 0 || culled != item.data->wasCulled() || (culled && call.isMoved);
         if (call.isMoved || call.isRedrawn)
             calls.append(call);
         item.data->setProjectedView(m_viewNumber);
         item.data->setCulled(culled);
     }
     runParallel(calls, &project);
+    for (const RendeFuncStruct &call : std::as_const(calls)) {
+        if (call.isOther)
+            KMRendererMesh::of(*call.node).markVisibilityChanged();
+    }
 }
 
 void KMRenderer::refreshWindowCoords(const KMCameraNode &camera)
 {
     if (m_busy)
         return;
+    const bool quick = std::exchange(m_quickFrame, false);
     prepareFrame(camera);
+    m_quickFrame = quick;
     m_items.clear();
     m_busy = false;
 }
 
 void KMRenderer::finishFrame()
 {
-    if (gProject) {
+    if (gProject && !m_quickFrame) { // no buffer was told of a change
         for (KMMeshNode *mesh : gProject->renderMeshes())
             mesh->clearRenderDirty(~0u);
     }

@@ -103,11 +103,11 @@ KMRendererMesh &KMRenderer::refreshOverlay(const KMCameraNode &camera, const KMT
         return data;
     if (isFront)
         mesh.projectVertices(camera.viewProjection(), camera.width(), camera.height());
-    mesh.updateDrawn(isFront);
+    if (mesh.updateDrawn(isFront))
+        data.markVisibilityChanged();
     data.setProjectedView(m_viewNumber);
     data.setCulled(isFront);
     data.markDirty(mesh.renderDirty());
-    data.markVisibilityChanged();
     mesh.clearRenderDirty(~0u);
     return data;
 }

@@ -17,14 +17,16 @@ namespace {
 
 constexpr int ofActiveShader = 1; // value of the setting
 
+/// Clamped, or the opposite edge would show through.
 QOpenGLTexture *plateTexture(KMTextureCache &textures)
 {
     if (gSettings->uvViewMode != ofActiveShader)
-        return textures.texture(nodeAs<KMTextureNode>(gSolution->currentTexture()));
+        return textures.texture(nodeAs<KMTextureNode>(gSolution->currentTexture()), KMTextureCache::Clamped);
     KMNode *shader = gSolution->currentShader();
     if (!shader || shader->type() != KMNodeType::BasicShader)
         return nullptr;
-    return textures.texture(nodeAs<KMBasicShaderNode>(shader)->values().textures[KMBasicShader::Diffuse]);
+    const int diffuse = nodeAs<KMBasicShaderNode>(shader)->values().textures[KMBasicShader::Diffuse];
+    return textures.texture(diffuse, KMTextureCache::Clamped);
 }
 
 KMUVStyle uvStyle()
@@ -52,11 +54,13 @@ void KMRenderer::drawUVPlate(const KMCameraNode &camera)
                                      {{side, 0, 0}, color, {1, 0}},
                                      {{side, side, 0}, color, {1, 1}},
                                      {{0, side, 0}, color, {0, 1}}};
-    writeQuad(*m_plate, corners, int(sizeof(KMQuadElement)));
+    if (!writeQuad(*m_plate, corners, int(sizeof(KMQuadElement)))) {
+        uvt.release();
+        return;
+    }
     uvt.setCamera(camera);
     uvt.setUniformValue("texture", 0);
     texture->bind(0);
-    texture->setWrapMode(QOpenGLTexture::ClampToEdge); // or the opposite edge shows through
     drawElements(*m_plate, quadLayout, GL_TRIANGLES);
     uvt.release();
 }
@@ -85,27 +89,30 @@ void KMRenderer::drawUV(const KMCameraNode &camera, quint32 maskBit, bool asPoin
             continue;
         KMUVBuffers &buffers = item.data->updateUVs(style);
         if (asPoints)
-            drawElements(buffers.points(), lineLayout, GL_POINTS);
+            drawElements(buffers.uvPointBuffer(), lineLayout, GL_POINTS);
         else
-            drawElements(buffers.edges(), lineLayout, GL_LINES);
+            drawElements(buffers.uvEdgeBuffer(), lineLayout, GL_LINES);
     }
     line.release();
 }
 
 /// The current mesh as the other view shows it, in the proportions of that view: texture coordinates can be laid over
-/// it.
+/// it. Its colours in the buffer are those of the other view, marks included, and stay so: here one plain colour does.
 void KMRenderer::drawModelEdgesInUV()
 {
     KMOpenGLShaderProgram &line = program(KMShaderPrograms::Line);
-    if (!m_frame || !m_frame->referenceCamera || !line.begin())
+    const bool isAsked =
+        !m_items.isEmpty() && m_items.last().current && (m_items.last().mesh->renderFlags() & KMRenderMask::UVEdges);
+    if (!isAsked || !m_frame || !m_frame->referenceCamera || !line.begin())
         return;
     const kvm::Matrix4 stretch = kvm::Matrix4::fromScale({m_frame->referenceWidthRatio, 1.0f, 1.0f});
     line.setMatrix(KMOpenGLShaderProgram::ProjMatrix, m_frame->referenceCamera->projection() * stretch);
     line.setMatrix(KMOpenGLShaderProgram::MvMatrix, m_frame->referenceCamera->modelView());
     setLineWidth(gSettings->lineWidth);
-    for (const Item &item : std::as_const(m_items)) {
-        if (item.current)
-            drawElements(item.data->updateEdges(edgeStyle(item)), lineLayout, GL_LINES);
-    }
+    constexpr GLuint colorPlace = 1; // of the program
+    const kvm::Vector4 plain = toVector(gSettings->displayColor(DP_ACT_EDGE));
+    glVertexAttrib4f(colorPlace, plain.x, plain.y, plain.z, plain.w);
+    const Item &item = m_items.last();
+    drawElements(item.data->updateEdges(edgeStyle(item)), placeLayout, GL_LINES);
     line.release();
 }

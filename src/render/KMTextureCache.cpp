@@ -8,11 +8,13 @@
 #include "render/KMShareContext.h"
 
 #include <QDebug>
+#include <QDir>
 #include <QFileInfo>
 #include <QImage>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QOpenGLTexture>
+#include <QSet>
 
 #include <algorithm>
 #include <utility>
@@ -43,6 +45,16 @@ QString pathOf(const KMTextureNode *node)
     return node->type() == KMNodeType::FileTexture ? static_cast<const KMFileTextureNode *>(node)->path() : QString();
 }
 
+/// The file, or its folder as long as there is no such file; empty when there is neither.
+QString watchedPathOf(const KMTextureNode *node)
+{
+    const QString path = pathOf(node);
+    const QFileInfo file(path);
+    if (path.isEmpty() || file.isFile())
+        return path;
+    return file.dir().exists() ? file.absolutePath() : QString();
+}
+
 } // namespace
 
 KMTextureCache::KMTextureCache(QObject *parent)
@@ -51,6 +63,9 @@ KMTextureCache::KMTextureCache(QObject *parent)
     m_pause.setSingleShot(true);
     m_pause.setInterval(pauseMs);
     connect(&m_pause, &QTimer::timeout, this, &KMTextureCache::readChangedFiles);
+    m_tidy.setSingleShot(true);
+    m_tidy.setInterval(0);
+    connect(&m_tidy, &QTimer::timeout, this, &KMTextureCache::unwatchUnused);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &KMTextureCache::onFileChanged);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &KMTextureCache::onFolderChanged);
 }
@@ -66,19 +81,19 @@ void KMTextureCache::clear()
     m_entries.clear();
 }
 
-QOpenGLTexture *KMTextureCache::texture(int index)
+QOpenGLTexture *KMTextureCache::texture(int index, Wrap wrap)
 {
-    return gProject ? texture(gProject->textures().value(index)) : nullptr;
+    return gProject ? texture(gProject->textures().value(index), wrap) : nullptr;
 }
 
-QOpenGLTexture *KMTextureCache::texture(KMTextureNode *node)
+QOpenGLTexture *KMTextureCache::texture(KMTextureNode *node, Wrap wrap)
 {
     if (!node)
         return nullptr;
-    Entry &entry = entryOf(node);
-    if (entry.isStale || entry.maxSize != gSettings->maxTextureSize || entry.smooth != gSettings->smoothTexture)
-        make(*node, entry);
-    return entry.texture.get();
+    Made &made = entryOf(node)[wrap];
+    if (made.isStale || made.maxSize != gSettings->maxTextureSize || made.smooth != gSettings->smoothTexture)
+        make(*node, wrap, made);
+    return made.texture.get();
 }
 
 KMTextureCache::Entry &KMTextureCache::entryOf(KMTextureNode *node)
@@ -88,36 +103,39 @@ KMTextureCache::Entry &KMTextureCache::entryOf(KMTextureNode *node)
         entry = m_entries.insert(node, std::make_shared<Entry>());
         connect(node, &QObject::destroyed, this, [this, node] { forget(node); });
         connect(node, &KMTextureNode::imageChanged, this, [this, node] {
-            entryOf(node).isStale = true;
+            for (Made &made : entryOf(node))
+                made.isStale = true;
             watch(node);
+            m_tidy.start();
         });
         watch(node);
     }
     return **entry;
 }
 
-void KMTextureCache::make(const KMTextureNode &node, Entry &entry)
+void KMTextureCache::make(const KMTextureNode &node, Wrap wrap, Made &made)
 {
-    entry.isStale = false;
-    entry.maxSize = gSettings->maxTextureSize;
-    entry.smooth = gSettings->smoothTexture;
+    made.isStale = false;
+    made.maxSize = gSettings->maxTextureSize;
+    made.smooth = gSettings->smoothTexture;
     const QImage image = node.image();
     if (image.isNull())
         return;
     const KMShareContext context;
     if (!QOpenGLContext::currentContext()) {
-        entry.isStale = true;
+        made.isStale = true;
         return;
     }
-    auto texture = std::make_unique<QOpenGLTexture>(fitted(image, std::min(entry.maxSize, driverLimit())));
+    auto texture = std::make_unique<QOpenGLTexture>(fitted(image, std::min(made.maxSize, driverLimit())));
     if (!texture->isStorageAllocated()) {
-        qDebug() << "texture load [NG]" << node.name();
+        const QString path = pathOf(&node);
+        qDebug() << "texture load [NG]" << (path.isEmpty() ? node.name() : path);
         return;
     }
-    texture->setMinMagFilters(entry.smooth ? QOpenGLTexture::LinearMipMapLinear : QOpenGLTexture::Nearest,
-                              entry.smooth ? QOpenGLTexture::Linear : QOpenGLTexture::Nearest);
-    texture->setWrapMode(QOpenGLTexture::Repeat);
-    entry.texture = std::move(texture);
+    texture->setMinMagFilters(made.smooth ? QOpenGLTexture::LinearMipMapLinear : QOpenGLTexture::Nearest,
+                              made.smooth ? QOpenGLTexture::Linear : QOpenGLTexture::Nearest);
+    texture->setWrapMode(wrap == Clamped ? QOpenGLTexture::ClampToEdge : QOpenGLTexture::Repeat);
+    made.texture = std::move(texture);
     QOpenGLContext::currentContext()->functions()->glFlush(); // other contexts draw with it from now on
 }
 
@@ -125,19 +143,26 @@ void KMTextureCache::forget(KMTextureNode *node)
 {
     const KMShareContext context;
     m_entries.remove(node);
+    m_tidy.start();
 }
 
 /// A file that isn't there is waited for by way of its folder.
 void KMTextureCache::watch(const KMTextureNode *node)
 {
-    const QString path = pathOf(node);
-    if (path.isEmpty())
-        return;
-    const QFileInfo file(path);
-    if (file.isFile())
+    const QString path = watchedPathOf(node);
+    if (!path.isEmpty() && !watchedPaths().contains(path))
         m_watcher.addPath(path);
-    else if (file.dir().exists())
-        m_watcher.addPath(file.absolutePath());
+}
+
+void KMTextureCache::unwatchUnused()
+{
+    QSet<QString> used;
+    for (auto entry = m_entries.cbegin(); entry != m_entries.cend(); ++entry)
+        used << watchedPathOf(entry.key());
+    for (const QString &path : watchedPaths()) {
+        if (!used.contains(path))
+            m_watcher.removePath(path);
+    }
 }
 
 void KMTextureCache::onFileChanged(const QString &path)
@@ -161,13 +186,16 @@ void KMTextureCache::readChangedFiles()
 {
     const QStringList paths = std::exchange(m_changed, {});
     const QList<KMTextureNode *> nodes = m_entries.keys();
+    bool isUsed = false;
     for (KMTextureNode *node : nodes) {
         if (!paths.contains(pathOf(node)))
             continue;
+        isUsed = true;
         if (QFileInfo(pathOf(node)).isFile())
             static_cast<KMFileTextureNode *>(node)->reload();
         watch(node);
     }
-    if (gSolution)
+    m_tidy.start();
+    if (isUsed && gSolution)
         gSolution->refreshViews(31);
 }

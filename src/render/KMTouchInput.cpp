@@ -17,6 +17,16 @@ namespace {
 constexpr int fingersOfPan = 3;
 constexpr int wheelZooms = 1; // of the setting: the field of view in place of the distance
 
+/// Gestures that a platform may tell of, and that move nothing.
+struct GestureLine
+{
+    Qt::GestureType type;
+    const char *text;
+};
+
+constexpr GestureLine gestureLines[] = {
+    {Qt::SwipeGesture, "swipeTriggered"}, {Qt::TapGesture, "TapGesture"}, {Qt::TapAndHoldGesture, "TapAndHoldGesture"}};
+
 /// A pinch is damped: fingers reach far.
 float dampedScale(float s)
 {
@@ -88,6 +98,8 @@ void KMTouchInput::begin(const QTouchEvent &event)
     const KMCameraNode &view = *camera();
     const float inPerspective = gSettings->wheel == wheelZooms ? view.fov() : view.distance();
     m_zoom = view.isOrtho() ? view.orthoZoom() : inPerspective;
+    m_isTouched = true;
+    m_widget->container()->setNavigating(true);
     m_state = fingersDown(event) == fingersOfPan ? ThreeFingers : TwoFingers;
     beginPan();
 }
@@ -118,14 +130,26 @@ void KMTouchInput::update(const QTouchEvent &event)
 void KMTouchInput::end()
 {
     m_state = TwoFingers;
+    m_isTouched = false;
+    m_widget->container()->setNavigating(false);
     camera()->mouseRelease();
     camera()->updateMatrices();
     camera()->checkViewChanged();
     m_widget->container()->repaint(31);
 }
 
+void KMTouchInput::hide()
+{
+    if (m_isTouched && camera())
+        end();
+}
+
 void KMTouchInput::gesture(QGestureEvent *event)
 {
+    for (const GestureLine &line : gestureLines) {
+        if (event->gesture(line.type))
+            qDebug("%s", line.text);
+    }
     if (const auto *gesture = static_cast<QPanGesture *>(event->gesture(Qt::PanGesture)))
         pan(*gesture);
     if (const auto *gesture = static_cast<QPinchGesture *>(event->gesture(Qt::PinchGesture)))

@@ -19,6 +19,7 @@ public:
 
     void enable();              ///< the view asks for touches and gestures from now on
     bool handle(QEvent *event); ///< false for what is none of them
+    void hide();                ///< the view goes: the fingers won't be told to lift
 
 private:
     enum State { Swiped = -1, TwoFingers = 0, ThreeFingers = 1, Panning = 2 };
@@ -34,6 +35,7 @@ private:
 
     KMOpenGLWidget *m_widget;
     int m_state = TwoFingers;
+    bool m_isTouched = false;
     bool m_isPanNew = false; // what the gesture has covered so far doesn't count
     QPointF m_panStart;
     float m_zoom = 1.0f; // at the first touch: what a pinch changes

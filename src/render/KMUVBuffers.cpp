@@ -19,22 +19,41 @@ void KMUVBuffers::update(const KMMeshNode &mesh, const KMUVStyle &style)
     if (stale() == 0)
         return;
     const int faces = mesh.liveFaces().size();
-    if (needsBuild() || m_edges.elementCount != roomOfFace * faces) {
-        m_edges.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), indicesOfFace * faces);
-        m_points.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), roomOfFace * faces);
+    if (needsBuild() || m_uvEdgeBuffer.elementCount != roomOfFace * faces) {
+        m_uvEdgeBuffer.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), indicesOfFace * faces);
+        m_uvPointBuffer.allocate(roomOfFace * faces, int(sizeof(KMLineElement)), roomOfFace * faces);
         markStale(Contents);
     }
-    if (m_edges.elementCount > 0 && m_points.elementCount > 0) {
+    if (noteHidden(mesh))
+        markStale(Visibility);
+    if (m_uvEdgeBuffer.elementCount > 0 && m_uvPointBuffer.elementCount > 0) {
         if (stale() & (Positions | Colors)) {
-            writeCorners(mesh, m_edges, false);
-            writeCorners(mesh, m_points, true);
+            writeCorners(mesh, m_uvEdgeBuffer, false);
+            writeCorners(mesh, m_uvPointBuffer, true);
         }
         if (stale() & Visibility) {
             writeEdgeIndices(mesh);
             writePointIndices(mesh);
         }
+    } else if (faces > 0) {
+        noteRefusal();
     }
     finishUpdate();
+}
+
+/// In this plane no face is turned away, so what the view of the model leaves out says nothing. Whether other faces
+/// are hidden than before.
+bool KMUVBuffers::noteHidden(const KMMeshNode &mesh)
+{
+    const QVector<KMFace *> &faces = mesh.liveFaces();
+    bool isOther = m_hidden.size() != size_t(faces.size());
+    m_hidden.resize(size_t(faces.size()));
+    for (int i = 0; i < faces.size(); ++i) {
+        const bool isHidden = faces[i]->hasFlag(KMElementFlag::Hidden);
+        isOther = isOther || m_hidden[size_t(i)] != isHidden;
+        m_hidden[size_t(i)] = isHidden;
+    }
+    return isOther;
 }
 
 void KMUVBuffers::writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool isPoints)
@@ -46,7 +65,10 @@ void KMUVBuffers::writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool 
     for (const KMFace *face : mesh.liveFaces()) {
         for (int c = 0; c < roomOfFace; ++c, ++element) {
             const quint8 flags = face->cornerFlags[c];
-            element->vertex = kvm::Vector3(face->uvs[c] * PlateSize);
+            if (stale() & Positions)
+                element->vertex = kvm::Vector3(face->uvs[c] * PlateSize);
+            if (!(stale() & Colors))
+                continue;
             element->status = 0.0f;
             if (flags & KMElementFlag::Selected)
                 element->color = m_style.selected;
@@ -59,7 +81,7 @@ void KMUVBuffers::writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool 
 
 void KMUVBuffers::writeEdgeIndices(const KMMeshNode &mesh)
 {
-    const KMBufferMap<quint32> map(m_edges.ibo);
+    const KMBufferMap<quint32> map(m_uvEdgeBuffer.ibo);
     if (!map)
         return noteRefusal();
     quint32 *index = map.data();
@@ -71,12 +93,12 @@ void KMUVBuffers::writeEdgeIndices(const KMMeshNode &mesh)
         }
         first += roomOfFace;
     }
-    m_edges.indexCount = int(index - map.data());
+    m_uvEdgeBuffer.indexCount = int(index - map.data());
 }
 
 void KMUVBuffers::writePointIndices(const KMMeshNode &mesh)
 {
-    const KMBufferMap<quint32> map(m_points.ibo);
+    const KMBufferMap<quint32> map(m_uvPointBuffer.ibo);
     if (!map)
         return noteRefusal();
     quint32 *index = map.data();
@@ -86,5 +108,5 @@ void KMUVBuffers::writePointIndices(const KMMeshNode &mesh)
             *index++ = first + quint32(c);
         first += roomOfFace;
     }
-    m_points.indexCount = int(index - map.data());
+    m_uvPointBuffer.indexCount = int(index - map.data());
 }

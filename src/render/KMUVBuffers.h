@@ -4,6 +4,8 @@
 #include "render/KMVertexLayout.h"
 #include "render/RenderGroup.h"
 
+#include <vector>
+
 /// How the corners of faces look in the texture's plane.
 struct KMUVStyle
 {
@@ -25,15 +27,17 @@ public:
     static constexpr float PlateSize = 100.0f; ///< of a texture in the view
 
     void update(const KMMeshNode &mesh, const KMUVStyle &style);
-    RenderGroup &edges() { return m_edges; }
-    RenderGroup &points() { return m_points; }
+    RenderGroup &uvEdgeBuffer() { return m_uvEdgeBuffer; }
+    RenderGroup &uvPointBuffer() { return m_uvPointBuffer; }
 
 private:
     void writeCorners(const KMMeshNode &mesh, RenderGroup &group, bool isPoints);
+    bool noteHidden(const KMMeshNode &mesh);
     void writeEdgeIndices(const KMMeshNode &mesh);
     void writePointIndices(const KMMeshNode &mesh);
 
-    RenderGroup m_edges;
-    RenderGroup m_points;
+    RenderGroup m_uvEdgeBuffer;
+    RenderGroup m_uvPointBuffer;
     KMUVStyle m_style;
+    std::vector<bool> m_hidden; // faces that the indices leave out
 };

@@ -58,5 +58,6 @@ constexpr KMVertexLayout faceLayout = {52, {{0, 3}, {12, 3}, {24, 4}, {40, 2}, {
 constexpr KMVertexLayout hullLayout = {52, {{0, 3}, {12, 3}}};
 constexpr KMVertexLayout litLayout = {52, {{0, 3}, {12, 3}, {24, 4}}};
 constexpr KMVertexLayout lineLayout = {32, {{0, 3}, {12, 4}, {28, 1}}};
+constexpr KMVertexLayout placeLayout = {32, {{0, 3}}}; // of lines in one colour
 constexpr KMVertexLayout planeLayout = {32, {{0, 3}, {12, 4}}};
 constexpr KMVertexLayout quadLayout = {36, {{0, 3}, {12, 4}, {28, 2}}};

@@ -116,19 +116,27 @@ void KMViewAnimation::centreOn(const kvm::Vector3 &target)
 {
     if (!m_camera)
         return;
+    const float formerDistance = m_camera->distance();
+    const float depth = kvm::dot(target - m_camera->eye(), m_camera->viewAxis());
+    const bool isBehind = depth < m_camera->nearPlane();
     m_camera->setPivot(target);
     m_camera->commitView();
+    const float reach = m_camera->distance(); // to the target, in whatever direction it is
     const float middleX = float(m_camera->width()) / 2.0f;
     const float middleY = float(m_camera->height()) / 2.0f;
     const auto offCentre = [&] { return target - m_camera->unproject(middleX, middleY, target); };
     const kvm::Vector3 start = m_camera->pan();
-    const kvm::Vector3 way = offCentre();
+    kvm::Vector3 way = offCentre();
+    if (isBehind) // the eye backs off, until the target is as far before it as what it looked at
+        way += m_camera->viewAxis() * (depth - reach);
     const kvm::Vector3 window = m_camera->worldToWindow(target);
 
     constexpr double millisecondsOfPixel = 2.0;
     constexpr int shortest = 5;
     const double pixels = std::hypot(double(window.x - middleX), double(window.y - middleY));
     run(limitedTime(pixels * millisecondsOfPixel, shortest), [&](float progress) {
+        if (isBehind)
+            m_camera->setDistance(reach + (formerDistance - reach) * progress);
         m_camera->setPan(start + way * progress);
         if (progress >= 1.0f)
             m_camera->setPan(m_camera->pan() + offCentre()); // what rounding has left

@@ -84,6 +84,23 @@ void KMViewInput::press(QMouseEvent *event)
     container->repaint(m_toolConsumed ? everything : ofNavigation);
 }
 
+void KMViewInput::endNavigation()
+{
+    if (m_drag == Drag::None || m_drag == Drag::Over || m_toolConsumed)
+        return;
+    abandon();
+    if (m_widget->camera())
+        m_widget->camera()->checkViewChanged();
+}
+
+void KMViewInput::hide()
+{
+    endNavigation();
+    if (m_drag != Drag::None)
+        abandon();
+    leave();
+}
+
 /// What a drag left behind whose end went elsewhere, to a window that opened under it.
 void KMViewInput::abandon()
 {
@@ -195,7 +212,8 @@ void KMViewInput::move(QMouseEvent *event)
     KMViewTool *tool = m_hotIcon > 0 ? nullptr : this->tool();
     if (tool && tool->mouseMove(&meant, m_widget))
         return container->repaint(everything);
-    if (!m_toolConsumed && camera->mouseMove(&meant)) {
+    const bool movesCamera = m_drag == Drag::Ordinary || m_drag == Drag::Icon;
+    if (movesCamera && !m_toolConsumed && camera->mouseMove(&meant)) {
         container->setNavigating(true);
         container->repaint(ofNavigation);
     } else if (isChanged) {
@@ -235,8 +253,11 @@ void KMViewInput::release(QMouseEvent *event)
         gTablet->released();
     if (isLast)
         m_drag = Drag::None;
-    if (drag == Drag::Over || drag == Drag::None)
+    if (drag == Drag::Over || drag == Drag::None) {
+        if (isLast && hover(event->localPos())) // the box may have turned under the cursor
+            m_widget->update();
         return;
+    }
     KMViewTool *tool = drag == Drag::Ordinary ? this->tool() : nullptr;
     if (tool)
         tool->mouseRelease(&meant, m_widget);
@@ -276,4 +297,5 @@ void KMViewInput::leave()
     m_hotIcon = none;
     if (KMCameraBox *box = m_widget->cameraBox())
         box->clearHot();
+    KMPicker::clearHot();
 }

@@ -25,6 +25,10 @@ public:
     void move(QMouseEvent *event);
     void release(QMouseEvent *event);
     void leave(); ///< the mouse left the view: nothing in it is hot any more
+    /// Ends a drag that moves the camera, as its release would; what the mouse does until then means nothing. A drag
+    /// of the tool goes on.
+    void endNavigation();
+    void hide(); ///< the view goes: no release will come
 
     int hotIcon() const { return m_hotIcon; } ///< of KMNavigationIcons; -1 for none
 

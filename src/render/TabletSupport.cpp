@@ -1,5 +1,7 @@
 #include "render/TabletSupport.h"
 
+#include "core/KMSettings.h"
+
 #include <QCoreApplication>
 #include <QDebug>
 #include <QTabletEvent>
@@ -11,6 +13,9 @@ TabletSupport::TabletSupport(QObject *parent)
 {
     gTablet = this;
     QCoreApplication::instance()->installEventFilter(this);
+    constexpr int byService = 1;
+    if (gSettings && gSettings->penMode == byService)
+        qDebug("No Device found!");
 }
 
 TabletSupport::~TabletSupport()

@@ -91,6 +91,7 @@ void KMHelpWidget::showEvent(QShowEvent *event)
 {
     rebuild();
     QWidget::showEvent(event);
+    m_filter->setFocus();
 }
 
 void KMHelpWidget::changeEvent(QEvent *event)

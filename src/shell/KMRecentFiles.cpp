@@ -33,6 +33,14 @@ bool KMRecentFiles::add(const QString &path)
     return true;
 }
 
+void KMRecentFiles::remove(const QString &path)
+{
+    QSettings file(iniFile(), QSettings::IniFormat);
+    QStringList list = file.value(listKey).toStringList();
+    list.removeAll(path);
+    file.setValue(listKey, list);
+}
+
 void KMRecentFiles::clear()
 {
     QSettings(iniFile(), QSettings::IniFormat).remove(listKey);

@@ -11,6 +11,7 @@ constexpr int Limit = 9;
 
 QStringList paths();
 bool add(const QString &path); ///< to the front; false for the emergency backup, which is never listed
+void remove(const QString &path);
 void clear();
 QString entryText(int number, const QString &path); ///< of the menu; the number is the entry's access key
 

@@ -52,7 +52,8 @@ bool KMShortcutFilter::eventFilter(QObject *watched, QEvent *event)
         event->accept();
         return true;
     }
-    if (!tool || !tool->hasShortcut(keysOf(key)))
+    const bool isElsewhere = QApplication::activeModalWidget() || QApplication::activePopupWidget();
+    if (!tool || isElsewhere || !tool->hasShortcut(keysOf(key)))
         return false;
     event->accept();
     if (!isOverride)

@@ -140,6 +140,12 @@ private slots:
     void onMenuCreateTorusNode();
     void onMenuCreate3DTextNode();
     void onMenuCreatePSVGNode();
+    void onMenuCreateSubdivisionNode();
+    void onMenuCreateSymmetryNode();
+    void onMenuCreatePipeNode();
+    void onMenuCreateFFDNode();
+    void onMenuCreateSolidifyNode();
+    void onMenuCreateClonerNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();
@@ -227,8 +233,9 @@ private:
     bool mayLeaveDocument(); ///< asks about changes; false when the document must stay
     void saveDocument();
     QString askOpenPath(const QString &title, const QString &filter); ///< an existing file; empty when cancelled
-    QString askSavePath(const QString &title, const QString &filter); ///< with a suffix; empty when cancelled
-    void importModel(const QString &path, int mask, float scale);     ///< the mask is of KMD::Take
+    QString askSavePath(const QString &title, const QString &filter,
+                        const QString &addition = {});            ///< with a suffix; empty when cancelled
+    void importModel(const QString &path, int mask, float scale); ///< the mask is of KMD::Take
     void create(KMContainerNode *node);
     bool editInPanel(KMDockWidget::Edit edit); ///< false when the panel that has the focus leaves it to the nodes
     bool worksOnElements() const; ///< the edit menu means the elements of meshes: the node panel hasn't the focus

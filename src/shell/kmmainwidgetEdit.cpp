@@ -15,6 +15,12 @@
 #include "core/KMValueNodeContainer.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMSelectionDelete.h"
+#include "modifiers/KMModClonerNode.h"
+#include "modifiers/KMModFFDNode.h"
+#include "modifiers/KMModPipeNode.h"
+#include "modifiers/KMModSdvNode.h"
+#include "modifiers/KMModSolidNode.h"
+#include "modifiers/KMModSymNode.h"
 #include "modifiers/KMPrim3DTextNode.h"
 #include "modifiers/KMPrimCubeNode.h"
 #include "modifiers/KMPrimCylinderNode.h"
@@ -273,6 +279,36 @@ void kmmainwidget::onMenuCreate3DTextNode()
 void kmmainwidget::onMenuCreatePSVGNode()
 {
     create(new KMPrimSVGNode);
+}
+
+void kmmainwidget::onMenuCreateSubdivisionNode()
+{
+    KMNodeEdits::addModifier(new KMModSdvNode);
+}
+
+void kmmainwidget::onMenuCreateSymmetryNode()
+{
+    KMNodeEdits::addModifier(new KMModSymNode);
+}
+
+void kmmainwidget::onMenuCreatePipeNode()
+{
+    KMNodeEdits::addModifier(new KMModPipeNode);
+}
+
+void kmmainwidget::onMenuCreateFFDNode()
+{
+    KMNodeEdits::addModifier(new KMModFFDNode);
+}
+
+void kmmainwidget::onMenuCreateSolidifyNode()
+{
+    KMNodeEdits::addModifier(new KMModSolidNode);
+}
+
+void kmmainwidget::onMenuCreateClonerNode()
+{
+    KMNodeEdits::addModifier(new KMModClonerNode);
 }
 
 void kmmainwidget::onMenuCreateShaderNode()

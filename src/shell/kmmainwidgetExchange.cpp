@@ -64,7 +64,7 @@ void kmmainwidget::importModel(const QString &path, int mask, float scale)
 void kmmainwidget::onMenuExportKMDVer1()
 {
     commitOpenEditors();
-    const QString path = askSavePath(tr("Export File"), tr("KELMO ver1 compatibility(*.kmd)"));
+    const QString path = askSavePath(tr("Export File"), tr("KELMO ver1 compatibility(*.kmd)"), QStringLiteral("_ver1"));
     if (!path.isEmpty() && m_format->write(path, KMVersion::CompatibilityForm))
         gSolution->setDirectory(QFileInfo(path).absoluteDir());
 }

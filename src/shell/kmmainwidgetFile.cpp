@@ -5,7 +5,6 @@
 #include "core/KMProject.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
-#include "core/KMUndoMacro.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
@@ -16,7 +15,9 @@
 #include <QAction>
 #include <QDropEvent>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QUrl>
 
 namespace {
@@ -37,6 +38,19 @@ bool mayReplace(const QString &path, QWidget *parent)
     question.defaultButton = QMessageBox::No;
     question.parent = parent;
     return KMPrompt::current().message(question) == QMessageBox::Yes;
+}
+
+/// Of the first pattern of a file filter, with its dot: ".kmd" of "Model (*.kmd)".
+QString suffixOf(const QString &filter)
+{
+    return QRegularExpression(QStringLiteral("\\(\\*(\\.\\w+)")).match(filter).captured(1);
+}
+
+/// Whatever the other side proposes: after a move it would take away what it gave.
+void acceptCopy(QDropEvent *event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 } // namespace
@@ -86,18 +100,23 @@ QString kmmainwidget::askOpenPath(const QString &title, const QString &filter)
     return KMPrompt::current().openFile(request);
 }
 
-/// A name without a suffix gets one, and the dialogue asked about the other name only.
-QString kmmainwidget::askSavePath(const QString &title, const QString &filter)
+/// A name without the suffix of the filter gets it, and the dialogue asked about the other name only.
+QString kmmainwidget::askSavePath(const QString &title, const QString &filter, const QString &addition)
 {
+    const QString suffix = suffixOf(filter);
     KMFileRequest request;
     request.title = title;
-    request.directory = gSolution->fileName().isEmpty() ? gSolution->directory().absolutePath() : gSolution->fileName();
+    request.directory = gSolution->directory().absolutePath();
+    if (!gSolution->fileName().isEmpty()) {
+        const QFileInfo document(gSolution->fileName());
+        request.directory = document.dir().filePath(document.completeBaseName() + addition + suffix);
+    }
     request.filter = filter;
     request.parent = this;
     QString path = KMPrompt::current().saveFile(request);
-    if (path.isEmpty() || !QFileInfo(path).suffix().isEmpty())
+    if (path.isEmpty() || path.endsWith(suffix, Qt::CaseInsensitive))
         return path;
-    path += QStringLiteral(".kmd");
+    path += suffix;
     return !QFileInfo::exists(path) || mayReplace(path, this) ? path : QString();
 }
 
@@ -121,6 +140,12 @@ void kmmainwidget::openRecentFile()
     if (!entry)
         return;
     const QString path = entry->data().toString(); // loading rebuilds the menu, and the entry goes
+    if (!QFileInfo::exists(path)) {
+        KMRecentFiles::remove(path);
+        rebuildRecentMenu();
+        KMPrompt::current().warn(tr("%1 isn't there any more.").arg(path), this);
+        return;
+    }
     if (mayLeaveDocument())
         gSolution->load(path);
 }
@@ -155,16 +180,16 @@ void kmmainwidget::dragEnterEvent(QDragEnterEvent *event)
 {
     const bool isNode = !KMViewDrop::nodesOf(event->mimeData()).isEmpty();
     if (isNode || !firstLocalFile(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptCopy(event);
 }
 
 /// The questions come after the drop has ended: the program that the file comes from waits for it.
 void kmmainwidget::dropEvent(QDropEvent *event)
 {
+    acceptCopy(event);
     const QString path = firstLocalFile(event->mimeData());
     if (path.isEmpty())
         return dropNodes(event->mimeData(), event->pos());
-    event->acceptProposedAction();
     QMetaObject::invokeMethod(
         this, [this, path] { openDroppedFile(path); }, Qt::QueuedConnection);
 }
@@ -177,11 +202,10 @@ void kmmainwidget::openDroppedFile(const QString &path)
             gSolution->load(path);
         return;
     }
-    if (!KMImageFiles::isImage(path)) {
+    if (!KMImageFiles::isImage(path) || !QImageReader(path).canRead()) {
         KMPrompt::current().warn(tr("%1 is no file that can be opened here.").arg(QFileInfo(path).fileName()), this);
         return;
     }
-    const KMUndoMacro macro(tr("Add TextureNode"));
     KMFileTextureNode *texture = gProject->addTextureFile(path);
     gSolution->setCurrentTexture(texture);
     m_attributeDock->showFor(texture);

@@ -22,13 +22,15 @@
 
 namespace {
 
-/// The actions of a menu and its submenus, without those that only open a submenu.
+constexpr const char *passing = "isPassing"; // property of entries that come and go: nothing can lean on them
+
+/// The lasting actions of a menu and its submenus, without those that only open a submenu.
 void collectActions(const QMenu *menu, QList<QAction *> &actions)
 {
     for (QAction *action : menu->actions()) {
         if (action->menu())
             collectActions(action->menu(), actions);
-        else if (!action->isSeparator() && !action->objectName().isEmpty())
+        else if (!action->isSeparator() && !action->objectName().isEmpty() && !action->property(passing).toBool())
             actions << action;
     }
 }
@@ -120,6 +122,7 @@ void kmmainwidget::rebuildRecentMenu()
         QAction *entry =
             m_recentMenu->addAction(KMRecentFiles::entryText(i + 1, paths[i]), this, &kmmainwidget::openRecentFile);
         entry->setObjectName(QStringLiteral("recentFile%1").arg(i + 1));
+        entry->setProperty(passing, true);
         entry->setData(paths[i]);
         entry->setStatusTip(paths[i]);
     }
@@ -150,6 +153,10 @@ void kmmainwidget::createCreateMenu()
     primitives->setObjectName(QStringLiteral("primitives"));
     fill(primitives, {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane",
                       "actionCreateTorus", "actionCreate3DText", "actionCreatePSVG"});
+    QMenu *modifiers = menu->addMenu(KMIcon::icon(QStringLiteral("node-modifier")), tr("Modifiers"));
+    modifiers->setObjectName(QStringLiteral("modifiers"));
+    fill(modifiers, {"actionCreateSubdivision", "actionCreateSymmetry", "actionCreatePipe", "actionCreateFFD",
+                     "actionCreateSolidify", "actionCreateCloner"});
     fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));

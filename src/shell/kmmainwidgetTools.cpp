@@ -21,6 +21,7 @@
 #include "tools/KMToolUniv.h"
 
 #include <QAction>
+#include <QPointer>
 
 namespace {
 
@@ -46,6 +47,30 @@ QWidget *makePage(KMTool *tool)
     }
 }
 
+/// Actions that are silent for a while.
+class BlockedActions
+{
+public:
+    void block(const QList<QAction *> &actions)
+    {
+        for (QAction *action : actions) {
+            action->blockSignals(true);
+            m_actions << action;
+        }
+    }
+    void release()
+    {
+        for (const QPointer<QAction> &action : std::as_const(m_actions)) {
+            if (action)
+                action->blockSignals(false);
+        }
+        m_actions.clear();
+    }
+
+private:
+    QList<QPointer<QAction>> m_actions;
+};
+
 } // namespace
 
 KMPanelBar *kmmainwidget::toolBar() const
@@ -66,6 +91,13 @@ void kmmainwidget::createToolBars()
     addToolBar(m_envToolBar);
     connect(m_toolBar, &KMToolBar::commandChanged, m_toolDock, &kmtoolwidget::showTool);
     connect(m_toolBar, &KMToolBar::editingChanged, this, &kmmainwidget::onEditingChanged);
+    // At the end of a drag the list of actions may be another than at its start.
+    connect(m_toolBar, &KMToolBar::editingChanged, this, [this, blocked = BlockedActions()](bool editing) mutable {
+        if (editing)
+            blocked.block(shortcutActions());
+        else
+            blocked.release();
+    });
     connect(m_toolBar, &KMToolBar::onSpeech, gSolution, &KMSolution::speech);
     connect(m_envToolBar, &KMEnvToolBar::onEditFilterChanged, this, &kmmainwidget::onEditFilterChanged);
 }
@@ -81,6 +113,11 @@ void kmmainwidget::createTools()
     }
     addActions(actions);
     gSettings->setActionGroup(tr("Tools"), actions);
+    QList<QAction *> choices = m_envToolBar->actions();
+    choices.erase(std::remove_if(choices.begin(), choices.end(), [](QAction *action) { return action->isSeparator(); }),
+                  choices.end());
+    addActions(choices);
+    gSettings->setActionGroup(tr("Operation Panel"), choices);
     m_mainBox->views()->setToolSource([this](int id) { return m_toolBar->tool(id); });
     m_toolBar->initialize();
 }
@@ -88,9 +125,6 @@ void kmmainwidget::createTools()
 /// A key or a menu in mid-drag would change what the drag works on.
 void kmmainwidget::onEditingChanged(bool editing)
 {
-    const QList<QAction *> actions = shortcutActions();
-    for (QAction *action : actions)
-        action->blockSignals(editing);
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->blockSignals(editing);
 }

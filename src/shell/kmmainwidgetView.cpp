@@ -140,6 +140,7 @@ void kmmainwidget::onCameraBoxClicked(int code)
     float yaw = 0.0f;
     if (!KMCameraBoxShape::direction(code, pitch, yaw))
         return;
+    views->endNavigation();
     KMViewAnimation(view->camera(), repaintOf(view)).turnTo(pitch, yaw);
     view->camera()->checkViewChanged();
     views->refreshViews(everything);
@@ -160,6 +161,7 @@ void kmmainwidget::centreOnCurrent(KMOpenGLWidget *view)
     }
     if (view->camera()->isUV())
         return;
+    view->container()->endNavigation();
     KMViewAnimation(view->camera(), repaintOf(view)).centreOn(centre);
     view->camera()->checkViewChanged();
     m_mainBox->views()->refreshViews(everything);
@@ -171,6 +173,7 @@ void kmmainwidget::onMenuCameraOrtho()
     KMCameraNode *camera = view ? view->camera() : nullptr;
     if (!camera || camera->isUV())
         return;
+    view->container()->endNavigation();
     if (camera->isPerspectiveKind())
         camera->setOrtho(!camera->isOrtho());
     else
@@ -184,6 +187,7 @@ void kmmainwidget::onMenuCameraReset()
     KMOpenGLWidget *view = m_mainBox->views()->current();
     if (!view || !view->camera())
         return;
+    view->container()->endNavigation();
     view->camera()->reset();
     view->camera()->checkViewChanged();
     m_mainBox->views()->refreshViews(everything);

@@ -5,7 +5,6 @@
 #include "mesh/KMMeshNode.h"
 #include "tools/KMWindowGeometry.h"
 
-#include <QCoreApplication>
 #include <QPolygonF>
 
 using KMMeshSelect::Mode;
@@ -79,7 +78,7 @@ void KMBrushSelect::begin(Mode mode, float radius)
     m_hasTouched = false;
     m_meshes.clear();
     for (KMMeshNode *mesh : KMMeshTargets::chosen()) {
-        if (!KMMeshTargets::isEditable(*mesh))
+        if (!KMMeshTargets::isEditable(*mesh) || KMMeshTargets::isUnderControl(*mesh))
             continue;
         Stroked stroked{mesh, std::vector<quint8>(size_t(mesh->vertexCount())),
                         std::vector<quint8>(size_t(mesh->edgeCount())), std::vector<quint8>(size_t(mesh->faceCount()))};
@@ -173,12 +172,12 @@ void KMBrushSelect::show(Stroked &stroked, bool asItWas) const
     });
 }
 
-void KMBrushSelect::commit()
+void KMBrushSelect::commit(const QString &text)
 {
     for (Stroked &stroked : m_meshes)
         show(stroked, true);
     if (m_hasTouched) {
-        const KMUndoMacro macro(QCoreApplication::translate("KMBrushSelect", "Brush Select"));
+        const KMUndoMacro macro(text);
         for (Stroked &stroked : m_meshes) {
             if (!stroked.mesh)
                 continue;

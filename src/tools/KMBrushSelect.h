@@ -21,8 +21,8 @@ public:
     void begin(KMMeshSelect::Mode mode, float radius); ///< pixels
     void strokeTo(const QPointF &from, const QPointF &to);
     bool hasTouched() const { return m_hasTouched; }
-    void commit(); ///< the step "Brush Select"; none where nothing was touched
-    void cancel(); ///< the selection is as it was
+    void commit(const QString &text); ///< as a step of that text; none where nothing was touched
+    void cancel();                    ///< the selection is as it was
 
 private:
     enum State : quint8 { Touched = 1, WasSelected = 2, ShownSelected = 4 };

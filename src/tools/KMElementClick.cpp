@@ -8,6 +8,7 @@
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshTargets.h"
+#include "render/KMPicker.h"
 #include "tools/KMWindowGeometry.h"
 
 #include <QCoreApplication>
@@ -45,6 +46,32 @@ QString clickText(const KMPickRequest &hit)
 }
 
 } // namespace
+
+bool KMElementClick::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request)
+{
+    if (KMPicker::pick(camera, position, request)) {
+        if (KMMeshTargets::isUnderControl(*request.mesh)) {
+            KMPicker::clearHot();
+            request.clearResult();
+            return false;
+        }
+        const KMMeshModifier *owner = request.mesh->ownerModifier();
+        if (!owner || KMMeshTargets::isChosen(*request.mesh))
+            return true;
+        request.only = owner->source();
+        return request.only && KMPicker::pick(camera, position, request);
+    }
+    KMNode *current = gSolution->currentNode();
+    auto *cage = current && current->type() == KMNodeType::Mesh ? static_cast<KMMeshNode *>(current) : nullptr;
+    if (!cage || cage->modifiers().isEmpty())
+        return false;
+    KMPickRequest below = request; // its elements may lie below what is drawn in its place
+    below.only = cage;
+    if (!KMPicker::pick(camera, position, below))
+        return false;
+    request = below;
+    return true;
+}
 
 bool KMElementClick::select(const KMPickRequest &hit, Mode mode)
 {

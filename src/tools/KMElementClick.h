@@ -8,8 +8,14 @@
 
 #include <optional>
 
+class KMCameraNode;
+
 /// What tools do with a picked element.
 namespace KMElementClick {
+
+/// As KMPicker::pick(), but through what modifiers have made, unless they are chosen, to the mesh at the start of their
+/// chain. Without a hit the request names that mesh as its only one, if there was one under the cursor.
+bool pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request);
 
 /// Selects it by the rule of clicks, as one step. A node that isn't chosen in the tree becomes so. Whether the
 /// element is selected afterwards.

@@ -23,6 +23,8 @@ bool KMNodeCommand::accepts(const KMNode *node) const
         return type == KMNodeType::Mesh;
     case Kind::Primitive:
         return isPrimitive(type);
+    case Kind::Lattice:
+        return type == KMNodeType::ModFFD;
     case Kind::Transform:
         return isTransformable(type);
     case Kind::Nothing:
@@ -69,7 +71,7 @@ void KMNodeCommand::run()
     if (edited)
         KMMeshEdit::settleEdges(*edited);
     work();
-    if (edited)
+    if (edited && m_row.group == Group::Shape)
         edited->markDirty(KMMeshDirty::All);
 }
 

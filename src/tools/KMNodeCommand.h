@@ -18,6 +18,7 @@ public:
     enum class Kind {
         Mesh,
         Primitive,
+        Lattice,   ///< the modifier
         Transform, ///< anything that has one
         Selected,  ///< the meshes that are chosen in the tree, whatever is current
         Nothing    ///< it needs no node

@@ -15,6 +15,7 @@
 #include "mesh/KMSelectedElements.h"
 #include "mesh/KMVertexCommands.h"
 #include "mesh/KMVertexMerge.h"
+#include "modifiers/KMFitFFD.h"
 #include "modifiers/KMFreezeModifiers.h"
 #include "modifiers/KMPolygonize.h"
 #include "modifiers/KMPrimitiveNode.h"
@@ -164,13 +165,16 @@ KMNodeCommand::Work NodeComMergeClosedVertex::plan()
     m_selectedOnly = form.value(selectedOnly).toBool();
 
     KMMeshNode *edited = mesh();
-    const auto pairs = KMCloseVertices::find(*edited, float(m_distance), m_selectedOnly);
+    const QVector<KMVertexPair> pairs = KMCloseVertices::find(*edited, float(m_distance), m_selectedOnly);
     if (pairs.isEmpty())
         return {};
-    return [edited, pairs] {
-        for (const KMCloseVertices::Pair &pair : pairs)
-            KMMeshEdit::mergeVertex(*edited, pair.remove, pair.keep);
-    };
+    return [edited, pairs] { KMMeshEdit::mergeVertices(*edited, pairs); };
+}
+
+void NodeComFitFFD::run()
+{
+    if (!target() || !target()->isLocked())
+        KMFitFFD::run(gSolution->currentNode());
 }
 
 void NodeComFreezeModifier::run()

@@ -88,6 +88,18 @@ private:
     bool m_selectedOnly = false;
 };
 
+/// Puts the box of the lattice around the selected vertices of the mesh above it.
+class NodeComFitFFD : public KMNodeCommand
+{
+    Q_OBJECT
+public:
+    using KMNodeCommand::KMNodeCommand;
+
+protected:
+    QString obstacle() const override { return {}; } // the fit itself says what is missing
+    void run() override;
+};
+
 /// Replaces the mesh by what its chain of modifiers makes of it.
 class NodeComFreezeModifier : public KMNodeCommand
 {

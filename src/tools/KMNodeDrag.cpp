@@ -38,6 +38,13 @@ Vector3 factorsFor(const Quaternion &node, const KMDragTransform &transform)
     return factors;
 }
 
+bool isMirrored(const Matrix4 &frame)
+{
+    return dot(cross(frame.transformDirection({1, 0, 0}), frame.transformDirection({0, 1, 0})),
+               frame.transformDirection({0, 0, 1}))
+           < 0.0f;
+}
+
 } // namespace
 
 QList<KMNullNode *> KMNodeDrag::targets()
@@ -116,7 +123,12 @@ KMTransform KMNodeDrag::moved(const Frame &frame, const KMDragTransform &transfo
         frame.start.translation
         + toParent.transformDirection(map(parent * frame.start.translation) - parent * frame.start.translation);
     if (transform.kind == KMDragTransform::Kind::Rotate) {
-        end.rotation = (above.conjugate() * transform.turn() * above * frame.start.rotation).normalized();
+        Quaternion turn = above.conjugate() * transform.turn() * above;
+        if (isMirrored(parent)) { // the axes above leave the reflection along z to us, which turns about x and y around
+            turn.x = -turn.x;
+            turn.y = -turn.y;
+        }
+        end.rotation = (turn * frame.start.rotation).normalized();
         return end;
     }
     const Vector3 factors = factorsFor(above * frame.start.rotation, transform);

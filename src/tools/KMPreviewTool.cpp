@@ -12,6 +12,7 @@
 #include "tools/KMElementClick.h"
 
 #include <QKeyEvent>
+#include <QKeySequence>
 
 #include <cmath>
 
@@ -19,6 +20,11 @@ namespace {
 
 constexpr int allViews = 31;
 const QColor previewColor(255, 170, 60);
+
+bool isEnter(const QKeySequence &keys)
+{
+    return keys == QKeySequence(Qt::Key_Return) || keys == QKeySequence(Qt::Key_Enter);
+}
 
 bool isPlainLeft(const KMMouseEvent &event)
 {
@@ -34,6 +40,7 @@ KMPreviewTool::KMPreviewTool(int id, QWidget *parent)
 
 void KMPreviewTool::initialize()
 {
+    KMTool::initialize();
     auto *mesh = new KMToolMesh(KMToolOverlay::Faces | KMToolOverlay::Edges);
     mesh->setColor(previewColor);
     addFaceMesh(mesh);
@@ -142,7 +149,7 @@ void KMPreviewTool::repaint() const
 bool KMPreviewTool::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest *request) const
 {
     *request = pickRequest();
-    return KMPicker::pick(camera, position, *request) && !request->mesh->ownerNode()
+    return KMElementClick::pick(camera, position, *request) && !request->mesh->ownerNode()
            && KMMeshTargets::isEditable(*request->mesh);
 }
 
@@ -221,15 +228,24 @@ bool KMPreviewTool::hover(const KMMouseEvent &event, const KMCameraNode &camera)
 
 void KMPreviewTool::keyPress(QKeyEvent *event, KMOpenGLWidget *widget)
 {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && apply()) {
-        event->accept();
-    } else if (event->key() == Qt::Key_Escape && m_hasPreview) {
+    const QKeySequence keys(event->key());
+    if (!hasShortcut(keys))
+        return KMTool::keyPress(event, widget);
+    runShortcut(keys);
+    event->accept();
+}
+
+bool KMPreviewTool::hasShortcut(const QKeySequence &keys) const
+{
+    return m_hasPreview && (isEnter(keys) || keys == QKeySequence(Qt::Key_Escape));
+}
+
+void KMPreviewTool::runShortcut(const QKeySequence &keys)
+{
+    if (isEnter(keys))
+        apply();
+    else
         cancel();
-        event->accept();
-    } else {
-        KMTool::keyPress(event, widget);
-    }
 }
 
 // What it works on

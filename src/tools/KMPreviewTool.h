@@ -32,8 +32,11 @@ public:
     bool mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget) override;
     bool mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget) override;
     void keyPress(QKeyEvent *event, KMOpenGLWidget *widget) override; ///< Enter applies, Escape cancels
+    bool hasShortcut(const QKeySequence &keys) const override;        ///< the same two, wherever the focus is
+    void runShortcut(const QKeySequence &keys) override;
 
 protected:
+    bool isSymmetric() const override { return true; }
     virtual KMPickRequest pickRequest() const = 0; ///< what a press or the cursor has to hit
     virtual void select(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers) = 0;
     /// Makes the preview of all that is selected, of the present value. False when there is nothing to work on.

@@ -1,7 +1,6 @@
 #include "tools/KMSelectionCommand.h"
 
-#include "core/KMUndoMacro.h"
-#include "mesh/KMMeshEdit.h"
+#include "core/KMWaitingMacro.h"
 #include "mesh/KMMeshNode.h"
 
 #include <algorithm>
@@ -55,17 +54,12 @@ void KMSelectionCommand::run()
     const QList<KMMeshNode *> meshes = targets();
     if (!ask(meshes))
         return;
-    const KMUndoMacro macro(text());
+    const KMWaitingMacro macro(text());
     for (KMMeshNode *mesh : meshes) {
-        // A result would take itself for one that was moved by hand, by a step of its own or by the marks.
-        if (mesh->ownerNode()) {
-            followFaces(*mesh);
-            runOn(*mesh);
-            continue;
-        }
-        KMMeshEdit::settleEdges(*mesh);
+        followFaces(*mesh);
         runOn(*mesh);
-        mesh->markDirty(KMMeshDirty::All);
+        if (!mesh->ownerNode()) // a result would take itself for one that was moved by hand
+            mesh->markDirty(KMMeshDirty::All);
     }
 }
 

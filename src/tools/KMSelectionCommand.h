@@ -4,7 +4,7 @@
 #include "tools/KMRowCommand.h"
 
 /// A command on what is selected in the meshes that are chosen in the tree, shown and not locked. Where no mesh has
-/// what it needs it says so and leaves no step in the history; else it is one step.
+/// what it needs it says so and leaves no step in the history; else it is one step, unless it found nothing to do.
 /// Commands are rows of a table; those that ask the user something, or need more than selected elements, are classes.
 class KMSelectionCommand : public KMRowCommand
 {

@@ -4,6 +4,7 @@
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
+#include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
 #include "render/KMPickRay.h"
@@ -39,8 +40,8 @@ bool meets(const KMPickRay &ray, const KMMeshNode &mesh, const KMFace &face, dou
            || (face.count == 4 && ray.hits(corner(0), corner(2), corner(3), depth));
 }
 
-/// Whether a place of the window lies in the box about a face there.
-bool isNear(const KMMeshNode &mesh, const KMFace &face, const QPointF &position)
+/// Whether a place of the window lies in the box about a face there, or no more than the margin beside it.
+bool isNear(const KMMeshNode &mesh, const KMFace &face, const QPointF &position, float margin = 0.0f)
 {
     float left = std::numeric_limits<float>::max(), top = left, right = -left, bottom = -left;
     for (int c = 0; c < face.count; ++c) {
@@ -53,7 +54,7 @@ bool isNear(const KMMeshNode &mesh, const KMFace &face, const QPointF &position)
         bottom = std::max(bottom, window.y);
     }
     const float x = float(position.x()), y = float(position.y());
-    return x >= left && x <= right && y >= top && y <= bottom;
+    return x >= left - margin && x <= right + margin && y >= top - margin && y <= bottom + margin;
 }
 
 } // namespace
@@ -74,13 +75,14 @@ KMSnapSearch::KMSnapSearch(const QVector<Moving> &moving)
     : m_options(gSolution->snapOptions())
 {
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
-        if (!KMRenderMask::isShown(*mesh))
+        const KMMeshModifier *maker = mesh->ownerModifier();
+        const auto isOwn = [&](const Moving &m) { return maker && m.mesh == maker->source(); };
+        // What is made from a mesh that moves comes along: it is no place to go to, and none to hide one.
+        if (!KMRenderMask::isShown(*mesh) || std::any_of(moving.begin(), moving.end(), isOwn))
             continue;
         const auto own = std::find_if(moving.begin(), moving.end(), [mesh](const Moving &m) { return m.mesh == mesh; });
         Source source{mesh, own == moving.end() ? std::vector<bool>() : own->vertices};
-        const int kind = own != moving.end()     ? KMSnapOption::Self
-                         : mesh->ownerModifier() ? KMSnapOption::Modifier
-                                                 : KMSnapOption::All;
+        const int kind = own != moving.end() ? KMSnapOption::Self : maker ? KMSnapOption::Modifier : KMSnapOption::All;
         if (m_options & kind)
             m_sources.push_back(source);
         m_screens.push_back(source);
@@ -93,14 +95,14 @@ std::optional<KMSnapSearch::Target> KMSnapSearch::find(const KMCameraNode &camer
     if (m_options & KMSnapOption::Vertex) {
         for (const Source &source : m_sources)
             collectVertices(source, position, found);
-        if (const auto target = nearest(found, camera))
+        if (const auto target = nearest(found, camera, position))
             return target;
     }
     if (m_options & KMSnapOption::Edge) {
         found.clear();
         for (const Source &source : m_sources)
             collectEdges(source, camera, position, found);
-        if (const auto target = nearest(found, camera))
+        if (const auto target = nearest(found, camera, position))
             return target;
     }
     return m_options & KMSnapOption::Face ? surfaceAt(camera, position) : std::nullopt;
@@ -149,38 +151,49 @@ void KMSnapSearch::collectEdges(const Source &source, const KMCameraNode &camera
 }
 
 std::optional<KMSnapSearch::Target> KMSnapSearch::nearest(std::vector<Candidate> &candidates,
-                                                          const KMCameraNode &camera) const
+                                                          const KMCameraNode &camera, const QPointF &position) const
 {
     std::sort(candidates.begin(), candidates.end(),
               [](const Candidate &a, const Candidate &b) { return a.distance2 < b.distance2; });
     const bool seesThrough =
         KMViewFilter::isOn(KMViewFilter::OverwriteFaces) || !camera.viewFlag(KMCameraNode::ShowFaces);
+    const std::vector<Surface> surfaces =
+        seesThrough || candidates.empty() ? std::vector<Surface>() : surfacesAbout(position);
     for (const Candidate &candidate : candidates) {
-        if (seesThrough || !isHidden(candidate, camera))
+        if (seesThrough || !isHidden(candidate, camera, surfaces))
             return candidate.target;
     }
     return {};
 }
 
-/// Faces of what moves don't hide: they are on their way to the target.
-bool KMSnapSearch::isHidden(const Candidate &candidate, const KMCameraNode &camera) const
+/// The faces that can hide a place within the margin. Those of what moves don't: they are on their way to the target.
+std::vector<KMSnapSearch::Surface> KMSnapSearch::surfacesAbout(const QPointF &position) const
+{
+    std::vector<Surface> surfaces;
+    for (const Source &screen : m_screens) {
+        const auto moves = [&](int vertex) { return screen.moves(vertex); };
+        for (const KMFace *face : screen.mesh->liveFaces()) {
+            if (face->isPolygon() && face->drawn && isNear(*screen.mesh, *face, position, gSettings->snapMargin)
+                && std::none_of(face->indices, face->indices + face->count, moves))
+                surfaces.push_back({screen.mesh, face});
+        }
+    }
+    return surfaces;
+}
+
+bool KMSnapSearch::isHidden(const Candidate &candidate, const KMCameraNode &camera,
+                            const std::vector<Surface> &surfaces) const
 {
     constexpr double tolerance = 1e-4;
     const Vector3 window = camera.worldToWindow(candidate.target.point);
     const QPointF position(double(window.x), double(window.y));
     const KMPickRay ray(camera, position);
     const double depth = ray.depthOf(candidate.target.point);
-    for (const Source &screen : m_screens) {
-        for (const KMFace *face : screen.mesh->liveFaces()) {
-            double found = 0.0;
-            const auto moves = [&](int vertex) { return screen.moves(vertex); };
-            if (face->isPolygon() && face->drawn && isNear(*screen.mesh, *face, position)
-                && std::none_of(face->indices, face->indices + face->count, moves)
-                && meets(ray, *screen.mesh, *face, found) && found < depth * (1.0 - tolerance))
-                return true;
-        }
-    }
-    return false;
+    return std::any_of(surfaces.begin(), surfaces.end(), [&](const Surface &surface) {
+        double found = 0.0;
+        return isNear(*surface.mesh, *surface.face, position) && meets(ray, *surface.mesh, *surface.face, found)
+               && found < depth * (1.0 - tolerance);
+    });
 }
 
 std::optional<KMSnapSearch::Target> KMSnapSearch::surfaceAt(const KMCameraNode &camera, const QPointF &position) const

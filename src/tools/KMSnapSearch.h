@@ -45,11 +45,19 @@ private:
         bool moves(int vertex) const { return size_t(vertex) < moving.size() && moving[size_t(vertex)]; }
     };
 
+    struct Surface
+    {
+        const KMMeshNode *mesh;
+        const KMFace *face;
+    };
+
     void collectVertices(const Source &source, const QPointF &position, std::vector<Candidate> &found) const;
     void collectEdges(const Source &source, const KMCameraNode &camera, const QPointF &position,
                       std::vector<Candidate> &found) const;
-    std::optional<Target> nearest(std::vector<Candidate> &candidates, const KMCameraNode &camera) const;
-    bool isHidden(const Candidate &candidate, const KMCameraNode &camera) const;
+    std::optional<Target> nearest(std::vector<Candidate> &candidates, const KMCameraNode &camera,
+                                  const QPointF &position) const;
+    std::vector<Surface> surfacesAbout(const QPointF &position) const;
+    bool isHidden(const Candidate &candidate, const KMCameraNode &camera, const std::vector<Surface> &surfaces) const;
     std::optional<Target> surfaceAt(const KMCameraNode &camera, const QPointF &position) const;
 
     std::vector<Source> m_sources;

@@ -2,9 +2,14 @@
 
 #include "core/KMIcon.h"
 #include "core/KMSettings.h"
+#include "render/KMCameraNode.h"
+#include "render/KMOpenGLWidget.h"
+#include "tools/KMElementClick.h"
 #include "tools/KMToolKind.h"
+#include "tools/KMToolSymmetryGrid.h"
 
 #include <QAction>
+#include <QButtonGroup>
 #include <QKeyEvent>
 #include <QPropertyAnimation>
 
@@ -66,8 +71,17 @@ QImage KMTool::icon() const
     return QToolButton::icon().pixmap(headerIconSize, headerIconSize).toImage();
 }
 
+void KMTool::initialize()
+{
+    if (!isSymmetric())
+        return;
+    m_grid = new KMToolSymmetryGrid;
+    addMesh(EdgeMeshes, m_grid);
+}
+
 void KMTool::finalize()
 {
+    m_grid = nullptr;
     for (QList<KMToolMesh *> &group : m_meshes) {
         qDeleteAll(group);
         group.clear();
@@ -110,6 +124,16 @@ void KMTool::keyPress(QKeyEvent *event, KMOpenGLWidget *)
         return;
     cancel();
     event->accept();
+}
+
+void KMTool::draw(KMOpenGLWidget *widget)
+{
+    if (!m_grid)
+        return;
+    const std::optional<kvm::Matrix4> frame = KMElementClick::symmetryFrame();
+    m_grid->setVisible(frame && widget && widget->camera() && !widget->camera()->isUV());
+    if (m_grid->isVisible())
+        m_grid->place(*frame);
 }
 
 QVector<KMToolOverlay> KMTool::overlays(OverlayGroup group) const
@@ -179,6 +203,13 @@ void KMTool::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         QToolButton::mouseReleaseEvent(event);
+}
+
+/// The bar checks the tool that is in the hand, a key doesn't; and this is how the group lets go of the former one.
+void KMTool::nextCheckState()
+{
+    if (group() && group()->checkedButton() != this)
+        setChecked(false);
 }
 
 void KMTool::changeEvent(QEvent *event)

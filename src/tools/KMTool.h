@@ -10,6 +10,7 @@
 #include <array>
 
 class KMNode;
+class KMToolSymmetryGrid;
 class QAction;
 class QPropertyAnimation;
 
@@ -33,16 +34,23 @@ public:
 
     // Its life
 
-    virtual void setup();        ///< icon, texts, key and mask; once, as it comes into the bar
-    virtual void initialize() {} ///< makes what it shows; once, when the views exist
-    virtual void finalize();     ///< frees that, at the end of the program
-    virtual void activate() {}   ///< it comes into the hand, or was chosen again
-    virtual void deactivate();   ///< it leaves the hand, or another tool was chosen
-    virtual void refresh() {}    ///< selection, mode or document changed
+    virtual void setup();      ///< icon, texts, key and mask; once, as it comes into the bar
+    virtual void initialize(); ///< makes what it shows; once, when the views exist
+    virtual void finalize();   ///< frees that, at the end of the program
+    virtual void activate() {} ///< it comes into the hand, or was chosen again
+    virtual void deactivate(); ///< it leaves the hand, or another tool was chosen
+    virtual void refresh() {}  ///< selection, mode or document changed
     virtual void currentNodeChanged(KMNode *) {}
     virtual void updateCentre() {} ///< the selection may stand elsewhere
     /// Ends what is going on without an effect: the key Escape, a view that loses the keyboard, another document.
     virtual void cancel() {}
+
+    // The same in the view of the texture's plane, for tools that work there too: they hand its events on to these
+
+    virtual void uvRefresh() {}
+    virtual bool uvMousePress(KMMouseEvent *, KMOpenGLWidget *) { return false; }
+    virtual bool uvMouseMove(KMMouseEvent *, KMOpenGLWidget *) { return false; }
+    virtual bool uvMouseRelease(KMMouseEvent *, KMOpenGLWidget *) { return false; }
 
     // State
 
@@ -70,6 +78,7 @@ public:
 
     // What it shows
 
+    void draw(KMOpenGLWidget *widget) override;
     QVector<KMToolOverlay> overlays(OverlayGroup group) const override;
     int faceMeshCount() const { return m_meshes[FaceMeshes].size(); }
     KMToolMesh *faceMesh(int i) const { return m_meshes[FaceMeshes].value(i); }
@@ -86,12 +95,13 @@ signals:
 
 protected:
     void setFree(bool free) { m_isFree = free; }
+    virtual bool isSymmetric() const { return false; } ///< it works on mirror images too, and shows their plane
     void enterEvent(QEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
-    void nextCheckState() override {} ///< the bar checks the tool that is in the hand
+    void nextCheckState() override;
 
 private:
     void fadeTo(const QColor &from, const QColor &to);
@@ -107,6 +117,7 @@ private:
     bool m_isStyling = false; // a new style sheet is itself a change of the palette
     QStringList m_modeNames;
     std::array<QList<KMToolMesh *>, 4> m_meshes; // by OverlayGroup
+    KMToolSymmetryGrid *m_grid = nullptr;        // one of them
     QAction *m_action;
     QColor m_background; // before the animation, which reads it at once
     QPropertyAnimation *m_fade;

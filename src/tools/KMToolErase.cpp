@@ -10,6 +10,8 @@
 #include "render/KMMouseEvent.h"
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
+#include "tools/KMElementClick.h"
+#include "tools/KMToolCross.h"
 #include "tools/KMToolKind.h"
 
 #include <memory>
@@ -24,12 +26,13 @@ KMPickRequest pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget)
     request.wantVertex = filter.vertices;
     request.wantEdge = filter.edges;
     request.wantFace = filter.faces;
-    const bool isHit = KMPicker::pick(*widget.camera(), event.localPos(), request);
-    if (isHit && (request.mesh->ownerNode() || !KMMeshTargets::isEditable(*request.mesh))) {
-        request.clearResult(); // what a click doesn't delete isn't lit up
-        KMPicker::clearHot();
-    }
+    KMElementClick::pick(*widget.camera(), event.localPos(), request);
     return request;
+}
+
+bool canErase(const KMPickRequest &hit)
+{
+    return hit.isHit() && !hit.mesh->ownerNode() && KMMeshTargets::isEditable(*hit.mesh);
 }
 
 } // namespace
@@ -39,13 +42,63 @@ KMToolErase::KMToolErase(QWidget *parent)
 {
 }
 
+void KMToolErase::initialize()
+{
+    KMTool::initialize();
+    m_marker = new KMToolCross;
+    addMesh(ScreenLines, m_marker);
+}
+
+void KMToolErase::finalize()
+{
+    m_marker = nullptr;
+    KMTool::finalize();
+}
+
+/// The element may be gone.
+void KMToolErase::refresh()
+{
+    m_hover = {};
+}
+
+void KMToolErase::cancel()
+{
+    m_hover = {};
+}
+
+void KMToolErase::leave(QEvent *, KMOpenGLWidget *)
+{
+    m_hover = {};
+    KMPicker::clearHot();
+}
+
+void KMToolErase::draw(KMOpenGLWidget *widget)
+{
+    KMTool::draw(widget);
+    const KMCameraNode *camera = widget ? widget->camera() : nullptr;
+    if (!m_marker)
+        return;
+    const bool hasPlace = camera && !camera->isUV() && m_hover.isHit();
+    const kvm::Vector3 window = hasPlace ? camera->worldToWindow(m_hover.point) : kvm::Vector3(0, 0, -1);
+    m_marker->setVisible(window.z >= 0.0f && window.z <= 1.0f);
+    if (m_marker->isVisible())
+        m_marker->moveTo({double(window.x), double(window.y)});
+}
+
 /// What lights up is what a click deletes.
 bool KMToolErase::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
 {
     if (event->buttons() != Qt::NoButton)
         return false;
-    pickAt(*event, *widget);
-    return true;
+    KMPickRequest hit = pickAt(*event, *widget);
+    if (!canErase(hit)) {
+        hit.clearResult();
+        KMPicker::clearHot();
+    }
+    const bool isOther = hit.mesh != m_hover.mesh || hit.vertex != m_hover.vertex || hit.edge != m_hover.edge
+                         || hit.face != m_hover.face || (hit.isHit() && hit.point != m_hover.point);
+    m_hover = hit;
+    return isOther;
 }
 
 bool KMToolErase::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
@@ -54,8 +107,10 @@ bool KMToolErase::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return false;
     const KMPickRequest hit = pickAt(*event, *widget);
     KMPicker::clearHot();
-    if (hit.isHit())
+    if (canErase(hit))
         erase(hit, widget->camera()->pixelScale(gSettings->symmetryMargin));
+    else if (hit.isHit())
+        KMElementClick::tellWhyFixed(*hit.mesh);
     return true;
 }
 

@@ -15,11 +15,6 @@ using Mode = KMExtrusion::Mode;
 KMToolExtrude::KMToolExtrude(QWidget *parent)
     : KMPreviewTool(KMToolKind::Extrude, parent)
 {
-}
-
-void KMToolExtrude::setup()
-{
-    KMPreviewTool::setup();
     for (const QString &name : {tr("Default"), tr("Offset"), tr("Solidify"), tr("Move Vertex")})
         addModeName(name);
 }

@@ -14,7 +14,6 @@ public:
 
     explicit KMToolExtrude(QWidget *parent = nullptr);
 
-    void setup() override;
     void setMode(int mode) override;
     bool perFaces() const { return m_perFaces; }
     bool canBePerFaces() const; ///< in this mode

@@ -23,9 +23,20 @@ void KMToolMesh::setVisible(bool visible)
     m_mesh->setVisible(visible);
 }
 
+void KMToolMesh::setDisplayColor(int index, int opacity)
+{
+    m_displayColor = index;
+    m_opacity = opacity;
+}
+
 QColor KMToolMesh::color() const
 {
-    return m_displayColor < 0 ? m_color : gSettings->displayColor(m_displayColor);
+    if (m_displayColor < 0)
+        return m_color;
+    QColor color = gSettings->displayColor(m_displayColor);
+    if (m_opacity >= 0)
+        color.setAlpha(m_opacity);
+    return color;
 }
 
 QVector<KMToolOverlay> KMToolMesh::overlays() const

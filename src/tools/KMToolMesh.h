@@ -27,8 +27,9 @@ public:
     virtual void setVisible(bool visible);
     QColor color() const;
     void setColor(const QColor &color) { m_color = color; }
-    void setDisplayColor(int index) { m_displayColor = index; } ///< a DP_... of the settings, in place of a fixed one
-    virtual QVector<KMToolOverlay> overlays() const;            ///< what is drawn, hidden parts too
+    /// A DP_... of the settings, in place of a fixed one; with its own opacity, or 0 to 255.
+    void setDisplayColor(int index, int opacity = -1);
+    virtual QVector<KMToolOverlay> overlays() const; ///< what is drawn, hidden parts too
 
     /// Shapes it from points in the space of its group, the world or window pixels, with lines between them.
     void setLines(const QVector<kvm::Vector3> &points, const QVector<Line> &lines);
@@ -41,5 +42,6 @@ private:
     std::unique_ptr<KMMeshNode> m_mesh;
     QColor m_color = Qt::white;
     int m_displayColor = -1; // none
+    int m_opacity = -1;      // that of the colour
     quint8 m_elements;
 };

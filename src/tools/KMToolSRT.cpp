@@ -6,6 +6,8 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
+#include "render/KMPicker.h"
 #include "tools/KMNodeDrag.h"
 #include "tools/KMToolKind.h"
 
@@ -23,11 +25,18 @@ KMPickRequest KMToolSRT::requestFor(float margin) const
     return request;
 }
 
+/// A result stands for its node as well as any mesh.
+bool KMToolSRT::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const
+{
+    return KMPicker::pick(camera, position, request);
+}
+
 /// Of the result of a modifier it is the mesh at the start of the chain.
 bool KMToolSRT::clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers)
 {
     KMContainerNode *node = hit.mesh;
-    if (const KMMeshModifier *modifier = hit.mesh->ownerModifier())
+    const KMMeshModifier *modifier = hit.mesh->ownerModifier();
+    if (modifier && !KMMeshTargets::isControl(*hit.mesh))
         node = modifier->source() ? modifier->source() : modifier->modMesh();
     else if (hit.mesh->ownerNode())
         node = hit.mesh->ownerNode();

@@ -14,4 +14,5 @@ protected:
     void clickNothing() override;
     bool hasMarquee() const override { return false; }
     KMPickRequest requestFor(float margin) const override;
+    bool pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const override;
 };

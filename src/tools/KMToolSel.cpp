@@ -8,7 +8,7 @@
 #include "mesh/KMMeshTargets.h"
 #include "render/KMMouseEvent.h"
 #include "render/KMOpenGLWidget.h"
-#include "render/KMPicker.h"
+#include "tools/KMElementClick.h"
 #include "tools/KMSelectionChain.h"
 #include "tools/KMToolKind.h"
 
@@ -59,6 +59,7 @@ KMToolSel::~KMToolSel() = default;
 
 void KMToolSel::initialize()
 {
+    KMTool::initialize();
     m_overlay = new KMToolMesh(KMToolOverlay::Edges);
     m_overlay->setDisplayColor(DP_HOT_EDGE);
     addMesh(EdgeMeshes, m_overlay);
@@ -107,7 +108,9 @@ KMPickRequest KMToolSel::pickAt(const KMMouseEvent &event, const KMOpenGLWidget 
     request.wantVertex = picked == Picked::Vertex;
     request.wantEdge = picked == Picked::Edge;
     request.wantFace = picked == Picked::Face;
-    KMPicker::pick(*widget.camera(), event.localPos(), request);
+    const bool isHit = KMElementClick::pick(*widget.camera(), event.localPos(), request);
+    if (!isHit && mode() == Node)
+        request.mesh = request.only;
     return request;
 }
 

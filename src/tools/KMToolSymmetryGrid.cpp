@@ -15,9 +15,7 @@ constexpr int opacity = 110;
 KMToolSymmetryGrid::KMToolSymmetryGrid(QObject *parent)
     : KMToolMesh(KMToolOverlay::Edges, parent)
 {
-    QColor color = gSettings->displayColor(DP_SEL_FRAME);
-    color.setAlpha(opacity);
-    setColor(color);
+    setDisplayColor(DP_SEL_FRAME, opacity);
     place({});
 }
 

@@ -20,7 +20,6 @@
 #include "tools/KMToolKind.h"
 #include "tools/KMToolLasso.h"
 #include "tools/KMToolSquare.h"
-#include "tools/KMToolSymmetryGrid.h"
 
 #include <QLineF>
 
@@ -89,8 +88,15 @@ void KMToolUniv::setLocal(bool local)
     gSolution->refreshViews(allViews);
 }
 
+void KMToolUniv::setFlowing(bool flowing)
+{
+    m_isFlowing = flowing;
+    emit optionsChanged();
+}
+
 void KMToolUniv::resetOptions()
 {
+    m_isFlowing = false;
     m_isHandleShown = true;
     setLocal(false);
     setHandleMode(defaultMode(toolId()));
@@ -100,15 +106,15 @@ void KMToolUniv::resetOptions()
 
 void KMToolUniv::initialize()
 {
+    KMTool::initialize();
     m_handle = new KMToolHandle;
     m_handle->setMode(m_handleMode);
     m_square = new KMToolSquare;
     m_lasso = new KMToolLasso;
     m_brush = new KMToolCircle;
+    m_brushRadius = m_brush->radius();
     m_hint = new KMToolMesh(KMToolOverlay::Points);
-    m_grid = new KMToolSymmetryGrid;
     addMesh(FaceMeshes, m_handle);
-    addMesh(EdgeMeshes, m_grid);
     for (KMToolMesh *marquee :
          {static_cast<KMToolMesh *>(m_square), static_cast<KMToolMesh *>(m_lasso), static_cast<KMToolMesh *>(m_brush)})
         addMesh(ScreenLines, marquee);
@@ -123,7 +129,6 @@ void KMToolUniv::finalize()
     m_lasso = nullptr;
     m_brush = nullptr;
     m_hint = nullptr;
-    m_grid = nullptr;
 }
 
 void KMToolUniv::activate()
@@ -166,7 +171,7 @@ void KMToolUniv::cancel()
         return;
     if (m_operation == Operation::Drag)
         m_subject->cancel();
-    if (m_operation == Operation::Brush)
+    if (isStroke())
         m_brushSelect.cancel();
     end();
     m_value.clear(); // that of a drag which didn't happen
@@ -195,7 +200,7 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return false;
     m_pressPos = m_lastPos = event->localPos();
     m_hasLeftPress = m_isAtHandle = false;
-    m_fixedMesh = nullptr;
+    m_fixedMesh = m_cage = nullptr;
     m_widget = widget;
     const int code = handleCodeAt(m_pressPos, *widget);
     if (code != NoPart) {
@@ -204,10 +209,12 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return true;
     }
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(request, m_pressPos, widget))
+    if (pick(*widget->camera(), m_pressPos, request)) {
         pressElement(request, *event);
-    else
+    } else {
+        m_cage = request.only;
         beginMarquee(*event);
+    }
     return true;
 }
 
@@ -237,16 +244,9 @@ KMPickRequest KMToolUniv::requestFor(float margin) const
     return request;
 }
 
-/// The result of a modifier lies over the mesh that is edited: unless the modifier itself is chosen, it is looked
-/// through.
-bool KMToolUniv::pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const
+bool KMToolUniv::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const
 {
-    if (!KMPicker::pick(*widget->camera(), position, request))
-        return false;
-    if (!request.mesh->ownerModifier() || KMMeshTargets::isChosen(*request.mesh))
-        return true;
-    request.testActiveOnly = true;
-    return KMPicker::pick(*widget->camera(), position, request);
+    return KMElementClick::pick(camera, position, request);
 }
 
 void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &event)
@@ -255,6 +255,8 @@ void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &even
     if ((event.modifiers() & both) == both)
         KMElementClick::log(hit);
     m_widget->camera()->setPivot(hit.point);
+    if (m_isFlowing && hasMarquee())
+        return beginStroke(Operation::Flow, event, gSettings->vertexClickMargin, DP_FLOW);
     if (clickElement(hit, event.modifiers()))
         beginDrag(m_handleMode & Translates ? Move | AsItIs : int(Move), hit.point, event, &hit);
     else
@@ -312,11 +314,18 @@ void KMToolUniv::beginMarquee(const KMMouseEvent &event)
         m_lasso->begin(m_pressPos);
         return begin(Operation::Lasso);
     case KMEditFilter::Shape::Brush:
-        begin(Operation::Brush);
-        m_brush->moveTo(m_pressPos);
-        m_brushSelect.begin(KMMeshSelect::marqueeMode(event.modifiers()), m_brush->radius());
-        m_brushSelect.strokeTo(m_pressPos, m_pressPos);
+        return beginStroke(Operation::Brush, event, m_brushRadius, DP_SEL_FRAME);
     }
+}
+
+void KMToolUniv::beginStroke(Operation operation, const KMMouseEvent &event, float radius, int displayColor)
+{
+    begin(operation);
+    m_brush->setRadius(radius);
+    m_brush->setDisplayColor(displayColor);
+    m_brush->moveTo(m_pressPos);
+    m_brushSelect.begin(KMMeshSelect::marqueeMode(event.modifiers()), radius);
+    m_brushSelect.strokeTo(m_pressPos, m_pressPos);
 }
 
 bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
@@ -339,7 +348,7 @@ bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
         drag(event->modifiers());
     if (m_operation == Operation::Lasso)
         m_lasso->lengthen(m_lastPos);
-    if (m_operation == Operation::Brush) {
+    if (isStroke()) {
         m_brush->moveTo(m_lastPos);
         m_brushSelect.strokeTo(before, m_lastPos);
     }
@@ -374,7 +383,7 @@ bool KMToolUniv::hover(const QPointF &position, KMOpenGLWidget *widget)
     Hover over;
     if (code == NoPart) {
         KMPickRequest request = requestFor(hoverMargin);
-        if (pick(request, position, widget))
+        if (pick(*widget->camera(), position, request))
             over = {request.mesh, request.vertex, request.edge ? request.edge->key() : 0, request.face};
     } else {
         KMPicker::clearHot();
@@ -422,7 +431,7 @@ bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
 void KMToolUniv::clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget)
 {
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(request, m_pressPos, widget))
+    if (pick(*widget->camera(), m_pressPos, request))
         clickElement(request, modifiers);
 }
 
@@ -437,11 +446,14 @@ void KMToolUniv::tellFixed(const QPointF &position)
 
 void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
 {
-    const bool isClick = !m_hasLeftPress && !(operation == Operation::Brush && m_brushSelect.hasTouched());
-    if (operation == Operation::Brush)
-        m_brushSelect.commit();
+    const bool isTouching = operation == Operation::Brush || operation == Operation::Flow;
+    const bool isClick = !m_hasLeftPress && !(isTouching && m_brushSelect.hasTouched());
+    if (isTouching)
+        m_brushSelect.commit(operation == Operation::Flow ? tr("Flow Select") : tr("Brush Select"));
     if (isClick) {
-        if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
+        if (m_cage && !(modifiers & Qt::ControlModifier))
+            KMElementClick::choose(m_cage, KMMeshSelect::clickMode(modifiers));
+        else if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
             clickNothing();
         return;
     }
@@ -458,6 +470,7 @@ void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifi
 
 void KMToolUniv::draw(KMOpenGLWidget *widget)
 {
+    KMTool::draw(widget);
     if (!m_handle)
         return;
     const KMCameraNode *camera = widget ? widget->camera() : nullptr;
@@ -468,11 +481,7 @@ void KMToolUniv::draw(KMOpenGLWidget *widget)
     const auto shows = [&](Operation operation) { return widget && widget == m_widget && m_operation == operation; };
     m_square->setVisible(shows(Operation::Square) && hasMarquee());
     m_lasso->setVisible(shows(Operation::Lasso));
-    m_brush->setVisible(shows(Operation::Brush));
+    m_brush->setVisible(shows(Operation::Brush) || shows(Operation::Flow));
     if (m_square->isVisible())
         m_square->stretch(m_pressPos, m_lastPos);
-    const std::optional<kvm::Matrix4> frame = KMElementClick::symmetryFrame();
-    m_grid->setVisible(camera && !camera->isUV() && frame);
-    if (frame)
-        m_grid->place(*frame);
 }

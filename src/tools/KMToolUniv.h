@@ -13,7 +13,6 @@ class KMToolCircle;
 class KMToolHandle;
 class KMToolLasso;
 class KMToolSquare;
-class KMToolSymmetryGrid;
 
 /// The standard tool: a click selects, a drag over nothing selects an area, and a drag at an element or at the handle
 /// moves, scales or turns what is selected. The tools for one of these are the same with fewer parts at the handle.
@@ -29,7 +28,9 @@ public:
     bool isHandleShown() const { return m_isHandleShown; }
     void setHandleShown(bool shown);
     bool isLocal() const { return m_isLocal; }
-    void setLocal(bool local);                ///< the handle stands as the current node does, else as the world
+    void setLocal(bool local); ///< the handle stands as the current node does, else as the world
+    bool isFlowing() const { return m_isFlowing; }
+    void setFlowing(bool flowing);            ///< a drag at an element selects what it passes over, and moves nothing
     QString value() const { return m_value; } ///< of the drag, for the panel
     KMToolHandle *handle() const { return m_handle; }
 
@@ -59,10 +60,12 @@ protected:
     virtual bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
     virtual void clickNothing();
     virtual bool hasMarquee() const { return true; }
+    bool isSymmetric() const override { return true; }
     virtual KMPickRequest requestFor(float margin) const; ///< what the mouse may pick; margin in pixels
+    virtual bool pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const;
 
 private:
-    enum class Operation { None, Drag, Square, Lasso, Brush };
+    enum class Operation { None, Drag, Square, Lasso, Brush, Flow };
     /// What the cursor is over; compared, never used.
     struct Hover
     {
@@ -78,30 +81,34 @@ private:
 
     bool canShowHandle(const KMCameraNode &camera) const;
     int handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const;
-    bool pick(KMPickRequest &request, const QPointF &position, KMOpenGLWidget *widget) const;
     void pressElement(const KMPickRequest &hit, const KMMouseEvent &event);
     void begin(Operation operation);
     void beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit);
     void beginMarquee(const KMMouseEvent &event);
+    void beginStroke(Operation operation, const KMMouseEvent &event, float radius, int displayColor);
     void drag(Qt::KeyboardModifiers modifiers);
     bool hover(const QPointF &position, KMOpenGLWidget *widget);
     void end();
     void clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget);
     void tellFixed(const QPointF &position);
     void commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    bool isStroke() const { return m_operation == Operation::Brush || m_operation == Operation::Flow; }
     bool isMarquee() const { return m_operation != Operation::None && m_operation != Operation::Drag; }
 
     int m_handleMode;
     bool m_isHandleShown = true;
     bool m_isLocal = false;
+    bool m_isFlowing = false;
     bool m_hasCentre = false;         // there is something that the handle can stand at
     bool m_hasMoved = false;          // in this drag
     bool m_hasLeftPress = false;      // the cursor was farther away than a click goes
     bool m_isAtHandle = false;        // the press was on it
     QPointer<KMMeshNode> m_fixedMesh; // was pressed, and can't be dragged
+    QPointer<KMMeshNode> m_cage;      // was pressed through what its modifiers made, where it has no element itself
     Operation m_operation = Operation::None;
     QPointF m_pressPos;
     QPointF m_lastPos;
+    float m_brushRadius = 0.0f;        // of the brush as it was made, pixels
     QPointer<KMOpenGLWidget> m_widget; // of the operation
     QString m_value;
     KMHandleDrag m_drag;
@@ -115,5 +122,4 @@ private:
     KMToolLasso *m_lasso = nullptr;
     KMToolCircle *m_brush = nullptr;
     KMToolMesh *m_hint = nullptr;
-    KMToolSymmetryGrid *m_grid = nullptr;
 };

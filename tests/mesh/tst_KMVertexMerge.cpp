@@ -7,6 +7,7 @@
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 
+#include <QRandomGenerator>
 #include <QTest>
 #include <QUndoStack>
 
@@ -61,6 +62,7 @@ private slots:
     void seamsClose();
     void cornerDataStays();
     void creasesAndSelectionGoAlong();
+    void manyAtOnce();
     void refusals();
     void snapMerges_data();
     void snapMerges();
@@ -156,6 +158,46 @@ void tst_KMVertexMerge::creasesAndSelectionGoAlong()
     QVERIFY(!mesh.findEdge(2, 4)); // no face has it any more
     scene.session.stack().undo();
     QCOMPARE(scene.dump.text(), before);
+}
+
+/// Two sheets that are welded come out the same, whether vertex by vertex or in one go; with all that edges carry.
+void tst_KMVertexMerge::manyAtOnce()
+{
+    const auto welded = [](quint32 seed, bool inOneGo) {
+        QRandomGenerator random(seed);
+        KMMeshNode *made = MeshFixtures::grid(4, 4);
+        for (int i = 0; i < 25; ++i)
+            made->addVertexRaw(made->position(i));
+        for (int f = 0; f < 16; ++f) {
+            const int *c = made->face(f)->indices;
+            const int corners[] = {25 + c[3], 25 + c[2], 25 + c[1], 25 + c[0]};
+            if (random.bounded(2))
+                made->addFaceRaw(4, corners);
+        }
+        made->refreshMesh(KMMeshDirty::All);
+        for (KMEdge *edge : made->edges()) {
+            edge->weight = random.bounded(2) ? 0.5f : 0.0f;
+            edge->flags = quint8(random.bounded(2) ? KMElementFlag::Selected : 0);
+        }
+        MeshScene scene(made);
+        const QString before = meshText(*made);
+        QVector<KMVertexPair> pairs;
+        for (int i = 0; i < 25; ++i) {
+            if (random.bounded(4))
+                pairs.append({i, 25 + i});
+        }
+        for (const KMVertexPair &pair : pairs) {
+            if (!inOneGo)
+                KMMeshEdit::mergeVertex(*made, pair.remove, pair.keep);
+        }
+        if (inOneGo)
+            KMMeshEdit::mergeVertices(*made, pairs);
+        const QString after = meshText(*made);
+        scene.session.stack().setIndex(0);
+        return meshText(*made) == before ? after : QStringLiteral("undo");
+    };
+    for (quint32 seed = 1; seed <= 20; ++seed)
+        QCOMPARE(welded(seed, true), welded(seed, false));
 }
 
 void tst_KMVertexMerge::refusals()

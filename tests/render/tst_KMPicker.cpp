@@ -287,6 +287,9 @@ void tst_KMPicker::facesHideWhatIsBehind()
     TwoSquares::setFilter(KMViewFilter::OverwriteFaces, true);
     QVERIFY(scene.at(-30, 30).vertex == 1 && scene.at(-30, 30).mesh == scene.far);
     TwoSquares::setFilter(KMViewFilter::OverwriteFaces, false);
+    scene.camera.setViewFlag(KMCameraNode::ShowFaces, false); // what isn't drawn hides nothing
+    QVERIFY(scene.at(-30, 30).vertex == 1 && scene.at(-30, 30).mesh == scene.far);
+    scene.camera.setViewFlag(KMCameraNode::ShowFaces, true);
 
     // A hidden vertex closer to the cursor doesn't stand in the way of a visible one.
     scene.near->setPosition(1, {-36, 30, -10});

@@ -1,8 +1,12 @@
 #include "core/KMProject.h"
+#include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "mesh/KMFaceCommands.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshRenderData.h"
+#include "render/KMBufferMap.h"
+#include "render/KMRenderer.h"
+#include "render/KMShareContext.h"
 #include "render/KMViewFilter.h"
 #include "support/MeshFixtures.h"
 #include "support/RenderScene.h"
@@ -148,6 +152,9 @@ private slots:
     void walkShowsWhatAFreshMeshShows_data();
     void walkShowsWhatAFreshMeshShows();
     void stillSceneIsLeftAlone();
+    void flagsLeaveTheIndicesAlone();
+    void quickFramesLoseNothing();
+    void modelEdgesInTheTexturesPlane();
     void hiddenMeshesCatchUp();
     void deletedMaterialIsBlack();
 };
@@ -212,6 +219,56 @@ void tst_KMRendererUpdates::stillSceneIsLeftAlone()
     QVERIFY(mesh->vertex(0)->screenPos != mark);
 }
 
+/// A selection writes over the colours, and no pass gets another list of what it draws.
+void tst_KMRendererUpdates::flagsLeaveTheIndicesAlone()
+{
+    RenderScene scene;
+    scene.setFlags({true, true, true, false, false});
+    KMMeshNode *mesh = scene.add(MeshFixtures::torus(9, 6));
+    gSolution->setCurrentNode(mesh);
+    scene.paint();
+    const auto firstIndices = [mesh](quint32 written) {
+        const KMShareContext context;
+        KMRendererMesh &data = KMRendererMesh::of(*mesh);
+        QVector<quint32> found;
+        for (RenderGroup *group :
+             {data.updateFaces(KMFaceStyle()).front().get(), &data.updateEdges({}), &data.updatePoints({})}) {
+            const KMBufferMap<quint32> map(group->ibo);
+            found << std::exchange(map.data()[0], written);
+        }
+        return found;
+    };
+    const QVector<quint32> before = firstIndices(77);
+    mesh->setVertexFlag(3, KMElementFlag::Selected);
+    mesh->setFaceFlag(5, KMElementFlag::Selected);
+    mesh->setEdgeFlag(*mesh->edges().begin(), KMElementFlag::Selected);
+    scene.paint();
+    QCOMPARE(firstIndices(77), QVector<quint32>(3, 77));
+    mesh->setFaceFlag(8, KMElementFlag::Hidden);
+    scene.paint();
+    QCOMPARE(firstIndices(77), before);
+}
+
+/// A quick frame shows no mesh; the next full one shows all that happened before it.
+void tst_KMRendererUpdates::quickFramesLoseNothing()
+{
+    RenderScene scene({120, 90});
+    KMMeshNode *mesh = scene.add(MeshFixtures::torus(9, 6));
+    scene.camera.setDistance(12);
+    const QImage plain = scene.paint();
+    gRenderer->setQuickFrame(true);
+    mesh->setPosition(5, {0, 9, 0});
+    mesh->markMoved();
+    const QImage quick = scene.paint();
+    scene.camera.setDistance(14);
+    scene.paint();
+    gRenderer->setQuickFrame(false);
+    const QImage shown = scene.paint();
+    mesh->renderer()->invalidate();
+    QCOMPARE(shown, scene.paint());
+    QVERIFY(quick != plain && quick != shown);
+}
+
 /// What happened to a mesh while it was hidden shows when it comes back into a view that stood still.
 void tst_KMRendererUpdates::hiddenMeshesCatchUp()
 {
@@ -231,6 +288,40 @@ void tst_KMRendererUpdates::hiddenMeshesCatchUp()
     scene.paint();
     QVERIFY(!mesh->face(3)->drawn);
     QCOMPARE(mesh->vertex(5)->screenPos.y, scene.camera.worldToWindow({0, 9, 0}).y);
+}
+
+/// The view of the texture's plane shows the edges of the active mesh, all in one colour, if it shows edges at all.
+void tst_KMRendererUpdates::modelEdgesInTheTexturesPlane()
+{
+    RenderScene scene({120, 90});
+    KMMeshNode *mesh = scene.add(MeshFixtures::torus(9, 6));
+    scene.camera.setDistance(12);
+    scene.paint();
+    KMCameraNode uvCamera(KMCameraNode::UV);
+    KMFrame frame;
+    frame.camera = &uvCamera;
+    frame.background = scene.background;
+    const auto countOf = [&](const QColor &color) {
+        const QImage picture = scene.view.paint(frame);
+        int count = 0;
+        for (int i = 0; i < picture.width() * picture.height(); ++i)
+            count += picture.pixelColor(i % picture.width(), i / picture.width()) == color;
+        return count;
+    };
+    const QColor plain = gSettings->displayColor(DP_ACT_EDGE);
+    gSolution->setCurrentNode(mesh);
+    const int without = countOf(plain);
+    frame.referenceCamera = &scene.camera;
+    const int with = countOf(plain);
+    QVERIFY(with > without + 50);
+    const QColor marked = gSettings->displayColor(DP_SEL_EDGE);
+    const int ofOthers = countOf(marked);
+    for (KMEdge *edge : mesh->edges())
+        mesh->setEdgeFlag(edge, KMElementFlag::Selected);
+    QCOMPARE(countOf(plain), with);
+    QCOMPARE(countOf(marked), ofOthers);
+    uvCamera.setViewFlag(KMCameraNode::ShowEdges, false);
+    QCOMPARE(countOf(plain), without);
 }
 
 void tst_KMRendererUpdates::deletedMaterialIsBlack()

@@ -68,6 +68,8 @@ private slots:
     void badPictures();
     void wideOnesAreFitted();
     void filesAreFollowed();
+    void unusedFilesAreLetGo();
+    void onePictureInTwoSlots();
 
 private:
     QTemporaryDir m_folder;
@@ -136,6 +138,60 @@ void tst_KMTextureCache::filesAreFollowed()
     QVERIFY2(scene.color().blue() > 200, "what was there stays");
     QVERIFY(writeFile(path, pngOf({8, 8}, Qt::green)));
     QTRY_VERIFY(scene.color().green() > 200 && scene.color().blue() < 40);
+}
+
+/// Files are let go with the last node that names them, and nobody is bothered by them any more.
+void tst_KMTextureCache::unusedFilesAreLetGo()
+{
+    const QString first = m_folder.filePath(QStringLiteral("first.png"));
+    const QString second = m_folder.filePath(QStringLiteral("second.png"));
+    QVERIFY(writeFile(first, pngOf({8, 8}, Qt::red)) && writeFile(second, pngOf({8, 8}, Qt::blue)));
+    PlateScene scene(first);
+    scene.paint();
+    const auto watched = [] { return gRenderer->textures().watchedPaths(); };
+    QVERIFY(watched().contains(first));
+    scene.texture->setPath(second);
+    QVERIFY(scene.color().blue() > 200);
+    QTRY_COMPARE(watched(), QStringList{second});
+    const QString missing = m_folder.filePath(QStringLiteral("not there.png"));
+    scene.texture->setPath(missing);
+    scene.paint();
+    QTRY_COMPARE(watched(), QStringList{m_folder.path()});
+    QVERIFY(writeFile(missing, pngOf({8, 8}, Qt::green)));
+    QTRY_VERIFY(scene.color().green() > 200 && scene.color().blue() < 40);
+    QTRY_COMPARE(watched(), QStringList{missing});
+}
+
+/// One picture as toon, which ends at its edges, and as texture, which goes on: it looks as two equal pictures do.
+void tst_KMTextureCache::onePictureInTwoSlots()
+{
+    const QString path = m_folder.filePath(QStringLiteral("both.png"));
+    QImage picture(2, 2, QImage::Format_RGB32);
+    picture.fill(QColor(60, 90, 255));
+    picture.setPixelColor(0, 0, QColor(255, 120, 40));
+    picture.setPixelColor(1, 1, QColor(120, 255, 80));
+    QVERIFY(picture.save(path));
+    PlateScene scene(path);
+    const int other = scene.addTexture(picture);
+    KMMeshNode *mesh = static_cast<KMMeshNode *>(gProject->renderMeshes().first());
+    KMBasicShader values;
+    values.diffuse = Qt::white;
+    values.textures[KMBasicShader::Diffuse] = 0;
+    QVector<QImage> shown;
+    for (const int toon : {other, 0}) {
+        values.textures[KMBasicShader::Toon] = toon;
+        const int shader = scene.addShader(values);
+        for (int f = 0; f < mesh->faceCount(); ++f) {
+            for (int c = 0; c < 4; ++c)
+                mesh->face(f)->uvs[c] = {float(f % 3) + 0.4f * float(c), -1.3f * float(c)};
+            mesh->setFaceShader(f, shader);
+        }
+        mesh->markDirty(KMMeshDirty::All);
+        shown << scene.paint() << scene.paint();
+    }
+    QCOMPARE(shown.at(1), shown.at(0));
+    QCOMPARE(shown.at(2), shown.at(0));
+    QCOMPARE(shown.at(3), shown.at(0));
 }
 
 KM_TEST(tst_KMTextureCache);

@@ -25,6 +25,7 @@ private slots:
     void turnsAboutThePivot_data();
     void turnsAboutThePivot();
     void centresOnTheTarget();
+    void centresOnWhatIsBehind();
     void endsWithTheCamera();
     void centresOfNodes();
 
@@ -87,6 +88,27 @@ void tst_KMViewAnimation::centresOnTheTarget()
         QVERIFY(gaps.last() < 0.01f);
         for (int i = 1; i < gaps.size(); ++i)
             QVERIFY(gaps.at(i) <= gaps.at(i - 1) + 0.01f);
+    }
+}
+
+/// What the eye doesn't look at comes into the picture, as far from it as what it looked at before.
+void tst_KMViewAnimation::centresOnWhatIsBehind()
+{
+    const Vector3 targets[] = {{0, 0, -700}, {40, -30, -500.5f}, {3, 2, -499.9f}, {0, 0, -500}};
+    for (const bool ortho : {false, true}) {
+        for (const Vector3 &target : targets) {
+            gSettings->animateCamera = true;
+            KMCameraNode camera;
+            camera.resize(640, 400);
+            camera.setAngles(0, 0, 0);
+            camera.setOrtho(ortho);
+            KMViewAnimation(&camera, [] {}).centreOn(target);
+            const Vector3 window = camera.worldToWindow(target);
+            QVERIFY(std::hypot(window.x - 320, window.y - 200) < 0.1f);
+            QVERIFY(window.z > 0.0f && window.z < 1.0f);
+            QVERIFY(std::fabs((target - camera.eye()).length() - 500.0f) < 1.0f);
+            QVERIFY(std::fabs(camera.distance() - 500.0f) < 1.0f);
+        }
     }
 }
 

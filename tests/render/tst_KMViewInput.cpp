@@ -147,6 +147,8 @@ class tst_KMViewInput : public QObject
 private slots:
     void drags_data();
     void drags();
+    void somethingElseEndsADrag_data();
+    void somethingElseEndsADrag();
     void wheelZooms();
     void orderOfPresses_data();
     void orderOfPresses();
@@ -227,6 +229,45 @@ void tst_KMViewInput::drags()
     const Pose after = poseOf(camera);
     mouse.move(from + QPointF(60, 60)); // nothing sticks to the mouse
     QCOMPARE(changes(after, poseOf(camera)), QString());
+}
+
+void tst_KMViewInput::somethingElseEndsADrag_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::addColumn<QString>("action");
+    for (const char *action : {"actionQuadView", "actionCameraFront", "actionCameraOrtho", "actionCameraReset"}) {
+        QTest::addRow("orbit, %s", action) << int(Qt::RightButton) << QString(QLatin1String(action));
+        QTest::addRow("pan, %s", action) << int(Qt::MiddleButton) << QString(QLatin1String(action));
+    }
+}
+
+/// The camera is one for several views, and none of them may go on with a drag whose view went, or which has been
+/// moved.
+void tst_KMViewInput::somethingElseEndsADrag()
+{
+    QFETCH(int, button);
+    QFETCH(QString, action);
+    ViewWindow window;
+    QVERIFY(window.isPainted());
+    KMOpenGLWidget *view = window.view();
+    KMCameraNode &camera = *view->camera();
+    Mouse mouse(view);
+    const QPointF middle = view->rect().center();
+    mouse.move(middle);
+    mouse.press(Qt::MouseButton(button), middle);
+    mouse.move(middle + QPointF(20, 20));
+    QVERIFY(window.views->isNavigating());
+    window->findChild<QAction *>(action)->trigger();
+    QVERIFY(!window.views->isNavigating());
+    const Pose there = poseOf(camera);
+    mouse.move(middle + QPointF(60, -40));
+    QCOMPARE(changes(there, poseOf(camera)), QString());
+    mouse.release(Qt::MouseButton(button), middle);
+    QVERIFY(!window.views->isNavigating());
+    KMOpenGLWidget *now = window.view(); // another one where the layout changed
+    const QPointF place = now->rect().center();
+    Mouse(now).drag({Qt::LeftButton}, place, place + QPointF(10, 30));
+    QCOMPARE(changes(there, poseOf(camera)), QString());
 }
 
 void tst_KMViewInput::wheelZooms()

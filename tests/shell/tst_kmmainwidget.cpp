@@ -442,8 +442,8 @@ void tst_kmmainwidget::menuTitlesAndActions()
     QStringList bar;
     for (const QAction *entry : window->menuBar()->actions())
         bar << entry->text();
-    QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Selection(&S)", "Normal(&L)", "Widget(&W)",
-                               "Panel(&P)", "View(&V)", "Help(&H)"}));
+    QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Selection(&S)", "Nodes(&N)", "Normal(&L)",
+                               "Widget(&W)", "Panel(&P)", "View(&V)", "Help(&H)"}));
 
     QStringList groups;
     QHash<QString, const QAction *> known;

@@ -9,11 +9,13 @@
 #include "render/KMPicker.h"
 #include "shell/KMMainBox.h"
 #include "shell/kmmainwidget.h"
+#include "support/CommandProof.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
+#include "tools/KMToolHandle.h"
+#include "tools/KMToolUniv.h"
 
 #include <QTest>
-#include <QUndoStack>
 
 #include <algorithm>
 
@@ -34,13 +36,21 @@ ToolWindow::ToolWindow(KMMeshNode *shape, int toolId)
     : mesh(shape)
     , bar(static_cast<KMToolBar *>((*this)->toolBar()))
 {
+    (*this)->mainBox()->setViewMode(KMOpenGLContainer::Quad);
+    if (mesh) {
+        add(mesh);
+        gSolution->clearHistory();
+        gProject->tree()->setCurrentItem(mesh->item());
+    }
+    bar->tool(toolId)->requestActivation();
+}
+
+void ToolWindow::add(KMMeshNode *shape)
+{
+    mesh = shape;
     for (int i = 0; i < mesh->vertexCount(); ++i)
         mesh->setPosition(i, mesh->position(i) * Size);
-    (*this)->mainBox()->setViewMode(KMOpenGLContainer::Quad);
     gProject->addNode(mesh);
-    gSolution->clearHistory();
-    gProject->tree()->setCurrentItem(mesh->item());
-    bar->tool(toolId)->requestActivation();
 }
 
 bool ToolWindow::isReady() const
@@ -62,6 +72,22 @@ QPointF ToolWindow::at(int viewIndex, const kvm::Vector3 &point) const
 QPointF ToolWindow::at(int viewIndex, int vertex) const
 {
     return at(viewIndex, mesh->position(vertex));
+}
+
+QPointF ToolWindow::onHandle(int viewIndex, int axis, float units) const
+{
+    const KMToolHandle *handle = static_cast<KMToolUniv *>(bar->current())->handle();
+    const KMHandlePlace place = handle->placeIn(*view(viewIndex)->camera());
+    kvm::Vector3 along;
+    along[axis] = units * place.unit;
+    return at(viewIndex, place.position + place.axes.rotate(along));
+}
+
+void ToolWindow::drag(int viewIndex, const QPointF &from, const QPointF &way, Qt::KeyboardModifiers modifiers)
+{
+    ViewMouse mouse(view(viewIndex));
+    mouse.modifiers = modifiers;
+    mouse.drag({Qt::LeftButton}, from, from + way);
 }
 
 void ToolWindow::filter(const KMEditFilter &filter)
@@ -91,22 +117,7 @@ int ToolWindow::selectedFaces() const
 
 QString ToolWindow::stepFailure(const QString &stepText, const std::function<void()> &gesture)
 {
-    QUndoStack *stack = (*this)->undoStack();
-    const int index = stack->index();
-    const QString before = text();
-    gesture();
-    const QString after = text();
-    if (stack->index() != index + 1)
-        return QStringLiteral("%1 steps").arg(stack->index() - index);
-    if (stack->undoText() != stepText)
-        return stack->undoText();
-    if (after == before)
-        return QStringLiteral("no effect");
-    stack->undo();
-    if (text() != before)
-        return QStringLiteral("undo doesn't give the start");
-    stack->redo();
-    return text() == after ? QString() : QStringLiteral("redo doesn't give the result");
+    return ::stepFailure([this] { return text(); }, stepText, gesture);
 }
 
 QString ToolWindow::text()

@@ -1,14 +1,21 @@
 #include "tools/KMHandleDrag.h"
 
 #include "core/KMHeadlessSession.h"
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMNodeTreeCommands.h"
+#include "core/KMNullNode.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
 #include "render/KMCameraNode.h"
 #include "support/TestRegistry.h"
 #include "tools/KMHandleCode.h"
+#include "tools/KMNodeDrag.h"
 
 #include <QTest>
 #include <QtMath>
 
 #include <cmath>
+#include <memory>
 
 using namespace KMHandleCode;
 using kvm::Quaternion;
@@ -56,6 +63,7 @@ private slots:
     void movesInTurnedFrame();
     void nearSideFollowsTheHand();
     void untouchedCoordinatesKeepEveryBit();
+    void nodeUnderMirroredParent();
 
 private:
     KMHeadlessSession m_session;
@@ -222,6 +230,42 @@ void tst_KMHandleDrag::untouchedCoordinatesKeepEveryBit()
     start.handle.position = {7.7f, 0.3f, -1e4f};
     const KMHandleDrag drag(*front, start);
     QCOMPARE(KMDragMap(drag.transform(*front, press + QPointF(33, 44), false))(point).y, point.y);
+}
+
+/// Place and orientation of a node turn about the axis that the hand turns about, whatever lies above it.
+void tst_KMHandleDrag::nodeUnderMirroredParent()
+{
+    const std::unique_ptr<KMCameraNode> view(camera(KMCameraNode::Front));
+    for (int mirrored = -1; mirrored < 3; ++mirrored) {
+        auto *parent = new KMNullNode, *child = new KMNullNode;
+        gProject->addNode(parent);
+        gProject->addNode(child);
+        KMTransform above;
+        above.rotation = Quaternion::fromAxisAngle(Vector3(1, 2, 3).normalized(), 0.7f);
+        if (mirrored >= 0)
+            above.scale[mirrored] = -1.0f;
+        parent->setTransform(above);
+        KMTransform start;
+        start.translation = {3, 1, -2};
+        start.rotation = Quaternion::fromAxisAngle({0, 1, 0}, 0.3f);
+        child->setTransform(start);
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, parent, child));
+        gSolution->push(new selectNodeCommand(child));
+        for (const Vector3 &axis : {Vector3(1, 0, 0), Vector3(0, 1, 0), Vector3(0, 0, 1)}) {
+            KMDragTransform turn;
+            turn.kind = KMDragTransform::Kind::Rotate;
+            turn.axis = axis;
+            turn.angle = 0.5f;
+            const Vector3 points[] = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
+            const kvm::Matrix4 before = child->worldMatrix();
+            KMNodeDrag drag;
+            QVERIFY(drag.begin({*view, KMHandleDrag()}));
+            drag.apply(turn, *view);
+            for (const Vector3 &point : points)
+                QCOMPARE(text(child->worldMatrix() * point), text(turn.turn().rotate(before * point)));
+            drag.cancel();
+        }
+    }
 }
 
 KM_TEST(tst_KMHandleDrag);

@@ -1,12 +1,16 @@
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMModifierNode.h"
 #include "render/KMCameraNode.h"
 #include "render/KMOpenGLContainer.h"
 #include "render/KMPicker.h"
 #include "shell/KMMainBox.h"
+#include "shell/KMNodeEdits.h"
 #include "shell/kmmainwidget.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
@@ -44,23 +48,34 @@ struct UnivWindow : ToolWindow
             mesh->setVertexFlag(i, KMElementFlag::Selected);
         tool->refresh();
     }
-    /// A place on a part of the handle along one of its axes, so many units from its middle.
-    QPointF onHandle(int viewIndex, int axis, float units) const
-    {
-        const KMHandlePlace place = tool->handle()->placeIn(*view(viewIndex)->camera());
-        Vector3 along;
-        along[axis] = units * place.unit;
-        return at(viewIndex, place.position + place.axes.rotate(along));
-    }
     float pixel(int viewIndex) const { return view(viewIndex)->camera()->pixelWorldLength({}) / 100.0f; }
-    void drag(int viewIndex, const QPointF &from, const QPointF &way, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        ViewMouse mouse(view(viewIndex));
-        mouse.modifiers = modifiers;
-        mouse.drag({Qt::LeftButton}, from, from + way);
-    }
 
     KMToolUniv *tool;
+};
+
+/// A stage of a chain that makes its input larger or smaller.
+class Resize : public KMModifierNode
+{
+public:
+    explicit Resize(float factor)
+        : KMModifierNode(KMNodeType::ModSdv, QStringLiteral("resize"))
+        , m_factor(factor)
+    {
+    }
+    KMModifierNode *clone() const override { return new Resize(m_factor); }
+
+protected:
+    void rebuildResult(KMMeshNode &input, KMMeshNode &result) override
+    {
+        for (const KMVertex *vertex : input.vertices())
+            result.addVertexRaw(vertex->pos * m_factor);
+        for (const KMFace *face : input.faces())
+            result.addFaceRaw(face->count, face->indices);
+    }
+    bool updateResult(const KMMeshNode &, KMMeshNode &) override { return false; }
+
+private:
+    float m_factor;
 };
 
 bool isClose(const Vector3 &a, const Vector3 &b)
@@ -92,6 +107,8 @@ private slots:
     void interruptions_data();
     void interruptions();
     void nothingToEdit();
+    void throughModifiers_data();
+    void throughModifiers();
 };
 
 void tst_KMToolUniv::clicks()
@@ -407,6 +424,48 @@ void tst_KMToolUniv::nothingToEdit()
         (window.mesh->*set)(!on);
     }
     QCOMPARE(window->undoStack()->count(), 0);
+}
+
+void tst_KMToolUniv::throughModifiers_data()
+{
+    QTest::addColumn<float>("factor");
+    QTest::newRow("result inside") << 0.5f;
+    QTest::newRow("result outside") << 1.5f;
+}
+
+/// A click means the mesh at the start of the chain, current or not; the node tool never looks at elements.
+void tst_KMToolUniv::throughModifiers()
+{
+    QFETCH(float, factor);
+    UnivWindow window;
+    QVERIFY(window.isReady());
+    window.tool->setHandleShown(false);
+    auto *modifier = new Resize(factor);
+    KMNodeEdits::addModifier(modifier);
+    window.view(frontView)->repaint();
+    QCOMPARE(modifier->modMesh()->vertexCount(), 8);
+    ViewMouse mouse(window.view(frontView));
+    const QPointF onBoth = window.at(frontView, Vector3(0.3f, 0.3f, 0) * size);
+    const QPointF onOne = window.at(frontView, Vector3(1.25f, 0.3f, 0) * size);
+    const auto chooseNothing = [] { gSolution->push(new selectNodeCommand(nullptr)); };
+
+    window.filter({false, false, true});
+    chooseNothing();
+    mouse.click(onBoth);
+    QCOMPARE(window.selectedFaces(), 1);
+    QCOMPARE(gSolution->currentNode(), static_cast<KMNode *>(window.mesh));
+    window.filter({true, false, false});
+    mouse.click(window.at(frontView, 3)); // it may lie behind a face of the result
+    QCOMPARE(window.selectedVertices().size(), 1);
+
+    window.filter({false, false, true});
+    chooseNothing();
+    mouse.click(onOne);
+    QCOMPARE(window.mesh->isSelected(), factor > 1.0f); // through the result to no element, or beside it
+    chooseNothing();
+    window.bar->tool(KMToolKind::SRT)->requestActivation();
+    mouse.click(onBoth);
+    QVERIFY(window.mesh->isSelected() && !modifier->isSelected());
 }
 
 KM_TEST(tst_KMToolUniv);

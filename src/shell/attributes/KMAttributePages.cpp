@@ -12,6 +12,7 @@
 #include "mesh/KMTagNormal.h"
 #include "shell/attributes/KMBasicShaderPage.h"
 #include "shell/attributes/KMMeshPage.h"
+#include "shell/attributes/KMModifierPages.h"
 #include "shell/attributes/KMNormalTagPage.h"
 #include "shell/attributes/KMNullPage.h"
 #include "shell/attributes/KMPbrShaderPage.h"
@@ -54,6 +55,12 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::PrimPlane, 0, &make<KMPrimPlanePage, KMPrimPlaneNode>},
     {KMNodeType::Prim3DText, 0, &make<KMPrim3DTextPage, KMPrim3DTextNode>},
     {KMNodeType::PrimSVG, 0, &make<KMPrimSVGPage, KMPrimSVGNode>},
+    {KMNodeType::ModSdv, 0, &make<KMModSdvPage, KMModSdvNode>},
+    {KMNodeType::ModSym, 0, &make<KMModSymPage, KMModSymNode>},
+    {KMNodeType::ModFFD, 0, &make<KMModFFDPage, KMModFFDNode>},
+    {KMNodeType::ModPipe, 0, &make<KMModPipePage, KMModPipeNode>},
+    {KMNodeType::ModSolid, 0, &make<KMModSolidPage, KMModSolidNode>},
+    {KMNodeType::ModCloner, 0, &make<KMModClonerPage, KMModClonerNode>},
     {KMNodeType::Mesh, 0, &make<KMMeshPage, KMMeshNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},

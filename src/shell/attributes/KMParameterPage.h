@@ -3,7 +3,6 @@
 #include "core/KMSolution.h"
 #include "shell/attributes/KMNullPage.h"
 #include "shell/widgets/KMNumberField.h"
-#include "shell/widgets/KMVectorField.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -65,14 +64,15 @@ protected:
                          [this, member](int entry) { edit([&](Parameters &p) { p.*member = Number(entry); }); });
         this->onRefresh([this, box, member] { box->setCurrentIndex(int(m_node->parameters().*member)); });
     }
-    void bindVector(const QString &label, const QString &key, kvm::Vector3 Parameters::*member)
+    KMNumberField *bindComponent(const QString &label, const QString &key, kvm::Vector3 Parameters::*member, int axis)
     {
-        auto *field = new KMVectorField;
-        this->addRow(label, field, key);
-        QObject::connect(field, &KMVectorField::committed, this, [this, member](const kvm::Vector3 &vector) {
-            edit([&](Parameters &p) { p.*member = vector; });
+        KMNumberField *field = this->addNumber(label, key);
+        field->setRange(-Longest, Longest);
+        QObject::connect(field, &KMNumberField::committed, this, [this, member, axis](double number) {
+            edit([&](Parameters &p) { (p.*member)[axis] = float(number); });
         });
-        this->onRefresh([this, field, member] { field->showVector(m_node->parameters().*member); });
+        this->onRefresh([this, field, member, axis] { field->showNumber(double((parameters().*member)[axis])); });
+        return field;
     }
 
     Parameters parameters() const { return m_node->parameters(); }

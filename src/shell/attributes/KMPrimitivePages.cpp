@@ -4,6 +4,7 @@
 #include "core/KMPrompt.h"
 #include "shell/widgets/KMTextArea.h"
 #include "shell/widgets/KMTextField.h"
+#include "shell/widgets/KMVectorField.h"
 
 #include <QFileInfo>
 #include <QFontComboBox>

@@ -50,7 +50,8 @@ QList<KMMeshNode *> meshesInMind()
     QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
     meshes.erase(std::remove_if(meshes.begin(), meshes.end(),
                                 [](const KMMeshNode *mesh) {
-                                    return !KMMeshTargets::isEditable(*mesh) || mesh->liveFaces().isEmpty();
+                                    return !KMMeshTargets::isEditable(*mesh) || KMMeshTargets::isUnderControl(*mesh)
+                                           || mesh->liveFaces().isEmpty();
                                 }),
                  meshes.end());
     return meshes;
@@ -158,7 +159,10 @@ QString ComShowCurrentOnly::obstacle() const
 
 bool ComShowCurrentOnly::shallBeVisible(const KMContainerNode *node) const
 {
-    return node == gSolution->currentNode();
+    KMNode *current = gSolution->currentNode();
+    if (current && isModifier(current->type())) // it shows on its mesh
+        current = KMTreeWidget::parentNodeOf(nodeAs<KMContainerNode>(current));
+    return node == current;
 }
 
 ComShowAll::ComShowAll(QObject *parent)

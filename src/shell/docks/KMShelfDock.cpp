@@ -32,6 +32,10 @@ public:
 
 protected:
     QStringList mimeTypes() const override { return {KMTreeWidget::NodeMimeType}; }
+    void startDrag(Qt::DropActions) override
+    {
+        QListWidget::startDrag(Qt::CopyAction);
+    } // after a move the tile is gone
     QMimeData *mimeData(const QList<QListWidgetItem *> tiles) const override
     {
         QList<KMContainerNode *> nodes;

@@ -16,18 +16,17 @@ struct ModeRow
 {
     KMExtrusion::Mode mode;
     const char *name;
-    const char *text;
     const char *tip;
 };
 
 constexpr ModeRow modeRows[] = {
-    {KMExtrusion::Mode::Default, "Default", QT_TRANSLATE_NOOP("KMExtrudePage", "Default"),
+    {KMExtrusion::Mode::Default, "Default",
      QT_TRANSLATE_NOOP("KMExtrudePage", "Along the normals, in place of the faces")},
-    {KMExtrusion::Mode::Offset, "Offset", QT_TRANSLATE_NOOP("KMExtrudePage", "Offset"),
+    {KMExtrusion::Mode::Offset, "Offset",
      QT_TRANSLATE_NOOP("KMExtrudePage", "In the plane of the faces, inward from their border")},
-    {KMExtrusion::Mode::Solidify, "Solidify", QT_TRANSLATE_NOOP("KMExtrudePage", "Solidify"),
+    {KMExtrusion::Mode::Solidify, "Solidify",
      QT_TRANSLATE_NOOP("KMExtrudePage", "Along the normals; the faces stay as the other side of a wall")},
-    {KMExtrusion::Mode::MoveVertex, "MoveVertex", QT_TRANSLATE_NOOP("KMExtrudePage", "Move Vertex"),
+    {KMExtrusion::Mode::MoveVertex, "MoveVertex",
      QT_TRANSLATE_NOOP("KMExtrudePage", "The faces themselves move along the normals")},
 };
 
@@ -44,7 +43,7 @@ KMExtrudePage::KMExtrudePage(KMToolExtrude *tool, QWidget *parent)
     addModes();
     m_perFaces->setObjectName(nameOf("PerFaces"));
     m_perFaces->setFocusPolicy(Qt::ClickFocus);
-    m_perFaces->setToolTip(tr("Each face is extruded alone, not with its neighbours"));
+    m_perFaces->setStatusTip(tr("Each face is extruded alone, not with its neighbours"));
     form()->addRow(m_perFaces);
     addValue(tr("Value"), -sliderRange, sliderRange);
     addApply(tr("Write the preview to the mesh"));
@@ -64,11 +63,11 @@ void KMExtrudePage::addModes()
 {
     auto *grid = new QGridLayout;
     for (const ModeRow &row : modeRows) {
-        auto *button = new QPushButton(tr(row.text));
+        auto *button = new QPushButton(m_tool->modeName(int(row.mode)));
         const int mode = int(row.mode);
         button->setObjectName(nameOf(row.name));
         button->setProperty("mode", mode);
-        button->setToolTip(tr(row.tip));
+        button->setStatusTip(tr(row.tip));
         button->setCheckable(true);
         button->setFocusPolicy(Qt::ClickFocus);
         connect(button, &QPushButton::pressed, m_tool, &KMToolExtrude::onExtrudeBtnPressed);

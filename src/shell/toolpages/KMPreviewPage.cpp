@@ -40,7 +40,7 @@ void KMPreviewPage::addValue(const QString &label, double least, double most)
 
 void KMPreviewPage::addApply(const QString &tip)
 {
-    m_apply->setToolTip(tip);
+    m_apply->setStatusTip(tip);
     m_form->addRow(m_apply);
 }
 

@@ -8,14 +8,22 @@
 
 namespace {
 
+struct ModeRow
+{
+    const char *objectName;
+    const char *tip;
+};
+
 /// By KMToolSel::Mode.
-constexpr const char *tips[] = {
-    QT_TRANSLATE_NOOP("KMSelPage", "A click chooses the whole mesh in the tree"),
-    QT_TRANSLATE_NOOP("KMSelPage", "Clicks on vertices select the shortest way of edges from each to the next"),
-    QT_TRANSLATE_NOOP("KMSelPage", "A click on a face selects all that hang together with it"),
-    QT_TRANSLATE_NOOP("KMSelPage", "A click on an edge selects the belt of quads that crosses it"),
-    QT_TRANSLATE_NOOP("KMSelPage", "A click on an edge selects the loop that it lies on"),
-    QT_TRANSLATE_NOOP("KMSelPage", "A click on an edge selects the ring of edges opposite to one another"),
+constexpr ModeRow modeRows[] = {
+    {"selNode", QT_TRANSLATE_NOOP("KMSelPage", "A click chooses the whole mesh in the tree")},
+    {"selRootEdge",
+     QT_TRANSLATE_NOOP("KMSelPage", "Clicks on vertices select the shortest way of edges from each to the next")},
+    {"selChainedFace", QT_TRANSLATE_NOOP("KMSelPage", "A click on a face selects all that hang together with it")},
+    {"selBeltFace", QT_TRANSLATE_NOOP("KMSelPage", "A click on an edge selects the belt of quads that crosses it")},
+    {"selLoopEdge", QT_TRANSLATE_NOOP("KMSelPage", "A click on an edge selects the loop that it lies on")},
+    {"selRingEdge",
+     QT_TRANSLATE_NOOP("KMSelPage", "A click on an edge selects the ring of edges opposite to one another")},
 };
 
 constexpr int columns = 2;
@@ -30,8 +38,8 @@ KMSelPage::KMSelPage(KMToolSel *tool, QWidget *parent)
     for (int mode = 0; mode < KMToolSel::ModeCount; ++mode) {
         auto *button = new QToolButton;
         button->setText(tool->modeName(mode));
-        button->setObjectName(QStringLiteral("selMode%1").arg(mode));
-        button->setStatusTip(tr(tips[mode]));
+        button->setObjectName(QLatin1String(modeRows[mode].objectName));
+        button->setStatusTip(tr(modeRows[mode].tip));
         button->setCheckable(true);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         m_modes->addButton(button, mode);

@@ -19,7 +19,7 @@ using namespace KMHandleCode;
 
 constexpr int kinds = Translates | Rotates | Scales;
 
-enum Option { RotateCircle, Move, Rotate, Scale, Handle, World, Local };
+enum Option { RotateCircle, Move, Rotate, Scale, Handle, Flow, World, Local };
 
 struct OptionRow
 {
@@ -43,6 +43,8 @@ constexpr OptionRow rows[] = {
      QT_TRANSLATE_NOOP("KMUnivPage", "A circle around the handle that rotates about the direction of view"), HasRing, false},
     {Handle, QT_TRANSLATE_NOOP("KMUnivPage", "Handle"), "univHandle",
      QT_TRANSLATE_NOOP("KMUnivPage", "Show the handle at the selection"), 0, true},
+    {Flow, QT_TRANSLATE_NOOP("KMUnivPage", "Flow"), "univFlow",
+     QT_TRANSLATE_NOOP("KMUnivPage", "A drag at an element selects all that it passes over"), 0, true},
     {World, QT_TRANSLATE_NOOP("KMUnivPage", "World"), "univWorld",
      QT_TRANSLATE_NOOP("KMUnivPage", "The handle stands along the axes of the world"), 0, true},
     {Local, QT_TRANSLATE_NOOP("KMUnivPage", "Local"), "univLocal",
@@ -63,6 +65,8 @@ bool hasAllKinds(int toolId)
 
 bool isOffered(const OptionRow &row, int toolId)
 {
+    if (row.option == Flow)
+        return toolId != KMToolKind::SRT;
     return row.isOfAll || hasAllKinds(toolId) || (row.option == RotateCircle && toolId == KMToolKind::Rotate);
 }
 
@@ -129,6 +133,7 @@ void KMUnivPage::sync()
         const OptionRow &row = rowOf(button.key());
         const bool on = row.bit                ? m_tool->handleMode() & row.bit
                         : row.option == Handle ? m_tool->isHandleShown()
+                        : row.option == Flow   ? m_tool->isFlowing()
                                                : m_tool->isLocal() == (row.option == Local);
         button.value()->setChecked(on);
     }
@@ -141,6 +146,8 @@ void KMUnivPage::onUnivOptionChanged(int option)
         m_tool->setHandleMode(on ? m_tool->handleMode() | bit : m_tool->handleMode() & ~bit);
     else if (option == Handle)
         m_tool->setHandleShown(on);
+    else if (option == Flow)
+        m_tool->setFlowing(on);
     else
         m_tool->setLocal(option == Local);
 }

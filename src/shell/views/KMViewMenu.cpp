@@ -5,6 +5,7 @@
 #include "render/KMCameraBoxShape.h"
 #include "render/KMNavigationIcons.h"
 #include "render/KMOpenGLWidget.h"
+#include "render/KMToolIcons.h"
 
 #include <QMenu>
 #include <QMouseEvent>
@@ -25,6 +26,9 @@ bool KMViewMenu::isOnControl(const QPointF &position) const
     if (!camera)
         return false;
     const KMCameraBox *box = m_view->cameraBox();
+    const KMToolIcons *icons = m_view->toolIcons();
+    if (icons && icons->codeAt(position) != KMToolIcons::NoHit)
+        return true;
     return KMNavigationIcons::codeAt(*camera, position) != KMNavigationIcons::NoIcon
            || (box && box->codeAt(*camera, position) != KMCameraBoxShape::NoHit);
 }

@@ -1,0 +1,419 @@
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMNodeTreeCommands.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTransformCommands.h"
+#include "core/KMTreeWidget.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMMeshEdit.h"
+#include "mesh/KMMeshModifier.h"
+#include "mesh/KMMeshNode.h"
+#include "modifiers/KMChainCopy.h"
+#include "modifiers/KMFreezeModifiers.h"
+#include "modifiers/KMModClonerNode.h"
+#include "modifiers/KMModFFDNode.h"
+#include "modifiers/KMModPipeNode.h"
+#include "modifiers/KMModSdvCommands.h"
+#include "modifiers/KMModSolidNode.h"
+#include "modifiers/KMModSymNode.h"
+#include "support/MeshFixtures.h"
+#include "support/TestRegistry.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+#include <QUndoStack>
+
+namespace {
+
+/// Shape and topology of a result, without what only a later refresh derives.
+QString shapeText(const KMMeshNode &mesh)
+{
+    QString text = QStringLiteral("%1 %2\n").arg(mesh.vertexCount()).arg(mesh.faceCount());
+    for (const KMVertex *vertex : mesh.vertices()) {
+        if (vertex)
+            text += QStringLiteral("v %1 %2 %3 %4\n")
+                        .arg(double(vertex->pos.x), 0, 'g', 9)
+                        .arg(double(vertex->pos.y), 0, 'g', 9)
+                        .arg(double(vertex->pos.z), 0, 'g', 9)
+                        .arg(double(vertex->weight));
+    }
+    for (const KMFace *face : mesh.faces()) {
+        if (!face)
+            continue;
+        text += QStringLiteral("f %1 %2:").arg(face->shader).arg(face->hasFlag(KMElementFlag::Hidden));
+        for (int c = 0; c < face->count; ++c)
+            text += QStringLiteral(" %1/%2,%3")
+                        .arg(face->indices[c])
+                        .arg(double(face->uvs[c].x), 0, 'g', 9)
+                        .arg(double(face->uvs[c].y), 0, 'g', 9);
+        text += QLatin1Char('\n');
+    }
+    return text;
+}
+
+/// Edits a mesh and the modifiers below it at random. After each step the chain, which was updated step by step, has to
+/// be what a chain made afresh is.
+class Walker
+{
+public:
+    Walker(KMMeshNode *mesh, quint32 seed)
+        : m_scene(mesh)
+        , m_mesh(*mesh)
+        , m_random(seed)
+        , m_start(m_scene.dump.text())
+    {
+    }
+
+    void add();
+    void step();
+    void undoAll();
+    QString problem() const { return m_problem; }
+    int stages() const { return m_mesh.modifiers().size(); }
+
+private:
+    using Edit = void (Walker::*)();
+    static const Edit edits[];
+
+    int below(int limit) { return limit > 0 ? int(m_random.bounded(limit)) : 0; }
+    bool coin() { return m_random.bounded(2); }
+    float number(float most) { return float(m_random.generateDouble() * 2.0 - 1.0) * most; }
+    QUndoStack &stack() { return m_scene.session.stack(); }
+    QList<KMContainerNode *> modifiers() const;
+    KMContainerNode *anyModifier();
+    void check();
+
+    void remove();
+    void reorder();
+    void takeOut();
+    void switchOne();
+    void edit();
+    void place();
+    void moveVertex();
+    void moveVertices();
+    void addFace();
+    void deleteFace() { KMMeshEdit::deleteFace(m_mesh, below(m_mesh.faceCount())); }
+    void deleteVertex() { KMMeshEdit::deleteVertex(m_mesh, below(m_mesh.vertexCount())); }
+    void split() { KMMeshEdit::splitQuad(m_mesh, below(m_mesh.faceCount())); }
+    void weighEdge();
+    void weighVertex() { KMMeshEdit::setVertexWeight(m_mesh, below(m_mesh.vertexCount()), float(below(3))); }
+    void hide() { KMMeshEdit::hideFace(m_mesh, below(m_mesh.faceCount()), coin()); }
+    void shade() { KMMeshEdit::editFaceShader(m_mesh, below(m_mesh.faceCount()), below(3) - 1); }
+    void select() { KMMeshEdit::selectFace(m_mesh, below(m_mesh.faceCount()), coin()); }
+    void mapUV();
+    void history();
+
+    MeshScene m_scene;
+    KMMeshNode &m_mesh;
+    QRandomGenerator m_random;
+    QString m_start;
+    QString m_problem;
+};
+
+const Walker::Edit Walker::edits[] = {
+    &Walker::add,         &Walker::add,        &Walker::add,          &Walker::remove,       &Walker::reorder,
+    &Walker::reorder,     &Walker::takeOut,    &Walker::switchOne,    &Walker::switchOne,    &Walker::edit,
+    &Walker::edit,        &Walker::edit,       &Walker::place,        &Walker::place,        &Walker::moveVertex,
+    &Walker::moveVertex,  &Walker::moveVertex, &Walker::moveVertices, &Walker::moveVertices, &Walker::addFace,
+    &Walker::addFace,     &Walker::deleteFace, &Walker::deleteVertex, &Walker::split,        &Walker::weighEdge,
+    &Walker::weighVertex, &Walker::hide,       &Walker::shade,        &Walker::select,       &Walker::mapUV,
+    &Walker::history,     &Walker::history,    &Walker::history,
+};
+
+QList<KMContainerNode *> Walker::modifiers() const
+{
+    QList<KMContainerNode *> found;
+    for (KMNode *node : gProject->modifiersInTree().nodes())
+        found << nodeAs<KMContainerNode>(node);
+    return found;
+}
+
+KMContainerNode *Walker::anyModifier()
+{
+    const QList<KMContainerNode *> all = modifiers();
+    return all.isEmpty() ? nullptr : all.at(below(all.size()));
+}
+
+void Walker::add()
+{
+    if (modifiers().size() >= 5)
+        return;
+    KMContainerNode *modifier = nullptr;
+    switch (below(6)) {
+    case 0: {
+        auto *subdivision = new KMModSdvNode;
+        KMModSdvNode::Parameters p;
+        p.level = below(2);
+        subdivision->setParameters(p);
+        modifier = subdivision;
+        break;
+    }
+    case 1:
+        modifier = new KMModSymNode;
+        break;
+    case 2:
+        modifier = new KMModFFDNode;
+        break;
+    case 3:
+        modifier = new KMModPipeNode;
+        break;
+    case 4:
+        modifier = new KMModSolidNode;
+        break;
+    default: {
+        auto *cloner = new KMModClonerNode;
+        KMModClonerNode::Parameters p;
+        p.count = 2;
+        cloner->setParameters(p);
+        modifier = cloner;
+    }
+    }
+    const KMUndoMacro macro(QStringLiteral("add"));
+    gProject->addToScene(modifier);
+    gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, &m_mesh, modifier, KMRowFocus::Keep));
+    gProject->checkModifiers();
+}
+
+void Walker::remove()
+{
+    if (KMContainerNode *modifier = anyModifier())
+        gProject->deleteNode(modifier);
+}
+
+void Walker::reorder()
+{
+    KMContainerNode *modifier = anyModifier();
+    KMContainerNode *target = anyModifier();
+    if (!modifier || modifier == target || !canMove(modifier, target))
+        return;
+    const KMUndoMacro macro(QStringLiteral("reorder"));
+    gSolution->push(new moveNodeCommand(moveNodeCommand::BeforeSibling, target, modifier, KMRowFocus::Keep));
+    gProject->checkModifiers();
+}
+
+void Walker::takeOut()
+{
+    KMContainerNode *modifier = anyModifier();
+    if (!modifier)
+        return;
+    KMContainerNode *target = modifier->item()->parent() ? nullptr : &m_mesh;
+    const KMUndoMacro macro(QStringLiteral("take out"));
+    gSolution->push(new moveNodeCommand(target ? moveNodeCommand::LastChild : moveNodeCommand::LastTopLevel, target,
+                                        modifier, KMRowFocus::Keep));
+    gProject->checkModifiers();
+}
+
+void Walker::switchOne()
+{
+    KMContainerNode *modifier = anyModifier();
+    if (!modifier)
+        return;
+    const KMUndoMacro macro(QStringLiteral("switch"));
+    gSolution->push(new setVisibleCommand(modifier, !modifier->isVisible()));
+    gProject->checkModifiers();
+}
+
+void Walker::edit()
+{
+    KMContainerNode *node = anyModifier();
+    if (auto *subdivision = qobject_cast<KMModSdvNode *>(node)) {
+        KMModSdvNode::Parameters p = subdivision->parameters();
+        p.level = below(2);
+        p.isTriangleSmooth = coin();
+        p.interpolation = below(6);
+        gSolution->push(new editModSdvCommand(subdivision, p));
+    } else if (auto *symmetry = qobject_cast<KMModSymNode *>(node)) {
+        KMModSymNode::Parameters p = symmetry->parameters();
+        p.axis = below(6);
+        p.margin = number(0.5f);
+        p.crossing = quint8(below(2));
+        gSolution->push(new editModSymCommand(symmetry, p));
+    } else if (auto *lattice = qobject_cast<KMModFFDNode *>(node)) {
+        KMModFFDNode::Parameters p = lattice->parameters();
+        p.power = number(2.0f);
+        if (coin())
+            p.nodeCounts[below(3)] = 2 + below(3);
+        gSolution->push(new editModFFDCommand(lattice, p));
+    } else if (auto *pipe = qobject_cast<KMModPipeNode *>(node)) {
+        KMModPipeNode::Parameters p = pipe->parameters();
+        p.mode = below(4);
+        p.radius = number(1.0f);
+        p.fillCap = coin();
+        gSolution->push(new editModPipeCommand(pipe, p));
+    } else if (auto *solid = qobject_cast<KMModSolidNode *>(node)) {
+        gSolution->push(new editModSolCommand(solid, {number(1.0f), 0}));
+    } else if (auto *cloner = qobject_cast<KMModClonerNode *>(node)) {
+        KMModClonerNode::Parameters p = cloner->parameters();
+        p.mode = below(5);
+        p.count = 1 + below(3);
+        gSolution->push(new editModClonerCommand(cloner, p));
+    }
+}
+
+void Walker::place()
+{
+    KMContainerNode *modifier = anyModifier();
+    if (!modifier)
+        return;
+    KMTransform transform = nodeAs<KMNullNode>(modifier)->transform();
+    transform.translation = {number(0.5f), number(0.5f), number(0.5f)};
+    transform.rotation = kvm::Quaternion::fromEuler({number(1.0f), 0.0f, number(1.0f)});
+    gSolution->push(new editSRTCommand(nodeAs<KMNullNode>(modifier), transform));
+}
+
+void Walker::moveVertex()
+{
+    KMMeshEdit::moveVertex(m_mesh, below(m_mesh.vertexCount()), {number(1.0f), number(1.0f), number(1.0f)});
+}
+
+void Walker::moveVertices()
+{
+    const KMUndoMacro macro(QStringLiteral("move"));
+    for (int i = below(3); i < m_mesh.vertexCount(); i += 3) {
+        if (m_mesh.vertex(i))
+            KMMeshEdit::moveVertex(m_mesh, i, m_mesh.position(i) + kvm::Vector3(number(0.3f), number(0.3f), 0.0f));
+    }
+}
+
+void Walker::addFace()
+{
+    const int count = 2 + below(3);
+    int corners[KMFace::MaxCorners] = {};
+    for (int c = 0; c < count; ++c) {
+        corners[c] = below(m_mesh.vertexCount());
+        if (!m_mesh.vertex(corners[c]) || std::find(corners, corners + c, corners[c]) != corners + c)
+            return;
+    }
+    KMMeshEdit::addFace(m_mesh, count, corners);
+}
+
+void Walker::weighEdge()
+{
+    if (m_mesh.edgeCount() == 0)
+        return;
+    const KMEdge *edge = m_mesh.edges().at(below(m_mesh.edgeCount()));
+    KMMeshEdit::setEdgeWeight(m_mesh, edge->index0, edge->index1, float(below(3)));
+}
+
+void Walker::mapUV()
+{
+    KMMeshEdit::editFaceUV(m_mesh, below(m_mesh.faceCount()), below(3), {number(1.0f), number(1.0f)});
+}
+
+void Walker::history()
+{
+    stack().setIndex(qBound(0, stack().index() + below(7) - 3, stack().count()));
+}
+
+void Walker::step()
+{
+    const int edit = below(int(std::size(edits)));
+    (this->*edits[edit])();
+    check();
+    if (!m_problem.isEmpty())
+        m_problem += QStringLiteral(" after edit %1 of %2 stages").arg(edit).arg(stages());
+}
+
+void Walker::check()
+{
+    if (m_mesh.isChainStale())
+        m_problem = QStringLiteral("the chain isn't the one of the tree");
+    KMChainCopy fresh(m_mesh);
+    fresh.evaluate();
+    for (int i = 0; i < stages() && m_problem.isEmpty(); ++i) {
+        const QString expected = shapeText(*fresh.stage(i)->modMesh());
+        const QString found = shapeText(*m_mesh.modifiers().at(i).second->modMesh());
+        if (expected == found)
+            continue;
+        const QStringList a = expected.split(QLatin1Char('\n')), b = found.split(QLatin1Char('\n'));
+        int line = 0;
+        while (line < a.size() && line < b.size() && a.at(line) == b.at(line))
+            ++line;
+        m_problem = QStringLiteral("stage %1 (%2): line %3 is '%4', afresh '%5'")
+                        .arg(i)
+                        .arg(m_mesh.modifiers().at(i).second->modifierNode()->name())
+                        .arg(line)
+                        .arg(b.value(line), a.value(line));
+    }
+}
+
+void Walker::undoAll()
+{
+    stack().setIndex(0);
+    check();
+    if (m_problem.isEmpty() && m_scene.dump.text() != m_start)
+        m_problem = QStringLiteral("undone to the start the document is another one");
+}
+
+} // namespace
+
+class tst_ModifierWalk : public QObject
+{
+    Q_OBJECT
+private slots:
+    void stepByStepAsAfresh_data();
+    void stepByStepAsAfresh();
+    void freezing();
+};
+
+void tst_ModifierWalk::stepByStepAsAfresh_data()
+{
+    QTest::addColumn<int>("seed");
+    const int seeds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 200 : 8;
+    for (int seed = 1; seed <= seeds; ++seed)
+        QTest::newRow(qPrintable(QString::number(seed))) << seed;
+}
+
+void tst_ModifierWalk::stepByStepAsAfresh()
+{
+    QFETCH(int, seed);
+    Walker walker(seed % 2 ? MeshFixtures::cube() : MeshFixtures::mixedBag(), quint32(seed));
+    for (int stage = 0; stage < 3; ++stage)
+        walker.add();
+    for (int step = 0; step < 150; ++step) {
+        walker.step();
+        QVERIFY2(walker.problem().isEmpty(), qPrintable(QStringLiteral("step %1: %2").arg(step).arg(walker.problem())));
+    }
+    walker.undoAll();
+    QVERIFY2(walker.problem().isEmpty(), qPrintable(walker.problem()));
+}
+
+void tst_ModifierWalk::freezing()
+{
+    MeshScene scene(MeshFixtures::cube());
+    QCOMPARE(KMFreezeModifiers::freezeModifiers(scene.mesh), 0); // no chain
+    scene.mesh->setLocked(false);
+    auto *symmetry = new KMModSymNode;
+    auto *subdivision = new KMModSdvNode;
+    for (KMContainerNode *modifier :
+         {static_cast<KMContainerNode *>(symmetry), static_cast<KMContainerNode *>(subdivision)}) {
+        gProject->addToScene(modifier);
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, scene.mesh, modifier, KMRowFocus::Keep));
+    }
+    auto *child = new KMNullNode;
+    gProject->addToScene(child);
+    gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, scene.mesh, child, KMRowFocus::Keep));
+    gProject->checkModifiers();
+    const QString before = scene.dump.text();
+    const QString shape = shapeText(*subdivision->modMesh());
+    const int steps = scene.session.stack().count();
+
+    QCOMPARE(KMFreezeModifiers::freezeModifiers(scene.mesh), 1);
+    QCOMPARE(scene.session.stack().count(), steps + 1);
+    QCOMPARE(gProject->meshesInTree().size(), 1);
+    QCOMPARE(gProject->modifiersInTree().size(), 0);
+    KMMeshNode *frozen = gProject->meshesInTree().at(0);
+    QCOMPARE(shapeText(*frozen), shape);
+    QVERIFY(frozen->faceCount() > 0);
+    QCOMPARE(KMTreeWidget::parentNodeOf(child), frozen);
+    QCOMPARE(frozen->name(), scene.mesh->name());
+
+    scene.session.stack().undo();
+    QCOMPARE(scene.dump.text(), before);
+    QCOMPARE(shapeText(*subdivision->modMesh()), shape);
+    scene.session.stack().redo();
+    QCOMPARE(shapeText(*gProject->meshesInTree().at(0)), shape);
+}
+
+KM_TEST(tst_ModifierWalk);
+
+#include "tst_ModifierWalk.moc"
