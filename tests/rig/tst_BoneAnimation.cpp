@@ -1,5 +1,6 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
@@ -224,6 +225,24 @@ void tst_BoneAnimation::keyEditsMoveThePose()
     scene.session.stack().undo();
     QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
     QVERIFY(scene.rig->animation()->tracks().isEmpty());
+    // As a pose is read: keys between two commands that pose the bones, on the way forward and back.
+    {
+        const KMUndoMacro macro(QStringLiteral("pose"));
+        gSolution->push(new animationFrameMoveCommand(scene.rig, true));
+        gSolution->push(new animationBuildBoneCommand(scene.rig));
+        gSolution->push(new addBoneKeyCommand(scene.rig, keyOf(QStringLiteral("b"), 0, {}, aboutZ(90))));
+        gSolution->push(new addBoneKeyCommand(scene.rig, keyOf(QStringLiteral("nobody"), 0)));
+        gSolution->push(new animationBuildBoneCommand(scene.rig));
+        gSolution->push(new animationFrameMoveCommand(scene.rig, false));
+    }
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
+        QCOMPARE(scene.rig->animation()->tracks().size(), 1);
+        scene.session.stack().undo();
+        QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+        QVERIFY(scene.rig->animation()->tracks().isEmpty());
+        scene.session.stack().redo();
+    }
 }
 
 void tst_BoneAnimation::renamedBoneLosesItsTrack()
