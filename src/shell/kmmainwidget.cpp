@@ -239,7 +239,9 @@ void kmmainwidget::commitOpenEditors()
     QPointer<QWidget> focus = QApplication::focusWidget();
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->commit();
-    m_attributeDock->setFocus();                         // closes an editor in a row or a tile
+    if (focus && KMShortcutFilter::isTextEditor(focus))
+        focus->clearFocus(); // closes an editor in a row or a tile, also in a panel that floats
+    m_attributeDock->setFocus();
     if (focus && !KMShortcutFilter::isTextEditor(focus)) // the arrows go on where they were
         focus->setFocus();
 }

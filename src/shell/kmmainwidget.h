@@ -172,6 +172,7 @@ private slots:
     void syncViewActions();            ///< their check marks are those of the current view
 
     void onMenuZen();
+    void onToggleDockWidgets(); ///< hides the panels that are open, or brings these back
     void onMenuPanelIndex();
     void onDrawerChosen(int entry);
 
@@ -265,6 +266,7 @@ private:
     kmanimationpanel *m_animationPanel = nullptr;
     QList<KMCustomPanel *> m_customPanels;
     KMZenMode *m_zen = nullptr;
+    QList<QDockWidget *> m_hiddenDocks; ///< to be brought back together
     KMSnackbar *m_snackbar = nullptr;
     KMDrawer *m_drawer = nullptr;
     KMHelpWidget *m_help = nullptr;

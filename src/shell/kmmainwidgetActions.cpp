@@ -135,6 +135,8 @@ void kmmainwidget::createActions()
 
         {"actionZen", QT_TR_NOOP("Zen Mode"), "", "F11", &W::onMenuZen,
          QT_TR_NOOP("Show the views alone, and all the rest again as it was")},
+        {"actionToggleDocks", QT_TR_NOOP("Toggle Dock Widgets"), "", "", &W::onToggleDockWidgets,
+         QT_TR_NOOP("Hide all panels, or bring those back that were hidden together")},
         {"actionPanelIndex", QT_TR_NOOP("Panel Index"), "", "F9", &W::onMenuPanelIndex,
          QT_TR_NOOP("Fold out a list of panels and bring one of them up")},
 

@@ -91,7 +91,7 @@ void kmmainwidget::createPanelMenu()
     m_panelMenu->addSeparator();
     for (const KMCustomPanel *panel : std::as_const(m_customPanels))
         m_panelMenu->addAction(panel->showAction());
-    fill(m_panelMenu, {nullptr, "actionPanelIndex", "actionZen"});
+    fill(m_panelMenu, {nullptr, "actionPanelIndex", "actionToggleDocks", "actionZen"});
     connect(m_panelMenu, &QMenu::aboutToShow, this, &kmmainwidget::onPreMenuToolBar);
     listActionGroup(m_panelMenu, action("Menu Panel"));
 }
@@ -125,6 +125,20 @@ void kmmainwidget::setZen(bool on, const QByteArray &state)
 void kmmainwidget::onMenuZen()
 {
     setZen(!m_zen->isOn());
+}
+
+void kmmainwidget::onToggleDockWidgets()
+{
+    QList<QDockWidget *> open;
+    for (KMDockWidget *dock : std::as_const(m_docks)) {
+        if (!dock->isHidden())
+            open << dock;
+    }
+    for (QDockWidget *dock : open.isEmpty() ? m_hiddenDocks : open)
+        dock->setVisible(open.isEmpty());
+    m_hiddenDocks = open;
+    if (QWidget *view = m_mainBox->views()->current())
+        view->setFocus();
 }
 
 void kmmainwidget::onMenuPanelIndex()

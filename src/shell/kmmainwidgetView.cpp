@@ -193,16 +193,20 @@ void kmmainwidget::onMenuCameraReset()
     m_mainBox->views()->refreshViews(everything);
 }
 
+// What these switch can change elsewhere as well, so that they turn over what holds, not the check mark.
+
 void kmmainwidget::onMenuCameraAutoOrtho()
 {
-    gSettings->autoOrtho = action("actionAutoOrtho")->isChecked();
+    gSettings->autoOrtho = !gSettings->autoOrtho;
+    syncViewActions();
 }
 
 void kmmainwidget::onMenuShowTexture()
 {
     KMSolution::ViewFlags flags = gSolution->viewFlags();
-    flags.at(KMViewFilter::Texture) = action("actionShowTexture")->isChecked();
+    flags.at(KMViewFilter::Texture) = !flags.at(KMViewFilter::Texture);
     gSolution->setViewFlags(flags);
+    syncViewActions();
     gSolution->refreshViews(everything);
 }
 
@@ -211,7 +215,8 @@ void kmmainwidget::onMenuShowGrid()
     KMOpenGLWidget *view = m_mainBox->views()->current();
     if (!view || !view->camera())
         return;
-    view->camera()->setViewFlag(KMCameraNode::ShowGrid, action("actionShowGrid")->isChecked());
+    view->camera()->setViewFlag(KMCameraNode::ShowGrid, !view->camera()->viewFlag(KMCameraNode::ShowGrid));
+    syncViewActions();
     m_mainBox->views()->refreshViews(everything);
 }
 
