@@ -19,8 +19,8 @@ enum Mask : quint32 {
     SourceMoved = 0x800,             ///< positions of a chain's source, same topology
     Moved = Positions | SourceMoved, ///< what a move of vertices raises
     All = 0x7fff,
-    /// What leaves it as it is which records there are and how they hang together.
-    KeepRecords = Moved | Weights | Shaders | FaceFlags | Colors | ResultMoved | VertexFlags
+    /// What leaves the lists of live records and used shaders as they are.
+    KeepRecords = Moved | Weights | FaceFlags | Colors | ResultMoved | VertexFlags
 };
 
 enum RenderMask : quint32 {

@@ -34,7 +34,7 @@ void KMMeshNode::refreshMesh(quint32 mask)
         m_chainPending |= mask & (Positions | Weights | SourceMoved);
     tellEarly(mask);
     const int shadersBefore = m_usedShaders.size();
-    const bool readsRecords = mask & ~KeepRecords;
+    const bool readsRecords = (mask & ~KeepRecords) && mask != Shaders;
     // Whoever is told below finds the lists as of the last refresh, and what it changes enters them. Where nobody is,
     // they come first: the one walk reads the corners for the normals as well.
     const bool isFirst = readsRecords && !tellsOnTheWay(mask);
