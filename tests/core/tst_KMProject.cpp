@@ -19,7 +19,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-
 class tst_KMProject : public QObject
 {
     Q_OBJECT
@@ -131,7 +130,7 @@ void tst_KMProject::uniqueNames()
     QFETCH(QString, name);
     QFETCH(QString, result);
     const int types[] = {KMNodeType::Null,   KMNodeType::Mesh,     KMNodeType::BluePrint,
-                         KMNodeType::ModFFD, KMNodeType::PrimCube, KMNodeType::Bone};
+                         KMNodeType::ModFFD, KMNodeType::PrimCube, KMNodeType::BoneContainer};
     for (const int type : types) {
         RecordingSession scene;
         for (const QString &other : taken)
@@ -155,7 +154,7 @@ void tst_KMProject::namesAreUniqueInTheirFamilyOnly()
 {
     RecordingSession scene;
     const int families[] = {KMNodeType::Null,   KMNodeType::Mesh,      KMNodeType::BluePrint,
-                            KMNodeType::ModSym, KMNodeType::PrimPlane, KMNodeType::Bone};
+                            KMNodeType::ModSym, KMNodeType::PrimPlane, KMNodeType::BoneContainer};
     for (const int type : families)
         QCOMPARE(scene.addFake(type, QStringLiteral("N"))->name(), QStringLiteral("N0"));
     // Within a family the class makes no difference.
@@ -219,8 +218,8 @@ void tst_KMProject::derivedListsFollowTheTree()
 /// and subtrees grow large enough to be listed anew as a whole.
 void tst_KMProject::derivedListsMatchAWalk()
 {
-    const int types[] = {KMNodeType::Null,     KMNodeType::Null, KMNodeType::Null, KMNodeType::Mesh,
-                         KMNodeType::PrimCube, KMNodeType::Bone, KMNodeType::Mesh, KMNodeType::ModSym};
+    const int types[] = {KMNodeType::Null,     KMNodeType::Null,          KMNodeType::Null, KMNodeType::Mesh,
+                         KMNodeType::PrimCube, KMNodeType::BoneContainer, KMNodeType::Mesh, KMNodeType::ModSym};
     RecordingSession scene;
     QRandomGenerator random(20);
     const auto below = [&random](int limit) { return limit > 0 ? int(random.bounded(limit)) : 0; };
@@ -442,7 +441,8 @@ void tst_KMProject::deletingATextureShiftsReferences()
     QVERIFY(other->values() == KMBasicShader());
     QCOMPARE(gProject->textures().nodes(), (QList<KMNode *>{textures[0], textures[2]}));
     QVERIFY(!gSolution->currentTexture());
-    QCOMPARE(stepsOfTopCommand(scene.stack()), (QStringList{"Edit BasicShaderNode", "Assign Texture", "Delete TextureNode"}));
+    QCOMPARE(stepsOfTopCommand(scene.stack()),
+             (QStringList{"Edit BasicShaderNode", "Assign Texture", "Delete TextureNode"}));
     scene.stack().undo();
     QCOMPARE(bluePrint->values().texture, 2);
     QVERIFY(shader->values() == values);
