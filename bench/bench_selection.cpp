@@ -122,7 +122,8 @@ void rectangle(benchmark::State &state)
         {
             gSolution->clearHistory();
             mesh->setSelected(true);
-            mesh->clearAllVertexFlags(KMElementFlag::Selected);
+            for (int i = 0; i < mesh->vertexCount(); ++i)
+                mesh->clearVertexFlag(i, KMElementFlag::Selected);
         }
         void operator()() const { KMMarqueeSelect::selectRect(QRectF(-1, -1, 1e6, 1e6), KMMeshSelect::Mode::Replace); }
         KMMeshNode *mesh;

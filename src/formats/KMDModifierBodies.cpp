@@ -11,11 +11,20 @@
 #include "modifiers/KMModSymNode.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace {
 
 constexpr float percent = 100.0f; // shares are whole numbers of it in the file
+
+/// Cut off, but not what only rounding has left a hair below a whole number: 0.53 is 52.999999 of them.
+int wholePercent(float share)
+{
+    constexpr double hair = 1e-4;
+    constexpr double most = 2e9;
+    return int(qBound(-most, std::trunc(double(share) * double(percent) + std::copysign(hair, double(share))), most));
+}
 
 void write(KMDOutput &out, const KMModSdvNode &node)
 {
@@ -103,7 +112,7 @@ void write(KMDOutput &out, const KMModPipeNode &node)
     out.writeI32(p.mode);
     for (int i = 0; i < 4; ++i)
         out.writeF32(0.0f);
-    out.writeI32(int(p.blend * percent));
+    out.writeI32(wholePercent(p.blend));
     out.writeI32(0);
     out.writeBool(p.fillCap);
 }

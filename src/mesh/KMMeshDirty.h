@@ -18,7 +18,9 @@ enum Mask : quint32 {
     VertexFlags = 0x400,
     SourceMoved = 0x800,             ///< positions of a chain's source, same topology
     Moved = Positions | SourceMoved, ///< what a move of vertices raises
-    All = 0x7fff
+    All = 0x7fff,
+    /// What leaves the lists of live records and used shaders as they are.
+    KeepRecords = Moved | Weights | FaceFlags | Colors | ResultMoved | VertexFlags
 };
 
 enum RenderMask : quint32 {

@@ -60,6 +60,8 @@ void KMMeshNode::setTransform(const KMTransform &transform)
     KMNullNode::setTransform(transform);
     // Symmetry planes and normals fixed in the frame follow it.
     markDirty(KMMeshDirty::Moved);
+    if (!m_modifiers.isEmpty() && findTag(KMNodeType::TagNormal))
+        markDirty(KMMeshDirty::VertexFlags); // results carry them in the world
 }
 
 KMTagBase *KMMeshNode::findTag(int type) const

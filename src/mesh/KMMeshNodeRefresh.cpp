@@ -34,7 +34,7 @@ void KMMeshNode::refreshMesh(quint32 mask)
         m_chainPending |= mask & (Positions | Weights | SourceMoved);
     tellEarly(mask);
     const int shadersBefore = m_usedShaders.size();
-    const bool readsRecords = mask != Positions && mask != Weights && mask != Shaders;
+    const bool readsRecords = (mask & ~KeepRecords) && mask != Shaders;
     // Whoever is told below finds the lists as of the last refresh, and what it changes enters them. Where nobody is,
     // they come first: the one walk reads the corners for the normals as well.
     const bool isFirst = readsRecords && !tellsOnTheWay(mask);
@@ -80,7 +80,7 @@ bool KMMeshNode::refreshPositions(quint32 mask, bool areCornersRead)
         // Tags that lay offsets on the positions take them back and lay them on anew.
         tellTags(&KMTagBase::unapply);
         tellTags(&KMTagBase::apply);
-        computeNormals(mask != Positions, areCornersRead);
+        computeNormals(mask & ~KeepRecords, areCornersRead);
         markRenderDirty(RenderVertices);
         if (mask == Positions) {
             finishRefresh(mask);
@@ -179,7 +179,7 @@ void KMMeshNode::refreshLiveFaces()
 
 void KMMeshNode::recomputeNormals(quint32 mask)
 {
-    computeNormals(mask != Positions, false);
+    computeNormals(mask & ~KeepRecords, false);
 }
 
 void KMMeshNode::computeNormals(bool force, bool areCornersRead)

@@ -44,8 +44,8 @@ bool KMMeshNode::updateDrawn(bool backFaceCulling, bool isSameShape)
 {
     bool isOther = false;
     for (KMFace *face : std::as_const(m_liveFaces)) {
-        const bool isDrawn = !face->hasFlag(KMElementFlag::Hidden) && hasAllCorners(*face)
-                             && (!backFaceCulling || turnsToView(*face));
+        const bool isDrawn =
+            !face->hasFlag(KMElementFlag::Hidden) && hasAllCorners(*face) && (!backFaceCulling || turnsToView(*face));
         isOther = isOther || bool(face->drawn) != isDrawn;
         face->drawn = isDrawn;
     }

@@ -3,6 +3,8 @@
 #include "core/KMVariantNode.h"
 #include "mesh/KMMeshNode.h"
 
+#include <algorithm>
+
 KMModifierNode::KMModifierNode(int type, const QString &name)
     : m_modMesh(new KMMeshNode)
 {
@@ -16,11 +18,11 @@ KMModifierNode::KMModifierNode(int type, const QString &name)
 KMModifierNode::~KMModifierNode()
 {
     if (m_source) {
-        m_source->removeModifierEntry(this);
-        if (m_previous)
-            m_previous->setNext(m_next);
-        if (m_next)
-            m_next->attach(m_source, m_previous);
+        KMMeshNode *source = m_source;
+        QList<KMMeshNode::ModifierEntry> rest = source->modifiers();
+        const auto isOwn = [this](const KMMeshNode::ModifierEntry &entry) { return entry.second == this; };
+        rest.erase(std::remove_if(rest.begin(), rest.end(), isOwn), rest.end());
+        source->linkChain(rest);
     }
     delete m_modMesh;
 }
@@ -40,6 +42,8 @@ void KMModifierNode::detach()
 {
     m_source = nullptr;
     m_previous = nullptr;
+    m_next = nullptr;
+    m_isLast = false;
     clearResult();
 }
 

@@ -71,7 +71,7 @@ void KMNodeCommand::run()
     if (edited)
         KMMeshEdit::settleEdges(*edited);
     work();
-    if (edited)
+    if (edited && m_row.group == Group::Shape)
         edited->markDirty(KMMeshDirty::All);
 }
 

@@ -17,14 +17,8 @@ struct Kind
 };
 
 constexpr Kind nodeKinds[] = {
-    {0x4e00008, "T f i G"},
     {0x600006, ""},
     {0x4e00002, "T G"},
-    {0x4e00003, "T 2i 3f 3f 3f G"},
-    {0x4e00004, "T i b i i 1.1:i G"},
-    {0x4e00005, "T f i 2.2:2b G"},
-    {0x4e00006, "T i b 3i 3f [ 3f ] G"},
-    {0x4e00007, "T f i f i 4f i i b G"},
     {0x4e00009, "T f f b b i i [ 2f ] f f i i 4f G"},
     {0x4e0000a, "T i b [ u T [ 3f ] [ [ i ] ] ] G"},
     {0x6600004, "T G [ i 3u 1.7:b T f u i b i i i 2.6:b 2.6:6f G ] "

@@ -58,7 +58,7 @@ class Resize : public KMModifierNode
 {
 public:
     explicit Resize(float factor)
-        : KMModifierNode(KMNodeType::ModSdv, QStringLiteral("resize"))
+        : KMModifierNode(KMNodeType::ModHair, QStringLiteral("resize"))
         , m_factor(factor)
     {
     }
