@@ -127,8 +127,18 @@ void lattice(benchmark::State &state)
     measure(state, ours, plain, rounds);
 }
 
-BENCHMARK_CAPTURE(symmetry, modifiers_symmetry_records, true)->Arg(5000)->Arg(20000)->Arg(200000)->UseManualTime();
-BENCHMARK_CAPTURE(symmetry, modifiers_symmetry_arrays, false)->Arg(5000)->Arg(20000)->Arg(200000)->UseManualTime();
-BENCHMARK(lattice)->Name("modifiers_lattice")->Arg(5000)->Arg(20000)->Arg(200000)->UseManualTime();
+template <class Run>
+void registerCages(const char *name, Run run)
+{
+    benchmark::RegisterBenchmark(name, run)->Arg(5000)->Arg(20000)->Arg(200000)->Iterations(1)->UseManualTime()->Unit(
+        benchmark::kMillisecond);
+}
+
+const bool registered = [] {
+    registerCages("modifiers/symmetry, beside records", [](benchmark::State &state) { symmetry(state, true); });
+    registerCages("modifiers/symmetry, beside arrays", [](benchmark::State &state) { symmetry(state, false); });
+    registerCages("modifiers/lattice", lattice);
+    return true;
+}();
 
 } // namespace

@@ -10,16 +10,8 @@ using kvm::Vector4;
 
 namespace {
 
-/// A side of the box by the axis of its normal, and on which end of that axis it is.
-struct Side
-{
-    int axis;
-    float end;
-};
-
+constexpr int usualCount = 3;        // of a fresh box, along each side
 constexpr float tolerance = 0.0001f; // so far outside a point belongs to the box still
-
-constexpr Side sides[6] = {{2, -1.0f}, {0, 1.0f}, {2, 1.0f}, {0, -1.0f}, {1, 1.0f}, {1, -1.0f}};
 
 double factorial(int n)
 {
@@ -38,6 +30,7 @@ Vector3 alongAxis(int axis, float length)
 void KMFFDDeform::setBox(const KMFFDBox &box)
 {
     m_box = box;
+    m_isUsual = box.nodeCounts == std::array<int, 3>{{usualCount, usualCount, usualCount}};
     m_points.resize(int(box.pointCount()));
     for (int axis = 0; axis < 3; ++axis) {
         const int degree = box.nodeCounts[size_t(axis)] - 1;
@@ -58,19 +51,19 @@ void KMFFDDeform::prepare(const KMTransform &transform, const QVector<KMFFDPoint
     std::transform(points.begin(), points.end(), m_points.begin(),
                    [](const KMFFDPoint &point) { return Vector4(point.vertex->pos); });
     m_power = power;
-    preparePlanes(transform);
+    prepareSides(transform);
     prepareCoordinates(transform);
 }
 
-/// A scale below zero turns the box inside out, but not what its inside is.
-void KMFFDDeform::preparePlanes(const KMTransform &transform)
+/// Opposite sides have opposite normals. A scale below zero turns the box inside out, but not what its inside is.
+void KMFFDDeform::prepareSides(const KMTransform &transform)
 {
-    for (int i = 0; i < 6; ++i) {
-        const Side &side = sides[i];
-        const float turn = transform.scale[side.axis] < 0.0f ? -1.0f : 1.0f;
-        const Vector3 centre = KMFFDBox::toWorld(transform, alongAxis(side.axis, side.end * m_box.size[side.axis] / 2));
-        m_planes[i].normal = transform.rotation.rotate(alongAxis(side.axis, -side.end * turn));
-        m_planes[i].d = -dot(m_planes[i].normal, centre);
+    for (int axis = 0; axis < 3; ++axis) {
+        const float half = m_box.size[axis] / 2 * (transform.scale[axis] < 0.0f ? -1.0f : 1.0f);
+        const Vector3 inward = transform.rotation.rotate(alongAxis(axis, 1.0f));
+        const Vector3 low = KMFFDBox::toWorld(transform, alongAxis(axis, -half));
+        const Vector3 high = KMFFDBox::toWorld(transform, alongAxis(axis, half));
+        m_sides[axis] = {inward, -dot(inward, low), dot(inward, high)};
     }
 }
 
@@ -94,57 +87,64 @@ void KMFFDDeform::prepareCoordinates(const KMTransform &transform)
 /// What is no number lies nowhere.
 bool KMFFDDeform::isInside(const Vector3 &p) const
 {
-    for (const Plane &plane : m_planes) {
-        if (!(dot(plane.normal, p) + plane.d >= -tolerance))
+    for (const Sides &sides : m_sides) {
+        const float along = dot(sides.normal, p);
+        if (!(along + sides.low >= -tolerance && sides.high - along >= -tolerance))
             return false;
     }
     return true;
 }
 
-Vector3 KMFFDDeform::operator()(const Vector3 &p) const
-{
-    if (m_power == 0.0f || !isInside(p))
-        return p;
-    const Vector3 sum = sumAt(p);
-    if (m_power == 1.0f)
-        return sum;
-    const Vector3 way = sum - p;
-    const float length = way.length();
-    return length == 0.0f ? p : p + way * (length * m_power / length);
-}
-
 /// Powers one from the other. They are of double precision, so that the rounding of a high degree doesn't show.
+template <int Count>
 void KMFFDDeform::fillBasis(int axis, double t, float *basis) const
 {
-    const QVector<double> &binomials = m_binomials[axis];
-    const int degree = binomials.size() - 1;
-    double powers[KMFFDBox::MaxNodes];
+    const double *binomials = m_binomials[axis].constData();
+    const int degree = (Count ? Count : m_box.nodeCounts[size_t(axis)]) - 1;
+    double powers[Count ? Count : KMFFDBox::MaxNodes];
     powers[0] = 1.0;
     for (int i = 1; i <= degree; ++i)
         powers[i] = powers[i - 1] * t;
     double rest = 1.0;
     for (int i = degree; i >= 0; --i) {
-        basis[i] = float(binomials.at(i) * powers[i] * rest);
+        basis[i] = float(binomials[i] * powers[i] * rest);
         rest *= 1.0 - t;
     }
 }
 
+/// With so many points along each side, which the compiler can go by, or with any number for 0.
+template <int Count>
 Vector3 KMFFDDeform::sumAt(const Vector3 &p) const
 {
-    float basis[3][KMFFDBox::MaxNodes];
-    for (int axis = 0; axis < 3; ++axis)
-        fillBasis(axis, double(dot(m_coordinates[axis].direction, p) + m_coordinates[axis].offset), basis[axis]);
+    float basis[3][Count ? Count : KMFFDBox::MaxNodes];
+    for (int axis = 0; axis < 3; ++axis) {
+        const Coordinate &coordinate = m_coordinates[axis];
+        fillBasis<Count>(axis, double(dot(coordinate.direction, p) + coordinate.offset), basis[axis]);
+    }
+    const auto count = [this](size_t axis) { return Count ? Count : m_box.nodeCounts[axis]; };
     const Vector4 *point = m_points.constData();
     Vector4 sum;
-    for (int i = 0; i < m_box.nodeCounts[0]; ++i) {
+    for (int i = 0; i < count(0); ++i) {
         Vector4 layer;
-        for (int j = 0; j < m_box.nodeCounts[1]; ++j) {
+        for (int j = 0; j < count(1); ++j) {
             Vector4 row;
-            for (int k = 0; k < m_box.nodeCounts[2]; ++k)
+            for (int k = 0; k < count(2); ++k)
                 row += *point++ * basis[2][k];
             layer += row * basis[1][j];
         }
         sum += layer * basis[0][i];
     }
     return {sum.x, sum.y, sum.z};
+}
+
+Vector3 KMFFDDeform::operator()(const Vector3 &p) const
+{
+    if (m_power == 0.0f || !isInside(p))
+        return p;
+    const Vector3 sum = m_isUsual ? sumAt<usualCount>(p) : sumAt<0>(p);
+    if (m_power == 1.0f)
+        return sum;
+    const Vector3 way = sum - p;
+    const float length = way.length();
+    return length == 0.0f ? p : p + way * (length * m_power / length);
 }

@@ -18,10 +18,12 @@ public:
     kvm::Vector3 operator()(const kvm::Vector3 &p) const;
 
 private:
-    struct Plane
+    /// Two opposite sides: the distance of a point is n p + low from one of them, and high - n p from the other.
+    struct Sides
     {
-        kvm::Vector3 normal; ///< into the box
-        float d;
+        kvm::Vector3 normal;
+        float low;
+        float high;
     };
     /// One of the three numbers that say where a point is in the box, from 0 to 1.
     struct Coordinate
@@ -31,14 +33,17 @@ private:
     };
 
     bool isInside(const kvm::Vector3 &p) const;
+    template <int Count>
     kvm::Vector3 sumAt(const kvm::Vector3 &p) const;
+    template <int Count>
     void fillBasis(int axis, double t, float *basis) const;
-    void preparePlanes(const KMTransform &transform);
+    void prepareSides(const KMTransform &transform);
     void prepareCoordinates(const KMTransform &transform);
 
     KMFFDBox m_box;
+    bool m_isUsual = false;
     float m_power = 1.0f;
-    Plane m_planes[6] = {};
+    Sides m_sides[3] = {};
     Coordinate m_coordinates[3] = {};
     QVector<double> m_binomials[3];
     QVector<kvm::Vector4> m_points;
