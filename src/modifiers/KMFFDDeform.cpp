@@ -10,27 +10,11 @@ using kvm::Vector4;
 
 namespace {
 
-/// A side of the box by the axis of its normal, and on which end of that axis it is.
-struct Side
-{
-    int axis;
-    float end;
-};
-
-constexpr float tolerance = 0.0001f; // so far outside a point belongs to the box still
-
-constexpr Side sides[6] = {{2, -1.0f}, {0, 1.0f}, {2, 1.0f}, {0, -1.0f}, {1, 1.0f}, {1, -1.0f}};
+constexpr double tolerance = 0.0001f; // so far outside a point belongs to the box still
 
 double factorial(int n)
 {
     return n < 2 ? 1.0 : n * factorial(n - 1);
-}
-
-Vector3 alongAxis(int axis, float length)
-{
-    Vector3 v;
-    v[axis] = length;
-    return v;
 }
 
 } // namespace
@@ -58,54 +42,42 @@ void KMFFDDeform::prepare(const KMTransform &transform, const QVector<KMFFDPoint
     std::transform(points.begin(), points.end(), m_points.begin(),
                    [](const KMFFDPoint &point) { return Vector4(point.vertex->pos); });
     m_power = power;
-    preparePlanes(transform);
-    prepareCoordinates(transform);
+    prepareAxes(transform);
 }
 
-/// A scale below zero turns the box inside out, but not what its inside is.
-void KMFFDDeform::preparePlanes(const KMTransform &transform)
+/// A scale below zero turns the box inside out, but not what its inside is. Along an axis on which the box has no
+/// length all are in the middle of it.
+void KMFFDDeform::prepareAxes(const KMTransform &transform)
 {
-    for (int i = 0; i < 6; ++i) {
-        const Side &side = sides[i];
-        const float turn = transform.scale[side.axis] < 0.0f ? -1.0f : 1.0f;
-        const Vector3 centre = KMFFDBox::toWorld(transform, alongAxis(side.axis, side.end * m_box.size[side.axis] / 2));
-        m_planes[i].normal = transform.rotation.rotate(alongAxis(side.axis, -side.end * turn));
-        m_planes[i].d = -dot(m_planes[i].normal, centre);
-    }
-}
-
-/// The way into the box, its scale and the division by its sides in one. Along an axis on which the box has
-/// no length all are in the middle of it.
-void KMFFDDeform::prepareCoordinates(const KMTransform &transform)
-{
+    m_centre = transform.translation;
     for (int axis = 0; axis < 3; ++axis) {
         const double length = double(m_box.size[axis]) * double(transform.scale[axis]);
-        const double factor = std::fabs(length) < double(tolerance) ? 0.0 : 1.0 / length;
-        const Vector3 direction = transform.rotation.rotate(alongAxis(axis, 1.0f));
-        double offset = 0.5;
-        for (int c = 0; c < 3; ++c) {
-            m_coordinates[axis].direction[c] = float(double(direction[c]) * factor);
-            offset -= double(direction[c]) * factor * double(transform.translation[c]);
-        }
-        m_coordinates[axis].offset = float(offset);
+        Vector3 direction;
+        direction[axis] = 1.0f;
+        m_axes[axis].direction = transform.rotation.rotate(direction);
+        m_axes[axis].reach = std::fabs(length) / 2.0 + tolerance;
+        m_axes[axis].factor = std::fabs(length) < tolerance ? 0.0 : 1.0 / length;
     }
 }
 
 /// What is no number lies nowhere.
-bool KMFFDDeform::isInside(const Vector3 &p) const
-{
-    for (const Plane &plane : m_planes) {
-        if (!(dot(plane.normal, p) + plane.d >= -tolerance))
-            return false;
-    }
-    return true;
-}
-
 Vector3 KMFFDDeform::operator()(const Vector3 &p) const
 {
-    if (m_power == 0.0f || !isInside(p))
+    if (m_power == 0.0f)
         return p;
-    const Vector3 sum = sumAt(p);
+    const Vector3 way = p - m_centre; // far from the origin as exact as near it
+    double place[3];
+    for (int axis = 0; axis < 3; ++axis) {
+        const double along = double(dot(m_axes[axis].direction, way));
+        if (!(std::fabs(along) <= m_axes[axis].reach))
+            return p;
+        place[axis] = 0.5 + along * m_axes[axis].factor;
+    }
+    return powered(p, sumAt(place));
+}
+
+Vector3 KMFFDDeform::powered(const Vector3 &p, const Vector3 &sum) const
+{
     if (m_power == 1.0f)
         return sum;
     const Vector3 way = sum - p;
@@ -129,11 +101,12 @@ void KMFFDDeform::fillBasis(int axis, double t, float *basis) const
     }
 }
 
-Vector3 KMFFDDeform::sumAt(const Vector3 &p) const
+/// The points are vectors of four, which is one operation where three numbers are three.
+Vector3 KMFFDDeform::sumAt(const double (&place)[3]) const
 {
     float basis[3][KMFFDBox::MaxNodes];
     for (int axis = 0; axis < 3; ++axis)
-        fillBasis(axis, double(dot(m_coordinates[axis].direction, p) + m_coordinates[axis].offset), basis[axis]);
+        fillBasis(axis, place[axis], basis[axis]);
     const Vector4 *point = m_points.constData();
     Vector4 sum;
     for (int i = 0; i < m_box.nodeCounts[0]; ++i) {
