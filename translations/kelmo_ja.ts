@@ -2,6 +2,55 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP" sourcelanguage="en">
 <context>
+    <name>BoneComAlignReflectBone</name>
+    <message>
+        <source>Side</source>
+        <translation>側</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>右</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>左</translation>
+    </message>
+</context>
+<context>
+    <name>BoneComEditViewMode</name>
+    <message>
+        <source>Polygon</source>
+        <translation>ポリゴン</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>線</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>点</translation>
+    </message>
+    <message>
+        <source>ViewMode</source>
+        <translation>表示モード</translation>
+    </message>
+</context>
+<context>
+    <name>BoneComSymmetrize</name>
+    <message>
+        <source>Bone Selection not found.</source>
+        <translation>選択中のボーンがありません。</translation>
+    </message>
+    <message>
+        <source>illegal head position</source>
+        <translation>始点の位置が正しくありません</translation>
+    </message>
+    <message>
+        <source>illegal tail position</source>
+        <translation>終点の位置が正しくありません</translation>
+    </message>
+</context>
+<context>
     <name>ComClearBuffer</name>
     <message>
         <source>clear Buffer</source>
@@ -244,17 +293,481 @@
     </message>
 </context>
 <context>
+    <name>KMBone</name>
+    <message>
+        <source>Bone</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>Add Bone</source>
+        <translation>ボーンを追加</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneAxisCommand</name>
+    <message>
+        <source>axis</source>
+        <translation>軸</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneCommand</name>
+    <message>
+        <source>Select All Bone</source>
+        <translation>すべてのボーンを選択</translation>
+    </message>
+    <message>
+        <source>Select all bones of the rig</source>
+        <translation>リグのすべてのボーンを選択します</translation>
+    </message>
+    <message>
+        <source>UnSelect All Bone</source>
+        <translation>ボーンの選択をすべて解除</translation>
+    </message>
+    <message>
+        <source>Take all bones out of the selection</source>
+        <translation>すべてのボーンの選択を解除します</translation>
+    </message>
+    <message>
+        <source>Insert Bone</source>
+        <translation>ボーンを挿入</translation>
+    </message>
+    <message>
+        <source>Add a bone that goes on from the selected one</source>
+        <translation>選択中のボーンに続くボーンを追加します</translation>
+    </message>
+    <message>
+        <source>Clone</source>
+        <translation>複製</translation>
+    </message>
+    <message>
+        <source>Copy the selected bones with all below them</source>
+        <translation>選択中のボーンを配下ごと複製します</translation>
+    </message>
+    <message>
+        <source>Create Symmetry Bone</source>
+        <translation>対称ボーンを作成</translation>
+    </message>
+    <message>
+        <source>Make the missing bones on the other side of the figure</source>
+        <translation>反対側に欠けているボーンを作ります</translation>
+    </message>
+    <message>
+        <source>Hide Selected Bone</source>
+        <translation>選択ボーンを隠す</translation>
+    </message>
+    <message>
+        <source>Hide the selected bones with all below them</source>
+        <translation>選択中のボーンを配下ごと隠します</translation>
+    </message>
+    <message>
+        <source>Show All Bone</source>
+        <translation>すべてのボーンを表示</translation>
+    </message>
+    <message>
+        <source>Show all bones of the rig</source>
+        <translation>リグのすべてのボーンを表示します</translation>
+    </message>
+    <message>
+        <source>Delete Selected Bone</source>
+        <translation>選択ボーンを削除</translation>
+    </message>
+    <message>
+        <source>Delete the selected bones; those below them stay</source>
+        <translation>選択中のボーンを削除します。配下のボーンは残ります</translation>
+    </message>
+    <message>
+        <source>Edit ViewMode</source>
+        <translation>表示モードを編集</translation>
+    </message>
+    <message>
+        <source>Choose how the selected bones are shown</source>
+        <translation>選択中のボーンの表示方法を選びます</translation>
+    </message>
+    <message>
+        <source>Align UpVector</source>
+        <translation>上方向をそろえる</translation>
+    </message>
+    <message>
+        <source>Turn the selected bones about themselves, so that an axis is up</source>
+        <translation>選択中のボーンを軸が上を向くように回します</translation>
+    </message>
+    <message>
+        <source>Align Position</source>
+        <translation>位置をそろえる</translation>
+    </message>
+    <message>
+        <source>Give the selected heads and tails the same coordinate</source>
+        <translation>選択中の始点と終点を同じ座標にそろえます</translation>
+    </message>
+    <message>
+        <source>Linearize</source>
+        <translation>直線化</translation>
+    </message>
+    <message>
+        <source>Put the joints of the selected chain on a line</source>
+        <translation>選択中の連なりの関節を一直線に並べます</translation>
+    </message>
+    <message>
+        <source>Symmetrize</source>
+        <translation>対称化</translation>
+    </message>
+    <message>
+        <source>Make the two selected bones images of each other</source>
+        <translation>選択中の 2 本のボーンを互いに対称にします</translation>
+    </message>
+    <message>
+        <source>Fit To Parent</source>
+        <translation>親に合わせる</translation>
+    </message>
+    <message>
+        <source>Turn and size the parents, so that they reach the selected bones</source>
+        <translation>親ボーンが選択中のボーンに届くように向きと長さを合わせます</translation>
+    </message>
+    <message>
+        <source>Fit To First Children</source>
+        <translation>最初の子に合わせる</translation>
+    </message>
+    <message>
+        <source>Turn and size the selected bones, so that they reach their first child</source>
+        <translation>選択中のボーンが最初の子に届くように向きと長さを合わせます</translation>
+    </message>
+    <message>
+        <source>Align a ReflectBone</source>
+        <translation>反転ボーンに合わせる</translation>
+    </message>
+    <message>
+        <source>Give the bones on one side the image of their partners</source>
+        <translation>片側のボーンを反対側のボーンの鏡像にします</translation>
+    </message>
+    <message>
+        <source>Convert Axis</source>
+        <translation>軸を変換</translation>
+    </message>
+    <message>
+        <source>Turn the selected bones about the origin by a quarter turn</source>
+        <translation>選択中のボーンを原点の周りに 90 度回します</translation>
+    </message>
+    <message>
+        <source>BoneFromEdge</source>
+        <translation>エッジからボーン</translation>
+    </message>
+    <message>
+        <source>Make a chain of bones along the selected edges</source>
+        <translation>選択中のエッジに沿ってボーンの連なりを作ります</translation>
+    </message>
+    <message>
+        <source>Inset MMD Bone</source>
+        <translation>MMD ボーンを挿入</translation>
+    </message>
+    <message>
+        <source>Add the bones of a standing figure</source>
+        <translation>立ち姿の人体のボーンを追加します</translation>
+    </message>
+    <message>
+        <source>BoneComTest</source>
+        <translation>BoneComTest</translation>
+    </message>
+    <message>
+        <source>Does nothing: for those who work on the program</source>
+        <translation>何もしません。開発用の項目です</translation>
+    </message>
+    <message>
+        <source>Devide Bone</source>
+        <translation>ボーンを分割</translation>
+    </message>
+    <message>
+        <source>Split the selected bones in two</source>
+        <translation>選択中のボーンを 2 つに分けます</translation>
+    </message>
+    <message>
+        <source>Layered Bone</source>
+        <translation>ボーンを多段化</translation>
+    </message>
+    <message>
+        <source>Put a second bone above each selected one, at the same place</source>
+        <translation>選択中のボーンごとに同じ位置へ親ボーンを置きます</translation>
+    </message>
+    <message>
+        <source>RootBone Selection not found.</source>
+        <translation>選択中のルートボーンがありません。</translation>
+    </message>
+    <message>
+        <source>Bone Selection not found.</source>
+        <translation>選択中のボーンがありません。</translation>
+    </message>
+    <message>
+        <source>Edge Selection not found.</source>
+        <translation>辺が選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneContainer</name>
+    <message>
+        <source>RootBone</source>
+        <translation>RootBone</translation>
+    </message>
+    <message>
+        <source>Delete Node</source>
+        <translation>ノードの削除</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneMMDTemplate</name>
+    <message>
+        <source>root</source>
+        <translation>全ての親</translation>
+    </message>
+    <message>
+        <source>center</source>
+        <translation>センター</translation>
+    </message>
+    <message>
+        <source>upper body</source>
+        <translation>上半身</translation>
+    </message>
+    <message>
+        <source>upper body2</source>
+        <translation>上半身2</translation>
+    </message>
+    <message>
+        <source>neck</source>
+        <translation>首</translation>
+    </message>
+    <message>
+        <source>head</source>
+        <translation>頭</translation>
+    </message>
+    <message>
+        <source>eyes</source>
+        <translation>両目</translation>
+    </message>
+    <message>
+        <source>eye_L</source>
+        <translation>左目</translation>
+    </message>
+    <message>
+        <source>eye_R</source>
+        <translation>右目</translation>
+    </message>
+    <message>
+        <source>shoulder_L</source>
+        <translation>左肩</translation>
+    </message>
+    <message>
+        <source>shoulder_R</source>
+        <translation>右肩</translation>
+    </message>
+    <message>
+        <source>arm_L</source>
+        <translation>左腕</translation>
+    </message>
+    <message>
+        <source>arm_R</source>
+        <translation>右腕</translation>
+    </message>
+    <message>
+        <source>arm twist_L</source>
+        <translation>左腕捩</translation>
+    </message>
+    <message>
+        <source>arm twist_R</source>
+        <translation>右腕捩</translation>
+    </message>
+    <message>
+        <source>elbow_L</source>
+        <translation>左ひじ</translation>
+    </message>
+    <message>
+        <source>elbow_R</source>
+        <translation>右ひじ</translation>
+    </message>
+    <message>
+        <source>wrist twist_L</source>
+        <translation>左手捩</translation>
+    </message>
+    <message>
+        <source>wrist twist_R</source>
+        <translation>右手捩</translation>
+    </message>
+    <message>
+        <source>wrist_L</source>
+        <translation>左手首</translation>
+    </message>
+    <message>
+        <source>wrist_R</source>
+        <translation>右手首</translation>
+    </message>
+    <message>
+        <source>thumb1_L</source>
+        <translation>左親指１</translation>
+    </message>
+    <message>
+        <source>thumb1_R</source>
+        <translation>右親指１</translation>
+    </message>
+    <message>
+        <source>thumb2_L</source>
+        <translation>左親指２</translation>
+    </message>
+    <message>
+        <source>thumb2_R</source>
+        <translation>右親指２</translation>
+    </message>
+    <message>
+        <source>fore1_L</source>
+        <translation>左人指１</translation>
+    </message>
+    <message>
+        <source>fore1_R</source>
+        <translation>右人指１</translation>
+    </message>
+    <message>
+        <source>fore2_L</source>
+        <translation>左人指２</translation>
+    </message>
+    <message>
+        <source>fore2_R</source>
+        <translation>右人指２</translation>
+    </message>
+    <message>
+        <source>fore3_L</source>
+        <translation>左人指３</translation>
+    </message>
+    <message>
+        <source>fore3_R</source>
+        <translation>右人指３</translation>
+    </message>
+    <message>
+        <source>middle1_L</source>
+        <translation>左中指１</translation>
+    </message>
+    <message>
+        <source>middle1_R</source>
+        <translation>右中指１</translation>
+    </message>
+    <message>
+        <source>middle2_L</source>
+        <translation>左中指２</translation>
+    </message>
+    <message>
+        <source>middle2_R</source>
+        <translation>右中指２</translation>
+    </message>
+    <message>
+        <source>middle3_L</source>
+        <translation>左中指３</translation>
+    </message>
+    <message>
+        <source>middle3_R</source>
+        <translation>右中指３</translation>
+    </message>
+    <message>
+        <source>third1_L</source>
+        <translation>左薬指１</translation>
+    </message>
+    <message>
+        <source>third1_R</source>
+        <translation>右薬指１</translation>
+    </message>
+    <message>
+        <source>third2_L</source>
+        <translation>左薬指２</translation>
+    </message>
+    <message>
+        <source>third2_R</source>
+        <translation>右薬指２</translation>
+    </message>
+    <message>
+        <source>third3_L</source>
+        <translation>左薬指３</translation>
+    </message>
+    <message>
+        <source>third3_R</source>
+        <translation>右薬指３</translation>
+    </message>
+    <message>
+        <source>little1_L</source>
+        <translation>左小指１</translation>
+    </message>
+    <message>
+        <source>little1_R</source>
+        <translation>右小指１</translation>
+    </message>
+    <message>
+        <source>little2_L</source>
+        <translation>左小指２</translation>
+    </message>
+    <message>
+        <source>little2_R</source>
+        <translation>右小指２</translation>
+    </message>
+    <message>
+        <source>little3_L</source>
+        <translation>左小指３</translation>
+    </message>
+    <message>
+        <source>little3_R</source>
+        <translation>右小指３</translation>
+    </message>
+    <message>
+        <source>lower body</source>
+        <translation>下半身</translation>
+    </message>
+    <message>
+        <source>leg_L</source>
+        <translation>左足</translation>
+    </message>
+    <message>
+        <source>leg_R</source>
+        <translation>右足</translation>
+    </message>
+    <message>
+        <source>knee_L</source>
+        <translation>左ひざ</translation>
+    </message>
+    <message>
+        <source>knee_R</source>
+        <translation>右ひざ</translation>
+    </message>
+    <message>
+        <source>ankle_L</source>
+        <translation>左足首</translation>
+    </message>
+    <message>
+        <source>ankle_R</source>
+        <translation>右足首</translation>
+    </message>
+    <message>
+        <source>toe_L</source>
+        <translation>左つま先</translation>
+    </message>
+    <message>
+        <source>toe_R</source>
+        <translation>右つま先</translation>
+    </message>
+    <message>
+        <source>leg IK_L</source>
+        <translation>左足ＩＫ</translation>
+    </message>
+    <message>
+        <source>leg IK_R</source>
+        <translation>右足ＩＫ</translation>
+    </message>
+    <message>
+        <source>toe IK_L</source>
+        <translation>左つま先ＩＫ</translation>
+    </message>
+    <message>
+        <source>toe IK_R</source>
+        <translation>右つま先ＩＫ</translation>
+    </message>
+</context>
+<context>
     <name>KMBoolNodeContainer</name>
     <message>
         <source>Bool</source>
         <translation>真偽値</translation>
-    </message>
-</context>
-<context>
-    <name>KMBrushSelect</name>
-    <message>
-        <source>Brush Select</source>
-        <translation>ブラシ選択</translation>
     </message>
 </context>
 <context>
@@ -882,32 +1395,16 @@
 <context>
     <name>KMExtrudePage</name>
     <message>
-        <source>Default</source>
-        <translation>標準</translation>
-    </message>
-    <message>
         <source>Along the normals, in place of the faces</source>
         <translation>法線に沿って押し出し、元の面を置き換えます</translation>
-    </message>
-    <message>
-        <source>Offset</source>
-        <translation>オフセット</translation>
     </message>
     <message>
         <source>In the plane of the faces, inward from their border</source>
         <translation>面の平面内で、境界から内側へ押し出します</translation>
     </message>
     <message>
-        <source>Solidify</source>
-        <translation>厚み付け</translation>
-    </message>
-    <message>
         <source>Along the normals; the faces stay as the other side of a wall</source>
         <translation>法線に沿って押し出し、元の面を壁の反対側として残します</translation>
-    </message>
-    <message>
-        <source>Move Vertex</source>
-        <translation>頂点の移動</translation>
     </message>
     <message>
         <source>The faces themselves move along the normals</source>
@@ -968,6 +1465,21 @@
     </message>
 </context>
 <context>
+    <name>KMFitFFD</name>
+    <message>
+        <source>Please Select FFDNode.</source>
+        <translation>FFD ノードを選択してください。</translation>
+    </message>
+    <message>
+        <source>Please insert FFDNode in as a MeshNode child.</source>
+        <translation>FFD ノードをメッシュノードの子に入れてください。</translation>
+    </message>
+    <message>
+        <source>Fit FFD</source>
+        <translation>FFD を合わせる</translation>
+    </message>
+</context>
+<context>
     <name>KMFloatNodeContainer</name>
     <message>
         <source>Float</source>
@@ -979,6 +1491,37 @@
     <message>
         <source>This setting will take effect after the application restart</source>
         <translation>この設定はアプリケーションの再起動後に有効になります</translation>
+    </message>
+</context>
+<context>
+    <name>KMFreezeModifiers</name>
+    <message>
+        <source>mesh modifiers count zero.</source>
+        <translation>メッシュにモディファイアがありません。</translation>
+    </message>
+    <message>
+        <source>Modifiers not found.</source>
+        <translation>モディファイアが見つかりません。</translation>
+    </message>
+    <message>
+        <source>ModMesh not found.</source>
+        <translation>モディファイアの結果が見つかりません。</translation>
+    </message>
+    <message>
+        <source>invald items.</source>
+        <translation>項目が正しくありません。</translation>
+    </message>
+    <message>
+        <source>faled mesh freeze.</source>
+        <translation>メッシュをフリーズできませんでした。</translation>
+    </message>
+    <message>
+        <source>Freezed.</source>
+        <translation>フリーズしました。</translation>
+    </message>
+    <message>
+        <source>Freeze Modifiier</source>
+        <translation>モディファイアをフリーズ</translation>
     </message>
 </context>
 <context>
@@ -1301,6 +1844,269 @@
     </message>
 </context>
 <context>
+    <name>KMModClonerNode</name>
+    <message>
+        <source>Cloner</source>
+        <translation>クローナー</translation>
+    </message>
+    <message>
+        <source>Steps</source>
+        <translation>ステップ</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>線</translation>
+    </message>
+    <message>
+        <source>Circle</source>
+        <translation>円</translation>
+    </message>
+    <message>
+        <source>Grid</source>
+        <translation>グリッド</translation>
+    </message>
+    <message>
+        <source>Spiral</source>
+        <translation>らせん</translation>
+    </message>
+</context>
+<context>
+    <name>KMModClonerPage</name>
+    <message>
+        <source>ClonerNode</source>
+        <translation>クローナーノード</translation>
+    </message>
+    <message>
+        <source>Count</source>
+        <translation>個数</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>モード</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>移動 %1</translation>
+    </message>
+    <message>
+        <source>Rotate %1</source>
+        <translation>回転 %1</translation>
+    </message>
+    <message>
+        <source>Scale %1</source>
+        <translation>拡大 %1</translation>
+    </message>
+</context>
+<context>
+    <name>KMModFFDNode</name>
+    <message>
+        <source>FFD</source>
+        <translation>FFD</translation>
+    </message>
+    <message>
+        <source>%1 would have %2 control points; the limit is %3</source>
+        <translation>%1 の制御点は %2 個になります。上限は %3 個です</translation>
+    </message>
+</context>
+<context>
+    <name>KMModFFDPage</name>
+    <message>
+        <source>FFDNode</source>
+        <translation>FFD ノード</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高さ</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>奥行き</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>強さ</translation>
+    </message>
+    <message>
+        <source>Points %1</source>
+        <translation>制御点 %1</translation>
+    </message>
+</context>
+<context>
+    <name>KMModPipeNode</name>
+    <message>
+        <source>Pipe</source>
+        <translation>パイプ</translation>
+    </message>
+    <message>
+        <source>Mitre</source>
+        <translation>留め継ぎ</translation>
+    </message>
+    <message>
+        <source>Bisector</source>
+        <translation>二等分</translation>
+    </message>
+    <message>
+        <source>Blended Mitre</source>
+        <translation>混合した留め継ぎ</translation>
+    </message>
+    <message>
+        <source>Taper</source>
+        <translation>先細り</translation>
+    </message>
+</context>
+<context>
+    <name>KMModPipePage</name>
+    <message>
+        <source>PipeNode</source>
+        <translation>パイプノード</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Sectors</source>
+        <translation>セクター数</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <translation>オフセット</translation>
+    </message>
+    <message>
+        <source>Blend</source>
+        <translation>混合</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>モード</translation>
+    </message>
+    <message>
+        <source>Fill Cap</source>
+        <translation>端をふさぐ</translation>
+    </message>
+</context>
+<context>
+    <name>KMModSdvNode</name>
+    <message>
+        <source>Subdivision</source>
+        <translation>サブディビジョン</translation>
+    </message>
+    <message>
+        <source>Far::TopologyRefinerFactory::Create failed.</source>
+        <translation>Far::TopologyRefinerFactory::Create failed.</translation>
+    </message>
+</context>
+<context>
+    <name>KMModSdvPage</name>
+    <message>
+        <source>SubdivisionNode</source>
+        <translation>サブディビジョンノード</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>レベル</translation>
+    </message>
+    <message>
+        <source>Smooth Tri</source>
+        <translation>三角形を滑らかに</translation>
+    </message>
+    <message>
+        <source>Interpolaion</source>
+        <translation>補間</translation>
+    </message>
+    <message>
+        <source>Smooth everywhere</source>
+        <translation>すべて滑らか</translation>
+    </message>
+    <message>
+        <source>Corners stay</source>
+        <translation>角を保つ</translation>
+    </message>
+    <message>
+        <source>Corners and junctions stay</source>
+        <translation>角と分岐を保つ</translation>
+    </message>
+    <message>
+        <source>Corners, junctions and darts stay</source>
+        <translation>角と分岐と切れ込みを保つ</translation>
+    </message>
+    <message>
+        <source>Borders stay</source>
+        <translation>境界を保つ</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>線形</translation>
+    </message>
+    <message>
+        <source>Subdiv Tag</source>
+        <translation>タグも分割</translation>
+    </message>
+</context>
+<context>
+    <name>KMModSolidNode</name>
+    <message>
+        <source>Solidify</source>
+        <translation>厚み付け</translation>
+    </message>
+</context>
+<context>
+    <name>KMModSolidPage</name>
+    <message>
+        <source>SolidifyNode</source>
+        <translation>厚み付けノード</translation>
+    </message>
+    <message>
+        <source>Thickeness</source>
+        <translation>厚さ</translation>
+    </message>
+</context>
+<context>
+    <name>KMModSymNode</name>
+    <message>
+        <source>Symmetry</source>
+        <translation>対称</translation>
+    </message>
+</context>
+<context>
+    <name>KMModSymPage</name>
+    <message>
+        <source>SymmetryNode</source>
+        <translation>対称ノード</translation>
+    </message>
+    <message>
+        <source>Margin</source>
+        <translation>許容範囲</translation>
+    </message>
+    <message>
+        <source>Symmety Axis</source>
+        <translation>対称軸</translation>
+    </message>
+    <message>
+        <source>Crossing</source>
+        <translation>交差</translation>
+    </message>
+</context>
+<context>
+    <name>KMModifierPage</name>
+    <message>
+        <source>The mesh above it in the tree, as long as the modifier is switched on</source>
+        <translation>モディファイアが有効な間、ツリーで上にあるメッシュ</translation>
+    </message>
+    <message>
+        <source>Root Mesh</source>
+        <translation>元のメッシュ</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+</context>
+<context>
     <name>KMNativeFormat</name>
     <message>
         <source>The file can&apos;t be written: %1</source>
@@ -1320,6 +2126,196 @@
     <message>
         <source>Select a node that can hold %1</source>
         <translation>%1 を持てるノードを選択してください</translation>
+    </message>
+</context>
+<context>
+    <name>KMNodeComContainer</name>
+    <message>
+        <source>Convert</source>
+        <translation>変換</translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation>メッシュ</translation>
+    </message>
+    <message>
+        <source>Elements</source>
+        <translation>要素</translation>
+    </message>
+    <message>
+        <source>Coordinates</source>
+        <translation>座標</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>テスト</translation>
+    </message>
+</context>
+<context>
+    <name>KMNodeCommand</name>
+    <message>
+        <source>Align Faces</source>
+        <translation>面の向きをそろえる</translation>
+    </message>
+    <message>
+        <source>Turn the faces so that all of them look to the same side as their neighbours</source>
+        <translation>すべての面が隣の面と同じ側を向くように裏返します</translation>
+    </message>
+    <message>
+        <source>Assign Shader</source>
+        <translation>シェーダーの割り当て</translation>
+    </message>
+    <message>
+        <source>Give all faces of the mesh the current shader</source>
+        <translation>メッシュのすべての面に現在のシェーダーを割り当てます</translation>
+    </message>
+    <message>
+        <source>Clear Coodinates</source>
+        <translation>座標をクリア</translation>
+    </message>
+    <message>
+        <source>Put the axes of the node back to rest; vertices of meshes stay in place</source>
+        <translation>ノードの軸を初期状態に戻します。メッシュの頂点は動きません</translation>
+    </message>
+    <message>
+        <source>Copy Coodinates</source>
+        <translation>座標をコピー</translation>
+    </message>
+    <message>
+        <source>Copy position, rotation and scale of the node&apos;s axes</source>
+        <translation>ノードの軸の位置、回転、拡大をコピーします</translation>
+    </message>
+    <message>
+        <source>Paste Coodinates</source>
+        <translation>座標を貼り付け</translation>
+    </message>
+    <message>
+        <source>Give the node&apos;s axes the copied position, rotation and scale</source>
+        <translation>コピーした位置、回転、拡大をノードの軸に適用します</translation>
+    </message>
+    <message>
+        <source>Delete LinePolygon</source>
+        <translation>ラインポリゴンを削除</translation>
+    </message>
+    <message>
+        <source>Delete all line polygons of the mesh</source>
+        <translation>メッシュのラインポリゴンをすべて削除します</translation>
+    </message>
+    <message>
+        <source>Delete Overlapped faces</source>
+        <translation>重なった面を削除</translation>
+    </message>
+    <message>
+        <source>Delete the faces that have the same corners as another one</source>
+        <translation>ほかの面と同じ頂点を持つ面を削除します</translation>
+    </message>
+    <message>
+        <source>Delete X Minus Vertex</source>
+        <translation>X マイナス側の頂点を削除</translation>
+    </message>
+    <message>
+        <source>Delete the half of the mesh on the negative side of its X axis</source>
+        <translation>メッシュの X 軸の負の側の半分を削除します</translation>
+    </message>
+    <message>
+        <source>Fit FFD</source>
+        <translation>FFD を合わせる</translation>
+    </message>
+    <message>
+        <source>Put the box of the lattice around the selected vertices of its mesh</source>
+        <translation>格子の箱をメッシュの選択頂点に合わせます</translation>
+    </message>
+    <message>
+        <source>Freeze Modifiier</source>
+        <translation>モディファイアをフリーズ</translation>
+    </message>
+    <message>
+        <source>Replace the mesh by what its modifiers make of it</source>
+        <translation>メッシュをモディファイアの結果に置き換えます</translation>
+    </message>
+    <message>
+        <source>Invert Edge Selection</source>
+        <translation>エッジの選択を反転</translation>
+    </message>
+    <message>
+        <source>Select the edges that aren&apos;t selected, and only these</source>
+        <translation>選択されていないエッジだけを選択します</translation>
+    </message>
+    <message>
+        <source>Invert Face Selection</source>
+        <translation>面の選択を反転</translation>
+    </message>
+    <message>
+        <source>Select the faces that aren&apos;t selected, and only these</source>
+        <translation>選択されていない面だけを選択します</translation>
+    </message>
+    <message>
+        <source>Invert Vertex Selection</source>
+        <translation>頂点の選択を反転</translation>
+    </message>
+    <message>
+        <source>Select the vertices that aren&apos;t selected, and only these</source>
+        <translation>選択されていない頂点だけを選択します</translation>
+    </message>
+    <message>
+        <source>Merge Closed Vertex</source>
+        <translation>近い頂点を結合</translation>
+    </message>
+    <message>
+        <source>Merge vertices that lie closer together than a distance</source>
+        <translation>指定した距離より近い頂点を結合します</translation>
+    </message>
+    <message>
+        <source>Normalize LocalRotate</source>
+        <translation>ローカル回転を正規化</translation>
+    </message>
+    <message>
+        <source>Take the rotation out of the node&apos;s axes; vertices of meshes stay in place</source>
+        <translation>ノードの軸の回転をなくします。メッシュの頂点は動きません</translation>
+    </message>
+    <message>
+        <source>Polygonize</source>
+        <translation>ポリゴン化</translation>
+    </message>
+    <message>
+        <source>Turn the primitive into a mesh that can be edited</source>
+        <translation>プリミティブを編集できるメッシュに変えます</translation>
+    </message>
+    <message>
+        <source>Projection</source>
+        <translation>投影</translation>
+    </message>
+    <message>
+        <source>Move the selected vertices along the view onto the other meshes</source>
+        <translation>選択頂点を視線に沿ってほかのメッシュの上へ動かします</translation>
+    </message>
+    <message>
+        <source>NodeComTest</source>
+        <translation>NodeComTest</translation>
+    </message>
+    <message>
+        <source>Does nothing: for those who work on the program</source>
+        <translation>何もしません。開発用の項目です</translation>
+    </message>
+    <message>
+        <source>View Hide Face</source>
+        <translation>隠した面を表示</translation>
+    </message>
+    <message>
+        <source>Show the hidden faces of the selected meshes again</source>
+        <translation>選択中のメッシュの隠した面を再び表示します</translation>
+    </message>
+    <message>
+        <source>Wired</source>
+        <translation>ワイヤー化</translation>
+    </message>
+    <message>
+        <source>Turn the mesh into wires: a line polygon in place of each edge</source>
+        <translation>メッシュを各エッジのラインポリゴンに変えます</translation>
+    </message>
+    <message>
+        <source>Node Selection not found.</source>
+        <translation>選択中のノードがありません。</translation>
     </message>
 </context>
 <context>
@@ -1347,6 +2343,14 @@
     <message>
         <source>Set Lock</source>
         <translation>ロックの切り替え</translation>
+    </message>
+    <message>
+        <source>Add Node</source>
+        <translation>ノードの追加</translation>
+    </message>
+    <message>
+        <source>No mesh was current: move the modifier below the mesh that it shall change</source>
+        <translation>現在のメッシュがありません。モディファイアを対象のメッシュの下へ移動してください</translation>
     </message>
 </context>
 <context>
@@ -1861,6 +2865,13 @@
     <message>
         <source>Textures</source>
         <translation>テクスチャ</translation>
+    </message>
+</context>
+<context>
+    <name>KMResultLimit</name>
+    <message>
+        <source>%1 would make %2 vertices and %3 faces, more than the memory holds; its result stays empty</source>
+        <translation>%1 は頂点 %2 個と面 %3 個を作ることになり、メモリーに収まりません。結果は空のままです</translation>
     </message>
 </context>
 <context>
@@ -2671,6 +3682,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMTagConstraint</name>
+    <message>
+        <source>Constraint</source>
+        <translation>コンストレイント</translation>
+    </message>
+</context>
+<context>
     <name>KMTagNormal</name>
     <message>
         <source>Normal</source>
@@ -2952,6 +3970,17 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMToolUniv</name>
+    <message>
+        <source>Flow Select</source>
+        <translation>なぞって選択</translation>
+    </message>
+    <message>
+        <source>Brush Select</source>
+        <translation>ブラシ選択</translation>
+    </message>
+</context>
+<context>
     <name>KMTransformEdit</name>
     <message>
         <source>A mesh can&apos;t have a scale of 0</source>
@@ -3049,6 +4078,14 @@ Trying to Recover Files?</source>
     <message>
         <source>The handle stands along the axes of the current node</source>
         <translation>ハンドルを現在のノードの軸に合わせます</translation>
+    </message>
+    <message>
+        <source>Flow</source>
+        <translation>なぞる</translation>
+    </message>
+    <message>
+        <source>A drag at an element selects all that it passes over</source>
+        <translation>要素の上をドラッグすると通った要素をすべて選択します</translation>
     </message>
 </context>
 <context>
@@ -3251,6 +4288,52 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>NodeComAssignShader</name>
+    <message>
+        <source>Shader Selection not found.</source>
+        <translation>シェーダーが選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>NodeComMergeClosedVertex</name>
+    <message>
+        <source>Distance</source>
+        <translation>距離</translation>
+    </message>
+    <message>
+        <source>Selected Only</source>
+        <translation>選択のみ</translation>
+    </message>
+</context>
+<context>
+    <name>NodeComPasteCoodinate</name>
+    <message>
+        <source>Copy coordinates first</source>
+        <translation>先に座標をコピーしてください</translation>
+    </message>
+</context>
+<context>
+    <name>NodeComPolygonize</name>
+    <message>
+        <source>Primitive Selection not found.</source>
+        <translation>選択中のプリミティブがありません。</translation>
+    </message>
+</context>
+<context>
+    <name>NodeComProjection</name>
+    <message>
+        <source>Vertex Selection not found.</source>
+        <translation>頂点が選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>NodeComViewHideFace</name>
+    <message>
+        <source>Node Selection not found.</source>
+        <translation>選択中のノードがありません。</translation>
+    </message>
+</context>
+<context>
     <name>NormalComAveragingNormal</name>
     <message>
         <source>Averaging Normal</source>
@@ -3438,6 +4521,20 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>addBoneCommand</name>
+    <message>
+        <source>Add Bone</source>
+        <translation>ボーンを追加</translation>
+    </message>
+</context>
+<context>
+    <name>addBoneKeyCommand</name>
+    <message>
+        <source>Edit BoneKey</source>
+        <translation>ボーンキーを編集</translation>
+    </message>
+</context>
+<context>
     <name>addFaceCommand</name>
     <message>
         <source>Add Face</source>
@@ -3494,6 +4591,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>buildModifierCommand</name>
+    <message>
+        <source>Build Modifier</source>
+        <translation>モディファイアを構築</translation>
+    </message>
+</context>
+<context>
     <name>changeNodeCommand</name>
     <message>
         <source>Change Node</source>
@@ -3519,6 +4623,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Decrement ShaderIndex</source>
         <translation>シェーダー番号の繰り下げ</translation>
+    </message>
+</context>
+<context>
+    <name>deleteBoneCommand</name>
+    <message>
+        <source>Delete Bone</source>
+        <translation>ボーンを削除</translation>
     </message>
 </context>
 <context>
@@ -3571,6 +4682,27 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>editBoneGeometryCommand</name>
+    <message>
+        <source>Edit Bone</source>
+        <translation>ボーンを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editBoneLimitHPBCommand</name>
+    <message>
+        <source>Edit Bone</source>
+        <translation>ボーンを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editBoneViewTypeCommand</name>
+    <message>
+        <source>Edit Bone</source>
+        <translation>ボーンを編集</translation>
+    </message>
+</context>
+<context>
     <name>editFaceShaderCommand</name>
     <message>
         <source>Edit Face Shader</source>
@@ -3596,6 +4728,48 @@ Trying to Recover Files?</source>
     <message>
         <source>Edit MeshNode</source>
         <translation>メッシュの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editModClonerCommand</name>
+    <message>
+        <source>Edit ClonerNode</source>
+        <translation>クローナーを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editModFFDCommand</name>
+    <message>
+        <source>Edit FFDNode</source>
+        <translation>FFD を編集</translation>
+    </message>
+</context>
+<context>
+    <name>editModPipeCommand</name>
+    <message>
+        <source>Edit PipeNode</source>
+        <translation>パイプを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editModSdvCommand</name>
+    <message>
+        <source>Edit SdvNode</source>
+        <translation>サブディビジョンを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editModSolCommand</name>
+    <message>
+        <source>Edit SolidifyNode</source>
+        <translation>厚み付けを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editModSymCommand</name>
+    <message>
+        <source>Edit SymNode</source>
+        <translation>対称を編集</translation>
     </message>
 </context>
 <context>
@@ -4087,10 +5261,6 @@ Trying to Recover Files?</source>
         <translation>%1 はここで開けるファイルではありません。</translation>
     </message>
     <message>
-        <source>Add TextureNode</source>
-        <translation>テクスチャの追加</translation>
-    </message>
-    <message>
         <source>File(&amp;F)</source>
         <translation>ファイル(&amp;F)</translation>
     </message>
@@ -4544,6 +5714,82 @@ Trying to Recover Files?</source>
         <source>Tools</source>
         <translation>ツール</translation>
     </message>
+    <message>
+        <source>Bone</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>Add a bone that goes on from the selected one</source>
+        <translation>選択中のボーンに続くボーンを追加します</translation>
+    </message>
+    <message>
+        <source>Subdivision</source>
+        <translation>サブディビジョン</translation>
+    </message>
+    <message>
+        <source>Put a smooth surface over the mesh</source>
+        <translation>メッシュに滑らかな曲面をかけます</translation>
+    </message>
+    <message>
+        <source>Symmetry</source>
+        <translation>対称</translation>
+    </message>
+    <message>
+        <source>Join the mesh with its mirror image</source>
+        <translation>メッシュをその鏡像とつなぎます</translation>
+    </message>
+    <message>
+        <source>Pipe</source>
+        <translation>パイプ</translation>
+    </message>
+    <message>
+        <source>Make tubes of the lines of the mesh</source>
+        <translation>メッシュの線を管にします</translation>
+    </message>
+    <message>
+        <source>FFD</source>
+        <translation>FFD</translation>
+    </message>
+    <message>
+        <source>Bend the mesh by the points of a lattice</source>
+        <translation>格子の点でメッシュを曲げます</translation>
+    </message>
+    <message>
+        <source>Solidify</source>
+        <translation>厚み付け</translation>
+    </message>
+    <message>
+        <source>Give the surface of the mesh a thickness</source>
+        <translation>メッシュの面に厚みを付けます</translation>
+    </message>
+    <message>
+        <source>Cloner</source>
+        <translation>クローナー</translation>
+    </message>
+    <message>
+        <source>Repeat the mesh in steps</source>
+        <translation>メッシュを段階的に繰り返します</translation>
+    </message>
+    <message>
+        <source>%1 isn&apos;t there any more.</source>
+        <translation>%1 はもうありません。</translation>
+    </message>
+    <message>
+        <source>Bone(&amp;B)</source>
+        <translation>ボーン(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Modifiers</source>
+        <translation>モディファイア</translation>
+    </message>
+    <message>
+        <source>Nodes(&amp;N)</source>
+        <translation>ノード(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Operation Panel</source>
+        <translation>操作パネル</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -4769,6 +6015,20 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>moveBoneToOtherContainerCommand</name>
+    <message>
+        <source>Move Bone</source>
+        <translation>ボーンを移動</translation>
+    </message>
+</context>
+<context>
+    <name>moveCtrlNodeCommand</name>
+    <message>
+        <source>Move Bone</source>
+        <translation>ボーンを移動</translation>
+    </message>
+</context>
+<context>
     <name>moveNodeCommand</name>
     <message>
         <source>Move Node</source>
@@ -4818,6 +6078,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>removeBoneKeyCommand</name>
+    <message>
+        <source>Remove BoneKey</source>
+        <translation>ボーンキーを削除</translation>
+    </message>
+</context>
+<context>
     <name>renameKMPNodeCommand</name>
     <message>
         <source>Rename Node</source>
@@ -4839,6 +6106,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>selectBoneCommand</name>
+    <message>
+        <source>Select Bone</source>
+        <translation>ボーンを選択</translation>
+    </message>
+</context>
+<context>
     <name>selectNodeCommand</name>
     <message>
         <source>Select Node</source>
@@ -4853,6 +6127,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>setCtrlParentCommand</name>
+    <message>
+        <source>Set Parent</source>
+        <translation>親を設定</translation>
+    </message>
+</context>
+<context>
     <name>setEdgeWeightCommand</name>
     <message>
         <source>Set Edge Weight</source>
@@ -4864,6 +6145,13 @@ Trying to Recover Files?</source>
     <message>
         <source>SetShaderIndexList</source>
         <translation>シェーダー番号の設定</translation>
+    </message>
+</context>
+<context>
+    <name>setFloatBoneCommand</name>
+    <message>
+        <source>Set Float</source>
+        <translation>小数の設定</translation>
     </message>
 </context>
 <context>
@@ -4899,6 +6187,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Set Lock</source>
         <translation>ロックの切り替え</translation>
+    </message>
+</context>
+<context>
+    <name>setMovableBoneCommand</name>
+    <message>
+        <source>Set Movable</source>
+        <translation>移動可能を設定</translation>
     </message>
 </context>
 <context>
@@ -4941,6 +6236,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Set Visible</source>
         <translation>表示の切り替え</translation>
+    </message>
+</context>
+<context>
+    <name>showCtrlChildCommand</name>
+    <message>
+        <source>Show Bone</source>
+        <translation>ボーンを表示</translation>
     </message>
 </context>
 </TS>

@@ -20,10 +20,11 @@ void KMCommandContainer::add(KMCommand *command, const char *objectName)
 
 KMCommand *KMCommandContainer::command(const QString &className) const
 {
-    const auto found = std::find_if(m_commands.begin(), m_commands.end(), [&className](const KMCommand *command) {
+    // Of two of the same name the later one is meant.
+    const auto found = std::find_if(m_commands.rbegin(), m_commands.rend(), [&className](const KMCommand *command) {
         return command->objectName() == className;
     });
-    return found == m_commands.end() ? nullptr : *found;
+    return found == m_commands.rend() ? nullptr : *found;
 }
 
 QList<QAction *> KMCommandContainer::actions() const

@@ -13,9 +13,15 @@ QTreeWidgetItem *rowInTree(KMNode *node)
     return row && row->treeWidget() == gProject->tree() ? row : nullptr; // bones have theirs in another tree
 }
 
+/// The tree that shows a node, the project's or, for a bone, that of its container; null where none does.
+KMTreeWidget *treeOf(const KMContainerNode *node)
+{
+    return node->item() ? static_cast<KMTreeWidget *>(node->item()->treeWidget()) : nullptr;
+}
+
 KMNodeSwitch switchNow(KMContainerNode *node, KMTreeWidget::Column column, bool on)
 {
-    const QTreeWidgetItem *row = rowInTree(node);
+    const QTreeWidgetItem *row = treeOf(node) ? node->item() : nullptr;
     return {on, row ? row->checkState(column) : Qt::Unchecked};
 }
 
@@ -26,8 +32,8 @@ KMNodeSwitch switchTo(bool on)
 
 void showBox(KMContainerNode *node, KMTreeWidget::Column column, Qt::CheckState state)
 {
-    if (QTreeWidgetItem *row = rowInTree(node))
-        gProject->tree()->setRowBox(row, column, state);
+    if (KMTreeWidget *tree = treeOf(node))
+        tree->setRowBox(node->item(), column, state);
 }
 
 } // namespace
@@ -56,8 +62,8 @@ renameNodeCommand::renameNodeCommand(KMContainerNode *node, const QString &name)
 void renameNodeCommand::write(const QString &name)
 {
     m_target->setName(name);
-    if (QTreeWidgetItem *row = rowInTree(m_target))
-        gProject->tree()->setRowText(row, name);
+    if (KMTreeWidget *tree = treeOf(m_target))
+        tree->setRowText(m_target->item(), name);
     gProject->retitleBlock(m_target, name);
 }
 

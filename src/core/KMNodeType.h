@@ -137,10 +137,10 @@ constexpr bool isTransformable(int id)
 }
 
 /// Whether the transform of such a node is its place in the world, whatever stands above it: what primitives and
-/// modifiers make follows it alone. It is carried along with the nodes above.
+/// modifiers make follows it alone, and so does a bone. It is carried along with the nodes above.
 constexpr bool standsInWorld(int id)
 {
-    return isPrimitive(id) || isModifier(id);
+    return isPrimitive(id) || isModifier(id) || id == KMNodeType::Bone;
 }
 
 /// Whether a new row takes its visible and lock boxes from the node; rows of the value containers and of

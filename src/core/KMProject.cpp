@@ -42,6 +42,7 @@ const KMProject::Family KMProject::families[] = {
     {0, KMNodeType::ShaderFlag, AllShaders, NoList},
     {0, KMNodeType::ModifierFlag, ModifierNodes, ModifiersInTree},
     {0, KMNodeType::PrimitiveFlag, PrimitiveNodes, PrimitivesInTree},
+    {KMNodeType::Bone, 0, NoList, NoList}, // its container owns, lists and names it
     {0, KMNodeType::CtrlFlag, CtrlNodes, CtrlNodes},
 };
 
@@ -177,6 +178,8 @@ void KMProject::enlist(KMContainerNode *node, Naming naming)
     Q_ASSERT(family);
     if (naming == Naming::Unique)
         node->setName(uniqueName(node));
+    if (family->list == NoList)
+        return;
     m_lists[family->list] << node;
     m_lists[AllNodes] << node;
 }

@@ -138,6 +138,8 @@ signals:
     void shadersChanged(); ///< the live list of shaders is another
     void texturesChanged();
     void frameChanged(int frame);
+    /// A bone is gone for good: who refers to it forgets it now. Not told while the project empties itself.
+    void boneDestroyed(KMNode *bone);
 
 private:
     enum List {

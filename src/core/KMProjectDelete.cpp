@@ -15,8 +15,11 @@
 
 namespace {
 
-QList<KMNode *> nodesOfSubtree(const KMContainerNode *node)
+/// What goes with a node. The bones below a bone stay.
+QList<KMNode *> nodesOfSubtree(KMContainerNode *node)
 {
+    if (node->type() == KMNodeType::Bone)
+        return {node};
     QList<KMNode *> nodes;
     for (const QTreeWidgetItem *row : KMTreeWidget::flatten(node->item()))
         nodes << KMTreeWidget::nodeOf(row);

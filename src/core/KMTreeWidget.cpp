@@ -252,7 +252,7 @@ void KMTreeWidget::currentRowChanged(QTreeWidgetItem *current)
 
 QStringList KMTreeWidget::mimeTypes() const
 {
-    return {NodeMimeType, TagMimeType};
+    return {nodeMimeType(), tagMimeType()};
 }
 
 QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
@@ -262,10 +262,10 @@ QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
     QList<KMContainerNode *> nodes;
     for (const QTreeWidgetItem *row : topSelectedItems(this))
         nodes << nodeOf(row);
-    return mimeDataOf(nodes);
+    return mimeDataOf(nodes, nodeMimeType());
 }
 
-QMimeData *KMTreeWidget::mimeDataOf(const QList<KMContainerNode *> &nodes)
+QMimeData *KMTreeWidget::mimeDataOf(const QList<KMContainerNode *> &nodes, const QString &mimeType)
 {
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
@@ -273,14 +273,15 @@ QMimeData *KMTreeWidget::mimeDataOf(const QList<KMContainerNode *> &nodes)
     for (const KMContainerNode *node : nodes)
         out << pointerTo(node);
     auto *data = new QMimeData;
-    data->setData(NodeMimeType, bytes);
+    data->setData(mimeType, bytes);
     return data;
 }
 
 /// Pointers of nodes that are gone are none of these.
-QList<KMContainerNode *> KMTreeWidget::nodesAmong(const QList<KMContainerNode *> &known, const QMimeData *data)
+QList<KMContainerNode *> KMTreeWidget::nodesAmong(const QList<KMContainerNode *> &known, const QMimeData *data,
+                                                  const QString &mimeType)
 {
-    const QList<qulonglong> pointers = pointersIn(data->data(NodeMimeType));
+    const QList<qulonglong> pointers = pointersIn(data->data(mimeType));
     const QSet<qulonglong> dragged(pointers.cbegin(), pointers.cend());
     QList<KMContainerNode *> nodes;
     for (KMContainerNode *node : known) {
@@ -295,7 +296,7 @@ QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data) const
     QList<KMContainerNode *> inTree;
     for (const QTreeWidgetItem *row : flatten(this))
         inTree << nodeOf(row);
-    return nodesAmong(inTree, data);
+    return nodesAmong(inTree, data, nodeMimeType());
 }
 
 QMimeData *KMTreeWidget::mimeDataOf(const KMTagBase *tag) const
@@ -304,13 +305,13 @@ QMimeData *KMTreeWidget::mimeDataOf(const KMTagBase *tag) const
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out << QCoreApplication::applicationPid() << pointerTo(tag->owner()) << pointerTo(tag);
     auto *data = new QMimeData;
-    data->setData(TagMimeType, bytes);
+    data->setData(tagMimeType(), bytes);
     return data;
 }
 
 KMTagBase *KMTreeWidget::tagOf(const QMimeData *data) const
 {
-    const QList<qulonglong> pointers = pointersIn(data->data(TagMimeType));
+    const QList<qulonglong> pointers = pointersIn(data->data(tagMimeType()));
     for (const QTreeWidgetItem *row : flatten(this)) {
         if (pointers.size() != 2 || pointerTo(nodeOf(row)) != pointers.first())
             continue;
@@ -341,7 +342,7 @@ void KMTreeWidget::startDrag(Qt::DropActions actions)
 void KMTreeWidget::dragMoveEvent(QDragMoveEvent *event)
 {
     QTreeWidget::dragMoveEvent(event);
-    if (!event->mimeData()->hasFormat(TagMimeType))
+    if (!event->mimeData()->hasFormat(tagMimeType()))
         return;
     const KMTagBase *tag = tagOf(event->mimeData());
     const KMContainerNode *target = nodeOf(itemAt(event->pos()));

@@ -61,8 +61,9 @@ public:
 
     QList<KMContainerNode *> nodesOf(const QMimeData *data) const; ///< dragged rows; empty for what is not of this tree
     /// For other lists of nodes: what a drag of these carries, and which of these a drag carries.
-    static QMimeData *mimeDataOf(const QList<KMContainerNode *> &nodes);
-    static QList<KMContainerNode *> nodesAmong(const QList<KMContainerNode *> &known, const QMimeData *data);
+    static QMimeData *mimeDataOf(const QList<KMContainerNode *> &nodes, const QString &mimeType = NodeMimeType);
+    static QList<KMContainerNode *> nodesAmong(const QList<KMContainerNode *> &known, const QMimeData *data,
+                                               const QString &mimeType = NodeMimeType);
     KMTagBase *tagOf(const QMimeData *data) const; ///< a dragged tag; null for what is not of this tree
     QMimeData *mimeDataOf(const KMTagBase *tag) const;
 
@@ -79,6 +80,8 @@ signals:
     void tagDropped(KMTagBase *tag, KMContainerNode *target, const QPoint &position, bool asCopy); ///< in the viewport
 
 protected:
+    virtual QString nodeMimeType() const { return NodeMimeType; } ///< of the rows of this tree
+    virtual QString tagMimeType() const { return TagMimeType; }
     QStringList mimeTypes() const override;
     QMimeData *mimeData(const QList<QTreeWidgetItem *> items) const override;
     void startDrag(Qt::DropActions actions) override;

@@ -137,13 +137,6 @@ void skipWeights(Fields &f)
 constexpr Row nodeRows[] = {
     {KMNodeType::UserCamera, [](Fields &) {}},
     {KMNodeType::ModBoneDeform, [](Fields &f) { f.transform().tags(); }},
-    {KMNodeType::ModCloner, [](Fields &f) { f.transform().i32(2).f32(9).tags(); }},
-    {KMNodeType::ModSdv, [](Fields &f) { f.transform().i32().flag().i32(2).i32(f.since(1.1f)).tags(); }},
-    {KMNodeType::ModSym, [](Fields &f) { f.transform().f32().i32().flag(f.since(2.2f) ? 2 : 0).tags(); }},
-    {KMNodeType::ModFFD,
-     [](Fields &f) { f.transform().i32().flag().i32(3).f32(3).list([](Fields &point) { point.f32(3); }).tags(); }},
-    {KMNodeType::ModPipe, [](Fields &f) { f.transform().f32().i32().f32().i32().f32(4).i32(2).flag().tags(); }},
-    {KMNodeType::ModSolid, [](Fields &f) { f.transform().f32().i32().tags(); }},
     {KMNodeType::ModHair,
      [](Fields &f) {
          f.transform().f32(2).flag(2).i32(2).list([](Fields &point) { point.f32(2); }).f32(2).i32(2).f32(4).tags();

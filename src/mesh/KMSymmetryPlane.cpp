@@ -10,6 +10,12 @@ KMSymmetryPlane::KMSymmetryPlane(const KMMeshNode &mesh)
     m_origin = frame.translation();
 }
 
+KMSymmetryPlane::KMSymmetryPlane(const kvm::Vector3 &origin, const kvm::Vector3 &normal)
+    : m_normal(normal)
+    , m_origin(origin)
+{
+}
+
 float KMSymmetryPlane::distance(const kvm::Vector3 &point) const
 {
     return dot(point - m_origin, m_normal);

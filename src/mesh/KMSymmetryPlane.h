@@ -4,11 +4,12 @@
 
 class KMMeshNode;
 
-/// The plane of symmetry of a mesh: the one of its frame that stands on the x axis, in world space.
+/// A plane of symmetry in world space. That of a mesh is the one of its frame that stands on the x axis.
 class KMSymmetryPlane
 {
 public:
     explicit KMSymmetryPlane(const KMMeshNode &mesh); ///< as the frame is now
+    KMSymmetryPlane(const kvm::Vector3 &origin, const kvm::Vector3 &normal); ///< a normal of unit length
 
     const kvm::Vector3 &normal() const { return m_normal; } ///< unit length
     float distance(const kvm::Vector3 &point) const;        ///< above 0 on the side of the normal

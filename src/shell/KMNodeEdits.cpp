@@ -162,6 +162,7 @@ void KMNodeEdits::addModifier(KMContainerNode *modifier)
 {
     KMContainerNode *mesh = meshForModifier();
     const KMUndoMacro macro(tr("Add Node"));
+    gSolution->push(new selectNodeCommand(gSolution->currentNode())); // undone, it is current again
     gProject->addToScene(modifier);
     if (mesh)
         moveTo(modifier, mesh);

@@ -132,6 +132,7 @@ private slots:
     void onMenuCreateBoolNode();
     void onMenuCreateNullNode();
     void onMenuCreateMeshNode();
+    void onMenuCreateBoneNode();
     void onMenuCreateSphereNode();
     void onMenuCreateCubeNode();
     void onMenuCreateCylinderNode();

@@ -64,6 +64,8 @@ void kmmainwidget::createActions()
          QT_TR_NOOP("Add a null, which groups other nodes")},
         {"actionCreateMesh", QT_TR_NOOP("Mesh"), "node-mesh", "", &W::onMenuCreateMeshNode,
          QT_TR_NOOP("Add an empty mesh")},
+        {"actionCreateBone", QT_TR_NOOP("Bone"), "node-bone", "", &W::onMenuCreateBoneNode,
+         QT_TR_NOOP("Add a bone that goes on from the selected one")},
         {"actionCreateSphere", QT_TR_NOOP("Sphere"), "sphere", "", &W::onMenuCreateSphereNode,
          QT_TR_NOOP("Add a sphere")},
         {"actionCreateCube", QT_TR_NOOP("Cube"), "cube", "", &W::onMenuCreateCubeNode, QT_TR_NOOP("Add a cube")},

@@ -28,6 +28,8 @@
 #include "modifiers/KMPrimSVGNode.h"
 #include "modifiers/KMPrimSphereNode.h"
 #include "modifiers/KMPrimTorusNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneEdit.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMMeshClipboard.h"
@@ -236,6 +238,12 @@ void kmmainwidget::onMenuCreateNullNode()
 void kmmainwidget::onMenuCreateMeshNode()
 {
     create(new KMMeshNode);
+}
+
+/// It comes into the current rig; the first one brings a rig along.
+void kmmainwidget::onMenuCreateBoneNode()
+{
+    m_attributeDock->showFor(KMBoneEdit::createBone());
 }
 
 void kmmainwidget::onMenuCreateSphereNode()

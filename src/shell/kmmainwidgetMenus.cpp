@@ -13,6 +13,7 @@
 #include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
+#include "tools/KMBoneComContainer.h"
 #include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 
@@ -49,6 +50,7 @@ void kmmainwidget::createMenus()
     createCreateMenu();
     createSelectionMenu();
     createNodesMenu();
+    createFamilyMenu(tr("Bone(&B)"), "Menu Bone", new KMBoneComContainer(this));
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
@@ -146,7 +148,7 @@ void kmmainwidget::createCreateMenu()
 {
     QMenu *menu = addMenu(tr("Create(&C)"), "Menu Create");
     fill(menu, {"actionCreateInt", "actionCreateFloat", "actionCreateBool", nullptr, "actionCreateNull",
-                "actionCreateMesh", nullptr});
+                "actionCreateMesh", "actionCreateBone", nullptr});
     QMenu *primitives = menu->addMenu(KMIcon::icon(QStringLiteral("node-primitive")), tr("Primitive"));
     primitives->setObjectName(QStringLiteral("primitives"));
     fill(primitives, {"actionCreateSphere", "actionCreateCube", "actionCreateCylinder", "actionCreatePlane",

@@ -69,6 +69,7 @@ EditedSurface::EditedSurface(int shape)
     QRandomGenerator random(20);
     for (KMEdge *edge : mesh.edges())
         edge->weight = random.bounded(4) == 0 ? 0.5f : 0.0f;
+    mesh.refreshMesh(KMMeshDirty::All);
 }
 
 QString EditedSurface::problem(const KMMeshNode &mesh)

@@ -33,7 +33,11 @@ void kmattributewidget::showSubject(Subject subject)
 void kmattributewidget::showFor(KMNode *node)
 {
     const int type = node ? node->type() : 0;
-    showSubject(isShader(type) ? Shader : isTexture(type) ? Texture : isTag(type) ? Tag : Node);
+    showSubject(isShader(type)             ? Shader
+                : isTexture(type)          ? Texture
+                : isTag(type)              ? Tag
+                : type == KMNodeType::Bone ? Bone
+                                           : Node);
 }
 
 KMNode *kmattributewidget::subjectNode() const

@@ -1,0 +1,155 @@
+// How bones are given another rest pose.
+
+#include "rig/KMBoneEdit.h"
+
+#include "core/KMSolution.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneCommands.h"
+
+namespace KMBoneEdit {
+
+namespace {
+
+bool isChain(const QList<KMBone *> &bones)
+{
+    for (int i = 1; i < bones.size(); ++i) {
+        if (bones[i]->parentBone() != bones[i - 1])
+            return false;
+    }
+    return bones.size() >= 2;
+}
+
+/// Two points as each other's image: across the place where the line between them meets the plane, at their mean
+/// distance. False when they don't lie on two sides.
+bool makeSymmetric(kvm::Vector3 &a, kvm::Vector3 &b, const KMSymmetryPlane &plane)
+{
+    const float da = plane.distance(a);
+    const float db = plane.distance(b);
+    if (!(da * db < 0.0f))
+        return false;
+    const kvm::Vector3 crossing = a + (b - a) * (da / (da - db));
+    const kvm::Vector3 way = plane.normal() * ((std::abs(da) + std::abs(db)) * 0.5f);
+    a = da > 0.0f ? crossing + way : crossing - way;
+    b = da > 0.0f ? crossing - way : crossing + way;
+    return true;
+}
+
+} // namespace
+
+void pushChanges(const Changes &changes)
+{
+    for (const Change &change : changes) {
+        if (change.rest != change.bone->rest())
+            gSolution->push(new editBoneGeometryCommand(change.bone, change.rest));
+    }
+}
+
+Changes linearized(const QList<KMBone *> &bones)
+{
+    QList<KMBone *> chain;
+    float sum = 0.0f;
+    for (KMBone *bone : bones) {
+        if (bone->isPoint())
+            continue;
+        chain << bone;
+        sum += bone->lengthScale();
+    }
+    if (!isChain(chain) || !(sum > 0.0f))
+        return {};
+    const kvm::Vector3 start = chain.first()->restHead();
+    const kvm::Vector3 way = chain.last()->restTail() - start;
+    Changes changes;
+    float share = 0.0f;
+    kvm::Vector3 head = start;
+    for (KMBone *bone : std::as_const(chain)) {
+        share += bone->lengthScale() / sum;
+        // The last share is what the others leave of 1, so that rounding doesn't move the end.
+        const kvm::Vector3 tail = bone == chain.last() ? start + way : start + way * share;
+        changes.append({bone, restBone(head, tail, bone->rest())});
+        head = tail;
+    }
+    return changes;
+}
+
+Changes symmetrized(KMBone *first, KMBone *second, const KMSymmetryPlane &plane, Fault *fault)
+{
+    kvm::Vector3 heads[] = {first->restHead(), second->restHead()};
+    kvm::Vector3 tails[] = {first->rest().tail(), second->rest().tail()};
+    *fault = Fault::None;
+    if (!makeSymmetric(heads[0], heads[1], plane))
+        *fault = Fault::Heads;
+    else if (!makeSymmetric(tails[0], tails[1], plane))
+        *fault = Fault::Tails;
+    if (*fault != Fault::None)
+        return {};
+    return {{first, restBone(heads[0], tails[0], first->rest())},
+            {second, restBone(heads[1], tails[1], second->rest())}};
+}
+
+Changes fittedTo(KMBone *bone, const KMBone *child)
+{
+    return {{bone, restBone(bone->restHead(), child->restHead(), bone->rest())}};
+}
+
+Changes upAligned(const QList<KMBone *> &bones, const kvm::Vector3 &up)
+{
+    Changes changes;
+    for (KMBone *bone : bones) {
+        KMBoneRest rest = bone->rest();
+        const kvm::Vector3 direction = rest.head - rest.tail();
+        if (direction.lengthSquared() == 0.0f)
+            continue;
+        rest.rotation = directionToQuaternion(direction, up);
+        changes.append({bone, rest});
+    }
+    return changes;
+}
+
+Changes turned(const QList<KMBone *> &bones, const kvm::Quaternion &turn)
+{
+    Changes changes;
+    for (KMBone *bone : bones) {
+        KMBoneRest rest = bone->rest();
+        rest.head = turn.rotate(rest.head);
+        rest.rotation = turn * rest.rotation;
+        changes.append({bone, rest});
+    }
+    return changes;
+}
+
+KMBoneRest reflected(const KMBone *bone, const KMSymmetryPlane &plane)
+{
+    const KMBoneRest rest = bone->rest();
+    return restBone(plane.reflected(rest.head), plane.reflected(rest.tail()), rest);
+}
+
+QString mirroredName(const QString &name)
+{
+    struct Marks
+    {
+        QString one, other;
+    };
+    static const Marks ends[] = {{QStringLiteral("_L"), QStringLiteral("_R")},
+                                 {QStringLiteral(".L"), QStringLiteral(".R")},
+                                 {QStringLiteral("_l"), QStringLiteral("_r")},
+                                 {QStringLiteral(".l"), QStringLiteral(".r")}};
+    for (const Marks &marks : ends) {
+        const QString base = name.left(name.size() - marks.one.size());
+        if (name.endsWith(marks.one))
+            return base + marks.other;
+        if (name.endsWith(marks.other))
+            return base + marks.one;
+    }
+    static const Marks anywhere[] = {{QStringLiteral("左"), QStringLiteral("右")},
+                                     {QStringLiteral("Left"), QStringLiteral("Right")},
+                                     {QStringLiteral("left"), QStringLiteral("right")}};
+    for (const Marks &marks : anywhere) {
+        if (name.contains(marks.one))
+            return QString(name).replace(marks.one, marks.other);
+        if (name.contains(marks.other))
+            return QString(name).replace(marks.other, marks.one);
+    }
+    return {};
+}
+
+} // namespace KMBoneEdit

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "mesh/KMSymmetryPlane.h"
+#include "rig/KMRestBone.h"
+
+#include <QList>
+#include <QString>
+#include <QVector>
+
+class KMBone;
+class KMBoneContainer;
+class KMMeshNode;
+
+/// How bones are edited at rest. What answers changes leaves the bones alone; what is called push... makes steps of the
+/// history and opens no macro.
+namespace KMBoneEdit {
+
+struct Change
+{
+    KMBone *bone;
+    KMBoneRest rest;
+};
+using Changes = QVector<Change>;
+
+void pushChanges(const Changes &changes); ///< those that differ from what the bones have
+
+/// The joints of a chain on the line from its first head to its last tail, with the shares that the lengths have now.
+/// Points are left out; empty for less than two bones, or when each isn't the parent of the next.
+Changes linearized(const QList<KMBone *> &bones);
+
+enum class Fault { None, Heads, Tails }; ///< both lie on the same side of the plane, or one on it
+/// Two bones as each other's image, halfway between where they stand now.
+Changes symmetrized(KMBone *first, KMBone *second, const KMSymmetryPlane &plane, Fault *fault);
+
+Changes fittedTo(KMBone *bone, const KMBone *child);                       ///< its tail reaches the head of the child
+Changes upAligned(const QList<KMBone *> &bones, const kvm::Vector3 &up);   ///< turned about their own axes
+Changes turned(const QList<KMBone *> &bones, const kvm::Quaternion &turn); ///< about the origin
+KMBoneRest reflected(const KMBone *bone, const KMSymmetryPlane &plane);    ///< by its head and tail
+
+/// The name of a bone's partner by the marks of the sides that are in use; empty for a name without one.
+QString mirroredName(const QString &name);
+
+/// A new bone as the first child of the first selected one, from whose tail it goes on, or at the top of the container.
+/// It becomes the selected one.
+KMBone *pushNewBone(KMBoneContainer *container);
+/// One macro: a new bone in the active container, or else in the first one that isn't locked, or in a new one.
+KMBone *createBone();
+void pushCopies(KMBoneContainer *container); ///< of the selected bones with all below them; these become selected
+void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones); ///< a partner for each
+void pushDivided(KMBone *bone); ///< into two halves; its children hang on the second
+void pushLayered(KMBone *bone); ///< a point at the same place comes above it
+/// A bone on each edge of the selected runs of edges, under a parent, null for the top.
+void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *parent);
+
+} // namespace KMBoneEdit

@@ -1,0 +1,177 @@
+// How bones are made: new ones, copies, images and parts of others.
+
+#include "core/KMNodeType.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMEdgeChains.h"
+#include "mesh/KMMeshNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneCommands.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneCopy.h"
+#include "rig/KMBoneEdit.h"
+#include "rig/KMBoneTreeCommands.h"
+
+#include <algorithm>
+
+namespace KMBoneEdit {
+
+namespace {
+
+void pushOnlySelected(KMBoneContainer *container, const QList<KMBone *> &bones)
+{
+    gSolution->push(new selectAllBoneCommand(container, false));
+    for (KMBone *bone : bones)
+        gSolution->push(new selectBoneCommand(bone, KMBone::BothSelected));
+}
+
+void pushAdd(KMBoneContainer *container, KMBone *bone, KMBone *parent, int position = -1)
+{
+    bone->setName(container->uniqueName(bone));
+    gSolution->push(new addBoneCommand(container, bone, parent, position));
+}
+
+/// Null when there is none that may be edited.
+KMBoneContainer *containerAtHand()
+{
+    if (KMBoneContainer *active = KMBoneContainer::activeBoneContainer())
+        return active;
+    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
+        if (ctrl->type() == KMNodeType::BoneContainer && !ctrl->isLocked())
+            return static_cast<KMBoneContainer *>(ctrl);
+    }
+    return nullptr;
+}
+
+QString mirroredNameFor(const KMBoneContainer *container, const KMBone *bone, const KMBone *copy)
+{
+    const QString name = mirroredName(bone->name());
+    return name.isEmpty() || container->bone(name) ? container->uniqueName(copy) : name;
+}
+
+/// The places of the vertices along a run, closed where it is a round.
+QVector<kvm::Vector3> pointsOf(const KMEdgeChain &chain, const KMMeshNode &mesh)
+{
+    QVector<kvm::Vector3> points;
+    for (const int vertex : chain.vertices)
+        points << mesh.position(vertex);
+    if (chain.isRound)
+        points << points.first();
+    return points;
+}
+
+} // namespace
+
+KMBone *pushNewBone(KMBoneContainer *container)
+{
+    KMBone *parent = container->selectedBones().value(0);
+    auto *bone = new KMBone;
+    if (parent) {
+        KMBoneRest rest = parent->rest();
+        rest.head = parent->restTail();
+        bone->setRest(rest);
+    }
+    pushAdd(container, bone, parent, 0);
+    pushOnlySelected(container, {bone});
+    return bone;
+}
+
+KMBone *createBone()
+{
+    const KMUndoMacro macro(KMBone::tr("Add Bone"));
+    KMBoneContainer *container = containerAtHand();
+    if (!container) {
+        container = new KMBoneContainer;
+        gProject->addToScene(container);
+    }
+    return pushNewBone(container);
+}
+
+void pushCopies(KMBoneContainer *container)
+{
+    QList<KMBone *> sources;
+    const QList<KMBone *> tops = container->topSelectedBones();
+    for (const KMBone *top : tops)
+        sources += container->subtree(top->item());
+    QList<KMBone *> copiesOfTops;
+    const QList<KMBoneCopy::Placed> placed = KMBoneCopy::copies(sources);
+    for (const KMBoneCopy::Placed &entry : placed) {
+        pushAdd(container, entry.copy, entry.parentCopy ? entry.parentCopy : entry.source->parentBone());
+        if (!entry.parentCopy)
+            copiesOfTops << entry.copy;
+    }
+    pushOnlySelected(container, copiesOfTops);
+}
+
+void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones)
+{
+    const KMSymmetryPlane plane = container->mirrorPlane();
+    QHash<KMBone *, KMBone *> partners;
+    for (KMBone *bone : bones) {
+        auto *image = new KMBone;
+        image->setName(bone->name());
+        image->setName(mirroredNameFor(container, bone, image));
+        image->setViewType(bone->viewType());
+        image->setFloating(bone->isFloating());
+        image->setMovable(bone->isMovable());
+        image->setRest(reflected(bone, plane));
+        KMBone *parent = bone->parentBone();
+        if (KMBone *partner = parent ? partners.value(parent, parent->mirrorBone()) : nullptr)
+            parent = partner;
+        gSolution->push(new addBoneCommand(container, image, parent));
+        partners.insert(bone, image);
+    }
+}
+
+void pushDivided(KMBone *bone)
+{
+    KMBoneContainer *container = bone->container();
+    const QList<KMBone *> children = bone->childBones();
+    KMBoneRest first = bone->rest();
+    KMBoneRest second = first;
+    first.lengthScale = second.lengthScale = first.lengthScale * 0.5f;
+    second.head = first.tail();
+    KMBone *half = bone->clone(false);
+    half->setMovable(bone->isMovable());
+    half->setFloating(false);
+    half->setRest(second);
+    gSolution->push(new editBoneGeometryCommand(bone, first));
+    pushAdd(container, half, bone);
+    for (KMBone *child : children)
+        gSolution->push(new setCtrlParentCommand(child, half));
+}
+
+void pushLayered(KMBone *bone)
+{
+    auto *layer = new KMBone;
+    layer->setName(bone->name() + QStringLiteral("親2"));
+    layer->setViewType(KMBoneShape::Point);
+    layer->setFloating(bone->isFloating());
+    layer->setMovable(bone->isMovable());
+    layer->setRest(bone->rest());
+    const int position = KMTreeWidget::positionOf(bone->item());
+    gSolution->push(new addBoneCommand(bone->container(), layer, bone->parentBone(), position));
+    gSolution->push(new setCtrlParentCommand(bone, layer));
+}
+
+void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *parent)
+{
+    const QVector<KMEdgeChain> chains = edgeChains(KMSelectedElements::edges(mesh));
+    for (const KMEdgeChain &chain : chains) {
+        QVector<kvm::Vector3> points = pointsOf(chain, mesh);
+        // It goes on from the parent, so it begins with the end that is nearer to that.
+        if (parent && (points.last() - parent->restTail()).length() < (points.first() - parent->restTail()).length())
+            std::reverse(points.begin(), points.end());
+        KMBone *last = parent;
+        for (int i = 1; i < points.size(); ++i) {
+            auto *bone = new KMBone;
+            bone->setRest(restBone(points[i - 1], points[i]));
+            bone->setFloating(i == 1);
+            pushAdd(container, bone, last);
+            last = bone;
+        }
+    }
+}
+
+} // namespace KMBoneEdit

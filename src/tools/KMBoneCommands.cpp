@@ -1,0 +1,231 @@
+#include "tools/KMBoneCommands.h"
+
+#include "core/KMPrompt.h"
+#include "core/KMSolution.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneCommands.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
+#include "tools/KMAlignVertexDialog.h"
+
+#include <QApplication>
+
+#include <algorithm>
+
+namespace {
+
+/// Asks for one of several choices; false when cancelled.
+bool choose(const QString &title, const QString &key, const QString &label, const QStringList &choices, int *choice)
+{
+    KMOptionForm form{title, {{key, label, KMOption::Choice, *choice}}, QApplication::activeWindow()};
+    form.options.first().choices = choices;
+    if (!KMPrompt::current().options(form))
+        return false;
+    const int answer = form.value(key).toInt();
+    if (answer < 0 || answer >= choices.size())
+        return false;
+    *choice = answer;
+    return true;
+}
+
+KMBoneCommand::Work workOf(const KMBoneEdit::Changes &changes)
+{
+    const auto differs = [](const KMBoneEdit::Change &change) { return change.rest != change.bone->rest(); };
+    if (std::none_of(changes.begin(), changes.end(), differs))
+        return {};
+    return [changes] { KMBoneEdit::pushChanges(changes); };
+}
+
+/// The smallest box around points.
+struct Bounds
+{
+    kvm::Vector3 low{1e30f, 1e30f, 1e30f};
+    kvm::Vector3 high{-1e30f, -1e30f, -1e30f};
+
+    void take(const kvm::Vector3 &point)
+    {
+        for (int axis = 0; axis < 3; ++axis) {
+            low[axis] = std::min(low[axis], point[axis]);
+            high[axis] = std::max(high[axis], point[axis]);
+        }
+    }
+    int thinnestAxis() const
+    {
+        const kvm::Vector3 size = high - low;
+        return size.x <= size.y && size.x <= size.z ? 0 : size.y <= size.z ? 1 : 2;
+    }
+};
+
+Bounds boundsOf(const QList<KMBone *> &bones, const kvm::Matrix4 &toSpace)
+{
+    Bounds bounds;
+    for (const KMBone *bone : bones) {
+        if (bone->selectMask() & KMBone::HeadSelected)
+            bounds.take(toSpace * bone->restHead());
+        if (bone->selectMask() & KMBone::TailSelected)
+            bounds.take(toSpace * bone->restTail());
+    }
+    return bounds;
+}
+
+/// The partner that is to be changed or copied; null for a bone that has none on the other side.
+KMBone *partnerOf(const KMBone *bone, const KMBoneContainer &container)
+{
+    KMBone *partner = bone->mirrorBone();
+    if (!partner)
+        partner = container.bone(KMBoneEdit::mirroredName(bone->name()));
+    return partner == bone ? nullptr : partner;
+}
+
+} // namespace
+
+KMBoneCommand::Work BoneComEditViewMode::plan(KMBoneContainer &container)
+{
+    struct Mode
+    {
+        QString label;
+        int viewType;
+    };
+    const Mode modes[] = {
+        {tr("Polygon"), KMBoneShape::Polygon}, {tr("Line"), KMBoneShape::Line}, {tr("Point"), KMBoneShape::Point}};
+    const QList<KMBone *> bones = container.selectedBones();
+    QStringList labels;
+    int choice = 0;
+    for (const Mode &mode : modes) {
+        if (bones.first()->viewType() == mode.viewType)
+            choice = labels.size();
+        labels << mode.label;
+    }
+    if (!choose(text(), QStringLiteral("view-mode"), tr("ViewMode"), labels, &choice))
+        return {};
+    const int viewType = modes[choice].viewType;
+    const auto differs = [viewType](const KMBone *bone) { return bone->viewType() != viewType; };
+    if (std::none_of(bones.begin(), bones.end(), differs))
+        return {};
+    return [bones, viewType, differs] {
+        for (KMBone *bone : bones) {
+            if (differs(bone))
+                gSolution->push(new editBoneViewTypeCommand(bone, viewType));
+        }
+    };
+}
+
+bool KMBoneAxisCommand::askAxis()
+{
+    const QStringList axes{QStringLiteral("+X"), QStringLiteral("+Y"), QStringLiteral("+Z"),
+                           QStringLiteral("-X"), QStringLiteral("-Y"), QStringLiteral("-Z")};
+    return choose(text(), QStringLiteral("axis"), tr("axis"), axes, &m_choice);
+}
+
+KMBoneCommand::Work BoneComAlignUpVector::plan(KMBoneContainer &container)
+{
+    if (!askAxis())
+        return {};
+    kvm::Vector3 up;
+    up[axis()] = sign();
+    return workOf(KMBoneEdit::upAligned(container.selectedBones(), up));
+}
+
+KMBoneCommand::Work BoneComConvertAxis::plan(KMBoneContainer &container)
+{
+    if (!askAxis())
+        return {};
+    constexpr float half = 0.70710677f;
+    kvm::Vector3 turn;
+    turn[axis()] = half * sign();
+    return workOf(KMBoneEdit::turned(container.selectedBones(), {half, turn.x, turn.y, turn.z}));
+}
+
+KMBoneCommand::Work BoneComAlignPosition::plan(KMBoneContainer &container)
+{
+    const QList<KMBone *> bones = container.selectedBones();
+    const auto toWorld = [&container](bool isWorld) { return isWorld ? kvm::Matrix4() : container.worldMatrix(); };
+    const auto centre = [&bones, &toWorld](bool isWorld) {
+        const Bounds bounds = boundsOf(bones, toWorld(isWorld).inverse());
+        return (bounds.low + bounds.high) * 0.5f;
+    };
+    KMAlignVertexDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(text());
+    connect(&dialog, &KMAlignVertexDialog::onSetWorld, this,
+            [&centre](KMAlignVertexDialog *shown, bool isWorld) { shown->setValues(centre(isWorld)); });
+    dialog.setValues(centre(true));
+    dialog.setAligns(boundsOf(bones, {}).thinnestAxis(), true);
+    if (!KMPrompt::current().dialog(dialog))
+        return {};
+    const kvm::Matrix4 fromSpace = toWorld(dialog.isWorld());
+    const kvm::Matrix4 toSpace = fromSpace.inverse();
+    const auto aligned = [&dialog, &fromSpace, &toSpace](const kvm::Vector3 &point) {
+        kvm::Vector3 place = toSpace * point;
+        for (int axis = 0; axis < 3; ++axis) {
+            if (dialog.aligns(axis))
+                place[axis] = dialog.values()[axis];
+        }
+        return dialog.isWorld() ? place : fromSpace * place;
+    };
+    KMBoneEdit::Changes changes;
+    for (KMBone *bone : bones) {
+        const KMBoneRest rest = bone->rest();
+        const kvm::Vector3 head = bone->selectMask() & KMBone::HeadSelected ? aligned(rest.head) : rest.head;
+        const kvm::Vector3 tail = bone->selectMask() & KMBone::TailSelected ? aligned(rest.tail()) : rest.tail();
+        if (head != rest.head || tail != rest.tail())
+            changes.append({bone, restBone(head, tail, rest)});
+    }
+    return workOf(changes);
+}
+
+QString BoneComSymmetrize::obstacle() const
+{
+    const QString reason = KMBoneCommand::obstacle();
+    if (!reason.isEmpty())
+        return reason;
+    const KMBoneContainer *container = KMBoneContainer::activeBoneContainer();
+    const QList<KMBone *> bones = container->selectedBones();
+    if (bones.size() != 2)
+        return tr("Bone Selection not found.");
+    KMBoneEdit::Fault fault;
+    KMBoneEdit::symmetrized(bones[0], bones[1], container->mirrorPlane(), &fault);
+    switch (fault) {
+    case KMBoneEdit::Fault::None:
+        break;
+    case KMBoneEdit::Fault::Heads:
+        return tr("illegal head position");
+    case KMBoneEdit::Fault::Tails:
+        return tr("illegal tail position");
+    }
+    return {};
+}
+
+KMBoneCommand::Work BoneComSymmetrize::plan(KMBoneContainer &container)
+{
+    const QList<KMBone *> bones = container.selectedBones();
+    KMBoneEdit::Fault fault;
+    return workOf(KMBoneEdit::symmetrized(bones[0], bones[1], container.mirrorPlane(), &fault));
+}
+
+KMBoneCommand::Work BoneComAlignReflectBone::plan(KMBoneContainer &container)
+{
+    if (!choose(text(), QStringLiteral("side"), tr("Side"), {tr("Right"), tr("Left")}, &m_side))
+        return {};
+    container.pairMirrorBones();
+    const KMSymmetryPlane plane = container.mirrorPlane();
+    const auto isOnSide = [this, &plane](const KMBone *bone) {
+        const float distance = plane.distance(bone->restHead());
+        return m_side == 0 ? distance < 0.0f : distance > 0.0f;
+    };
+    KMBoneEdit::Changes changes;
+    QSet<KMBone *> done;
+    for (KMBone *bone : container.selectedBones()) {
+        KMBone *partner = partnerOf(bone, container);
+        if (!partner || isOnSide(bone) == isOnSide(partner))
+            continue;
+        KMBone *target = isOnSide(bone) ? bone : partner;
+        KMBone *source = isOnSide(bone) ? partner : bone;
+        if (done.contains(target))
+            continue;
+        done.insert(target);
+        KMBoneRest rest = KMBoneEdit::reflected(source, plane);
+        rest.scale = target->scale();
+        changes.append({target, rest});
+    }
+    return workOf(changes);
+}

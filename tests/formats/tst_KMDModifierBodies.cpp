@@ -1,0 +1,101 @@
+#include "core/KMNodeTreeCommands.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
+#include "formats/KMDReader.h"
+#include "formats/KMDWriter.h"
+#include "mesh/KMMeshModifier.h"
+#include "mesh/KMMeshNode.h"
+#include "modifiers/KMModClonerNode.h"
+#include "modifiers/KMModFFDNode.h"
+#include "modifiers/KMModPipeNode.h"
+#include "modifiers/KMModSdvCommands.h"
+#include "modifiers/KMModSolidNode.h"
+#include "modifiers/KMModSymNode.h"
+#include "support/MeshFixtures.h"
+#include "support/TestRegistry.h"
+
+#include <QBuffer>
+#include <QTest>
+
+namespace {
+
+template <class Node>
+Node *added(KMMeshNode *mesh, const typename Node::Parameters &parameters)
+{
+    auto *node = new Node;
+    node->setParameters(parameters);
+    gProject->addToScene(node);
+    gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, mesh, node, KMRowFocus::Keep));
+    return node;
+}
+
+template <class Node>
+typename Node::Parameters read(int row)
+{
+    return static_cast<Node *>(gProject->modifiersInTree().nodes().at(row))->parameters();
+}
+
+} // namespace
+
+class tst_KMDModifierBodies : public QObject
+{
+    Q_OBJECT
+private slots:
+    void allComeBack();
+};
+
+/// A chain of one of each, none with its defaults: settings, order, switches and lattice.
+void tst_KMDModifierBodies::allComeBack()
+{
+    const KMModSdvNode::Parameters sdv{1, false, 2, true};
+    const KMModSymNode::Parameters sym{0.25f, KMModSymNode::PlusY, KMModSymNode::BothSides, false};
+    KMModFFDNode::Parameters ffd;
+    ffd.size = {2.0f, 3.0f, 4.0f};
+    ffd.nodeCounts = {{2, 4, 3}};
+    const KMModPipeNode::Parameters pipe{5, 0.5f, 30.0f, 0.53f, KMModPipeNode::Tapered, true, 0};
+    const KMModSolidNode::Parameters solid{0.75f, 3};
+    const KMModClonerNode::Parameters cloner{3, {1, 2, 3}, {1, 0.5f, 2}, {10, 20, 30}, KMModClonerNode::Spiral};
+    MeshScene scene(MeshFixtures::cube());
+    added<KMModSdvNode>(scene.mesh, sdv);
+    added<KMModSymNode>(scene.mesh, sym);
+    auto *lattice = added<KMModFFDNode>(scene.mesh, ffd);
+    added<KMModPipeNode>(scene.mesh, pipe)->setVisible(false);
+    added<KMModSolidNode>(scene.mesh, solid);
+    added<KMModClonerNode>(scene.mesh, cloner);
+    QVector<kvm::Vector3> points = lattice->controlPoints();
+    points[7] += kvm::Vector3(0.5f, 0.25f, -1.0f);
+    QVERIFY(lattice->setControlPoints(points));
+    gProject->checkModifiers();
+    const int stages = scene.mesh->modifiers().size();
+    const KMMeshNode *result = scene.mesh->modifiers().last().second->modMesh();
+    const int faces = result->faceCount();
+    const kvm::Vector3 corner = result->position(result->vertexCount() - 1);
+
+    QBuffer file;
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(KMDWriter(KMDOutput::Form::Present, {}, nullptr).write(&file));
+    gSolution->newDocument();
+    KMDReader reader;
+    QVERIFY2(reader.readBytes(file.data()), qPrintable(reader.error()));
+    QCOMPARE(reader.warnings(), QStringList());
+    QVERIFY(read<KMModSdvNode>(0) == sdv);
+    QVERIFY(read<KMModSymNode>(1) == sym);
+    QVERIFY(read<KMModFFDNode>(2) == ffd);
+    QVERIFY(read<KMModPipeNode>(3) == pipe);
+    QVERIFY(read<KMModSolidNode>(4) == solid);
+    QVERIFY(read<KMModClonerNode>(5) == cloner);
+    QCOMPARE(static_cast<KMModFFDNode *>(gProject->modifiersInTree().nodes().at(2))->controlPoints(), points);
+
+    KMMeshNode *mesh = gProject->meshesInTree().at(0);
+    QCOMPARE(mesh->modifiers().size(), stages); // the one that is switched off is no stage
+    QCOMPARE(stages, 5);
+    mesh->refreshMesh(KMMeshDirty::All);
+    const KMMeshNode *again = mesh->modifiers().last().second->modMesh();
+    QCOMPARE(again->faceCount(), faces);
+    QCOMPARE(again->position(again->vertexCount() - 1), corner);
+}
+
+KM_TEST(tst_KMDModifierBodies);
+
+#include "tst_KMDModifierBodies.moc"

@@ -1,0 +1,309 @@
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneCommands.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneKeyCommands.h"
+#include "rig/KMBoneTreeCommands.h"
+#include "support/RigScene.h"
+#include "support/TestRegistry.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+double cubic(double t, double a, double b)
+{
+    return 3 * t * (1 - t) * (1 - t) * a + 3 * t * t * (1 - t) * b + t * t * t;
+}
+
+/// The height of a curve at x, its parameter halved towards the place until nothing moves any more.
+double exactHeight(double x, const CBezier &c)
+{
+    double low = 0.0, high = 1.0;
+    for (int i = 0; i < 60; ++i) {
+        const double t = (low + high) / 2;
+        (cubic(t, double(c.x1), double(c.x2)) < x ? low : high) = t;
+    }
+    return cubic(low, double(c.y1), double(c.y2));
+}
+
+/// The same with no more than the eight steps of the program.
+double height(double x, const KMBoneKey &key, int curve)
+{
+    const float *c = key.curves.data() + 4 * curve; // x1, x2, y1, y2
+    double t = x, low = 0.0, high = 1.0;
+    for (int i = 0; i < 8; ++i) {
+        const double error = x - cubic(t, double(c[0]), double(c[1]));
+        if (std::abs(error) < 0.0001)
+            break;
+        (error > 0 ? low : high) = t;
+        t = (low + high) / 2;
+    }
+    return cubic(t, double(c[2]), double(c[3]));
+}
+
+KMBoneKey keyOf(const QString &name, quint32 frame, const kvm::Vector3 &position = {},
+                const kvm::Quaternion &rotation = {})
+{
+    KMBoneKey key;
+    key.name = name;
+    key.frameno = frame;
+    key.position = position;
+    key.rotation = rotation;
+    return key;
+}
+
+kvm::Quaternion aboutZ(float degrees)
+{
+    return kvm::Quaternion::fromAxisAngle({0, 0, 1}, degrees * float(M_PI / 180));
+}
+
+} // namespace
+
+class tst_BoneAnimation : public QObject
+{
+    Q_OBJECT
+private slots:
+    void curves_data();
+    void curves();
+    void curveOfAKey();
+    void randomInterpolation();
+    void shorterWay();
+    void outsideOfTheKeys();
+    void frameDrivesTheBones();
+    void keyEditsMoveThePose();
+    void renamedBoneLosesItsTrack();
+    void deletedBoneTakesItsTrackAlong();
+    void firstBoneOfANameIsLinked();
+    void importedMotionSurvivesUndo();
+};
+
+void tst_BoneAnimation::curves_data()
+{
+    QTest::addColumn<float>("x1");
+    QTest::addColumn<float>("y1");
+    QTest::addColumn<float>("x2");
+    QTest::addColumn<float>("y2");
+    QTest::newRow("as made") << 0.5f << 0.0f << 0.5f << 1.0f;
+    QTest::newRow("all zero") << 0.0f << 0.0f << 0.0f << 0.0f;
+    QTest::newRow("straight") << 0.157f << 0.157f << 0.84f << 0.84f;
+    QTest::newRow("late") << 0.9f << 0.0f << 1.0f << 0.2f;
+    QTest::newRow("early") << 0.0f << 0.9f << 0.1f << 1.0f;
+}
+
+void tst_BoneAnimation::curves()
+{
+    QFETCH(float, x1);
+    QFETCH(float, y1);
+    QFETCH(float, x2);
+    QFETCH(float, y2);
+    CBezier curve;
+    curve.set(x1, y1, x2, y2);
+    for (int i = 0; i <= 50; ++i) {
+        // Eight halvings leave the parameter open by 1/256 at most, which the steepness of the curve magnifies.
+        const double x = i / 50.0;
+        const double low = exactHeight(std::max(0.0, x - 0.012), curve);
+        const double high = exactHeight(std::min(1.0, x + 0.012), curve);
+        const double y = double(curve.evaluate(float(x)));
+        QVERIFY2(y >= low - 1e-4 && y <= high + 1e-4, qPrintable(QStringLiteral("%1: %2").arg(x).arg(y)));
+    }
+    if (x1 == y1 && x2 == y2) {
+        for (float x : {0.0f, 0.25f, 0.6f, 1.0f})
+            QVERIFY(std::abs(curve.evaluate(x) - x) < 0.01f); // linear, also with all at 0
+    }
+}
+
+void tst_BoneAnimation::curveOfAKey()
+{
+    KMBoneKey key;
+    for (int i = 0; i < 16; ++i)
+        key.curves[size_t(i)] = float(i);
+    const CBezier y = key.curve(KMBoneKey::YCurve);
+    QVERIFY(y.x1 == 4 && y.x2 == 5 && y.y1 == 6 && y.y2 == 7);
+    key.setCurve(KMBoneKey::RotationCurve, {1, 2, 3, 4});
+    QVERIFY(key.curves[12] == 1 && key.curves[13] == 3 && key.curves[14] == 2 && key.curves[15] == 4);
+}
+
+/// The curves of a position are asked at s, the eased parameter of the rotation, and not at r.
+void tst_BoneAnimation::randomInterpolation()
+{
+    QRandomGenerator random(11);
+    const auto number = [&random](double reach) { return float((random.generateDouble() * 2 - 1) * reach); };
+    for (int round = 0; round < 200; ++round) {
+        BoneTrack track;
+        KMBoneKey ends[2];
+        for (int i = 0; i < 2; ++i) {
+            ends[i] = keyOf(QStringLiteral("b"), i == 0 ? 10 : 30, {number(9), number(9), number(9)},
+                            kvm::Quaternion(number(1), number(1), number(1), number(1)).normalized());
+            for (float &value : ends[i].curves)
+                value = 0.25f + 0.5f * float(random.generateDouble());
+            track.keys[ends[i].frameno] = ends[i];
+        }
+        const quint32 frame = 10 + random.bounded(21);
+        const KMBoneKey actual = track.keyAt(frame);
+        if (frame == 10 || frame == 30) {
+            QVERIFY(actual == ends[frame == 30]);
+            continue;
+        }
+        const double s = height((frame - 10) / 20.0, ends[0], KMBoneKey::RotationCurve);
+        const kvm::Quaternion p = ends[0].rotation, n = ends[1].rotation;
+        const double pw[] = {double(p.w), double(p.x), double(p.y), double(p.z)};
+        const double nw[] = {double(n.w), double(n.x), double(n.y), double(n.z)};
+        double side = 0.0, q[4], norm = 0.0;
+        for (int i = 0; i < 4; ++i)
+            side += pw[i] * nw[i];
+        for (int i = 0; i < 4; ++i) {
+            q[i] = side >= 0 ? pw[i] + (nw[i] - pw[i]) * s : pw[i] + (nw[i] + pw[i]) * -s;
+            norm += q[i] * q[i];
+        }
+        const kvm::Quaternion r = actual.rotation;
+        const double actualQ[] = {double(r.w), double(r.x), double(r.y), double(r.z)};
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(std::abs(actualQ[i] - q[i] / std::sqrt(norm)) < 2e-3);
+        for (int axis = 0; axis < 3; ++axis) {
+            const double u = height(s, ends[0], axis);
+            const double from = double(ends[0].position[axis]), to = double(ends[1].position[axis]);
+            QVERIFY(std::abs(double(actual.position[axis]) - (from + (to - from) * u))
+                    < 2e-3 * std::abs(to - from) + 1e-5);
+        }
+    }
+    // Where the two parameters lie far apart the position tells which one it took.
+    BoneTrack eased;
+    eased.keys[0] = keyOf(QStringLiteral("b"), 0);
+    eased.keys[0].setCurve(KMBoneKey::RotationCurve, {0.0f, 1.0f, 0.0f, 1.0f}); // quick at first
+    eased.keys[100] = keyOf(QStringLiteral("b"), 100, {100, 0, 0});
+    const double s = height(0.3, eased.keys[0], KMBoneKey::RotationCurve);
+    QVERIFY(s > 0.6 && std::abs(double(eased.keyAt(30).position.x) - 100 * s) < 1.0);
+}
+
+void tst_BoneAnimation::shorterWay()
+{
+    BoneTrack track;
+    track.keys[0] = keyOf(QStringLiteral("b"), 0, {}, aboutZ(10));
+    track.keys[10] = keyOf(QStringLiteral("b"), 10, {}, -aboutZ(30));
+    const kvm::Vector3 x = track.keyAt(5).rotation.rotate({1, 0, 0});
+    QVERIFY(std::abs(std::atan2(x.y, x.x) - 20 * M_PI / 180) < 0.01);
+    track.keys[0].rotation = {0, 0, 0, 0}; // from a damaged file
+    track.keys[10].rotation = {0, 0, 0, 0};
+    QVERIFY(track.keyAt(5).rotation == kvm::Quaternion());
+}
+
+void tst_BoneAnimation::outsideOfTheKeys()
+{
+    BoneTrack track;
+    track.keys[5] = keyOf(QStringLiteral("b"), 5, {1, 0, 0});
+    track.keys[9] = keyOf(QStringLiteral("b"), 9, {2, 0, 0});
+    QVERIFY(track.keyAt(0) == track.keys[5]);
+    QVERIFY(track.keyAt(4000000000u) == track.keys[9]);
+}
+
+void tst_BoneAnimation::frameDrivesTheBones()
+{
+    RigScene scene;
+    KMBone *bone = scene.addBone(QStringLiteral("b"), nullptr, {0, 0, 0}, {10, 0, 0});
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 10, {}, aboutZ(90)));
+    gProject->setCurrentFrame(10);
+    QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
+    QVERIFY(bone->keyPose().rotation == aboutZ(90));
+    gProject->setCurrentFrame(0);
+    QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+}
+
+void tst_BoneAnimation::keyEditsMoveThePose()
+{
+    RigScene scene;
+    KMBone *bone = scene.addBone(QStringLiteral("b"), nullptr, {0, 0, 0}, {10, 0, 0});
+    gSolution->push(new addBoneKeyCommand(scene.rig, keyOf(QStringLiteral("b"), 0, {}, aboutZ(90))));
+    QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
+    scene.session.stack().undo();
+    QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+    QVERIFY(scene.rig->animation()->tracks().isEmpty());
+    // As a pose is read: keys between two commands that pose the bones, on the way forward and back.
+    {
+        const KMUndoMacro macro(QStringLiteral("pose"));
+        gSolution->push(new animationFrameMoveCommand(scene.rig, true));
+        gSolution->push(new animationBuildBoneCommand(scene.rig));
+        gSolution->push(new addBoneKeyCommand(scene.rig, keyOf(QStringLiteral("b"), 0, {}, aboutZ(90))));
+        gSolution->push(new addBoneKeyCommand(scene.rig, keyOf(QStringLiteral("nobody"), 0)));
+        gSolution->push(new animationBuildBoneCommand(scene.rig));
+        gSolution->push(new animationFrameMoveCommand(scene.rig, false));
+    }
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
+        QCOMPARE(scene.rig->animation()->tracks().size(), 1);
+        scene.session.stack().undo();
+        QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+        QVERIFY(scene.rig->animation()->tracks().isEmpty());
+        scene.session.stack().redo();
+    }
+}
+
+void tst_BoneAnimation::renamedBoneLosesItsTrack()
+{
+    RigScene scene;
+    KMBone *bone = scene.addBone(QStringLiteral("b"), nullptr, {0, 0, 0}, {10, 0, 0});
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
+    bone->setName(QStringLiteral("c"));
+    QVERIFY(scene.rig->animation()->hasKey(QStringLiteral("b"), 0));
+    scene.addBone(QStringLiteral("d"), nullptr, {}, {1, 0, 0}); // any change of the list looks for the names again
+    QVERIFY(scene.rig->animation()->tracks().isEmpty());
+    scene.session.stack().undo();
+    QVERIFY(scene.rig->animation()->hasKey(QStringLiteral("b"), 0));
+    QCOMPARE(scene.rig->animation()->track(QStringLiteral("b"))->bone, bone);
+}
+
+void tst_BoneAnimation::deletedBoneTakesItsTrackAlong()
+{
+    RigScene scene;
+    for (const char *name : {"a", "b", "c"}) {
+        scene.addBone(QString::fromLatin1(name), nullptr, {}, {1, 0, 0});
+        scene.rig->animation()->setKey(keyOf(QString::fromLatin1(name), 3));
+    }
+    const QString before = scene.dump.text();
+    gSolution->push(new deleteBoneCommand(scene.rig->bone(QStringLiteral("b"))));
+    QCOMPARE(scene.rig->animation()->tracks().size(), 2);
+    scene.session.stack().undo();
+    QCOMPARE(scene.dump.text(), before);
+}
+
+void tst_BoneAnimation::firstBoneOfANameIsLinked()
+{
+    RigScene scene;
+    KMBone *first = scene.addBone(QStringLiteral("b"), nullptr, {}, {1, 0, 0});
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
+    KMBone *second = scene.addBone(QStringLiteral("b"), nullptr, {}, {1, 0, 0});
+    const BoneTrack *track = scene.rig->animation()->track(QStringLiteral("b"));
+    QCOMPARE(track->bone, first);
+    gSolution->push(new moveCtrlNodeCommand(second, nullptr, 0));
+    QCOMPARE(track->bone, second);
+    scene.session.stack().undo();
+    QCOMPARE(track->bone, first);
+}
+
+/// A motion that is read replaces all tracks without a step of the history: steps before it keep off the new ones.
+void tst_BoneAnimation::importedMotionSurvivesUndo()
+{
+    RigScene scene;
+    scene.addBone(QStringLiteral("a"), nullptr, {}, {1, 0, 0});
+    KMBone *b = scene.addBone(QStringLiteral("b"), nullptr, {}, {1, 0, 0});
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 1));
+    gSolution->push(new deleteBoneCommand(b));
+    scene.rig->animation()->clear();
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 8));
+    scene.session.stack().undo();
+    QVERIFY(scene.rig->animation()->hasKey(QStringLiteral("b"), 8));
+    QCOMPARE(scene.rig->animation()->tracks().size(), 1);
+    scene.session.stack().redo();
+    scene.session.stack().undo();
+    QVERIFY(scene.rig->animation()->hasKey(QStringLiteral("b"), 8));
+}
+
+KM_TEST(tst_BoneAnimation);
+#include "tst_BoneAnimation.moc"

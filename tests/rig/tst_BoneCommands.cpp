@@ -1,0 +1,384 @@
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTransformCommands.h"
+#include "core/KMUndoMacro.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneCommands.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
+#include "rig/KMBoneKeyCommands.h"
+#include "rig/KMBoneMMDTemplate.h"
+#include "rig/KMBoneTreeCommands.h"
+#include "rig/KMTagConstraint.h"
+#include "support/CommandProof.h"
+#include "support/RigScene.h"
+#include "support/TestRegistry.h"
+#include "support/TestTag.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <functional>
+
+namespace {
+
+/// a(b(c d) e) f, keys on b and e, a tag on b, b selected by its head, the row of b expanded; and a second rig with x.
+class Figure : public RigScene
+{
+public:
+    Figure()
+        : other(new KMBoneContainer)
+    {
+        gProject->addNode(other);
+        a = addBone(QStringLiteral("a"), nullptr, {0, 0, 0}, {0, 10, 0});
+        b = addBone(QStringLiteral("b"), a, {0, 10, 0}, {3, 20, 0});
+        c = addBone(QStringLiteral("c"), b, {3, 20, 0}, {3, 30, 5});
+        d = addBone(QStringLiteral("d"), b, {3, 20, 0}, {9, 20, 0});
+        e = addBone(QStringLiteral("e"), a, {0, 10, 0}, {-3, 20, 0});
+        f = addBone(QStringLiteral("f"), nullptr, {50, 0, 0}, {50, 1, 0});
+        x = new KMBone;
+        gSolution->push(new addBoneCommand(other, x, nullptr));
+        for (const char *name : {"b", "e"}) {
+            KMBoneKey key;
+            key.name = QString::fromLatin1(name);
+            key.frameno = 4;
+            rig->animation()->setKey(key);
+        }
+        tag = new TestTag(QStringLiteral("tag"));
+        b->addTag(tag);
+        b->setSelectMask(KMBone::HeadSelected);
+        b->item()->setExpanded(true);
+        forget();
+    }
+
+    QString names() const
+    {
+        QString text;
+        for (const KMBone *bone : rig->bones())
+            text += QString::number(bone->depth()) + bone->name() + QLatin1Char(' ');
+        return text.trimmed();
+    }
+
+    KMBoneContainer *other;
+    KMBone *a, *b, *c, *d, *e, *f, *x;
+    TestTag *tag;
+};
+
+using Make = std::function<KMUndoCommand *(Figure &)>;
+
+BoneLimit someLimit()
+{
+    BoneLimit limit;
+    limit.minP = -1.0f;
+    limit.enabled = true;
+    return limit;
+}
+
+KMBoneKey keyAt(const char *name, quint32 frame)
+{
+    KMBoneKey key;
+    key.name = QString::fromLatin1(name);
+    key.frameno = frame;
+    key.position = {1, 2, 3};
+    return key;
+}
+
+} // namespace
+Q_DECLARE_METATYPE(Make)
+
+class tst_BoneCommands : public QObject
+{
+    Q_OBJECT
+private slots:
+    void proof_data();
+    void proof();
+    void rows_data();
+    void rows();
+    void refusedMoves();
+    void uniqueNames_data();
+    void uniqueNames();
+    void limitsOfSeveralBones();
+    void deletedContainerMarksItsBones();
+    void currentBoneIsForgotten();
+    void cloneOfAContainer();
+    void templateOfAFigure();
+    void randomWalk();
+};
+
+void tst_BoneCommands::proof_data()
+{
+    QTest::addColumn<Make>("make");
+    const auto row = [](const char *name, const Make &make) { QTest::newRow(name) << make; };
+    row("add", [](Figure &s) { return new addBoneCommand(s.rig, new KMBone, s.b); });
+    row("add at a place", [](Figure &s) { return new addBoneCommand(s.rig, new KMBone, nullptr, 1); });
+    row("delete with children", [](Figure &s) { return new deleteBoneCommand(s.b); });
+    row("delete at the top", [](Figure &s) { return new deleteBoneCommand(s.a); });
+    row("delete a leaf", [](Figure &s) { return new deleteBoneCommand(s.f); });
+    row("select head and tail", [](Figure &s) { return new selectBoneCommand(s.c, KMBone::BothSelected); });
+    row("unselect", [](Figure &s) { return new selectBoneCommand(s.b, 0); });
+    row("select all", [](Figure &s) { return new selectAllBoneCommand(s.rig, true); });
+    row("select none", [](Figure &s) { return new selectAllBoneCommand(s.rig, false); });
+    row("select below", [](Figure &s) { return new selectCtrlChildCommand(s.b, true); });
+    row("float", [](Figure &s) { return new setFloatBoneCommand(s.c, true); });
+    row("movable", [](Figure &s) { return new setMovableBoneCommand(s.c, true); });
+    row("hide below", [](Figure &s) { return new showCtrlChildCommand(s.b, false); });
+    row("parent", [](Figure &s) { return new setCtrlParentCommand(s.b, s.f); });
+    row("to the top", [](Figure &s) { return new setCtrlParentCommand(s.b, nullptr); });
+    row("move among siblings", [](Figure &s) { return new moveCtrlNodeCommand(s.e, s.a, 0); });
+    row("to another rig", [](Figure &s) { return new moveBoneToOtherContainerCommand(s.b, s.other, s.x); });
+    row("geometry", [](Figure &s) { return new editBoneGeometryCommand(s.c, restBone({1, 1, 1}, {4, 4, 4})); });
+    row("transform", [](Figure &s) { return new editSRTCommand(s.c, {{1, 1, 1}, {0, 1, 0, 0}, {7, 7, 7}}); });
+    row("view type", [](Figure &s) { return new editBoneViewTypeCommand(s.c, KMBoneShape::Point); });
+    row("limits", [](Figure &s) { return new editBoneLimitHPBCommand(s.c, someLimit()); });
+    row("add tag", [](Figure &s) { return new addTagBoneContainerCommand(s.c, new KMTagConstraint); });
+    row("delete tag", [](Figure &s) { return new deleteTagBoneContainerCommand(s.b, s.tag); });
+    row("rename", [](Figure &s) { return new renameNodeCommand(s.b, QStringLiteral("renamed")); });
+    row("hide one", [](Figure &s) { return new setVisibleCommand(s.b, false); });
+    row("new key", [](Figure &s) { return new addBoneKeyCommand(s.rig, keyAt("c", 9)); });
+    row("another key", [](Figure &s) { return new addBoneKeyCommand(s.rig, keyAt("b", 4)); });
+    row("remove key", [](Figure &s) { return new removeBoneKeyCommand(s.rig, QStringLiteral("b"), 4); });
+    row("link tracks", [](Figure &s) {
+        s.b->setName(QStringLiteral("lost"));
+        return new animationBuildBoneCommand(s.rig);
+    });
+}
+
+void tst_BoneCommands::proof()
+{
+    QFETCH(Make, make);
+    Figure scene;
+    if (QByteArray(QTest::currentDataTag()) == "link tracks")
+        scene.b->setName(QStringLiteral("lost"));
+    const QString failure = proofFailure(scene.dump, [&] { return make(scene); });
+    QVERIFY2(failure.isEmpty(), qPrintable(failure));
+}
+
+void tst_BoneCommands::rows_data()
+{
+    QTest::addColumn<Make>("make");
+    QTest::addColumn<QString>("names");
+    const auto row = [](const char *name, const char *names, const Make &make) {
+        QTest::newRow(name) << make << QString::fromLatin1(names);
+    };
+    row("as made", "0a 1b 2c 2d 1e 0f", [](Figure &) { return nullptr; });
+    row("children take the place", "0a 1c 1d 1e 0f", [](Figure &s) { return new deleteBoneCommand(s.b); });
+    row("at the top too", "0b 1c 1d 0e 0f", [](Figure &s) { return new deleteBoneCommand(s.a); });
+    row("with all below", "0a 1e 0f 1b 2c 2d", [](Figure &s) { return new setCtrlParentCommand(s.b, s.f); });
+    row("before a sibling", "0a 1e 1b 2c 2d 0f", [](Figure &s) { return new moveCtrlNodeCommand(s.e, s.a, 0); });
+    row("out of the rig", "0a 1e 0f", [](Figure &s) { return new moveBoneToOtherContainerCommand(s.b, s.other); });
+}
+
+void tst_BoneCommands::rows()
+{
+    QFETCH(Make, make);
+    QFETCH(QString, names);
+    Figure scene;
+    if (KMUndoCommand *command = make(scene))
+        gSolution->push(command);
+    QCOMPARE(scene.names(), names);
+    QCOMPARE(rigFault(*scene.rig), QString());
+    QCOMPARE(rigFault(*scene.other), QString());
+}
+
+void tst_BoneCommands::refusedMoves()
+{
+    Figure scene;
+    QVERIFY(canMoveBone(scene.b, scene.f) && canMoveBone(scene.b, nullptr) && canMoveBone(scene.c, scene.a));
+    QVERIFY(!canMoveBone(scene.a, scene.c) && !canMoveBone(scene.b, scene.b) && !canMoveBone(scene.b, scene.x));
+}
+
+void tst_BoneCommands::uniqueNames_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("unique");
+    QTest::newRow("digits at the end") << QStringLiteral("arm12") << QStringLiteral("arm0");
+    QTest::newRow("in the middle") << QStringLiteral("left 12 arm") << QStringLiteral("left  arm0");
+    QTest::newRow("taken") << QStringLiteral("g7") << QStringLiteral("g2");
+    QTest::newRow("other digits stay") << QStringLiteral("腕１") << QStringLiteral("腕１0");
+}
+
+void tst_BoneCommands::uniqueNames()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, unique);
+    Figure scene;
+    scene.addBone(QStringLiteral("g0"), nullptr, {}, {1, 0, 0});
+    scene.addBone(QStringLiteral("g1"), nullptr, {}, {1, 0, 0});
+    scene.addBone(QStringLiteral("g2"), nullptr, {}, {1, 0, 0});
+    gSolution->push(new deleteBoneCommand(scene.rig->bone(QStringLiteral("g2"))));
+    KMBone bone;
+    bone.setName(name);
+    QCOMPARE(scene.rig->uniqueName(&bone), unique);
+}
+
+void tst_BoneCommands::limitsOfSeveralBones()
+{
+    Figure scene;
+    BoneLimit limit;
+    limit.maxH = 0.5f;
+    scene.c->setLimits(limit);
+    limit.minP = -0.25f;
+    editBoneLimitHPBCommand::push({scene.a, scene.b, scene.c}, limit, BoneLimit::MinP);
+    QCOMPARE(scene.a->limits().minP, -0.25f);
+    QCOMPARE(scene.a->limits().maxH, BoneLimit().maxH);
+    QCOMPARE(scene.c->limits().maxH, 0.5f);
+    const int steps = scene.session.stack().count();
+    editBoneLimitHPBCommand::push({scene.a, scene.b, scene.c}, limit, BoneLimit::MinP | BoneLimit::MaxP);
+    QCOMPARE(scene.session.stack().count(), steps); // all have it
+}
+
+void tst_BoneCommands::deletedContainerMarksItsBones()
+{
+    Figure scene;
+    const QString before = scene.dump.text();
+    gProject->deleteNode(scene.rig);
+    for (const KMBone *bone : scene.rig->allBones())
+        QVERIFY(bone->isDeleted()); // weights skip it
+    QCOMPARE(gProject->ctrlsInTree().size(), 1);
+    const QString after = scene.dump.text();
+    scene.session.stack().undo();
+    QCOMPARE(scene.dump.text(), before);
+    scene.session.stack().redo();
+    QCOMPARE(scene.dump.text(), after);
+    scene.session.stack().undo();
+    gProject->deleteNode(scene.b); // one bone, through the project
+    QCOMPARE(scene.names(), QStringLiteral("0a 1c 1d 1e 0f"));
+}
+
+void tst_BoneCommands::currentBoneIsForgotten()
+{
+    Figure scene;
+    gSolution->push(new selectBoneCommand(scene.c, KMBone::TailSelected));
+    QCOMPARE(gSolution->currentBone(), scene.c);
+    QVERIFY(scene.c->isSelected() && scene.c->item()->isSelected());
+    gSolution->push(new deleteBoneCommand(scene.c));
+    QVERIFY(!gSolution->currentBone());
+    scene.session.stack().undo();
+    QVERIFY(gSolution->currentBone() == scene.c && scene.c->selectMask() == KMBone::TailSelected);
+    QCOMPARE(KMBoneContainer::activeBoneContainer(), scene.rig);
+    scene.rig->setLocked(true);
+    QVERIFY(!KMBoneContainer::activeBoneContainer());
+}
+
+void tst_BoneCommands::cloneOfAContainer()
+{
+    Figure scene;
+    auto *constraint = new KMTagConstraint;
+    constraint->setData({scene.d, 1.0f, 2, KMTagConstraint::IK, 1});
+    scene.c->addTag(constraint);
+    const std::unique_ptr<KMBoneContainer> copy(scene.rig->clone());
+    QCOMPARE(copy->bones().size(), 6);
+    QCOMPARE(rigFault(*copy), QString());
+    KMBone *c = copy->bone(QStringLiteral("c"));
+    QVERIFY(c != scene.c && c->rest() == scene.c->rest() && c->parentBone()->name() == QStringLiteral("b"));
+    QCOMPARE(static_cast<KMTagConstraint *>(c->tag(0))->data().target, copy->bone(QStringLiteral("d")));
+    QVERIFY(copy->animation()->hasKey(QStringLiteral("e"), 4));
+    QCOMPARE(copy->animation()->track(QStringLiteral("e"))->bone, copy->bone(QStringLiteral("e")));
+}
+
+void tst_BoneCommands::templateOfAFigure()
+{
+    RigScene scene;
+    KMBoneMMDTemplate::insertInto(scene.rig);
+    QCOMPARE(scene.rig->bones().size(), KMBoneMMDTemplate::BoneCount);
+    QCOMPARE(scene.rig->allBones()[56]->name(), QStringLiteral("toe_R")); // before the left one
+    QCOMPARE(scene.rig->allBones().last()->name(), QStringLiteral("toe IK_R"));
+    scene.rig->pairMirrorBones(0.001f);
+    int constraints = 0;
+    for (const KMBone *bone : scene.rig->bones()) {
+        const bool isLeft = bone->name().endsWith(QLatin1String("_L"));
+        const bool isRight = bone->name().endsWith(QLatin1String("_R"));
+        QVERIFY2(bone->mirrorBone(), qPrintable(bone->name()));
+        QCOMPARE(bone->mirrorBone() == bone, !isLeft && !isRight);
+        QVERIFY(isLeft == (bone->restHead().x > 0) && isRight == bone->isOnMirrorSide());
+        // What isn't floating begins where its parent ends.
+        if (!bone->isFloating())
+            QVERIFY2((bone->restHead() - bone->parentBone()->restTail()).length() < 0.2f, qPrintable(bone->name()));
+        for (const kvm::Vector3 &end : {bone->restHead(), bone->restTail()})
+            QVERIFY2(end.y > -7 && end.y < 200 && std::abs(end.x) < 75 && std::abs(end.z) < 51,
+                     qPrintable(bone->name()));
+        constraints += bone->liveTagCount();
+    }
+    QCOMPARE(constraints, 10);
+    const KMBone *ik = scene.rig->bone(QStringLiteral("leg IK_R"));
+    const ConstraintData data = static_cast<KMTagConstraint *>(ik->tag(0))->data();
+    QVERIFY(data == (ConstraintData{scene.rig->bone(QStringLiteral("ankle_R")), 120.0f, 40, KMTagConstraint::IK, 2}));
+    QCOMPARE(ik->tag(0)->name(), ik->name());
+}
+
+void tst_BoneCommands::randomWalk()
+{
+    for (quint32 seed = 1; seed <= 12; ++seed) {
+        Figure scene;
+        QRandomGenerator random(seed);
+        const auto below = [&random](int limit) { return limit > 0 ? int(random.bounded(limit)) : 0; };
+        QStringList texts{scene.dump.text()};
+        QUndoStack &stack = scene.session.stack();
+        const auto anyBone = [&]() -> KMBone * {
+            const QList<KMBone *> &bones = (below(4) ? scene.rig : scene.other)->bones();
+            return bones.isEmpty() ? nullptr : bones[below(bones.size())];
+        };
+        const auto makeEdit = [&]() -> KMUndoCommand * {
+            KMBone *bone = anyBone();
+            if (!bone || below(6) == 0)
+                return new addBoneCommand(scene.rig, new KMBone,
+                                          bone && bone->container() == scene.rig ? bone : nullptr);
+            KMBone *target = below(3) ? anyBone() : nullptr;
+            KMBoneContainer *container = bone->container();
+            switch (below(13)) {
+            case 0:
+                return new deleteBoneCommand(bone);
+            case 1:
+                return canMoveBone(bone, target) ? new setCtrlParentCommand(bone, target) : nullptr;
+            case 2:
+                return canMoveBone(bone, target) ? new moveCtrlNodeCommand(bone, target, 0) : nullptr;
+            case 3:
+                return new moveBoneToOtherContainerCommand(bone, container == scene.rig ? scene.other : scene.rig);
+            case 4:
+                return new selectBoneCommand(bone, below(4));
+            case 5:
+                return new selectCtrlChildCommand(bone, below(2));
+            case 6:
+                return new showCtrlChildCommand(bone, below(2));
+            case 7:
+                return new editBoneGeometryCommand(bone, restBone({float(below(9)), 0, 0}, {0, float(below(9)), 1}));
+            case 8:
+                return new editBoneViewTypeCommand(bone, below(3));
+            case 9:
+                return new renameNodeCommand(bone, QString(QLatin1Char(char('a' + below(6)))));
+            case 10:
+                return new addTagBoneContainerCommand(bone, new TestTag);
+            case 11:
+                return new removeBoneKeyCommand(container, bone->name(), quint32(below(3)));
+            default:
+                return new addBoneKeyCommand(container, keyAt(bone->name().toLatin1().constData(), quint32(below(3))));
+            }
+        };
+        for (int step = 0; step < 150; ++step) {
+            if (below(5) == 0) {
+                const int index = below(stack.count() + 1);
+                stack.setIndex(index);
+                QVERIFY2(scene.dump.text() == texts[index], qPrintable(QStringLiteral("%1 %2").arg(seed).arg(step)));
+                continue;
+            }
+            texts.erase(texts.begin() + stack.index() + 1, texts.end());
+            {
+                const KMUndoMacro macro(QStringLiteral("edits"));
+                for (int i = below(3); i >= 0; --i) {
+                    if (KMUndoCommand *command = makeEdit())
+                        gSolution->push(command);
+                }
+            }
+            texts << scene.dump.text();
+            QVERIFY(!texts.last().contains(QStringLiteral("isn't what")));
+        }
+        while (stack.canUndo()) {
+            stack.undo();
+            QCOMPARE(scene.dump.text(), texts[stack.index()]);
+        }
+    }
+}
+
+KM_TEST(tst_BoneCommands);
+#include "tst_BoneCommands.moc"

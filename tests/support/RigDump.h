@@ -1,0 +1,20 @@
+#pragma once
+
+#include "support/DocumentDump.h"
+
+class KMBone;
+class KMBoneContainer;
+
+/// The document with the bones, keys and current bone of its rigs. Poses are computed and left out.
+class RigDump : public DocumentDump
+{
+protected:
+    void writeDetails(QTextStream &out, const KMContainerNode *node) override;
+
+private:
+    void writeBone(QTextStream &out, const KMBone *bone);
+    void writeKeys(QTextStream &out, const KMBoneContainer *rig);
+};
+
+/// What contradicts the rows of a rig's tree in what is derived from them; empty when nothing does.
+QString rigFault(const KMBoneContainer &rig);
