@@ -87,19 +87,21 @@ void write(KMDOutput &out, const KMModFFDNode &node)
         out.writeVector3(point);
 }
 
-void read(KMDStream &in, KMModFFDNode &node)
+/// Points and box have to stay together: an import's scale counts for both.
+void read(KMDReadContext &context, KMModFFDNode &node)
 {
+    KMDStream &in = context.in;
     KMModFFDNode::Parameters p;
     in.readI32();
     in.readBool();
     for (int &count : p.nodeCounts)
         count = in.readI32();
-    p.size = in.readVector3();
+    p.size = in.readVector3() * std::fabs(context.importScale);
     node.setParameters(p);
     constexpr int pointBytes = 12;
     QVector<kvm::Vector3> points(in.readCount(pointBytes));
     for (kvm::Vector3 &point : points)
-        point = in.readVector3();
+        point = context.readPosition();
     node.setControlPoints(points);
 }
 
@@ -166,6 +168,12 @@ void read(KMDStream &in, KMModClonerNode &node)
 }
 
 template <class Node>
+void read(KMDReadContext &context, Node &node)
+{
+    read(context.in, node);
+}
+
+template <class Node>
 void writeBody(KMDOutput &out, const KMContainerNode *node)
 {
     const auto *modifier = static_cast<const Node *>(node);
@@ -179,7 +187,7 @@ void readBody(KMDReadContext &context, KMContainerNode *node)
 {
     auto *modifier = static_cast<Node *>(node);
     KMDNodeBodies::readTransform(context, modifier);
-    read(context.in, *modifier);
+    read(context, *modifier);
     KMDTagBodies::readTags(context, node);
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "formats/KMDStream.h"
+#include "math/Finite.h"
 
 #include <QCoreApplication>
 #include <QHash>
 
-#include <cmath>
 #include <functional>
 #include <vector>
 
@@ -53,7 +53,7 @@ public:
     kvm::Vector3 readPosition()
     {
         const kvm::Vector3 position = in.readVector3() * importScale;
-        if (std::isfinite(position.x) && std::isfinite(position.y) && std::isfinite(position.z))
+        if (isFinite(position))
             return position;
         in.warn(tr("The scale moves a point out of all numbers; it was put at the origin"));
         return {};

@@ -1,5 +1,6 @@
 #include "mesh/KMCloseVertices.h"
 
+#include "math/Finite.h"
 #include "mesh/KMMeshStore.h"
 
 #include <QHash>
@@ -67,7 +68,7 @@ void Cells::collect(bool selectedOnly)
         if (!vertex || (selectedOnly && !vertex->hasFlag(KMElementFlag::Selected)))
             continue;
         const Vector3 &p = vertex->pos;
-        if (!std::isfinite(p.x) || !std::isfinite(p.y) || !std::isfinite(p.z))
+        if (!isFinite(p))
             continue; // it is close to nothing
         m_vertices.push_back(i);
         extent = std::max({extent, std::fabs(double(p.x)), std::fabs(double(p.y)), std::fabs(double(p.z))});

@@ -1,9 +1,9 @@
 #include "mesh/KMMirrorMap.h"
 
+#include "math/Finite.h"
 #include "mesh/KMMeshNode.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 using kvm::Vector3;
@@ -13,11 +13,6 @@ namespace {
 constexpr int LeafSize = 8;
 constexpr int NotAsked = -2;
 constexpr Vector3 outside{std::numeric_limits<float>::infinity(), 0.0f, 0.0f}; // has no image
-
-bool isFinite(const Vector3 &v)
-{
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
 
 } // namespace
 

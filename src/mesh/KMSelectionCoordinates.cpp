@@ -1,5 +1,6 @@
 #include "mesh/KMSelectionCoordinates.h"
 
+#include "math/Box3.h"
 #include "math/Quaternion.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshTargets.h"
@@ -29,9 +30,7 @@ bool commit(KMSelectionTransform::Kind kind, const QList<KMMeshNode *> &meshes, 
 
 KMSelectionCoordinates::KMSelectionCoordinates()
 {
-    constexpr float farthest = std::numeric_limits<float>::max();
-    kvm::Vector3 least{farthest, farthest, farthest};
-    kvm::Vector3 most = -least;
+    kvm::Box3 box;
     double sum[3] = {};
     for (KMMeshNode *mesh : KMMeshTargets::chosen()) {
         if (!KMMeshTargets::hasOwnVertices(*mesh) || !KMMeshTargets::isEditable(*mesh)
@@ -43,17 +42,14 @@ KMSelectionCoordinates::KMSelectionCoordinates()
             if (!marks[size_t(i)])
                 continue;
             ++m_count;
-            for (int axis = 0; axis < 3; ++axis) {
-                const float place = mesh->position(i)[axis];
-                least[axis] = std::min(least[axis], place);
-                most[axis] = std::max(most[axis], place);
-                sum[axis] += double(place);
-            }
+            box.add(mesh->position(i));
+            for (int axis = 0; axis < 3; ++axis)
+                sum[axis] += double(mesh->position(i)[axis]);
         }
     }
     if (m_count == 0)
         return;
-    m_size = most - least;
+    m_size = box.size();
     for (int axis = 0; axis < 3; ++axis)
         m_centre[axis] = float(sum[axis] / m_count);
 }

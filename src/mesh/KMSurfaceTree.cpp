@@ -1,11 +1,11 @@
 #include "mesh/KMSurfaceTree.h"
 
+#include "math/Finite.h"
 #include "mesh/KMMeshNode.h"
 
 #include <QVarLengthArray>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 using kvm::Vector3;
@@ -24,11 +24,6 @@ float distance2(const Vector3 &low, const Vector3 &high, const Vector3 &point)
         sum += outside * outside;
     }
     return sum;
-}
-
-bool isFinite(const Vector3 &v)
-{
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
 }
 
 int longestSide(const Vector3 &size)

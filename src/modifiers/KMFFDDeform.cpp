@@ -10,19 +10,12 @@ using kvm::Vector4;
 
 namespace {
 
-constexpr int usualCount = 3;        // of a fresh box, along each side
-constexpr float tolerance = 0.0001f; // so far outside a point belongs to the box still
+constexpr int usualCount = 3;         // of a fresh box, along each side
+constexpr double tolerance = 0.0001f; // so far outside a point belongs to the box still
 
 double factorial(int n)
 {
     return n < 2 ? 1.0 : n * factorial(n - 1);
-}
-
-Vector3 alongAxis(int axis, float length)
-{
-    Vector3 v;
-    v[axis] = length;
-    return v;
 }
 
 } // namespace
@@ -51,48 +44,22 @@ void KMFFDDeform::prepare(const KMTransform &transform, const QVector<KMFFDPoint
     std::transform(points.begin(), points.end(), m_points.begin(),
                    [](const KMFFDPoint &point) { return Vector4(point.vertex->pos); });
     m_power = power;
-    prepareSides(transform);
-    prepareCoordinates(transform);
+    prepareAxes(transform);
 }
 
-/// Opposite sides have opposite normals. A scale below zero turns the box inside out, but not what its inside is.
-void KMFFDDeform::prepareSides(const KMTransform &transform)
+/// A scale below zero turns the box inside out, but not what its inside is. Along an axis on which the box has no
+/// length all are in the middle of it.
+void KMFFDDeform::prepareAxes(const KMTransform &transform)
 {
-    for (int axis = 0; axis < 3; ++axis) {
-        const float half = m_box.size[axis] / 2 * (transform.scale[axis] < 0.0f ? -1.0f : 1.0f);
-        const Vector3 inward = transform.rotation.rotate(alongAxis(axis, 1.0f));
-        const Vector3 low = KMFFDBox::toWorld(transform, alongAxis(axis, -half));
-        const Vector3 high = KMFFDBox::toWorld(transform, alongAxis(axis, half));
-        m_sides[axis] = {inward, -dot(inward, low), dot(inward, high)};
-    }
-}
-
-/// The way into the box, its scale and the division by its sides in one. Along an axis on which the box has
-/// no length all are in the middle of it.
-void KMFFDDeform::prepareCoordinates(const KMTransform &transform)
-{
+    m_centre = transform.translation;
     for (int axis = 0; axis < 3; ++axis) {
         const double length = double(m_box.size[axis]) * double(transform.scale[axis]);
-        const double factor = std::fabs(length) < double(tolerance) ? 0.0 : 1.0 / length;
-        const Vector3 direction = transform.rotation.rotate(alongAxis(axis, 1.0f));
-        double offset = 0.5;
-        for (int c = 0; c < 3; ++c) {
-            m_coordinates[axis].direction[c] = float(double(direction[c]) * factor);
-            offset -= double(direction[c]) * factor * double(transform.translation[c]);
-        }
-        m_coordinates[axis].offset = float(offset);
+        Vector3 direction;
+        direction[axis] = 1.0f;
+        m_axes[axis].direction = transform.rotation.rotate(direction);
+        m_axes[axis].reach = std::fabs(length) / 2.0 + tolerance;
+        m_axes[axis].factor = std::fabs(length) < tolerance ? 0.0 : 1.0 / length;
     }
-}
-
-/// What is no number lies nowhere.
-bool KMFFDDeform::isInside(const Vector3 &p) const
-{
-    for (const Sides &sides : m_sides) {
-        const float along = dot(sides.normal, p);
-        if (!(along + sides.low >= -tolerance && sides.high - along >= -tolerance))
-            return false;
-    }
-    return true;
 }
 
 /// Powers one from the other. They are of double precision, so that the rounding of a high degree doesn't show.
@@ -112,15 +79,14 @@ void KMFFDDeform::fillBasis(int axis, double t, float *basis) const
     }
 }
 
-/// With so many points along each side, which the compiler can go by, or with any number for 0.
+/// With so many points along each side, which the compiler can go by, or with any number for 0. They are vectors of
+/// four, which is one operation where three numbers are three.
 template <int Count>
-Vector3 KMFFDDeform::sumAt(const Vector3 &p) const
+Vector3 KMFFDDeform::sumAt(const double (&place)[3]) const
 {
     float basis[3][Count ? Count : KMFFDBox::MaxNodes];
-    for (int axis = 0; axis < 3; ++axis) {
-        const Coordinate &coordinate = m_coordinates[axis];
-        fillBasis<Count>(axis, double(dot(coordinate.direction, p) + coordinate.offset), basis[axis]);
-    }
+    for (int axis = 0; axis < 3; ++axis)
+        fillBasis<Count>(axis, place[axis], basis[axis]);
     const auto count = [this](size_t axis) { return Count ? Count : m_box.nodeCounts[axis]; };
     const Vector4 *point = m_points.constData();
     Vector4 sum;
@@ -137,11 +103,24 @@ Vector3 KMFFDDeform::sumAt(const Vector3 &p) const
     return {sum.x, sum.y, sum.z};
 }
 
+/// What is no number lies nowhere.
 Vector3 KMFFDDeform::operator()(const Vector3 &p) const
 {
-    if (m_power == 0.0f || !isInside(p))
+    if (m_power == 0.0f)
         return p;
-    const Vector3 sum = m_isUsual ? sumAt<usualCount>(p) : sumAt<0>(p);
+    const Vector3 way = p - m_centre; // far from the origin as exact as near it
+    double place[3];
+    for (int axis = 0; axis < 3; ++axis) {
+        const double along = double(dot(m_axes[axis].direction, way));
+        if (!(std::fabs(along) <= m_axes[axis].reach))
+            return p;
+        place[axis] = 0.5 + along * m_axes[axis].factor;
+    }
+    return powered(p, m_isUsual ? sumAt<usualCount>(place) : sumAt<0>(place));
+}
+
+Vector3 KMFFDDeform::powered(const Vector3 &p, const Vector3 &sum) const
+{
     if (m_power == 1.0f)
         return sum;
     const Vector3 way = sum - p;

@@ -18,33 +18,26 @@ public:
     kvm::Vector3 operator()(const kvm::Vector3 &p) const;
 
 private:
-    /// Two opposite sides: the distance of a point is n p + low from one of them, and high - n p from the other.
-    struct Sides
-    {
-        kvm::Vector3 normal;
-        float low;
-        float high;
-    };
-    /// One of the three numbers that say where a point is in the box, from 0 to 1.
-    struct Coordinate
+    /// One of the three directions of the box.
+    struct Axis
     {
         kvm::Vector3 direction;
-        float offset;
+        double reach;  ///< from the centre to its sides, with what still counts as inside
+        double factor; ///< makes of a way along it one of the three numbers, which are 0.5 at the centre
     };
 
-    bool isInside(const kvm::Vector3 &p) const;
     template <int Count>
-    kvm::Vector3 sumAt(const kvm::Vector3 &p) const;
+    kvm::Vector3 sumAt(const double (&place)[3]) const;
+    kvm::Vector3 powered(const kvm::Vector3 &p, const kvm::Vector3 &sum) const;
     template <int Count>
     void fillBasis(int axis, double t, float *basis) const;
-    void prepareSides(const KMTransform &transform);
-    void prepareCoordinates(const KMTransform &transform);
+    void prepareAxes(const KMTransform &transform);
 
     KMFFDBox m_box;
     bool m_isUsual = false;
     float m_power = 1.0f;
-    Sides m_sides[3] = {};
-    Coordinate m_coordinates[3] = {};
+    kvm::Vector3 m_centre;
+    Axis m_axes[3] = {};
     QVector<double> m_binomials[3];
     QVector<kvm::Vector4> m_points;
 };

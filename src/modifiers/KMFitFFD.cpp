@@ -4,14 +4,12 @@
 #include "core/KMSolution.h"
 #include "core/KMTransformCommands.h"
 #include "core/KMUndoMacro.h"
+#include "math/Box3.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModFFDNode.h"
 #include "modifiers/KMObjectTransform.h"
 
 #include <QCoreApplication>
-
-#include <algorithm>
-#include <limits>
 
 using kvm::Vector3;
 
@@ -62,21 +60,16 @@ bool KMFitFFD::run(KMNode *node)
         return false;
 
     KMTransform place = worldTransform(*lattice->source());
-    constexpr float most = std::numeric_limits<float>::max();
-    Vector3 least(most, most, most);
-    Vector3 greatest(-most, -most, -most);
-    for (const Vector3 &position : positions) {
-        const Vector3 local = KMFFDBox::toLocal(place, position);
-        for (int axis = 0; axis < 3; ++axis) {
-            least[axis] = std::min(least[axis], local[axis]);
-            greatest[axis] = std::max(greatest[axis], local[axis]);
-        }
-    }
-    place.translation = KMFFDBox::toWorld(place, (least + greatest) * 0.5f);
+    kvm::Box3 box;
+    for (const Vector3 &position : positions)
+        box.add(KMFFDBox::toLocal(place, position));
+    if (box.isEmpty())
+        return false; // none of them is anywhere
+    place.translation = KMFFDBox::toWorld(place, box.centre());
     const KMUndoMacro macro(tr("Fit FFD"));
     gSolution->push(new editSRTCommand(lattice, place));
     KMModFFDNode::Parameters parameters = lattice->parameters();
-    parameters.size = greatest - least;
+    parameters.size = box.size();
     gSolution->push(new editModFFDCommand(lattice, parameters));
     return true;
 }

@@ -8,6 +8,7 @@
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMChainCopy.h"
 #include "modifiers/KMMeshReplacement.h"
+#include "modifiers/KMResultNormals.h"
 
 namespace {
 
@@ -44,6 +45,7 @@ std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source)
     shape->setEnName(source.enName());
     shape->setVisible(source.isVisible());
     shape->setTransform(source.transform());
+    KMResultNormals::settle(*result, *shape);
     carryTags(source, *shape);
     shape->markDirty(KMMeshDirty::All);
     return shape;

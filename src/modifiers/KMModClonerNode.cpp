@@ -1,7 +1,10 @@
 #include "modifiers/KMModClonerNode.h"
 
 #include "core/KMNodeType.h"
+#include "math/Box3.h"
+#include "math/Finite.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMObjectTransform.h"
 #include "modifiers/KMResultCopy.h"
 #include "modifiers/KMResultLimit.h"
 
@@ -27,9 +30,10 @@ Vector3 bounded(const Vector3 &v, const Vector3 &otherwise)
             KMResultLimit::bounded(v.z, otherwise.z)};
 }
 
-bool mirrors(const Vector3 &scale)
+Winding windingOf(const Parameters &p)
 {
-    return ((scale.x < 0.0f) != (scale.y < 0.0f)) != (scale.z < 0.0f);
+    const bool mirrors = ((p.scale.x < 0.0f) != (p.scale.y < 0.0f)) != (p.scale.z < 0.0f);
+    return mirrors ? Winding::Turned : Winding::Kept;
 }
 
 Matrix4 turn(const Quaternion &rotation)
@@ -157,14 +161,6 @@ KMModClonerNode::GridCounts KMModClonerNode::gridCounts(int count, const Vector3
     return {cells[0], cells[1], cells[2]};
 }
 
-KMModClonerNode *KMModClonerNode::clone() const
-{
-    auto *copy = new KMModClonerNode;
-    copyNullTo(copy);
-    copy->setParameters(m_parameters);
-    return copy;
-}
-
 void KMModClonerNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     const qint64 vertices = qint64(m_parameters.count) * input.vertexCount();
@@ -178,7 +174,7 @@ void KMModClonerNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
     m_copySize = result.vertexCount();
     for (int i = m_copySize, n = m_copySize * m_copies; i < n; ++i)
         result.addVertexRaw({});
-    const Winding winding = mirrors(m_parameters.scale) ? Winding::Turned : Winding::Kept;
+    const Winding winding = windingOf(m_parameters);
     QVector<int> faceMap;
     for (int k = 0; k < m_copies; ++k) {
         KMResultCopy::appendFaces(input, minCorners, result, m_vertexMap, faceMap, m_copySize * k, winding);
@@ -195,8 +191,9 @@ void KMModClonerNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 
 bool KMModClonerNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
 {
-    const Matrix4 toWorld = turn(rotation()) * Matrix4::fromTranslation(translation());
-    const Matrix4 toNode = Matrix4::fromTranslation(-translation()) * turn(rotation().conjugate());
+    const KMTransform place = KMObjectTransform::sound(transform());
+    const Matrix4 toWorld = turn(place.rotation) * Matrix4::fromTranslation(place.translation);
+    const Matrix4 toNode = Matrix4::fromTranslation(-place.translation) * turn(place.rotation.conjugate());
     const Vector3 center = toNode * centerOf(input);
     const int count = qMin(m_vertexMap.size(), input.vertexCount());
     for (int k = 0; k < m_copies; ++k) {
@@ -214,21 +211,12 @@ bool KMModClonerNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
 /// Of the box around it.
 Vector3 KMModClonerNode::centerOf(const KMMeshNode &input)
 {
-    Vector3 low;
-    Vector3 high;
-    bool isFirst = true;
+    kvm::Box3 box;
     for (const KMVertex *vertex : input.vertices()) {
-        if (!vertex || !std::isfinite(vertex->pos.lengthSquared()))
-            continue;
-        if (isFirst)
-            low = high = vertex->pos;
-        isFirst = false;
-        for (int k = 0; k < 3; ++k) {
-            low[k] = std::min(low[k], vertex->pos[k]);
-            high[k] = std::max(high[k], vertex->pos[k]);
-        }
+        if (vertex && isFinite(vertex->pos))
+            box.add(vertex->pos);
     }
-    return (low + high) * 0.5f;
+    return box.centre();
 }
 
 void KMModClonerNode::freeTables()
@@ -247,14 +235,14 @@ void KMModClonerNode::copyFaceFlags()
 void KMModClonerNode::onWeightChanged()
 {
     const KMMeshNode *from = input();
-    for (int k = 0; from && k < m_copies; ++k) {
-        const auto vertexOf = [&](int i) {
-            const int vertex = m_vertexMap.value(i, -1);
-            return vertex < 0 ? -1 : m_copySize * k + vertex;
-        };
-        KMResultCopy::copyVertexWeights(*from, *modMesh(), m_vertexMap, m_copySize * k);
-        KMResultCopy::copyEdgeWeights(*from, *modMesh(), vertexOf);
-    }
+    for (int k = 0; from && k < m_copies; ++k)
+        KMResultCopy::copyWeights(*from, *modMesh(), m_vertexMap, m_copySize * k);
+}
+
+bool KMModClonerNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
+{
+    KMResultCopy::copyUVsByOrigin(input, result, m_origins, windingOf(m_parameters));
+    return true;
 }
 
 void KMModClonerNode::onShaderChanged()

@@ -53,7 +53,7 @@ public:
 
     int copySize() const { return m_copySize; } ///< vertices of a copy
 
-    KMModClonerNode *clone() const override;
+    KMModClonerNode *clone() const override { return cloneOf(*this); }
     void copyFaceFlags() override;
     void onWeightChanged() override;
     void onShaderChanged() override;
@@ -61,6 +61,7 @@ public:
 protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
+    bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
     void freeTables() override;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "core/KMNodeType.h"
 #include "core/KMVariantNode.h"
+#include "math/Finite.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMObjectTransform.h"
 #include "modifiers/KMResultCopy.h"
@@ -9,18 +10,7 @@
 
 #include <QLocale>
 
-#include <cmath>
-
 using kvm::Vector3;
-
-namespace {
-
-bool isNumber(const Vector3 &v)
-{
-    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
-}
-
-} // namespace
 
 KMModFFDNode::KMModFFDNode()
     : KMModifierNode(KMNodeType::ModFFD, tr("FFD"))
@@ -81,7 +71,7 @@ bool KMModFFDNode::setControlPoints(const QVector<Vector3> &points)
     m_lattice.carryTo(place());
     QVector<Vector3> sound = points;
     for (int i = 0; i < sound.size(); ++i) {
-        if (!isNumber(sound.at(i)))
+        if (!isFinite(sound.at(i)))
             sound[i] = KMFFDBox::toWorld(place(), m_lattice.box().restPoint(i));
     }
     m_lattice.setPositions(sound);
@@ -163,8 +153,7 @@ void KMModFFDNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     if (!KMResultLimit::allows(name(), input.vertexCount(), input.faceCount()))
         return;
-    KMResultCopy::appendVertices(input, result, m_vertexMap);
-    KMResultCopy::appendFaces(input, 2, result, m_vertexMap, m_faceMap);
+    KMResultCopy::copyMesh(input, result, m_vertexMap, m_faceMap);
     result.buildEdges();
     onWeightChanged();
 }
@@ -185,11 +174,14 @@ bool KMModFFDNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
 
 void KMModFFDNode::onWeightChanged()
 {
-    const KMMeshNode *from = input();
-    if (!from)
-        return;
-    KMResultCopy::copyVertexWeights(*from, *modMesh(), m_vertexMap);
-    KMResultCopy::copyEdgeWeights(*from, *modMesh(), [this](int i) { return vertexMapAt(i); });
+    if (const KMMeshNode *from = input())
+        KMResultCopy::copyWeights(*from, *modMesh(), m_vertexMap);
+}
+
+bool KMModFFDNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
+{
+    KMResultCopy::copyUVs(input, result, m_faceMap);
+    return true;
 }
 
 void KMModFFDNode::onShaderChanged()

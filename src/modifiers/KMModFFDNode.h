@@ -72,6 +72,7 @@ public slots:
 protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
+    bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
 
 private:
     KMTransform place() const; ///< its transform, as far as arithmetic can go on with it

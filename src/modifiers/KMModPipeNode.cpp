@@ -60,14 +60,6 @@ QStringList KMModPipeNode::modeNames()
     return {tr("Mitre"), tr("Bisector"), tr("Blended Mitre"), tr("Taper")};
 }
 
-KMModPipeNode *KMModPipeNode::clone() const
-{
-    auto *copy = new KMModPipeNode;
-    copyNullTo(copy);
-    copy->setParameters(m_parameters);
-    return copy;
-}
-
 void KMModPipeNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     const qint64 sectors = m_parameters.sectors;
@@ -79,7 +71,7 @@ void KMModPipeNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
         vertices += qint64(run.vertices.size()) * sectors + (hasCaps ? 2 : 0);
         faces += qint64(run.lines.size()) * sectors + (hasCaps ? 2 * sectors : 0);
     }
-    if (!KMResultLimit::allows(name(), vertices, faces))
+    if (runs.empty() || !KMResultLimit::allows(name(), vertices, faces))
         return;
     m_chains.reserve(runs.size());
     for (const KMWireTrace::Run &run : runs)
@@ -110,7 +102,9 @@ bool KMModPipeNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
     bool isMappedAnew = false;
     for (KMPipeChain &chain : m_chains)
         isMappedAnew |= chain.update(input, shape, result);
-    return isMappedAnew && next(); // a stage behind this one takes UVs over only when it is made anew
+    if (isMappedAnew)
+        passUVsOn(); // they are shares of a length, which most moves change
+    return false;
 }
 
 void KMModPipeNode::freeTables()

@@ -49,7 +49,7 @@ public:
 
     const std::vector<KMPipeChain> &chains() const { return m_chains; } ///< of the last rebuild
 
-    KMModPipeNode *clone() const override;
+    KMModPipeNode *clone() const override { return cloneOf(*this); }
     void copyFaceFlags() override;
     void onWeightChanged() override;
     void onShaderChanged() override;
@@ -57,6 +57,7 @@ public:
 protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
+    bool takeUVs(const KMMeshNode &, KMMeshNode &) override { return true; } // it makes its own
     void freeTables() override;
 
 private:

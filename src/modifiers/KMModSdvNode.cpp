@@ -102,10 +102,9 @@ void KMModSdvNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 
 void KMModSdvNode::copyInput(KMMeshNode &input, KMMeshNode &result)
 {
-    KMResultCopy::appendVertices(input, result, m_vertexMap);
-    KMResultCopy::appendFaces(input, 2, result, m_vertexMap, m_faceMap);
+    KMResultCopy::copyMesh(input, result, m_vertexMap, m_faceMap);
     result.rebuildEdges();
-    KMResultCopy::copyEdgeWeights(input, result, [this](int i) { return m_vertexMap.value(i, -1); });
+    KMResultCopy::copyWeights(input, result, m_vertexMap);
 }
 
 bool KMModSdvNode::isWithinMemory(const KMMeshNode &input) const
@@ -172,6 +171,14 @@ bool KMModSdvNode::updateNormals(KMMeshNode &input, KMMeshNode &result)
     return false;
 }
 
+bool KMModSdvNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
+{
+    if (m_surface)
+        return m_surface->takeUVs(input, result);
+    KMResultCopy::copyUVs(input, result, m_faceMap);
+    return true;
+}
+
 /// visit(face, first, end) for each face of the input that has quads in the result.
 template <class Visit>
 void KMModSdvNode::forEachDescendant(Visit visit) const
@@ -191,14 +198,8 @@ void KMModSdvNode::forEachDescendant(Visit visit) const
 void KMModSdvNode::copyFaceFlags()
 {
     forEachDescendant([this](const KMFace &face, int first, int end) {
-        for (int f = first; f < end; ++f) {
-            for (const quint8 bit : {KMElementFlag::Selected, KMElementFlag::Hidden}) {
-                if (face.hasFlag(bit))
-                    modMesh()->setFaceFlag(f, bit);
-                else
-                    modMesh()->clearFaceFlag(f, bit);
-            }
-        }
+        for (int f = first; f < end; ++f)
+            KMResultCopy::copyFlags(&face, *modMesh(), f);
     });
 }
 
@@ -208,8 +209,7 @@ void KMModSdvNode::onWeightChanged()
     if (!from || isStale() || modMesh()->vertexCount() == 0)
         return;
     if (!m_surface) {
-        KMResultCopy::copyVertexWeights(*from, *modMesh(), m_vertexMap);
-        KMResultCopy::copyEdgeWeights(*from, *modMesh(), [this](int i) { return m_vertexMap.value(i, -1); });
+        KMResultCopy::copyWeights(*from, *modMesh(), m_vertexMap);
         return;
     }
     if (!m_surface->updateCreases(*from, m_vertexMap, *modMesh()))
@@ -230,12 +230,4 @@ void KMModSdvNode::updateTags()
 {
     if (modMesh()->vertexCount() > 0 && takesNormals() != m_areNormalsTaken)
         refresh();
-}
-
-KMModSdvNode *KMModSdvNode::clone() const
-{
-    auto *copy = new KMModSdvNode;
-    copyNullTo(copy);
-    copy->setParameters(parameters());
-    return copy;
 }

@@ -46,7 +46,7 @@ public:
     void onWeightChanged() override;
     void onShaderChanged() override;
     void updateTags() override;
-    KMModSdvNode *clone() const override;
+    KMModSdvNode *clone() const override { return cloneOf(*this); }
 
 public slots:
     void sdvrefresh(KMNode *value); ///< one of the settings changed
@@ -54,6 +54,7 @@ public slots:
 protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
+    bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
     void freeTables() override;
 
 private:

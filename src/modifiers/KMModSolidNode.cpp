@@ -1,13 +1,13 @@
 #include "modifiers/KMModSolidNode.h"
 
 #include "core/KMNodeType.h"
+#include "math/Finite.h"
 #include "mesh/KMFaceNormal.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMResultCopy.h"
 #include "modifiers/KMResultLimit.h"
 
 #include <algorithm>
-#include <cmath>
 
 using KMResultCopy::Winding;
 using kvm::Vector3;
@@ -28,7 +28,7 @@ Vector3 normalOf(const KMMeshNode &mesh, const KMFace &face)
     }
     const Vector3 normal =
         face.count == 4 ? KMFaceNormal::ofQuad(p[0], p[1], p[2], p[3]) : KMFaceNormal::ofTriangle(p[0], p[1], p[2]);
-    return std::isfinite(normal.lengthSquared()) ? normal : Vector3();
+    return isFinite(normal) ? normal : Vector3();
 }
 
 bool isFirstAtVertex(const KMFace &face, int corner)
@@ -61,12 +61,11 @@ const KMSolidVertex *KMModSolidNode::vertexByOffset(int vertex) const
     return record != m_vertexByOffset.constEnd() ? &m_vertexRecords.at(*record) : nullptr;
 }
 
-KMModSolidNode *KMModSolidNode::clone() const
+/// A copy in front of the surface becomes the outer side, and the surface has to look the other way.
+Winding KMModSolidNode::windingOf(Shell shell) const
 {
-    auto *copy = new KMModSolidNode;
-    copyNullTo(copy);
-    copy->setParameters(m_parameters);
-    return copy;
+    const bool isOuter = (m_parameters.thickness > 0.0f) == (shell == Shell::Offset);
+    return isOuter ? Winding::Kept : Winding::Turned;
 }
 
 void KMModSolidNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
@@ -77,15 +76,12 @@ void KMModSolidNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
         walls += edge->faceRefs.size() != 2;
     if (!KMResultLimit::allows(name(), shells * input.vertexCount(), shells * input.faceCount() + walls))
         return;
-    // A copy in front of the surface becomes the outer side, and the surface has to look the other way.
-    const bool isTurned = m_parameters.thickness > 0.0f;
     KMResultCopy::appendVertices(input, result, m_vertexMap);
-    KMResultCopy::appendFaces(input, minCorners, result, m_vertexMap, m_faceMap, 0,
-                              isTurned ? Winding::Turned : Winding::Kept);
+    KMResultCopy::appendFaces(input, minCorners, result, m_vertexMap, m_faceMap, 0, windingOf(Shell::First));
     result.rebuildEdges();
     appendOffsetVertices(input, result);
-    appendOffsetFaces(input, isTurned ? Winding::Kept : Winding::Turned, result);
-    appendWalls(input, isTurned, result);
+    appendOffsetFaces(input, result);
+    appendWalls(input, result);
     result.rebuildEdges();
     onWeightChanged();
 }
@@ -93,21 +89,19 @@ void KMModSolidNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 void KMModSolidNode::appendOffsetVertices(const KMMeshNode &input, KMMeshNode &result)
 {
     m_vertexRecords.resize(input.vertexCount());
+    m_offsetMap.fill(-1, input.vertexCount());
     for (int i = 0; i < m_vertexRecords.size(); ++i) {
         KMSolidVertex &record = m_vertexRecords[i];
         record.first = m_vertexMap.at(i);
         if (record.first < 0 || result.vertex(record.first)->faceRefs.isEmpty())
             continue;
-        record.offset = result.addVertexRaw(result.position(record.first));
+        m_offsetMap[i] = record.offset = result.addVertexRaw(result.position(record.first));
         m_vertexByOffset.insert(record.offset, i);
     }
 }
 
-void KMModSolidNode::appendOffsetFaces(const KMMeshNode &input, Winding winding, KMMeshNode &result)
+void KMModSolidNode::appendOffsetFaces(const KMMeshNode &input, KMMeshNode &result)
 {
-    QVector<int> offsets(m_vertexRecords.size());
-    std::transform(m_vertexRecords.cbegin(), m_vertexRecords.cend(), offsets.begin(),
-                   [](const KMSolidVertex &record) { return record.offset; });
     m_faceRecords.resize(input.faceCount());
     m_origins.fill(-1, result.faceCount());
     for (int f = 0; f < m_faceRecords.size(); ++f) {
@@ -116,7 +110,7 @@ void KMModSolidNode::appendOffsetFaces(const KMMeshNode &input, Winding winding,
         if (record.first < 0)
             continue;
         m_origins[record.first] = f;
-        record.offset = KMResultCopy::appendFace(*input.face(f), result, offsets, 0, winding);
+        record.offset = KMResultCopy::appendFace(*input.face(f), result, m_offsetMap, 0, windingOf(Shell::Offset));
         record.firstCount = result.face(record.first)->count;
         record.offsetCount = result.face(record.offset)->count;
         m_origins.append(f);
@@ -124,7 +118,7 @@ void KMModSolidNode::appendOffsetFaces(const KMMeshNode &input, Winding winding,
 }
 
 /// The edges are those of the first shell alone.
-void KMModSolidNode::appendWalls(const KMMeshNode &input, bool isTurned, KMMeshNode &result)
+void KMModSolidNode::appendWalls(const KMMeshNode &input, KMMeshNode &result)
 {
     for (int f = 0; f < m_faceRecords.size(); ++f) {
         if (m_faceRecords.at(f).first < 0)
@@ -136,33 +130,41 @@ void KMModSolidNode::appendWalls(const KMMeshNode &input, bool isTurned, KMMeshN
             const KMEdge *edge = result.findEdge(a.first, b.first);
             if (!edge || a.first == b.first || edge->faceRefs.size() != 1)
                 continue;
-            appendWall(face, c, isTurned, result);
+            m_walls.append({appendWall(face, c, result), f, c});
             m_origins.append(f);
         }
     }
 }
 
-/// Against the face along the side that they share, and against its copy along the other rim.
-void KMModSolidNode::appendWall(const KMFace &face, int side, bool isTurned, KMMeshNode &result)
+/// The corner of the face above or below corner c of the wall along one of its sides.
+int KMModSolidNode::wallCorner(const KMFace &face, int side, int c) const
 {
-    const int from = side;
-    const int to = side + 1 < face.count ? side + 1 : 0;
-    const KMSolidVertex &a = m_vertexRecords.at(face.indices[from]);
-    const KMSolidVertex &b = m_vertexRecords.at(face.indices[to]);
-    const int along[] = {to, from, from, to}; // corners of the face
+    const int place = windingOf(Shell::First) == Winding::Turned ? (4 - c) % 4 : c;
+    const bool isAtStart = place == 1 || place == 2;
+    return isAtStart ? side : (side + 1) % face.count;
+}
+
+/// Against the face along the side that they share, and against its copy along the other rim.
+int KMModSolidNode::appendWall(const KMFace &face, int side, KMMeshNode &result)
+{
+    const bool isTurned = windingOf(Shell::First) == Winding::Turned;
+    const KMSolidVertex &a = m_vertexRecords.at(face.indices[side]);
+    const KMSolidVertex &b = m_vertexRecords.at(face.next(side));
     const int vertices[] = {b.first, a.first, a.offset, b.offset};
     int corners[4];
     for (int c = 0; c < 4; ++c)
         corners[c] = vertices[isTurned ? (4 - c) % 4 : c];
-    KMFace &wall = *result.face(result.addFaceRaw(4, corners));
+    const int index = result.addFaceRaw(4, corners);
+    KMFace &wall = *result.face(index);
     wall.shader = face.shader;
     wall.source = face.source;
     wall.flags = face.flags & KMElementFlag::Hidden;
     for (int c = 0; c < 4; ++c) {
-        const int corner = along[isTurned ? (4 - c) % 4 : c];
+        const int corner = wallCorner(face, side, c);
         wall.uvs[c] = face.uvs[corner];
         wall.colors[c] = face.colors[corner];
     }
+    return index;
 }
 
 bool KMModSolidNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
@@ -196,6 +198,8 @@ void KMModSolidNode::freeTables()
     m_vertexRecords.clear();
     m_faceRecords.clear();
     m_vertexByOffset.clear();
+    m_offsetMap.clear();
+    m_walls.clear();
     m_origins.clear();
 }
 
@@ -211,14 +215,25 @@ void KMModSolidNode::onWeightChanged()
     const KMMeshNode *from = input();
     if (!from || m_vertexRecords.isEmpty())
         return;
-    for (int KMSolidVertex::*shell : {&KMSolidVertex::first, &KMSolidVertex::offset}) {
-        const auto vertexOf = [&](int i) { return i < m_vertexRecords.size() ? m_vertexRecords.at(i).*shell : -1; };
-        for (int i = 0, n = qMin(m_vertexRecords.size(), from->vertexCount()); i < n; ++i) {
-            if (from->vertex(i) && vertexOf(i) >= 0)
-                modMesh()->vertex(vertexOf(i))->weight = from->vertex(i)->weight;
-        }
-        KMResultCopy::copyEdgeWeights(*from, *modMesh(), vertexOf);
+    for (const QVector<int> *map : {&m_vertexMap, &m_offsetMap})
+        KMResultCopy::copyWeights(*from, *modMesh(), *map);
+}
+
+bool KMModSolidNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
+{
+    KMResultCopy::copyUVs(input, result, m_faceMap, windingOf(Shell::First));
+    for (int f = 0, n = qMin(m_faceRecords.size(), input.faceCount()); f < n; ++f) {
+        const KMFace *from = input.face(f);
+        if (KMFace *own = from ? result.face(m_faceRecords.at(f).offset) : nullptr)
+            KMResultCopy::mapFace(*from, *own, windingOf(Shell::Offset));
     }
+    for (const Wall &wall : std::as_const(m_walls)) {
+        KMFace *own = result.face(wall.index);
+        const KMFace *from = input.face(wall.face);
+        for (int c = 0; own && from && c < 4; ++c)
+            own->uvs[c] = from->uvs[wallCorner(*from, wall.side, c)];
+    }
+    return true;
 }
 
 void KMModSolidNode::onShaderChanged()

@@ -49,7 +49,7 @@ public:
     const QVector<KMSolidFace> &faceRecords() const { return m_faceRecords; }       ///< by face slot of the input
     const KMSolidVertex *vertexByOffset(int vertex) const; ///< whose offset vertex that is, null for another one
 
-    KMModSolidNode *clone() const override;
+    KMModSolidNode *clone() const override { return cloneOf(*this); }
     void copyFaceFlags() override;
     void onWeightChanged() override;
     void onShaderChanged() override;
@@ -57,19 +57,32 @@ public:
 protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
+    bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
     void freeTables() override;
 
 private:
+    enum class Shell { First, Offset };
+    struct Wall
+    {
+        int index; ///< in the result
+        int face;  ///< of the input, along this side of which it stands
+        int side;
+    };
+
+    KMResultCopy::Winding windingOf(Shell shell) const;
     void appendOffsetVertices(const KMMeshNode &input, KMMeshNode &result);
-    void appendOffsetFaces(const KMMeshNode &input, KMResultCopy::Winding winding, KMMeshNode &result);
-    void appendWalls(const KMMeshNode &input, bool isTurned, KMMeshNode &result);
-    void appendWall(const KMFace &face, int side, bool isTurned, KMMeshNode &result);
+    void appendOffsetFaces(const KMMeshNode &input, KMMeshNode &result);
+    void appendWalls(const KMMeshNode &input, KMMeshNode &result);
+    int appendWall(const KMFace &face, int side, KMMeshNode &result);
+    int wallCorner(const KMFace &face, int side, int c) const;
 
     Parameters m_parameters;
     QVector<KMSolidVertex> m_vertexRecords;
     QVector<KMSolidFace> m_faceRecords;
     QHash<int, int> m_vertexByOffset; // offset vertex to its record
-    QVector<int> m_origins;           // the input's face that each face of the result comes from
+    QVector<int> m_offsetMap;         // from vertex slot of the input to the offset shell
+    QVector<Wall> m_walls;
+    QVector<int> m_origins; // the input's face that each face of the result comes from
 };
 
 class editModSolCommand : public editModifierCommand<KMModSolidNode>

@@ -62,7 +62,7 @@ void KMModSymNode::freeTables()
     m_isPatched = false;
 }
 
-/// A change of the seam has brought the result up to date already, its edges included.
+/// A change of the seam, or of the mirrored normals, has brought the result up to date already, its edges included.
 void KMModSymNode::rebuild()
 {
     if (m_isPatched && !isStale()) {
@@ -78,8 +78,7 @@ void KMModSymNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
     if (!KMResultLimit::allows(name(), 2 * qint64(input.vertexCount()), 2 * qint64(input.faceCount())))
         return;
     result.reserve(2 * input.vertexCount(), 2 * input.faceCount());
-    KMResultCopy::appendVertices(input, result, m_vertexMap);
-    KMResultCopy::appendFaces(input, 2, result, m_vertexMap, m_faceMap);
+    KMResultCopy::copyMesh(input, result, m_vertexMap, m_faceMap);
     m_firstMirrorFace = result.faceCount();
     m_weldState.fill(nullptr, result.vertexCount());
     for (int i = 0; i < m_weldState.size(); ++i) {
@@ -93,11 +92,21 @@ void KMModSymNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 
 bool KMModSymNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
 {
-    if (!placeHalves(input, result))
+    const bool isOther = placeHalves(input, result);
+    if (isOther)
+        followSeam(input, result);
+    const bool isMirroredAnew = input.findTag(KMNodeType::TagNormal) && m_mirroredAcross != plane().normal;
+    if (!isOther && !isMirroredAnew)
         return false;
-    followSeam(input, result);
     updateTags();
     m_isPatched = true;
+    return true;
+}
+
+bool KMModSymNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
+{
+    KMResultCopy::copyUVs(input, result, m_faceMap);
+    KMResultCopy::copyUVs(input, result, m_mirrorFaceMap, Winding::Turned);
     return true;
 }
 
@@ -179,12 +188,8 @@ void KMModSymNode::copyFaceFlags()
     KMModifierNode::copyFaceFlags();
     const KMMeshNode *from = input();
     for (int f = 0, n = from ? qMin(m_mirrorFaceMap.size(), from->faceCount()) : 0; f < n; ++f) {
-        if (!from->face(f) || m_mirrorFaceMap.at(f) < 0)
-            continue;
-        if (from->face(f)->hasFlag(KMElementFlag::Hidden))
-            modMesh()->setFaceFlag(m_mirrorFaceMap.at(f), KMElementFlag::Hidden);
-        else
-            modMesh()->clearFaceFlag(m_mirrorFaceMap.at(f), KMElementFlag::Hidden);
+        if (from->face(f) && m_mirrorFaceMap.at(f) >= 0)
+            KMResultCopy::copyFlags(from->face(f), *modMesh(), m_mirrorFaceMap.at(f), {KMElementFlag::Hidden});
     }
 }
 
@@ -217,16 +222,9 @@ void KMModSymNode::updateTags()
     const KMMeshNode *from = input();
     if (!from || !m_normals.begin(*from))
         return;
+    m_mirroredAcross = plane().normal;
     m_normals.carry(
         *from, [this](int i) { return vertexMapAt(i); }, m_faceMap);
     m_normals.carryMirrored(
-        *from, [this](int i) { return mirrorOf(vertexMapAt(i)); }, m_mirrorFaceMap, plane().normal);
-}
-
-KMModSymNode *KMModSymNode::clone() const
-{
-    auto *copy = new KMModSymNode;
-    copyNullTo(copy);
-    copy->m_parameters = m_parameters;
-    return copy;
+        *from, [this](int i) { return mirrorOf(vertexMapAt(i)); }, m_mirrorFaceMap, m_mirroredAcross);
 }

@@ -49,11 +49,12 @@ public:
     void onWeightChanged() override;
     void onShaderChanged() override;
     void updateTags() override;
-    KMModSymNode *clone() const override;
+    KMModSymNode *clone() const override { return cloneOf(*this); }
 
 protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
+    bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
     void freeTables() override;
 
 private:
@@ -75,7 +76,8 @@ private:
     QVector<KMVertex *> m_weldState; // by vertex of the first half: its image while that is out of use, else null
     QVector<int> m_mirrorFaceMap;    // by face slot of the input
     int m_firstMirrorFace = 0;
-    bool m_isPatched = false; // the seam of the result was changed in place, which is as good as making it anew
+    bool m_isPatched = false;      // seam or normals were changed in place, which is as good as making the result anew
+    kvm::Vector3 m_mirroredAcross; // normal of the plane that overridden normals were mirrored across last
     KMResultNormals m_normals;
 };
 

@@ -2,6 +2,7 @@
 
 #include "core/KMVariantNode.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMResultCopy.h"
 
 #include <algorithm>
 
@@ -72,9 +73,11 @@ void KMModifierNode::rebuild()
         m_modMesh->setName(from->name());
     if (m_previous)
         from->rebuildEdges(); // the refresh that would do it comes after the whole chain
+    m_isRebuilding = true;
     rebuildResult(*from, *m_modMesh);
     m_modMesh->markDirty(KMMeshDirty::All);
     update();
+    m_isRebuilding = false;
     copyFaceFlags();
     updateTags();
 }
@@ -97,17 +100,21 @@ void KMModifierNode::copyFaceFlags()
     if (!from)
         return;
     for (int f = 0, n = qMin(m_faceMap.size(), from->faceCount()); f < n; ++f) {
-        const KMFace *face = from->face(f);
-        const KMFace *own = m_modMesh->face(m_faceMap.at(f));
-        if (!face || !own)
-            continue;
-        for (const quint8 bit : {KMElementFlag::Selected, KMElementFlag::Hidden}) {
-            if (face->hasFlag(bit))
-                m_modMesh->setFaceFlag(m_faceMap.at(f), bit);
-            else
-                m_modMesh->clearFaceFlag(m_faceMap.at(f), bit);
-        }
+        if (from->face(f) && m_modMesh->face(m_faceMap.at(f)))
+            KMResultCopy::copyFlags(from->face(f), *m_modMesh, m_faceMap.at(f));
     }
+}
+
+/// While the result is made anew the stages behind wait for the same.
+void KMModifierNode::passUVsOn()
+{
+    auto *behind = m_next && !m_isRebuilding ? qobject_cast<KMModifierNode *>(m_next->modifierNode()) : nullptr;
+    if (!behind || behind->m_isStale)
+        return;
+    if (behind->takeUVs(*m_modMesh, *behind->m_modMesh))
+        behind->passUVsOn();
+    else
+        behind->m_isStale = true;
 }
 
 void KMModifierNode::refresh(KMNode *)

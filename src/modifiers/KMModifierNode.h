@@ -73,13 +73,26 @@ protected:
 
     /// Fills the empty result. The edges and the live lists of the input are up to date.
     virtual void rebuildResult(KMMeshNode &input, KMMeshNode &result) = 0;
-    /// Moves the result after its input, allocating nothing. Answers whether its topology changed on the way, or anything
-    /// else that the stages behind it can't follow.
+    /// Moves the result after its input, allocating nothing. Answers whether its topology changed on the way, or
+    /// anything else that the stages behind it can't follow.
     virtual bool updateResult(const KMMeshNode &input, KMMeshNode &result) = 0;
+    /// The input has other UVs on the same faces: copies them. False where the result has to be made anew for that.
+    virtual bool takeUVs(const KMMeshNode &, KMMeshNode &) { return false; }
+    void passUVsOn();            ///< the result has other UVs on the same faces: the stages behind take them over
     virtual void freeTables() {} ///< of the subclass: there is no result any more
 
     void markMoved(); ///< the result has to follow, with the topology that it has
     bool isStale() const { return m_isStale; }
+
+    /// A copy for clone().
+    template <class Node>
+    static Node *cloneOf(const Node &node)
+    {
+        auto *copy = new Node;
+        node.copyNullTo(copy);
+        copy->setParameters(node.parameters());
+        return copy;
+    }
 
     QVector<int> m_vertexMap; // one for each vertex slot of the input
     QVector<int> m_faceMap;   // one for each face slot of the input
@@ -94,5 +107,6 @@ private:
     KMMeshModifier *m_next = nullptr;
     bool m_isLast = false;
     bool m_isBypassed = false;
+    bool m_isRebuilding = false;
     bool m_isStale = false; // a setting changed since the result was made
 };

@@ -1,5 +1,7 @@
 #include "modifiers/KMPipeChain.h"
 
+#include "math/Box3.h"
+#include "math/Finite.h"
 #include "mesh/KMFaceNormal.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMPolygonFill.h"
@@ -15,7 +17,7 @@ namespace {
 
 bool hasPlace(const KMVertex *vertex)
 {
-    return vertex && std::isfinite(vertex->pos.x) && std::isfinite(vertex->pos.y) && std::isfinite(vertex->pos.z);
+    return vertex && isFinite(vertex->pos);
 }
 
 /// What side faces and caps take over from their line.
@@ -124,7 +126,7 @@ bool KMPipeChain::update(const KMMeshNode &wire, const Shape &shape, KMMeshNode 
     for (int i = 0; i < m_positions.size(); ++i) {
         const float share = m_total > 0.0 ? float(reached / m_total) : float(i) / float(segmentCount());
         placeRing(i, shape.isTapered ? share : 1.0f, shape, result);
-        reached += double(m_nodes[size_t(i)].length);
+        reached += m_nodes[size_t(i)].length;
     }
     if (m_startCapVertex >= 0) {
         result.setPosition(m_startCapVertex, m_positions.constFirst());
@@ -157,14 +159,13 @@ void KMPipeChain::measure()
 {
     m_total = 0.0;
     for (KMPipeNode &node : m_nodes) {
-        node.length = 0.0f;
+        node.length = 0.0;
         if (!node.next)
             continue;
         const Vector3 &a = positionOf(node);
         const Vector3 &b = positionOf(*node.next);
-        node.length =
-            float(std::hypot(double(b.x) - double(a.x), double(b.y) - double(a.y), double(b.z) - double(a.z)));
-        m_total += double(node.length);
+        node.length = std::hypot(double(b.x) - double(a.x), double(b.y) - double(a.y), double(b.z) - double(a.z));
+        m_total += node.length;
     }
 }
 
@@ -197,15 +198,10 @@ Vector3 KMPipeChain::planeNormal() const
 
 Vector3 KMPipeChain::thinnestAxis() const
 {
-    Vector3 low = m_positions.constFirst();
-    Vector3 high = low;
-    for (const Vector3 &p : m_positions) {
-        for (int k = 0; k < 3; ++k) {
-            low[k] = std::min(low[k], p[k]);
-            high[k] = std::max(high[k], p[k]);
-        }
-    }
-    const Vector3 d = high - low;
+    kvm::Box3 box;
+    for (const Vector3 &p : m_positions)
+        box.add(p);
+    const Vector3 d = box.size();
     const Vector3 z(0.0f, 0.0f, 1.0f);
     if (d.y < d.x)
         return d.z < d.y ? z : Vector3(0.0f, 1.0f, 0.0f);
@@ -234,7 +230,7 @@ bool KMPipeChain::writeUVs(KMMeshNode &result) const
     for (const KMPipeNode &node : m_nodes) {
         if (!node.next)
             break;
-        reached += double(node.length);
+        reached += node.length;
         ++segment;
         const float u1 = m_total > 0.0 ? float(reached / m_total) : float(segment) / float(segmentCount());
         const float sectors = float(node.sideFaces.size());

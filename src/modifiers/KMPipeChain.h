@@ -20,7 +20,7 @@ struct KMPipeNode
     kvm::Vector3 up;               ///< from which the frame is made
     kvm::Vector3 aim;              ///< the point that the ring looks at; the place itself where there is no direction
     kvm::Quaternion orientation;   ///< of the ring
-    float length = 0.0f;           ///< of the way to next
+    double length = 0.0;           ///< of the way to next; a float couldn't hold each way between two places
     std::vector<int> ringVertices; ///< of the result, one for each sector, counter-clockwise seen against the way
     std::vector<int> sideFaces;    ///< of the result, on the way to next; none at an open end
 };

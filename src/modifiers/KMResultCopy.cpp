@@ -1,5 +1,11 @@
 #include "modifiers/KMResultCopy.h"
 
+namespace {
+
+constexpr int minCornersOfLines = 2;
+
+} // namespace
+
 int KMResultCopy::cornerFor(int count, int c, Winding winding)
 {
     if (winding == Winding::Kept)
@@ -75,6 +81,55 @@ void KMResultCopy::copyVertexWeights(const KMMeshNode &input, KMMeshNode &result
     }
 }
 
+void KMResultCopy::copyMesh(const KMMeshNode &input, KMMeshNode &result, QVector<int> &vertexMap, QVector<int> &faceMap)
+{
+    appendVertices(input, result, vertexMap);
+    appendFaces(input, minCornersOfLines, result, vertexMap, faceMap);
+}
+
+void KMResultCopy::copyWeights(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &map, int offset)
+{
+    copyVertexWeights(input, result, map, offset);
+    copyEdgeWeights(input, result, [&map, offset](int i) {
+        const int vertex = map.value(i, -1);
+        return vertex < 0 ? -1 : vertex + offset;
+    });
+}
+
+void KMResultCopy::copyFlags(const KMFace *from, KMMeshNode &result, int face, std::initializer_list<quint8> bits)
+{
+    for (const quint8 bit : bits) {
+        if (from && from->hasFlag(bit))
+            result.setFaceFlag(face, bit);
+        else
+            result.clearFaceFlag(face, bit);
+    }
+}
+
+void KMResultCopy::mapFace(const KMFace &from, KMFace &own, Winding winding)
+{
+    for (int c = 0; c < from.count; ++c)
+        own.uvs[c] = from.uvs[cornerFor(from.count, c, winding)];
+}
+
+void KMResultCopy::copyUVs(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &faceMap, Winding winding)
+{
+    for (int f = 0, n = qMin(faceMap.size(), input.faceCount()); f < n; ++f) {
+        const KMFace *from = input.face(f);
+        if (KMFace *own = from ? result.face(faceMap.at(f)) : nullptr)
+            mapFace(*from, *own, winding);
+    }
+}
+
+void KMResultCopy::copyUVsByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins,
+                                   Winding winding)
+{
+    for (int f = 0, n = qMin(origins.size(), result.faceCount()); f < n; ++f) {
+        if (const KMFace *from = input.face(origins.at(f)))
+            mapFace(*from, *result.face(f), winding);
+    }
+}
+
 void KMResultCopy::copyShaders(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &faceMap)
 {
     for (int f = 0, n = qMin(faceMap.size(), input.faceCount()); f < n; ++f) {
@@ -87,15 +142,8 @@ void KMResultCopy::copyShaders(const KMMeshNode &input, KMMeshNode &result, cons
 
 void KMResultCopy::copyFlagsByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins)
 {
-    for (int f = 0, n = qMin(origins.size(), result.faceCount()); f < n; ++f) {
-        const KMFace *from = input.face(origins.at(f));
-        for (const quint8 bit : {KMElementFlag::Selected, KMElementFlag::Hidden}) {
-            if (from && from->hasFlag(bit))
-                result.setFaceFlag(f, bit);
-            else
-                result.clearFaceFlag(f, bit);
-        }
-    }
+    for (int f = 0, n = qMin(origins.size(), result.faceCount()); f < n; ++f)
+        copyFlags(input.face(origins.at(f)), result, f);
 }
 
 void KMResultCopy::copyShadersByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins)

@@ -4,6 +4,8 @@
 
 #include <QVector>
 
+#include <initializer_list>
+
 /// What the results of modifiers take over from their input. A result is an ordinary mesh, whose faces carry shader,
 /// UVs and colours of those that they come from, and of the flags the hidden one.
 namespace KMResultCopy {
@@ -41,6 +43,20 @@ void copyEdgeWeights(const KMMeshNode &input, KMMeshNode &result, const Map &map
     }
 }
 
+/// All vertices, and the faces with their lines; both maps as above.
+void copyMesh(const KMMeshNode &input, KMMeshNode &result, QVector<int> &vertexMap, QVector<int> &faceMap);
+/// Crease weights of vertices and edges.
+void copyWeights(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &map, int offset = 0);
+
+/// Sets or clears bits of a face of the result as they are in another face; null has none.
+void copyFlags(const KMFace *from, KMMeshNode &result, int face,
+               std::initializer_list<quint8> bits = {KMElementFlag::Selected, KMElementFlag::Hidden});
+
+/// UVs of a face to one that was appended from it with this winding.
+void mapFace(const KMFace &from, KMFace &own, Winding winding);
+/// UVs of the input's faces to those that the map names, which were appended with the same winding.
+void copyUVs(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &faceMap, Winding winding = Winding::Kept);
+
 /// Shaders of the input's faces to those that the map names; the result is marked where it matters.
 void copyShaders(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &faceMap);
 
@@ -48,6 +64,7 @@ void copyShaders(const KMMeshNode &input, KMMeshNode &result, const QVector<int>
 
 /// Selected and hidden.
 void copyFlagsByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins);
+void copyUVsByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins, Winding winding);
 /// The result is marked where it matters.
 void copyShadersByOrigin(const KMMeshNode &input, KMMeshNode &result, const QVector<int> &origins);
 

@@ -14,6 +14,15 @@ const KMTagNormal *tagOf(const KMMeshNode &mesh)
     return static_cast<const KMTagNormal *>(mesh.findTag(KMNodeType::TagNormal));
 }
 
+/// Into another space.
+void turn(KMNormalFace &record, const kvm::Quaternion &rotation)
+{
+    for (kvm::Quaternion &stored : record.rotation) {
+        const Vector3 turned = rotation.rotate(stored.vector());
+        stored = {stored.w, turned.x, turned.y, turned.z};
+    }
+}
+
 /// Overrides count from the frame of their mesh; that of a result is the world.
 template <class Carry>
 void forEachOverride(const KMMeshNode &input, const QVector<int> &faceMap, const Carry &carry)
@@ -24,10 +33,7 @@ void forEachOverride(const KMMeshNode &input, const QVector<int> &faceMap, const
             continue;
         KMNormalFace world = record;
         world.face = faceMap.at(record.face);
-        for (int c = 0; c < face->count; ++c) {
-            const Vector3 turned = input.rotation().rotate(record.rotation[c].vector());
-            world.rotation[c] = {record.rotation[c].w, turned.x, turned.y, turned.z};
-        }
+        turn(world, input.rotation().normalized());
         carry(world, face->count);
     }
 }
@@ -93,4 +99,28 @@ void KMResultNormals::carryMirrored(const KMMeshNode &input, const VertexMap &ve
             mirrorCorner(mirrored, c, record, KMResultCopy::cornerFor(count, c, KMResultCopy::Winding::Turned), plane);
         m_tag->setFaceNormal(mirrored);
     });
+}
+
+void KMResultNormals::settle(const KMMeshNode &result, KMMeshNode &copy)
+{
+    auto *tag = static_cast<KMTagNormal *>(copy.findTag(KMNodeType::TagNormal));
+    if (!tag)
+        return;
+    bool isEmpty = tag->creaseEdges().isEmpty();
+    const kvm::Quaternion toFrame = copy.rotation().normalized().conjugate();
+    for (int f = 0; f < result.faceCount(); ++f) {
+        const KMFace *face = result.face(f);
+        KMNormalFace record = tag->faceNormal(f);
+        for (int c = 0; face && face->isPolygon() && result.isNormalsSuspended() && c < face->count; ++c)
+            record.setFixed(c, face->normals[c]);
+        if (!record.hasOverride())
+            continue;
+        isEmpty = false;
+        turn(record, toFrame);
+        tag->setFaceNormal(record);
+    }
+    if (!isEmpty)
+        return;
+    copy.removeTag(tag);
+    delete tag;
 }

@@ -25,6 +25,10 @@ public:
     void carryMirrored(const KMMeshNode &input, const VertexMap &vertices, const QVector<int> &faceMap,
                        const kvm::Vector3 &plane);
 
+    /// For a copy of a result that becomes a mesh of its own, with a frame: its overrides, and the normals that the
+    /// result was given, count from that frame. A tag that says nothing goes.
+    static void settle(const KMMeshNode &result, KMMeshNode &copy);
+
 private:
     void carryCreases(const KMTagNormal &from, const VertexMap &vertices);
 

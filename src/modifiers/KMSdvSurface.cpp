@@ -135,13 +135,31 @@ void KMSdvSurface::writeChannel(const KMSdvRefiner &refiner, const Channel &chan
     }
 }
 
-void KMSdvSurface::writeValues(const KMSdvRefiner &refiner, KMMeshNode &result) const
+void KMSdvSurface::writeUVs(const KMSdvRefiner &refiner, const Channel &uvs, KMMeshNode &result)
 {
-    writeChannel(refiner, m_uvs, result, [](KMFace &face, int c, const kvm::Vector4 &value) {
+    writeChannel(refiner, uvs, result, [](KMFace &face, int c, const kvm::Vector4 &value) {
         face.uvs[c] = {value.x, value.y};
     });
+}
+
+void KMSdvSurface::writeValues(const KMSdvRefiner &refiner, KMMeshNode &result) const
+{
+    writeUVs(refiner, m_uvs, result);
     writeChannel(refiner, m_colors, result,
                  [](KMFace &face, int c, const kvm::Vector4 &value) { face.colors[c] = value; });
+}
+
+bool KMSdvSurface::takeUVs(const KMMeshNode &mesh, KMMeshNode &result)
+{
+    if (m_uvs.number < 0)
+        return false; // they were all the same
+    if (!m_refiner)
+        m_refiner = makeRefiner();
+    const bool areSame = m_refiner->isValid() && m_refiner->faceCount() == result.faceCount()
+                         && m_uvs.corners.regather(m_cage, mesh, uvOf) && !m_uvs.corners.isUniform();
+    if (areSame)
+        writeUVs(*m_refiner, m_uvs, result);
+    return areSame;
 }
 
 bool KMSdvSurface::updateCreases(const KMMeshNode &mesh, const QVector<int> &vertexMap, KMMeshNode &result)
@@ -149,6 +167,7 @@ bool KMSdvSurface::updateCreases(const KMMeshNode &mesh, const QVector<int> &ver
     // UVs that are smooth follow the creases, and later stages have copied them.
     if (!isLinear() && (m_uvs.number >= 0 || m_colors.number >= 0))
         return false;
+    m_refiner.reset(); // which knows the creases of before
     m_cage.readCreases(mesh, vertexMap);
     const std::unique_ptr<KMSdvRefiner> refiner = makeRefiner();
     if (!refiner->isValid() || refiner->faceCount() != result.faceCount())

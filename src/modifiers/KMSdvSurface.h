@@ -27,6 +27,10 @@ public:
     /// other places now, so that the surface has to be made anew.
     bool moveNormals(const KMMeshNode &mesh, KMMeshNode &result);
 
+    /// UVs of the mesh to those of the result. The first time takes long, and what it makes is kept for the next ones.
+    /// Answers false when the seams are others now, so that the surface has to be made anew.
+    bool takeUVs(const KMMeshNode &mesh, KMMeshNode &result);
+
 private:
     struct Channel
     {
@@ -41,6 +45,7 @@ private:
     void addFaces(const KMSdvRefiner &refiner, const KMMeshNode &mesh, KMMeshNode &result) const;
     template <class Write>
     static void writeChannel(const KMSdvRefiner &refiner, const Channel &channel, KMMeshNode &result, Write write);
+    static void writeUVs(const KMSdvRefiner &refiner, const Channel &uvs, KMMeshNode &result);
     void writeValues(const KMSdvRefiner &refiner, KMMeshNode &result) const;
 
     KMSdvRefiner::Options m_options;
@@ -49,6 +54,7 @@ private:
     Channel m_colors;
     Channel m_normals;
     bool m_hasNormals = false;
+    std::unique_ptr<KMSdvRefiner> m_refiner; // only where UVs change as the mesh moves
     KMSdvStencils m_stencils;
     KMSdvStencils m_normalStencils;
     std::vector<kvm::Vector4> m_coarsePositions;

@@ -16,14 +16,26 @@ bool KMSelectionCommand::accepts(const KMMeshNode &mesh) const
     return m_row.accepts ? m_row.accepts(mesh) : KMMeshTargets::hasSelected(mesh, m_row.needed);
 }
 
+bool KMSelectionCommand::isInReach(const KMMeshNode &mesh) const
+{
+    switch (m_row.reach) {
+    case Reach::Own:
+        return !mesh.ownerNode();
+    case Reach::Points:
+        return KMMeshTargets::hasOwnVertices(mesh);
+    case Reach::WithResults:
+        return true;
+    }
+    return false;
+}
+
 QList<KMMeshNode *> KMSelectionCommand::targets() const
 {
     QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
     if (m_row.needed == KMMeshTargets::Edges)
         std::for_each(meshes.cbegin(), meshes.cend(), [](KMMeshNode *mesh) { followFaces(*mesh); });
     const auto isNone = [this](const KMMeshNode *mesh) {
-        const bool isOutOfReach = m_row.reach == Reach::Own && mesh->ownerNode();
-        return isOutOfReach || !KMMeshTargets::isEditable(*mesh) || !accepts(*mesh);
+        return !isInReach(*mesh) || !KMMeshTargets::isEditable(*mesh) || !accepts(*mesh);
     };
     meshes.erase(std::remove_if(meshes.begin(), meshes.end(), isNone), meshes.end());
     return meshes;

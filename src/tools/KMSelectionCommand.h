@@ -12,7 +12,8 @@ class KMSelectionCommand : public KMRowCommand
 public:
     enum class Reach {
         Own,        ///< meshes of the user: what it edits would be lost with the next result of a modifier
-        WithResults ///< also what modifiers and primitives make: it selects or moves
+        Points,     ///< and the points of a lattice: it moves vertices, which a result doesn't keep
+        WithResults ///< also what modifiers and primitives make: it selects
     };
     struct Row : KMCommandRow
     {
@@ -35,6 +36,7 @@ protected:
     virtual void runOn(KMMeshNode &mesh);
 
 private:
+    bool isInReach(const KMMeshNode &mesh) const;
     bool accepts(const KMMeshNode &mesh) const;
 
     const Row &m_row;

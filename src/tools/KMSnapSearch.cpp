@@ -76,9 +76,13 @@ KMSnapSearch::KMSnapSearch(const QVector<Moving> &moving)
 {
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
         const KMMeshModifier *maker = mesh->ownerModifier();
-        const auto isOwn = [&](const Moving &m) { return maker && m.mesh == maker->source(); };
-        // What is made from a mesh that moves comes along: it is no place to go to, and none to hide one.
-        if (!KMRenderMask::isShown(*mesh) || std::any_of(moving.begin(), moving.end(), isOwn))
+        // What is made from a mesh that moves, or bent by points that do, comes along: it is no place to go to, and
+        // none to hide one.
+        const auto comesAlong = [&](const Moving &m) {
+            const KMMeshModifier *bender = m.mesh->ownerModifier();
+            return maker && maker->modMesh() == mesh && maker->source() == (bender ? bender->source() : m.mesh);
+        };
+        if (!KMRenderMask::isShown(*mesh) || std::any_of(moving.begin(), moving.end(), comesAlong))
             continue;
         const auto own = std::find_if(moving.begin(), moving.end(), [mesh](const Moving &m) { return m.mesh == mesh; });
         Source source{mesh, own == moving.end() ? std::vector<bool>() : own->vertices};

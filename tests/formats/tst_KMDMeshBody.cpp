@@ -4,6 +4,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "formats/KMDModifierBodies.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDReader.h"
 #include "formats/KMDWriter.h"
@@ -11,6 +12,7 @@
 #include "math/Quaternion.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
+#include "modifiers/KMModFFDNode.h"
 #include "support/DocumentText.h"
 #include "support/KmdBytes.h"
 #include "support/MeshFileText.h"
@@ -44,6 +46,7 @@ private slots:
     void everyVersion_data();
     void everyVersion();
     void importMovesShadersAndPositions();
+    void importScalesLattices();
     void importBeyondAllNumbers();
     void asksForARefresh();
     void damaged_data();
@@ -292,6 +295,26 @@ void tst_KMDMeshBody::importMovesShadersAndPositions()
     QCOMPARE(mesh->faceShader(0), -1);
     QCOMPARE(mesh->position(2).z, 10.0f);
     QCOMPARE(mesh->vertex(2)->weight, 0.5f);
+}
+
+/// Box and points go together: an untouched lattice stays one.
+void tst_KMDMeshBody::importScalesLattices()
+{
+    KMModFFDNode written;
+    KMTransform place;
+    place.translation = {0, 100, 0};
+    written.setTransform(place);
+    const QByteArray body = bodyOf(&written);
+    KMDStream in(body);
+    in.setVersion(4.4f);
+    KMDReadContext context(in);
+    context.importScale = 0.5f;
+    KMModFFDNode read;
+    KMDModifierBodies::find(KMNodeType::ModFFD)->read(context, &read);
+    QVERIFY(in.ok());
+    QCOMPARE(read.parameters().size, written.parameters().size * 0.5f);
+    QCOMPARE(read.controlPoints().first(), written.controlPoints().first() * 0.5f);
+    QCOMPARE(read.translation(), kvm::Vector3(0, 50, 0));
 }
 
 void tst_KMDMeshBody::importBeyondAllNumbers()

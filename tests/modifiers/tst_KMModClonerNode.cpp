@@ -310,6 +310,10 @@ void tst_KMModClonerNode::oddSettings()
     QCOMPARE(clonerOf(stage).parameters().count, 1);
     QCOMPARE(clonerOf(stage).parameters().mode, int(Cloner::ModeCount) - 1);
     clonerOf(stage).setParameters({5, {3e38f, 1, 2}, {0, 0, 0}, {3e38f, 0, 1}, Cloner::Spiral});
+    KMTransform nowhere;
+    nowhere.translation = {noNumber, 1, inf};
+    nowhere.rotation = {0, noNumber, 0, 0};
+    stage.modifier->setTransform(nowhere);
     stage.mesh->setPosition(3, {noNumber, 0, 0});
     stage.evaluate();
     int spoilt = 0;

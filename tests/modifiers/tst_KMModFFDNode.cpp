@@ -144,6 +144,7 @@ private slots:
     void sum();
     void leavesAlone_data();
     void leavesAlone();
+    void bendsItsBorders();
     void power();
     void latticeIsAMesh();
     void followsEdits();
@@ -237,6 +238,29 @@ void tst_KMModFFDNode::leavesAlone()
     bent.evaluate();
     QVERIFY(std::fabs(bent.result().position(0).y - unmoved - (inside ? 0.333f : 0.0f)) < 1e-5f);
     QVERIFY(!std::isnan(bent.result().position(5).lengthSquared()));
+}
+
+/// What lies on the sides of the box belongs to it, far from the origin too.
+void tst_KMModFFDNode::bendsItsBorders()
+{
+    KMTransform far = somewhere();
+    far.translation = {712.3f, -498.1f, 853.7f};
+    auto *mesh = new KMMeshNode;
+    std::mt19937 random(7);
+    std::uniform_real_distribution<float> number(-1.0f, 1.0f);
+    for (int i = 0; i < 300; ++i) {
+        Vector3 place(number(random), number(random), number(random));
+        place[i % 3] = i % 2 ? 1.0f : -1.0f;
+        mesh->addVertexRaw(KMFFDBox::toWorld(far, place));
+    }
+    Bent bent(mesh, parametersOf({2, 2, 2}, {{3, 3, 3}}), far);
+    QVector<Vector3> points = bent.node.controlPoints();
+    for (Vector3 &point : points)
+        point.y += 10.0f;
+    bent.node.setControlPoints(points);
+    bent.evaluate();
+    for (int i = 0; i < mesh->vertexCount(); ++i)
+        QVERIFY2((bent.result().position(i) - mesh->position(i)).length() > 9.0f, qPrintable(QString::number(i)));
 }
 
 void tst_KMModFFDNode::power()

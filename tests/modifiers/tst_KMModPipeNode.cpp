@@ -1,5 +1,9 @@
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMModFFDNode.h"
 #include "modifiers/KMModPipeNode.h"
+#include "modifiers/KMModSdvNode.h"
+#include "modifiers/KMModSolidNode.h"
+#include "modifiers/KMModSymNode.h"
 #include "support/MeshProbe.h"
 #include "support/ModifierStage.h"
 #include "support/TestRegistry.h"
@@ -30,6 +34,7 @@ private slots:
     void oddInput_data();
     void oddInput();
     void refusesWhatMemoryCannotHold();
+    void stagesBehindFollow();
 };
 
 namespace {
@@ -356,6 +361,7 @@ void tst_KMModPipeNode::oddInput_data()
     QTest::newRow("a step without length") << Places{{0, 0, 0}, {1, 0, 0}, {1, 0, 0}, {2, 1, 0}, {3, 0, 5}} << 16;
     QTest::newRow("no number") << Places{{0, 0, 0}, {noNumber, 0, 0}, {2, 1, 0}} << 8;
     QTest::newRow("no number at all") << Places{{noNumber, 0, 0}, {0, noNumber, inf}} << 4;
+    QTest::newRow("as far as numbers go") << Places{{3e38f, 0, 0}, {-3e38f, 3e38f, 0}, {1, 1, 1}} << 8;
     QTest::newRow("far away") << Places{{1e30f, 0, 0}, {0, -1e30f, 0}, {0, 0, 1e30f}, {1, 1, 1}, {2, 9, 3}} << 16;
 }
 
@@ -383,6 +389,36 @@ void tst_KMModPipeNode::refusesWhatMemoryCannotHold()
     ModifierStage stage(polyline({{0, 0, 0}, {1, 0, 0}}), pipe(parameters));
     QCOMPARE(stage.result().vertexCount(), 0);
     QVERIFY(LogNotes::lines.value(0).startsWith(QStringLiteral("Pipe would make")));
+    ModifierStage empty(new KMMeshNode, pipe(parameters)); // no line, so no ring either
+    QCOMPARE(empty.result().vertexCount(), 0);
+}
+
+/// A move of the wire is no reason to make them anew, though it gives the tube other UVs.
+void tst_KMModPipeNode::stagesBehindFollow()
+{
+    std::unique_ptr<KMMeshNode> mesh(polyline({{0, 0, 0}, {1, 0, 0}, {2, 1, 0}}));
+    Pipe first;
+    first.setParameters(thin(Pipe::Mitre));
+    KMModSymNode symmetry;
+    symmetry.setParameters({0.0f, KMModSymNode::PlusX, KMModSymNode::Never});
+    KMModSolidNode solid;
+    KMModSdvNode subdivision;
+    KMModFFDNode lattice;
+    const QVector<KMModifierNode *> stages{&first, &symmetry, &solid, &subdivision, &lattice};
+    QList<KMMeshNode::ModifierEntry> chain;
+    for (KMModifierNode *stage : stages)
+        chain.append({true, stage});
+    mesh->linkChain(chain);
+    mesh->refreshMesh(KMMeshDirty::All);
+    const KMFace &face = *lattice.modMesh()->face(0);
+    const kvm::Vector2 before = face.uvs[2];
+    mesh->setPosition(1, {1, 0.5f, 0});
+    for (KMModifierNode *stage : stages)
+        QVERIFY2(!stage->update(), qPrintable(stage->name()));
+    QVERIFY(face.uvs[2] != before);
+    const QString followed = meshText(*lattice.modMesh());
+    mesh->refreshMesh(KMMeshDirty::All);
+    QCOMPARE(followed, meshText(*lattice.modMesh()));
 }
 
 KM_TEST(tst_KMModPipeNode);

@@ -1,5 +1,6 @@
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeTreeCommands.h"
+#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTransformCommands.h"
@@ -8,6 +9,8 @@
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMNormalCommands.h"
+#include "mesh/KMTagNormal.h"
 #include "modifiers/KMChainCopy.h"
 #include "modifiers/KMFreezeModifiers.h"
 #include "modifiers/KMModClonerNode.h"
@@ -22,6 +25,8 @@
 #include <QRandomGenerator>
 #include <QTest>
 #include <QUndoStack>
+
+#include <memory>
 
 namespace {
 
@@ -49,6 +54,38 @@ QString shapeText(const KMMeshNode &mesh)
         text += QLatin1Char('\n');
     }
     return text;
+}
+
+/// Edges with their weights, in an order of their own.
+QString edgeText(const KMMeshNode &mesh)
+{
+    QStringList lines;
+    for (const KMEdge *edge : mesh.edges()) {
+        lines << QStringLiteral("e %1 %2 %3 %4")
+                     .arg(edge->index0)
+                     .arg(edge->index1)
+                     .arg(double(edge->weight))
+                     .arg(edge->faceRefs.size());
+    }
+    lines.sort();
+    return lines.join(QLatin1Char('\n'));
+}
+
+float farthestNormals(const KMMeshNode &a, const KMMeshNode &b)
+{
+    float farthest = 0.0f;
+    for (int f = 0; f < qMin(a.faceCount(), b.faceCount()); ++f) {
+        for (int c = 0; a.face(f) && b.face(f) && a.face(f)->isPolygon() && c < a.face(f)->count; ++c)
+            farthest = qMax(farthest, (a.face(f)->normals[c] - b.face(f)->normals[c]).length());
+    }
+    return farthest;
+}
+
+KMMeshNode *withNormalTag(KMMeshNode *mesh)
+{
+    mesh->addTag(new KMTagNormal);
+    mesh->refreshMesh(KMMeshDirty::All);
+    return mesh;
 }
 
 /// Edits a mesh and the modifiers below it at random. After each step the chain, which was updated step by step, has to
@@ -100,7 +137,13 @@ private:
     void shade() { KMMeshEdit::editFaceShader(m_mesh, below(m_mesh.faceCount()), below(3) - 1); }
     void select() { KMMeshEdit::selectFace(m_mesh, below(m_mesh.faceCount()), coin()); }
     void mapUV();
+    void bend();
+    void crease();
+    void takeNormal();
+    void turnFrame();
     void history();
+    void checkNormals(const KMMeshNode &fresh);
+    KMTagNormal *tag() { return static_cast<KMTagNormal *>(m_mesh.findTag(KMNodeType::TagNormal)); }
 
     MeshScene m_scene;
     KMMeshNode &m_mesh;
@@ -116,7 +159,8 @@ const Walker::Edit Walker::edits[] = {
     &Walker::moveVertex,  &Walker::moveVertex, &Walker::moveVertices, &Walker::moveVertices, &Walker::addFace,
     &Walker::addFace,     &Walker::deleteFace, &Walker::deleteVertex, &Walker::split,        &Walker::weighEdge,
     &Walker::weighVertex, &Walker::hide,       &Walker::shade,        &Walker::select,       &Walker::mapUV,
-    &Walker::history,     &Walker::history,    &Walker::history,
+    &Walker::history,     &Walker::history,    &Walker::history,      &Walker::bend,         &Walker::bend,
+    &Walker::crease,      &Walker::takeNormal, &Walker::takeNormal,   &Walker::turnFrame,
 };
 
 QList<KMContainerNode *> Walker::modifiers() const
@@ -220,6 +264,7 @@ void Walker::edit()
         p.level = below(2);
         p.isTriangleSmooth = coin();
         p.interpolation = below(6);
+        p.hasTags = coin();
         gSolution->push(new editModSdvCommand(subdivision, p));
     } else if (auto *symmetry = qobject_cast<KMModSymNode *>(node)) {
         KMModSymNode::Parameters p = symmetry->parameters();
@@ -299,6 +344,45 @@ void Walker::mapUV()
     KMMeshEdit::editFaceUV(m_mesh, below(m_mesh.faceCount()), below(3), {number(1.0f), number(1.0f)});
 }
 
+/// A control point.
+void Walker::bend()
+{
+    auto *lattice = qobject_cast<KMModFFDNode *>(anyModifier());
+    if (!lattice)
+        return;
+    KMMeshNode &points = *lattice->latticeMesh();
+    const int i = below(points.vertexCount());
+    KMMeshEdit::moveVertex(points, i, points.position(i) + kvm::Vector3(number(5.0f), number(5.0f), number(5.0f)));
+}
+
+void Walker::crease()
+{
+    if (!tag() || m_mesh.edgeCount() == 0)
+        return;
+    const KMEdge *edge = m_mesh.edges().at(below(m_mesh.edgeCount()));
+    gSolution->push(new creaseNormalCommand(tag(), edge->index0, edge->index1, coin()));
+}
+
+/// Normals of a face are the user's from now on.
+void Walker::takeNormal()
+{
+    const int f = below(m_mesh.faceCount());
+    if (!tag() || !m_mesh.face(f) || !m_mesh.face(f)->isPolygon())
+        return;
+    KMNormalFace record = tag()->faceNormal(f);
+    record.setFixed(0, kvm::Vector3(number(1.0f), number(1.0f), 1.0f).normalized());
+    record.setRotated(1, number(1.0f), kvm::Vector3(1.0f, number(1.0f), 0.0f).normalized());
+    gSolution->push(new editNormalCommand(tag(), record));
+}
+
+/// In which overridden normals count.
+void Walker::turnFrame()
+{
+    KMTransform frame = m_mesh.transform();
+    frame.rotation = kvm::Quaternion::fromEuler({number(1.0f), number(1.0f), 0.0f});
+    gSolution->push(new editSRTCommand(&m_mesh, frame));
+}
+
 void Walker::history()
 {
     stack().setIndex(qBound(0, stack().index() + below(7) - 3, stack().count()));
@@ -319,9 +403,13 @@ void Walker::check()
         m_problem = QStringLiteral("the chain isn't the one of the tree");
     KMChainCopy fresh(m_mesh);
     fresh.evaluate();
+    if (stages() > 0)
+        m_mesh.modifiers().last().second->modMesh()->refreshAfterEdit(); // as the next frame does
     for (int i = 0; i < stages() && m_problem.isEmpty(); ++i) {
-        const QString expected = shapeText(*fresh.stage(i)->modMesh());
-        const QString found = shapeText(*m_mesh.modifiers().at(i).second->modMesh());
+        KMMeshNode &made = *fresh.stage(i)->modMesh();
+        KMMeshNode &kept = *m_mesh.modifiers().at(i).second->modMesh();
+        const QString expected = shapeText(made) + edgeText(made);
+        const QString found = shapeText(kept) + edgeText(kept);
         if (expected == found)
             continue;
         const QStringList a = expected.split(QLatin1Char('\n')), b = found.split(QLatin1Char('\n'));
@@ -334,6 +422,17 @@ void Walker::check()
                         .arg(line)
                         .arg(b.value(line), a.value(line));
     }
+    if (fresh.last() && m_problem.isEmpty())
+        checkNormals(*fresh.last());
+}
+
+/// Of the last result, which is the one that is drawn.
+void Walker::checkNormals(const KMMeshNode &fresh)
+{
+    const KMMeshNode &last = *m_mesh.modifiers().last().second->modMesh();
+    const float away = farthestNormals(last, fresh);
+    if (!(away < 1e-4f))
+        m_problem = QStringLiteral("a normal of the last result is off by %1").arg(double(away));
 }
 
 void Walker::undoAll()
@@ -353,6 +452,8 @@ private slots:
     void stepByStepAsAfresh_data();
     void stepByStepAsAfresh();
     void freezing();
+    void freezingKeepsNormals_data();
+    void freezingKeepsNormals();
 };
 
 void tst_ModifierWalk::stepByStepAsAfresh_data()
@@ -366,7 +467,8 @@ void tst_ModifierWalk::stepByStepAsAfresh_data()
 void tst_ModifierWalk::stepByStepAsAfresh()
 {
     QFETCH(int, seed);
-    Walker walker(seed % 2 ? MeshFixtures::cube() : MeshFixtures::mixedBag(), quint32(seed));
+    KMMeshNode *mesh = seed % 2 ? MeshFixtures::cube() : MeshFixtures::mixedBag();
+    Walker walker(seed % 4 < 2 ? withNormalTag(mesh) : mesh, quint32(seed));
     for (int stage = 0; stage < 3; ++stage)
         walker.add();
     for (int step = 0; step < 150; ++step) {
@@ -412,6 +514,53 @@ void tst_ModifierWalk::freezing()
     QCOMPARE(shapeText(*subdivision->modMesh()), shape);
     scene.session.stack().redo();
     QCOMPARE(shapeText(*gProject->meshesInTree().at(0)), shape);
+}
+
+void tst_ModifierWalk::freezingKeepsNormals_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("symmetry") << int(KMNodeType::ModSym);
+    QTest::newRow("subdivision with the tag") << int(KMNodeType::ModSdv);
+    QTest::newRow("pipe, which has no tag") << int(KMNodeType::ModPipe);
+}
+
+/// Those that were seen, in a frame that is turned.
+void tst_ModifierWalk::freezingKeepsNormals()
+{
+    QFETCH(int, type);
+    MeshScene scene(withNormalTag(MeshFixtures::cube()));
+    auto *tag = static_cast<KMTagNormal *>(scene.mesh->findTag(KMNodeType::TagNormal));
+    KMTransform frame;
+    frame.rotation = kvm::Quaternion::fromEuler({0.3f, 1.1f, 0.0f});
+    scene.mesh->setTransform(frame);
+    KMNormalFace record = tag->faceNormal(2);
+    record.setFixed(1, kvm::Vector3(0, 0.6f, 0.8f));
+    record.setRotated(2, 0.5f, {1, 0, 0});
+    gSolution->push(new editNormalCommand(tag, record));
+    KMModifierNode *modifier = nullptr;
+    if (type == KMNodeType::ModSdv) {
+        auto *subdivision = new KMModSdvNode;
+        KMModSdvNode::Parameters p;
+        p.hasTags = true;
+        subdivision->setParameters(p);
+        modifier = subdivision;
+    } else if (type == KMNodeType::ModSym) {
+        modifier = new KMModSymNode;
+    } else {
+        modifier = new KMModPipeNode;
+    }
+    gProject->addToScene(modifier);
+    gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, scene.mesh, modifier, KMRowFocus::Keep));
+    gProject->checkModifiers();
+    modifier->modMesh()->refreshAfterEdit();
+
+    const std::unique_ptr<KMMeshNode> frozen = KMFreezeModifiers::shapeOf(*scene.mesh);
+    QVERIFY(frozen && frozen->faceCount() > 0);
+    QCOMPARE(frozen->faceCount(), modifier->modMesh()->faceCount());
+    frozen->refreshMesh(KMMeshDirty::All);
+    const float away = farthestNormals(*frozen, *modifier->modMesh());
+    QVERIFY2(away < 1e-5f, qPrintable(QString::number(double(away))));
+    QCOMPARE(frozen->findTag(KMNodeType::TagNormal) != nullptr, type != KMNodeType::ModPipe);
 }
 
 KM_TEST(tst_ModifierWalk);
