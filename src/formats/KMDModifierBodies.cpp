@@ -72,10 +72,11 @@ void read(KMDStream &in, KMModSymNode &node)
     node.setParameters(p);
 }
 
-/// The strength of the bend has no place in the file.
 void write(KMDOutput &out, const KMModFFDNode &node)
 {
     const KMModFFDNode::Parameters p = node.parameters();
+    if (p.power != 1.0f)
+        out.warn(KMDReadContext::tr("The power of %1 has no place in the file").arg(node.name()));
     out.writeI32(0);
     out.writeBool(false);
     for (const int count : p.nodeCounts)

@@ -47,6 +47,7 @@ std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source)
     shape->setTransform(source.transform());
     KMResultNormals::settle(*result, *shape);
     carryTags(source, *shape);
+    shape->compact(); // a symmetry leaves image vertices without faces
     shape->markDirty(KMMeshDirty::All);
     return shape;
 }

@@ -496,7 +496,10 @@ void tst_ModifierWalk::freezing()
     gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, scene.mesh, child, KMRowFocus::Keep));
     gProject->checkModifiers();
     const QString before = scene.dump.text();
-    const QString shape = shapeText(*subdivision->modMesh());
+    const QString result = shapeText(*subdivision->modMesh());
+    const std::unique_ptr<KMMeshNode> packed(subdivision->modMesh()->clone());
+    packed->compact(); // the plain mesh has nothing that no face uses
+    const QString shape = shapeText(*packed);
     const int steps = scene.session.stack().count();
 
     QCOMPARE(KMFreezeModifiers::freezeModifiers(scene.mesh), 1);
@@ -511,7 +514,7 @@ void tst_ModifierWalk::freezing()
 
     scene.session.stack().undo();
     QCOMPARE(scene.dump.text(), before);
-    QCOMPARE(shapeText(*subdivision->modMesh()), shape);
+    QCOMPARE(shapeText(*subdivision->modMesh()), result);
     scene.session.stack().redo();
     QCOMPARE(shapeText(*gProject->meshesInTree().at(0)), shape);
 }
