@@ -67,6 +67,17 @@ bool areElementsSelected()
     });
 }
 
+/// Whether vertices lie on the positive side of the world's X, and none on the other.
+bool isHalfAtPlusX(const KMMeshNode &mesh, float margin)
+{
+    const QVector<KMVertex *> &vertices = mesh.vertices();
+    const auto isAt = [margin](float side) {
+        return [margin, side](const KMVertex *vertex) { return vertex && vertex->pos.x * side > margin; };
+    };
+    return std::any_of(vertices.begin(), vertices.end(), isAt(1.0f))
+           && std::none_of(vertices.begin(), vertices.end(), isAt(-1.0f));
+}
+
 } // namespace
 
 bool kmmainwidget::editInPanel(KMDockWidget::Edit edit)
@@ -286,9 +297,17 @@ void kmmainwidget::onMenuCreateSubdivisionNode()
     KMNodeEdits::addModifier(new KMModSdvNode);
 }
 
+/// It keeps the side of its axis: a half model on the other side would be pressed flat.
 void kmmainwidget::onMenuCreateSymmetryNode()
 {
-    KMNodeEdits::addModifier(new KMModSymNode);
+    auto *symmetry = new KMModSymNode;
+    const auto *mesh = static_cast<const KMMeshNode *>(KMNodeEdits::meshForModifier());
+    if (mesh && isHalfAtPlusX(*mesh, symmetry->parameters().margin)) {
+        KMModSymNode::Parameters parameters = symmetry->parameters();
+        parameters.axis = KMModSymNode::PlusX;
+        symmetry->setParameters(parameters);
+    }
+    KMNodeEdits::addModifier(symmetry);
 }
 
 void kmmainwidget::onMenuCreatePipeNode()

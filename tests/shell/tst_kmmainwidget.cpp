@@ -6,6 +6,7 @@
 #include "core/KMTextureNode.h"
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMModSymNode.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
@@ -44,6 +45,7 @@ class tst_kmmainwidget : public QObject
 private slots:
     void nodesFromTheMenu_data();
     void nodesFromTheMenu();
+    void modifiersFromTheMenu();
     void undoTextAndTitle();
     void closeWithChanges_data();
     void closeWithChanges();
@@ -153,6 +155,33 @@ void tst_kmmainwidget::nodesFromTheMenu()
     QVERIFY(!gProject->shaders().contains(node));
     QVERIFY(!gProject->textures().contains(node));
     QVERIFY(!node->item());
+}
+
+/// Each goes below the mesh that is current, or above the modifier that is, as one step.
+void tst_kmmainwidget::modifiersFromTheMenu()
+{
+    TestWindow window;
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addNode(mesh);
+    for (int i = 0; i < mesh->vertexCount(); ++i)
+        mesh->setPosition(i, mesh->position(i) + kvm::Vector3(10.0f, 0.0f, 0.0f));
+    const int steps = window->undoStack()->count();
+    const char *const words[] = {"Symmetry", "Subdivision", "Pipe", "FFD", "Solidify", "Cloner"};
+    for (const char *word : words) {
+        KMNode *before = gSolution->currentNode();
+        window->action(QByteArray("actionCreate") + word)->trigger();
+        QCOMPARE(window->undoStack()->undoText(), QStringLiteral("Add Node"));
+        QCOMPARE(KMTreeWidget::parentNodeOf(nodeAs<KMContainerNode>(gSolution->currentNode())), mesh);
+        window->undoStack()->undo();
+        QCOMPARE(gSolution->currentNode(), before);
+        window->undoStack()->redo();
+        gProject->tree()->setCurrentItem(nodeAs<KMContainerNode>(gProject->modifiersInTree().nodes().last())->item());
+    }
+    QCOMPARE(window->undoStack()->count(), steps + 6);
+    QCOMPARE(mesh->modifiers().size(), 6);
+    const auto *symmetry = static_cast<KMModSymNode *>(gProject->modifiersInTree().nodes().first());
+    QCOMPARE(symmetry->parameters().axis, int(KMModSymNode::PlusX)); // the side where the mesh is
+    QVERIFY(symmetry->modMesh()->faceCount() > mesh->faceCount());
 }
 
 void tst_kmmainwidget::undoTextAndTitle()
