@@ -193,8 +193,9 @@ KMSdvStencils KMSdvRefiner::stencils(int mode, int channel) const
     options.factorizeIntermediateLevels = true;
     options.maxLevel = unsigned(m_refiner->topology->GetMaxLevel()) & 15;
     options.fvarChannel = unsigned(channel);
-    const std::shared_ptr<const Far::StencilTable> table(
-        Far::StencilTableFactory::Create(*m_refiner->topology, options));
+    // The plain factory casts this table to a class that it isn't of.
+    const std::shared_ptr<const Far::StencilTableReal<float>> table(
+        Far::StencilTableFactoryReal<float>::Create(*m_refiner->topology, options));
     KMSdvStencils stencils;
     stencils.m_table = table;
     stencils.m_size = table->GetNumStencils();
