@@ -418,7 +418,8 @@ void tst_KMModSdvNode::updateAllocatesNothing()
         QVERIFY(!chain.stages.first()->update());
         QCOMPARE(allocationCount(), before);
         chain.stages.first()->rebuild();
-        QVERIFY(allocationCount() > before); // the counter does count
+        if (parameters.level > 0)
+            QVERIFY(allocationCount() > before); // the counter does count
     }
 }
 
