@@ -36,6 +36,8 @@ void KMSolution::resetSession()
     m_viewFlags.fill(false);
     m_nodeFilterOn = false;
     gProject->clear();
+    if (m_tool)
+        m_tool->reset();
     emit documentReset();
     if (m_window)
         m_window->resetPanels();
@@ -59,8 +61,6 @@ void KMSolution::setFileName(const QString &path)
 bool KMSolution::load(const QString &path)
 {
     resetSession();
-    if (m_tool)
-        m_tool->reset();
     setFileName({});
     setFileName(path);
     const bool read = m_format && m_format->read(path);

@@ -96,9 +96,7 @@ bool KMMeshTargets::isUnderControl(const KMMeshNode &mesh)
 
 bool KMMeshTargets::hasOwnVertices(const KMMeshNode &mesh)
 {
-    if (const KMMeshModifier *owner = mesh.ownerModifier())
-        return !owner->controlMesh() || isControl(mesh);
-    return !mesh.ownerNode();
+    return !mesh.ownerNode() || isControl(mesh); // results are made anew with the next change before them
 }
 
 KMMeshTargets::Elements KMMeshTargets::filteredElements()

@@ -48,6 +48,8 @@ std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source)
     KMResultNormals::settle(*result, *shape);
     carryTags(source, *shape);
     shape->compact(); // a symmetry leaves image vertices without faces
+    if (shape->vertexCount() == 0)
+        return nullptr;
     shape->markDirty(KMMeshDirty::All);
     return shape;
 }

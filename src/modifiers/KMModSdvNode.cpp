@@ -93,7 +93,7 @@ void KMModSdvNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     setNormalsTaken(takesNormals());
     if (m_areNormalsTaken)
-        input.recomputeNormals(KMMeshDirty::Positions | KMMeshDirty::VertexFlags);
+        input.recomputeNormals(KMMeshDirty::All); // creases may be others
     if (level() == 0)
         copyInput(input, result);
     else if (isWithinMemory(input))

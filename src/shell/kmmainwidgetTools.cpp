@@ -1,7 +1,9 @@
 // The tools in the window: their bars, their pages and keys, and what holds still during a drag.
 
+#include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
 #include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
 #include "shell/KMMainBox.h"
@@ -120,6 +122,12 @@ void kmmainwidget::createTools()
     gSettings->setActionGroup(tr("Operation Panel"), choices);
     m_mainBox->views()->setToolSource([this](int id) { return m_toolBar->tool(id); });
     m_toolBar->initialize();
+    // A click on a row makes it current before it chooses it.
+    connect(gProject->tree(), &QTreeWidget::itemSelectionChanged, this, [this] {
+        KMTool *tool = gProject && !gProject->isDestroying() ? m_toolBar->current() : nullptr;
+        if (tool && !tool->isEditing())
+            tool->refresh();
+    });
 }
 
 /// A key or a menu in mid-drag would change what the drag works on.

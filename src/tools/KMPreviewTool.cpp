@@ -179,6 +179,8 @@ bool KMPreviewTool::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
 bool KMPreviewTool::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
 {
     const KMCameraNode &camera = *widget->camera();
+    if (!(event->buttons() & Qt::LeftButton) && m_gesture != Gesture::Idle)
+        cancel(); // the release went elsewhere
     if (m_gesture == Gesture::Idle)
         return hover(*event, camera);
     if (m_gesture == Gesture::Pressed) {

@@ -54,7 +54,11 @@ struct MirrorPair
     }
 
     bool isPair() const { return vertices.size() == 2; }
-    bool isApart() const { return isPair() && distances.at(0) * distances.at(1) <= 0.0f; }
+    /// On two sides; one of them may be on the plane itself.
+    bool isApart() const
+    {
+        return isPair() && distances.at(0) * distances.at(1) <= 0.0f && distances.at(0) != distances.at(1);
+    }
 
     KMSymmetryPlane plane;
     QVector<int> vertices;

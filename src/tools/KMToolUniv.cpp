@@ -255,7 +255,7 @@ void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &even
     if ((event.modifiers() & both) == both)
         KMElementClick::log(hit);
     m_widget->camera()->setPivot(hit.point);
-    if (m_isFlowing && hasMarquee())
+    if (m_isFlowing && hasMarquee() && KMMeshTargets::isChosen(*hit.mesh))
         return beginStroke(Operation::Flow, event, gSettings->vertexClickMargin, DP_FLOW);
     if (clickElement(hit, event.modifiers()))
         beginDrag(m_handleMode & Translates ? Move | AsItIs : int(Move), hit.point, event, &hit);
@@ -332,6 +332,8 @@ bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
 {
     if (!m_handle)
         return false;
+    if (m_operation != Operation::None && event->buttons() == Qt::NoButton)
+        cancel(); // the release went elsewhere
     if (m_operation == Operation::None) {
         if (event->buttons() == Qt::NoButton)
             return hover(event->localPos(), widget);
@@ -451,7 +453,8 @@ void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifi
     if (isTouching)
         m_brushSelect.commit(operation == Operation::Flow ? tr("Flow Select") : tr("Brush Select"));
     if (isClick) {
-        if (m_cage && !(modifiers & Qt::ControlModifier))
+        const bool isNews = m_cage && gSolution->currentNode() != m_cage;
+        if (isNews && !(modifiers & Qt::ControlModifier))
             KMElementClick::choose(m_cage, KMMeshSelect::clickMode(modifiers));
         else if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
             clickNothing();
