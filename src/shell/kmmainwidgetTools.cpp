@@ -122,12 +122,13 @@ void kmmainwidget::createTools()
     gSettings->setActionGroup(tr("Operation Panel"), choices);
     m_mainBox->views()->setToolSource([this](int id) { return m_toolBar->tool(id); });
     m_toolBar->initialize();
-    // A click on a row makes it current before it chooses it.
-    connect(gProject->tree(), &QTreeWidget::itemSelectionChanged, this, [this] {
+    // A click on a row makes it current before it chooses it. Queued, as the nodes are to know of the choice by then.
+    const auto refreshTool = [this] {
         KMTool *tool = gProject && !gProject->isDestroying() ? m_toolBar->current() : nullptr;
         if (tool && !tool->isEditing())
             tool->refresh();
-    });
+    };
+    connect(gProject->tree(), &QTreeWidget::itemSelectionChanged, this, refreshTool, Qt::QueuedConnection);
 }
 
 /// A key or a menu in mid-drag would change what the drag works on.

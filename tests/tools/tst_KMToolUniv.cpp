@@ -109,6 +109,9 @@ private slots:
     void nothingToEdit();
     void throughModifiers_data();
     void throughModifiers();
+    void clickInTheTree();
+    void newDocumentTakesTheHandle();
+    void lostRelease();
 };
 
 void tst_KMToolUniv::clicks()
@@ -466,6 +469,56 @@ void tst_KMToolUniv::throughModifiers()
     window.bar->tool(KMToolKind::SRT)->requestActivation();
     mouse.click(onBoth);
     QVERIFY(window.mesh->isSelected() && !modifier->isSelected());
+}
+
+/// A row that is clicked becomes current before it is chosen; the handle goes by what is chosen.
+void tst_KMToolUniv::clickInTheTree()
+{
+    UnivWindow window;
+    QVERIFY(window.isReady());
+    KMMeshNode *first = window.mesh;
+    window.select({0});
+    window.add(MeshFixtures::cube());
+    window.select({6});
+    KMTreeWidget *tree = gProject->tree();
+    for (KMMeshNode *mesh : {first, window.mesh, first}) {
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          tree->visualItemRect(mesh->item()).center());
+        QCOMPARE(gSolution->currentNode(), static_cast<KMNode *>(mesh));
+        QCoreApplication::processEvents();
+        QVERIFY(isClose(window.tool->handle()->position(), mesh->position(mesh == first ? 0 : 6)));
+    }
+}
+
+void tst_KMToolUniv::newDocumentTakesTheHandle()
+{
+    UnivWindow window;
+    QVERIFY(window.isReady());
+    window.select({0, 1});
+    gSolution->refreshViews(31);
+    QTRY_VERIFY(window.tool->handle()->isVisible());
+    gSolution->newDocument();
+    QTRY_VERIFY(!window.tool->handle()->isVisible());
+}
+
+/// The button went up over something else.
+void tst_KMToolUniv::lostRelease()
+{
+    UnivWindow window;
+    QVERIFY(window.isReady());
+    window.tool->setHandleShown(false);
+    const int steps = window->undoStack()->count();
+    const Vector3 before = window.mesh->position(3);
+    ViewMouse mouse(window.view(frontView));
+    const QPointF at = window.at(frontView, 3);
+    mouse.move(at);
+    mouse.press(Qt::LeftButton, at);
+    mouse.move(at + QPointF(30, 0));
+    QVERIFY(!isClose(window.mesh->position(3), before));
+    ViewMouse(window.view(frontView)).move(at + QPointF(60, 0)); // without any button
+    QVERIFY(!window.tool->isEditing());
+    QVERIFY(isClose(window.mesh->position(3), before));
+    QVERIFY(window->undoStack()->count() <= steps + 1); // of the click
 }
 
 KM_TEST(tst_KMToolUniv);
