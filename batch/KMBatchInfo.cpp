@@ -105,7 +105,7 @@ QJsonArray constraintsOf(const KMBone &bone)
     for (const KMTagBase *tag : bone.tags()) {
         if (tag->isDeleted() || tag->type() != KMNodeType::TagConstraint)
             continue;
-        const ConstraintData &data = nodeAs<KMTagConstraint>(tag)->data();
+        const ConstraintData &data = static_cast<const KMTagConstraint *>(tag)->data();
         list << QJsonObject{{"name", tag->name()},
                             {"type", data.type},
                             {"target", data.target ? QJsonValue(data.target->name()) : QJsonValue()},
@@ -121,7 +121,7 @@ QList<const KMBoneContainer *> rigs()
     QList<const KMBoneContainer *> list;
     for (const KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
         if (ctrl->type() == KMNodeType::BoneContainer)
-            list << nodeAs<KMBoneContainer>(ctrl);
+            list << static_cast<const KMBoneContainer *>(ctrl);
     }
     return list;
 }

@@ -232,6 +232,7 @@ void tst_KMDBoneContainerBody::everyVersion()
 /// a(b c) d
 void tst_KMDBoneContainerBody::oddParents()
 {
+    m_session.reset(); // the scene brings its own
     RigScene scene;
     KMBone *a = scene.addBone(QStringLiteral("a"), nullptr, {}, {0, 1, 0});
     scene.addBone(QStringLiteral("b"), a, {}, {0, 1, 0});
