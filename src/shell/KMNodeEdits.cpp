@@ -10,6 +10,8 @@
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneTreeCommands.h"
 
 #include <QCoreApplication>
 
@@ -282,8 +284,21 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
     KMTagBase *copy = tag->clone();
     copy->setName(tag->name());
     const auto naming = hasTagNamed(node, tag->name()) ? addTagCommand::Name::Numbered : addTagCommand::Name::Keep;
-    gSolution->push(new addTagCommand(node, copy, indexAtPlace(node, place), naming));
+    const int index = indexAtPlace(node, place);
+    if (node->type() == KMNodeType::Bone)
+        gSolution->push(new addTagBoneContainerCommand(nodeAs<KMBone>(node), copy, index, naming));
+    else
+        gSolution->push(new addTagCommand(node, copy, index, naming));
     return true;
+}
+
+void KMNodeEdits::deleteTag(KMTagBase *tag)
+{
+    KMNode *owner = tag->owner();
+    if (owner->type() == KMNodeType::Bone)
+        gSolution->push(new deleteTagBoneContainerCommand(nodeAs<KMBone>(owner), tag));
+    else
+        gSolution->push(new deleteTagCommand(nodeAs<KMContainerNode>(owner), tag));
 }
 
 void KMNodeEdits::setVisible(const QList<KMContainerNode *> &nodes, bool visible)

@@ -23,6 +23,7 @@
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMGlobalCommands.h"
 #include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmhistorywidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/docks/kmshaderwidget.h"
@@ -255,7 +256,10 @@ void kmmainwidget::refreshSetup() {}
 
 void kmmainwidget::repaintTrees()
 {
-    gProject->tree()->viewport()->repaint();
+    for (KMTreeDock *dock : {static_cast<KMTreeDock *>(m_nodeDock), static_cast<KMTreeDock *>(m_boneDock)}) {
+        if (dock->tree())
+            dock->tree()->viewport()->repaint();
+    }
 }
 
 void kmmainwidget::resetPanels()

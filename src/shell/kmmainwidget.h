@@ -30,6 +30,7 @@ class QMimeData;
 class QUndoStack;
 class kmanimationpanel;
 class kmattributewidget;
+class kmbonewidget;
 class kmhistorywidget;
 class kmnodewidget;
 class kmshaderwidget;
@@ -253,6 +254,7 @@ private:
 
     QList<KMDockWidget *> m_docks;
     kmnodewidget *m_nodeDock = nullptr;
+    kmbonewidget *m_boneDock = nullptr;
     kmhistorywidget *m_historyDock = nullptr;
     kmtexturewidget *m_textureDock = nullptr;
     kmshaderwidget *m_shaderDock = nullptr;

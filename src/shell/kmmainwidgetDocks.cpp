@@ -5,6 +5,7 @@
 #include "core/KMSettings.h"
 #include "shell/docks/KMEmptyDock.h"
 #include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmcoodinatewidget.h"
 #include "shell/docks/kmhistorywidget.h"
 #include "shell/docks/kmnodewidget.h"
@@ -45,8 +46,7 @@ void kmmainwidget::createDocks()
             Right);
     addDock(m_nodeDock = new kmnodewidget(gProject->tree()), Left);
     addDock(m_historyDock = new kmhistorywidget(m_undoStack), Right);
-    addDock(empty("kmbonewidget", tr("Bones"), "bone", tr("The bones of the current container are listed here.")),
-            Left);
+    addDock(m_boneDock = new kmbonewidget, Left);
     addDock(m_toolDock = new kmtoolwidget, Right);
     addDock(m_textureDock = new kmtexturewidget, Left);
     addDock(m_shaderDock = new kmshaderwidget, Left);
@@ -84,8 +84,8 @@ void kmmainwidget::arrangeDocks()
 
 void kmmainwidget::connectDocks()
 {
-    for (KMDockWidget *dock : {static_cast<KMDockWidget *>(m_nodeDock), static_cast<KMDockWidget *>(m_textureDock),
-                               static_cast<KMDockWidget *>(m_shaderDock)})
+    for (KMDockWidget *dock : {static_cast<KMDockWidget *>(m_nodeDock), static_cast<KMDockWidget *>(m_boneDock),
+                               static_cast<KMDockWidget *>(m_textureDock), static_cast<KMDockWidget *>(m_shaderDock)})
         connect(dock, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
 
     const auto actions = [this](const QList<const char *> &items) {
@@ -94,16 +94,19 @@ void kmmainwidget::connectDocks()
             list << (item ? action(item) : nullptr);
         return list;
     };
-    m_nodeDock->setClipboard(m_clipboard);
+    const QList<const char *> editActions{"actionRename", "actionDuplicate", "actionCut",
+                                          "actionCopy",   "actionPaste",     "actionDelete"};
+    for (KMTreeDock *dock : {static_cast<KMTreeDock *>(m_nodeDock), static_cast<KMTreeDock *>(m_boneDock)}) {
+        dock->setClipboard(m_clipboard);
+        dock->setTagActions(actions(editActions));
+    }
     m_nodeDock->setMenuActions(actions({"actionCreateNull", "actionCreateInt", "actionCreateFloat", "actionCreateBool",
                                         nullptr, "actionRename", "actionDuplicate", "actionGroup", nullptr, "actionCut",
                                         "actionCopy", "actionPaste", "actionDelete"}));
-    m_nodeDock->setTagActions(
-        actions({"actionRename", "actionDuplicate", "actionCut", "actionCopy", "actionPaste", "actionDelete"}));
+    m_boneDock->setMenuActions(actions({"actionRename", nullptr, "actionPaste"}));
     for (KMShelfDock *shelf : {static_cast<KMShelfDock *>(m_shaderDock), static_cast<KMShelfDock *>(m_textureDock)}) {
         shelf->setClipboard(m_clipboard);
-        shelf->setEditActions(
-            actions({"actionRename", "actionDuplicate", "actionCut", "actionCopy", "actionPaste", "actionDelete"}));
+        shelf->setEditActions(actions(editActions));
     }
     m_shaderDock->setAddActions(actions({"actionCreateShader", "actionCreatePbrShader"}));
     m_textureDock->setAddActions(

@@ -10,6 +10,7 @@
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
+#include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
@@ -50,7 +51,9 @@ void kmmainwidget::createMenus()
     createCreateMenu();
     createSelectionMenu();
     createNodesMenu();
-    createFamilyMenu(tr("Bone(&B)"), "Menu Bone", new KMBoneComContainer(this));
+    auto *boneCommands = new KMBoneComContainer(this);
+    createFamilyMenu(tr("Bone(&B)"), "Menu Bone", boneCommands);
+    m_boneDock->setBoneCommands(boneCommands);
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
