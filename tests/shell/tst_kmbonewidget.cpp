@@ -62,7 +62,7 @@ void tst_kmbonewidget::init()
 {
     m_window = std::make_unique<TestWindow>();
     m_dock = m_window->child<kmbonewidget>("kmbonewidget");
-    m_dock->setFloating(false);
+    m_dock->setGeometry(20, 20, 300, 400); // floating: room for all rows
     m_dock->show();
     m_rig = new KMBoneContainer;
     gProject->addNode(m_rig);
