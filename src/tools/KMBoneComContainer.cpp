@@ -35,17 +35,6 @@ Work forEach(const QList<KMBone *> &bones, void (*push)(KMBone *))
     };
 }
 
-/// With a length that can be seen.
-QList<KMBone *> selectedWithLength(const KMBoneContainer &container)
-{
-    QList<KMBone *> bones;
-    for (KMBone *bone : container.selectedBones()) {
-        if (!bone->isPoint())
-            bones << bone;
-    }
-    return bones;
-}
-
 Work selectAll(KMBoneContainer &container, bool selected)
 {
     const int mask = selected ? KMBone::BothSelected : 0;
@@ -159,12 +148,12 @@ Work nothing(KMBoneContainer &)
 
 Work divide(KMBoneContainer &container)
 {
-    return forEach(selectedWithLength(container), &KMBoneEdit::pushDivided);
+    return forEach(KMBoneEdit::selectedWithLength(container), &KMBoneEdit::pushDivided);
 }
 
 Work layer(KMBoneContainer &container)
 {
-    return forEach(selectedWithLength(container), &KMBoneEdit::pushLayered);
+    return forEach(KMBoneEdit::selectedWithLength(container), &KMBoneEdit::pushLayered);
 }
 
 struct Entry

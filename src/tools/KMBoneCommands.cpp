@@ -71,17 +71,6 @@ Bounds boundsOf(const QList<KMBone *> &bones, const kvm::Matrix4 &toSpace)
     return bounds;
 }
 
-/// Bones that have a length to fit a body to.
-QList<KMBone *> selectedWithLength(const KMBoneContainer &container)
-{
-    QList<KMBone *> bones;
-    for (KMBone *bone : container.selectedBones()) {
-        if (!bone->isPoint())
-            bones << bone;
-    }
-    return bones;
-}
-
 QList<KMTagRigidBody *> selectedBodies(const KMBoneContainer &container)
 {
     QList<KMTagRigidBody *> bodies;
@@ -259,7 +248,7 @@ KMBoneCommand::Work BoneComAlignReflectBone::plan(KMBoneContainer &container)
 QString BoneComMakeRigidBody::obstacle() const
 {
     const QString missing = KMBoneCommand::obstacle();
-    if (!missing.isEmpty() || !selectedWithLength(*KMBoneContainer::activeBoneContainer()).isEmpty())
+    if (!missing.isEmpty() || !KMBoneEdit::selectedWithLength(*KMBoneContainer::activeBoneContainer()).isEmpty())
         return missing;
     return tr("Bone Selection not found.");
 }
@@ -275,7 +264,7 @@ KMBoneCommand::Work BoneComMakeRigidBody::plan(KMBoneContainer &container)
         return {};
     m_shape = form.value(QStringLiteral("shape-type")).toInt();
     m_withJoints = form.value(QStringLiteral("with-joint")).toBool();
-    const QList<KMBone *> bones = selectedWithLength(container);
+    const QList<KMBone *> bones = KMBoneEdit::selectedWithLength(container);
     return
         [bones, shape = m_shape, withJoints = m_withJoints] { KMPhysicsMaking::pushBodies(bones, shape, withJoints); };
 }
