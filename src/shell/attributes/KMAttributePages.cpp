@@ -10,7 +10,11 @@
 #include "core/KMValueNodeContainer.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
+#include "rig/KMBone.h"
+#include "rig/KMTagConstraint.h"
 #include "shell/attributes/KMBasicShaderPage.h"
+#include "shell/attributes/KMBonePage.h"
+#include "shell/attributes/KMConstraintTagPage.h"
 #include "shell/attributes/KMMeshPage.h"
 #include "shell/attributes/KMModifierPages.h"
 #include "shell/attributes/KMNormalTagPage.h"
@@ -63,9 +67,11 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::ModCloner, 0, &make<KMModClonerPage, KMModClonerNode>},
     {KMNodeType::Mesh, 0, &make<KMMeshPage, KMMeshNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
+    {KMNodeType::Bone, 0, &make<KMBonePage, KMBone>},
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},
     {KMNodeType::TagNormal, 0, &make<KMNormalTagPage, KMTagNormal>},
+    {KMNodeType::TagConstraint, 0, &make<KMConstraintTagPage, KMTagConstraint>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
 };
