@@ -22,6 +22,7 @@ class KMNode;
 class KMNodeClipboard;
 class KMOpenGLWidget;
 class KMPanelBar;
+class KMPlayback;
 class KMSnackbar;
 class KMStyle;
 class KMToolBar;
@@ -261,6 +262,7 @@ private:
     kmattributewidget *m_attributeDock = nullptr;
     kmtoolwidget *m_toolDock = nullptr;
 
+    KMPlayback *m_playback = nullptr;
     KMMainBox *m_mainBox = nullptr;
     KMPanelBar *m_undoToolBar = nullptr;
     KMToolBar *m_toolBar = nullptr;

@@ -4,6 +4,7 @@
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "shell/docks/KMEmptyDock.h"
+#include "shell/docks/kmanimationwidget.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmcoodinatewidget.h"
@@ -52,8 +53,7 @@ void kmmainwidget::createDocks()
     addDock(m_shaderDock = new kmshaderwidget, Left);
     addDock(new kmcoodinatewidget, Left);
     addDock(m_attributeDock = new kmattributewidget, Right);
-    addDock(empty("kmanimationwidget", tr("Animation"), "animation", tr("Frames and keys of the motion stand here.")),
-            Left);
+    addDock(new kmanimationwidget(m_playback), Left);
     addDock(empty("kmsetupwidget", tr("Setup"), "setup", tr("Physics and display groups are set up here.")), Right);
     m_docks.last()->setAllowedAreas(Qt::NoDockWidgetArea);
 }

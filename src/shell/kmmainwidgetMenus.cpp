@@ -6,6 +6,7 @@
 #include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
 #include "shell/KMMainBox.h"
+#include "shell/KMPlayback.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"
@@ -218,6 +219,9 @@ void kmmainwidget::createViewMenu()
                 "actionCameraBack", "actionCameraRight", "actionCameraLeft", "actionCameraTop", "actionCameraBottom",
                 "actionCameraOrtho", nullptr, "actionCameraReset", "actionAutoOrtho", "actionCentering", nullptr,
                 "actionShowTexture", "actionShowGrid", "actionGridSetting"});
+    QMenu *motion = menu->addMenu(KMIcon::icon(QStringLiteral("animation")), tr("Motion"));
+    motion->setObjectName(QStringLiteral("motion"));
+    motion->addActions(m_playback->actions());
     connect(menu, &QMenu::aboutToShow, this, &kmmainwidget::syncViewActions);
     listActionGroup(menu, action("Menu View"));
 }
