@@ -74,6 +74,7 @@ QPoint KMBezierControl::handlePosition(int handle) const
 void KMBezierControl::moveHandle(const QPoint &position)
 {
     const QRectF box = square();
+    m_curve = asShown(m_curve);
     const float x = std::clamp(float((position.x() - box.left()) / box.width()), 0.0f, 1.0f);
     const float y = std::clamp(float((box.bottom() - position.y()) / box.height()), 0.0f, 1.0f);
     if (m_handle == 0)
@@ -91,15 +92,17 @@ void KMBezierControl::mousePressEvent(QMouseEvent *event)
         return (handlePosition(handle) - event->pos()).manhattanLength();
     };
     m_before = m_curve;
-    m_curve = asShown(m_curve);
     m_handle = distance(1) < distance(0) ? 1 : 0;
-    moveHandle(event->pos());
+    const bool isOnHandle = distance(m_handle) <= dpiScaled(8);
+    m_grip = isOnHandle ? handlePosition(m_handle) - event->pos() : QPoint();
+    if (!isOnHandle)
+        moveHandle(event->pos());
 }
 
 void KMBezierControl::mouseMoveEvent(QMouseEvent *event)
 {
     if (m_handle >= 0)
-        moveHandle(event->pos());
+        moveHandle(event->pos() + m_grip);
 }
 
 void KMBezierControl::mouseReleaseEvent(QMouseEvent *event)

@@ -39,4 +39,5 @@ private:
     CBezier m_curve;
     CBezier m_before; // the drag
     int m_handle = -1;
+    QPoint m_grip; // from the mouse to the handle
 };
