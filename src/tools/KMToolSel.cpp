@@ -77,12 +77,13 @@ void KMToolSel::deactivate()
     forgetRoot();
 }
 
-/// An edit may have taken the root, and the edges are others.
+/// An edit may have taken the root or given its number to another vertex, and the edges are others.
 void KMToolSel::refresh()
 {
     hideChain();
     m_graph.reset();
-    if (m_lastRoot >= 0 && !(m_rootMesh && !m_rootMesh->isDeleted() && m_rootMesh->vertex(m_lastRoot)))
+    const bool isThere = m_rootMesh && !m_rootMesh->isDeleted() && hasRootIn(m_rootMesh);
+    if (m_lastRoot >= 0 && !isThere)
         forgetRoot();
 }
 
@@ -190,6 +191,7 @@ void KMToolSel::pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifi
     const KMSelectionChain path = pathTo(hit);
     m_rootMesh = hit.mesh;
     m_lastRoot = hit.vertex;
+    m_rootSlots = hit.mesh->vertexCount();
     if (!path.isEmpty())
         path.select(!(modifiers & Qt::ControlModifier));
     m_graph.reset();
@@ -197,7 +199,7 @@ void KMToolSel::pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifi
 
 bool KMToolSel::hasRootIn(const KMMeshNode *mesh) const
 {
-    return m_lastRoot >= 0 && m_rootMesh == mesh && mesh->vertex(m_lastRoot);
+    return m_lastRoot >= 0 && m_rootMesh == mesh && m_rootSlots == mesh->vertexCount() && mesh->vertex(m_lastRoot);
 }
 
 /// Meshes that modifiers and primitives make change without a step of the history.
