@@ -35,15 +35,14 @@ constexpr ModeRow modeRows[] = {
 };
 
 /// Chooses the mesh in the tree, by the same keys as a click on an element.
-void chooseNode(const KMMeshNode &mesh, Qt::KeyboardModifiers modifiers)
+void chooseNode(KMMeshNode *mesh, Qt::KeyboardModifiers modifiers)
 {
-    QTreeWidgetItem *row = KMMeshTargets::stateNode(mesh).item();
-    if (!row || !row->treeWidget())
-        return;
-    if (modifiers & (Qt::ShiftModifier | Qt::ControlModifier))
-        row->setSelected(!(modifiers & Qt::ControlModifier));
-    else
-        row->treeWidget()->setCurrentItem(row);
+    const KMMeshSelect::Mode mode = KMMeshSelect::clickMode(modifiers);
+    QTreeWidgetItem *row = KMMeshTargets::stateNode(*mesh).item();
+    if (mode != KMMeshSelect::Mode::Remove)
+        KMElementClick::choose(mesh, mode);
+    else if (row)
+        row->setSelected(false);
 }
 
 } // namespace
@@ -142,7 +141,7 @@ bool KMToolSel::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         hideChain();
         KMMeshSelect::unselectAll();
     } else if (mode() == Node) {
-        chooseNode(*hit.mesh, event->modifiers());
+        chooseNode(hit.mesh, event->modifiers());
     } else if (mode() == RootEdge) {
         pressRoot(hit, event->modifiers());
     } else {
