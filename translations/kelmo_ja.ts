@@ -36,6 +36,28 @@
     </message>
 </context>
 <context>
+    <name>BoneComMakeRigidBody</name>
+    <message>
+        <source>Bone Selection not found.</source>
+        <translation type="unfinished">選択中のボーンがありません。</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With Joint</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>BoneComMakeSideJoint</name>
+    <message>
+        <source>Two RigidBody Selection not found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>BoneComSymmetrize</name>
     <message>
         <source>Bone Selection not found.</source>
@@ -286,6 +308,13 @@
     </message>
 </context>
 <context>
+    <name>KMBezierControl</name>
+    <message>
+        <source>Drag the two handles; a double click makes the curve straight</source>
+        <translation>2 つのハンドルをドラッグします。ダブルクリックで直線に戻ります</translation>
+    </message>
+</context>
+<context>
     <name>KMBluePrint</name>
     <message>
         <source>BluePrint</source>
@@ -499,6 +528,22 @@
     <message>
         <source>Edge Selection not found.</source>
         <translation>辺が選択されていません。</translation>
+    </message>
+    <message>
+        <source>Make RigidBody</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Give the selected bones rigid bodies of their length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make Side Joint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold the two selected rigid bodies together; with Ctrl the other is first</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -764,6 +809,104 @@
     </message>
 </context>
 <context>
+    <name>KMBoneMoves</name>
+    <message>
+        <source>Copy Bone</source>
+        <translation>ボーンを複製</translation>
+    </message>
+</context>
+<context>
+    <name>KMBonePage</name>
+    <message>
+        <source>Polygon</source>
+        <translation>ポリゴン</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>点</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>線</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Degrees about X first, then Y, then Z</source>
+        <translation>X、Y、Z の順に回す角度(度)</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>長さ</translation>
+    </message>
+    <message>
+        <source>View Type</source>
+        <translation>表示方法</translation>
+    </message>
+    <message>
+        <source>Floating</source>
+        <translation>フローティング</translation>
+    </message>
+    <message>
+        <source>The head isn&apos;t attached to the tail of the parent</source>
+        <translation>根元が親の先端につながっていません</translation>
+    </message>
+    <message>
+        <source>Movable</source>
+        <translation>移動可能</translation>
+    </message>
+    <message>
+        <source>A pose may move the bone, not only turn it</source>
+        <translation>ポーズで回転だけでなく移動もできます</translation>
+    </message>
+    <message>
+        <source>Angular Limit</source>
+        <translation>角度制限</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Min H</source>
+        <translation>最小 H</translation>
+    </message>
+    <message>
+        <source>Max H</source>
+        <translation>最大 H</translation>
+    </message>
+    <message>
+        <source>Min P</source>
+        <translation>最小 P</translation>
+    </message>
+    <message>
+        <source>Max P</source>
+        <translation>最大 P</translation>
+    </message>
+    <message>
+        <source>Min B</source>
+        <translation>最小 B</translation>
+    </message>
+    <message>
+        <source>Max B</source>
+        <translation>最大 B</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>タグ</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+</context>
+<context>
     <name>KMBoolNodeContainer</name>
     <message>
         <source>Bool</source>
@@ -817,6 +960,69 @@
     </message>
 </context>
 <context>
+    <name>KMConstraintTagPage</name>
+    <message>
+        <source>NULL</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Translate</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Trans+Rot</source>
+        <translation>移動+回転</translation>
+    </message>
+    <message>
+        <source>IK</source>
+        <translation>IK</translation>
+    </message>
+    <message>
+        <source>Twist</source>
+        <translation>ねじり</translation>
+    </message>
+    <message>
+        <source>Constraint</source>
+        <translation>コンストレイント</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>ターゲット</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>The share that is taken over; for IK the degrees of a step</source>
+        <translation>受け継ぐ割合。IK では 1 回あたりの角度(度)</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>IK Hierarchy</source>
+        <translation>IK 階層</translation>
+    </message>
+    <message>
+        <source>Links of the chain</source>
+        <translation>チェーンのリンク数</translation>
+    </message>
+</context>
+<context>
     <name>KMCustomPanel</name>
     <message>
         <source>Open what the custom panel holds as a menu at the cursor</source>
@@ -845,6 +1051,44 @@
     <message>
         <source>Say which commands stand on this panel</source>
         <translation>このパネルに置くコマンドを選ぶ</translation>
+    </message>
+</context>
+<context>
+    <name>KMDBoneContainerBody</name>
+    <message>
+        <source>The scale makes the bone %1 endless; it keeps its length</source>
+        <translation>倍率によりボーン %1 の長さが数で表せなくなるため、元の長さのままにしました</translation>
+    </message>
+    <message>
+        <source>The bone %1 has the unknown view type %2</source>
+        <translation>ボーン %1 の表示方法 %2 は不明です</translation>
+    </message>
+    <message>
+        <source>A record of type 0x%1 is no bone</source>
+        <translation>種類 0x%1 のレコードはボーンではありません</translation>
+    </message>
+    <message>
+        <source>The file has more bones than it can be believed to hold</source>
+        <translation>ファイルのボーンの数が多すぎます</translation>
+    </message>
+    <message>
+        <source>The bone %1 names an unknown parent and was put at the top</source>
+        <translation>ボーン %1 の親が不明なため、最上位に置きました</translation>
+    </message>
+    <message>
+        <source>The bone %1 stands below itself and was put at the top</source>
+        <translation>ボーン %1 が自分自身の配下にあるため、最上位に置きました</translation>
+    </message>
+    <message>
+        <source>A bone lies too deep in its rig and was moved up</source>
+        <translation>ボーンの階層が深すぎるため、上へ移しました</translation>
+    </message>
+</context>
+<context>
+    <name>KMDBoneKeys</name>
+    <message>
+        <source>The keys of %1 were left out: there is no such bone</source>
+        <translation>%1 のキーを省きました: そのボーンがありません</translation>
     </message>
 </context>
 <context>
@@ -894,6 +1138,10 @@
     <message>
         <source>The scale moves a point out of all numbers; it was put at the origin</source>
         <translation>スケールにより座標が表せる範囲を超えた点を原点に置きました</translation>
+    </message>
+    <message>
+        <source>The power of %1 has no place in the file</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1078,6 +1326,10 @@
         <source>The tag %1 of %2 was left out: this release has none of its kind, %3</source>
         <translation>%2 のタグ %1 は省かれました。この版にはその種類がありません: %3</translation>
     </message>
+    <message>
+        <source>The tag %1 was left out: %2 can&apos;t hold it</source>
+        <translation>タグ %1 を省きました: %2 には付けられません</translation>
+    </message>
 </context>
 <context>
     <name>KMDViewBlocks</name>
@@ -1103,6 +1355,13 @@
     <message>
         <source>The node %1 has no place in the file</source>
         <translation>ノード %1 はこのファイルに保存できません</translation>
+    </message>
+</context>
+<context>
+    <name>KMDisplayAnchorNode</name>
+    <message>
+        <source>AnchorDisp</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1246,6 +1505,13 @@
     <message>
         <source>Selected Normal</source>
         <translation>選択した法線</translation>
+    </message>
+</context>
+<context>
+    <name>KMDisplayNode</name>
+    <message>
+        <source>Disp</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2107,6 +2373,13 @@
     </message>
 </context>
 <context>
+    <name>KMMorph</name>
+    <message>
+        <source>Morph</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KMNativeFormat</name>
     <message>
         <source>The file can&apos;t be written: %1</source>
@@ -2402,6 +2675,10 @@
         <source>%1 nodes are selected. Switches and coordinates are set on all of them.</source>
         <translation>%1 個のノードが選択されています。スイッチと座標はすべてに設定されます。</translation>
     </message>
+    <message>
+        <source>%1 bones are selected. Switches and limits are set on all of them.</source>
+        <translation>%1 本のボーンを選択中です。スイッチと制限はすべてに設定されます。</translation>
+    </message>
 </context>
 <context>
     <name>KMNormalCommand</name>
@@ -2526,6 +2803,65 @@
     <message>
         <source>The views draw faces of this shader black. Models for MMD are made with basic shaders.</source>
         <translation>ビューはこのシェーダーの面を黒で描きます。MMD 用のモデルには基本シェーダーを使います。</translation>
+    </message>
+</context>
+<context>
+    <name>KMPlayback</name>
+    <message>
+        <source>Backward</source>
+        <translation>先頭へ</translation>
+    </message>
+    <message>
+        <source>Go to the first frame</source>
+        <translation>最初のフレームへ移動します</translation>
+    </message>
+    <message>
+        <source>Prev</source>
+        <translation>前へ</translation>
+    </message>
+    <message>
+        <source>Go one frame back</source>
+        <translation>1 フレーム戻ります</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Play the motion, or stop it</source>
+        <translation>モーションを再生または停止します</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>次へ</translation>
+    </message>
+    <message>
+        <source>Go to the next frame</source>
+        <translation>次のフレームへ移動します</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>末尾へ</translation>
+    </message>
+    <message>
+        <source>Go to the frame of the last key</source>
+        <translation>最後のキーのフレームへ移動します</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Begin again at the end of the motion</source>
+        <translation>モーションの終わりで最初に戻ります</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>There are no keys to play</source>
+        <translation>再生するキーがありません</translation>
     </message>
 </context>
 <context>
@@ -3682,10 +4018,61 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMTagBoneWeight</name>
+    <message>
+        <source>BoneWeightTag</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>KMTagConstraint</name>
     <message>
         <source>Constraint</source>
         <translation>コンストレイント</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagFloatValue</name>
+    <message>
+        <source>FloatValue</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KMTagGroup</name>
+    <message>
+        <source>Group</source>
+        <translation type="unfinished">グループ化</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation type="unfinished">表示</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show Selected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>TagGroup Done</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KMTagJoint</name>
+    <message>
+        <source>Joint</source>
+        <translation type="unfinished">ジョイント</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagMorph</name>
+    <message>
+        <source>Reset All MorphValue</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -3700,6 +4087,55 @@ Trying to Recover Files?</source>
     <message>
         <source>Name</source>
         <translation>名前</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagRigidBody</name>
+    <message>
+        <source>RigidBody</source>
+        <translation type="unfinished">剛体</translation>
+    </message>
+    <message>
+        <source>Sphere</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Capsule</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kinematic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Physics</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PhysFix</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KMTagSelection</name>
+    <message>
+        <source>Selection</source>
+        <translation type="unfinished">選択</translation>
+    </message>
+    <message>
+        <source>Restore Selection</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KMTagText</name>
+    <message>
+        <source>Text</source>
+        <translation type="unfinished">テキスト</translation>
     </message>
 </context>
 <context>
@@ -4008,6 +4444,76 @@ Trying to Recover Files?</source>
     <message>
         <source>Degrees about X first, then Y, then Z</source>
         <translation>X、Y、Z の順に回す角度(度)</translation>
+    </message>
+</context>
+<context>
+    <name>KMTransport</name>
+    <message>
+        <source>Current frame</source>
+        <translation>現在のフレーム</translation>
+    </message>
+    <message>
+        <source>Frames; the marks are keys, bright ones of selected bones</source>
+        <translation>フレーム。印はキーで、明るい印は選択中のボーンのものです</translation>
+    </message>
+</context>
+<context>
+    <name>KMTreeDock</name>
+    <message>
+        <source>Filter by name</source>
+        <translation>名前で絞り込み</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>表</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <translation>錠</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>タグ</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>ロック</translation>
+    </message>
+    <message>
+        <source>Fill the Panel</source>
+        <translation>パネルに合わせる</translation>
+    </message>
+    <message>
+        <source>Widths by Hand</source>
+        <translation>幅を手動で決める</translation>
+    </message>
+    <message>
+        <source>Fit to Contents</source>
+        <translation>内容に合わせる</translation>
+    </message>
+    <message>
+        <source>How wide the columns of the nodes are</source>
+        <translation>ノードの列の幅</translation>
+    </message>
+    <message>
+        <source>A node can hold only one %1</source>
+        <translation>ノードが持てる %1 は 1 つだけです</translation>
+    </message>
+    <message>
+        <source>Rename Tag</source>
+        <translation>タグ名の変更</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t hold another %2</source>
+        <translation>%1 に %2 をこれ以上付けられません</translation>
     </message>
 </context>
 <context>
@@ -4535,10 +5041,38 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>addBoneWeightCommand</name>
+    <message>
+        <source>Add BoneWeight</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>addDisplayItemCommand</name>
+    <message>
+        <source>Add DisplayItem</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>addDisplayNodeCommand</name>
+    <message>
+        <source>Add DisplayNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>addFaceCommand</name>
     <message>
         <source>Add Face</source>
         <translation>面の追加</translation>
+    </message>
+</context>
+<context>
+    <name>addMorphCommand</name>
+    <message>
+        <source>Add MorphNode</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -4633,6 +5167,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>deleteBoneWeightCommand</name>
+    <message>
+        <source>Delete BoneWeight</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>deleteFaceCommand</name>
     <message>
         <source>Delete Face</source>
@@ -4700,6 +5241,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Edit Bone</source>
         <translation>ボーンを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editBoneWeightCommand</name>
+    <message>
+        <source>Edit BoneWeight</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -4773,6 +5321,27 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>editMorphDataCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>editMorphTypeCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>editMorphValueCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>editNormalCommand</name>
     <message>
         <source>Edit Normal</source>
@@ -4843,6 +5412,62 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>editTagBoneWeightCommand</name>
+    <message>
+        <source>Edit BoneWeight</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>editTagConstraintCommand</name>
+    <message>
+        <source>Edit Constraint</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>editTagFloatCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>editTagGroupCommand</name>
+    <message>
+        <source>Edit Group</source>
+        <translation type="unfinished">グループの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagJointCommand</name>
+    <message>
+        <source>Edit Joint</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>editTagRigidBodyCommand</name>
+    <message>
+        <source>Edit RigidBody</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>editTagSelectionCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>editTagTextCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>editTextureFilenameCommand</name>
     <message>
         <source>Edit Filename</source>
@@ -4870,12 +5495,47 @@ Trying to Recover Files?</source>
         <translation>アニメーションパネル</translation>
     </message>
     <message>
-        <source>Playback and the current frame of the motion stand here.</source>
-        <translation>モーションの再生と現在のフレームがここに表示されます。</translation>
-    </message>
-    <message>
         <source>Show or hide the playback of the motion</source>
         <translation>モーションの再生を表示または隠します</translation>
+    </message>
+</context>
+<context>
+    <name>kmanimationwidget</name>
+    <message>
+        <source>Animation</source>
+        <translation>アニメーション</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Set Key</source>
+        <translation>キーを設定</translation>
+    </message>
+    <message>
+        <source>Keep the pose of the current bone as its key at this frame</source>
+        <translation>現在のボーンのポーズをこのフレームのキーにします</translation>
+    </message>
+    <message>
+        <source>Remove Key</source>
+        <translation>キーを削除</translation>
+    </message>
+    <message>
+        <source>Take away the key that the current bone has at this frame</source>
+        <translation>現在のボーンのこのフレームのキーを削除します</translation>
+    </message>
+    <message>
+        <source>No bone is selected</source>
+        <translation>ボーンが選択されていません</translation>
+    </message>
+    <message>
+        <source>Key of %1 at frame %2</source>
+        <translation>%1 のフレーム %2 のキー</translation>
+    </message>
+    <message>
+        <source>%1 has no key at frame %2</source>
+        <translation>%1 のフレーム %2 にはキーがありません</translation>
     </message>
 </context>
 <context>
@@ -4883,6 +5543,37 @@ Trying to Recover Files?</source>
     <message>
         <source>Attribute</source>
         <translation>属性</translation>
+    </message>
+</context>
+<context>
+    <name>kmbonewidget</name>
+    <message>
+        <source>Bones</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>The rig whose bones are shown</source>
+        <translation>ボーンを表示するリグ</translation>
+    </message>
+    <message>
+        <source>Bones are copied by Duplicate, and moved to another rig by their menu</source>
+        <translation>ボーンは「複製」でコピーし、ほかのリグへはメニューから移動します</translation>
+    </message>
+    <message>
+        <source>Move to Rig</source>
+        <translation>リグへ移動</translation>
+    </message>
+    <message>
+        <source>Move the selected bones with all below them to this rig</source>
+        <translation>選択中のボーンを配下ごとこのリグへ移動します</translation>
+    </message>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 はロックされています</translation>
+    </message>
+    <message>
+        <source>A bone can&apos;t stand below itself</source>
+        <translation>ボーンを自分自身の配下には置けません</translation>
     </message>
 </context>
 <context>
@@ -5195,18 +5886,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Bones</source>
         <translation>ボーン</translation>
-    </message>
-    <message>
-        <source>The bones of the current container are listed here.</source>
-        <translation>現在のコンテナーのボーンがここに並びます。</translation>
-    </message>
-    <message>
-        <source>Animation</source>
-        <translation>アニメーション</translation>
-    </message>
-    <message>
-        <source>Frames and keys of the motion stand here.</source>
-        <translation>モーションのフレームとキーがここに出ます。</translation>
     </message>
     <message>
         <source>Setup</source>
@@ -5790,6 +6469,18 @@ Trying to Recover Files?</source>
         <source>Operation Panel</source>
         <translation>操作パネル</translation>
     </message>
+    <message>
+        <source>Toggle Dock Widgets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide all panels, or bring those back that were hidden together</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>モーション</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -5798,56 +6489,8 @@ Trying to Recover Files?</source>
         <translation>ノード</translation>
     </message>
     <message>
-        <source>Filter by name</source>
-        <translation>名前で絞り込み</translation>
-    </message>
-    <message>
         <source>Kind of the nodes that are shown</source>
         <translation>表示するノードの種類</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>名前</translation>
-    </message>
-    <message>
-        <source>V</source>
-        <translation>表</translation>
-    </message>
-    <message>
-        <source>L</source>
-        <translation>錠</translation>
-    </message>
-    <message>
-        <source>Tags</source>
-        <translation>タグ</translation>
-    </message>
-    <message>
-        <source>Visible</source>
-        <translation>表示</translation>
-    </message>
-    <message>
-        <source>Locked</source>
-        <translation>ロック</translation>
-    </message>
-    <message>
-        <source>Rename Tag</source>
-        <translation>タグ名の変更</translation>
-    </message>
-    <message>
-        <source>Fill the Panel</source>
-        <translation>パネルに合わせる</translation>
-    </message>
-    <message>
-        <source>Widths by Hand</source>
-        <translation>幅を手動で決める</translation>
-    </message>
-    <message>
-        <source>Fit to Contents</source>
-        <translation>内容に合わせる</translation>
-    </message>
-    <message>
-        <source>How wide the columns of the nodes are</source>
-        <translation>ノードの列の幅</translation>
     </message>
     <message>
         <source>Add Normal Tag</source>
@@ -5856,14 +6499,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Let creases and normals of this mesh be edited</source>
         <translation>このメッシュの折り目と法線を編集できるようにします</translation>
-    </message>
-    <message>
-        <source>A node can hold only one %1</source>
-        <translation>ノードが持てる %1 は 1 つだけです</translation>
-    </message>
-    <message>
-        <source>%1 can&apos;t hold another %2</source>
-        <translation>%1 に %2 をこれ以上付けられません</translation>
     </message>
 </context>
 <context>
@@ -6029,6 +6664,20 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>moveDisplayItemCommand</name>
+    <message>
+        <source>Move DisplayItem</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>moveDisplayNodeCommand</name>
+    <message>
+        <source>Move DisplayNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>moveNodeCommand</name>
     <message>
         <source>Move Node</source>
@@ -6064,6 +6713,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>redrawTagCommand</name>
+    <message>
+        <source>Redraw Tag</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>reinfoNodeCommand</name>
     <message>
         <source>Edit Info</source>
@@ -6085,6 +6741,41 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>removeDisplayItemCommand</name>
+    <message>
+        <source>Remove DisplayItem</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>removeDisplayNodeCommand</name>
+    <message>
+        <source>Remove DisplayNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>removeMorphCommand</name>
+    <message>
+        <source>Remove MorphNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>removeSdefFlagCommand</name>
+    <message>
+        <source>Remove Sdef Flag</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>renameDisplayNodeCommand</name>
+    <message>
+        <source>Rename DisplayNode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>renameKMPNodeCommand</name>
     <message>
         <source>Rename Node</source>
@@ -6103,6 +6794,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Rename Tag</source>
         <translation>タグ名の変更</translation>
+    </message>
+</context>
+<context>
+    <name>reorderMorphCommand</name>
+    <message>
+        <source>Reorder MorphNode</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -6194,6 +6892,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Set Movable</source>
         <translation>移動可能を設定</translation>
+    </message>
+</context>
+<context>
+    <name>setSdefFlagCommand</name>
+    <message>
+        <source>Set Sdef Flag</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -17,19 +17,16 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <set>
 
 namespace {
 
 constexpr int mostFrames = 9999999;
 constexpr int shortestLine = 100; // where there are few keys or none
 
-QVector<int> framesOf(const std::set<quint32> &frames)
+void sortOnce(QVector<int> &frames)
 {
-    QVector<int> list;
-    for (const quint32 frame : frames)
-        list << int(std::min(frame, quint32(mostFrames)));
-    return list;
+    std::sort(frames.begin(), frames.end());
+    frames.erase(std::unique(frames.begin(), frames.end()), frames.end());
 }
 
 } // namespace
@@ -62,7 +59,6 @@ KMTransport::KMTransport(KMPlayback *playback, QWidget *parent)
     connect(m_frame, qOverload<int>(&QSpinBox::valueChanged), this, &KMTransport::onCurrentFrameChanged);
     connect(m_line, &QSlider::valueChanged, this, &KMTransport::onCurrentFrameChanged);
     connect(gProject, &KMProject::frameChanged, this, &KMTransport::showFrame);
-    refresh();
 }
 
 void KMTransport::onCurrentFrameChanged(int frame)
@@ -87,7 +83,7 @@ void KMTransport::showFrame(int frame)
 
 void KMTransport::refresh()
 {
-    if (!gProject || gProject->isDestroying())
+    if (!gProject || gProject->isDestroying() || !isVisible()) // a motion has many keys, and the history moves often
         return;
     if (gProject->currentFrame() == 0)
         m_furthest = 0;
@@ -101,18 +97,28 @@ void KMTransport::refresh()
 
 void KMTransport::showKeys()
 {
-    std::set<quint32> all;
-    std::set<quint32> selected;
+    QVector<int> all;
+    QVector<int> selected;
     for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
         if (ctrl->type() != KMNodeType::BoneContainer)
             continue;
         for (const BoneTrack *track : nodeAs<KMBoneContainer>(ctrl)->animation()->tracks()) {
+            const bool isSelected = track->bone && track->bone->selectMask();
             for (const auto &entry : track->keys) {
-                all.insert(entry.first);
-                if (track->bone && track->bone->selectMask())
-                    selected.insert(entry.first);
+                const int frame = int(std::min(entry.first, quint32(mostFrames)));
+                all << frame;
+                if (isSelected)
+                    selected << frame;
             }
         }
     }
-    m_line->setKeys(framesOf(all), framesOf(selected));
+    sortOnce(all);
+    sortOnce(selected);
+    m_line->setKeys(all, selected);
+}
+
+void KMTransport::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    refresh();
 }

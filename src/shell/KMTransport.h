@@ -16,6 +16,9 @@ public:
 
     void refresh(); ///< the history moved or another document came: there may be other keys
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void onCurrentFrameChanged(int frame);
     void showFrame(int frame);
