@@ -12,6 +12,8 @@
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "render/KMRenderer.h"
+#include "tools/KMBoneDrag.h"
+#include "tools/KMBoneTargets.h"
 #include "tools/KMElementClick.h"
 #include "tools/KMHandleCode.h"
 #include "tools/KMSelectionDrag.h"
@@ -20,6 +22,7 @@
 #include "tools/KMToolKind.h"
 #include "tools/KMToolLasso.h"
 #include "tools/KMToolSquare.h"
+#include "tools/KMWindowGeometry.h"
 
 #include <QLineF>
 
@@ -49,7 +52,8 @@ int defaultMode(int toolId)
 } // namespace
 
 KMToolUniv::KMToolUniv(int id, QWidget *parent)
-    : KMToolUniv(id, std::make_unique<KMSelectionDrag>(), parent)
+    : KMToolUniv(id, std::make_unique<KMElementDrag>(std::make_unique<KMSelectionDrag>(), KMBoneDrag::Reach::Ends),
+                 parent)
 {
 }
 
@@ -171,8 +175,10 @@ void KMToolUniv::cancel()
         return;
     if (m_operation == Operation::Drag)
         m_subject->cancel();
-    if (isStroke())
+    if (isStroke()) {
         m_brushSelect.cancel();
+        m_boneMarquee.cancel();
+    }
     end();
     m_value.clear(); // that of a drag which didn't happen
     emit valueChanged(m_value);
@@ -209,8 +215,9 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return true;
     }
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(*widget->camera(), m_pressPos, request)) {
-        pressElement(request, *event);
+    KMBonePicker::Hit bone;
+    if (pickAny(*widget->camera(), m_pressPos, request, bone)) {
+        bone.isHit() ? pressBone(bone, *event) : pressElement(request, *event);
     } else {
         m_cage = request.only;
         beginMarquee(*event);
@@ -249,6 +256,34 @@ bool KMToolUniv::pick(const KMCameraNode &camera, const QPointF &position, KMPic
     return KMElementClick::pick(camera, position, request);
 }
 
+bool KMToolUniv::pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
+                         KMBonePicker::Hit &bone) const
+{
+    bone = KMBoneTargets::pickBefore(camera, position);
+    if (bone.isHit()) {
+        KMPicker::clearHot();
+        return true;
+    }
+    if (pick(camera, position, request))
+        return true;
+    bone = KMBoneTargets::pickBehind(camera, position);
+    return bone.isHit();
+}
+
+void KMToolUniv::pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &event)
+{
+    m_widget->camera()->setPivot(hit.point);
+    if (clickBone(hit, event.modifiers()))
+        beginDrag(m_handleMode & Translates ? Move | AsItIs : int(Move), hit.point, event, nullptr);
+    else
+        m_widget = nullptr;
+}
+
+bool KMToolUniv::clickBone(const KMBonePicker::Hit &hit, Qt::KeyboardModifiers modifiers)
+{
+    return KMBoneTargets::click(hit, KMMeshSelect::clickMode(modifiers));
+}
+
 void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &event)
 {
     constexpr Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
@@ -270,7 +305,7 @@ bool KMToolUniv::clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers mo
 
 void KMToolUniv::clickNothing()
 {
-    KMMeshSelect::unselectAll();
+    KMBoneTargets::unselectAll();
 }
 
 void KMToolUniv::beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit)
@@ -325,7 +360,16 @@ void KMToolUniv::beginStroke(Operation operation, const KMMouseEvent &event, flo
     m_brush->setDisplayColor(displayColor);
     m_brush->moveTo(m_pressPos);
     m_brushSelect.begin(KMMeshSelect::marqueeMode(event.modifiers()), radius);
-    m_brushSelect.strokeTo(m_pressPos, m_pressPos);
+    m_boneMarquee.begin(KMMeshSelect::marqueeMode(event.modifiers()));
+    strokeTo(m_pressPos, m_pressPos);
+}
+
+void KMToolUniv::strokeTo(const QPointF &from, const QPointF &to)
+{
+    m_brushSelect.strokeTo(from, to);
+    const double radius = double(m_brush->radius());
+    m_boneMarquee.touch(*m_widget->camera(),
+                        [&](const QPointF &point) { return KMWindowGeometry::distance(point, from, to) <= radius; });
 }
 
 bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
@@ -352,7 +396,7 @@ bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
         m_lasso->lengthen(m_lastPos);
     if (isStroke()) {
         m_brush->moveTo(m_lastPos);
-        m_brushSelect.strokeTo(before, m_lastPos);
+        strokeTo(before, m_lastPos);
     }
     return true;
 }
@@ -385,10 +429,13 @@ bool KMToolUniv::hover(const QPointF &position, KMOpenGLWidget *widget)
     Hover over;
     if (code == NoPart) {
         KMPickRequest request = requestFor(hoverMargin);
-        if (pick(*widget->camera(), position, request))
+        KMBonePicker::Hit bone;
+        if (pickAny(*widget->camera(), position, request, bone) && !bone.isHit())
             over = {request.mesh, request.vertex, request.edge ? request.edge->key() : 0, request.face};
+        isChanged = KMBonePicker::setHot(bone) || isChanged;
     } else {
         KMPicker::clearHot();
+        isChanged = KMBonePicker::setHot({}) || isChanged;
     }
     isChanged = isChanged || over != m_hover;
     m_hover = over;
@@ -402,6 +449,7 @@ void KMToolUniv::leave(QEvent *, KMOpenGLWidget *)
     m_handle->setHot(NoPart);
     m_hover = {};
     KMPicker::clearHot();
+    KMBonePicker::clearHot();
 }
 
 bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
@@ -433,8 +481,9 @@ bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
 void KMToolUniv::clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget)
 {
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(*widget->camera(), m_pressPos, request))
-        clickElement(request, modifiers);
+    KMBonePicker::Hit bone;
+    if (pickAny(*widget->camera(), m_pressPos, request, bone))
+        bone.isHit() ? clickBone(bone, modifiers) : clickElement(request, modifiers);
 }
 
 /// A drag at what can't be dragged.
@@ -449,7 +498,11 @@ void KMToolUniv::tellFixed(const QPointF &position)
 void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
 {
     const bool isTouching = operation == Operation::Brush || operation == Operation::Flow;
-    const bool isClick = !m_hasLeftPress && !(isTouching && m_brushSelect.hasTouched());
+    const bool hasTouched = m_brushSelect.hasTouched() || m_boneMarquee.hasTouched();
+    const bool isClick = !m_hasLeftPress && !(isTouching && hasTouched);
+    if (KMBoneTargets::container() && hasMarquee() && !isClick)
+        return commitBoneMarquee(operation, modifiers);
+    m_boneMarquee.cancel();
     if (isTouching)
         m_brushSelect.commit(operation == Operation::Flow ? tr("Flow Select") : tr("Brush Select"));
     if (isClick) {
@@ -467,6 +520,29 @@ void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifi
         KMMarqueeSelect::selectRect(QRectF(m_pressPos, m_lastPos).normalized(), mode);
     if (operation == Operation::Lasso)
         KMMarqueeSelect::selectLasso(m_lasso->polygon(), mode);
+}
+
+/// While a rig is current, an area means its bones.
+void KMToolUniv::commitBoneMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
+{
+    m_brushSelect.cancel();
+    const QRectF rect = QRectF(m_pressPos, m_lastPos).normalized();
+    const QPolygonF lasso = m_lasso->polygon();
+    switch (operation) {
+    case Operation::Square:
+        m_boneMarquee.begin(KMMeshSelect::marqueeMode(modifiers));
+        m_boneMarquee.touch(*m_widget->camera(), [&](const QPointF &point) { return rect.contains(point); });
+        return m_boneMarquee.commit(tr("Rect Select"));
+    case Operation::Lasso:
+        m_boneMarquee.begin(KMMeshSelect::marqueeMode(modifiers));
+        m_boneMarquee.touch(*m_widget->camera(),
+                            [&](const QPointF &point) { return lasso.containsPoint(point, Qt::WindingFill); });
+        return m_boneMarquee.commit(tr("Lasso Select"));
+    case Operation::Brush:
+        return m_boneMarquee.commit(tr("Brush Select"));
+    default:
+        return m_boneMarquee.cancel();
+    }
 }
 
 // What it shows

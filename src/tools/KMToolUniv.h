@@ -1,6 +1,8 @@
 #pragma once
 
+#include "render/KMBonePicker.h"
 #include "render/KMPickRequest.h"
+#include "tools/KMBoneMarquee.h"
 #include "tools/KMBrushSelect.h"
 #include "tools/KMDragSubject.h"
 #include "tools/KMTool.h"
@@ -58,6 +60,8 @@ protected:
 
     /// Selects what was pressed; whether a drag moves it now.
     virtual bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
+    /// The same for a bone.
+    virtual bool clickBone(const KMBonePicker::Hit &hit, Qt::KeyboardModifiers modifiers);
     virtual void clickNothing();
     virtual bool hasMarquee() const { return true; }
     bool isSymmetric() const override { return true; }
@@ -81,7 +85,10 @@ private:
 
     bool canShowHandle(const KMCameraNode &camera) const;
     int handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const;
+    bool pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
+                 KMBonePicker::Hit &bone) const;
     void pressElement(const KMPickRequest &hit, const KMMouseEvent &event);
+    void pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &event);
     void begin(Operation operation);
     void beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit);
     void beginMarquee(const KMMouseEvent &event);
@@ -92,6 +99,8 @@ private:
     void clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget);
     void tellFixed(const QPointF &position);
     void commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    void commitBoneMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    void strokeTo(const QPointF &from, const QPointF &to);
     bool isStroke() const { return m_operation == Operation::Brush || m_operation == Operation::Flow; }
     bool isMarquee() const { return m_operation != Operation::None && m_operation != Operation::Drag; }
 
@@ -114,6 +123,7 @@ private:
     KMHandleDrag m_drag;
     std::unique_ptr<KMDragSubject> m_subject;
     KMBrushSelect m_brushSelect;
+    KMBoneMarquee m_boneMarquee;
     Hover m_hover;
 
     // Owned as overlays; null before initialize()
