@@ -45,6 +45,11 @@ QString mirroredName(const QString &name);
 KMBone *pushNewBone(KMBoneContainer *container);
 /// One macro: a new bone in the active container, or else in the first one that isn't locked, or in a new one.
 KMBone *createBone();
+/// The active container, or else the first one that isn't locked, or a new one.
+KMBoneContainer *containerForNew();
+/// A new bone between two places as the views show them, under a parent, null for the top. It becomes the selected one.
+KMBone *pushDrawnBone(KMBoneContainer *container, KMBone *parent, const kvm::Vector3 &head, const kvm::Vector3 &tail,
+                      bool isFloating);
 void pushCopies(KMBoneContainer *container); ///< of the selected bones with all below them; these become selected
 void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones); ///< a partner for each
 void pushDivided(KMBone *bone); ///< into two halves; its children hang on the second

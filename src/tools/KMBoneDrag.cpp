@@ -82,23 +82,21 @@ kvm::Quaternion KMBoneDrag::localAxes() const
 
 bool KMBoneDrag::begin(const Grab &grab)
 {
-    return begin(grab, grabbed(), m_reach == Reach::Wholes);
-}
-
-bool KMBoneDrag::begin(const Grab &grab, const QVector<KMJointMove::Grabbed> &grabbed, bool takesChildren)
-{
     end();
-    if (grabbed.isEmpty())
+    const QVector<KMJointMove::Grabbed> ends = grabbed();
+    if (ends.isEmpty())
         return false;
     m_drag = grab.drag;
     const Vector3 &anchor = m_drag.start().anchor;
     KMJointMove::Options options;
-    options.takesChildren = takesChildren;
+    options.takesChildren = m_takesChildren;
     options.mirrors = gSolution->editFilter().symmetry;
     options.tolerance = mirrorTolerance(grab.camera, anchor);
-    m_move = KMJointMove(grabbed.first().bone->container(), grabbed, options, anchor);
-    if (KMSnapSearch::isOn() && m_drag.kind() == KMDragTransform::Kind::Move)
-        m_search = std::make_unique<KMSnapSearch>(QVector<KMSnapSearch::Moving>());
+    m_move = KMJointMove(ends.first().bone->container(), ends, options, anchor);
+    const int sessionOptions = KMSnapSearch::isOn() ? gSolution->snapOptions() : 0;
+    const int snapOptions = m_snapOptions >= 0 ? m_snapOptions : sessionOptions;
+    if (snapOptions != 0 && m_drag.kind() == KMDragTransform::Kind::Move)
+        m_search = std::make_unique<KMSnapSearch>(QVector<KMSnapSearch::Moving>(), snapOptions);
     return !m_move.isEmpty();
 }
 

@@ -15,14 +15,16 @@ public:
 
     explicit KMBoneDrag(Reach reach)
         : m_reach(reach)
+        , m_takesChildren(reach == Reach::Wholes)
     {
     }
 
     std::optional<kvm::Vector3> centre() const override; ///< the mean of the places that are selected
     kvm::Quaternion localAxes() const override;          ///< of the current bone, as it is shown
     bool begin(const Grab &grab) override;
-    /// For tools that move other ends than the selected ones.
-    bool begin(const Grab &grab, const QVector<KMJointMove::Grabbed> &grabbed, bool takesChildren);
+    void setTakesChildren(bool takes) { m_takesChildren = takes; } ///< what hangs on a moved joint moves along
+    /// A move goes by these bits of KMSnapOption; below 0 it goes by those of the session.
+    void setSnapOptions(int options) { m_snapOptions = options; }
     KMDragTransform apply(const KMDragTransform &transform, const KMCameraNode &camera) override;
     void commit() override;
     void cancel() override;
@@ -36,6 +38,8 @@ private:
     void end();
 
     Reach m_reach;
+    bool m_takesChildren;
+    int m_snapOptions = -1;
     KMJointMove m_move;
     KMHandleDrag m_drag;
     std::unique_ptr<KMSnapSearch> m_search; // null where nothing snaps

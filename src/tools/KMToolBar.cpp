@@ -6,6 +6,7 @@
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
 #include "tools/KMToolBevel.h"
+#include "tools/KMToolBone.h"
 #include "tools/KMToolErase.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
@@ -42,6 +43,8 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolSRT>();
     case KMToolKind::Extrude:
         return std::make_unique<KMToolExtrude>();
+    case KMToolKind::Bone:
+        return std::make_unique<KMToolBone>();
     case KMToolKind::Bevel:
         return std::make_unique<KMToolBevel>();
     default:
