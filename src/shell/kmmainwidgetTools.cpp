@@ -41,6 +41,7 @@ QWidget *makePage(KMTool *tool)
     case KMToolKind::Scale:
     case KMToolKind::Universal:
     case KMToolKind::SRT:
+    case KMToolKind::Animation:
         return new KMUnivPage(static_cast<KMToolUniv *>(tool));
     case KMToolKind::Extrude:
         return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));

@@ -44,6 +44,8 @@ int defaultMode(int toolId)
         return Rotates | HasRing | HasCentre;
     case KMToolKind::Scale:
         return Scales | HasCentre;
+    case KMToolKind::Animation:
+        return Translates | Rotates | HasRing | HasCentre;
     default:
         return Everything;
     }
@@ -274,9 +276,19 @@ void KMToolUniv::pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &eve
 {
     m_widget->camera()->setPivot(hit.point);
     if (clickBone(hit, event.modifiers()))
-        beginDrag(m_handleMode & Translates ? Move | AsItIs : int(Move), hit.point, event, nullptr);
+        beginDrag(dragCode(hit), hit.point, event, nullptr);
     else
         m_widget = nullptr;
+}
+
+int KMToolUniv::dragCode(const KMBonePicker::Hit &) const
+{
+    return m_handleMode & Translates ? Move | AsItIs : int(Move);
+}
+
+QString KMToolUniv::statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const
+{
+    return drag.statusText(transform);
 }
 
 bool KMToolUniv::clickBone(const KMBonePicker::Hit &hit, Qt::KeyboardModifiers modifiers)
@@ -417,7 +429,7 @@ void KMToolUniv::drag(Qt::KeyboardModifiers modifiers)
         m_hint->setLines({*snapPoint, *snapPoint}, {{0, 1}});
     m_hint->setVisible(bool(snapPoint));
     m_value = m_drag.valueText(transform);
-    gSolution->setProgress(m_drag.statusText(transform));
+    gSolution->setProgress(statusText(m_drag, transform));
     emit valueChanged(m_value);
 }
 

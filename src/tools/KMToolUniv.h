@@ -67,6 +67,11 @@ protected:
     bool isSymmetric() const override { return true; }
     virtual KMPickRequest requestFor(float margin) const; ///< what the mouse may pick; margin in pixels
     virtual bool pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const;
+    /// Of elements and bones the one that the mouse means; the bone goes before the element when both are filled in.
+    virtual bool pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
+                         KMBonePicker::Hit &bone) const;
+    virtual int dragCode(const KMBonePicker::Hit &) const; ///< what a drag at it does, of KMHandleCode
+    virtual QString statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const;
 
 private:
     enum class Operation { None, Drag, Square, Lasso, Brush, Flow };
@@ -85,8 +90,6 @@ private:
 
     bool canShowHandle(const KMCameraNode &camera) const;
     int handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const;
-    bool pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
-                 KMBonePicker::Hit &bone) const;
     void pressElement(const KMPickRequest &hit, const KMMouseEvent &event);
     void pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &event);
     void begin(Operation operation);
