@@ -4,6 +4,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 
 #include <cmath>
 
@@ -42,7 +43,7 @@ KMJointMove::KMJointMove(KMBoneContainer *container, const QVector<Grabbed> &gra
     if (options.takesChildren)
         carryChildren(bones);
     if (options.mirrors) {
-        container->pairMirrorBones(options.tolerance);
+        KMBoneEdit::pairForEdits(container, options.tolerance);
         pair(bones, anchor, options.tolerance);
     }
     for (int i = 0; i < bones.size(); ++i) {

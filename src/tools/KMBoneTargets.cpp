@@ -8,6 +8,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 #include "rig/KMBoneTreeCommands.h"
 
 #include <QCoreApplication>
@@ -98,8 +99,8 @@ bool click(const KMBonePicker::Hit &hit, Mode mode)
     const bool isSelected = (hit.bone->selectMask() & ends) == ends;
     const bool isCurrent = container() == hit.bone->container();
     if (isSelected && isCurrent && mode != Mode::Remove) {
-        if (gSolution->currentBone() != hit.bone)
-            gSolution->setCurrentBone(hit.bone); // of several that are selected it is the one at hand
+        if (gSolution->currentBone() != hit.bone) // of several that are selected it is the one at hand
+            gSolution->push(new selectBoneCommand(hit.bone, hit.bone->selectMask()));
         return true;
     }
     const bool removes = mode == Mode::Remove && isSelected;
@@ -150,7 +151,7 @@ void deleteBone(KMBone *bone, float mirrorTolerance)
 {
     QList<KMBone *> bones{bone};
     if (gSolution->editFilter().symmetry) {
-        bone->container()->pairMirrorBones(mirrorTolerance);
+        KMBoneEdit::pairForEdits(bone->container(), mirrorTolerance);
         KMBone *partner = bone->mirrorBone();
         if (partner && partner != bone && !partner->isLocked())
             bones << partner;

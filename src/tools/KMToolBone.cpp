@@ -324,7 +324,7 @@ void KMToolBone::makeBone()
     const bool mirrors = isMirrored(); // by the rig as it is now
     KMBoneContainer *container = m_drawn.container ? m_drawn.container.data() : KMBoneEdit::containerForNew();
     if (mirrors)
-        container->pairMirrorBones(m_mirrorTolerance);
+        KMBoneEdit::pairForEdits(container, m_mirrorTolerance);
     KMBone *bone = KMBoneEdit::pushDrawnBone(container, m_drawn.parent, m_drawn.head, m_drawn.tail, m_drawn.isFloating);
     if (mirrors)
         KMBoneEdit::pushMirrored(container, {bone});
