@@ -258,34 +258,6 @@ bool KMToolUniv::pick(const KMCameraNode &camera, const QPointF &position, KMPic
     return KMElementClick::pick(camera, position, request);
 }
 
-bool KMToolUniv::pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
-                         KMBonePicker::Hit &bone) const
-{
-    bone = KMBoneTargets::pickBefore(camera, position);
-    if (bone.isHit()) {
-        KMPicker::clearHot();
-        return true;
-    }
-    if (pick(camera, position, request))
-        return true;
-    bone = KMBoneTargets::pickBehind(camera, position);
-    return bone.isHit();
-}
-
-void KMToolUniv::pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &event)
-{
-    m_widget->camera()->setPivot(hit.point);
-    if (clickBone(hit, event.modifiers()))
-        beginDrag(dragCode(hit), hit.point, event, nullptr);
-    else
-        m_widget = nullptr;
-}
-
-int KMToolUniv::dragCode(const KMBonePicker::Hit &) const
-{
-    return m_handleMode & Translates ? Move | AsItIs : int(Move);
-}
-
 QString KMToolUniv::statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const
 {
     return drag.statusText(transform);
@@ -348,40 +320,6 @@ void KMToolUniv::begin(Operation operation)
     m_operation = operation;
     m_hasMoved = false;
     setEditing(true);
-}
-
-void KMToolUniv::beginMarquee(const KMMouseEvent &event)
-{
-    if (!hasMarquee())
-        return begin(Operation::Square);
-    switch (gSolution->editFilter().shape) {
-    case KMEditFilter::Shape::Square:
-        return begin(Operation::Square);
-    case KMEditFilter::Shape::Lasso:
-        m_lasso->begin(m_pressPos);
-        return begin(Operation::Lasso);
-    case KMEditFilter::Shape::Brush:
-        return beginStroke(Operation::Brush, event, m_brushRadius, DP_SEL_FRAME);
-    }
-}
-
-void KMToolUniv::beginStroke(Operation operation, const KMMouseEvent &event, float radius, int displayColor)
-{
-    begin(operation);
-    m_brush->setRadius(radius);
-    m_brush->setDisplayColor(displayColor);
-    m_brush->moveTo(m_pressPos);
-    m_brushSelect.begin(KMMeshSelect::marqueeMode(event.modifiers()), radius);
-    m_boneMarquee.begin(KMMeshSelect::marqueeMode(event.modifiers()));
-    strokeTo(m_pressPos, m_pressPos);
-}
-
-void KMToolUniv::strokeTo(const QPointF &from, const QPointF &to)
-{
-    m_brushSelect.strokeTo(from, to);
-    const double radius = double(m_brush->radius());
-    m_boneMarquee.touch(*m_widget->camera(),
-                        [&](const QPointF &point) { return KMWindowGeometry::distance(point, from, to) <= radius; });
 }
 
 bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
@@ -505,56 +443,6 @@ void KMToolUniv::tellFixed(const QPointF &position)
         return;
     KMElementClick::tellWhyFixed(*m_fixedMesh);
     m_fixedMesh = nullptr;
-}
-
-void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
-{
-    const bool isTouching = operation == Operation::Brush || operation == Operation::Flow;
-    const bool hasTouched = m_brushSelect.hasTouched() || m_boneMarquee.hasTouched();
-    const bool isClick = !m_hasLeftPress && !(isTouching && hasTouched);
-    if (KMBoneTargets::container() && hasMarquee() && !isClick)
-        return commitBoneMarquee(operation, modifiers);
-    m_boneMarquee.cancel();
-    if (isTouching)
-        m_brushSelect.commit(operation == Operation::Flow ? tr("Flow Select") : tr("Brush Select"));
-    if (isClick) {
-        const bool isNews = m_cage && gSolution->currentNode() != m_cage;
-        if (isNews && !(modifiers & Qt::ControlModifier))
-            KMElementClick::choose(m_cage, KMMeshSelect::clickMode(modifiers));
-        else if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
-            clickNothing();
-        return;
-    }
-    if (!hasMarquee())
-        return;
-    const KMMeshSelect::Mode mode = KMMeshSelect::marqueeMode(modifiers);
-    if (operation == Operation::Square)
-        KMMarqueeSelect::selectRect(QRectF(m_pressPos, m_lastPos).normalized(), mode);
-    if (operation == Operation::Lasso)
-        KMMarqueeSelect::selectLasso(m_lasso->polygon(), mode);
-}
-
-/// While a rig is current, an area means its bones.
-void KMToolUniv::commitBoneMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
-{
-    m_brushSelect.cancel();
-    const QRectF rect = QRectF(m_pressPos, m_lastPos).normalized();
-    const QPolygonF lasso = m_lasso->polygon();
-    switch (operation) {
-    case Operation::Square:
-        m_boneMarquee.begin(KMMeshSelect::marqueeMode(modifiers));
-        m_boneMarquee.touch(*m_widget->camera(), [&](const QPointF &point) { return rect.contains(point); });
-        return m_boneMarquee.commit(tr("Rect Select"));
-    case Operation::Lasso:
-        m_boneMarquee.begin(KMMeshSelect::marqueeMode(modifiers));
-        m_boneMarquee.touch(*m_widget->camera(),
-                            [&](const QPointF &point) { return lasso.containsPoint(point, Qt::WindingFill); });
-        return m_boneMarquee.commit(tr("Lasso Select"));
-    case Operation::Brush:
-        return m_boneMarquee.commit(tr("Brush Select"));
-    default:
-        return m_boneMarquee.cancel();
-    }
 }
 
 // What it shows
