@@ -37,6 +37,16 @@ bool makeSymmetric(kvm::Vector3 &a, kvm::Vector3 &b, const KMSymmetryPlane &plan
 
 } // namespace
 
+QList<KMBone *> selectedWithLength(const KMBoneContainer &container)
+{
+    QList<KMBone *> bones;
+    for (KMBone *bone : container.selectedBones()) {
+        if (!bone->isPoint())
+            bones << bone;
+    }
+    return bones;
+}
+
 void pushChanges(const Changes &changes)
 {
     for (const Change &change : changes) {

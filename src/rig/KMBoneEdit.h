@@ -40,6 +40,8 @@ KMBoneRest reflected(const KMBone *bone, const KMSymmetryPlane &plane);    ///< 
 /// As KMBoneContainer::pairMirrorBones(), but bones that start on the plane find their partners too, by their tails.
 void pairForEdits(KMBoneContainer *container, float tolerance);
 
+QList<KMBone *> selectedWithLength(const KMBoneContainer &container); ///< the selected bones that are no points
+
 /// The name of a bone's partner by the marks of the sides that are in use; empty for a name without one.
 QString mirroredName(const QString &name);
 
