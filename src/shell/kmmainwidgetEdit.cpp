@@ -41,6 +41,7 @@
 #include "shell/docks/kmtexturewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/kmpreferenceswidget.h"
+#include "tools/KMBoneTargets.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -170,7 +171,8 @@ void kmmainwidget::onMenuRename()
 void kmmainwidget::onMenuSelectionDelete()
 {
     commitOpenEditors();
-    if (editInPanel(KMDockWidget::Edit::Delete) || (worksOnElements() && KMMeshEdit::deleteSelection()))
+    if (editInPanel(KMDockWidget::Edit::Delete)
+        || (worksOnElements() && (KMMeshEdit::deleteSelection() || KMBoneTargets::deleteSelected())))
         return;
     if (worksOnElements() && areElementsSelected()) {
         gSolution->showMessage(

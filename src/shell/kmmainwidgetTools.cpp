@@ -10,6 +10,7 @@
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/toolpages/KMBevelPage.h"
+#include "shell/toolpages/KMBonePage.h"
 #include "shell/toolpages/KMExtrudePage.h"
 #include "shell/toolpages/KMSelPage.h"
 #include "shell/toolpages/KMUnivPage.h"
@@ -17,6 +18,7 @@
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
 #include "tools/KMToolBevel.h"
+#include "tools/KMToolBone.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSel.h"
@@ -39,9 +41,12 @@ QWidget *makePage(KMTool *tool)
     case KMToolKind::Scale:
     case KMToolKind::Universal:
     case KMToolKind::SRT:
+    case KMToolKind::Animation:
         return new KMUnivPage(static_cast<KMToolUniv *>(tool));
     case KMToolKind::Extrude:
         return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
+    case KMToolKind::Bone:
+        return new KMBonePage(static_cast<KMToolBone *>(tool));
     case KMToolKind::Bevel:
         return new KMBevelPage(static_cast<KMToolBevel *>(tool));
     default:

@@ -5,7 +5,9 @@
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
+#include "tools/KMToolAnimation.h"
 #include "tools/KMToolBevel.h"
+#include "tools/KMToolBone.h"
 #include "tools/KMToolErase.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
@@ -42,6 +44,10 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolSRT>();
     case KMToolKind::Extrude:
         return std::make_unique<KMToolExtrude>();
+    case KMToolKind::Animation:
+        return std::make_unique<KMToolAnimation>();
+    case KMToolKind::Bone:
+        return std::make_unique<KMToolBone>();
     case KMToolKind::Bevel:
         return std::make_unique<KMToolBevel>();
     default:

@@ -18,7 +18,7 @@ constexpr KMToolKind kinds[] = {
     {KMToolKind::Select, "squares100", QT_TRANSLATE_NOOP("KMTool", "Select"), "toolSelect", "S", elements,
      QT_TRANSLATE_NOOP("KMTool", "Select loops, rings, belts, patches and paths of a mesh")},
     {KMToolKind::Erase, "eraser9", QT_TRANSLATE_NOOP("KMTool", "Erase"), "toolErase", "D", elements,
-     QT_TRANSLATE_NOOP("KMTool", "Delete the vertex, edge or face that is clicked")},
+     QT_TRANSLATE_NOOP("KMTool", "Delete the vertex, edge, face or bone that is clicked")},
     {KMToolKind::Universal, "earth", QT_TRANSLATE_NOOP("KMTool", "Universal"), "toolUniversal", "V", allTargets,
      QT_TRANSLATE_NOOP("KMTool", "Select elements; move, rotate and scale them")},
     {KMToolKind::Cutter, "cutter", QT_TRANSLATE_NOOP("KMTool", "Cutter"), "toolCutter", "K", elements,

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "render/KMBonePicker.h"
 #include "render/KMPickRequest.h"
+#include "tools/KMBoneMarquee.h"
 #include "tools/KMBrushSelect.h"
 #include "tools/KMDragSubject.h"
 #include "tools/KMTool.h"
@@ -58,11 +60,18 @@ protected:
 
     /// Selects what was pressed; whether a drag moves it now.
     virtual bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
+    /// The same for a bone.
+    virtual bool clickBone(const KMBonePicker::Hit &hit, Qt::KeyboardModifiers modifiers);
     virtual void clickNothing();
     virtual bool hasMarquee() const { return true; }
     bool isSymmetric() const override { return true; }
     virtual KMPickRequest requestFor(float margin) const; ///< what the mouse may pick; margin in pixels
     virtual bool pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const;
+    /// Of elements and bones the one that the mouse means; the bone goes before the element when both are filled in.
+    virtual bool pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
+                         KMBonePicker::Hit &bone) const;
+    virtual int dragCode(const KMBonePicker::Hit &) const; ///< what a drag at it does, of KMHandleCode
+    virtual QString statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const;
 
 private:
     enum class Operation { None, Drag, Square, Lasso, Brush, Flow };
@@ -82,6 +91,7 @@ private:
     bool canShowHandle(const KMCameraNode &camera) const;
     int handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const;
     void pressElement(const KMPickRequest &hit, const KMMouseEvent &event);
+    void pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &event);
     void begin(Operation operation);
     void beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit);
     void beginMarquee(const KMMouseEvent &event);
@@ -92,6 +102,8 @@ private:
     void clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget);
     void tellFixed(const QPointF &position);
     void commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    void commitBoneMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    void strokeTo(const QPointF &from, const QPointF &to);
     bool isStroke() const { return m_operation == Operation::Brush || m_operation == Operation::Flow; }
     bool isMarquee() const { return m_operation != Operation::None && m_operation != Operation::Drag; }
 
@@ -114,6 +126,7 @@ private:
     KMHandleDrag m_drag;
     std::unique_ptr<KMDragSubject> m_subject;
     KMBrushSelect m_brushSelect;
+    KMBoneMarquee m_boneMarquee;
     Hover m_hover;
 
     // Owned as overlays; null before initialize()
