@@ -18,6 +18,7 @@
 #include "shell/attributes/KMPbrShaderPage.h"
 #include "shell/attributes/KMPrimitivePages.h"
 #include "shell/attributes/KMProjectPage.h"
+#include "shell/attributes/KMRigTagPages.h"
 #include "shell/attributes/KMTagPage.h"
 #include "shell/attributes/KMTexturePages.h"
 #include "shell/attributes/KMValuePage.h"
@@ -66,6 +67,12 @@ constexpr PageRow pageRows[] = {
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},
     {KMNodeType::TagNormal, 0, &make<KMNormalTagPage, KMTagNormal>},
+    {KMNodeType::TagRigidBody, 0, &make<KMRigidBodyPage, KMTagRigidBody>},
+    {KMNodeType::TagJoint, 0, &make<KMJointPage, KMTagJoint>},
+    {KMNodeType::TagGroup, 0, &make<KMTagGroupPage, KMTagGroup>},
+    {KMNodeType::TagText, 0, &make<KMTagTextPage, KMTagText>},
+    {KMNodeType::TagSelection, 0, &make<KMTagSelectionPage, KMTagSelection>},
+    {KMNodeType::TagFloatValue, 0, &make<KMTagFloatValuePage, KMTagFloatValue>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
 };

@@ -56,6 +56,7 @@ void KMNodePage::rename(const QString &text)
 
 void KMNodePage::refresh()
 {
+    KMAttributePage::refresh();
     m_name->showText(m_node->name());
     if (!m_visible)
         return;
