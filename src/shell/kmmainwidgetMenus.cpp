@@ -11,6 +11,7 @@
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/docks/kmnodewidget.h"
+#include "shell/docks/kmsetupwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
 #include "tools/KMBoneComContainer.h"
@@ -204,6 +205,7 @@ void kmmainwidget::createWidgetMenu()
     m_widgetMenu = addMenu(tr("Widget(&W)"), "Menu Widget");
     for (const KMDockWidget *dock : std::as_const(m_docks))
         m_widgetMenu->addAction(dock->toggleViewAction());
+    m_widgetMenu->addAction(findChild<kmsetupwidget *>()->sheetAction());
     connect(m_widgetMenu, &QMenu::aboutToShow, this, &kmmainwidget::onPreMenuWidget);
     listActionGroup(m_widgetMenu, action("Menu Widget"));
 }
