@@ -32,7 +32,7 @@ QList<KMTagJoint *> KMRigTags::joints(const KMBoneContainer *container)
     return liveTags<KMTagJoint>(container, KMNodeType::TagJoint);
 }
 
-QList<KMTagRigidBody *> KMRigTags::bodies(const KMBone *bone)
+QList<KMTagRigidBody *> KMRigTags::bodiesBeside(const KMBone *bone)
 {
     return bodies(bone ? bone->container() : nullptr);
 }

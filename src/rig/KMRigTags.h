@@ -12,6 +12,6 @@ namespace KMRigTags {
 
 QList<KMTagRigidBody *> bodies(const KMBoneContainer *container); ///< none for null
 QList<KMTagJoint *> joints(const KMBoneContainer *container);
-QList<KMTagRigidBody *> bodies(const KMBone *bone); ///< of the rig that the bone belongs to
+QList<KMTagRigidBody *> bodiesBeside(const KMBone *bone); ///< of the rig that the bone belongs to; none for null
 
 } // namespace KMRigTags

@@ -181,7 +181,7 @@ using JointBuilder = Builder<KMTagJoint, editTagJointCommand>;
 /// A side of a joint, as the place of its body in the list of the rig.
 void addSide(JointBuilder &table, const QString &title, QPointer<KMTagRigidBody> JointData::*side)
 {
-    const auto bodiesFor = [](KMTagBase *tag) { return KMRigTags::bodies(JointBuilder::of(tag)->bone()); };
+    const auto bodiesFor = [](KMTagBase *tag) { return KMRigTags::bodiesBeside(JointBuilder::of(tag)->bone()); };
     table.columns.append({title,
                           [bodiesFor, side](KMTagBase *tag) {
                               return bodiesFor(tag).indexOf(JointBuilder::of(tag)->parameters().*side) + 1;

@@ -1,7 +1,7 @@
 #include "shell/KMSheetModel.h"
 
 #include "core/KMTagBase.h"
-#include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 
 KMSheetModel::KMSheetModel(const QString &stepText, const QVector<Column> &columns, QObject *parent)
     : QAbstractTableModel(parent)
@@ -84,7 +84,7 @@ bool KMSheetModel::setData(const QModelIndex &index, const QVariant &value, int 
         if (isUsed(this->index(row, index.column())))
             tags << m_tags[row];
     }
-    const KMUndoMacro macro(m_stepText);
+    const KMWaitingMacro macro(m_stepText);
     bool isTaken = false;
     for (KMTagBase *tag : std::as_const(tags))
         isTaken |= column.set(tag, entered);

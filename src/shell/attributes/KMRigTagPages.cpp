@@ -130,11 +130,11 @@ void KMJointPage::addConnection(const QString &label, const QString &key, QPoint
 {
     QComboBox *box = addChoice(label, key);
     connect(box, qOverload<int>(&QComboBox::activated), this, [this, side](int entry) {
-        KMTagRigidBody *body = KMRigTags::bodies(m_tag->bone()).value(entry - 1);
+        KMTagRigidBody *body = KMRigTags::bodiesBeside(m_tag->bone()).value(entry - 1);
         edit([side, body](JointData &p) { p.*side = body; });
     });
     onRefresh([this, box, side] {
-        const QList<KMTagRigidBody *> bodies = KMRigTags::bodies(m_tag->bone());
+        const QList<KMTagRigidBody *> bodies = KMRigTags::bodiesBeside(m_tag->bone());
         QStringList names{tr("None")};
         for (const KMTagRigidBody *body : bodies)
             names << body->name();

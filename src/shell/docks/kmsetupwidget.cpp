@@ -213,7 +213,7 @@ void kmsetupwidget::refresh()
     }
     refillGroups();
     refillItems();
-    if (m_sheet && m_sheet->isVisible())
+    if (m_sheet)
         m_sheet->refresh();
 }
 
