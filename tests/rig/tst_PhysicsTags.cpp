@@ -472,14 +472,20 @@ void tst_PhysicsTags::rememberedSelection()
     tag->recall(KMTagSelection::Recall::Replace);
     QCOMPARE(scene.session.stack().count(), steps + 1); // nothing to do
 
-    // The corner of the grid goes and takes its vertices along; what is left keeps its meaning.
-    {
+    // A corner of the grid goes, which nothing remembers; then one that is remembered, and its face with it.
+    const auto remove = [mesh](int vertex) {
         const KMUndoMacro macro(QStringLiteral("delete"));
-        KMMeshEdit::deleteSelection(*mesh);
-    }
-    QVERIFY(tag->parameters().vertices.size() < stored.vertices.size() || mesh->vertexCount() == 9);
-    for (const int v : tag->parameters().vertices)
-        QVERIFY(mesh->vertex(v));
+        KMMeshEdit::deleteVertex(*mesh, vertex);
+        KMMeshEdit::compact(*mesh);
+    };
+    remove(0);
+    const KMStoredSelection moved{{3, 7}, {2}, {{4, 7}}, {{2, 2}}};
+    QVERIFY(tag->parameters() == moved);
+    remove(7);
+    const KMStoredSelection rest{{3}, {}, {}, {}};
+    QVERIFY(tag->parameters() == rest);
+    scene.session.stack().undo();
+    QVERIFY(tag->parameters() == moved);
     scene.session.stack().undo();
     QVERIFY(tag->parameters() == stored);
 }

@@ -10,9 +10,9 @@
 #include "core/KMTagCommands.h"
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
-#include "mesh/KMTagNormal.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
+#include "shell/KMTagMenu.h"
 #include "shell/docks/KMNodeRowDelegate.h"
 #include "tools/KMNodeComContainer.h"
 
@@ -268,22 +268,8 @@ void kmnodewidget::showMenu(const QPoint &position)
     }
     if (m_nodeCommands && row && row == m_tree->currentItem())
         m_nodeCommands->addMenusFor(KMTreeWidget::nodeOf(row), menu);
-    if (row)
-        addTagEntries(menu, KMTreeWidget::nodeOf(row));
+    KMTagMenu::addEntries(menu, KMTreeWidget::nodeOf(row));
     menu->popup(globalPosition);
-}
-
-/// A mesh has one normal tag that counts; a second one would lie idle.
-void kmnodewidget::addTagEntries(QMenu *menu, KMContainerNode *node)
-{
-    const KMTagNormal wanted;
-    if (!node || !KMNodeEdits::canTake(node, &wanted))
-        return;
-    menu->addSeparator();
-    QAction *add = menu->addAction(tr("Add Normal Tag"), this,
-                                   [node] { gSolution->push(new addTagCommand(node, new KMTagNormal)); });
-    add->setObjectName(QStringLiteral("addNormalTag"));
-    add->setStatusTip(tr("Let creases and normals of this mesh be edited"));
 }
 
 void kmnodewidget::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)

@@ -51,7 +51,6 @@ private:
     void selectTag(KMTagBase *tag);
     void clearTagSelection();
     void showMenu(const QPoint &position);
-    void addTagEntries(QMenu *menu, KMContainerNode *node);
     void showTagMenu(KMTagBase *tag, const QPoint &globalPosition);
     void showHeaderMenu(const QPoint &position);
     void dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &position, bool asCopy);
