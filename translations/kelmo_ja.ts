@@ -36,6 +36,28 @@
     </message>
 </context>
 <context>
+    <name>BoneComMakeRigidBody</name>
+    <message>
+        <source>Bone Selection not found.</source>
+        <translation type="unfinished">選択中のボーンがありません。</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>With Joint</source>
+        <translation>ジョイントを付ける</translation>
+    </message>
+</context>
+<context>
+    <name>BoneComMakeSideJoint</name>
+    <message>
+        <source>Two RigidBody Selection not found.</source>
+        <translation>剛体が二つ選択されていません。</translation>
+    </message>
+</context>
+<context>
     <name>BoneComSymmetrize</name>
     <message>
         <source>Bone Selection not found.</source>
@@ -500,6 +522,22 @@
         <source>Edge Selection not found.</source>
         <translation>辺が選択されていません。</translation>
     </message>
+    <message>
+        <source>Make RigidBody</source>
+        <translation>剛体の作成</translation>
+    </message>
+    <message>
+        <source>Give the selected bones rigid bodies of their length</source>
+        <translation>選択したボーンに、その長さの剛体を付けます</translation>
+    </message>
+    <message>
+        <source>Make Side Joint</source>
+        <translation>サイドジョイントの作成</translation>
+    </message>
+    <message>
+        <source>Hold the two selected rigid bodies together; with Ctrl the other is first</source>
+        <translation>選択した二つの剛体をつなぎます。Ctrl で順序が逆になります</translation>
+    </message>
 </context>
 <context>
     <name>KMBoneContainer</name>
@@ -848,6 +886,55 @@
     </message>
 </context>
 <context>
+    <name>KMDBoneContainerBody</name>
+    <message>
+        <source>The scale makes the bone %1 endless; it keeps its length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bone %1 has the unknown view type %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A record of type 0x%1 is no bone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file has more bones than it can be believed to hold</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bone %1 names an unknown parent and was put at the top</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bone %1 stands below itself and was put at the top</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A bone lies too deep in its rig and was moved up</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KMDBoneKeys</name>
+    <message>
+        <source>The keys of %1 were left out: there is no such bone</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KMDDisplayBlock</name>
+    <message>
+        <source>display groups</source>
+        <translation type="unfinished">表示枠</translation>
+    </message>
+    <message>
+        <source>%1 items of the display group %2 aren&apos;t in the file</source>
+        <translation>表示枠 %2 の項目のうち %1 個がファイルにありません</translation>
+    </message>
+</context>
+<context>
     <name>KMDMeshBody</name>
     <message>
         <source>A face of %1 corners can&apos;t be</source>
@@ -878,6 +965,17 @@
     </message>
 </context>
 <context>
+    <name>KMDPhysicsTags</name>
+    <message>
+        <source>The rigid body %1 has the unknown kind %2</source>
+        <translation>剛体 %1 の種類 %2 は不明です</translation>
+    </message>
+    <message>
+        <source>The scale makes the rigid body %1 endless; it keeps its size</source>
+        <translation>倍率により剛体 %1 が無限大になるため、大きさはそのままです</translation>
+    </message>
+</context>
+<context>
     <name>KMDReadContext</name>
     <message>
         <source>%1 stays without its shape of %2 faces, which are too many for a file of this size; a change of its settings makes it</source>
@@ -894,6 +992,10 @@
     <message>
         <source>The scale moves a point out of all numbers; it was put at the origin</source>
         <translation>スケールにより座標が表せる範囲を超えた点を原点に置きました</translation>
+    </message>
+    <message>
+        <source>The power of %1 has no place in the file</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -959,14 +1061,6 @@
         <translation>不明な種類 0x%1 のノードです</translation>
     </message>
     <message>
-        <source>display groups</source>
-        <translation>表示枠</translation>
-    </message>
-    <message>
-        <source>The display group %1 was left out</source>
-        <translation>表示枠 %1 を除きました</translation>
-    </message>
-    <message>
         <source>current nodes</source>
         <translation>現在のノード</translation>
     </message>
@@ -1015,6 +1109,21 @@
     <message>
         <source>shaders</source>
         <translation>シェーダー</translation>
+    </message>
+</context>
+<context>
+    <name>KMDSmallTags</name>
+    <message>
+        <source>%1 elements of a remembered selection aren&apos;t in the mesh</source>
+        <translation>記憶した選択のうち %1 個の要素がメッシュにありません</translation>
+    </message>
+    <message>
+        <source>The number of the tag %1 has no place in the file</source>
+        <translation>タグ %1 の数値はファイルに保存できません</translation>
+    </message>
+    <message>
+        <source>The group tag %1 has the unknown mode %2</source>
+        <translation>グループタグ %1 のモード %2 は不明です</translation>
     </message>
 </context>
 <context>
@@ -1078,6 +1187,10 @@
         <source>The tag %1 of %2 was left out: this release has none of its kind, %3</source>
         <translation>%2 のタグ %1 は省かれました。この版にはその種類がありません: %3</translation>
     </message>
+    <message>
+        <source>The tag %1 was left out: %2 can&apos;t hold it</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KMDViewBlocks</name>
@@ -1103,6 +1216,13 @@
     <message>
         <source>The node %1 has no place in the file</source>
         <translation>ノード %1 はこのファイルに保存できません</translation>
+    </message>
+</context>
+<context>
+    <name>KMDisplayAnchorNode</name>
+    <message>
+        <source>AnchorDisp</source>
+        <translation>アンカー表示</translation>
     </message>
 </context>
 <context>
@@ -1246,6 +1366,13 @@
     <message>
         <source>Selected Normal</source>
         <translation>選択した法線</translation>
+    </message>
+</context>
+<context>
+    <name>KMDisplayNode</name>
+    <message>
+        <source>Disp</source>
+        <translation>表示枠</translation>
     </message>
 </context>
 <context>
@@ -1677,6 +1804,53 @@
     <message>
         <source>Int</source>
         <translation>整数</translation>
+    </message>
+</context>
+<context>
+    <name>KMJointPage</name>
+    <message>
+        <source>Joint</source>
+        <translation type="unfinished">ジョイント</translation>
+    </message>
+    <message>
+        <source>Connection A</source>
+        <translation>接続 A</translation>
+    </message>
+    <message>
+        <source>Connection B</source>
+        <translation>接続 B</translation>
+    </message>
+    <message>
+        <source>Linear Limit</source>
+        <translation>移動制限</translation>
+    </message>
+    <message>
+        <source>Angular Limit</source>
+        <translation>回転制限</translation>
+    </message>
+    <message>
+        <source>Sping</source>
+        <translation>ばね</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished">なし</translation>
+    </message>
+    <message>
+        <source>Min</source>
+        <translation>最小</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>最大</translation>
     </message>
 </context>
 <context>
@@ -2529,6 +2703,140 @@
     </message>
 </context>
 <context>
+    <name>KMPhysicsColumns</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished">名前</translation>
+    </message>
+    <message>
+        <source>Bone</source>
+        <translation type="unfinished">ボーン</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation type="unfinished">移動 %1</translation>
+    </message>
+    <message>
+        <source>Scale %1</source>
+        <translation type="unfinished">拡大 %1</translation>
+    </message>
+    <message>
+        <source>Rotate %1</source>
+        <translation type="unfinished">回転 %1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished">なし</translation>
+    </message>
+    <message>
+        <source>Min</source>
+        <translation>最小</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>最大</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation type="unfinished">幅</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation type="unfinished">高さ</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation type="unfinished">奥行き</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Mass</source>
+        <translation>質量</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>Friction</source>
+        <translation>摩擦力</translation>
+    </message>
+    <message>
+        <source>Restitution</source>
+        <translation>反発力</translation>
+    </message>
+    <message>
+        <source>Config</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Collision Mask</source>
+        <translation>非衝突グループ</translation>
+    </message>
+    <message>
+        <source>Connection A</source>
+        <translation>接続 A</translation>
+    </message>
+    <message>
+        <source>Connection B</source>
+        <translation>接続 B</translation>
+    </message>
+    <message>
+        <source>Linear Limit %1 %2</source>
+        <translation>移動制限 %1 %2</translation>
+    </message>
+    <message>
+        <source>Angular Limit %1 %2</source>
+        <translation>回転制限 %1 %2</translation>
+    </message>
+    <message>
+        <source>Sping Linear %1</source>
+        <translation>ばね 移動 %1</translation>
+    </message>
+    <message>
+        <source>Sping Angular %1</source>
+        <translation>ばね 回転 %1</translation>
+    </message>
+</context>
+<context>
+    <name>KMPhysicsSheet</name>
+    <message>
+        <source>Edit RigidBody</source>
+        <translation>剛体の編集</translation>
+    </message>
+    <message>
+        <source>Edit Joint</source>
+        <translation>ジョイントの編集</translation>
+    </message>
+    <message>
+        <source>Physics Sheet</source>
+        <translation>物理シート</translation>
+    </message>
+    <message>
+        <source>Rig: %1</source>
+        <translation>リグ: %1</translation>
+    </message>
+    <message>
+        <source>There is no rig in the document</source>
+        <translation>リグがありません</translation>
+    </message>
+</context>
+<context>
     <name>KMPreviewPage</name>
     <message>
         <source>Apply</source>
@@ -2872,6 +3180,80 @@
     <message>
         <source>%1 would make %2 vertices and %3 faces, more than the memory holds; its result stays empty</source>
         <translation>%1 は頂点 %2 個と面 %3 個を作ることになり、メモリーに収まりません。結果は空のままです</translation>
+    </message>
+</context>
+<context>
+    <name>KMRigTagPages</name>
+    <message>
+        <source>Move</source>
+        <translation type="unfinished">移動</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation type="unfinished">回転</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>拡大縮小</translation>
+    </message>
+</context>
+<context>
+    <name>KMRigidBodyPage</name>
+    <message>
+        <source>RigidBody</source>
+        <translation type="unfinished">剛体</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Mass</source>
+        <translation>質量</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>Friction</source>
+        <translation>摩擦力</translation>
+    </message>
+    <message>
+        <source>Restitution</source>
+        <translation>反発力</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation type="unfinished">幅</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation type="unfinished">高さ</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation type="unfinished">奥行き</translation>
+    </message>
+    <message>
+        <source>Config</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Collision Mask</source>
+        <translation>非衝突グループ</translation>
     </message>
 </context>
 <context>
@@ -3689,6 +4071,140 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMTagFloatValue</name>
+    <message>
+        <source>FloatValue</source>
+        <translation>数値</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagFloatValuePage</name>
+    <message>
+        <source>FloatValue</source>
+        <translation>数値</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished">値</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagGroup</name>
+    <message>
+        <source>Group</source>
+        <translation type="unfinished">グループ化</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation type="unfinished">表示</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>非表示</translation>
+    </message>
+    <message>
+        <source>Show Selected</source>
+        <translation>選択したものだけ表示</translation>
+    </message>
+    <message>
+        <source>TagGroup Done</source>
+        <translation>グループタグの適用</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagGroupPage</name>
+    <message>
+        <source>Group</source>
+        <translation type="unfinished">グループ化</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation type="unfinished">モード</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation type="unfinished">適用</translation>
+    </message>
+    <message>
+        <source>Show or hide the nodes below this one</source>
+        <translation>このノードの下のノードを表示または非表示にします</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagJoint</name>
+    <message>
+        <source>Joint</source>
+        <translation type="unfinished">ジョイント</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagMenu</name>
+    <message>
+        <source>Add Normal Tag</source>
+        <translation type="unfinished">法線タグの追加</translation>
+    </message>
+    <message>
+        <source>Let creases and normals of this mesh be edited</source>
+        <translation type="unfinished">このメッシュの折り目と法線を編集できるようにします</translation>
+    </message>
+    <message>
+        <source>Add Selection Tag</source>
+        <translation>選択タグを追加</translation>
+    </message>
+    <message>
+        <source>Remember a selection of this mesh</source>
+        <translation>このメッシュの選択を記憶します</translation>
+    </message>
+    <message>
+        <source>Add Constraint Tag</source>
+        <translation>コンストレイントタグを追加</translation>
+    </message>
+    <message>
+        <source>Let the player of the model move this bone by a rule</source>
+        <translation>モデルの再生側がこのボーンを規則で動かすようにします</translation>
+    </message>
+    <message>
+        <source>Add RigidBody Tag</source>
+        <translation>剛体タグを追加</translation>
+    </message>
+    <message>
+        <source>Give this bone a body for the physics of the player</source>
+        <translation>このボーンに物理演算用の剛体を付けます</translation>
+    </message>
+    <message>
+        <source>Add Joint Tag</source>
+        <translation>ジョイントタグを追加</translation>
+    </message>
+    <message>
+        <source>Hold two rigid bodies together at this bone</source>
+        <translation>このボーンで二つの剛体をつなぎます</translation>
+    </message>
+    <message>
+        <source>Add Group Tag</source>
+        <translation>グループタグを追加</translation>
+    </message>
+    <message>
+        <source>Switch the nodes below this one together</source>
+        <translation>このノードの下のノードをまとめて切り替えます</translation>
+    </message>
+    <message>
+        <source>Add Text Tag</source>
+        <translation>テキストタグを追加</translation>
+    </message>
+    <message>
+        <source>Write a note on this node</source>
+        <translation>このノードにメモを書きます</translation>
+    </message>
+    <message>
+        <source>Add Float Tag</source>
+        <translation>数値タグを追加</translation>
+    </message>
+    <message>
+        <source>Keep a number on this node</source>
+        <translation>このノードに数値を持たせます</translation>
+    </message>
+</context>
+<context>
     <name>KMTagNormal</name>
     <message>
         <source>Normal</source>
@@ -3700,6 +4216,97 @@ Trying to Recover Files?</source>
     <message>
         <source>Name</source>
         <translation>名前</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagRigidBody</name>
+    <message>
+        <source>RigidBody</source>
+        <translation type="unfinished">剛体</translation>
+    </message>
+    <message>
+        <source>Sphere</source>
+        <translation>球</translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation>箱</translation>
+    </message>
+    <message>
+        <source>Capsule</source>
+        <translation>カプセル</translation>
+    </message>
+    <message>
+        <source>Kinematic</source>
+        <translation>ボーン追従</translation>
+    </message>
+    <message>
+        <source>Physics</source>
+        <translation>物理演算</translation>
+    </message>
+    <message>
+        <source>PhysFix</source>
+        <translation>物理演算 + ボーン位置合わせ</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagSelection</name>
+    <message>
+        <source>Selection</source>
+        <translation type="unfinished">選択</translation>
+    </message>
+    <message>
+        <source>Restore Selection</source>
+        <translation>選択の復元</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagSelectionPage</name>
+    <message>
+        <source>Selection Info</source>
+        <translation>選択の情報</translation>
+    </message>
+    <message>
+        <source>Vertices %1, edges %2, faces %3, UV %4</source>
+        <translation>頂点 %1、辺 %2、面 %3、UV %4</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Select what is remembered, and nothing else</source>
+        <translation>記憶したものだけを選択します</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>記憶</translation>
+    </message>
+    <message>
+        <source>Remember what is selected now</source>
+        <translation>今の選択を記憶します</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>読み込み</translation>
+    </message>
+    <message>
+        <source>Select what is remembered besides the rest</source>
+        <translation>記憶したものを選択に加えます</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagText</name>
+    <message>
+        <source>Text</source>
+        <translation type="unfinished">テキスト</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagTextPage</name>
+    <message>
+        <source>Text</source>
+        <translation type="unfinished">テキスト</translation>
     </message>
 </context>
 <context>
@@ -4535,6 +5142,20 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>addDisplayItemCommand</name>
+    <message>
+        <source>Add DisplayItem</source>
+        <translation>表示項目の追加</translation>
+    </message>
+</context>
+<context>
+    <name>addDisplayNodeCommand</name>
+    <message>
+        <source>Add DisplayNode</source>
+        <translation>表示枠の追加</translation>
+    </message>
+</context>
+<context>
     <name>addFaceCommand</name>
     <message>
         <source>Add Face</source>
@@ -4840,6 +5461,55 @@ Trying to Recover Files?</source>
     <message>
         <source>Edit BasicShaderNode</source>
         <translation>シェーダーの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagConstraintCommand</name>
+    <message>
+        <source>Edit Constraint</source>
+        <translation>コンストレイントの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagFloatCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation>タグの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagGroupCommand</name>
+    <message>
+        <source>Edit Group</source>
+        <translation type="unfinished">グループの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagJointCommand</name>
+    <message>
+        <source>Edit Joint</source>
+        <translation>ジョイントの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagRigidBodyCommand</name>
+    <message>
+        <source>Edit RigidBody</source>
+        <translation>剛体の編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagSelectionCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation>タグの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagTextCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation>タグの編集</translation>
     </message>
 </context>
 <context>
@@ -5211,10 +5881,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Setup</source>
         <translation>セットアップ</translation>
-    </message>
-    <message>
-        <source>Physics and display groups are set up here.</source>
-        <translation>物理と表示枠をここで設定します。</translation>
     </message>
     <message>
         <source>Select a node first</source>
@@ -5790,6 +6456,14 @@ Trying to Recover Files?</source>
         <source>Operation Panel</source>
         <translation>操作パネル</translation>
     </message>
+    <message>
+        <source>Toggle Dock Widgets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide all panels, or bring those back that were hidden together</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -5848,14 +6522,6 @@ Trying to Recover Files?</source>
     <message>
         <source>How wide the columns of the nodes are</source>
         <translation>ノードの列の幅</translation>
-    </message>
-    <message>
-        <source>Add Normal Tag</source>
-        <translation>法線タグの追加</translation>
-    </message>
-    <message>
-        <source>Let creases and normals of this mesh be edited</source>
-        <translation>このメッシュの折り目と法線を編集できるようにします</translation>
     </message>
     <message>
         <source>A node can hold only one %1</source>
@@ -5972,6 +6638,97 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>kmsetupwidget</name>
+    <message>
+        <source>Setup</source>
+        <translation type="unfinished">セットアップ</translation>
+    </message>
+    <message>
+        <source>Physics Sheet</source>
+        <translation>物理シート</translation>
+    </message>
+    <message>
+        <source>Show rigid bodies and joints of the rig in tables</source>
+        <translation>リグの剛体とジョイントを表で表示します</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished">情報</translation>
+    </message>
+    <message>
+        <source>ModelName</source>
+        <translation>モデル名</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation type="unfinished">日本語</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation type="unfinished">English</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>コメント</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>表示枠</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>項目</translation>
+    </message>
+    <message>
+        <source>not selected.</source>
+        <translation>選択されていません。</translation>
+    </message>
+    <message>
+        <source>Remove DisplayNode</source>
+        <translation>表示枠の削除</translation>
+    </message>
+    <message>
+        <source>Move DisplayNode</source>
+        <translation>表示枠の移動</translation>
+    </message>
+    <message>
+        <source>Remove DisplayItem</source>
+        <translation>表示項目の削除</translation>
+    </message>
+    <message>
+        <source>Move DisplayItem</source>
+        <translation>表示項目の移動</translation>
+    </message>
+    <message>
+        <source>Add DisplayItem</source>
+        <translation>表示項目の追加</translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation>作成</translation>
+    </message>
+    <message>
+        <source>Add a display group</source>
+        <translation>表示枠を追加します</translation>
+    </message>
+    <message>
+        <source>List the selected bones in the group</source>
+        <translation>選択したボーンを表示枠に加えます</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished">削除</translation>
+    </message>
+    <message>
+        <source>Remove the chosen groups</source>
+        <translation>選択した表示枠を削除します</translation>
+    </message>
+    <message>
+        <source>Take the chosen items out of the group</source>
+        <translation>選択した項目を表示枠から外します</translation>
+    </message>
+</context>
+<context>
     <name>kmshaderwidget</name>
     <message>
         <source>Shader</source>
@@ -6029,6 +6786,20 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>moveDisplayItemCommand</name>
+    <message>
+        <source>Move DisplayItem</source>
+        <translation>表示項目の移動</translation>
+    </message>
+</context>
+<context>
+    <name>moveDisplayNodeCommand</name>
+    <message>
+        <source>Move DisplayNode</source>
+        <translation>表示枠の移動</translation>
+    </message>
+</context>
+<context>
     <name>moveNodeCommand</name>
     <message>
         <source>Move Node</source>
@@ -6082,6 +6853,27 @@ Trying to Recover Files?</source>
     <message>
         <source>Remove BoneKey</source>
         <translation>ボーンキーを削除</translation>
+    </message>
+</context>
+<context>
+    <name>removeDisplayItemCommand</name>
+    <message>
+        <source>Remove DisplayItem</source>
+        <translation>表示項目の削除</translation>
+    </message>
+</context>
+<context>
+    <name>removeDisplayNodeCommand</name>
+    <message>
+        <source>Remove DisplayNode</source>
+        <translation>表示枠の削除</translation>
+    </message>
+</context>
+<context>
+    <name>renameDisplayNodeCommand</name>
+    <message>
+        <source>Rename DisplayNode</source>
+        <translation>表示枠の名前の変更</translation>
     </message>
 </context>
 <context>
