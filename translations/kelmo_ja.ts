@@ -1122,6 +1122,17 @@
     </message>
 </context>
 <context>
+    <name>KMDPhysicsTags</name>
+    <message>
+        <source>The rigid body %1 has the unknown kind %2</source>
+        <translation>剛体 %1 の種類 %2 は不明です</translation>
+    </message>
+    <message>
+        <source>The scale makes the rigid body %1 endless; it keeps its size</source>
+        <translation>倍率により剛体 %1 が無限大になるため、大きさはそのままです</translation>
+    </message>
+</context>
+<context>
     <name>KMDReadContext</name>
     <message>
         <source>%1 stays without its shape of %2 faces, which are too many for a file of this size; a change of its settings makes it</source>
@@ -1207,14 +1218,6 @@
         <translation>不明な種類 0x%1 のノードです</translation>
     </message>
     <message>
-        <source>display groups</source>
-        <translation>表示枠</translation>
-    </message>
-    <message>
-        <source>The display group %1 was left out</source>
-        <translation>表示枠 %1 を除きました</translation>
-    </message>
-    <message>
         <source>current nodes</source>
         <translation>現在のノード</translation>
     </message>
@@ -1263,6 +1266,21 @@
     <message>
         <source>shaders</source>
         <translation>シェーダー</translation>
+    </message>
+</context>
+<context>
+    <name>KMDSmallTags</name>
+    <message>
+        <source>%1 elements of a remembered selection aren&apos;t in the mesh</source>
+        <translation>記憶した選択のうち %1 個の要素がメッシュにありません</translation>
+    </message>
+    <message>
+        <source>The number of the tag %1 has no place in the file</source>
+        <translation>タグ %1 の数値はファイルに保存できません</translation>
+    </message>
+    <message>
+        <source>The group tag %1 has the unknown mode %2</source>
+        <translation>グループタグ %1 のモード %2 は不明です</translation>
     </message>
 </context>
 <context>
@@ -1943,6 +1961,53 @@
     <message>
         <source>Int</source>
         <translation>整数</translation>
+    </message>
+</context>
+<context>
+    <name>KMJointPage</name>
+    <message>
+        <source>Joint</source>
+        <translation type="unfinished">ジョイント</translation>
+    </message>
+    <message>
+        <source>Connection A</source>
+        <translation>接続 A</translation>
+    </message>
+    <message>
+        <source>Connection B</source>
+        <translation>接続 B</translation>
+    </message>
+    <message>
+        <source>Linear Limit</source>
+        <translation>移動制限</translation>
+    </message>
+    <message>
+        <source>Angular Limit</source>
+        <translation>回転制限</translation>
+    </message>
+    <message>
+        <source>Sping</source>
+        <translation>ばね</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished">なし</translation>
+    </message>
+    <message>
+        <source>Min</source>
+        <translation>最小</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>最大</translation>
     </message>
 </context>
 <context>
@@ -3208,6 +3273,80 @@
     <message>
         <source>%1 would make %2 vertices and %3 faces, more than the memory holds; its result stays empty</source>
         <translation>%1 は頂点 %2 個と面 %3 個を作ることになり、メモリーに収まりません。結果は空のままです</translation>
+    </message>
+</context>
+<context>
+    <name>KMRigTagPages</name>
+    <message>
+        <source>Move</source>
+        <translation type="unfinished">移動</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation type="unfinished">回転</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>拡大縮小</translation>
+    </message>
+</context>
+<context>
+    <name>KMRigidBodyPage</name>
+    <message>
+        <source>RigidBody</source>
+        <translation type="unfinished">剛体</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Mass</source>
+        <translation>質量</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>Friction</source>
+        <translation>摩擦力</translation>
+    </message>
+    <message>
+        <source>Restitution</source>
+        <translation>反発力</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation type="unfinished">幅</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation type="unfinished">高さ</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation type="unfinished">奥行き</translation>
+    </message>
+    <message>
+        <source>Config</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Collision Mask</source>
+        <translation>非衝突グループ</translation>
     </message>
 </context>
 <context>
@@ -5892,10 +6031,6 @@ Trying to Recover Files?</source>
         <translation>セットアップ</translation>
     </message>
     <message>
-        <source>Physics and display groups are set up here.</source>
-        <translation>物理と表示枠をここで設定します。</translation>
-    </message>
-    <message>
         <source>Select a node first</source>
         <translation>先にノードを選択してください</translation>
     </message>
@@ -6604,6 +6739,97 @@ Trying to Recover Files?</source>
     <message>
         <source>Preferences</source>
         <translation>環境設定</translation>
+    </message>
+</context>
+<context>
+    <name>kmsetupwidget</name>
+    <message>
+        <source>Setup</source>
+        <translation type="unfinished">セットアップ</translation>
+    </message>
+    <message>
+        <source>Physics Sheet</source>
+        <translation>物理シート</translation>
+    </message>
+    <message>
+        <source>Show rigid bodies and joints of the rig in tables</source>
+        <translation>リグの剛体とジョイントを表で表示します</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished">情報</translation>
+    </message>
+    <message>
+        <source>ModelName</source>
+        <translation>モデル名</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation type="unfinished">日本語</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation type="unfinished">English</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>コメント</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>表示枠</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>項目</translation>
+    </message>
+    <message>
+        <source>not selected.</source>
+        <translation>選択されていません。</translation>
+    </message>
+    <message>
+        <source>Remove DisplayNode</source>
+        <translation>表示枠の削除</translation>
+    </message>
+    <message>
+        <source>Move DisplayNode</source>
+        <translation>表示枠の移動</translation>
+    </message>
+    <message>
+        <source>Remove DisplayItem</source>
+        <translation>表示項目の削除</translation>
+    </message>
+    <message>
+        <source>Move DisplayItem</source>
+        <translation>表示項目の移動</translation>
+    </message>
+    <message>
+        <source>Add DisplayItem</source>
+        <translation>表示項目の追加</translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation>作成</translation>
+    </message>
+    <message>
+        <source>Add a display group</source>
+        <translation>表示枠を追加します</translation>
+    </message>
+    <message>
+        <source>List the selected bones in the group</source>
+        <translation>選択したボーンを表示枠に加えます</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished">削除</translation>
+    </message>
+    <message>
+        <source>Remove the chosen groups</source>
+        <translation>選択した表示枠を削除します</translation>
+    </message>
+    <message>
+        <source>Take the chosen items out of the group</source>
+        <translation>選択した項目を表示枠から外します</translation>
     </message>
 </context>
 <context>

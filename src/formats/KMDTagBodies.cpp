@@ -6,7 +6,9 @@
 #include "formats/KMDConstraintTag.h"
 #include "formats/KMDFormat.h"
 #include "formats/KMDNormalTag.h"
+#include "formats/KMDPhysicsTags.h"
 #include "formats/KMDSkippedBodies.h"
+#include "formats/KMDSmallTags.h"
 
 #include <QCoreApplication>
 
@@ -24,6 +26,8 @@ const QVector<KMDTagBody> &bodies()
 {
     static const QVector<KMDTagBody> rows = {
         {KMNodeType::TagNormal, &KMDNormalTag::make, &KMDNormalTag::write, &KMDNormalTag::read},
+        {KMNodeType::TagRigidBody, &KMDPhysicsTags::makeBody, &KMDPhysicsTags::writeBody, &KMDPhysicsTags::readBody},
+        {KMNodeType::TagJoint, &KMDPhysicsTags::makeJoint, &KMDPhysicsTags::writeJoint, &KMDPhysicsTags::readJoint},
         {KMNodeType::TagConstraint, &KMDConstraintTag::make, &KMDConstraintTag::write, &KMDConstraintTag::read},
     };
     return rows;
@@ -84,7 +88,7 @@ const KMDTagBody *KMDTagBodies::find(int type)
         if (body.type == type)
             return &body;
     }
-    return nullptr;
+    return KMDSmallTags::find(type);
 }
 
 void KMDTagBodies::writeTags(KMDOutput &out, const KMContainerNode *node)

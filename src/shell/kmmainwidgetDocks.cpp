@@ -11,6 +11,7 @@
 #include "shell/docks/kmhistorywidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/docks/kmoutputwidget.h"
+#include "shell/docks/kmsetupwidget.h"
 #include "shell/docks/kmshaderwidget.h"
 #include "shell/docks/kmtexturewidget.h"
 #include "shell/docks/kmtoolwidget.h"
@@ -54,7 +55,7 @@ void kmmainwidget::createDocks()
     addDock(new kmcoodinatewidget, Left);
     addDock(m_attributeDock = new kmattributewidget, Right);
     addDock(new kmanimationwidget(m_playback), Left);
-    addDock(empty("kmsetupwidget", tr("Setup"), "setup", tr("Physics and display groups are set up here.")), Right);
+    addDock(new kmsetupwidget, Right);
     m_docks.last()->setAllowedAreas(Qt::NoDockWidgetArea);
 }
 

@@ -13,6 +13,7 @@
 #include "shell/docks/KMDockWidget.h"
 #include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmnodewidget.h"
+#include "shell/docks/kmsetupwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
 #include "tools/KMBoneComContainer.h"
@@ -208,6 +209,7 @@ void kmmainwidget::createWidgetMenu()
     m_widgetMenu = addMenu(tr("Widget(&W)"), "Menu Widget");
     for (const KMDockWidget *dock : std::as_const(m_docks))
         m_widgetMenu->addAction(dock->toggleViewAction());
+    m_widgetMenu->addAction(findChild<kmsetupwidget *>()->sheetAction());
     connect(m_widgetMenu, &QMenu::aboutToShow, this, &kmmainwidget::onPreMenuWidget);
     listActionGroup(m_widgetMenu, action("Menu Widget"));
 }

@@ -4,8 +4,10 @@
 
 class KMBone;
 class KMBoneContainer;
+struct RigidBodyData;
 
-/// The document with the bones, keys and current bone of its rigs. Poses are computed and left out.
+/// The document with the bones, keys and current bone of its rigs, and with the display groups. Poses are computed and
+/// left out.
 class RigDump : public DocumentDump
 {
 protected:
@@ -13,7 +15,9 @@ protected:
 
 private:
     void writeBone(QTextStream &out, const KMBone *bone);
+    void writeBody(QTextStream &out, const RigidBodyData &data);
     void writeKeys(QTextStream &out, const KMBoneContainer *rig);
+    void writeGroups(QTextStream &out);
 };
 
 /// What contradicts the rows of a rig's tree in what is derived from them; empty when nothing does.

@@ -22,6 +22,7 @@
 #include "shell/attributes/KMPbrShaderPage.h"
 #include "shell/attributes/KMPrimitivePages.h"
 #include "shell/attributes/KMProjectPage.h"
+#include "shell/attributes/KMRigTagPages.h"
 #include "shell/attributes/KMTagPage.h"
 #include "shell/attributes/KMTexturePages.h"
 #include "shell/attributes/KMValuePage.h"
@@ -72,6 +73,12 @@ constexpr PageRow pageRows[] = {
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},
     {KMNodeType::TagNormal, 0, &make<KMNormalTagPage, KMTagNormal>},
     {KMNodeType::TagConstraint, 0, &make<KMConstraintTagPage, KMTagConstraint>},
+    {KMNodeType::TagRigidBody, 0, &make<KMRigidBodyPage, KMTagRigidBody>},
+    {KMNodeType::TagJoint, 0, &make<KMJointPage, KMTagJoint>},
+    {KMNodeType::TagGroup, 0, &make<KMTagGroupPage, KMTagGroup>},
+    {KMNodeType::TagText, 0, &make<KMTagTextPage, KMTagText>},
+    {KMNodeType::TagSelection, 0, &make<KMTagSelectionPage, KMTagSelection>},
+    {KMNodeType::TagFloatValue, 0, &make<KMTagFloatValuePage, KMTagFloatValue>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
 };

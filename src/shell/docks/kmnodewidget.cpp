@@ -3,8 +3,8 @@
 #include "core/KMContainerNode.h"
 #include "core/KMSolution.h"
 #include "core/KMTagCommands.h"
-#include "mesh/KMTagNormal.h"
 #include "shell/KMNodeEdits.h"
+#include "shell/KMTagMenu.h"
 #include "tools/KMNodeComContainer.h"
 
 #include <QAction>
@@ -76,18 +76,5 @@ void kmnodewidget::addEntries(QMenu *menu, const QTreeWidgetItem *row)
     if (m_nodeCommands && row && row == tree()->currentItem())
         m_nodeCommands->addMenusFor(KMTreeWidget::nodeOf(row), menu);
     if (row)
-        addTagEntries(menu, KMTreeWidget::nodeOf(row));
-}
-
-/// A mesh has one normal tag that counts; a second one would lie idle.
-void kmnodewidget::addTagEntries(QMenu *menu, KMContainerNode *node)
-{
-    const KMTagNormal wanted;
-    if (!node || !KMNodeEdits::canTake(node, &wanted))
-        return;
-    menu->addSeparator();
-    QAction *add = menu->addAction(tr("Add Normal Tag"), this,
-                                   [node] { gSolution->push(new addTagCommand(node, new KMTagNormal)); });
-    add->setObjectName(QStringLiteral("addNormalTag"));
-    add->setStatusTip(tr("Let creases and normals of this mesh be edited"));
+        KMTagMenu::addEntries(menu, KMTreeWidget::nodeOf(row));
 }

@@ -24,8 +24,6 @@ protected:
                    bool asCopy) override;
 
 private:
-    void addTagEntries(QMenu *menu, KMContainerNode *node);
-
     QComboBox *m_filterFamily;
     const KMNodeComContainer *m_nodeCommands = nullptr;
 };
