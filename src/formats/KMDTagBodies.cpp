@@ -9,6 +9,7 @@
 #include "formats/KMDPhysicsTags.h"
 #include "formats/KMDSkippedBodies.h"
 #include "formats/KMDSmallTags.h"
+#include "formats/KMDWeightTag.h"
 
 #include <QCoreApplication>
 
@@ -28,6 +29,7 @@ const QVector<KMDTagBody> &bodies()
         {KMNodeType::TagNormal, &KMDNormalTag::make, &KMDNormalTag::write, &KMDNormalTag::read},
         {KMNodeType::TagRigidBody, &KMDPhysicsTags::makeBody, &KMDPhysicsTags::writeBody, &KMDPhysicsTags::readBody},
         {KMNodeType::TagJoint, &KMDPhysicsTags::makeJoint, &KMDPhysicsTags::writeJoint, &KMDPhysicsTags::readJoint},
+        {KMNodeType::TagBoneWeight, &KMDWeightTag::make, &KMDWeightTag::write, &KMDWeightTag::read},
         {KMNodeType::TagConstraint, &KMDConstraintTag::make, &KMDConstraintTag::write, &KMDConstraintTag::read},
     };
     return rows;

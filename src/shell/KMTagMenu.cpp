@@ -6,6 +6,7 @@
 #include "mesh/KMTagNormal.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
 #include "rig/KMTagFloatValue.h"
 #include "rig/KMTagGroup.h"
@@ -43,6 +44,8 @@ struct Row
 constexpr Row rows[] = {
     {"addNormalTag", QT_TRANSLATE_NOOP("KMTagMenu", "Add Normal Tag"),
      QT_TRANSLATE_NOOP("KMTagMenu", "Let creases and normals of this mesh be edited"), &make<KMTagNormal>},
+    {"addBoneWeightTag", QT_TRANSLATE_NOOP("KMTagMenu", "Add BoneWeight Tag"),
+     QT_TRANSLATE_NOOP("KMTagMenu", "Let bones move this mesh"), &make<KMTagBoneWeight>},
     {"addSelectionTag", QT_TRANSLATE_NOOP("KMTagMenu", "Add Selection Tag"),
      QT_TRANSLATE_NOOP("KMTagMenu", "Remember a selection of this mesh"), &make<KMTagSelection>},
     {"addConstraintTag", QT_TRANSLATE_NOOP("KMTagMenu", "Add Constraint Tag"),

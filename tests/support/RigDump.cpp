@@ -5,6 +5,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMDisplayCommands.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
 #include "rig/KMTagJoint.h"
 
@@ -22,6 +23,10 @@ QString bits(const T &value)
 
 void RigDump::writeDetails(QTextStream &out, const KMContainerNode *node)
 {
+    for (const KMTagBase *tag : node->tags()) {
+        if (tag->type() == KMNodeType::TagBoneWeight && !tag->isDeleted())
+            writeWeights(out, *static_cast<const KMTagBoneWeight *>(tag));
+    }
     if (node->type() != KMNodeType::BoneContainer)
         return;
     const auto *rig = static_cast<const KMBoneContainer *>(node);
@@ -31,6 +36,16 @@ void RigDump::writeDetails(QTextStream &out, const KMContainerNode *node)
     writeKeys(out, rig);
     writeGroups(out);
     out << rigFault(*rig);
+}
+
+void RigDump::writeWeights(QTextStream &out, const KMTagBoneWeight &tag)
+{
+    const KMWeightParameters &p = tag.parameters();
+    out << "\n weights " << p.sdefMethod << p.autoNormalize << ' ' << bits(p.sdefBlend);
+    for (const BoneWeightEntry &entry : tag.entries())
+        out << ' ' << entry.vertex << '/' << number(entry.bone) << '=' << bits(entry.weight);
+    for (const int vertex : tag.sdefVertices())
+        out << " sdef " << vertex;
 }
 
 void RigDump::writeBone(QTextStream &out, const KMBone *bone)

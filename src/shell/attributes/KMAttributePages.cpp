@@ -12,6 +12,7 @@
 #include "mesh/KMTagNormal.h"
 #include "rig/KMBone.h"
 #include "rig/KMTagConstraint.h"
+#include "rig/KMTagBoneWeight.h"
 #include "shell/attributes/KMBasicShaderPage.h"
 #include "shell/attributes/KMBonePage.h"
 #include "shell/attributes/KMConstraintTagPage.h"
@@ -26,6 +27,7 @@
 #include "shell/attributes/KMTagPage.h"
 #include "shell/attributes/KMTexturePages.h"
 #include "shell/attributes/KMValuePage.h"
+#include "shell/attributes/KMWeightTagPage.h"
 
 namespace {
 
@@ -65,6 +67,7 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::ModFFD, 0, &make<KMModFFDPage, KMModFFDNode>},
     {KMNodeType::ModPipe, 0, &make<KMModPipePage, KMModPipeNode>},
     {KMNodeType::ModSolid, 0, &make<KMModSolidPage, KMModSolidNode>},
+    {KMNodeType::ModBoneDeform, 0, &make<KMModBoneDeformPage, KMModBoneDeformNode>},
     {KMNodeType::ModCloner, 0, &make<KMModClonerPage, KMModClonerNode>},
     {KMNodeType::Mesh, 0, &make<KMMeshPage, KMMeshNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
@@ -79,6 +82,7 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::TagText, 0, &make<KMTagTextPage, KMTagText>},
     {KMNodeType::TagSelection, 0, &make<KMTagSelectionPage, KMTagSelection>},
     {KMNodeType::TagFloatValue, 0, &make<KMTagFloatValuePage, KMTagFloatValue>},
+    {KMNodeType::TagBoneWeight, 0, &make<KMWeightTagPage, KMTagBoneWeight>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
 };
