@@ -1,7 +1,7 @@
+#include "core/KMBasePositions.h"
 #include "core/KMNodeType.h"
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
-#include "mesh/KMBasePositions.h"
 #include "mesh/KMVertexCommands.h"
 #include "rig/KMMorphCommands.h"
 #include "rig/KMTagMorph.h"
@@ -32,7 +32,7 @@ QList<KMTagMorph *> morphTags(const KMMeshNode &mesh)
 
 QString baseText(const KMMeshNode &mesh)
 {
-    const KMBasePositions base(mesh.tags());
+    const KMBasePositions base(&mesh);
     return meshText(mesh);
 }
 
@@ -49,7 +49,7 @@ QString sumFault(const KMMeshNode &mesh)
 {
     std::vector<Vector3> base;
     {
-        const KMBasePositions taken(mesh.tags());
+        const KMBasePositions taken(&mesh);
         base = positionsOf(mesh);
     }
     std::vector<Point> sum(base.size()), size(base.size());
@@ -123,11 +123,11 @@ QString MorphWalker::fault()
 MorphDeltas MorphWalker::anyDeltas()
 {
     MorphDeltas deltas;
-    for (int i = below(12); i >= 0; --i) {
+    for (int i = mesh().vertexCount() ? below(12) : -1; i >= 0; --i) {
         const Vector3 d = anyPosition();
         const float length = d.length();
         if (length > 0.0f)
-            deltas.append({below(mesh().vertexCount() + 2), length, d / length});
+            deltas.append({below(mesh().vertexCount()), length, d / length});
     }
     return deltas;
 }
