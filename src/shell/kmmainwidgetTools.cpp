@@ -13,6 +13,7 @@
 #include "shell/toolpages/KMExtrudePage.h"
 #include "shell/toolpages/KMSelPage.h"
 #include "shell/toolpages/KMUnivPage.h"
+#include "shell/toolpages/KMWeightPage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
@@ -21,6 +22,7 @@
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSel.h"
 #include "tools/KMToolUniv.h"
+#include "tools/KMToolWeight.h"
 
 #include <QAction>
 #include <QPointer>
@@ -40,6 +42,8 @@ QWidget *makePage(KMTool *tool)
     case KMToolKind::Universal:
     case KMToolKind::SRT:
         return new KMUnivPage(static_cast<KMToolUniv *>(tool));
+    case KMToolKind::Weight:
+        return new KMWeightPage(static_cast<KMToolWeight *>(tool));
     case KMToolKind::Extrude:
         return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
     case KMToolKind::Bevel:
