@@ -7,9 +7,11 @@
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMChainCopy.h"
 #include "modifiers/KMModSdvNode.h"
+#include "render/KMCameraNode.h"
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/widgets/KMNumberField.h"
+#include "support/CommandProof.h"
 #include "support/TestRegistry.h"
 #include "support/ToolWindow.h"
 #include "tools/KMToolBar.h"
@@ -47,10 +49,11 @@ struct WeightWindow : ToolWindow
         dock->show();
         dock->raise();
         filter({true, true, true});
+        const float viewAxis = view(frontView)->camera()->viewAxis().z;
         // Those at the back would be under the same pixels.
         for (int i = 0; i < mesh->vertexCount(); ++i) {
             const Vector3 p = mesh->position(i);
-            isFront[i] = p.z<0.0f == view(frontView)->camera()->viewAxis().z> 0.0f;
+            isFront[i] = p.z * viewAxis < 0.0f;
             mesh->setPosition(i, isFront[i] ? p : p * 0.6f);
         }
         mesh->refreshMesh(KMMeshDirty::All);
@@ -67,6 +70,11 @@ struct WeightWindow : ToolWindow
     }
     float weight(int a, int b) const { return mesh->findEdge(a, b)->weight; }
     float weight(int vertex) const { return mesh->vertex(vertex)->weight; }
+    void setWeight(int vertex, float weight)
+    {
+        mesh->vertex(vertex)->weight = weight;
+        mesh->markDirty(KMMeshDirty::Weights);
+    }
     QPointF middle(int a, int b) const { return at(frontView, (mesh->position(a) + mesh->position(b)) * 0.5f); }
     bool isAsMadeAfresh() const
     {
@@ -188,21 +196,16 @@ void tst_KMToolWeight::mirrorFollows()
     window.filter(filter);
     const int left = window.vertexAt(-1, 1), right = window.vertexAt(1, 1);
     const int lowLeft = window.vertexAt(-1, -1), lowRight = window.vertexAt(1, -1);
-    window.mesh->vertex(right)->weight = 3.0f;
-    ONE_STEP(window, "Set Weight", [&] {
-        window.mesh->setEdgeFlag(left, lowLeft, KMElementFlag::Selected);
-        window.mesh->setVertexFlag(left, KMElementFlag::Selected);
-        window.drag(frontView, window.at(frontView, left), {50, 0});
-        window.mesh->setEdgeFlag(left, lowLeft, 0);
-        window.mesh->setVertexFlag(left, 0);
-    });
+    window.setWeight(right, 3.0f);
+    window.mesh->setEdgeFlag(left, lowLeft, KMElementFlag::Selected);
+    window.mesh->setVertexFlag(left, KMElementFlag::Selected);
+    ONE_STEP(window, "Set Weight", [&] { window.drag(frontView, window.at(frontView, left), {50, 0}); });
     QVERIFY(isNear(window.weight(left), 1.0f) && isNear(window.weight(right), 1.0f));
     QVERIFY(isNear(window.weight(left, lowLeft), 1.0f) && isNear(window.weight(right, lowRight), 1.0f));
     QCOMPARE(window.weight(lowLeft), 0.0f);
 
-    window.mesh->vertex(right)->weight = 2.5f;
-    for (const int i : {left, right})
-        window.mesh->setVertexFlag(i, KMElementFlag::Selected);
+    window.setWeight(right, 2.5f);
+    window.mesh->setVertexFlag(right, KMElementFlag::Selected);
     window.drag(frontView, window.at(frontView, right), {25, 0});
     QVERIFY(isNear(window.weight(right), 3.0f) && isNear(window.weight(left), 3.0f));
 }
@@ -215,7 +218,7 @@ void tst_KMToolWeight::page()
     auto *slider = window.child<QSlider>("weightSlider");
     const int a = window.vertexAt(-1, 1), b = window.vertexAt(1, 1);
     QVERIFY(!number->isEnabled() && !slider->isEnabled()); // nothing is selected
-    window.mesh->vertex(a)->weight = 1.25f;
+    window.setWeight(a, 1.25f);
     window.mesh->setVertexFlag(a, KMElementFlag::Selected);
     window.tool->refresh();
     QCOMPARE(number->text(), QStringLiteral("1.25"));
