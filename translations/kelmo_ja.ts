@@ -4395,8 +4395,8 @@ Trying to Recover Files?</source>
         <translation>ウェイト</translation>
     </message>
     <message>
-        <source>Set the crease weights of edges</source>
-        <translation>辺の折り目ウェイトを設定します</translation>
+        <source>Select vertices and edges; a drag at one of them to the right or left changes how sharp subdivision leaves them</source>
+        <translation>頂点と辺を選択します。その上から左右にドラッグすると、サブディビジョンでの鋭さ（折り目ウェイト）が変わります</translation>
     </message>
     <message>
         <source>Pen</source>
@@ -4553,6 +4553,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Brush Select</source>
         <translation>ブラシ選択</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolWeight</name>
+    <message>
+        <source>Weight: %1    Change: %2</source>
+        <translation>ウェイト: %1    変化: %2</translation>
     </message>
 </context>
 <context>
@@ -4930,6 +4937,49 @@ Trying to Recover Files?</source>
     <message>
         <source>Bone Polygon</source>
         <translation>ボーンポリゴン</translation>
+    </message>
+</context>
+<context>
+    <name>KMWeightPage</name>
+    <message>
+        <source>Vertices</source>
+        <translation>頂点</translation>
+    </message>
+    <message>
+        <source>Edges</source>
+        <translation>辺</translation>
+    </message>
+    <message>
+        <source>0</source>
+        <translation>0</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>最大</translation>
+    </message>
+    <message>
+        <source>Selected vertices get weights, and clicks find vertices</source>
+        <translation>選択した頂点にウェイトを設定し、クリックで頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Selected edges get weights, and clicks find edges</source>
+        <translation>選択した辺にウェイトを設定し、クリックで辺を選択します</translation>
+    </message>
+    <message>
+        <source>Subdivision rounds what is selected</source>
+        <translation>選択した要素はサブディビジョンで丸くなります</translation>
+    </message>
+    <message>
+        <source>Subdivision leaves what is selected sharp</source>
+        <translation>選択した要素はサブディビジョンしても鋭いまま残ります</translation>
+    </message>
+    <message>
+        <source>Crease weight of what is selected; empty where several differ</source>
+        <translation>選択した要素の折り目ウェイトです。異なる値が混ざっているときは空になります</translation>
+    </message>
+    <message>
+        <source>Weight</source>
+        <translation>ウェイト</translation>
     </message>
 </context>
 <context>

@@ -34,13 +34,12 @@ void paintEdge(const KMMeshNode &mesh, const KMEdge &edge, const KMElementStyle 
         color = style.selected;
     else if (hasSelectedFace(mesh, edge))
         color = style.ofSelectedFace;
+    std::optional<kvm::Vector4> whole = color;
+    if (style.colors)
+        whole = style.colors->edgeColor(mesh, edge, color);
     for (int end = 0; end < 2; ++end) {
-        element[end].color = color;
+        element[end].color = whole ? *whole : style.colors->vertexColor(mesh, end == 0 ? edge.index0 : edge.index1);
         element[end].status = isSelected || isHot ? 1.0f : 0.0f;
-    }
-    if (style.colors) {
-        element[0].color = style.colors->vertexColor(mesh, edge.index0);
-        element[1].color = style.colors->vertexColor(mesh, edge.index1);
     }
 }
 
@@ -49,12 +48,9 @@ void paintPoint(const KMMeshNode &mesh, int index, const KMElementStyle &style, 
     const KMVertex &vertex = *mesh.vertex(index);
     const bool isHot = vertex.hasFlag(hotFlags);
     element.status = isHot ? 1.0f : 0.0f;
+    element.color = isHot ? style.hot : vertex.hasFlag(KMElementFlag::Selected) ? style.selected : style.plain;
     if (style.colors)
-        element.color = style.colors->vertexColor(mesh, index);
-    else if (isHot)
-        element.color = style.hot;
-    else
-        element.color = vertex.hasFlag(KMElementFlag::Selected) ? style.selected : style.plain;
+        element.color = style.colors->pointColor(mesh, index, element.color);
 }
 
 } // namespace

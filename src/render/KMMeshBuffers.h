@@ -4,9 +4,11 @@
 
 #include <QtGlobal>
 
+#include <optional>
 #include <utility>
 
 class KMMeshNode;
+struct KMEdge;
 
 /// What the buffers of one kind of element have in common: they are filled when they are first drawn, and afterwards
 /// only what became stale is written again.
@@ -47,4 +49,16 @@ class KMVertexColors
 public:
     virtual ~KMVertexColors() = default;
     virtual kvm::Vector4 vertexColor(const KMMeshNode &mesh, int vertex) const = 0;
+    /// Of a vertex that is drawn as a point, which has another one by its flags.
+    virtual kvm::Vector4 pointColor(const KMMeshNode &mesh, int vertex, const kvm::Vector4 &byFlags) const
+    {
+        Q_UNUSED(byFlags)
+        return vertexColor(mesh, vertex);
+    }
+    /// Of a whole edge, likewise; nothing where it runs from the colour of one of its vertices to that of the other.
+    virtual std::optional<kvm::Vector4> edgeColor(const KMMeshNode &, const KMEdge &,
+                                                  const kvm::Vector4 & /*byFlags*/) const
+    {
+        return {};
+    }
 };

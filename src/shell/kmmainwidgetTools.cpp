@@ -14,6 +14,7 @@
 #include "shell/toolpages/KMExtrudePage.h"
 #include "shell/toolpages/KMSelPage.h"
 #include "shell/toolpages/KMUnivPage.h"
+#include "shell/toolpages/KMWeightPage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
@@ -23,6 +24,7 @@
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSel.h"
 #include "tools/KMToolUniv.h"
+#include "tools/KMToolWeight.h"
 
 #include <QAction>
 #include <QPointer>
@@ -43,6 +45,8 @@ QWidget *makePage(KMTool *tool)
     case KMToolKind::SRT:
     case KMToolKind::Animation:
         return new KMUnivPage(static_cast<KMToolUniv *>(tool));
+    case KMToolKind::Weight:
+        return new KMWeightPage(static_cast<KMToolWeight *>(tool));
     case KMToolKind::Extrude:
         return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
     case KMToolKind::Bone:

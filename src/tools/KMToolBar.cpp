@@ -14,6 +14,7 @@
 #include "tools/KMToolSRT.h"
 #include "tools/KMToolSel.h"
 #include "tools/KMToolUniv.h"
+#include "tools/KMToolWeight.h"
 
 #include <QAction>
 #include <QApplication>
@@ -42,6 +43,8 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolUniv>(id);
     case KMToolKind::SRT:
         return std::make_unique<KMToolSRT>();
+    case KMToolKind::Weight:
+        return std::make_unique<KMToolWeight>();
     case KMToolKind::Extrude:
         return std::make_unique<KMToolExtrude>();
     case KMToolKind::Animation:

@@ -32,7 +32,8 @@ constexpr KMToolKind kinds[] = {
     {KMToolKind::Magnet, "magnet6", QT_TRANSLATE_NOOP("KMTool", "Magnet"), "toolMagnet", "G", elements,
      QT_TRANSLATE_NOOP("KMTool", "Pull the surface within a radius")},
     {KMToolKind::Weight, "weight24", QT_TRANSLATE_NOOP("KMTool", "Weight"), "toolWeight", "W", elements,
-     QT_TRANSLATE_NOOP("KMTool", "Set the crease weights of edges")},
+     QT_TRANSLATE_NOOP("KMTool", "Select vertices and edges; a drag at one of them to the right or left "
+                                 "changes how sharp subdivision leaves them")},
     {KMToolKind::Pen, "edit45", QT_TRANSLATE_NOOP("KMTool", "Pen"), "toolPen", "F", elements,
      QT_TRANSLATE_NOOP("KMTool", "Draw vertices and faces")},
     {KMToolKind::Extrude, "cube5", QT_TRANSLATE_NOOP("KMTool", "Extrude"), "toolExtrude", "E", elements,

@@ -353,10 +353,18 @@ bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
 
 void KMToolUniv::drag(Qt::KeyboardModifiers modifiers)
 {
+    const DragState state = dragBy(m_lastPos - m_pressPos, modifiers);
+    m_hasMoved = m_hasMoved || state.hasMoved;
+    m_value = state.value;
+    gSolution->setProgress(state.status);
+    emit valueChanged(m_value);
+}
+
+KMToolUniv::DragState KMToolUniv::dragBy(const QPointF &, Qt::KeyboardModifiers modifiers)
+{
     const KMCameraNode &camera = *m_widget->camera();
     const KMDragTransform asked = m_drag.transform(camera, m_lastPos, modifiers & Qt::ShiftModifier);
     const KMDragTransform transform = m_subject->apply(asked, camera);
-    m_hasMoved = m_hasMoved || !transform.isIdentity();
     const KMHandlePlace &start = m_drag.start().handle;
     if (transform.kind == KMDragTransform::Kind::Rotate)
         m_handle->setPlace(start.position, transform.turn() * start.axes);
@@ -366,9 +374,7 @@ void KMToolUniv::drag(Qt::KeyboardModifiers modifiers)
     if (snapPoint)
         m_hint->setLines({*snapPoint, *snapPoint}, {{0, 1}});
     m_hint->setVisible(bool(snapPoint));
-    m_value = m_drag.valueText(transform);
-    gSolution->setProgress(statusText(m_drag, transform));
-    emit valueChanged(m_value);
+    return {!transform.isIdentity(), statusText(m_drag, transform), m_drag.valueText(transform)};
 }
 
 /// Whether the view has to be painted anew.

@@ -58,6 +58,16 @@ signals:
 protected:
     KMToolUniv(int id, std::unique_ptr<KMDragSubject> subject, QWidget *parent);
 
+    /// What a drag has come to so far.
+    struct DragState
+    {
+        bool hasMoved;
+        QString status; ///< for the message line
+        QString value;  ///< for the panel
+    };
+
+    /// Takes what is dragged along to where the cursor is; its way since the press is in pixels.
+    virtual DragState dragBy(const QPointF &way, Qt::KeyboardModifiers modifiers);
     /// Selects what was pressed; whether a drag moves it now.
     virtual bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
     /// The same for a bone.
