@@ -1,6 +1,7 @@
 #include "core/KMContainerNode.h"
 
 #include "core/KMNodeCommands.h"
+#include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMStringNode.h"
@@ -179,6 +180,11 @@ void KMContainerNode::pushAddCommand()
 void KMContainerNode::pushDeleteCommand()
 {
     gSolution->push(new deleteNodeCommand(this));
+}
+
+void KMContainerNode::pushRenameCommand(const QString &name)
+{
+    gSolution->push(new renameNodeCommand(this, name));
 }
 
 void KMContainerNode::pushShaderRemoved(int) {}

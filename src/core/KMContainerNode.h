@@ -78,6 +78,8 @@ public:
     virtual KMContainerNode *clone() const; ///< an unattached copy; null for classes that can't be copied
     virtual void pushAddCommand();          ///< pushes the command that brings this node into the scene
     virtual void pushDeleteCommand();       ///< pushes the command that takes this node and its subtree out
+    virtual void pushContentsDeleted() {} ///< before that, also for nodes below it: deletes what has no row in the tree
+    virtual void pushRenameCommand(const QString &name);     ///< pushes the command that gives it another name
     virtual bool isRefreshDeferred() const { return false; } ///< a command of the history will refresh it
     virtual void refreshAfterEdit() {}                       ///< computes what the dirty bits ask for
     virtual void notifyDependents() {}                       ///< hands its changes to tags and modifiers

@@ -79,6 +79,8 @@ void KMProject::deleteTreeNode(KMContainerNode *node)
             tagMembers << tag->blockNodes();
     }
     deleteBlocks(tagMembers);
+    for (KMNode *member : subtree)
+        nodeAs<KMContainerNode>(member)->pushContentsDeleted();
     node->pushDeleteCommand();
     checkModifiers();
     deleteBlocks(subtree);

@@ -38,14 +38,6 @@ BoneAnimation::~BoneAnimation()
     clear();
 }
 
-KMBone *BoneAnimation::boneOf(const QString &name) const
-{
-    const QList<KMBone *> &bones = m_container->bones();
-    const auto isOfName = [&name](const KMBone *bone) { return bone->name() == name; };
-    const auto found = std::find_if(bones.begin(), bones.end(), isOfName);
-    return found == bones.end() ? nullptr : *found;
-}
-
 const KMBoneKey *BoneAnimation::key(const QString &name, quint32 frame) const
 {
     const BoneTrack *found = track(name);
@@ -61,7 +53,7 @@ void BoneAnimation::setKey(const KMBoneKey &key)
     if (!track) {
         track = new BoneTrack;
         track->name = key.name;
-        track->bone = boneOf(key.name);
+        track->bone = m_container->bone(key.name);
         m_tracks << track;
     }
     track->keys[key.frameno] = key;

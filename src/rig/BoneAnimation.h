@@ -30,6 +30,8 @@ public:
         };
         std::vector<Lost> lost;                        ///< tracks without a bone of their name, by place
         QVector<QPair<QString, KMBone *>> formerBones; ///< of tracks that got another bone
+
+        bool isEmpty() const { return lost.empty() && formerBones.isEmpty(); }
     };
 
     explicit BoneAnimation(KMBoneContainer *container);
@@ -69,7 +71,6 @@ public:
 private:
     void prepareConstraints();
     void markWeightedMeshes();
-    KMBone *boneOf(const QString &name) const;
 
     KMBoneContainer *m_container;
     QString m_name;

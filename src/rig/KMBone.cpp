@@ -1,12 +1,15 @@
 #include "rig/KMBone.h"
 
 #include "core/KMDpi.h"
+#include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
+#include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneKeyCommands.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMTagJoint.h"
 
@@ -49,9 +52,14 @@ KMBone::~KMBone()
 
 void KMBone::setSelectMask(int mask)
 {
+    storeSelectMask(mask);
+    KMBoneTreeWidget::showSelection(this);
+}
+
+void KMBone::storeSelectMask(int mask)
+{
     m_selectMask = mask;
     setSelected(mask != 0);
-    KMBoneTreeWidget::showSelection(this);
 }
 
 KMBoneRest KMBone::rest() const
@@ -91,8 +99,43 @@ void KMBone::setViewType(int viewType)
 void KMBone::setMovable(bool movable)
 {
     m_movable = movable;
-    if (container())
+    if (!container())
+        return;
+    if (isPosedByKeys()) // what is held of their offsets is what the bone might do before
+        container()->requestFrame();
+    else
         container()->requestPose();
+}
+
+bool KMBone::isPosedByKeys() const
+{
+    const BoneTrack *track = container()->animation()->track(name());
+    return track && track->bone == this;
+}
+
+/// The bones of a container have their places when its list does.
+void KMBone::settlePlace() const
+{
+    if (container())
+        container()->bones();
+}
+
+int KMBone::boneIndex() const
+{
+    settlePlace();
+    return m_boneIndex;
+}
+
+int KMBone::depth() const
+{
+    settlePlace();
+    return m_depth;
+}
+
+const QList<KMBone *> &KMBone::childBones() const
+{
+    settlePlace();
+    return m_children;
 }
 
 void KMBone::resetPose()
@@ -225,4 +268,13 @@ void KMBone::pushAddCommand()
 void KMBone::pushDeleteCommand()
 {
     gSolution->push(new deleteBoneCommand(this));
+}
+
+void KMBone::pushRenameCommand(const QString &name)
+{
+    if (container()->animation()->tracks().isEmpty())
+        return KMCtrlNode::pushRenameCommand(name);
+    const KMUndoMacro macro(renameNodeCommand::tr("Rename Node"));
+    KMCtrlNode::pushRenameCommand(name);
+    gSolution->push(new animationBuildBoneCommand(container()));
 }

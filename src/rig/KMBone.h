@@ -32,13 +32,19 @@ public:
 
     int selectMask() const { return m_selectMask; } ///< of SelectBit
     void setSelectMask(int mask);                   ///< the node counts as selected with any bit
+    void storeSelectMask(
+        int mask); ///< likewise, for who marks the rows of many bones at once: KMBoneTreeWidget::showMasks()
 
     // Rest pose
 
     KMBoneRest rest() const;
     void setRest(const KMBoneRest &rest);
     void setTransform(const KMTransform &transform) override; ///< the shape follows, and the pose at the next refresh
-    float lengthScale() const { return m_lengthScale; }       ///< a hundredth of the length
+    void setScale(const kvm::Vector3 &) =
+        delete; // these three would leave shape and pose behind: setRest() takes them along
+    void setRotation(const kvm::Quaternion &) = delete;
+    void setTranslation(const kvm::Vector3 &) = delete;
+    float lengthScale() const { return m_lengthScale; } ///< a hundredth of the length
     void setLengthScale(float scale);
     const kvm::Vector3 &restHead() const { return m_restHead; }
     const kvm::Vector3 &restTail() const { return m_restTail; } ///< at the head for the view type Point
@@ -82,11 +88,11 @@ public:
     void refreshShape();                              ///< computes what the meshes of the shape wait for, where they do
     float pickRadius() const { return m_pickRadius; } ///< pixels
 
-    // Place in the container
+    // Place in the container, derived when it is next asked for
 
-    int boneIndex() const { return m_boneIndex; } ///< place in the list of live bones; -1 outside of it
-    int depth() const { return m_depth; }         ///< parents above it
-    const QList<KMBone *> &childBones() const { return m_children; } ///< direct ones, in the order of the list
+    int boneIndex() const;                     ///< place in the list of live bones; -1 outside of it
+    int depth() const;                         ///< parents above it
+    const QList<KMBone *> &childBones() const; ///< direct ones, in the order of the list
     bool isBelow(const KMBone *ancestor) const;
     KMBone *mirrorBone() const { return m_mirrorBone; } ///< the bone itself on the plane of symmetry; null without one
     void setMirrorBone(KMBone *bone) { m_mirrorBone = bone; }
@@ -104,8 +110,9 @@ public:
 
     KMBone *clone(bool copyTags) const; ///< name, rest, look and limits; in no container
     KMContainerNode *clone() const override { return clone(true); }
-    void pushAddCommand() override;    ///< into container(), under parentBone(), both set before
-    void pushDeleteCommand() override; ///< its children stay
+    void pushAddCommand() override;                       ///< into container(), under parentBone(), both set before
+    void pushDeleteCommand() override;                    ///< its children stay
+    void pushRenameCommand(const QString &name) override; ///< tracks go by the name: those of the rig follow
     void tagsChanged() override { updateShape(); }
 
     /// Takes a rigid body that goes away out of all joints of the container. Answers which sides had it.
@@ -115,6 +122,8 @@ public:
 private:
     friend class KMBoneContainer; // derives the place of its bones
 
+    void settlePlace() const;
+    bool isPosedByKeys() const; ///< has a track
     void refreshGizmos();
 
     int m_selectMask = 0;

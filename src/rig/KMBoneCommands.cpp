@@ -49,6 +49,7 @@ void selectBoneCommand::write(const int &mask)
 
 KMBoneMasksCommand::KMBoneMasksCommand(KMBoneContainer *container, const QList<KMBone *> &bones, int mask)
     : KMUndoCommand(selectBoneCommand::tr("Select Bone"), container)
+    , m_container(container)
     , m_after(mask)
 {
     for (KMBone *bone : bones)
@@ -58,7 +59,8 @@ KMBoneMasksCommand::KMBoneMasksCommand(KMBoneContainer *container, const QList<K
 void KMBoneMasksCommand::apply(Direction direction)
 {
     for (const auto &entry : std::as_const(m_before))
-        entry.first->setSelectMask(direction == Direction::Redo ? m_after : entry.second);
+        entry.first->storeSelectMask(direction == Direction::Redo ? m_after : entry.second);
+    m_container->tree()->showMasks();
 }
 
 selectAllBoneCommand::selectAllBoneCommand(KMBoneContainer *container, bool selected)

@@ -49,6 +49,7 @@ protected:
     void apply(Direction direction) override;
 
 private:
+    KMBoneContainer *m_container;
     QVector<QPair<KMBone *, int>> m_before;
     int m_after;
 };

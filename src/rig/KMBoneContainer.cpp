@@ -1,18 +1,14 @@
 #include "rig/KMBoneContainer.h"
 
-#include "core/KMNodeCommands.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
-#include "core/KMUndoMacro.h"
-#include "core/KMUniqueName.h"
 #include "core/KMVariantNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCopy.h"
+#include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
-
-#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -33,7 +29,7 @@ KMBoneContainer::KMBoneContainer()
     }
     if (gProject)
         connect(gProject, &KMProject::frameChanged, this,
-                [this](int frame) { m_animation->applyFrame(quint32(frame)); });
+                [this](int frame) { m_animation->applyFrame(quint32(std::max(frame, 0))); });
 }
 
 KMBoneContainer::~KMBoneContainer()
@@ -43,6 +39,7 @@ KMBoneContainer::~KMBoneContainer()
     m_tree.reset();
     m_animation.reset();
     m_bones.clear();
+    m_orderStale = false; // there are no rows any more
     qDeleteAll(m_allBones);
 }
 
@@ -60,14 +57,14 @@ KMBoneContainer *KMBoneContainer::activeBoneContainer()
 KMBone *KMBoneContainer::bone(const QString &name) const
 {
     const auto isOfName = [&name](const KMBone *bone) { return bone->name() == name; };
-    const auto found = std::find_if(m_bones.begin(), m_bones.end(), isOfName);
-    return found == m_bones.end() ? nullptr : *found;
+    const auto found = std::find_if(bones().begin(), bones().end(), isOfName);
+    return found == bones().end() ? nullptr : *found;
 }
 
 QList<KMBone *> KMBoneContainer::selectedBones() const
 {
     QList<KMBone *> selected;
-    for (KMBone *bone : m_bones) {
+    for (KMBone *bone : bones()) {
         if (bone->selectMask())
             selected << bone;
     }
@@ -97,16 +94,16 @@ QList<KMBone *> KMBoneContainer::subtree(const QTreeWidgetItem *row) const
 
 QString KMBoneContainer::uniqueName(const KMBone *bone) const
 {
-    static const QRegularExpression digit(QStringLiteral("[0-9]"));
-    KMNumberedNames names(bone->name().remove(digit));
-    for (const KMBone *other : m_bones)
-        names.take(other->name());
-    return names.firstFree();
+    return KMBoneNames(*this).unique(bone->name());
 }
 
 void KMBoneContainer::attachBone(KMBone *bone, KMBone *parent, int position, QTreeWidgetItem *row)
 {
     adoptBone(bone);
+    // At the top offsets hold that are held back below a parent; a bone that comes back was left out of other frames.
+    if ((!bone->parentBone() != !parent || bone->isDeleted()) && bone->isPosedByKeys())
+        requestFrame();
+    bone->setParentBone(parent);
     if (!row)
         row = KMTreeWidget::makeRow(bone);
     for (QTreeWidgetItem *member : KMTreeWidget::flatten(row)) {
@@ -137,47 +134,72 @@ void KMBoneContainer::adoptBone(KMBone *bone)
 void KMBoneContainer::releaseBone(KMBone *bone)
 {
     m_allBones.removeOne(bone);
+    m_bones.removeOne(bone);
+}
+
+const QList<KMBone *> &KMBoneContainer::bones() const
+{
+    if (m_orderStale)
+        deriveOrder();
+    return m_bones;
 }
 
 BoneAnimation::Relinked KMBoneContainer::rebuildOrder()
 {
-    deriveOrder();
-    return m_animation->relinkTracks();
+    markOrderStale();
+    return relinkTracks();
 }
 
 void KMBoneContainer::restoreOrder(BoneAnimation::Relinked &&relinked)
 {
-    deriveOrder();
+    markOrderStale();
+    restoreTracks(std::move(relinked));
+}
+
+void KMBoneContainer::markOrderStale()
+{
+    m_orderStale = true;
+    requestPose();
+}
+
+BoneAnimation::Relinked KMBoneContainer::relinkTracks()
+{
+    BoneAnimation::Relinked relinked = m_animation->relinkTracks();
+    if (!relinked.isEmpty())
+        requestFrame();
+    return relinked;
+}
+
+void KMBoneContainer::restoreTracks(BoneAnimation::Relinked &&relinked)
+{
+    if (!relinked.isEmpty())
+        requestFrame();
     m_animation->takeBack(std::move(relinked));
 }
 
-void KMBoneContainer::deriveOrder()
+void KMBoneContainer::deriveOrder() const
 {
+    m_orderStale = false;
     for (KMBone *bone : std::as_const(m_bones)) {
-        if (bone->container() != this)
-            continue; // another rig has numbered it
         bone->m_boneIndex = -1;
         bone->setIndex(-1);
+        bone->m_children.clear(); // of those that are deleted
     }
     m_bones.clear();
     for (const QTreeWidgetItem *row : KMTreeWidget::flatten(m_tree.get())) {
         KMBone *bone = KMBoneTreeWidget::boneOf(row);
+        KMBone *parent = KMBoneTreeWidget::boneOf(row->parent());
         bone->m_boneIndex = m_bones.size();
         bone->setIndex(m_bones.size());
-        bone->setParentBone(KMBoneTreeWidget::boneOf(row->parent()));
-        m_bones << bone;
-    }
-    for (KMBone *bone : std::as_const(m_bones)) {
+        bone->setParentBone(parent);
         bone->m_children.clear();
         bone->m_depth = 0;
-    }
-    for (KMBone *bone : std::as_const(m_bones)) {
-        if (KMBone *parent = bone->parentBone()) {
+        if (parent) { // stands before it
             parent->m_children << bone;
             bone->m_depth = parent->m_depth + 1;
         }
+        m_bones << bone;
     }
-    requestPose();
 }
 
 KMSymmetryPlane KMBoneContainer::mirrorPlane() const
@@ -191,7 +213,7 @@ void KMBoneContainer::pairMirrorBones(float tolerance)
         tolerance = gSettings->symmetryMargin;
     const KMSymmetryPlane plane = mirrorPlane();
     QList<KMBone *> behind;
-    for (KMBone *bone : std::as_const(m_bones)) {
+    for (KMBone *bone : bones()) {
         bone->setMirrorBone(nullptr);
         bone->setOnMirrorSide(plane.distance(bone->translation()) < 0.0f);
         if (bone->isOnMirrorSide())
@@ -200,7 +222,7 @@ void KMBoneContainer::pairMirrorBones(float tolerance)
     const auto isOnPlane = [&plane, tolerance](const kvm::Vector3 &point) {
         return std::abs(plane.distance(point)) < tolerance;
     };
-    for (KMBone *bone : std::as_const(m_bones)) {
+    for (KMBone *bone : bones()) {
         if (isOnPlane(bone->restHead()) && isOnPlane(bone->restTail())) {
             bone->setMirrorBone(bone);
             continue;
@@ -221,11 +243,11 @@ void KMBoneContainer::pairMirrorBones(float tolerance)
 void KMBoneContainer::refreshAfterEdit()
 {
     if (m_frameStale)
-        m_animation->applyFrame(quint32(gProject->currentFrame()));
+        m_animation->applyFrame(quint32(std::max(gProject->currentFrame(), 0)));
     else if (m_poseStale)
         m_animation->reevaluate();
     m_frameStale = m_poseStale = false;
-    for (KMBone *bone : std::as_const(m_bones))
+    for (KMBone *bone : bones())
         bone->refreshShape();
 }
 
@@ -233,17 +255,16 @@ KMBoneContainer *KMBoneContainer::clone() const
 {
     auto *copy = new KMBoneContainer;
     copyNullTo(copy);
-    for (const KMBoneCopy::Placed &placed : KMBoneCopy::copies(m_bones))
+    for (const KMBoneCopy::Placed &placed : KMBoneCopy::copies(bones()))
         copy->attachBone(placed.copy, placed.parentCopy);
     copy->rebuildOrder();
     m_animation->copyTo(*copy->m_animation);
     return copy;
 }
 
-void KMBoneContainer::pushDeleteCommand()
+void KMBoneContainer::pushContentsDeleted()
 {
-    const KMUndoMacro macro(tr("Delete Node"));
-    for (int i = m_bones.size() - 1; i >= 0; --i)
-        gSolution->push(new deleteBoneCommand(m_bones[i]));
-    gSolution->push(new deleteNodeCommand(this));
+    const QList<KMBone *> bones = this->bones();
+    for (int i = bones.size() - 1; i >= 0; --i)
+        gSolution->push(new deleteBoneCommand(bones[i]));
 }

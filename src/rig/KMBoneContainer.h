@@ -8,8 +8,8 @@
 #include <memory>
 
 /// A rig: owns its bones and their motion, and keeps the bones in a flat list in the order of evaluation, parents
-/// before children. Order and parenthood are those of the rows of its tree; lists, parents, children, indices and
-/// depths are derived from these by rebuildOrder().
+/// before children. Order and parenthood are those of the rows of its tree. The list, children, indices and depths are
+/// derived from these when they are next asked for after rebuildOrder(), so that many steps in a row cost one walk.
 class KMBoneContainer : public KMCtrlNode
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     static KMBoneContainer *activeBoneContainer();
 
     const QList<KMBone *> &allBones() const { return m_allBones; } ///< with those that are deleted
-    const QList<KMBone *> &bones() const { return m_bones; }       ///< live ones, in the order of evaluation
+    const QList<KMBone *> &bones() const;                          ///< live ones, in the order of evaluation
     KMBone *bone(const QString &name) const;                       ///< the first live one of the name, else null
     QList<KMBone *> selectedBones() const;                         ///< in the order of the list
     QList<KMBone *> topSelectedBones() const;                      ///< those without a selected one above them
@@ -31,7 +31,7 @@ public:
     KMBoneTreeWidget *tree() const { return m_tree.get(); }
     BoneAnimation *animation() const { return m_animation.get(); }
 
-    // Rows. They leave the lists alone until the order is rebuilt
+    // Rows. The list follows when the order is rebuilt
 
     /// Puts a bone under a parent, null for the top, before the row that is at the position now; -1 puts it last.
     /// Takes the bone over, and the row where the bone had one before.
@@ -40,9 +40,12 @@ public:
     QTreeWidgetItem *detachBone(KMBone *bone);
     void adoptBone(KMBone *bone);   ///< owns it from now on; its row came with that of a bone above it
     void releaseBone(KMBone *bone); ///< another container takes it over
-    /// Derives lists and places from the rows, and finds the bones of the tracks again.
+    /// The rows have changed: list and places are derived anew, and the bones of the tracks found again.
     BoneAnimation::Relinked rebuildOrder();
     void restoreOrder(BoneAnimation::Relinked &&relinked); ///< the reverse, with the rows as they were before
+    /// Finds the bones of the tracks again; those that get or lose one are posed anew.
+    BoneAnimation::Relinked relinkTracks();
+    void restoreTracks(BoneAnimation::Relinked &&relinked);
 
     // Symmetry
 
@@ -57,13 +60,15 @@ public:
     void refreshAfterEdit() override;
 
     KMBoneContainer *clone() const override; ///< with copies of the bones and the keys
-    void pushDeleteCommand() override;       ///< all its bones first: what hangs on them has to follow
+    void pushContentsDeleted() override;     ///< its bones: what hangs on them has to follow
 
 private:
-    void deriveOrder();
+    void markOrderStale();
+    void deriveOrder() const;
 
-    QList<KMBone *> m_allBones; // owned
-    QList<KMBone *> m_bones;    // not owned
+    QList<KMBone *> m_allBones;      // owned
+    mutable QList<KMBone *> m_bones; // not owned; derived from the rows
+    mutable bool m_orderStale = false;
     std::unique_ptr<KMBoneTreeWidget> m_tree;
     std::unique_ptr<BoneAnimation> m_animation;
     bool m_poseStale = false;

@@ -7,6 +7,8 @@
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 
+#include <QRegularExpression>
+
 namespace KMBoneEdit {
 
 namespace {
@@ -33,6 +35,43 @@ bool makeSymmetric(kvm::Vector3 &a, kvm::Vector3 &b, const KMSymmetryPlane &plan
     a = da > 0.0f ? crossing + way : crossing - way;
     b = da > 0.0f ? crossing - way : crossing + way;
     return true;
+}
+
+/// What tells the side in a name, and what stands there in the name of the partner.
+struct SideMark
+{
+    QRegularExpression pattern;
+    QString other;
+};
+
+QVector<SideMark> sideMarks()
+{
+    // Words in letters of two cases end where another word begins: "bright" has no side, "rightArm" has one.
+    const QString noLetter = QStringLiteral("(?<![\\p{Lu}\\p{Ll}])");
+    const QString noCapital = QStringLiteral("(?<!\\p{Lu})");
+    const QString noSmall = QStringLiteral("(?!\\p{Ll})");
+    const QString end = QStringLiteral("\\z");
+    const struct
+    {
+        QString left, right, before, behind;
+    } rows[] = {
+        {QStringLiteral("_L"), QStringLiteral("_R"), {}, end},
+        {QStringLiteral(".L"), QStringLiteral(".R"), {}, end},
+        {QStringLiteral("_l"), QStringLiteral("_r"), {}, end},
+        {QStringLiteral(".l"), QStringLiteral(".r"), {}, end},
+        {QStringLiteral("左"), QStringLiteral("右"), {}, {}},
+        {QStringLiteral("Left"), QStringLiteral("Right"), noCapital, noSmall},
+        {QStringLiteral("left"), QStringLiteral("right"), noLetter, noSmall},
+    };
+    QVector<SideMark> marks;
+    const auto add = [&marks](const QString &before, const QString &from, const QString &behind, const QString &to) {
+        marks.append({QRegularExpression(before + QRegularExpression::escape(from) + behind), to});
+    };
+    for (const auto &row : rows) {
+        add(row.before, row.left, row.behind, row.right);
+        add(row.before, row.right, row.behind, row.left);
+    }
+    return marks;
 }
 
 } // namespace
@@ -128,10 +167,15 @@ Changes turned(const QList<KMBone *> &bones, const kvm::Quaternion &turn)
     return changes;
 }
 
-KMBoneRest reflected(const KMBone *bone, const KMSymmetryPlane &plane)
+KMBoneRest reflected(KMBoneRest rest, const KMSymmetryPlane &plane)
 {
-    const KMBoneRest rest = bone->rest();
-    return restBone(plane.reflected(rest.head), plane.reflected(rest.tail()), rest);
+    // A reflection is half a turn about the normal and a turning round of all axes. That of the plane and that of the
+    // bone's own X axis together are a rotation again.
+    const kvm::Quaternion aboutNormal(plane.normal());
+    const kvm::Quaternion backAboutX(0.0f, -1.0f, 0.0f, 0.0f); // back, so that w keeps its sign
+    rest.head = plane.reflected(rest.head);
+    rest.rotation = aboutNormal * rest.rotation * backAboutX;
+    return rest;
 }
 
 void pairForEdits(KMBoneContainer *container, float tolerance)
@@ -158,29 +202,10 @@ void pairForEdits(KMBoneContainer *container, float tolerance)
 
 QString mirroredName(const QString &name)
 {
-    struct Marks
-    {
-        QString one, other;
-    };
-    static const Marks ends[] = {{QStringLiteral("_L"), QStringLiteral("_R")},
-                                 {QStringLiteral(".L"), QStringLiteral(".R")},
-                                 {QStringLiteral("_l"), QStringLiteral("_r")},
-                                 {QStringLiteral(".l"), QStringLiteral(".r")}};
-    for (const Marks &marks : ends) {
-        const QString base = name.left(name.size() - marks.one.size());
-        if (name.endsWith(marks.one))
-            return base + marks.other;
-        if (name.endsWith(marks.other))
-            return base + marks.one;
-    }
-    static const Marks anywhere[] = {{QStringLiteral("左"), QStringLiteral("右")},
-                                     {QStringLiteral("Left"), QStringLiteral("Right")},
-                                     {QStringLiteral("left"), QStringLiteral("right")}};
-    for (const Marks &marks : anywhere) {
-        if (name.contains(marks.one))
-            return QString(name).replace(marks.one, marks.other);
-        if (name.contains(marks.other))
-            return QString(name).replace(marks.other, marks.one);
+    static const QVector<SideMark> marks = sideMarks();
+    for (const SideMark &mark : marks) {
+        if (mark.pattern.match(name).hasMatch())
+            return QString(name).replace(mark.pattern, mark.other);
     }
     return {};
 }

@@ -9,22 +9,43 @@ KMBoneKeyCommand::KMBoneKeyCommand(const QString &text, KMBoneContainer *contain
     , m_name(name)
     , m_frame(frame)
     , m_after(std::move(after))
-    , m_hadTrack(container->animation()->track(name))
 {
-    if (const KMBoneKey *key = container->animation()->key(name, frame))
-        m_before = *key;
 }
 
 void KMBoneKeyCommand::apply(Direction direction)
 {
+    if (direction == Direction::Redo)
+        write();
+    else
+        takeBack();
+    m_container->requestFrame();
+}
+
+void KMBoneKeyCommand::write()
+{
     BoneAnimation *animation = m_container->animation();
-    if (const std::optional<KMBoneKey> &key = direction == Direction::Redo ? m_after : m_before)
-        animation->setKey(*key);
-    else if (direction == Direction::Undo && !m_hadTrack)
-        animation->removeKey(m_name);
+    m_hadTrack = animation->track(m_name);
+    const KMBoneKey *key = animation->key(m_name, m_frame);
+    m_before = key ? std::make_optional(*key) : std::nullopt;
+    if (m_after)
+        animation->setKey(*m_after);
     else
         animation->takeKey(m_name, m_frame);
-    m_container->requestFrame();
+}
+
+/// Keys of a motion that was read since are left alone: it came without a step of its own.
+void KMBoneKeyCommand::takeBack()
+{
+    BoneAnimation *animation = m_container->animation();
+    const KMBoneKey *key = animation->key(m_name, m_frame);
+    if (m_after ? !key || !(*key == *m_after) : key != nullptr)
+        return;
+    if (m_before)
+        return animation->setKey(*m_before);
+    animation->takeKey(m_name, m_frame);
+    const BoneTrack *track = animation->track(m_name);
+    if (!m_hadTrack && track && track->keys.empty())
+        animation->removeKey(m_name);
 }
 
 addBoneKeyCommand::addBoneKeyCommand(KMBoneContainer *container, const KMBoneKey &key)

@@ -9,7 +9,7 @@
 
 class KMBoneContainer;
 
-/// Base of what sets or takes one key: keeps what stood there before. The pose follows at the next refresh.
+/// Base of what sets or takes one key: keeps what stood there at the last redo. The pose follows at the next refresh.
 class KMBoneKeyCommand : public KMUndoCommand
 {
 protected:
@@ -20,12 +20,15 @@ protected:
     void apply(Direction direction) override;
 
 private:
+    void write();
+    void takeBack();
+
     KMBoneContainer *m_container;
     QString m_name;
     quint32 m_frame;
     std::optional<KMBoneKey> m_before;
     std::optional<KMBoneKey> m_after;
-    bool m_hadTrack;
+    bool m_hadTrack = false;
 };
 
 /// Stores a key in the track of its name, in place of one at the same frame.

@@ -3,6 +3,7 @@
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMTagConstraint.h"
 
@@ -189,14 +190,6 @@ KMBoneRest restOf(const BoneRow &row)
     return rest;
 }
 
-KMBoneRest mirrored(KMBoneRest rest)
-{
-    const kvm::Quaternion q = rest.rotation;
-    rest.head.x = -rest.head.x;
-    rest.rotation = {q.w, q.x, -q.y, -q.z};
-    return rest;
-}
-
 void Inserter::add(const BoneRow &row)
 {
     add(row.name, row.parent, restOf(row), row.flags);
@@ -204,7 +197,8 @@ void Inserter::add(const BoneRow &row)
 
 void Inserter::addRight(const BoneRow &row)
 {
-    add(row.rightName, rightOf(row.parent), mirrored(restOf(row)), row.flags);
+    add(row.rightName, rightOf(row.parent), KMBoneEdit::reflected(restOf(row), KMSymmetryPlane({}, {1.0f, 0.0f, 0.0f})),
+        row.flags);
 }
 
 void Inserter::add(const QByteArray &name, const QByteArray &parent, const KMBoneRest &rest, int flags)

@@ -11,6 +11,7 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneCopy.h"
 #include "rig/KMBoneEdit.h"
+#include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
 
 #include <algorithm>
@@ -26,10 +27,16 @@ void pushOnlySelected(KMBoneContainer *container, const QList<KMBone *> &bones)
         gSolution->push(new selectBoneCommand(bone, KMBone::BothSelected));
 }
 
+void pushAdd(KMBoneContainer *container, KMBoneNames &names, KMBone *bone, KMBone *parent, int position = -1)
+{
+    bone->setName(names.unique(bone->name()));
+    gSolution->push(new addBoneCommand(container, bone, parent, position));
+}
+
 void pushAdd(KMBoneContainer *container, KMBone *bone, KMBone *parent, int position = -1)
 {
-    bone->setName(container->uniqueName(bone));
-    gSolution->push(new addBoneCommand(container, bone, parent, position));
+    KMBoneNames names(*container);
+    pushAdd(container, names, bone, parent, position);
 }
 
 /// Null when there is none that may be edited.
@@ -44,10 +51,13 @@ KMBoneContainer *containerAtHand()
     return nullptr;
 }
 
-QString mirroredNameFor(const KMBoneContainer *container, const KMBone *bone, const KMBone *copy)
+QString mirroredNameFor(const KMBone *bone, KMBoneNames &names)
 {
     const QString name = mirroredName(bone->name());
-    return name.isEmpty() || container->bone(name) ? container->uniqueName(copy) : name;
+    if (name.isEmpty() || names.isTaken(name))
+        return names.unique(bone->name());
+    names.take(name);
+    return name;
 }
 
 /// The places of the vertices along a run, closed where it is a round.
@@ -116,8 +126,9 @@ void pushCopies(KMBoneContainer *container)
         sources += container->subtree(top->item());
     QList<KMBone *> copiesOfTops;
     const QList<KMBoneCopy::Placed> placed = KMBoneCopy::copies(sources);
+    KMBoneNames names(*container);
     for (const KMBoneCopy::Placed &entry : placed) {
-        pushAdd(container, entry.copy, entry.parentCopy ? entry.parentCopy : entry.source->parentBone());
+        pushAdd(container, names, entry.copy, entry.parentCopy ? entry.parentCopy : entry.source->parentBone());
         if (!entry.parentCopy)
             copiesOfTops << entry.copy;
     }
@@ -127,15 +138,15 @@ void pushCopies(KMBoneContainer *container)
 void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones)
 {
     const KMSymmetryPlane plane = container->mirrorPlane();
+    KMBoneNames names(*container);
     QHash<KMBone *, KMBone *> partners;
     for (KMBone *bone : bones) {
         auto *image = new KMBone;
-        image->setName(bone->name());
-        image->setName(mirroredNameFor(container, bone, image));
+        image->setName(mirroredNameFor(bone, names));
         image->setViewType(bone->viewType());
         image->setFloating(bone->isFloating());
         image->setMovable(bone->isMovable());
-        image->setRest(reflected(bone, plane));
+        image->setRest(reflected(bone->rest(), plane));
         KMBone *parent = bone->parentBone();
         if (KMBone *partner = parent ? partners.value(parent, parent->mirrorBone()) : nullptr)
             parent = partner;
@@ -147,7 +158,7 @@ void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones)
 void pushDivided(KMBone *bone)
 {
     KMBoneContainer *container = bone->container();
-    const QList<KMBone *> children = bone->childBones();
+    const QList<KMBone *> children = KMBoneTreeWidget::childrenOf(bone->item());
     KMBoneRest first = bone->rest();
     KMBoneRest second = first;
     first.lengthScale = second.lengthScale = first.lengthScale * 0.5f;
@@ -178,6 +189,7 @@ void pushLayered(KMBone *bone)
 void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *parent)
 {
     const QVector<KMEdgeChain> chains = edgeChains(KMSelectedElements::edges(mesh));
+    KMBoneNames names(*container);
     for (const KMEdgeChain &chain : chains) {
         QVector<kvm::Vector3> points = pointsOf(chain, mesh);
         // It goes on from the parent, so it begins with the end that is nearer to that.
@@ -188,7 +200,7 @@ void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *p
             auto *bone = new KMBone;
             bone->setRest(restBone(points[i - 1], points[i]));
             bone->setFloating(i == 1);
-            pushAdd(container, bone, last);
+            pushAdd(container, names, bone, last);
             last = bone;
         }
     }

@@ -16,6 +16,15 @@ void followRows(KMBoneContainer *container, KMUndoCommand::Direction direction, 
         container->restoreOrder(std::move(relinked));
 }
 
+/// Likewise for what left the rows as they are.
+void followNames(KMBoneContainer *container, KMUndoCommand::Direction direction, BoneAnimation::Relinked &relinked)
+{
+    if (direction == KMUndoCommand::Direction::Redo)
+        relinked = container->relinkTracks();
+    else
+        container->restoreTracks(std::move(relinked));
+}
+
 /// Moves a row with what is expanded and hidden in it.
 void moveRow(KMBone *bone, KMBoneContainer *container, KMBone *parent, int position)
 {
@@ -82,7 +91,7 @@ void deleteBoneCommand::detach()
     m_flags = KMTreeWidget::flagsOf(m_bone->item());
     m_parent = m_bone->parentBone();
     m_position = KMTreeWidget::positionOf(m_bone->item());
-    m_children = m_bone->childBones();
+    m_children = KMBoneTreeWidget::childrenOf(m_bone->item());
     m_selectMask = m_bone->selectMask();
     m_wasCurrent = gSolution->currentBone() == m_bone;
     for (int i = 0; i < m_children.size(); ++i)
@@ -90,6 +99,7 @@ void deleteBoneCommand::detach()
     m_bone->setSelectMask(0);
     m_joints = m_bone->clearAllJointRefs();
     m_row.reset(container()->detachBone(m_bone));
+    m_bone->setItem(nullptr); // the row goes when this command does
     m_bone->setDeleted(true);
     gSolution->forgetNode(m_bone);
 }
@@ -178,7 +188,7 @@ addTagBoneContainerCommand::addTagBoneContainerCommand(KMBone *bone, KMTagBase *
 void addTagBoneContainerCommand::apply(Direction direction)
 {
     addTagCommand::apply(direction);
-    followRows(m_bone->container(), direction, m_relinked);
+    followNames(m_bone->container(), direction, m_relinked);
 }
 
 deleteTagBoneContainerCommand::deleteTagBoneContainerCommand(KMBone *bone, KMTagBase *tag)
@@ -196,5 +206,5 @@ void deleteTagBoneContainerCommand::apply(Direction direction)
         restoreAll(m_joints);
     else if (m_bodyTag)
         m_joints = m_bone->clearJointRefs(nodeAs<KMTagRigidBody>(m_bodyTag));
-    followRows(m_bone->container(), direction, m_relinked);
+    followNames(m_bone->container(), direction, m_relinked);
 }

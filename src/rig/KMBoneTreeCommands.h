@@ -131,7 +131,7 @@ private:
     BoneAnimation::Relinked m_relinkedAfter;
 };
 
-/// Hangs a tag on a bone; the order is rebuilt.
+/// Hangs a tag on a bone, and finds the bones of the tracks again.
 class addTagBoneContainerCommand : public addTagCommand
 {
 public:
@@ -145,7 +145,7 @@ private:
     BoneAnimation::Relinked m_relinked;
 };
 
-/// Takes a tag of a bone out of use; the order is rebuilt. Joints let go of a rigid body.
+/// Takes a tag of a bone out of use, and finds the bones of the tracks again. Joints let go of a rigid body.
 class deleteTagBoneContainerCommand : public deleteTagCommand
 {
 public:

@@ -15,9 +15,11 @@ public:
 
     explicit KMBoneTreeWidget(QWidget *parent = nullptr);
 
-    static KMBone *boneOf(const QTreeWidgetItem *row); ///< null for a null row
+    static KMBone *boneOf(const QTreeWidgetItem *row);             ///< null for a null row
+    static QList<KMBone *> childrenOf(const QTreeWidgetItem *row); ///< direct ones
     /// Marks the row of a bone by what of it is selected, quietly; nothing for a bone without a row.
     static void showSelection(const KMBone *bone);
+    void showMasks(); ///< likewise for all rows at once: one by one, thousands take seconds
 
 protected:
     QString nodeMimeType() const override { return BoneMimeType; }

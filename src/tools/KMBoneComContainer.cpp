@@ -10,6 +10,8 @@
 #include "rig/KMBoneTreeCommands.h"
 #include "tools/KMBoneCommands.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 namespace {
@@ -17,13 +19,6 @@ namespace {
 using Need = KMBoneCommand::Need;
 using Row = KMBoneCommand::Row;
 using Work = KMBoneCommand::Work;
-
-Work workOf(const KMBoneEdit::Changes &changes)
-{
-    if (changes.isEmpty())
-        return {};
-    return [changes] { KMBoneEdit::pushChanges(changes); };
-}
 
 Work forEach(const QList<KMBone *> &bones, void (*push)(KMBone *))
 {
@@ -77,10 +72,16 @@ Work createSymmetric(KMBoneContainer &container)
     return [&container, alone] { KMBoneEdit::pushMirrored(&container, alone); };
 }
 
+/// Those with something to be seen in their subtree.
 Work hide(KMBoneContainer &container)
 {
-    return forEach(container.topSelectedBones(),
-                   [](KMBone *bone) { gSolution->push(new showCtrlChildCommand(bone, false)); });
+    QList<KMBone *> shown;
+    for (KMBone *top : container.topSelectedBones()) {
+        const QList<KMBone *> subtree = container.subtree(top->item());
+        if (std::any_of(subtree.begin(), subtree.end(), [](const KMBone *bone) { return bone->isVisible(); }))
+            shown << top;
+    }
+    return forEach(shown, [](KMBone *bone) { gSolution->push(new showCtrlChildCommand(bone, false)); });
 }
 
 Work showAll(KMBoneContainer &container)
@@ -104,17 +105,22 @@ Work deleteSelected(KMBoneContainer &container)
 
 Work linearize(KMBoneContainer &container)
 {
-    return workOf(KMBoneEdit::linearized(container.selectedBones()));
+    return KMBoneCommand::workOf(KMBoneEdit::linearized(container.selectedBones()));
 }
 
+/// A parent of several reaches the first of them.
 Work fitToParent(KMBoneContainer &container)
 {
     KMBoneEdit::Changes changes;
+    QSet<KMBone *> fitted;
     for (KMBone *bone : container.selectedBones()) {
-        if (KMBone *parent = bone->parentBone())
-            changes += KMBoneEdit::fittedTo(parent, bone);
+        KMBone *parent = bone->parentBone();
+        if (!parent || fitted.contains(parent))
+            continue;
+        fitted.insert(parent);
+        changes += KMBoneEdit::fittedTo(parent, bone);
     }
-    return workOf(changes);
+    return KMBoneCommand::workOf(changes);
 }
 
 Work fitToFirstChild(KMBoneContainer &container)
@@ -124,7 +130,7 @@ Work fitToFirstChild(KMBoneContainer &container)
         if (!bone->childBones().isEmpty())
             changes += KMBoneEdit::fittedTo(bone, bone->childBones().first());
     }
-    return workOf(changes);
+    return KMBoneCommand::workOf(changes);
 }
 
 Work bonesFromEdges(KMBoneContainer &container)

@@ -1,6 +1,6 @@
 #include "tools/KMBoneCommand.h"
 
-#include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "mesh/KMMeshTargets.h"
 #include "rig/KMBoneContainer.h"
 
@@ -8,9 +8,8 @@
 
 namespace {
 
-bool hasSelectedEdges()
+bool hasSelectedEdges(const QList<KMMeshNode *> &meshes)
 {
-    const QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
     return std::any_of(meshes.begin(), meshes.end(),
                        [](const KMMeshNode *mesh) { return KMMeshTargets::hasSelected(*mesh, KMMeshTargets::Edges); });
 }
@@ -30,9 +29,17 @@ QString KMBoneCommand::obstacle() const
         return tr("RootBone Selection not found.");
     if (m_row.needed == Need::Bones && container->selectedBones().isEmpty())
         return tr("Bone Selection not found.");
-    if (m_row.needed == Need::Edges && !hasSelectedEdges())
-        return tr("Edge Selection not found.");
-    return {};
+    if (m_row.needed != Need::Edges)
+        return {};
+    const QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
+    for (KMMeshNode *mesh : meshes)
+        followFaces(*mesh);
+    return hasSelectedEdges(meshes) ? QString() : tr("Edge Selection not found.");
+}
+
+KMBoneCommand::Work KMBoneCommand::workOf(const KMBoneEdit::Changes &changes)
+{
+    return [changes] { KMBoneEdit::pushChanges(changes); };
 }
 
 void KMBoneCommand::run()
@@ -40,7 +47,7 @@ void KMBoneCommand::run()
     const Work work = plan(*KMBoneContainer::activeBoneContainer());
     if (!work)
         return;
-    const KMUndoMacro macro(text());
+    const KMWaitingMacro macro(text());
     work();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "rig/KMBoneEdit.h"
 #include "tools/KMRowCommand.h"
 
 #include <functional>
@@ -8,7 +9,7 @@ class KMBoneContainer;
 
 /// A command on the bones of the active container: the current node, or what holds the current bone. Where there is
 /// none, where it is locked, or where nothing is selected of what the command needs, it says so. What there is to do is
-/// found first: where that is nothing, no step comes into the history, else one.
+/// found first; where nothing is pushed then, no step comes into the history.
 class KMBoneCommand : public KMRowCommand
 {
     Q_OBJECT
@@ -26,6 +27,8 @@ public:
     };
 
     KMBoneCommand(const Row &row, QObject *parent); ///< the row has to stay
+
+    static Work workOf(const KMBoneEdit::Changes &changes); ///< pushes those that change something
 
 protected:
     QString obstacle() const override;

@@ -31,14 +31,6 @@ bool choose(const QString &title, const QString &key, const QString &label, cons
     return true;
 }
 
-KMBoneCommand::Work workOf(const KMBoneEdit::Changes &changes)
-{
-    const auto differs = [](const KMBoneEdit::Change &change) { return change.rest != change.bone->rest(); };
-    if (std::none_of(changes.begin(), changes.end(), differs))
-        return {};
-    return [changes] { KMBoneEdit::pushChanges(changes); };
-}
-
 /// The smallest box around points.
 struct Bounds
 {
@@ -71,6 +63,14 @@ Bounds boundsOf(const QList<KMBone *> &bones, const kvm::Matrix4 &toSpace)
     return bounds;
 }
 
+/// Whether a bone only moves to its new ends, but for rounding. It keeps its roll then.
+bool isSameWay(const kvm::Vector3 &head, const kvm::Vector3 &tail, const KMBoneRest &rest)
+{
+    constexpr float roundingStep = 4e-7f;
+    const kvm::Vector3 difference = (tail - head) - (rest.tail() - rest.head);
+    return difference.length() <= roundingStep * (head.length() + tail.length());
+}
+
 QList<KMTagRigidBody *> selectedBodies(const KMBoneContainer &container)
 {
     QList<KMTagRigidBody *> bodies = KMRigTags::bodies(&container);
@@ -82,10 +82,10 @@ QList<KMTagRigidBody *> selectedBodies(const KMBoneContainer &container)
 /// The partner that is to be changed or copied; null for a bone that has none on the other side.
 KMBone *partnerOf(const KMBone *bone, const KMBoneContainer &container)
 {
-    KMBone *partner = bone->mirrorBone();
-    if (!partner)
-        partner = container.bone(KMBoneEdit::mirroredName(bone->name()));
-    return partner == bone ? nullptr : partner;
+    if (KMBone *partner = bone->mirrorBone())
+        return partner == bone ? nullptr : partner;
+    const QString name = KMBoneEdit::mirroredName(bone->name());
+    return name.isEmpty() ? nullptr : container.bone(name); // a file may hold bones without a name
 }
 
 } // namespace
@@ -175,11 +175,16 @@ KMBoneCommand::Work BoneComAlignPosition::plan(KMBoneContainer &container)
     };
     KMBoneEdit::Changes changes;
     for (KMBone *bone : bones) {
-        const KMBoneRest rest = bone->rest();
-        const kvm::Vector3 head = bone->selectMask() & KMBone::HeadSelected ? aligned(rest.head) : rest.head;
-        const kvm::Vector3 tail = bone->selectMask() & KMBone::TailSelected ? aligned(rest.tail()) : rest.tail();
-        if (head != rest.head || tail != rest.tail())
-            changes.append({bone, restBone(head, tail, rest)});
+        KMBoneRest rest = bone->rest();
+        const bool takesHead = bone->isPoint() || bone->selectMask() & KMBone::HeadSelected;
+        const bool takesTail = !bone->isPoint() && bone->selectMask() & KMBone::TailSelected;
+        const kvm::Vector3 head = takesHead ? aligned(rest.head) : rest.head;
+        const kvm::Vector3 tail = takesTail ? aligned(rest.tail()) : rest.tail();
+        if (bone->isPoint() || isSameWay(head, tail, rest))
+            rest.head = head;
+        else
+            rest = restBone(head, tail, rest);
+        changes.append({bone, rest});
     }
     return workOf(changes);
 }
@@ -234,9 +239,7 @@ KMBoneCommand::Work BoneComAlignReflectBone::plan(KMBoneContainer &container)
         if (done.contains(target))
             continue;
         done.insert(target);
-        KMBoneRest rest = KMBoneEdit::reflected(source, plane);
-        rest.scale = target->scale();
-        changes.append({target, rest});
+        changes.append({target, KMBoneEdit::reflected(source->rest(), plane)});
     }
     return workOf(changes);
 }

@@ -22,18 +22,7 @@ double cubic(double t, double a, double b)
     return 3 * t * (1 - t) * (1 - t) * a + 3 * t * t * (1 - t) * b + t * t * t;
 }
 
-/// The height of a curve at x, its parameter halved towards the place until nothing moves any more.
-double exactHeight(double x, const CBezier &c)
-{
-    double low = 0.0, high = 1.0;
-    for (int i = 0; i < 60; ++i) {
-        const double t = (low + high) / 2;
-        (cubic(t, double(c.x1), double(c.x2)) < x ? low : high) = t;
-    }
-    return cubic(low, double(c.y1), double(c.y2));
-}
-
-/// The same with no more than the eight steps of the program.
+/// The height of a curve of a key at x, found with no more than eight steps.
 double height(double x, const KMBoneKey &key, int curve)
 {
     const float *c = key.curves.data() + 4 * curve; // x1, x2, y1, y2
@@ -70,7 +59,6 @@ class tst_BoneAnimation : public QObject
 {
     Q_OBJECT
 private slots:
-    void curves_data();
     void curves();
     void curveOfAKey();
     void randomInterpolation();
@@ -79,43 +67,22 @@ private slots:
     void frameDrivesTheBones();
     void keyEditsMoveThePose();
     void renamedBoneLosesItsTrack();
-    void deletedBoneTakesItsTrackAlong();
+    void restoredBoneIsPosedByTheFrame();
+    void offsetsFollowTheParent();
     void firstBoneOfANameIsLinked();
     void importedMotionSurvivesUndo();
+    void importedKeysSurviveUndo();
 };
-
-void tst_BoneAnimation::curves_data()
-{
-    QTest::addColumn<float>("x1");
-    QTest::addColumn<float>("y1");
-    QTest::addColumn<float>("x2");
-    QTest::addColumn<float>("y2");
-    QTest::newRow("as made") << 0.5f << 0.0f << 0.5f << 1.0f;
-    QTest::newRow("all zero") << 0.0f << 0.0f << 0.0f << 0.0f;
-    QTest::newRow("straight") << 0.157f << 0.157f << 0.84f << 0.84f;
-    QTest::newRow("late") << 0.9f << 0.0f << 1.0f << 0.2f;
-    QTest::newRow("early") << 0.0f << 0.9f << 0.1f << 1.0f;
-}
 
 void tst_BoneAnimation::curves()
 {
-    QFETCH(float, x1);
-    QFETCH(float, y1);
-    QFETCH(float, x2);
-    QFETCH(float, y2);
-    CBezier curve;
-    curve.set(x1, y1, x2, y2);
-    for (int i = 0; i <= 50; ++i) {
-        // Eight halvings leave the parameter open by 1/256 at most, which the steepness of the curve magnifies.
-        const double x = i / 50.0;
-        const double low = exactHeight(std::max(0.0, x - 0.012), curve);
-        const double high = exactHeight(std::min(1.0, x + 0.012), curve);
-        const double y = double(curve.evaluate(float(x)));
-        QVERIFY2(y >= low - 1e-4 && y <= high + 1e-4, qPrintable(QStringLiteral("%1: %2").arg(x).arg(y)));
-    }
-    if (x1 == y1 && x2 == y2) {
-        for (float x : {0.0f, 0.25f, 0.6f, 1.0f})
-            QVERIFY(std::abs(curve.evaluate(x) - x) < 0.01f); // linear, also with all at 0
+    const CBezier curves[] = {{}, {0, 0, 0, 0}, {0.157f, 0.157f, 0.84f, 0.84f}, {0.9f, 0, 1, 0.2f}, {0, 0.9f, 0.1f, 1}};
+    for (const CBezier &curve : curves) {
+        KMBoneKey key;
+        key.setCurve(KMBoneKey::XCurve, curve);
+        for (int i = 0; i <= 50; ++i)
+            QVERIFY(std::abs(double(curve.evaluate(float(i / 50.0))) - height(i / 50.0, key, KMBoneKey::XCurve))
+                    < 2e-3);
     }
 }
 
@@ -249,42 +216,68 @@ void tst_BoneAnimation::renamedBoneLosesItsTrack()
 {
     RigScene scene;
     KMBone *bone = scene.addBone(QStringLiteral("b"), nullptr, {0, 0, 0}, {10, 0, 0});
-    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
-    bone->setName(QStringLiteral("c"));
-    QVERIFY(scene.rig->animation()->hasKey(QStringLiteral("b"), 0));
-    scene.addBone(QStringLiteral("d"), nullptr, {}, {1, 0, 0}); // any change of the list looks for the names again
-    QVERIFY(scene.rig->animation()->tracks().isEmpty());
-    scene.session.stack().undo();
-    QVERIFY(scene.rig->animation()->hasKey(QStringLiteral("b"), 0));
-    QCOMPARE(scene.rig->animation()->track(QStringLiteral("b"))->bone, bone);
-}
-
-void tst_BoneAnimation::deletedBoneTakesItsTrackAlong()
-{
-    RigScene scene;
-    for (const char *name : {"a", "b", "c"}) {
-        scene.addBone(QString::fromLatin1(name), nullptr, {}, {1, 0, 0});
-        scene.rig->animation()->setKey(keyOf(QString::fromLatin1(name), 3));
-    }
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0, {}, aboutZ(90)));
+    scene.rig->animation()->applyFrame(0);
     const QString before = scene.dump.text();
-    gSolution->push(new deleteBoneCommand(scene.rig->bone(QStringLiteral("b"))));
-    QCOMPARE(scene.rig->animation()->tracks().size(), 2);
+    const int steps = scene.session.stack().count();
+    bone->pushRenameCommand(QStringLiteral("c"));
+    QCOMPARE(scene.session.stack().count(), steps + 1);
+    QVERIFY(bone->name() == QStringLiteral("c") && scene.rig->animation()->tracks().isEmpty());
+    QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f); // nothing drives it any more
     scene.session.stack().undo();
     QCOMPARE(scene.dump.text(), before);
+    QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
+}
+
+/// A bone that is out of the scene takes no part in a frame.
+void tst_BoneAnimation::restoredBoneIsPosedByTheFrame()
+{
+    RigScene scene;
+    KMBone *bone = scene.addBone(QStringLiteral("b"), nullptr, {0, 0, 0}, {10, 0, 0});
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 10, {}, aboutZ(90)));
+    gSolution->push(new deleteBoneCommand(bone));
+    gProject->setCurrentFrame(10);
+    scene.session.stack().undo();
+    QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
+    // The keys of a bone that was added belong to no step: they wait for it.
+    scene.session.stack().undo();
+    gProject->setCurrentFrame(0);
+    scene.session.stack().redo();
+    QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+}
+
+void tst_BoneAnimation::offsetsFollowTheParent()
+{
+    RigScene scene;
+    KMBone *top = scene.addBone(QStringLiteral("top"), nullptr, {0, 0, 0}, {0, 10, 0});
+    KMBone *low = scene.addBone(QStringLiteral("low"), top, {0, 10, 0}, {0, 20, 0});
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("low"), 0, {1, 2, 3}));
+    scene.rig->animation()->applyFrame(0);
+    gSolution->push(new setCtrlParentCommand(low, nullptr));
+    QVERIFY(low->solvedPose().offset == kvm::Vector3(1, 2, 3));
+    scene.session.stack().undo();
+    QVERIFY(low->solvedPose().offset == kvm::Vector3());
 }
 
 void tst_BoneAnimation::firstBoneOfANameIsLinked()
 {
     RigScene scene;
     KMBone *first = scene.addBone(QStringLiteral("b"), nullptr, {}, {1, 0, 0});
-    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
+    const kvm::Vector3 rest = first->tail();
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0, {}, aboutZ(90)));
     KMBone *second = scene.addBone(QStringLiteral("b"), nullptr, {}, {1, 0, 0});
+    scene.rig->animation()->applyFrame(0);
+    const kvm::Vector3 driven = first->tail();
+    QVERIFY(driven != rest && second->tail() == rest);
     const BoneTrack *track = scene.rig->animation()->track(QStringLiteral("b"));
     QCOMPARE(track->bone, first);
     gSolution->push(new moveCtrlNodeCommand(second, nullptr, 0));
     QCOMPARE(track->bone, second);
+    QVERIFY(second->tail() == driven && first->tail() == rest);
     scene.session.stack().undo();
     QCOMPARE(track->bone, first);
+    QVERIFY(first->tail() == driven && second->tail() == rest);
 }
 
 /// A motion that is read replaces all tracks without a step of the history: steps before it keep off the new ones.
@@ -303,6 +296,35 @@ void tst_BoneAnimation::importedMotionSurvivesUndo()
     scene.session.stack().redo();
     scene.session.stack().undo();
     QVERIFY(scene.rig->animation()->hasKey(QStringLiteral("b"), 8));
+}
+
+/// Likewise for steps that set and took single keys.
+void tst_BoneAnimation::importedKeysSurviveUndo()
+{
+    RigScene scene;
+    scene.addBone(QStringLiteral("b"), nullptr, {}, {1, 0, 0});
+    BoneAnimation *animation = scene.rig->animation();
+    const auto import = [animation](const kvm::Vector3 &position) {
+        animation->clear();
+        for (quint32 frame : {3u, 8u})
+            animation->setKey(keyOf(QStringLiteral("b"), frame, position));
+    };
+    const auto isImport = [animation](const kvm::Vector3 &position) {
+        const BoneTrack *track = animation->track(QStringLiteral("b"));
+        return track && track->keys.size() == 2 && track->keys.count(3) && track->keys.at(3).position == position;
+    };
+    gSolution->push(new addBoneKeyCommand(scene.rig, keyOf(QStringLiteral("b"), 3)));
+    import({1, 0, 0});
+    scene.session.stack().undo();
+    QVERIFY(isImport({1, 0, 0}));
+    scene.session.stack().redo(); // over the key that came meanwhile
+    QVERIFY(isImport({0, 0, 0}));
+    scene.session.stack().undo();
+    QVERIFY(isImport({1, 0, 0}));
+    gSolution->push(new removeBoneKeyCommand(scene.rig, QStringLiteral("b"), 3));
+    import({2, 0, 0});
+    scene.session.stack().undo();
+    QVERIFY(isImport({2, 0, 0}));
 }
 
 KM_TEST(tst_BoneAnimation);

@@ -23,6 +23,14 @@ KMBone *RigScene::addBone(const QString &name, KMBone *parent, const kvm::Vector
     return bone;
 }
 
+QString RigScene::names() const
+{
+    QStringList names;
+    for (const KMBone *bone : rig->bones())
+        names << QString::number(bone->depth()) + bone->name();
+    return names.join(QLatin1Char(' '));
+}
+
 void RigScene::forget()
 {
     gSolution->clearHistory();

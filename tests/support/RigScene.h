@@ -16,7 +16,8 @@ public:
 
     /// A bone between two points, in the history's past. A null parent puts it at the top.
     KMBone *addBone(const QString &name, KMBone *parent, const kvm::Vector3 &head, const kvm::Vector3 &tail);
-    void forget(); ///< empties the history; the rig stays current
+    QString names() const; ///< of the bones in their order, each behind its depth: "0arm 1elbow"
+    void forget();         ///< empties the history; the rig stays current
 
     KMHeadlessSession session;
     RigDump dump;

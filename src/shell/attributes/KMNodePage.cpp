@@ -1,9 +1,7 @@
 #include "shell/attributes/KMNodePage.h"
 
 #include "core/KMContainerNode.h"
-#include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeType.h"
-#include "core/KMSolution.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/widgets/KMTextField.h"
 
@@ -51,7 +49,7 @@ void KMNodePage::rename(const QString &text)
     if (name.isEmpty() || name == m_node->name())
         KMNodePage::refresh(); // a row without a name could not be found again
     else
-        gSolution->push(new renameNodeCommand(m_node, name));
+        m_node->pushRenameCommand(name);
 }
 
 void KMNodePage::refresh()

@@ -2,9 +2,7 @@
 
 #include "core/KMDpi.h"
 #include "core/KMIcon.h"
-#include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeType.h"
-#include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
 #include "shell/KMNodeEdits.h"
@@ -153,7 +151,7 @@ void KMNodeRowDelegate::setModelData(QWidget *editor, QAbstractItemModel *, cons
     KMContainerNode *node = nodeAt(index);
     const QString name = line ? line->text().trimmed() : QString();
     if (!name.isEmpty() && name != node->name())
-        gSolution->push(new renameNodeCommand(node, name));
+        node->pushRenameCommand(name);
 }
 
 bool KMNodeRowDelegate::editorEvent(QEvent *event, QAbstractItemModel *, const QStyleOptionViewItem &option,

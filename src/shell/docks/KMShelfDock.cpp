@@ -3,7 +3,6 @@
 #include "core/KMCommand.h"
 #include "core/KMContainerNode.h"
 #include "core/KMDpi.h"
-#include "core/KMNodePropertyCommands.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
@@ -140,7 +139,7 @@ void KMShelfDock::rename(QListWidgetItem *tile)
     KMContainerNode *node = nodeOf(tile);
     const QString name = tile->text().trimmed();
     if (!name.isEmpty() && name != node->name())
-        gSolution->push(new renameNodeCommand(node, name));
+        node->pushRenameCommand(name);
     else
         refresh();
 }
