@@ -14,6 +14,7 @@
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
 #include "tools/KMBoneComContainer.h"
+#include "tools/KMBoneWeightComContainer.h"
 #include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 
@@ -51,6 +52,7 @@ void kmmainwidget::createMenus()
     createSelectionMenu();
     createNodesMenu();
     createFamilyMenu(tr("Bone(&B)"), "Menu Bone", new KMBoneComContainer(this));
+    createFamilyMenu(tr("BoneWeight(&T)"), "Menu BoneWeight", new KMBoneWeightComContainer(this));
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
