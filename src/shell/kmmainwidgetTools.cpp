@@ -10,6 +10,7 @@
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/toolpages/KMBevelPage.h"
+#include "shell/toolpages/KMBoneWeightPage.h"
 #include "shell/toolpages/KMExtrudePage.h"
 #include "shell/toolpages/KMSelPage.h"
 #include "shell/toolpages/KMUnivPage.h"
@@ -17,6 +18,7 @@
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
 #include "tools/KMToolBevel.h"
+#include "tools/KMToolBoneWeight.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSel.h"
@@ -44,6 +46,8 @@ QWidget *makePage(KMTool *tool)
         return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
     case KMToolKind::Bevel:
         return new KMBevelPage(static_cast<KMToolBevel *>(tool));
+    case KMToolKind::BoneWeight:
+        return new KMBoneWeightPage(static_cast<KMToolBoneWeight *>(tool));
     default:
         return nullptr;
     }

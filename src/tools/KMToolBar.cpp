@@ -6,6 +6,7 @@
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
 #include "tools/KMToolBevel.h"
+#include "tools/KMToolBoneWeight.h"
 #include "tools/KMToolErase.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
@@ -44,6 +45,8 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolExtrude>();
     case KMToolKind::Bevel:
         return std::make_unique<KMToolBevel>();
+    case KMToolKind::BoneWeight:
+        return std::make_unique<KMToolBoneWeight>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }
