@@ -51,6 +51,32 @@
     </message>
 </context>
 <context>
+    <name>BoneWeightComBlur</name>
+    <message>
+        <source>Limit Area</source>
+        <translation>範囲を限定</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>しきい値</translation>
+    </message>
+</context>
+<context>
+    <name>BoneWeightComTransfer</name>
+    <message>
+        <source>Select the mesh with the weights as well.</source>
+        <translation>ウェイトを持つメッシュも選択してください。</translation>
+    </message>
+    <message>
+        <source>Margin</source>
+        <translation>許容範囲</translation>
+    </message>
+    <message>
+        <source>No surface with weights lies within the margin.</source>
+        <translation>許容範囲内にウェイトを持つ面がありません。</translation>
+    </message>
+</context>
+<context>
     <name>ComClearBuffer</name>
     <message>
         <source>clear Buffer</source>
@@ -761,6 +787,296 @@
     <message>
         <source>toe IK_R</source>
         <translation>右つま先ＩＫ</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneWeightCommand</name>
+    <message>
+        <source>There is no such vertex.</source>
+        <translation>該当する頂点はありません。</translation>
+    </message>
+    <message>
+        <source>No bone weighs on the selected vertices.</source>
+        <translation>選択中の頂点に影響するボーンはありません。</translation>
+    </message>
+    <message>
+        <source>Other Bone Not Found.</source>
+        <translation>反対側のボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>正規化</translation>
+    </message>
+    <message>
+        <source>Bring the weights of the selected vertices to the sum 1</source>
+        <translation>選択中の頂点のウェイトを合計1にします</translation>
+    </message>
+    <message>
+        <source>Fit To Children</source>
+        <translation>子に合わせる</translation>
+    </message>
+    <message>
+        <source>Give the selected bone what its children leave of the weight at the selected vertices</source>
+        <translation>選択中の頂点で、子ボーンのウェイトの残りを選択中のボーンに割り当てます</translation>
+    </message>
+    <message>
+        <source>Set Sdef Flag</source>
+        <translation>SDEFフラグを設定</translation>
+    </message>
+    <message>
+        <source>Blend the selected vertices spherically where they have two bones</source>
+        <translation>ボーンが2本の選択頂点を球面ブレンドします</translation>
+    </message>
+    <message>
+        <source>Remove Sdef Flag</source>
+        <translation>SDEFフラグを解除</translation>
+    </message>
+    <message>
+        <source>Blend the selected vertices linearly</source>
+        <translation>選択中の頂点を線形ブレンドします</translation>
+    </message>
+    <message>
+        <source>Select Sdef Vertex</source>
+        <translation>SDEF頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices that are flagged to be blended spherically</source>
+        <translation>球面ブレンドのフラグが付いた頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Remove Invalid Weigt</source>
+        <translation>無効なウェイトを削除</translation>
+    </message>
+    <message>
+        <source>Delete the weights of 0 at the selected vertices</source>
+        <translation>選択中の頂点のウェイト0の項目を削除します</translation>
+    </message>
+    <message>
+        <source>Select Over Three Vertex</source>
+        <translation>ボーン3本以上の頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices with three bones or more</source>
+        <translation>ボーンが3本以上の頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Select Over Five Vertex</source>
+        <translation>ボーン5本以上の頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices with five bones or more: one too many for PMX</source>
+        <translation>ボーンが5本以上の頂点を選択します（PMXの上限を超えています）</translation>
+    </message>
+    <message>
+        <source>Select Affected Bone</source>
+        <translation>影響ボーンを選択</translation>
+    </message>
+    <message>
+        <source>Select the bones that weigh on the selected vertices</source>
+        <translation>選択中の頂点に影響するボーンを選択します</translation>
+    </message>
+    <message>
+        <source>Select Vertex From Bone</source>
+        <translation>ボーンから頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices on which the selected bones weigh</source>
+        <translation>選択中のボーンが影響する頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Erase From Selected Vertex</source>
+        <translation>選択頂点から消去</translation>
+    </message>
+    <message>
+        <source>Delete all weights of the selected vertices</source>
+        <translation>選択中の頂点のウェイトをすべて削除します</translation>
+    </message>
+    <message>
+        <source>Select White Vertex</source>
+        <translation>ウェイトのない頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices without any weight</source>
+        <translation>ウェイトのない頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Tranefer</source>
+        <translation>転写</translation>
+    </message>
+    <message>
+        <source>Give the selected vertices of the current mesh the weights of the other selected meshes</source>
+        <translation>選択中の他のメッシュのウェイトを、現在のメッシュの選択頂点に転写します</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>ぼかし</translation>
+    </message>
+    <message>
+        <source>Mix the weights of the selected vertices with those of their neighbours</source>
+        <translation>選択中の頂点のウェイトを隣の頂点とならします</translation>
+    </message>
+    <message>
+        <source>Transfer As Other</source>
+        <translation>反対側へ移す</translation>
+    </message>
+    <message>
+        <source>Move the weights that the selected bone has at the selected vertices to the bone on the other side</source>
+        <translation>選択頂点での選択ボーンのウェイトを、反対側のボーンに移します</translation>
+    </message>
+    <message>
+        <source>Enable All BoneMod</source>
+        <translation>ボーン変形をすべて有効</translation>
+    </message>
+    <message>
+        <source>Switch on all modifiers that deform meshes by bones</source>
+        <translation>ボーンによる変形モディファイアをすべて有効にします</translation>
+    </message>
+    <message>
+        <source>Disable All BoneMod</source>
+        <translation>ボーン変形をすべて無効</translation>
+    </message>
+    <message>
+        <source>Switch off all modifiers that deform meshes by bones</source>
+        <translation>ボーンによる変形モディファイアをすべて無効にします</translation>
+    </message>
+    <message>
+        <source>BoneWeightComDebugOut</source>
+        <translation>BoneWeightComDebugOut</translation>
+    </message>
+    <message>
+        <source>Write the weights of all vertices to the log</source>
+        <translation>すべての頂点のウェイトをログに書き出します</translation>
+    </message>
+    <message>
+        <source>BoneWeightComTest</source>
+        <translation>BoneWeightComTest</translation>
+    </message>
+    <message>
+        <source>Does nothing: for those who work on the program</source>
+        <translation>何もしません（プログラムの開発者用）</translation>
+    </message>
+    <message>
+        <source>Mesh Selection not found.</source>
+        <translation>選択中のメッシュがありません。</translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation>%1 はロックされています。</translation>
+    </message>
+    <message>
+        <source>BoneWeightTag not found.</source>
+        <translation>ボーンウェイトタグがありません。</translation>
+    </message>
+    <message>
+        <source>Vertex Selection not found.</source>
+        <translation>選択中の頂点がありません。</translation>
+    </message>
+    <message>
+        <source>Bone Selection not found.</source>
+        <translation>選択中のボーンがありません。</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneWeightPage</name>
+    <message>
+        <source>Add the value to the weights of the bone</source>
+        <translation>ボーンのウェイトに値を加えます</translation>
+    </message>
+    <message>
+        <source>Take the value off the weights of the bone</source>
+        <translation>ボーンのウェイトから値を引きます</translation>
+    </message>
+    <message>
+        <source>Bring the weights of the bone to the value</source>
+        <translation>ボーンのウェイトを値に近づけます</translation>
+    </message>
+    <message>
+        <source>Even out the weights of the bone; with Shift in every mode</source>
+        <translation>ボーンのウェイトをならします（どのモードでもShiftで使えます）</translation>
+    </message>
+    <message>
+        <source>Take the bone off the vertices</source>
+        <translation>頂点からボーンのウェイトを消します</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>What is added, taken off or set: 0 to 1</source>
+        <translation>加える、引く、または設定する値（0～1）</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Of the brush, in pixels; the keys [ and ] change it as well</source>
+        <translation>ブラシの半径（ピクセル）。キー [ と ] でも変えられます</translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation>強さ</translation>
+    </message>
+    <message>
+        <source>How much of it a stroke does: 0 to 1</source>
+        <translation>1ストロークで効く割合（0～1）</translation>
+    </message>
+    <message>
+        <source>Pen Pressure on Strength</source>
+        <translation>筆圧で強さを変える</translation>
+    </message>
+    <message>
+        <source>A pen that presses less paints less</source>
+        <translation>筆圧が弱いほど薄く塗ります</translation>
+    </message>
+    <message>
+        <source>Pen Pressure on Radius</source>
+        <translation>筆圧で半径を変える</translation>
+    </message>
+    <message>
+        <source>A pen that presses less paints narrower</source>
+        <translation>筆圧が弱いほど細く塗ります</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>正規化</translation>
+    </message>
+    <message>
+        <source>The other bones of a vertex give way, so that its weights come to 1</source>
+        <translation>頂点のウェイトの合計が1になるよう、ほかのボーンのウェイトを調整します</translation>
+    </message>
+    <message>
+        <source>Front Only</source>
+        <translation>表面のみ</translation>
+    </message>
+    <message>
+        <source>Vertices that a surface hides aren&apos;t painted</source>
+        <translation>面に隠れた頂点は塗りません</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>線形</translation>
+    </message>
+    <message>
+        <source>Smooth</source>
+        <translation>なめらか</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>一定</translation>
+    </message>
+    <message>
+        <source>How the brush weakens towards its rim</source>
+        <translation>ブラシの縁に向かう弱まり方</translation>
+    </message>
+    <message>
+        <source>Falloff</source>
+        <translation>減衰</translation>
+    </message>
+    <message>
+        <source>The bone that is painted; in a view it is chosen by a click with Ctrl</source>
+        <translation>塗るボーン。ビューではCtrl+クリックで選べます</translation>
     </message>
 </context>
 <context>
@@ -3924,6 +4240,69 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMToolBoneWeight</name>
+    <message>
+        <source>Add</source>
+        <translation>加算</translation>
+    </message>
+    <message>
+        <source>Subtract</source>
+        <translation>減算</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>ぼかし</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>消しゴム</translation>
+    </message>
+    <message>
+        <source>Select Bone</source>
+        <translation>ボーンを選択</translation>
+    </message>
+    <message>
+        <source>Select the mesh to be painted.</source>
+        <translation>ペイントするメッシュを選択してください。</translation>
+    </message>
+    <message>
+        <source>%1 is locked or hidden.</source>
+        <translation>%1 はロックまたは非表示です。</translation>
+    </message>
+    <message>
+        <source>Choose the bone: in the list, or by a click on it with Ctrl.</source>
+        <translation>ボーンを選んでください（リスト、またはCtrl+クリック）。</translation>
+    </message>
+    <message>
+        <source>Other Bone Not Found.</source>
+        <translation>反対側のボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Paint BoneWeight</source>
+        <translation>ボーンウェイトをペイント</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>no weight</source>
+        <translation>ウェイトなし</translation>
+    </message>
+    <message>
+        <source>Vertex %1   %2</source>
+        <translation>頂点 %1   %2</translation>
+    </message>
+    <message>
+        <source>   </source>
+        <translation>   </translation>
+    </message>
+</context>
+<context>
     <name>KMToolExtrude</name>
     <message>
         <source>Default</source>
@@ -5789,6 +6168,10 @@ Trying to Recover Files?</source>
     <message>
         <source>Operation Panel</source>
         <translation>操作パネル</translation>
+    </message>
+    <message>
+        <source>BoneWeight(&amp;T)</source>
+        <translation>ボーンウェイト(&amp;T)</translation>
     </message>
 </context>
 <context>
