@@ -112,7 +112,6 @@ void skipWeights(Fields &f)
 
 constexpr Row nodeRows[] = {
     {KMNodeType::UserCamera, [](Fields &) {}},
-    {KMNodeType::ModBoneDeform, [](Fields &f) { f.transform().tags(); }},
     {KMNodeType::ModHair,
      [](Fields &f) {
          f.transform().f32(2).flag(2).i32(2).list([](Fields &point) { point.f32(2); }).f32(2).i32(2).f32(4).tags();

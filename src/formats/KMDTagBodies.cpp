@@ -7,6 +7,7 @@
 #include "formats/KMDFormat.h"
 #include "formats/KMDNormalTag.h"
 #include "formats/KMDSkippedBodies.h"
+#include "formats/KMDWeightTag.h"
 
 #include <QCoreApplication>
 
@@ -24,6 +25,7 @@ const QVector<KMDTagBody> &bodies()
 {
     static const QVector<KMDTagBody> rows = {
         {KMNodeType::TagNormal, &KMDNormalTag::make, &KMDNormalTag::write, &KMDNormalTag::read},
+        {KMNodeType::TagBoneWeight, &KMDWeightTag::make, &KMDWeightTag::write, &KMDWeightTag::read},
         {KMNodeType::TagConstraint, &KMDConstraintTag::make, &KMDConstraintTag::write, &KMDConstraintTag::read},
     };
     return rows;

@@ -244,8 +244,11 @@ void KMMeshNode::refreshAfterEdit()
     refreshMesh(m_dirtyMask);
 }
 
+/// Rigs are refreshed after the meshes, and a pose marks those that follow it.
 void KMMeshNode::notifyDependents()
 {
+    if (m_dirtyMask == Positions && !m_modifiers.isEmpty())
+        refreshMesh(m_dirtyMask);
     beginFrame();
     if (m_chainPending)
         evaluateModifiers();

@@ -261,10 +261,11 @@ bool KMNodeEdits::canTake(const KMContainerNode *node, const KMTagBase *tag)
 {
     if (!canHoldTag(node->type(), tag->type()))
         return false;
+    if (tag->type() != KMNodeType::TagNormal && tag->type() != KMNodeType::TagBoneWeight)
+        return true;
     const QList<KMTagBase *> tags = node->tags();
-    return tag->type() != KMNodeType::TagNormal || std::none_of(tags.begin(), tags.end(), [](const KMTagBase *other) {
-               return other->type() == KMNodeType::TagNormal && !other->isDeleted();
-           });
+    return std::none_of(tags.begin(), tags.end(),
+                        [tag](const KMTagBase *other) { return other->type() == tag->type() && !other->isDeleted(); });
 }
 
 bool KMNodeEdits::moveTag(KMTagBase *tag, KMContainerNode *node, int place)

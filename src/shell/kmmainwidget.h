@@ -146,6 +146,7 @@ private slots:
     void onMenuCreateFFDNode();
     void onMenuCreateSolidifyNode();
     void onMenuCreateClonerNode();
+    void onMenuCreateBoneDeformNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();

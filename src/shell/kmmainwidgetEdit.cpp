@@ -30,6 +30,7 @@
 #include "modifiers/KMPrimTorusNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneEdit.h"
+#include "rig/KMModBoneDeformNode.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMMeshClipboard.h"
@@ -328,6 +329,11 @@ void kmmainwidget::onMenuCreateSolidifyNode()
 void kmmainwidget::onMenuCreateClonerNode()
 {
     KMNodeEdits::addModifier(new KMModClonerNode);
+}
+
+void kmmainwidget::onMenuCreateBoneDeformNode()
+{
+    KMNodeEdits::addModifier(new KMModBoneDeformNode);
 }
 
 void kmmainwidget::onMenuCreateShaderNode()

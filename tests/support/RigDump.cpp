@@ -4,6 +4,7 @@
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
 
 #include <QTextStream>
@@ -20,6 +21,10 @@ QString bits(const T &value)
 
 void RigDump::writeDetails(QTextStream &out, const KMContainerNode *node)
 {
+    for (const KMTagBase *tag : node->tags()) {
+        if (tag->type() == KMNodeType::TagBoneWeight && !tag->isDeleted())
+            writeWeights(out, *static_cast<const KMTagBoneWeight *>(tag));
+    }
     if (node->type() != KMNodeType::BoneContainer)
         return;
     const auto *rig = static_cast<const KMBoneContainer *>(node);
@@ -28,6 +33,16 @@ void RigDump::writeDetails(QTextStream &out, const KMContainerNode *node)
         writeBone(out, bone);
     writeKeys(out, rig);
     out << rigFault(*rig);
+}
+
+void RigDump::writeWeights(QTextStream &out, const KMTagBoneWeight &tag)
+{
+    const KMWeightParameters &p = tag.parameters();
+    out << "\n weights " << p.sdefMethod << p.autoNormalize << ' ' << bits(p.sdefBlend);
+    for (const BoneWeightEntry &entry : tag.entries())
+        out << ' ' << entry.vertex << '/' << number(entry.bone) << '=' << bits(entry.weight);
+    for (const int vertex : tag.sdefVertices())
+        out << " sdef " << vertex;
 }
 
 void RigDump::writeBone(QTextStream &out, const KMBone *bone)

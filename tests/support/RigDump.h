@@ -4,14 +4,17 @@
 
 class KMBone;
 class KMBoneContainer;
+class KMTagBoneWeight;
 
-/// The document with the bones, keys and current bone of its rigs. Poses are computed and left out.
+/// The document with the bones, keys and current bone of its rigs, and the weights of its meshes. Poses are computed
+/// and left out.
 class RigDump : public DocumentDump
 {
 protected:
     void writeDetails(QTextStream &out, const KMContainerNode *node) override;
 
 private:
+    void writeWeights(QTextStream &out, const KMTagBoneWeight &tag);
     void writeBone(QTextStream &out, const KMBone *bone);
     void writeKeys(QTextStream &out, const KMBoneContainer *rig);
 };

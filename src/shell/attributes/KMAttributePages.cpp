@@ -10,6 +10,7 @@
 #include "core/KMValueNodeContainer.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
+#include "rig/KMTagBoneWeight.h"
 #include "shell/attributes/KMBasicShaderPage.h"
 #include "shell/attributes/KMMeshPage.h"
 #include "shell/attributes/KMModifierPages.h"
@@ -21,6 +22,7 @@
 #include "shell/attributes/KMTagPage.h"
 #include "shell/attributes/KMTexturePages.h"
 #include "shell/attributes/KMValuePage.h"
+#include "shell/attributes/KMWeightTagPage.h"
 
 namespace {
 
@@ -60,12 +62,14 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::ModFFD, 0, &make<KMModFFDPage, KMModFFDNode>},
     {KMNodeType::ModPipe, 0, &make<KMModPipePage, KMModPipeNode>},
     {KMNodeType::ModSolid, 0, &make<KMModSolidPage, KMModSolidNode>},
+    {KMNodeType::ModBoneDeform, 0, &make<KMModBoneDeformPage, KMModBoneDeformNode>},
     {KMNodeType::ModCloner, 0, &make<KMModClonerPage, KMModClonerNode>},
     {KMNodeType::Mesh, 0, &make<KMMeshPage, KMMeshNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},
     {KMNodeType::TagNormal, 0, &make<KMNormalTagPage, KMTagNormal>},
+    {KMNodeType::TagBoneWeight, 0, &make<KMWeightTagPage, KMTagBoneWeight>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
 };

@@ -11,6 +11,7 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
+#include "rig/KMTagBoneWeight.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
@@ -24,7 +25,18 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
+#include <memory>
+
 namespace {
+
+/// A tag that the menu of a node hangs on it.
+struct TagEntry
+{
+    const char *objectName;
+    const char *text;
+    const char *statusTip;
+    KMTagBase *(*make)();
+};
 
 void setSelected(const QItemSelection &rows, bool selected)
 {
@@ -273,17 +285,25 @@ void kmnodewidget::showMenu(const QPoint &position)
     menu->popup(globalPosition);
 }
 
-/// A mesh has one normal tag that counts; a second one would lie idle.
+/// Of each kind a mesh has one tag that counts; a second one would lie idle.
 void kmnodewidget::addTagEntries(QMenu *menu, KMContainerNode *node)
 {
-    const KMTagNormal wanted;
-    if (!node || !KMNodeEdits::canTake(node, &wanted))
-        return;
+    static constexpr TagEntry entries[] = {
+        {"addNormalTag", QT_TR_NOOP("Add Normal Tag"), QT_TR_NOOP("Let creases and normals of this mesh be edited"),
+         []() -> KMTagBase * { return new KMTagNormal; }},
+        {"addBoneWeightTag", QT_TR_NOOP("Add BoneWeight Tag"), QT_TR_NOOP("Let bones move this mesh"),
+         []() -> KMTagBase * { return new KMTagBoneWeight; }},
+    };
     menu->addSeparator();
-    QAction *add = menu->addAction(tr("Add Normal Tag"), this,
-                                   [node] { gSolution->push(new addTagCommand(node, new KMTagNormal)); });
-    add->setObjectName(QStringLiteral("addNormalTag"));
-    add->setStatusTip(tr("Let creases and normals of this mesh be edited"));
+    for (const TagEntry &entry : entries) {
+        const std::unique_ptr<KMTagBase> wanted(entry.make());
+        if (!node || !KMNodeEdits::canTake(node, wanted.get()))
+            continue;
+        QAction *add = menu->addAction(tr(entry.text), this,
+                                       [node, entry] { gSolution->push(new addTagCommand(node, entry.make())); });
+        add->setObjectName(QLatin1String(entry.objectName));
+        add->setStatusTip(tr(entry.statusTip));
+    }
 }
 
 void kmnodewidget::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
