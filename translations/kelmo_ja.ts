@@ -73,6 +73,32 @@
     </message>
 </context>
 <context>
+    <name>BoneWeightComBlur</name>
+    <message>
+        <source>Limit Area</source>
+        <translation>範囲を限定</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>しきい値</translation>
+    </message>
+</context>
+<context>
+    <name>BoneWeightComTransfer</name>
+    <message>
+        <source>Select the mesh with the weights as well.</source>
+        <translation>ウェイトを持つメッシュも選択してください。</translation>
+    </message>
+    <message>
+        <source>Margin</source>
+        <translation>許容範囲</translation>
+    </message>
+    <message>
+        <source>No surface with weights lies within the margin.</source>
+        <translation>許容範囲内にウェイトを持つ面がありません。</translation>
+    </message>
+</context>
+<context>
     <name>ComClearBuffer</name>
     <message>
         <source>clear Buffer</source>
@@ -4496,6 +4522,69 @@ Trying to Recover Files?</source>
     <message>
         <source>Where the tools lie in the window</source>
         <translation>ウィンドウ内のツールの位置を選びます</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolBoneWeight</name>
+    <message>
+        <source>Add</source>
+        <translation>加算</translation>
+    </message>
+    <message>
+        <source>Subtract</source>
+        <translation>減算</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>ぼかし</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>消しゴム</translation>
+    </message>
+    <message>
+        <source>Select Bone</source>
+        <translation>ボーンを選択</translation>
+    </message>
+    <message>
+        <source>Select the mesh to be painted.</source>
+        <translation>ペイントするメッシュを選択してください。</translation>
+    </message>
+    <message>
+        <source>%1 is locked or hidden.</source>
+        <translation>%1 はロックまたは非表示です。</translation>
+    </message>
+    <message>
+        <source>Choose the bone: in the list, or by a click on it with Ctrl.</source>
+        <translation>ボーンを選んでください（リスト、またはCtrl+クリック）。</translation>
+    </message>
+    <message>
+        <source>Other Bone Not Found.</source>
+        <translation>反対側のボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Paint BoneWeight</source>
+        <translation>ボーンウェイトをペイント</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>no weight</source>
+        <translation>ウェイトなし</translation>
+    </message>
+    <message>
+        <source>Vertex %1   %2</source>
+        <translation>頂点 %1   %2</translation>
+    </message>
+    <message>
+        <source>   </source>
+        <translation>   </translation>
     </message>
 </context>
 <context>

@@ -57,11 +57,13 @@ void paintPoint(const KMMeshNode &mesh, int index, const KMElementStyle &style, 
 
 void KMLineBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
 {
-    if (!(style == m_style) || style.colors) {
+    QVector<int> repainted;
+    const auto change = m_colors.follow(mesh, style.colors, repainted);
+    if (!(style == m_style) || change == KMVertexColorFollower::Change::All) {
         m_style = style;
         markStale(Colors);
     }
-    if (stale() == 0)
+    if (stale() == 0 && repainted.isEmpty())
         return;
     const int count = elementCount(mesh);
     if (needsBuild() || m_group.elementCount != count) {
@@ -73,6 +75,8 @@ void KMLineBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
     else if (count > 0) {
         if (stale() & (Positions | Colors))
             writeElements(mesh, stale());
+        if (!(stale() & Colors) && !repainted.isEmpty())
+            repaint(mesh, repainted);
         if (stale() & Visibility)
             writeIndices(mesh);
     }
@@ -138,6 +142,19 @@ void KMPointBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
             paintPoint(mesh, vertex->index, style(), element);
     }
     m_group.built = true;
+}
+
+void KMPointBuffers::repaint(const KMMeshNode &mesh, const QVector<int> &vertices)
+{
+    const KMBufferMap<KMLineElement> map(m_group.vbo);
+    if (!map) {
+        markStale(Colors);
+        return noteRefusal();
+    }
+    for (const int i : vertices) {
+        if (mesh.vertex(i))
+            paintPoint(mesh, i, style(), map.data()[i]);
+    }
 }
 
 void KMPointBuffers::writeIndices(const KMMeshNode &mesh)

@@ -2,7 +2,7 @@
 
 #include "math/Vector4.h"
 
-#include <QtGlobal>
+#include <QVector>
 
 #include <optional>
 #include <utility>
@@ -43,10 +43,12 @@ private:
     bool m_isRefused = false;
 };
 
-/// Colours that a tool gives to the vertices of a mesh, in place of those by flags. It is asked in each frame.
+/// Colours that a tool gives to the vertices of a mesh, in place of those by flags.
 class KMVertexColors
 {
 public:
+    static constexpr qint64 Unknown = -1;
+
     virtual ~KMVertexColors() = default;
     virtual kvm::Vector4 vertexColor(const KMMeshNode &mesh, int vertex) const = 0;
     /// Of a vertex that is drawn as a point, which has another one by its flags.
@@ -61,4 +63,28 @@ public:
     {
         return {};
     }
+    /// Another number says that colours of the mesh are others. With Unknown all are asked for in each frame.
+    virtual qint64 revision(const KMMeshNode &) const { return Unknown; }
+    /// Appends the vertices with other colours since a revision; false when any may have others.
+    virtual bool changedSince(const KMMeshNode &, qint64, QVector<int> &) const { return false; }
+};
+
+/// What a class of buffers has to write of the colours that a tool gives.
+class KMVertexColorFollower
+{
+public:
+    enum class Change { None, Some, All };
+    /// Some: those of the vertices that are appended. Afterwards they count as followed.
+    Change follow(const KMMeshNode &mesh, const KMVertexColors *colors, QVector<int> &vertices)
+    {
+        const qint64 revision = colors ? colors->revision(mesh) : KMVertexColors::Unknown;
+        const qint64 former = std::exchange(m_revision, revision);
+        if (!colors || (revision == former && revision != KMVertexColors::Unknown))
+            return Change::None;
+        const bool canFollow = revision != KMVertexColors::Unknown && former != KMVertexColors::Unknown;
+        return canFollow && colors->changedSince(mesh, former, vertices) ? Change::Some : Change::All;
+    }
+
+private:
+    qint64 m_revision = KMVertexColors::Unknown;
 };

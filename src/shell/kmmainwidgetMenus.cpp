@@ -17,6 +17,7 @@
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
 #include "tools/KMBoneComContainer.h"
+#include "tools/KMBoneWeightComContainer.h"
 #include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 
@@ -56,6 +57,7 @@ void kmmainwidget::createMenus()
     auto *boneCommands = new KMBoneComContainer(this);
     createFamilyMenu(tr("Bone(&B)"), "Menu Bone", boneCommands);
     m_boneDock->setBoneCommands(boneCommands);
+    createFamilyMenu(tr("BoneWeight(&T)"), "Menu BoneWeight", new KMBoneWeightComContainer(this));
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();

@@ -10,7 +10,8 @@
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/toolpages/KMBevelPage.h"
-#include "shell/toolpages/KMBonePage.h"
+#include "shell/toolpages/KMBoneToolPage.h"
+#include "shell/toolpages/KMBoneWeightPage.h"
 #include "shell/toolpages/KMExtrudePage.h"
 #include "shell/toolpages/KMSelPage.h"
 #include "shell/toolpages/KMUnivPage.h"
@@ -20,6 +21,7 @@
 #include "tools/KMToolBar.h"
 #include "tools/KMToolBevel.h"
 #include "tools/KMToolBone.h"
+#include "tools/KMToolBoneWeight.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSel.h"
@@ -50,9 +52,11 @@ QWidget *makePage(KMTool *tool)
     case KMToolKind::Extrude:
         return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
     case KMToolKind::Bone:
-        return new KMBonePage(static_cast<KMToolBone *>(tool));
+        return new KMBoneToolPage(static_cast<KMToolBone *>(tool));
     case KMToolKind::Bevel:
         return new KMBevelPage(static_cast<KMToolBevel *>(tool));
+    case KMToolKind::BoneWeight:
+        return new KMBoneWeightPage(static_cast<KMToolBoneWeight *>(tool));
     default:
         return nullptr;
     }

@@ -8,6 +8,7 @@
 #include "tools/KMToolAnimation.h"
 #include "tools/KMToolBevel.h"
 #include "tools/KMToolBone.h"
+#include "tools/KMToolBoneWeight.h"
 #include "tools/KMToolErase.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
@@ -53,6 +54,8 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolBone>();
     case KMToolKind::Bevel:
         return std::make_unique<KMToolBevel>();
+    case KMToolKind::BoneWeight:
+        return std::make_unique<KMToolBoneWeight>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }

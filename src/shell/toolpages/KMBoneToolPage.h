@@ -8,11 +8,11 @@ class QButtonGroup;
 class QCheckBox;
 
 /// The options of the bone tool: what a drag does, and how. They are kept from one run of the program to the next.
-class KMBonePage : public QWidget
+class KMBoneToolPage : public QWidget
 {
     Q_OBJECT
 public:
-    explicit KMBonePage(KMToolBone *tool, QWidget *parent = nullptr);
+    explicit KMBoneToolPage(KMToolBone *tool, QWidget *parent = nullptr);
 
 private:
     void addModes();

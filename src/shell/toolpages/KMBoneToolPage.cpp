@@ -1,4 +1,4 @@
-#include "shell/toolpages/KMBonePage.h"
+#include "shell/toolpages/KMBoneToolPage.h"
 
 #include "core/KMSettings.h"
 #include "tools/KMToolBone.h"
@@ -21,8 +21,8 @@ struct ModeRow
 
 /// By KMToolBone::Mode.
 constexpr ModeRow modeRows[] = {
-    {"boneMake", QT_TRANSLATE_NOOP("KMBonePage", "A drag makes a bone; from a head or a tail it goes on from there")},
-    {"boneMove", QT_TRANSLATE_NOOP("KMBonePage", "A drag moves heads and tails, or selects an area")},
+    {"boneMake", QT_TRANSLATE_NOOP("KMBoneToolPage", "A drag makes a bone; from a head or a tail it goes on from there")},
+    {"boneMove", QT_TRANSLATE_NOOP("KMBoneToolPage", "A drag moves heads and tails, or selects an area")},
 };
 
 bool &takesChildren(KMToolBone::Options &options)
@@ -50,12 +50,12 @@ struct OptionRow
 
 // clang-format off
 constexpr OptionRow optionRows[] = {
-    {&takesChildren, QT_TRANSLATE_NOOP("KMBonePage", "Children Follow"), "boneChildren",
-     QT_TRANSLATE_NOOP("KMBonePage", "All that hangs on a moved joint moves along, and isn't stretched")},
-    {&snapsToVertices, QT_TRANSLATE_NOOP("KMBonePage", "Snap to Vertices"), "boneSnap",
-     QT_TRANSLATE_NOOP("KMBonePage", "Joints go to the vertex under the cursor, whatever the snap menu says")},
-    {&goesToMiddle, QT_TRANSLATE_NOOP("KMBonePage", "Middle of the Mesh"), "boneMiddle",
-     QT_TRANSLATE_NOOP("KMBonePage", "New joints go halfway through the mesh under the cursor")},
+    {&takesChildren, QT_TRANSLATE_NOOP("KMBoneToolPage", "Children Follow"), "boneChildren",
+     QT_TRANSLATE_NOOP("KMBoneToolPage", "All that hangs on a moved joint moves along, and isn't stretched")},
+    {&snapsToVertices, QT_TRANSLATE_NOOP("KMBoneToolPage", "Snap to Vertices"), "boneSnap",
+     QT_TRANSLATE_NOOP("KMBoneToolPage", "Joints go to the vertex under the cursor, whatever the snap menu says")},
+    {&goesToMiddle, QT_TRANSLATE_NOOP("KMBoneToolPage", "Middle of the Mesh"), "boneMiddle",
+     QT_TRANSLATE_NOOP("KMBoneToolPage", "New joints go halfway through the mesh under the cursor")},
 };
 // clang-format on
 
@@ -73,7 +73,7 @@ QString keyOf(const QString &name)
 
 } // namespace
 
-KMBonePage::KMBonePage(KMToolBone *tool, QWidget *parent)
+KMBoneToolPage::KMBoneToolPage(KMToolBone *tool, QWidget *parent)
     : QWidget(parent)
     , m_tool(tool)
     , m_modes(new QButtonGroup(this))
@@ -83,11 +83,11 @@ KMBonePage::KMBonePage(KMToolBone *tool, QWidget *parent)
     addOptions();
     restore();
     sync();
-    connect(tool, &KMTool::modeChanged, this, &KMBonePage::sync);
-    connect(tool, &KMToolBone::optionsChanged, this, &KMBonePage::sync);
+    connect(tool, &KMTool::modeChanged, this, &KMBoneToolPage::sync);
+    connect(tool, &KMToolBone::optionsChanged, this, &KMBoneToolPage::sync);
 }
 
-void KMBonePage::addModes()
+void KMBoneToolPage::addModes()
 {
     auto *grid = static_cast<QGridLayout *>(layout());
     for (int mode = 0; mode < KMToolBone::ModeCount; ++mode) {
@@ -106,7 +106,7 @@ void KMBonePage::addModes()
     });
 }
 
-void KMBonePage::addOptions()
+void KMBoneToolPage::addOptions()
 {
     auto *grid = static_cast<QGridLayout *>(layout());
     for (const OptionRow &row : optionRows) {
@@ -122,7 +122,7 @@ void KMBonePage::addOptions()
     grid->setRowStretch(grid->rowCount(), 1);
 }
 
-void KMBonePage::sync()
+void KMBoneToolPage::sync()
 {
     m_modes->button(m_tool->mode())->setChecked(true);
     KMToolBone::Options options = m_tool->options();
@@ -130,7 +130,7 @@ void KMBonePage::sync()
         m_boxes[i]->setChecked(optionRows[i].value(options));
 }
 
-void KMBonePage::onBoneOptionChanged(int row)
+void KMBoneToolPage::onBoneOptionChanged(int row)
 {
     KMToolBone::Options options = m_tool->options();
     optionRows[row].value(options) = m_boxes[row]->isChecked();
@@ -138,7 +138,7 @@ void KMBonePage::onBoneOptionChanged(int row)
     store();
 }
 
-void KMBonePage::restore()
+void KMBoneToolPage::restore()
 {
     const QSettings file(fileName(), QSettings::IniFormat);
     KMToolBone::Options options = m_tool->options();
@@ -150,7 +150,7 @@ void KMBonePage::restore()
     m_tool->setMode(file.value(keyOf(modeKey), m_tool->mode()).toInt());
 }
 
-void KMBonePage::store() const
+void KMBoneToolPage::store() const
 {
     QSettings file(fileName(), QSettings::IniFormat);
     KMToolBone::Options options = m_tool->options();
