@@ -270,6 +270,7 @@ void Walker::addRig()
     rig->animation()->reevaluate();
     m_weights = new KMTagBoneWeight;
     m_mesh.addTagKeepName(m_weights);
+    gSolution->clearHistory();
 }
 
 /// A handful of vertices.
