@@ -4,6 +4,7 @@
 #include "core/KMNodeType.h"
 #include "core/KMTagBase.h"
 #include "formats/KMDFormat.h"
+#include "formats/KMDMorphTag.h"
 #include "formats/KMDNormalTag.h"
 #include "formats/KMDSkippedBodies.h"
 
@@ -22,6 +23,7 @@ struct Texts
 const QVector<KMDTagBody> &bodies()
 {
     static const QVector<KMDTagBody> rows = {
+        {KMNodeType::TagMorph, &KMDMorphTag::make, &KMDMorphTag::write, &KMDMorphTag::read},
         {KMNodeType::TagNormal, &KMDNormalTag::make, &KMDNormalTag::write, &KMDNormalTag::read},
     };
     return rows;
@@ -46,13 +48,14 @@ QList<const KMTagBase *> tagsToWrite(KMDOutput &out, const KMContainerNode *node
     return tags;
 }
 
-/// One normal tag counts, and each takes room for every face of its mesh, however short its record is.
+/// Such a tag takes room for every face or vertex of its mesh, however short its record is; one of a kind is usual.
 bool hasEnoughOf(int type, const KMContainerNode *node)
 {
     const QList<KMTagBase *> tags = node->tags();
-    return type == KMNodeType::TagNormal && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) {
-                                                return tag->type() == type;
-                                            }) >= KMD::MaxNormalTags;
+    const bool isLarge = type == KMNodeType::TagNormal || type == KMNodeType::TagMorph;
+    return isLarge && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) {
+                          return tag->type() == type;
+                      }) >= KMD::MaxLargeTags;
 }
 
 void skipTag(KMDReadContext &context, int type, const QString &name, const KMContainerNode *owner)

@@ -10,10 +10,12 @@
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
+#include "shell/docks/kmmorphwidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
 #include "tools/KMBoneComContainer.h"
+#include "tools/KMMorphComContainer.h"
 #include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 
@@ -51,6 +53,9 @@ void kmmainwidget::createMenus()
     createSelectionMenu();
     createNodesMenu();
     createFamilyMenu(tr("Bone(&B)"), "Menu Bone", new KMBoneComContainer(this));
+    auto *morphs = new KMMorphComContainer(this);
+    createFamilyMenu(tr("Morph(&M)"), "Menu Morph", morphs);
+    findChild<kmmorphwidget *>()->setCommands(morphs);
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();

@@ -11,6 +11,7 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
+#include "rig/KMTagMorph.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
@@ -273,17 +274,46 @@ void kmnodewidget::showMenu(const QPoint &position)
     menu->popup(globalPosition);
 }
 
-/// A mesh has one normal tag that counts; a second one would lie idle.
+namespace {
+
+/// A tag that the menu of a node offers to add. A mesh has one of each that counts; a second one would lie idle.
+struct TagEntry
+{
+    const char *objectName;
+    const char *text;
+    const char *tip;
+    KMTagBase *(*make)();
+};
+
+constexpr TagEntry tagEntries[] = {
+    {"addNormalTag", QT_TRANSLATE_NOOP("kmnodewidget", "Add Normal Tag"),
+     QT_TRANSLATE_NOOP("kmnodewidget", "Let creases and normals of this mesh be edited"),
+     []() -> KMTagBase * { return new KMTagNormal; }},
+    {"addMorphTag", QT_TRANSLATE_NOOP("kmnodewidget", "Add Morph Tag"),
+     QT_TRANSLATE_NOOP("kmnodewidget", "Let this mesh have morphs"), []() -> KMTagBase * { return new KMTagMorph; }},
+};
+
+bool hasTagOf(const KMContainerNode *node, int type)
+{
+    const QList<KMTagBase *> tags = node->tags();
+    return std::any_of(tags.begin(), tags.end(),
+                       [type](const KMTagBase *tag) { return !tag->isDeleted() && tag->type() == type; });
+}
+
+} // namespace
+
 void kmnodewidget::addTagEntries(QMenu *menu, KMContainerNode *node)
 {
-    const KMTagNormal wanted;
-    if (!node || !KMNodeEdits::canTake(node, &wanted))
-        return;
     menu->addSeparator();
-    QAction *add = menu->addAction(tr("Add Normal Tag"), this,
-                                   [node] { gSolution->push(new addTagCommand(node, new KMTagNormal)); });
-    add->setObjectName(QStringLiteral("addNormalTag"));
-    add->setStatusTip(tr("Let creases and normals of this mesh be edited"));
+    for (const TagEntry &entry : tagEntries) {
+        const std::unique_ptr<KMTagBase> wanted(entry.make());
+        if (!node || hasTagOf(node, wanted->type()) || !KMNodeEdits::canTake(node, wanted.get()))
+            continue;
+        QAction *add = menu->addAction(tr(entry.text), this,
+                                       [node, &entry] { gSolution->push(new addTagCommand(node, entry.make())); });
+        add->setObjectName(QLatin1String(entry.objectName));
+        add->setStatusTip(tr(entry.tip));
+    }
 }
 
 void kmnodewidget::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
