@@ -863,6 +863,17 @@
     </message>
 </context>
 <context>
+    <name>KMDMorphTag</name>
+    <message>
+        <source>A morph of the vertex %1, which the mesh doesn&apos;t have</source>
+        <translation>メッシュにない頂点 %1 のモーフです</translation>
+    </message>
+    <message>
+        <source>A morph of the unknown type 0x%1</source>
+        <translation>不明な種類 0x%1 のモーフです</translation>
+    </message>
+</context>
+<context>
     <name>KMDNormalTag</name>
     <message>
         <source>An odd number of crease ends, %1</source>
@@ -894,6 +905,10 @@
     <message>
         <source>The scale moves a point out of all numbers; it was put at the origin</source>
         <translation>スケールにより座標が表せる範囲を超えた点を原点に置きました</translation>
+    </message>
+    <message>
+        <source>The power of %1 has no place in the file</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2104,6 +2119,109 @@
     <message>
         <source>None</source>
         <translation>なし</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorph</name>
+    <message>
+        <source>Morph</source>
+        <translation>モーフ</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphBake</name>
+    <message>
+        <source>The morph %1 was dropped: the modifiers make other vertices under it</source>
+        <translation>モーフ %1 は除かれました。モディファイアで頂点が変わるためです</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphCommand</name>
+    <message>
+        <source>Assign MorphNode</source>
+        <translation>モーフを登録</translation>
+    </message>
+    <message>
+        <source>Make a morph of what leads to the shape of another mesh</source>
+        <translation>別のメッシュの形との差からモーフを作ります</translation>
+    </message>
+    <message>
+        <source>Remove MorphMode</source>
+        <translation>モーフを削除</translation>
+    </message>
+    <message>
+        <source>Remove the selected morphs</source>
+        <translation>選択したモーフを削除します</translation>
+    </message>
+    <message>
+        <source>Reset All MorphValue</source>
+        <translation>すべてのモーフ値をリセット</translation>
+    </message>
+    <message>
+        <source>Set the values of all morphs of the tag to 0</source>
+        <translation>タグのすべてのモーフの値を 0 にします</translation>
+    </message>
+    <message>
+        <source>Regist SchematicView</source>
+        <translation>スケマティックに登録</translation>
+    </message>
+    <message>
+        <source>Give the selected morphs a block in the schematic</source>
+        <translation>選択したモーフのブロックをスケマティックに置きます</translation>
+    </message>
+    <message>
+        <source>Select Affected Vertex</source>
+        <translation>影響する頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices that the selected morphs move</source>
+        <translation>選択したモーフが動かす頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Edit Attribute</source>
+        <translation>属性を編集</translation>
+    </message>
+    <message>
+        <source>Edit names of the selected morphs and their corners in the panel</source>
+        <translation>選択したモーフの名前とパネルの位置を編集します</translation>
+    </message>
+    <message>
+        <source>MorphTag Not Selected.</source>
+        <translation>モーフタグが選択されていません。</translation>
+    </message>
+    <message>
+        <source>MorphNode Not Selected.</source>
+        <translation>モーフが選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphDialog</name>
+    <message>
+        <source>Edit Attribute</source>
+        <translation>属性を編集</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphTree</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Panel</source>
+        <translation>パネル</translation>
     </message>
 </context>
 <context>
@@ -3689,6 +3807,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMTagMorph</name>
+    <message>
+        <source>Reset All MorphValue</source>
+        <translation>すべてのモーフ値をリセット</translation>
+    </message>
+</context>
+<context>
     <name>KMTagNormal</name>
     <message>
         <source>Normal</source>
@@ -4288,6 +4413,37 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>MorphComAssignMorph</name>
+    <message>
+        <source>&quot;
+already exists.
+Do you want to replace it?</source>
+        <translation>&quot;
+はすでにあります。
+置き換えますか?</translation>
+    </message>
+    <message>
+        <source>Not found a candidate meshs.</source>
+        <translation>候補のメッシュが見つかりません。</translation>
+    </message>
+    <message>
+        <source>BaseMesh</source>
+        <translation>元のメッシュ</translation>
+    </message>
+    <message>
+        <source>MorphName</source>
+        <translation>モーフ名</translation>
+    </message>
+    <message>
+        <source>OnlySelected</source>
+        <translation>選択した頂点のみ</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>比率</translation>
+    </message>
+</context>
+<context>
     <name>NodeComAssignShader</name>
     <message>
         <source>Shader Selection not found.</source>
@@ -4542,6 +4698,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>addMorphCommand</name>
+    <message>
+        <source>Add MorphNode</source>
+        <translation>モーフを追加</translation>
+    </message>
+</context>
+<context>
     <name>addNodeCommand</name>
     <message>
         <source>Add Node</source>
@@ -4770,6 +4933,27 @@ Trying to Recover Files?</source>
     <message>
         <source>Edit SymNode</source>
         <translation>対称を編集</translation>
+    </message>
+</context>
+<context>
+    <name>editMorphDataCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation>モーフを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editMorphTypeCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation>モーフを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editMorphValueCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation>モーフを編集</translation>
     </message>
 </context>
 <context>
@@ -5790,6 +5974,60 @@ Trying to Recover Files?</source>
         <source>Operation Panel</source>
         <translation>操作パネル</translation>
     </message>
+    <message>
+        <source>Toggle Dock Widgets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide all panels, or bring those back that were hidden together</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Morph(&amp;M)</source>
+        <translation>モーフ(&amp;M)</translation>
+    </message>
+</context>
+<context>
+    <name>kmmorphreoderdialog</name>
+    <message>
+        <source>Reorder MorphNode</source>
+        <translation>モーフを並べ替え</translation>
+    </message>
+    <message>
+        <source>Selected as</source>
+        <translation>選択行の位置</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+</context>
+<context>
+    <name>kmmorphwidget</name>
+    <message>
+        <source>Morphs</source>
+        <translation>モーフ</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Select a mesh that has a morph tag.</source>
+        <translation>モーフタグのあるメッシュを選択してください。</translation>
+    </message>
+    <message>
+        <source>Morphs can&apos;t be copied by themselves</source>
+        <translation>モーフだけをコピーすることはできません</translation>
+    </message>
+    <message>
+        <source>Reorder MorphNode...</source>
+        <translation>モーフを並べ替え...</translation>
+    </message>
+    <message>
+        <source>Bring the morphs into another order</source>
+        <translation>モーフの順序を変えます</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -5864,6 +6102,14 @@ Trying to Recover Files?</source>
     <message>
         <source>%1 can&apos;t hold another %2</source>
         <translation>%1 に %2 をこれ以上付けられません</translation>
+    </message>
+    <message>
+        <source>Add Morph Tag</source>
+        <translation>モーフタグを追加</translation>
+    </message>
+    <message>
+        <source>Let this mesh have morphs</source>
+        <translation>このメッシュにモーフを持たせます</translation>
     </message>
 </context>
 <context>
@@ -6064,6 +6310,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>redrawTagCommand</name>
+    <message>
+        <source>Redraw Tag</source>
+        <translation>タグを再描画</translation>
+    </message>
+</context>
+<context>
     <name>reinfoNodeCommand</name>
     <message>
         <source>Edit Info</source>
@@ -6085,6 +6338,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>removeMorphCommand</name>
+    <message>
+        <source>Remove MorphNode</source>
+        <translation>モーフを削除</translation>
+    </message>
+</context>
+<context>
     <name>renameKMPNodeCommand</name>
     <message>
         <source>Rename Node</source>
@@ -6103,6 +6363,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Rename Tag</source>
         <translation>タグ名の変更</translation>
+    </message>
+</context>
+<context>
+    <name>reorderMorphCommand</name>
+    <message>
+        <source>Reorder MorphNode</source>
+        <translation>モーフを並べ替え</translation>
     </message>
 </context>
 <context>
