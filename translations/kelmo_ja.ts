@@ -1133,6 +1133,17 @@
     </message>
 </context>
 <context>
+    <name>KMDMorphTag</name>
+    <message>
+        <source>A morph of the vertex %1, which the mesh doesn&apos;t have</source>
+        <translation>メッシュにない頂点 %1 のモーフです</translation>
+    </message>
+    <message>
+        <source>A morph of the unknown type 0x%1</source>
+        <translation>不明な種類 0x%1 のモーフです</translation>
+    </message>
+</context>
+<context>
     <name>KMDNormalTag</name>
     <message>
         <source>An odd number of crease ends, %1</source>

@@ -5,6 +5,7 @@
 #include "core/KMTagBase.h"
 #include "formats/KMDConstraintTag.h"
 #include "formats/KMDFormat.h"
+#include "formats/KMDMorphTag.h"
 #include "formats/KMDNormalTag.h"
 #include "formats/KMDPhysicsTags.h"
 #include "formats/KMDSkippedBodies.h"
@@ -26,6 +27,7 @@ struct Texts
 const QVector<KMDTagBody> &bodies()
 {
     static const QVector<KMDTagBody> rows = {
+        {KMNodeType::TagMorph, &KMDMorphTag::make, &KMDMorphTag::write, &KMDMorphTag::read},
         {KMNodeType::TagNormal, &KMDNormalTag::make, &KMDNormalTag::write, &KMDNormalTag::read},
         {KMNodeType::TagRigidBody, &KMDPhysicsTags::makeBody, &KMDPhysicsTags::writeBody, &KMDPhysicsTags::readBody},
         {KMNodeType::TagJoint, &KMDPhysicsTags::makeJoint, &KMDPhysicsTags::writeJoint, &KMDPhysicsTags::readJoint},
@@ -54,13 +56,14 @@ QList<const KMTagBase *> tagsToWrite(KMDOutput &out, const KMContainerNode *node
     return tags;
 }
 
-/// One normal tag counts, and each takes room for every face of its mesh, however short its record is.
+/// Such a tag takes room for every face or vertex of its mesh, however short its record is; one of a kind is usual.
 bool hasEnoughOf(int type, const KMContainerNode *node)
 {
     const QList<KMTagBase *> tags = node->tags();
-    return type == KMNodeType::TagNormal && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) {
-                                                return tag->type() == type;
-                                            }) >= KMD::MaxNormalTags;
+    const bool isLarge = type == KMNodeType::TagNormal || type == KMNodeType::TagMorph;
+    return isLarge && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) {
+                          return tag->type() == type;
+                      }) >= KMD::MaxLargeTags;
 }
 
 bool canHold(int type, const KMContainerNode *node)

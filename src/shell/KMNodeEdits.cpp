@@ -263,7 +263,8 @@ bool KMNodeEdits::canTake(const KMContainerNode *node, const KMTagBase *tag)
 {
     if (!canHoldTag(node->type(), tag->type()))
         return false;
-    if (tag->type() != KMNodeType::TagNormal && tag->type() != KMNodeType::TagBoneWeight)
+    constexpr int single[] = {KMNodeType::TagNormal, KMNodeType::TagBoneWeight, KMNodeType::TagMorph};
+    if (std::find(std::begin(single), std::end(single), tag->type()) == std::end(single))
         return true;
     const QList<KMTagBase *> tags = node->tags();
     return std::none_of(tags.begin(), tags.end(),

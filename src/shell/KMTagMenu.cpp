@@ -11,6 +11,7 @@
 #include "rig/KMTagFloatValue.h"
 #include "rig/KMTagGroup.h"
 #include "rig/KMTagJoint.h"
+#include "rig/KMTagMorph.h"
 #include "rig/KMTagSelection.h"
 #include "rig/KMTagText.h"
 #include "shell/KMNodeEdits.h"
@@ -46,6 +47,8 @@ constexpr Row rows[] = {
      QT_TRANSLATE_NOOP("KMTagMenu", "Let creases and normals of this mesh be edited"), &make<KMTagNormal>},
     {"addBoneWeightTag", QT_TRANSLATE_NOOP("KMTagMenu", "Add BoneWeight Tag"),
      QT_TRANSLATE_NOOP("KMTagMenu", "Let bones move this mesh"), &make<KMTagBoneWeight>},
+    {"addMorphTag", QT_TRANSLATE_NOOP("KMTagMenu", "Add Morph Tag"),
+     QT_TRANSLATE_NOOP("KMTagMenu", "Let this mesh have morphs"), &make<KMTagMorph>},
     {"addSelectionTag", QT_TRANSLATE_NOOP("KMTagMenu", "Add Selection Tag"),
      QT_TRANSLATE_NOOP("KMTagMenu", "Remember a selection of this mesh"), &make<KMTagSelection>},
     {"addConstraintTag", QT_TRANSLATE_NOOP("KMTagMenu", "Add Constraint Tag"),

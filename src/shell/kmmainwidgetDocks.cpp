@@ -9,6 +9,7 @@
 #include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmcoodinatewidget.h"
 #include "shell/docks/kmhistorywidget.h"
+#include "shell/docks/kmmorphwidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/docks/kmoutputwidget.h"
 #include "shell/docks/kmsetupwidget.h"
@@ -49,6 +50,7 @@ void kmmainwidget::createDocks()
     addDock(m_nodeDock = new kmnodewidget(gProject->tree()), Left);
     addDock(m_historyDock = new kmhistorywidget(m_undoStack), Right);
     addDock(m_boneDock = new kmbonewidget, Left);
+    addDock(new kmmorphwidget, Left);
     addDock(m_toolDock = new kmtoolwidget, Right);
     addDock(m_textureDock = new kmtexturewidget, Left);
     addDock(m_shaderDock = new kmshaderwidget, Left);
@@ -67,7 +69,7 @@ void kmmainwidget::arrangeDocks()
         return findChild<KMDockWidget *>(QLatin1String(objectName), Qt::FindDirectChildrenOnly);
     };
     for (const char *objectName : {"kmoutputwidget", "kmcodeeditorwidget", "kmschematicwidget", "kmhistorywidget",
-                                   "kmbonewidget", "kmanimationwidget", "kmsetupwidget"})
+                                   "kmbonewidget", "kmmorphwidget", "kmanimationwidget", "kmsetupwidget"})
         floatHidden(dock(objectName));
     dock("kmcoodinatewidget")->hide();
     dock("kmoutputwidget")->setGeometry(0, dpiScaled(120), dpiScaled(260), dpiScaled(300));
@@ -88,6 +90,10 @@ void kmmainwidget::connectDocks()
     for (KMDockWidget *dock : {static_cast<KMDockWidget *>(m_nodeDock), static_cast<KMDockWidget *>(m_boneDock),
                                static_cast<KMDockWidget *>(m_textureDock), static_cast<KMDockWidget *>(m_shaderDock)})
         connect(dock, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
+
+    // The tag that is chosen in the tree is the one whose morphs are shown.
+    auto *morphs = findChild<kmmorphwidget *>();
+    connect(m_nodeDock, &KMDockWidget::onNodeChanged, morphs, &kmmorphwidget::refresh);
 
     const auto actions = [this](const QList<const char *> &items) {
         QList<QAction *> list;

@@ -12,12 +12,14 @@
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
 #include "shell/docks/kmbonewidget.h"
+#include "shell/docks/kmmorphwidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/docks/kmsetupwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
 #include "tools/KMBoneComContainer.h"
 #include "tools/KMBoneWeightComContainer.h"
+#include "tools/KMMorphComContainer.h"
 #include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 
@@ -58,6 +60,9 @@ void kmmainwidget::createMenus()
     createFamilyMenu(tr("Bone(&B)"), "Menu Bone", boneCommands);
     m_boneDock->setBoneCommands(boneCommands);
     createFamilyMenu(tr("BoneWeight(&T)"), "Menu BoneWeight", new KMBoneWeightComContainer(this));
+    auto *morphs = new KMMorphComContainer(this);
+    createFamilyMenu(tr("Morph(&M)"), "Menu Morph", morphs);
+    findChild<kmmorphwidget *>()->setCommands(morphs);
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();

@@ -3,6 +3,9 @@
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
 #include "mesh/KMVertexCommands.h"
+#include "modifiers/KMFreezeModifiers.h"
+#include "modifiers/KMModSdvNode.h"
+#include "rig/KMMorphBake.h"
 #include "rig/KMMorphCommands.h"
 #include "rig/KMTagMorph.h"
 #include "support/MeshWalker.h"
@@ -220,6 +223,7 @@ private slots:
     void removedOffsetsStayOff();
     void deltasFromTwoMeshes();
     void copies();
+    void frozenChain();
 };
 
 void tst_KMTagMorph::everyStepComesBack_data()
@@ -351,6 +355,31 @@ void tst_KMTagMorph::copies()
     morph->setValue(0.0f);
     twin->setValue(0.0f);
     QCOMPARE(positionsOf(*copy), positionsOf(*scene.mesh));
+}
+
+/// Frozen, a morphed mesh looks as it did, and its morphs do what they did through the chain.
+void tst_KMTagMorph::frozenChain()
+{
+    MeshScene scene(MeshFixtures::cube());
+    Morphed morphed(scene.mesh);
+    morphed.add(0.5f, {{2, 2.0f, {0.6f, 0.8f, 0}}, {3, 1.0f, {0, 0, 1}}})->setName(QStringLiteral("smile"));
+    KMModSdvNode sdv;
+    scene.mesh->linkChain({{true, &sdv}});
+    scene.mesh->refreshMesh(KMMeshDirty::All);
+    const auto shownWith = [](const KMMeshNode &mesh, float value) {
+        morphTags(mesh).first()->liveMorphs().first()->setValue(value);
+        const_cast<KMMeshNode &>(mesh).refreshMesh(KMMeshDirty::All);
+    };
+    const std::unique_ptr<KMMeshNode> frozen = KMFreezeModifiers::shapeOf(*scene.mesh, &KMMorphBake::carry);
+    QVERIFY(frozen);
+    QCOMPARE(frozen->vertexCount(), sdv.modMesh()->vertexCount());
+    for (const float value : {0.5f, 0.0f, 1.0f}) {
+        shownWith(*scene.mesh, value);
+        shownWith(*frozen, value);
+        for (int i = 0; i < frozen->vertexCount(); ++i)
+            QVERIFY((frozen->position(i) - sdv.modMesh()->position(i)).length() < 1e-6f);
+    }
+    scene.mesh->linkChain({});
 }
 
 KM_TEST(tst_KMTagMorph);
