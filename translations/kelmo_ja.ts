@@ -39,7 +39,7 @@
     <name>BoneComMakeRigidBody</name>
     <message>
         <source>Bone Selection not found.</source>
-        <translation type="unfinished">選択中のボーンがありません。</translation>
+        <translation>ボーンが選択されていません。</translation>
     </message>
     <message>
         <source>Shape Type</source>
@@ -927,7 +927,7 @@
     <name>KMDDisplayBlock</name>
     <message>
         <source>display groups</source>
-        <translation type="unfinished">表示枠</translation>
+        <translation>表示枠</translation>
     </message>
     <message>
         <source>%1 items of the display group %2 aren&apos;t in the file</source>
@@ -1189,7 +1189,7 @@
     </message>
     <message>
         <source>The tag %1 was left out: %2 can&apos;t hold it</source>
-        <translation type="unfinished"></translation>
+        <translation>タグ %1 は省かれました: %2 には付けられません</translation>
     </message>
 </context>
 <context>
@@ -1810,7 +1810,7 @@
     <name>KMJointPage</name>
     <message>
         <source>Joint</source>
-        <translation type="unfinished">ジョイント</translation>
+        <translation>ジョイント</translation>
     </message>
     <message>
         <source>Connection A</source>
@@ -1842,7 +1842,7 @@
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished">なし</translation>
+        <translation>なし</translation>
     </message>
     <message>
         <source>Min</source>
@@ -2706,27 +2706,27 @@
     <name>KMPhysicsColumns</name>
     <message>
         <source>Name</source>
-        <translation type="unfinished">名前</translation>
+        <translation>名前</translation>
     </message>
     <message>
         <source>Bone</source>
-        <translation type="unfinished">ボーン</translation>
+        <translation>ボーン</translation>
     </message>
     <message>
         <source>Move %1</source>
-        <translation type="unfinished">移動 %1</translation>
+        <translation>移動 %1</translation>
     </message>
     <message>
         <source>Scale %1</source>
-        <translation type="unfinished">拡大 %1</translation>
+        <translation>拡大縮小 %1</translation>
     </message>
     <message>
         <source>Rotate %1</source>
-        <translation type="unfinished">回転 %1</translation>
+        <translation>回転 %1</translation>
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished">なし</translation>
+        <translation>なし</translation>
     </message>
     <message>
         <source>Min</source>
@@ -2746,15 +2746,15 @@
     </message>
     <message>
         <source>Width</source>
-        <translation type="unfinished">幅</translation>
+        <translation>幅</translation>
     </message>
     <message>
         <source>Height</source>
-        <translation type="unfinished">高さ</translation>
+        <translation>高さ</translation>
     </message>
     <message>
         <source>Depth</source>
-        <translation type="unfinished">奥行き</translation>
+        <translation>奥行き</translation>
     </message>
     <message>
         <source>Type</source>
@@ -3186,11 +3186,11 @@
     <name>KMRigTagPages</name>
     <message>
         <source>Move</source>
-        <translation type="unfinished">移動</translation>
+        <translation>移動</translation>
     </message>
     <message>
         <source>Rotate</source>
-        <translation type="unfinished">回転</translation>
+        <translation>回転</translation>
     </message>
     <message>
         <source>Scale</source>
@@ -3201,7 +3201,7 @@
     <name>KMRigidBodyPage</name>
     <message>
         <source>RigidBody</source>
-        <translation type="unfinished">剛体</translation>
+        <translation>剛体</translation>
     </message>
     <message>
         <source>Enabled</source>
@@ -3237,15 +3237,15 @@
     </message>
     <message>
         <source>Width</source>
-        <translation type="unfinished">幅</translation>
+        <translation>幅</translation>
     </message>
     <message>
         <source>Height</source>
-        <translation type="unfinished">高さ</translation>
+        <translation>高さ</translation>
     </message>
     <message>
         <source>Depth</source>
-        <translation type="unfinished">奥行き</translation>
+        <translation>奥行き</translation>
     </message>
     <message>
         <source>Config</source>
@@ -4085,18 +4085,18 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Value</source>
-        <translation type="unfinished">値</translation>
+        <translation>値</translation>
     </message>
 </context>
 <context>
     <name>KMTagGroup</name>
     <message>
         <source>Group</source>
-        <translation type="unfinished">グループ化</translation>
+        <translation>グループ</translation>
     </message>
     <message>
         <source>Show</source>
-        <translation type="unfinished">表示</translation>
+        <translation>表示</translation>
     </message>
     <message>
         <source>Hide</source>
@@ -4115,15 +4115,15 @@ Trying to Recover Files?</source>
     <name>KMTagGroupPage</name>
     <message>
         <source>Group</source>
-        <translation type="unfinished">グループ化</translation>
+        <translation>グループ</translation>
     </message>
     <message>
         <source>Mode</source>
-        <translation type="unfinished">モード</translation>
+        <translation>モード</translation>
     </message>
     <message>
         <source>Apply</source>
-        <translation type="unfinished">適用</translation>
+        <translation>適用</translation>
     </message>
     <message>
         <source>Show or hide the nodes below this one</source>
@@ -4134,18 +4134,18 @@ Trying to Recover Files?</source>
     <name>KMTagJoint</name>
     <message>
         <source>Joint</source>
-        <translation type="unfinished">ジョイント</translation>
+        <translation>ジョイント</translation>
     </message>
 </context>
 <context>
     <name>KMTagMenu</name>
     <message>
         <source>Add Normal Tag</source>
-        <translation type="unfinished">法線タグの追加</translation>
+        <translation>法線タグを追加</translation>
     </message>
     <message>
         <source>Let creases and normals of this mesh be edited</source>
-        <translation type="unfinished">このメッシュの折り目と法線を編集できるようにします</translation>
+        <translation>このメッシュの折り目と法線を編集できるようにします</translation>
     </message>
     <message>
         <source>Add Selection Tag</source>
@@ -4222,7 +4222,7 @@ Trying to Recover Files?</source>
     <name>KMTagRigidBody</name>
     <message>
         <source>RigidBody</source>
-        <translation type="unfinished">剛体</translation>
+        <translation>剛体</translation>
     </message>
     <message>
         <source>Sphere</source>
@@ -4253,7 +4253,7 @@ Trying to Recover Files?</source>
     <name>KMTagSelection</name>
     <message>
         <source>Selection</source>
-        <translation type="unfinished">選択</translation>
+        <translation>選択</translation>
     </message>
     <message>
         <source>Restore Selection</source>
@@ -4299,14 +4299,14 @@ Trying to Recover Files?</source>
     <name>KMTagText</name>
     <message>
         <source>Text</source>
-        <translation type="unfinished">テキスト</translation>
+        <translation>テキスト</translation>
     </message>
 </context>
 <context>
     <name>KMTagTextPage</name>
     <message>
         <source>Text</source>
-        <translation type="unfinished">テキスト</translation>
+        <translation>テキスト</translation>
     </message>
 </context>
 <context>
@@ -5481,7 +5481,7 @@ Trying to Recover Files?</source>
     <name>editTagGroupCommand</name>
     <message>
         <source>Edit Group</source>
-        <translation type="unfinished">グループの編集</translation>
+        <translation>グループの編集</translation>
     </message>
 </context>
 <context>
@@ -6458,11 +6458,11 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Toggle Dock Widgets</source>
-        <translation type="unfinished"></translation>
+        <translation>ドックパネルの切り替え</translation>
     </message>
     <message>
         <source>Hide all panels, or bring those back that were hidden together</source>
-        <translation type="unfinished"></translation>
+        <translation>すべてのパネルを隠すか、まとめて隠したパネルを戻します</translation>
     </message>
 </context>
 <context>
@@ -6641,7 +6641,7 @@ Trying to Recover Files?</source>
     <name>kmsetupwidget</name>
     <message>
         <source>Setup</source>
-        <translation type="unfinished">セットアップ</translation>
+        <translation>セットアップ</translation>
     </message>
     <message>
         <source>Physics Sheet</source>
@@ -6653,7 +6653,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished">情報</translation>
+        <translation>情報</translation>
     </message>
     <message>
         <source>ModelName</source>
@@ -6661,11 +6661,11 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Japanese</source>
-        <translation type="unfinished">日本語</translation>
+        <translation>日本語</translation>
     </message>
     <message>
         <source>English</source>
-        <translation type="unfinished">English</translation>
+        <translation>英語</translation>
     </message>
     <message>
         <source>Comment</source>
@@ -6717,7 +6717,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished">削除</translation>
+        <translation>削除</translation>
     </message>
     <message>
         <source>Remove the chosen groups</source>
