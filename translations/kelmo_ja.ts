@@ -39,7 +39,7 @@
     <name>BoneComMakeRigidBody</name>
     <message>
         <source>Bone Selection not found.</source>
-        <translation type="unfinished">選択中のボーンがありません。</translation>
+        <translation>ボーンが選択されていません。</translation>
     </message>
     <message>
         <source>Shape Type</source>
@@ -2004,7 +2004,7 @@
     <name>KMJointPage</name>
     <message>
         <source>Joint</source>
-        <translation type="unfinished">ジョイント</translation>
+        <translation>ジョイント</translation>
     </message>
     <message>
         <source>Connection A</source>
@@ -2036,7 +2036,7 @@
     </message>
     <message>
         <source>None</source>
-        <translation type="unfinished">なし</translation>
+        <translation>なし</translation>
     </message>
     <message>
         <source>Min</source>
@@ -3316,11 +3316,11 @@
     <name>KMRigTagPages</name>
     <message>
         <source>Move</source>
-        <translation type="unfinished">移動</translation>
+        <translation>移動</translation>
     </message>
     <message>
         <source>Rotate</source>
-        <translation type="unfinished">回転</translation>
+        <translation>回転</translation>
     </message>
     <message>
         <source>Scale</source>
@@ -3331,7 +3331,7 @@
     <name>KMRigidBodyPage</name>
     <message>
         <source>RigidBody</source>
-        <translation type="unfinished">剛体</translation>
+        <translation>剛体</translation>
     </message>
     <message>
         <source>Enabled</source>
@@ -3367,15 +3367,15 @@
     </message>
     <message>
         <source>Width</source>
-        <translation type="unfinished">幅</translation>
+        <translation>幅</translation>
     </message>
     <message>
         <source>Height</source>
-        <translation type="unfinished">高さ</translation>
+        <translation>高さ</translation>
     </message>
     <message>
         <source>Depth</source>
-        <translation type="unfinished">奥行き</translation>
+        <translation>奥行き</translation>
     </message>
     <message>
         <source>Config</source>
@@ -4218,11 +4218,11 @@ Trying to Recover Files?</source>
     <name>KMTagGroup</name>
     <message>
         <source>Group</source>
-        <translation type="unfinished">グループ化</translation>
+        <translation>グループ</translation>
     </message>
     <message>
         <source>Show</source>
-        <translation type="unfinished">表示</translation>
+        <translation>表示</translation>
     </message>
     <message>
         <source>Hide</source>
@@ -4241,7 +4241,7 @@ Trying to Recover Files?</source>
     <name>KMTagJoint</name>
     <message>
         <source>Joint</source>
-        <translation type="unfinished">ジョイント</translation>
+        <translation>ジョイント</translation>
     </message>
 </context>
 <context>
@@ -4269,7 +4269,7 @@ Trying to Recover Files?</source>
     <name>KMTagRigidBody</name>
     <message>
         <source>RigidBody</source>
-        <translation type="unfinished">剛体</translation>
+        <translation>剛体</translation>
     </message>
     <message>
         <source>Sphere</source>
@@ -4300,7 +4300,7 @@ Trying to Recover Files?</source>
     <name>KMTagSelection</name>
     <message>
         <source>Selection</source>
-        <translation type="unfinished">選択</translation>
+        <translation>選択</translation>
     </message>
     <message>
         <source>Restore Selection</source>
@@ -4311,7 +4311,7 @@ Trying to Recover Files?</source>
     <name>KMTagText</name>
     <message>
         <source>Text</source>
-        <translation type="unfinished">テキスト</translation>
+        <translation>テキスト</translation>
     </message>
 </context>
 <context>
@@ -5725,7 +5725,7 @@ Trying to Recover Files?</source>
     <name>editTagGroupCommand</name>
     <message>
         <source>Edit Group</source>
-        <translation type="unfinished">グループの編集</translation>
+        <translation>グループの編集</translation>
     </message>
 </context>
 <context>
@@ -6756,11 +6756,11 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Toggle Dock Widgets</source>
-        <translation type="unfinished"></translation>
+        <translation>ドックパネルの切り替え</translation>
     </message>
     <message>
         <source>Hide all panels, or bring those back that were hidden together</source>
-        <translation type="unfinished"></translation>
+        <translation>すべてのパネルを隠すか、まとめて隠したパネルを戻します</translation>
     </message>
     <message>
         <source>Motion</source>
@@ -6895,7 +6895,7 @@ Trying to Recover Files?</source>
     <name>kmsetupwidget</name>
     <message>
         <source>Setup</source>
-        <translation type="unfinished">セットアップ</translation>
+        <translation>セットアップ</translation>
     </message>
     <message>
         <source>Physics Sheet</source>
@@ -6907,7 +6907,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished">情報</translation>
+        <translation>情報</translation>
     </message>
     <message>
         <source>ModelName</source>
@@ -6915,11 +6915,11 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Japanese</source>
-        <translation type="unfinished">日本語</translation>
+        <translation>日本語</translation>
     </message>
     <message>
         <source>English</source>
-        <translation type="unfinished">English</translation>
+        <translation>英語</translation>
     </message>
     <message>
         <source>Comment</source>
@@ -6971,7 +6971,7 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Delete</source>
-        <translation type="unfinished">削除</translation>
+        <translation>削除</translation>
     </message>
     <message>
         <source>Remove the chosen groups</source>
