@@ -21,9 +21,10 @@ namespace {
 
 using KMMeshSelect::Mode;
 
-QString text(const char *english)
+QString selectText(bool selects)
 {
-    return QCoreApplication::translate("KMBoneTargets", english);
+    return selects ? QCoreApplication::translate("KMBoneTargets", "Select Bone")
+                   : QCoreApplication::translate("KMBoneTargets", "Unselect Bone");
 }
 
 void pushMask(KMBone *bone, int mask)
@@ -104,7 +105,7 @@ bool click(const KMBonePicker::Hit &hit, Mode mode)
         return true;
     }
     const bool removes = mode == Mode::Remove && isSelected;
-    const KMUndoMacro macro(removes ? text("Unselect Bone") : text("Select Bone"));
+    const KMUndoMacro macro(selectText(!removes));
     if (removes)
         pushMask(hit.bone, hit.bone->selectMask() & ~ends);
     else if (mode == Mode::Add)
@@ -118,7 +119,7 @@ bool click(const KMBonePicker::Hit &hit, Mode mode)
 
 void selectBranch(KMBone *bone, bool on)
 {
-    const KMUndoMacro macro(on ? text("Select Bone") : text("Unselect Bone"));
+    const KMUndoMacro macro(selectText(on));
     gSolution->push(new selectCtrlChildCommand(bone, on));
     if (container() != bone->container())
         gSolution->push(new selectNodeCommand(bone->container()));

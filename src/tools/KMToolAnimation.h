@@ -18,6 +18,7 @@ protected:
     bool isSymmetric() const override { return false; }
     bool pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
                  KMBonePicker::Hit &bone) const override;
+    bool followsPose() const override { return true; }
     int dragCode(const KMBonePicker::Hit &hit) const override;
     QString statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const override;
 };

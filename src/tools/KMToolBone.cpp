@@ -15,6 +15,7 @@
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSquare.h"
 
+#include <QCoreApplication>
 #include <QLineF>
 
 #include <cmath>
@@ -36,7 +37,7 @@ void addBody(const KMBoneRest &rest, QVector<Vector3> &points, QVector<KMToolMes
         lines << KMToolMesh::Line(first + line[0], first + line[1]);
 }
 
-/// Where a mesh of symmetry of its own isn't asked for: that of a new rig.
+/// A rig that is still to be made stands at the origin.
 KMSymmetryPlane planeOf(const KMBoneContainer *container)
 {
     return container ? container->mirrorPlane() : KMSymmetryPlane({}, {1.0f, 0.0f, 0.0f});
@@ -227,11 +228,11 @@ bool KMToolBone::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
     const float least = m_gesture == Gesture::Moving ? gSettings->operationMargin : gSettings->vertexClickMargin * 0.5f;
     m_hasMoved = m_hasMoved || away > double(least);
     if (m_hasMoved && m_gesture != Gesture::Area)
-        draw(m_lastPos);
+        dragTo(m_lastPos);
     return true;
 }
 
-void KMToolBone::draw(const QPointF &position)
+void KMToolBone::dragTo(const QPointF &position)
 {
     const KMCameraNode &camera = *m_widget->camera();
     std::optional<Vector3> snapPoint;
@@ -299,7 +300,7 @@ bool KMToolBone::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (gesture == Gesture::Area && m_hasMoved) {
         const QRectF rect = QRectF(m_pressPos, m_lastPos).normalized();
         m_marquee.touch(*widget->camera(), [&rect](const QPointF &point) { return rect.contains(point); });
-        m_marquee.commit(tr("Rect Select"));
+        m_marquee.commit(QCoreApplication::translate("KMMarqueeSelect", "Rect Select"));
     }
     m_marquee.cancel();
     end();

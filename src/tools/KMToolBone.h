@@ -65,7 +65,7 @@ private:
     void beginMaking(const KMBonePicker::Hit &hit);
     void beginMoving(const KMBonePicker::Hit &hit);
     void begin(Gesture gesture);
-    void draw(const QPointF &position);
+    void dragTo(const QPointF &position);
     void showPreview();
     void makeBone();
     kvm::Vector3 depthPoint(const KMCameraNode &camera) const;

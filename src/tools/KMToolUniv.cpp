@@ -458,6 +458,8 @@ void KMToolUniv::draw(KMOpenGLWidget *widget)
     KMTool::draw(widget);
     if (!m_handle)
         return;
+    if (followsPose())
+        refresh(); // another frame moves bones without a step
     const KMCameraNode *camera = widget ? widget->camera() : nullptr;
     const bool showsHandle = camera && !camera->isUV() && canShowHandle(*camera) && !isMarquee();
     m_handle->setVisible(showsHandle);

@@ -80,6 +80,7 @@ protected:
     /// Of elements and bones the one that the mouse means; the bone goes before the element when both are filled in.
     virtual bool pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
                          KMBonePicker::Hit &bone) const;
+    virtual bool followsPose() const; ///< its handle stands at bones
     virtual int dragCode(const KMBonePicker::Hit &) const; ///< what a drag at it does, of KMHandleCode
     virtual QString statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const;
 

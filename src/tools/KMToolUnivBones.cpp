@@ -33,6 +33,11 @@ void KMToolUniv::pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &eve
         m_widget = nullptr;
 }
 
+bool KMToolUniv::followsPose() const
+{
+    return KMBoneTargets::container();
+}
+
 int KMToolUniv::dragCode(const KMBonePicker::Hit &) const
 {
     return m_handleMode & Translates ? Move | AsItIs : int(Move);

@@ -14,6 +14,7 @@
 #include "tools/KMToolUniv.h"
 #include "tools/KMWindowGeometry.h"
 
+#include <QCoreApplication>
 #include <QPolygonF>
 
 void KMToolUniv::beginMarquee(const KMMouseEvent &event)
@@ -87,12 +88,12 @@ void KMToolUniv::commitBoneMarquee(Operation operation, Qt::KeyboardModifiers mo
     case Operation::Square:
         m_boneMarquee.begin(KMMeshSelect::marqueeMode(modifiers));
         m_boneMarquee.touch(*m_widget->camera(), [&](const QPointF &point) { return rect.contains(point); });
-        return m_boneMarquee.commit(tr("Rect Select"));
+        return m_boneMarquee.commit(QCoreApplication::translate("KMMarqueeSelect", "Rect Select"));
     case Operation::Lasso:
         m_boneMarquee.begin(KMMeshSelect::marqueeMode(modifiers));
         m_boneMarquee.touch(*m_widget->camera(),
                             [&](const QPointF &point) { return lasso.containsPoint(point, Qt::WindingFill); });
-        return m_boneMarquee.commit(tr("Lasso Select"));
+        return m_boneMarquee.commit(QCoreApplication::translate("KMMarqueeSelect", "Lasso Select"));
     case Operation::Brush:
         return m_boneMarquee.commit(tr("Brush Select"));
     default:
