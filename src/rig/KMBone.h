@@ -32,16 +32,16 @@ public:
 
     int selectMask() const { return m_selectMask; } ///< of SelectBit
     void setSelectMask(int mask);                   ///< the node counts as selected with any bit
-    void storeSelectMask(
-        int mask); ///< likewise, for who marks the rows of many bones at once: KMBoneTreeWidget::showMasks()
+    /// Likewise, for who marks the rows of many bones at once with KMBoneTreeWidget::showMasks().
+    void storeSelectMask(int mask);
 
     // Rest pose
 
     KMBoneRest rest() const;
     void setRest(const KMBoneRest &rest);
     void setTransform(const KMTransform &transform) override; ///< the shape follows, and the pose at the next refresh
-    void setScale(const kvm::Vector3 &) =
-        delete; // these three would leave shape and pose behind: setRest() takes them along
+    // These would leave shape and pose behind.
+    void setScale(const kvm::Vector3 &) = delete;
     void setRotation(const kvm::Quaternion &) = delete;
     void setTranslation(const kvm::Vector3 &) = delete;
     float lengthScale() const { return m_lengthScale; } ///< a hundredth of the length

@@ -35,8 +35,7 @@ Changes symmetrized(KMBone *first, KMBone *second, const KMSymmetryPlane &plane,
 Changes fittedTo(KMBone *bone, const KMBone *child);                       ///< its tail reaches the head of the child
 Changes upAligned(const QList<KMBone *> &bones, const kvm::Vector3 &up);   ///< turned about their own axes
 Changes turned(const QList<KMBone *> &bones, const kvm::Quaternion &turn); ///< about the origin
-/// The image of a bone, with its roll: the axes of its rotation are those across the plane, but for X, which turns
-/// round.
+/// The image of a bone, with its roll: the axes are those across the plane, but for X, which turns round.
 KMBoneRest reflected(KMBoneRest rest, const KMSymmetryPlane &plane);
 
 /// As KMBoneContainer::pairMirrorBones(), but bones that start on the plane find their partners too, by their tails.
