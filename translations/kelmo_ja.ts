@@ -4593,10 +4593,6 @@ Trying to Recover Files?</source>
         <source>Vertex %1   %2</source>
         <translation>頂点 %1   %2</translation>
     </message>
-    <message>
-        <source>   </source>
-        <translation>   </translation>
-    </message>
 </context>
 <context>
     <name>KMToolExtrude</name>

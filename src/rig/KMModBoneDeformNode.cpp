@@ -43,6 +43,22 @@ bool KMModBoneDeformNode::updateResult(const KMMeshNode &input, KMMeshNode &resu
     return false;
 }
 
+bool KMModBoneDeformNode::followWeights(const QVector<int> &vertices)
+{
+    const KMMeshNode *from = input();
+    const auto *tag = from ? static_cast<const KMTagBoneWeight *>(from->findTag(KMNodeType::TagBoneWeight)) : nullptr;
+    if (!tag || next() || isStale() || isBypassed() || m_vertexMap.size() != from->vertexCount())
+        return false;
+    m_skinning.prepare(*tag);
+    for (const int i : vertices) {
+        KMVertex *own = modMesh()->vertex(vertexMapAt(i));
+        if (own && from->vertex(i))
+            own->pos = m_skinning(i, from->position(i));
+    }
+    modMesh()->markDirty(KMMeshDirty::Positions);
+    return true;
+}
+
 bool KMModBoneDeformNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
 {
     KMResultCopy::copyUVs(input, result, m_faceMap);

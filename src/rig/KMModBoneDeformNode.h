@@ -20,6 +20,10 @@ public:
     void updateTags() override;
     KMModBoneDeformNode *clone() const override;
 
+    /// Some vertices of the input have other weights: moves these alone, at once. False where that isn't enough, since
+    /// the result is to be made anew anyway or other stages follow it.
+    bool followWeights(const QVector<int> &vertices);
+
 protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;

@@ -22,7 +22,7 @@ QVector<BoneWeightEntry> KMWeightTransfer::weightsAt(const Source &source, const
 {
     QVector<BoneWeightEntry> weights;
     for (int c = 0; c < 3; ++c) {
-        for (const KMBoneShare &share : source.tag->lists().of(hit.corners[c])) {
+        for (const KMBoneShare &share : source.tag->lists().of(hit.face->indices[hit.corners[c]])) {
             KMBone *bone = source.tag->bones().at(share.bone);
             const float weight = hit.weights[c] * share.weight;
             if (!bone || !(weight > 0.0f))

@@ -182,6 +182,13 @@ Work selectAffecting(const Target &target)
         say(QT_TRANSLATE_NOOP("KMBoneWeightCommand", "No bone weighs on the selected vertices."));
         return {};
     }
+    QSet<KMBone *> selected;
+    for (const KMBoneContainer *rig : std::as_const(rigs)) {
+        const QList<KMBone *> bones = rig->selectedBones();
+        selected += QSet<KMBone *>(bones.begin(), bones.end());
+    }
+    if (selected == wanted)
+        return {};
     return [wanted, rigs] {
         for (KMBoneContainer *rig : rigs) {
             gSolution->push(new selectAllBoneCommand(rig, false));

@@ -16,6 +16,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "tools/KMToolCircle.h"
 #include "tools/KMToolKind.h"
@@ -125,6 +126,10 @@ void KMToolBoneWeight::initialize()
     KMTool::initialize();
     m_circle = new KMToolCircle;
     addMesh(ScreenLines, m_circle);
+    connect(gProject, &KMProject::frameChanged, this, [this] {
+        if (!m_stroke)
+            m_surface.reset(); // another pose
+    });
 }
 
 void KMToolBoneWeight::finalize()
@@ -161,10 +166,7 @@ void KMToolBoneWeight::refresh()
     showColors();
     m_faceColors.changeAll();
     m_pointColors.changeAll();
-    if (bone() != m_shownBone) {
-        m_shownBone = bone();
-        emit boneChanged();
-    }
+    emit bonesChanged();
 }
 
 void KMToolBoneWeight::currentNodeChanged(KMNode *)
@@ -348,7 +350,17 @@ void KMToolBoneWeight::strokeTo(const KMMouseEvent &event)
     const QVector<int> &changed = m_stroke->paint(dabs);
     m_faceColors.change(changed);
     m_pointColors.change(changed);
-    if (!m_mesh->modifiers().isEmpty())
+    showMoved(changed);
+}
+
+/// In a chain of nothing but a deformation by bones the few vertices can follow alone.
+void KMToolBoneWeight::showMoved(const QVector<int> &vertices)
+{
+    const QList<KMMeshNode::ModifierEntry> &chain = m_mesh->modifiers();
+    if (chain.isEmpty())
+        return;
+    auto *deform = qobject_cast<KMModBoneDeformNode *>(chain.first().second->modifierNode());
+    if (!deform || !deform->followWeights(vertices))
         m_stroke->tag().markChanged();
 }
 
@@ -416,5 +428,6 @@ void KMToolBoneWeight::tellVertex(const QPointF &at, KMOpenGLWidget *widget)
         parts << tr("%1: %2").arg(entry.bone->name()).arg(double(entry.weight), 0, 'f', 3);
     if (vertex >= 0 && parts.isEmpty())
         parts << tr("no weight");
-    gSolution->setProgress(vertex < 0 ? QString() : tr("Vertex %1   %2").arg(vertex).arg(parts.join(tr("   "))));
+    gSolution->setProgress(vertex < 0 ? QString()
+                                      : tr("Vertex %1   %2").arg(vertex).arg(parts.join(QStringLiteral("   "))));
 }

@@ -60,7 +60,7 @@ public:
 signals:
     void brushChanged();
     void onRadiusChanged(float radius); ///< pixels
-    void boneChanged();                 ///< another bone, or another rig
+    void bonesChanged();                ///< another one is painted, or the rig may be another
 
 protected:
     bool isSymmetric() const override { return true; }
@@ -70,6 +70,7 @@ private:
     bool pressBone(const KMMouseEvent &event, const KMOpenGLWidget &widget);
     void beginStroke(const KMMouseEvent &event, const KMOpenGLWidget &widget);
     void strokeTo(const KMMouseEvent &event);
+    void showMoved(const QVector<int> &vertices);
     void endStroke();
     void dropStroke();
     void showColors();
@@ -82,7 +83,6 @@ private:
     KMWeightColors m_faceColors{false};
     KMWeightColors m_pointColors{true};
     std::unique_ptr<KMWeightSurface> m_surface; // null until it is needed again
-    KMBone *m_shownBone = nullptr;              // compared, never used
     int m_toldVertex = -1;                      // whose weights the status text has
 
     // The stroke

@@ -139,13 +139,18 @@ qint64 KMWeightColors::revision(const KMMeshNode &) const
     return m_revision;
 }
 
-/// Of a result the weights may have been carried through the chain by more than one way.
+/// Of results those of a first stage that carries no weights of its own can be told, vertex for vertex.
 bool KMWeightColors::changedSince(const KMMeshNode &mesh, qint64 revision, QVector<int> &vertices) const
 {
-    if (revision < m_logStart || &mesh != m_mesh)
+    const KMModifierNode *stage = nullptr;
+    if (&mesh != m_mesh)
+        stage = qobject_cast<const KMModifierNode *>(mesh.ownerNode());
+    const bool canTell = &mesh == m_mesh || (stage && stage->input() == m_mesh && viewOf(mesh).isMapped);
+    if (revision < m_logStart || !canTell)
         return false;
     const size_t step = size_t(revision - m_logStart);
     const int first = step == 0 ? 0 : m_logEnds[step - 1];
-    vertices += m_log.mid(first);
+    for (int i = first; i < m_log.size(); ++i)
+        vertices.append(stage ? stage->vertexMapAt(m_log.at(i)) : m_log.at(i));
     return true;
 }

@@ -62,7 +62,7 @@ QList<KMMeshNode *> occluders(const KMMeshNode &mesh)
 } // namespace
 
 KMWeightSurface::KMWeightSurface(KMMeshNode &mesh, const KMCameraNode &camera)
-    : m_mesh(mesh)
+    : m_mesh(&mesh)
     , m_camera(camera)
     , m_view(camera.viewProjection())
     , m_size(camera.width(), camera.height())
@@ -76,7 +76,7 @@ KMWeightSurface::~KMWeightSurface() = default;
 
 bool KMWeightSurface::isOf(const KMMeshNode &mesh, const KMCameraNode &camera) const
 {
-    return &mesh == &m_mesh && &camera == &m_camera && camera.viewProjection() == m_view
+    return &mesh == m_mesh && &camera == &m_camera && camera.viewProjection() == m_view
            && m_size == QSize(camera.width(), camera.height());
 }
 
@@ -84,11 +84,12 @@ bool KMWeightSurface::isOf(const KMMeshNode &mesh, const KMCameraNode &camera) c
 void KMWeightSurface::addVertices()
 {
     std::vector<Place> places;
-    places.reserve(size_t(m_mesh.vertexCount()));
-    const ShownPlaces shownPlace(m_mesh);
-    for (int i = 0; i < m_mesh.vertexCount(); ++i) {
-        const KMVertex *vertex = m_mesh.vertex(i);
-        if (!vertex || (!vertex->faceRefs.isEmpty() && !m_mesh.isShown(*vertex)))
+    const KMMeshNode &mesh = *m_mesh;
+    const ShownPlaces shownPlace(mesh);
+    places.reserve(size_t(mesh.vertexCount()));
+    for (int i = 0; i < mesh.vertexCount(); ++i) {
+        const KMVertex *vertex = mesh.vertex(i);
+        if (!vertex || (!vertex->faceRefs.isEmpty() && !mesh.isShown(*vertex)))
             continue;
         const kvm::Vector3 point = shownPlace(i);
         const kvm::Vector3 window = m_camera.worldToWindow(point);
@@ -156,7 +157,7 @@ bool KMWeightSurface::isHidden(Place &place)
     if (place.hidden != Unknown)
         return place.hidden;
     if (!m_occluder)
-        m_occluder = std::make_unique<KMViewSurface>(m_camera, occluders(m_mesh));
+        m_occluder = std::make_unique<KMViewSurface>(m_camera, occluders(*m_mesh));
     const auto depth = [this](const kvm::Vector3 &point) { return dot(point - m_camera.eye(), m_camera.viewAxis()); };
     const std::optional<kvm::Vector3> surface = m_occluder->at(place.window);
     const float own = depth(place.point);

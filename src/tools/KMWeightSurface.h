@@ -4,6 +4,7 @@
 #include "math/Vector3.h"
 
 #include <QPointF>
+#include <QPointer>
 #include <QSize>
 #include <QVector>
 
@@ -52,7 +53,7 @@ private:
     int cellOf(const QPointF &window) const;
     bool isHidden(Place &place);
 
-    KMMeshNode &m_mesh;
+    QPointer<KMMeshNode> m_mesh;
     const KMCameraNode &m_camera;
     kvm::Matrix4 m_view;
     QSize m_size;

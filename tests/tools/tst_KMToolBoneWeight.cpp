@@ -1,13 +1,16 @@
+#include "core/KMNodeTreeCommands.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "shell/kmmainwidget.h"
 #include "support/TestRegistry.h"
@@ -49,10 +52,10 @@ struct WeightWindow : ToolWindow
             gSolution->push(new addBoneCommand(rig, bone, bones.value(0)));
             bones << bone;
         }
-        gProject->tree()->setCurrentItem(mesh->item());
         KMToolBoneWeight::chooseBone(bones[1]);
         centre();
         gSolution->clearHistory();
+        gProject->tree()->setCurrentItem(mesh->item());
     }
     ~WeightWindow()
     {
@@ -69,7 +72,7 @@ struct WeightWindow : ToolWindow
             }
         }
         for (int i = 0; i < mesh->vertexCount(); ++i)
-            mesh->setPosition(i, (mesh->position(i) - (low + high) * 0.5f) * (200.0f / (high - low).length()));
+            mesh->setPosition(i, (mesh->position(i) - (low + high) * 0.5f) * (450.0f / (high - low).length()));
         mesh->markDirty(KMMeshDirty::All);
         mesh->refreshMesh(KMMeshDirty::All);
     }
@@ -141,6 +144,7 @@ private slots:
     void firstStrokeMakesTheTag();
     void choosingTheBone();
     void colorsFollowTheStroke();
+    void posedSurfaceFollowsTheStroke();
 };
 
 void tst_KMToolBoneWeight::strokeIsAllAboutDistance_data()
@@ -170,9 +174,9 @@ void tst_KMToolBoneWeight::strokeIsAllAboutDistance()
 
     for (const int moves : {1, 37}) {
         QUndoStack *stack = gSolution->undoStack();
-        const int steps = stack->count();
+        const int steps = stack->index();
         window.stroke(ToolWindow::Top, from, to, moves);
-        QCOMPARE(stack->count(), steps + 1);
+        QCOMPARE(stack->index(), steps + 1);
         int painted = 0;
         for (int i = 0; i < window.mesh->vertexCount(); ++i) {
             const double distance = KMWindowGeometry::distance(window.at(ToolWindow::Top, i), from, to);
@@ -210,7 +214,7 @@ void tst_KMToolBoneWeight::escapePutsBack()
     const QString before = window.weights();
     const QPointF from = window.at(ToolWindow::Top, 30);
     KMOpenGLWidget *view = window.view(ToolWindow::Top);
-    TestWindow::focus(view);
+    QVERIFY(window.focus(view));
     ViewMouse mouse(view);
     mouse.move(from);
     mouse.press(Qt::LeftButton, from);
@@ -337,7 +341,7 @@ void tst_KMToolBoneWeight::firstStrokeMakesTheTag()
     gSolution->undoStack()->undo();
     // An Escape leaves none behind either.
     KMOpenGLWidget *view = window.view(ToolWindow::Top);
-    TestWindow::focus(view);
+    QVERIFY(window.focus(view));
     ViewMouse mouse(view);
     mouse.press(Qt::LeftButton, at);
     QTest::keyClick(view, Qt::Key_Escape);
@@ -388,6 +392,52 @@ void tst_KMToolBoneWeight::colorsFollowTheStroke()
     mouse.release(Qt::LeftButton, to);
     const QImage after = picture(); // with all colours anew
     QCOMPARE(after, during);
+}
+
+/// The vertices that a stroke moves on its way stand where a whole evaluation puts them.
+void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke()
+{
+    WeightWindow window;
+    QVERIFY(window.isReady());
+    KMTagBoneWeight *tag = window.addTag();
+    for (int i = 0; i < window.mesh->vertexCount(); ++i)
+        tag->addEntry({i, 1.0f, window.bones[0]});
+    auto *deform = new KMModBoneDeformNode;
+    {
+        const KMUndoMacro macro(QStringLiteral("add"));
+        gProject->addToScene(deform);
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, window.mesh, deform, KMRowFocus::Keep));
+        gProject->checkModifiers();
+    }
+    PoseTransform pose;
+    pose.rotation = kvm::Quaternion::fromAxisAngle({0, 1, 0}, 0.8f);
+    window.bones[1]->setKeyPose(pose);
+    window.bones[1]->container()->animation()->reevaluate();
+    gSolution->update(0);
+    gProject->tree()->setCurrentItem(window.mesh->item());
+    const auto places = [deform] {
+        QVector<Vector3> places;
+        for (const KMVertex *vertex : deform->modMesh()->vertices())
+            places << vertex->pos;
+        return places;
+    };
+    window.setBrush(KMWeightBrush::Add, 1.0f, 0.6f, KMWeightBrush::Falloff::Smooth);
+    const QVector<Vector3> before = places();
+    const QPointF from = window.at(ToolWindow::Top, 40);
+    ViewMouse mouse(window.view(ToolWindow::Top));
+    mouse.move(from);
+    mouse.press(Qt::LeftButton, from);
+    mouse.move(from + QPointF(30, 30));
+    const QVector<Vector3> during = places();
+    QVERIFY(during != before);
+    mouse.release(Qt::LeftButton, from + QPointF(30, 30));
+    window.mesh->markDirty(KMMeshDirty::All);
+    gSolution->update(0);
+    const QVector<Vector3> after = places();
+    for (int i = 0; i < after.size(); ++i)
+        QVERIFY((after.at(i) - during.at(i)).length() < 1e-3f);
+    gSolution->undoStack()->undo();
+    QCOMPARE(places(), before);
 }
 
 KM_TEST(tst_KMToolBoneWeight);

@@ -93,7 +93,7 @@ KMBoneWeightPage::KMBoneWeightPage(KMToolBoneWeight *tool, QWidget *parent)
     addSwitches();
     addBones();
     connect(tool, &KMToolBoneWeight::brushChanged, this, &KMBoneWeightPage::showBrush);
-    connect(tool, &KMToolBoneWeight::boneChanged, this, &KMBoneWeightPage::showBones);
+    connect(tool, &KMToolBoneWeight::bonesChanged, this, &KMBoneWeightPage::showBones);
     showBrush();
     showBones();
 }
