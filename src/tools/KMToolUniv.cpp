@@ -207,7 +207,7 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (event->buttons() != Qt::LeftButton || (event->modifiers() & Qt::AltModifier) || !m_handle)
         return false;
     m_pressPos = m_lastPos = event->localPos();
-    m_hasLeftPress = m_isAtHandle = false;
+    m_hasLeftPress = m_isAtHandle = m_isAtBone = false;
     m_fixedMesh = m_cage = nullptr;
     m_widget = widget;
     const int code = handleCodeAt(m_pressPos, *widget);
@@ -296,7 +296,7 @@ void KMToolUniv::beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEv
 {
     const KMCameraNode &camera = *m_widget->camera();
     KMHandleDrag::Start start;
-    start.isFreeView = camera.isPerspectiveKind();
+    start.isFreeView = camera.isPerspectiveKind() && !m_isAtBone; // a bone goes with the cursor in any view
     start.code = rewritten(code, m_handleMode, event.modifiers() & Qt::ShiftModifier, start.isFreeView);
     start.press = m_pressPos;
     start.anchor = anchor;

@@ -80,7 +80,7 @@ protected:
     /// Of elements and bones the one that the mouse means; the bone goes before the element when both are filled in.
     virtual bool pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
                          KMBonePicker::Hit &bone) const;
-    virtual bool followsPose() const; ///< its handle stands at bones
+    virtual bool followsPose() const;                      ///< its handle stands at bones
     virtual int dragCode(const KMBonePicker::Hit &) const; ///< what a drag at it does, of KMHandleCode
     virtual QString statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const;
 
@@ -126,6 +126,7 @@ private:
     bool m_hasMoved = false;          // in this drag
     bool m_hasLeftPress = false;      // the cursor was farther away than a click goes
     bool m_isAtHandle = false;        // the press was on it
+    bool m_isAtBone = false;          // so was a bone
     QPointer<KMMeshNode> m_fixedMesh; // was pressed, and can't be dragged
     QPointer<KMMeshNode> m_cage;      // was pressed through what its modifiers made, where it has no element itself
     Operation m_operation = Operation::None;

@@ -27,6 +27,7 @@ bool KMToolUniv::pickAny(const KMCameraNode &camera, const QPointF &position, KM
 void KMToolUniv::pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &event)
 {
     m_widget->camera()->setPivot(hit.point);
+    m_isAtBone = true;
     if (clickBone(hit, event.modifiers()))
         beginDrag(dragCode(hit), hit.point, event, nullptr);
     else
