@@ -60,7 +60,6 @@ void tst_kmmorphwidget::init()
     m_tag = new KMTagMorph;
     gSolution->push(new addTagCommand(m_base, m_tag));
     gProject->tree()->setCurrentItem(m_base->item());
-    m_target->item()->setSelected(true);
     m_dock = m_window->child<kmmorphwidget>("kmmorphwidget");
     m_dock->show();
     m_rows = m_window->child<KMMorphTree>("morphTree");
@@ -71,6 +70,7 @@ KMMorph *tst_kmmorphwidget::assignAs(const char *name)
 {
     m_window->prompt.acceptForms = true;
     m_window->prompt.optionValues[QStringLiteral("morph-name")] = QString::fromLatin1(name);
+    m_target->setSelected(true);
     m_window->trigger("MorphComAssignMorph");
     return m_tag->findMorph(QString::fromLatin1(name));
 }
