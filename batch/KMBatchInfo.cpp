@@ -8,6 +8,9 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMTagConstraint.h"
 
 #include <QJsonArray>
 
@@ -96,6 +99,60 @@ QJsonArray meshes()
     return list;
 }
 
+QJsonArray constraintsOf(const KMBone &bone)
+{
+    QJsonArray list;
+    for (const KMTagBase *tag : bone.tags()) {
+        if (tag->isDeleted() || tag->type() != KMNodeType::TagConstraint)
+            continue;
+        const ConstraintData &data = static_cast<const KMTagConstraint *>(tag)->data();
+        list << QJsonObject{{"name", tag->name()},
+                            {"type", data.type},
+                            {"target", data.target ? QJsonValue(data.target->name()) : QJsonValue()},
+                            {"value", double(data.value)},
+                            {"loop", data.loop},
+                            {"links", data.ikDepth}};
+    }
+    return list;
+}
+
+QList<const KMBoneContainer *> rigs()
+{
+    QList<const KMBoneContainer *> list;
+    for (const KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
+        if (ctrl->type() == KMNodeType::BoneContainer)
+            list << static_cast<const KMBoneContainer *>(ctrl);
+    }
+    return list;
+}
+
+QJsonArray bones()
+{
+    QJsonArray list;
+    for (const KMBoneContainer *rig : rigs()) {
+        for (const KMBone *bone : rig->bones()) {
+            const KMBone *parent = bone->parentBone();
+            list << QJsonObject{{"name", bone->name()},
+                                {"parent", parent ? QJsonValue(parent->name()) : QJsonValue()},
+                                {"head", array(bone->restHead())},
+                                {"tail", array(bone->restTail())},
+                                {"movable", bone->isMovable()},
+                                {"constraints", constraintsOf(*bone)}};
+        }
+    }
+    return list;
+}
+
+int keyCount()
+{
+    int count = 0;
+    for (const KMBoneContainer *rig : rigs()) {
+        for (const BoneTrack *track : rig->animation()->tracks())
+            count += int(track->keys.size());
+    }
+    return count;
+}
+
 QJsonArray shaders()
 {
     QJsonArray list;
@@ -122,7 +179,7 @@ QJsonObject documentInfo(const QString &format)
         {"format", format},
         {"nodes", nodes()},
         {"meshes", meshes()},
-        {"bones", QJsonArray()},
+        {"bones", bones()},
         {"weights", QJsonObject{{"entries", 0}, {"sdef", 0}}},
         {"morphs", QJsonArray()},
         {"rigidBodies", QJsonArray()},
@@ -130,6 +187,6 @@ QJsonObject documentInfo(const QString &format)
         {"displayNodes", QJsonArray()},
         {"shaders", shaders()},
         {"textures", textures()},
-        {"keys", 0},
+        {"keys", keyCount()},
     };
 }

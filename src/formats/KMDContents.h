@@ -6,12 +6,14 @@
 
 #include <QByteArray>
 #include <QColor>
+#include <QHash>
 #include <QString>
 
 #include <array>
 #include <memory>
 #include <vector>
 
+class KMNode;
 class KMShaderNode;
 
 /// A texture as the file tells it. Its node is made when the document is built, since file textures of equal
@@ -61,8 +63,10 @@ struct KMDContents
     std::vector<KMDTextureRecord> textures;
     std::vector<KMDShaderRecord> shaders;
     std::vector<KMDNodeRecord> nodes;
+    QHash<quint64, KMNode *> objects; ///< what has an id in a record: nodes, bones; they belong to the records
 
     quint64 currentNode = 0;
     quint64 currentShader = 0;
     quint64 currentTexture = 0;
+    quint64 currentBone = 0;
 };

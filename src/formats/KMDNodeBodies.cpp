@@ -5,6 +5,7 @@
 #include "core/KMNullNode.h"
 #include "core/KMValueNodeContainer.h"
 #include "core/KMVariantNode.h"
+#include "formats/KMDBoneContainerBody.h"
 #include "formats/KMDFormat.h"
 #include "formats/KMDMeshBody.h"
 #include "formats/KMDModifierBodies.h"
@@ -115,6 +116,7 @@ constexpr KMDNodeBody bodies[] = {
     {KMNodeType::Null, &make<KMNullNode>, &writeNull, &readNull},
     {KMNodeType::BluePrint, &make<KMBluePrint>, &writeBluePrint, &readBluePrint},
     {KMNodeType::Mesh, &make<KMMeshNode>, &KMDMeshBody::write, &KMDMeshBody::read},
+    {KMNodeType::BoneContainer, &KMDBoneContainerBody::make, &KMDBoneContainerBody::write, &KMDBoneContainerBody::read},
 };
 
 } // namespace

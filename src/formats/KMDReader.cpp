@@ -160,6 +160,7 @@ void KMDReader::readNodes(KMDStream &in, KMDContents &contents)
         if (in.ok())
             bind();
     }
+    contents.objects = context.objects;
     if (context.meshNanoseconds > 0)
         qDebug("meshes read in %.1f ms", double(context.meshNanoseconds) / 1e6);
 }
@@ -235,8 +236,10 @@ void KMDReader::readCurrent(KMDStream &in, KMDContents &contents)
         contents.currentShader = in.readU64();
         contents.currentTexture = in.readU64();
     }
-    if (in.since(2.1f))
-        in.skip(2 * idBytes); // bone and its container
+    if (in.since(2.1f)) {
+        contents.currentBone = in.readU64();
+        in.skip(idBytes); // its container, which the bone knows
+    }
 }
 
 void KMDReader::skipSchematic(KMDStream &in)

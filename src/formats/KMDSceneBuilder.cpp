@@ -11,6 +11,7 @@
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
 #include "formats/KMDContents.h"
+#include "rig/KMBone.h"
 
 #include <QDebug>
 #include <QSignalBlocker>
@@ -248,4 +249,9 @@ void KMDSceneBuilder::restoreCurrent()
         return;
     gSolution->setCurrentShader(nodeOfFamily(m_contents.currentShader, KMNodeType::ShaderFlag));
     gSolution->setCurrentTexture(nodeOfFamily(m_contents.currentTexture, KMNodeType::TextureFlag));
+    KMNode *bone = m_contents.objects.value(m_contents.currentBone);
+    if (m_contents.currentBone == 0 || !bone || bone->type() != KMNodeType::Bone)
+        return;
+    nodeAs<KMBone>(bone)->setSelectMask(KMBone::BothSelected);
+    gSolution->setCurrentBone(bone);
 }

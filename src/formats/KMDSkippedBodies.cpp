@@ -81,30 +81,6 @@ void skipAnchor(Fields &f)
     f.list([](Fields &face) { face.list([](Fields &corner) { corner.i32(); }); });
 }
 
-void skipBone(Fields &f)
-{
-    f.i32().id(3).flag(f.since(1.7f)).transform().f32().id().i32().flag().i32(3);
-    if (f.since(2.6f))
-        f.flag().f32(6);
-    f.tags();
-}
-
-void skipKey(Fields &f)
-{
-    constexpr int positionTwice = 6;
-    constexpr int rotation = 4;
-    constexpr int curves = 16;
-    f.text().i32().f32(positionTwice + rotation + curves);
-}
-
-void skipBoneContainer(Fields &f)
-{
-    f.transform().tags();
-    f.list(&skipBone);
-    if (f.since(2.4f))
-        f.flag().id().list([](Fields &bone) { bone.text().id().list(&skipKey); }).i32();
-}
-
 void skipMorph(Fields &f)
 {
     f.i32().id().text().f32().i32().list([](Fields &delta) { delta.i32().f32(4); });
@@ -142,7 +118,6 @@ constexpr Row nodeRows[] = {
          f.transform().f32(2).flag(2).i32(2).list([](Fields &point) { point.f32(2); }).f32(2).i32(2).f32(4).tags();
      }},
     {KMNodeType::ModAnchor, [](Fields &f) { f.transform().i32().flag().list(&skipAnchor).tags(); }},
-    {KMNodeType::BoneContainer, &skipBoneContainer},
 };
 
 constexpr Row tagRows[] = {

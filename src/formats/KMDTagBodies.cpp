@@ -3,6 +3,7 @@
 #include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMTagBase.h"
+#include "formats/KMDConstraintTag.h"
 #include "formats/KMDFormat.h"
 #include "formats/KMDMorphTag.h"
 #include "formats/KMDNormalTag.h"
@@ -25,6 +26,7 @@ const QVector<KMDTagBody> &bodies()
     static const QVector<KMDTagBody> rows = {
         {KMNodeType::TagMorph, &KMDMorphTag::make, &KMDMorphTag::write, &KMDMorphTag::read},
         {KMNodeType::TagNormal, &KMDNormalTag::make, &KMDNormalTag::write, &KMDNormalTag::read},
+        {KMNodeType::TagConstraint, &KMDConstraintTag::make, &KMDConstraintTag::write, &KMDConstraintTag::read},
     };
     return rows;
 }
@@ -58,10 +60,17 @@ bool hasEnoughOf(int type, const KMContainerNode *node)
                       }) >= KMD::MaxLargeTags;
 }
 
+bool canHold(int type, const KMContainerNode *node)
+{
+    return canHoldTag(node->type(), type) && !hasEnoughOf(type, node);
+}
+
 void skipTag(KMDReadContext &context, int type, const QString &name, const KMContainerNode *owner)
 {
     if (!KMDSkippedBodies::skipTag(context, type, owner))
         context.in.fail(Texts::tr("A tag of the unknown type 0x%1").arg(uint(type), 0, 16));
+    else if (!canHoldTag(owner->type(), type))
+        context.in.warn(Texts::tr("The tag %1 was left out: %2 can't hold it").arg(name, owner->name()));
     else if (KMDTagBodies::find(type))
         context.in.warn(
             Texts::tr("The tag %1 of %2 was left out: it has enough of this kind").arg(name, owner->name()));
@@ -101,7 +110,7 @@ void KMDTagBodies::readTags(KMDReadContext &context, KMContainerNode *node)
     for (int left = in.readCount(leastBytes); left > 0 && in.ok(); --left) {
         const int type = in.readI32();
         const QString name = in.readString();
-        const KMDTagBody *body = hasEnoughOf(type, node) ? nullptr : find(type);
+        const KMDTagBody *body = canHold(type, node) ? find(type) : nullptr;
         if (!body) {
             skipTag(context, type, name, node);
             continue;

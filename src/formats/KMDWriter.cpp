@@ -8,6 +8,8 @@
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDShelfBlocks.h"
 #include "formats/KMDViewBlocks.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
 
 #include <QRectF>
 #include <QTransform>
@@ -116,8 +118,9 @@ void KMDWriter::writeCurrent(KMDOutput &out)
     out.writeId(gSolution->currentNode());
     out.writeId(gSolution->currentShader());
     out.writeId(gSolution->currentTexture());
-    out.writeId(gSolution->currentBone());
-    out.writeId(nullptr); // the container of the bone
+    KMNode *bone = gSolution->currentBone();
+    out.writeId(bone);
+    out.writeId(bone ? nodeAs<KMBone>(bone)->container() : nullptr);
 }
 
 void KMDWriter::writeSchematic(KMDOutput &out)

@@ -30,6 +30,10 @@ void KMMeshNode::refreshMesh(quint32 mask)
         return;
     if (mask == All)
         tellTags(&KMTagBase::onFullRefresh);
+    for (int i = 0; i < tagCount(); ++i) {
+        if (!tag(i)->isDeleted())
+            tag(i)->rebuildWeights(int(mask));
+    }
     // The session refreshes before the frame does; what the chain has to follow must outlive these bits.
     if (!m_modifiers.isEmpty())
         m_chainPending |= mask & (Positions | Weights | SourceMoved);

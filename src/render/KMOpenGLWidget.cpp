@@ -4,6 +4,7 @@
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
+#include "render/KMBonePass.h"
 #include "render/KMCameraBox.h"
 #include "render/KMCameraNode.h"
 #include "render/KMFadeOutLabel.h"
@@ -161,6 +162,7 @@ void KMOpenGLWidget::cleanup()
     const KMShareContext context;
     if (m_grid)
         m_grid->releaseBuffers();
+    m_bones.reset();
     m_box.reset();
     m_navigation.reset();
     m_toolIcons.reset();
@@ -200,6 +202,13 @@ void KMOpenGLWidget::drawGrid(const KMCameraNode &camera)
 {
     if (m_grid && camera.viewFlag(KMCameraNode::ShowGrid))
         m_grid->draw(gRenderer->program(KMShaderPrograms::Line), camera);
+}
+
+void KMOpenGLWidget::drawBones(const KMCameraNode &camera)
+{
+    if (!m_bones)
+        m_bones = std::make_unique<KMBonePass>();
+    m_bones->draw(*gRenderer, camera);
 }
 
 void KMOpenGLWidget::drawToolIcons(const KMCameraNode &camera)

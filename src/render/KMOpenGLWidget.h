@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class KMBonePass;
 class KMCameraBox;
 class KMFadeOutLabel;
 class KMGridNode;
@@ -78,6 +79,7 @@ private:
     void updateBackground();
 
     void drawGrid(const KMCameraNode &camera) override;
+    void drawBones(const KMCameraNode &camera) override;
     void drawToolIcons(const KMCameraNode &camera) override;
     void drawNavigationIcons(const KMCameraNode &camera) override;
     void drawCameraBox(const KMCameraNode &camera) override;
@@ -85,6 +87,7 @@ private:
     KMOpenGLContainer *m_container;
     QPointer<KMCameraNode> m_camera;
     std::unique_ptr<KMGridNode> m_grid;
+    std::unique_ptr<KMBonePass> m_bones; // null until the first frame
     std::unique_ptr<KMCameraBox> m_box;
     std::unique_ptr<KMNavigationIcons> m_navigation;
     std::unique_ptr<KMToolIcons> m_toolIcons;

@@ -8,6 +8,7 @@
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMTagJoint.h"
 
 namespace {
 
@@ -145,13 +146,45 @@ void KMBone::updateShape()
     refreshGizmos();
 }
 
-/// Rigid bodies stand where their bone does.
+/// Rigid bodies and joints stand where their bone does at rest.
 void KMBone::refreshGizmos()
 {
     for (int i = 0; i < tagCount(); ++i) {
-        if (tag(i)->type() == KMNodeType::TagRigidBody && !tag(i)->isDeleted())
+        const int type = tag(i)->type();
+        if ((type == KMNodeType::TagRigidBody || type == KMNodeType::TagJoint) && !tag(i)->isDeleted())
             tag(i)->onFullRefresh();
     }
+}
+
+QVector<KMJointSide> KMBone::clearJointRefs(KMTagRigidBody *body)
+{
+    QVector<KMJointSide> cleared;
+    for (KMBone *bone : container()->allBones()) {
+        for (KMTagBase *tag : bone->tags()) {
+            if (tag->type() != KMNodeType::TagJoint)
+                continue;
+            auto *joint = nodeAs<KMTagJoint>(tag);
+            const bool isA = joint->bodyA() == body;
+            const bool isB = joint->bodyB() == body;
+            if (isA)
+                cleared.append({joint, body, true});
+            if (isB)
+                cleared.append({joint, body, false});
+            if (isA || isB)
+                joint->linkBodies(isA ? nullptr : joint->bodyA(), isB ? nullptr : joint->bodyB());
+        }
+    }
+    return cleared;
+}
+
+QVector<KMJointSide> KMBone::clearAllJointRefs()
+{
+    QVector<KMJointSide> cleared;
+    for (KMTagBase *tag : tags()) {
+        if (tag->type() == KMNodeType::TagRigidBody && !tag->isDeleted())
+            cleared += clearJointRefs(nodeAs<KMTagRigidBody>(tag));
+    }
+    return cleared;
 }
 
 void KMBone::refreshShape()

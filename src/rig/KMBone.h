@@ -7,7 +7,12 @@
 #include "rig/KMRestBone.h"
 #include "rig/PoseTransform.h"
 
+#include <QVector>
+
 #include <limits>
+
+class KMTagRigidBody;
+struct KMJointSide;
 
 /// A bone: a name, a rest pose, how it is posed now, and tags with physics and constraints. Its transform is the rest
 /// pose: the translation is the head, and the bone points along the negative Z axis of the rotation.
@@ -102,6 +107,10 @@ public:
     void pushAddCommand() override;    ///< into container(), under parentBone(), both set before
     void pushDeleteCommand() override; ///< its children stay
     void tagsChanged() override { updateShape(); }
+
+    /// Takes a rigid body that goes away out of all joints of the container. Answers which sides had it.
+    QVector<KMJointSide> clearJointRefs(KMTagRigidBody *body);
+    QVector<KMJointSide> clearAllJointRefs(); ///< of all live bodies on this bone
 
 private:
     friend class KMBoneContainer; // derives the place of its bones

@@ -5,6 +5,7 @@
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
+#include "rig/KMBoneContainer.h"
 
 namespace KMBoneEdit {
 
@@ -35,6 +36,16 @@ bool makeSymmetric(kvm::Vector3 &a, kvm::Vector3 &b, const KMSymmetryPlane &plan
 }
 
 } // namespace
+
+QList<KMBone *> selectedWithLength(const KMBoneContainer &container)
+{
+    QList<KMBone *> bones;
+    for (KMBone *bone : container.selectedBones()) {
+        if (!bone->isPoint())
+            bones << bone;
+    }
+    return bones;
+}
 
 void pushChanges(const Changes &changes)
 {

@@ -37,6 +37,8 @@ Changes upAligned(const QList<KMBone *> &bones, const kvm::Vector3 &up);   ///< 
 Changes turned(const QList<KMBone *> &bones, const kvm::Quaternion &turn); ///< about the origin
 KMBoneRest reflected(const KMBone *bone, const KMSymmetryPlane &plane);    ///< by its head and tail
 
+QList<KMBone *> selectedWithLength(const KMBoneContainer &container); ///< the selected bones that are no points
+
 /// The name of a bone's partner by the marks of the sides that are in use; empty for a name without one.
 QString mirroredName(const QString &name);
 

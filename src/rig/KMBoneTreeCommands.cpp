@@ -1,5 +1,6 @@
 #include "rig/KMBoneTreeCommands.h"
 
+#include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
@@ -22,6 +23,12 @@ void moveRow(KMBone *bone, KMBoneContainer *container, KMBone *parent, int posit
     QTreeWidgetItem *row = bone->container()->detachBone(bone);
     container->attachBone(bone, parent, position, row);
     KMTreeWidget::setFlags(row, flags);
+}
+
+void restoreAll(const QVector<KMJointSide> &joints)
+{
+    for (const KMJointSide &side : joints)
+        side.restore();
 }
 
 } // namespace
@@ -81,6 +88,7 @@ void deleteBoneCommand::detach()
     for (int i = 0; i < m_children.size(); ++i)
         moveRow(m_children[i], container(), m_parent, m_position + i);
     m_bone->setSelectMask(0);
+    m_joints = m_bone->clearAllJointRefs();
     m_row.reset(container()->detachBone(m_bone));
     m_bone->setDeleted(true);
     gSolution->forgetNode(m_bone);
@@ -94,6 +102,7 @@ void deleteBoneCommand::attach()
         moveRow(child, container(), m_bone, -1);
     KMTreeWidget::setFlags(row, m_flags);
     m_bone->setSelectMask(m_selectMask);
+    restoreAll(m_joints);
     if (m_wasCurrent)
         gSolution->setCurrentBone(m_bone);
 }
@@ -175,6 +184,7 @@ void addTagBoneContainerCommand::apply(Direction direction)
 deleteTagBoneContainerCommand::deleteTagBoneContainerCommand(KMBone *bone, KMTagBase *tag)
     : deleteTagCommand(bone, tag)
     , m_bone(bone)
+    , m_bodyTag(tag->type() == KMNodeType::TagRigidBody ? tag : nullptr)
 {
     touch(bone->container());
 }
@@ -182,5 +192,9 @@ deleteTagBoneContainerCommand::deleteTagBoneContainerCommand(KMBone *bone, KMTag
 void deleteTagBoneContainerCommand::apply(Direction direction)
 {
     deleteTagCommand::apply(direction);
+    if (direction == Direction::Undo)
+        restoreAll(m_joints);
+    else if (m_bodyTag)
+        m_joints = m_bone->clearJointRefs(nodeAs<KMTagRigidBody>(m_bodyTag));
     followRows(m_bone->container(), direction, m_relinked);
 }

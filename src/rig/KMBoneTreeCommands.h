@@ -4,6 +4,7 @@
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoCommand.h"
 #include "rig/BoneAnimation.h"
+#include "rig/KMTagJoint.h"
 
 #include <QCoreApplication>
 
@@ -68,6 +69,7 @@ private:
     KMRowFlags m_flags;
     int m_selectMask = 0;
     bool m_wasCurrent = false;
+    QVector<KMJointSide> m_joints; // while applied: what held on to its rigid bodies
 };
 
 /// Whether a bone may be moved under or beside another one: not to itself and not below itself. A null target stands
@@ -143,7 +145,7 @@ private:
     BoneAnimation::Relinked m_relinked;
 };
 
-/// Takes a tag of a bone out of use; the order is rebuilt.
+/// Takes a tag of a bone out of use; the order is rebuilt. Joints let go of a rigid body.
 class deleteTagBoneContainerCommand : public deleteTagCommand
 {
 public:
@@ -154,5 +156,7 @@ protected:
 
 private:
     KMBone *m_bone;
+    KMTagBase *m_bodyTag;          // null for tags that no joint holds
+    QVector<KMJointSide> m_joints; // while applied
     BoneAnimation::Relinked m_relinked;
 };

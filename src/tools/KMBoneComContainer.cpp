@@ -35,17 +35,6 @@ Work forEach(const QList<KMBone *> &bones, void (*push)(KMBone *))
     };
 }
 
-/// With a length that can be seen.
-QList<KMBone *> selectedWithLength(const KMBoneContainer &container)
-{
-    QList<KMBone *> bones;
-    for (KMBone *bone : container.selectedBones()) {
-        if (!bone->isPoint())
-            bones << bone;
-    }
-    return bones;
-}
-
 Work selectAll(KMBoneContainer &container, bool selected)
 {
     const int mask = selected ? KMBone::BothSelected : 0;
@@ -159,12 +148,12 @@ Work nothing(KMBoneContainer &)
 
 Work divide(KMBoneContainer &container)
 {
-    return forEach(selectedWithLength(container), &KMBoneEdit::pushDivided);
+    return forEach(KMBoneEdit::selectedWithLength(container), &KMBoneEdit::pushDivided);
 }
 
 Work layer(KMBoneContainer &container)
 {
-    return forEach(selectedWithLength(container), &KMBoneEdit::pushLayered);
+    return forEach(KMBoneEdit::selectedWithLength(container), &KMBoneEdit::pushLayered);
 }
 
 struct Entry
@@ -238,6 +227,13 @@ const Entry entries[] = {
      {"BoneComBoneFromEdge", QT_TRANSLATE_NOOP("KMBoneCommand", "BoneFromEdge"),
       QT_TRANSLATE_NOOP("KMBoneCommand", "Make a chain of bones along the selected edges"), "", Need::Edges,
       &bonesFromEdges}},
+    {&makeCommand<BoneComMakeRigidBody>,
+     {"BoneComMakeRigidBody", QT_TRANSLATE_NOOP("KMBoneCommand", "Make RigidBody"),
+      QT_TRANSLATE_NOOP("KMBoneCommand", "Give the selected bones rigid bodies of their length"), "", Need::Bones}},
+    {&makeCommand<BoneComMakeSideJoint>,
+     {"BoneComMakeSideJoint", QT_TRANSLATE_NOOP("KMBoneCommand", "Make Side Joint"),
+      QT_TRANSLATE_NOOP("KMBoneCommand", "Hold the two selected rigid bodies together; with Ctrl the other is first"),
+      "", Need::Container}},
     {&makeCommand<KMBoneCommand>,
      {"BoneComInsertMMDBone", QT_TRANSLATE_NOOP("KMBoneCommand", "Inset MMD Bone"),
       QT_TRANSLATE_NOOP("KMBoneCommand", "Add the bones of a standing figure"), "", Need::Container, &insertTemplate}},

@@ -1,11 +1,14 @@
 #include "tools/KMBoneCommands.h"
 
+#include "core/KMNodeType.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
+#include "rig/KMPhysicsMaking.h"
+#include "rig/KMTagRigidBody.h"
 #include "tools/KMAlignVertexDialog.h"
 
 #include <QApplication>
@@ -66,6 +69,18 @@ Bounds boundsOf(const QList<KMBone *> &bones, const kvm::Matrix4 &toSpace)
             bounds.take(toSpace * bone->restTail());
     }
     return bounds;
+}
+
+QList<KMTagRigidBody *> selectedBodies(const KMBoneContainer &container)
+{
+    QList<KMTagRigidBody *> bodies;
+    for (const KMBone *bone : container.bones()) {
+        for (KMTagBase *tag : bone->tags()) {
+            if (tag->type() == KMNodeType::TagRigidBody && tag->isSelected() && !tag->isDeleted())
+                bodies << nodeAs<KMTagRigidBody>(tag);
+        }
+    }
+    return bodies;
 }
 
 /// The partner that is to be changed or copied; null for a bone that has none on the other side.
@@ -228,4 +243,43 @@ KMBoneCommand::Work BoneComAlignReflectBone::plan(KMBoneContainer &container)
         changes.append({target, rest});
     }
     return workOf(changes);
+}
+
+QString BoneComMakeRigidBody::obstacle() const
+{
+    const QString missing = KMBoneCommand::obstacle();
+    if (!missing.isEmpty() || !KMBoneEdit::selectedWithLength(*KMBoneContainer::activeBoneContainer()).isEmpty())
+        return missing;
+    return tr("Bone Selection not found.");
+}
+
+KMBoneCommand::Work BoneComMakeRigidBody::plan(KMBoneContainer &container)
+{
+    KMOptionForm form{text(),
+                      {{QStringLiteral("shape-type"), tr("Shape Type"), KMOption::Choice, m_shape},
+                       {QStringLiteral("with-joint"), tr("With Joint"), KMOption::Bool, m_withJoints}},
+                      QApplication::activeWindow()};
+    form.options.first().choices = KMTagRigidBody::shapeNames();
+    if (!KMPrompt::current().options(form))
+        return {};
+    m_shape = form.value(QStringLiteral("shape-type")).toInt();
+    m_withJoints = form.value(QStringLiteral("with-joint")).toBool();
+    const QList<KMBone *> bones = KMBoneEdit::selectedWithLength(container);
+    return
+        [bones, shape = m_shape, withJoints = m_withJoints] { KMPhysicsMaking::pushBodies(bones, shape, withJoints); };
+}
+
+QString BoneComMakeSideJoint::obstacle() const
+{
+    const QString missing = KMBoneCommand::obstacle();
+    if (!missing.isEmpty() || selectedBodies(*KMBoneContainer::activeBoneContainer()).size() >= 2)
+        return missing;
+    return tr("Two RigidBody Selection not found.");
+}
+
+KMBoneCommand::Work BoneComMakeSideJoint::plan(KMBoneContainer &container)
+{
+    const QList<KMTagRigidBody *> bodies = selectedBodies(container);
+    const int first = QApplication::keyboardModifiers() & Qt::ControlModifier ? 1 : 0;
+    return [a = bodies[first], b = bodies[1 - first]] { KMPhysicsMaking::pushSideJoint(a, b); };
 }

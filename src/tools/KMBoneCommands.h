@@ -88,3 +88,33 @@ protected:
 private:
     int m_side = 0; // that is changed
 };
+
+/// Gives the selected bones rigid bodies of their length, with joints to their parents where the user wants them. What
+/// was chosen last is offered the next time.
+class BoneComMakeRigidBody : public KMBoneCommand
+{
+    Q_OBJECT
+public:
+    using KMBoneCommand::KMBoneCommand;
+
+protected:
+    QString obstacle() const override;
+    Work plan(KMBoneContainer &container) override;
+
+private:
+    int m_shape = 0; // of KMTagRigidBody::Shape
+    bool m_withJoints = false;
+};
+
+/// Holds the two selected rigid bodies together by a joint half way between them. With Control the other one is the
+/// first.
+class BoneComMakeSideJoint : public KMBoneCommand
+{
+    Q_OBJECT
+public:
+    using KMBoneCommand::KMBoneCommand;
+
+protected:
+    QString obstacle() const override;
+    Work plan(KMBoneContainer &container) override;
+};

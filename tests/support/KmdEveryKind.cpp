@@ -8,8 +8,8 @@
 
 namespace {
 
-/// A body in words: i, u, f, b, s are the elements, 3f is three of them, [ ] a count of two and two records,
-/// T the transform, G the tags; 2.2: before a word says in which version it came.
+/// A body in words: i, u, f, b, s are the elements, 3f is three of them, =7 and @7 a certain i and u, [ ] a count of
+/// two and two records, T the transform, G the tags; 2.2: before a word says in which version it came.
 struct Kind
 {
     int type;
@@ -21,8 +21,6 @@ constexpr Kind nodeKinds[] = {
     {0x4e00002, "T G"},
     {0x4e00009, "T f f b b i i [ 2f ] f f i i 4f G"},
     {0x4e0000a, "T i b [ u T [ 3f ] [ [ i ] ] ] G"},
-    {0x6600004, "T G [ i 3u 1.7:b T f u i b i i i 2.6:b 2.6:6f G ] "
-                "2.4:b 2.4:u 2.4:[ s u [ s i 3f 3f 3f f 16f ] ] 2.4:i"},
 };
 
 constexpr Kind tagKinds[] = {
@@ -80,6 +78,14 @@ private:
 
     void writeWord(const QString &word)
     {
+        if (word.startsWith(QLatin1Char('='))) {
+            m_out << qint32(word.mid(1).toLongLong(nullptr, 0));
+            return;
+        }
+        if (word.startsWith(QLatin1Char('@'))) {
+            m_out << word.mid(1).toULongLong();
+            return;
+        }
         const int count = word.size() > 1 ? word.left(word.size() - 1).toInt() : 1;
         for (int i = 0; i < count; ++i)
             writeElement(word.back().toLatin1());
@@ -152,6 +158,16 @@ void addEveryKind(KmdBytes &file)
         writeHead(out, version, 0x600002, row, firstRow);
         out << QStringLiteral("behind") << qint32(4711);
         writeEveryTag(out, version, false);
+    };
+}
+
+void addRecord(KmdBytes &file, int type, const char *body)
+{
+    const double version = file.version;
+    file.moreNodeCount = 1;
+    file.moreNodes = [version, type, body](QDataStream &out) {
+        writeHead(out, version, type, 100, 0);
+        Words(out, version, false, body).write();
     };
 }
 

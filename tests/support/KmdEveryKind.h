@@ -6,5 +6,8 @@ class KmdBytes;
 /// last node, an int called "behind", stands below the first of them, whose parent is the null "group".
 void addEveryKind(KmdBytes &file);
 
+/// Adds one node at the top, with a body in the words that stand there.
+void addRecord(KmdBytes &file, int type, const char *body);
+
 int everyKindNodes(); ///< how many kinds of nodes these are
 int everyKindTags();

@@ -49,8 +49,11 @@ void RigDump::writeBone(QTextStream &out, const KMBone *bone)
         if (tag->isDeleted())
             continue;
         out << " tag " << number(tag) << ' ' << tag->name() << " of " << number(tag->owner());
-        if (tag->type() == KMNodeType::TagConstraint)
-            out << " at " << number(static_cast<const KMTagConstraint *>(tag)->data().target);
+        if (tag->type() != KMNodeType::TagConstraint)
+            continue;
+        const ConstraintData &data = static_cast<const KMTagConstraint *>(tag)->data();
+        out << " at " << number(data.target) << ' ' << bits(data.value) << ' ' << data.type << ' ' << data.loop << ' '
+            << data.ikDepth;
     }
 }
 

@@ -1,0 +1,144 @@
+#include "rig/KMDisplayCommands.h"
+
+#include "core/KMProject.h"
+
+namespace {
+
+using Items = KMDisplayNode::Items;
+
+/// The index in the whole list at which something stands behind a number of live items.
+int indexBehindLive(const Items &items, int live)
+{
+    int index = 0;
+    for (; index < items.size(); ++index) {
+        if (items[index].isLive() && live-- == 0)
+            break;
+    }
+    return index;
+}
+
+Items with(Items items, const DisplayItem &item, int position)
+{
+    items.insert(position < 0 ? items.size() : indexBehindLive(items, position), item);
+    return items;
+}
+
+Items without(Items items, int position)
+{
+    items.removeAt(indexBehindLive(items, position));
+    return items;
+}
+
+} // namespace
+
+addDisplayNodeCommand::addDisplayNodeCommand(KMDisplayNode *group)
+    : KMUndoCommand(tr("Add DisplayNode"), group)
+    , m_group(group)
+{
+}
+
+addDisplayNodeCommand::~addDisplayNodeCommand()
+{
+    if (!m_applied)
+        KMProject::destroyNodes({m_group});
+}
+
+void addDisplayNodeCommand::apply(Direction direction)
+{
+    m_applied = direction == Direction::Redo;
+    m_group->setDeleted(!m_applied);
+}
+
+removeDisplayNodeCommand::removeDisplayNodeCommand(KMDisplayNode *group)
+    : KMUndoCommand(tr("Remove DisplayNode"), group)
+    , m_group(group)
+{
+}
+
+removeDisplayNodeCommand::~removeDisplayNodeCommand()
+{
+    if (m_applied)
+        KMProject::destroyNodes({m_group});
+}
+
+void removeDisplayNodeCommand::apply(Direction direction)
+{
+    m_applied = direction == Direction::Redo;
+    m_group->setDeleted(m_applied);
+}
+
+QList<KMDisplayNode *> moveDisplayNodeCommand::liveGroups()
+{
+    QList<KMDisplayNode *> live;
+    for (KMDisplayNode *group : gProject->displayNodes()) {
+        if (!group->isDeleted())
+            live << group;
+    }
+    return live;
+}
+
+moveDisplayNodeCommand::moveDisplayNodeCommand(KMDisplayNode *group, int position)
+    : KMUndoCommand(tr("Move DisplayNode"), group)
+{
+    for (KMDisplayNode *member : gProject->displayNodes())
+        m_before << member;
+    m_after = m_before;
+    m_after.removeOne(group);
+    int index = 0;
+    for (; index < m_after.size(); ++index) {
+        if (!m_after[index]->isDeleted() && position-- == 0)
+            break;
+    }
+    m_after.insert(index, group);
+}
+
+/// The project lists groups in the order in which they were entered.
+void moveDisplayNodeCommand::apply(Direction direction)
+{
+    QList<KMContainerNode *> groups;
+    for (const QPointer<KMDisplayNode> &group : direction == Direction::Redo ? m_after : m_before) {
+        if (group)
+            groups << group;
+    }
+    gProject->removeNodes(groups);
+    for (KMContainerNode *group : std::as_const(groups))
+        gProject->addRaw(group);
+}
+
+renameDisplayNodeCommand::renameDisplayNodeCommand(KMDisplayNode *group, const QString &name)
+    : changeValueCommand(tr("Rename DisplayNode"), group, group->name(), name)
+    , m_group(group)
+{
+}
+
+void renameDisplayNodeCommand::write(const QString &name)
+{
+    m_group->setName(name);
+}
+
+KMDisplayItemsCommand::KMDisplayItemsCommand(const QString &text, KMDisplayNode *group, const Items &items)
+    : changeValueCommand(text, group, group->items(), items)
+    , m_group(group)
+{
+}
+
+void KMDisplayItemsCommand::write(const Items &items)
+{
+    m_group->setItems(items);
+}
+
+addDisplayItemCommand::addDisplayItemCommand(KMDisplayNode *group, const DisplayItem &item, int position)
+    : KMDisplayItemsCommand(tr("Add DisplayItem"), group, with(group->items(), item, position))
+{
+}
+
+removeDisplayItemCommand::removeDisplayItemCommand(KMDisplayNode *group, int position)
+    : KMDisplayItemsCommand(tr("Remove DisplayItem"), group, without(group->items(), position))
+{
+}
+
+moveDisplayItemCommand::moveDisplayItemCommand(KMDisplayNode *group, int from, int to)
+    : KMDisplayItemsCommand(tr("Move DisplayItem"), group,
+                            with(without(group->items(), from), group->liveItems().at(from), to))
+{
+}

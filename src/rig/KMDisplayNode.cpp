@@ -1,0 +1,41 @@
+#include "rig/KMDisplayNode.h"
+
+#include "core/KMNodeType.h"
+#include "core/KMSolution.h"
+#include "rig/KMDisplayCommands.h"
+
+bool DisplayItem::canHold(const KMNode *node)
+{
+    return node && (node->type() == KMNodeType::Bone || node->type() == KMNodeType::Morph);
+}
+
+DisplayItem DisplayItem::of(KMContainerNode *node)
+{
+    return {node, node->type() == KMNodeType::Morph ? Morph : Bone};
+}
+
+KMDisplayNode::KMDisplayNode()
+{
+    setType(KMNodeType::Display);
+    setName(tr("Disp"));
+}
+
+KMDisplayNode::Items KMDisplayNode::liveItems() const
+{
+    Items live;
+    for (const DisplayItem &item : m_items) {
+        if (item.isLive())
+            live << item;
+    }
+    return live;
+}
+
+void KMDisplayNode::pushAddCommand()
+{
+    gSolution->push(new addDisplayNodeCommand(this));
+}
+
+void KMDisplayNode::pushDeleteCommand()
+{
+    gSolution->push(new removeDisplayNodeCommand(this));
+}

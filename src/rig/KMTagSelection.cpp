@@ -1,0 +1,146 @@
+#include "rig/KMTagSelection.h"
+
+#include "core/KMNodeType.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMMeshEdit.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMSelectedElements.h"
+
+#include <algorithm>
+
+namespace {
+
+using Pair = KMStoredSelection::Pair;
+
+/// What a renumbering leaves of a list, and what it drops. The function answers false for what is gone.
+template <class Element, class Renumber>
+QVector<Element> renumbered(const QVector<Element> &elements, QVector<Element> *lost, const Renumber &renumber)
+{
+    QVector<Element> kept;
+    for (const Element &element : elements) {
+        Element moved = element;
+        if (renumber(moved))
+            kept << moved;
+        else
+            *lost << element;
+    }
+    return kept;
+}
+
+QVector<Pair> selectedCorners(const KMMeshNode &mesh)
+{
+    QVector<Pair> corners;
+    for (int f = 0; f < mesh.faceCount(); ++f) {
+        const KMFace *face = mesh.face(f);
+        for (int c = 0; face && c < face->count; ++c) {
+            if (face->cornerFlags[c] & KMElementFlag::Selected)
+                corners.append({f, c});
+        }
+    }
+    return corners;
+}
+
+/// Calls a function for what is in one of two lists only.
+template <class Element, class Switch>
+void switchOver(const QVector<Element> &before, const QVector<Element> &after, const Switch &select)
+{
+    for (const Element &element : before) {
+        if (!after.contains(element))
+            select(element, false);
+    }
+    for (const Element &element : after) {
+        if (!before.contains(element))
+            select(element, true);
+    }
+}
+
+template <class Element>
+QVector<Element> sorted(QVector<Element> elements)
+{
+    std::sort(elements.begin(), elements.end());
+    return elements;
+}
+
+} // namespace
+
+bool KMStoredSelection::operator==(const KMStoredSelection &other) const
+{
+    return vertices == other.vertices && faces == other.faces && edges == other.edges && corners == other.corners;
+}
+
+KMTagSelection::KMTagSelection()
+{
+    setType(KMNodeType::TagSelection);
+    setName(tr("Selection"));
+}
+
+KMMeshNode *KMTagSelection::mesh() const
+{
+    return owner() && owner()->type() == KMNodeType::Mesh ? static_cast<KMMeshNode *>(owner()) : nullptr;
+}
+
+KMStoredSelection KMTagSelection::selectionOf(const KMMeshNode &mesh)
+{
+    KMStoredSelection selection{
+        KMSelectedElements::vertices(mesh), KMSelectedElements::faces(mesh), {}, selectedCorners(mesh)};
+    for (const KMEdgeEnds &edge : KMSelectedElements::edges(mesh))
+        selection.edges.append({edge.a, edge.b});
+    selection.edges = sorted(selection.edges);
+    return selection;
+}
+
+void KMTagSelection::recall(Recall recall) const
+{
+    KMMeshNode *target = mesh();
+    if (!target)
+        return;
+    const KMStoredSelection now = selectionOf(*target);
+    const KMStoredSelection before = recall == Recall::Replace ? now : KMStoredSelection();
+    KMStoredSelection after = m_selection;
+    if (recall == Recall::Replace && before == after)
+        return;
+    const KMUndoMacro macro(tr("Restore Selection"));
+    KMMeshEdit::settleEdges(*target);
+    switchOver(before.vertices, after.vertices, [&](int v, bool on) { KMMeshEdit::selectVertex(*target, v, on); });
+    switchOver(before.edges, after.edges,
+               [&](const Pair &edge, bool on) { KMMeshEdit::selectEdge(*target, edge.first, edge.second, on); });
+    switchOver(before.faces, after.faces, [&](int f, bool on) { KMMeshEdit::selectFace(*target, f, on); });
+    switchOver(before.corners, after.corners,
+               [&](const Pair &corner, bool on) { KMMeshEdit::selectUV(*target, corner.first, corner.second, on); });
+}
+
+void KMTagSelection::remapIndices()
+{
+    const KMMeshNode *store = mesh();
+    if (!store)
+        return;
+    KMStoredSelection lost;
+    const auto vertex = [store](int &v) { return (v = store->remappedVertex(v)) >= 0; };
+    const auto face = [store](int &f) { return (f = store->remappedFace(f)) >= 0; };
+    const auto edge = [&vertex](Pair &ends) {
+        const bool isThere = vertex(ends.first) & vertex(ends.second);
+        if (ends.first > ends.second)
+            std::swap(ends.first, ends.second);
+        return isThere;
+    };
+    const auto corner = [&face](Pair &place) { return face(place.first); };
+    m_selection.vertices = renumbered(m_selection.vertices, &lost.vertices, vertex);
+    m_selection.faces = renumbered(m_selection.faces, &lost.faces, face);
+    m_selection.edges = renumbered(m_selection.edges, &lost.edges, edge);
+    m_selection.corners = renumbered(m_selection.corners, &lost.corners, corner);
+    if (store->slotsGained() < 0) {
+        m_lost.append(lost);
+    } else if (store->slotsGained() > 0 && !m_lost.isEmpty()) {
+        const KMStoredSelection found = m_lost.takeLast();
+        m_selection = {sorted(m_selection.vertices + found.vertices), sorted(m_selection.faces + found.faces),
+                       sorted(m_selection.edges + found.edges), sorted(m_selection.corners + found.corners)};
+    }
+}
+
+KMTagSelection *KMTagSelection::clone() const
+{
+    auto *copy = new KMTagSelection;
+    copy->setName(name());
+    copy->setParameters(m_selection);
+    return copy;
+}
