@@ -58,9 +58,7 @@ bool readDelta(KMDReadContext &context, const KMMeshNode *mesh, MorphDelta &delt
 void readMorph(KMDReadContext &context, KMTagMorph *tag)
 {
     KMDStream &in = context.in;
-    const int type = in.readI32();
-    if (in.ok() && type != KMNodeType::Morph)
-        in.fail(Texts::tr("A morph of the unknown type 0x%1").arg(uint(type), 0, 16));
+    in.readI32(); // the type: there is only one
     auto morph = std::make_unique<KMMorph>();
     const quint64 id = in.readU64();
     morph->setName(in.readString());

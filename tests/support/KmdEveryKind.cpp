@@ -23,7 +23,6 @@ constexpr Kind nodeKinds[] = {
 };
 
 constexpr Kind tagKinds[] = {
-    {0x20000003, "[ i u s f i [ i 4f ] ]"},
     {0x20000006, "u i i f 7f b 2i 9f"},
     {0x20000007, "3u 12f 9f 3f 3f"},
     {0x20000008, "i u f i f i"},
