@@ -11,6 +11,7 @@ class KMBlockModel
 public:
     virtual ~KMBlockModel() = default;
 
+    virtual void pushAddBlock(KMNode *node) = 0;                  ///< pushes the command, when the node has none yet
     virtual void pushDeleteBlock(KMNode *node) = 0;               ///< pushes the command, when the node has a block
     virtual void retitle(KMNode *node, const QString &title) = 0; ///< of the node's block, when it has one
 };

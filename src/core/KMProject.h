@@ -121,6 +121,7 @@ public:
 
     void clear(); ///< empties everything for another document; the history must be empty already
     void setBlockModel(KMBlockModel *blocks) { m_blocks = blocks; } ///< not owned; null for none
+    KMBlockModel *blockModel() const { return m_blocks; }           ///< null while there is no schematic
 
     // The project's own data
 

@@ -51,6 +51,7 @@ void addTagCommand::apply(Direction direction)
     m_tag->setDeleted(!m_applied);
     if (m_applied) {
         m_target->insertTag(m_index, m_tag);
+        m_tag->apply(); // at once: the next steps of a macro read positions
     } else {
         // Tags before it may have gone for good since, when the history let go of their deletion.
         m_index = m_target->indexOfTag(m_tag);
@@ -79,7 +80,11 @@ deleteTagCommand::~deleteTagCommand()
 void deleteTagCommand::apply(Direction direction)
 {
     m_applied = direction == Direction::Redo;
+    if (m_applied)
+        m_tag->unapply(); // nobody tells a deleted tag to take its offsets off
     m_tag->setDeleted(m_applied);
+    if (!m_applied)
+        m_tag->apply();
     if (m_applied) {
         m_tag->setSelected(false);
         gSolution->forgetTag(m_tag);
@@ -110,6 +115,7 @@ void moveTagCommand::apply(Direction direction)
         m_target->removeTag(m_tag);
         m_source->insertTag(indexOnSource(), m_tag);
     }
+    m_tag->apply();
     m_source->tagsChanged();
     if (m_target != m_source)
         m_target->tagsChanged();

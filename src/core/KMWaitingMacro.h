@@ -10,6 +10,8 @@ public:
     explicit KMWaitingMacro(const QString &text);
     ~KMWaitingMacro();
 
+    bool hasBegun() const { return m_hasBegun; }
+
     static void beginAll(); ///< for KMSolution: a command or another macro is on its way
 
 private:

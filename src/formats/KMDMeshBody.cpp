@@ -1,8 +1,8 @@
 #include "formats/KMDMeshBody.h"
 
-#include "core/KMTagBase.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDTagBodies.h"
+#include "mesh/KMBasePositions.h"
 #include "mesh/KMMeshNode.h"
 
 #include <QCoreApplication>
@@ -18,30 +18,6 @@ constexpr int lineCorners = 2;  // of the smallest face that is kept
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(KMDMeshBody)
-};
-
-/// While it lives the vertices stand where they are without the offsets of tags.
-class BasePositions
-{
-    Q_DISABLE_COPY(BasePositions)
-public:
-    explicit BasePositions(const KMMeshNode &mesh)
-        : m_tags(mesh.tags())
-    {
-        tell(&KMTagBase::unapply);
-    }
-    ~BasePositions() { tell(&KMTagBase::apply); }
-
-private:
-    void tell(void (KMTagBase::*hook)()) const
-    {
-        for (KMTagBase *tag : m_tags) {
-            if (!tag->isDeleted())
-                (tag->*hook)();
-        }
-    }
-
-    QList<KMTagBase *> m_tags;
 };
 
 bool isWhole(const KMMeshStore &mesh, const KMFace &face)
@@ -228,7 +204,7 @@ void KMDMeshBody::write(KMDOutput &out, const KMContainerNode *node)
     KMDNodeBodies::writeTransform(out, &mesh);
     const FileNumbers numbers{vertexNumbers(mesh), faceNumbers(mesh)};
     {
-        const BasePositions base(mesh);
+        const KMBasePositions base(mesh.tags());
         writeVertices(out, mesh, countOf(numbers.vertices));
     }
     writeFaces(out, mesh, numbers);

@@ -26,6 +26,13 @@ bool isEditable(const KMMeshNode &mesh)
     return !mesh.ownerNode() && KMMeshTargets::isEditable(mesh);
 }
 
+/// What nobody sees isn't erased on the way.
+bool isShown(const KMMeshNode &mesh, int f)
+{
+    const KMFace *face = mesh.face(f);
+    return face && !face->hasFlag(KMElementFlag::Hidden);
+}
+
 QList<int> inOrder(const QSet<int> &faces)
 {
     QList<int> list(faces.begin(), faces.end());
@@ -62,11 +69,12 @@ bool KMElementErase::eraseEdge(KMMeshNode &mesh, int a, int b, const KMMirrorMap
         return false;
     QSet<int> faces;
     for (const int f : mesh.findEdge(a, b)->faceRefs) {
-        faces << f;
-        if (mirror)
-            faces << mirror->faceImage(f).face;
+        const int image = mirror ? mirror->faceImage(f).face : -1;
+        for (const int face : {f, image}) {
+            if (isShown(mesh, face))
+                faces << face;
+        }
     }
-    faces.remove(-1);
     QVector<KMEdgeEnds> edges{{a, b}};
     const KMEdge *edgeImage = mirror ? mirror->edgeImage(a, b) : nullptr;
     if (edgeImage && edgeImage != mesh.findEdge(a, b))
@@ -87,7 +95,7 @@ bool KMElementErase::eraseFace(KMMeshNode &mesh, int index, const KMMirrorMap *m
         return false;
     return eraseInOneStep(mesh, Texts::tr("Delete Face"), [&] {
         const int image = mirror ? mirror->faceImage(index).face : -1;
-        if (image >= 0 && image != index)
+        if (image != index && isShown(mesh, image))
             KMMeshEdit::deleteFace(mesh, image);
         KMMeshEdit::deleteFace(mesh, index);
     });

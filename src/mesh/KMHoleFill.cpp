@@ -25,9 +25,11 @@ public:
     QVector<int> run()
     {
         QVector<int> faces;
-        if (m_isClosed || !hasArea())
+        if (m_isClosed || isFilled() || !hasArea())
             return faces;
-        const QVector<KMPolygonFill::Triangle> triangles = KMPolygonFill::triangulate(KMPolygonFill::flatten(m_places));
+        const auto isTaken = [this](int a, int b) { return isJoined(a, b); };
+        const QVector<KMPolygonFill::Triangle> triangles =
+            KMPolygonFill::triangulate(KMPolygonFill::flatten(m_places), isTaken);
         const auto isCovered = [this](const KMPolygonFill::Triangle &t) { return liesOnFace(t); };
         if (std::any_of(triangles.begin(), triangles.end(), isCovered))
             return faces;
@@ -42,7 +44,9 @@ public:
 private:
     int next(int i) const { return i + 1 < m_polygon.size() ? i + 1 : 0; }
     void takeSide(int i);
+    bool isFilled() const;
     bool hasArea();
+    bool isJoined(int a, int b) const;
     bool liesOnFace(const KMPolygonFill::Triangle &triangle) const;
     bool runsWithRim() const;
     int shaderOf(const KMPolygonFill::Triangle &triangle) const;
@@ -72,6 +76,16 @@ void HoleFilling::takeSide(int i)
     }
 }
 
+/// The faces on all sides need no points but those of the rim: they lie within it already.
+bool HoleFilling::isFilled() const
+{
+    return std::all_of(m_rim.begin(), m_rim.end(), [this](const KMFace *face) {
+        return face && std::all_of(face->indices, face->indices + face->count, [this](int vertex) {
+                   return m_polygon.contains(vertex);
+               });
+    });
+}
+
 bool HoleFilling::hasArea()
 {
     float outline = 0.0f;
@@ -80,6 +94,17 @@ bool HoleFilling::hasArea()
         outline += (m_mesh.position(m_polygon.at(next(i))) - m_places.last()).length();
     }
     return KMPolygonFill::normalOf(m_places).length() > 1e-6f * outline * outline;
+}
+
+/// Whether two corners have an edge or a face already: a side between them would be the third one there, or cut off a
+/// triangle that lies on the face.
+bool HoleFilling::isJoined(int a, int b) const
+{
+    const KMRefList<4> &around = m_mesh.vertex(m_polygon.at(a))->faceRefs;
+    return std::any_of(around.begin(), around.end(), [&](int f) {
+        const KMFace *face = m_mesh.face(f);
+        return face && face->isPolygon() && face->hasVertex(m_polygon.at(b));
+    });
 }
 
 /// The rim of a single face, or of bare lines that are filled, has one face on each side as that of a hole has.

@@ -3,6 +3,7 @@
 #include "core/KMNodeType.h"
 #include "core/KMTagBase.h"
 #include "core/KMVariantNode.h"
+#include "mesh/KMBasePositions.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshRenderData.h"
 #include "mesh/KMSmoothNormals.h"
@@ -136,7 +137,10 @@ void KMMeshNode::clearGeometry()
 KMMeshNode *KMMeshNode::clone() const
 {
     auto *copy = new KMMeshNode;
-    copy->copyRecords(*this); // before the tags, which follow the records
+    {
+        const KMBasePositions base(tags()); // the copies of the tags lay their offsets on anew
+        copy->copyRecords(*this);           // before the tags, which follow the records
+    }
     copyNullTo(copy);
     copy->setSmoothAngle(smoothAngle());
     copy->refreshMesh(KMMeshDirty::All);

@@ -3,6 +3,7 @@
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
+#include "mesh/KMBasePositions.h"
 #include "mesh/KMFetchAhead.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
@@ -29,6 +30,10 @@ void KMMeshNode::refreshMesh(quint32 mask)
         return;
     if (mask == All)
         tellTags(&KMTagBase::onFullRefresh);
+    for (int i = 0; i < tagCount(); ++i) {
+        if (!tag(i)->isDeleted())
+            tag(i)->rebuildWeights(int(mask));
+    }
     // The session refreshes before the frame does; what the chain has to follow must outlive these bits.
     if (!m_modifiers.isEmpty())
         m_chainPending |= mask & (Positions | Weights | SourceMoved);
@@ -78,8 +83,9 @@ bool KMMeshNode::refreshPositions(quint32 mask, bool areCornersRead)
 {
     if (mask & Positions) {
         // Tags that lay offsets on the positions take them back and lay them on anew.
-        tellTags(&KMTagBase::unapply);
-        tellTags(&KMTagBase::apply);
+        {
+            const KMBasePositions laidAnew(tags());
+        }
         computeNormals(mask & ~KeepRecords, areCornersRead);
         markRenderDirty(RenderVertices);
         if (mask == Positions) {

@@ -1,6 +1,6 @@
 // Flags of the elements of a mesh, and what is remembered of the selection.
 
-#include "core/KMTagBase.h"
+#include "mesh/KMBasePositions.h"
 #include "mesh/KMMeshNode.h"
 
 #include <algorithm>
@@ -147,8 +147,7 @@ void KMMeshNode::joinSelectionCache(int i)
 
 void KMMeshNode::rememberPositions(bool tellChildren)
 {
-    if (tellChildren)
-        tellTags(&KMTagBase::unapply);
+    const KMBasePositions base(tellChildren ? tags() : QList<KMTagBase *>());
     m_memoryPositions.fill(0.0f, 3 * vertexCount());
     float *out = m_memoryPositions.data();
     for (const KMVertex *vertex : vertices()) {
@@ -156,6 +155,4 @@ void KMMeshNode::rememberPositions(bool tellChildren)
             std::copy_n(vertex->pos.data(), 3, out);
         out += 3;
     }
-    if (tellChildren)
-        tellTags(&KMTagBase::apply);
 }

@@ -19,8 +19,9 @@ double shapeOf(const QPointF &a, const QPointF &b, const QPointF &c)
 class EarClipping
 {
 public:
-    explicit EarClipping(const QVector<QPointF> &polygon)
+    EarClipping(const QVector<QPointF> &polygon, const KMTriangleMesh::SideRule &isForbidden)
         : m_points(polygon)
+        , m_isForbidden(isForbidden)
         , m_mesh(polygon)
         , m_shapes(polygon.size())
     {
@@ -50,15 +51,19 @@ private:
     int bestCorner() const { return int(std::max_element(m_shapes.begin(), m_shapes.end()) - m_shapes.begin()); }
 
     const QVector<QPointF> &m_points;
+    const KMTriangleMesh::SideRule &m_isForbidden;
     KMTriangleMesh m_mesh;
     QVector<double> m_shapes; // of the triangle at each corner; Gone for those that were clipped
     QVector<int> m_next;
     QVector<int> m_previous;
 };
 
-/// Another corner lies in the triangle, or on its border.
+/// The side across may not be, or another corner lies in the triangle or on its border.
 bool EarClipping::isBlocked(int i) const
 {
+    const bool isLast = m_next.at(m_next.at(i)) == m_previous.at(i);
+    if (!isLast && m_isForbidden && m_isForbidden(m_previous.at(i), m_next.at(i)))
+        return true;
     const QPointF &a = m_points.at(m_previous.at(i));
     const QPointF &b = m_points.at(i);
     const QPointF &c = m_points.at(m_next.at(i));
@@ -95,12 +100,12 @@ void EarClipping::clip(int i)
 
 /// Each turn of a side makes the smallest angle larger, so this ends; the limit is for what rounding may do. What a
 /// turn makes anew stands behind the others and has its own turn.
-void improve(KMTriangleMesh &mesh)
+void improve(KMTriangleMesh &mesh, const KMTriangleMesh::SideRule &isForbidden)
 {
     const qint64 limit = 16 * qint64(mesh.triangles().size()) * mesh.triangles().size();
     for (int t = 0; t < mesh.triangles().size() && t < limit; ++t) {
         for (int c = 0; c < 3; ++c) {
-            if (mesh.improveSide(t, c))
+            if (mesh.improveSide(t, c, isForbidden))
                 break;
         }
     }
@@ -138,12 +143,13 @@ QVector<QPointF> KMPolygonFill::flatten(const QVector<kvm::Vector3> &polygon)
     return points;
 }
 
-QVector<KMPolygonFill::Triangle> KMPolygonFill::triangulate(const QVector<QPointF> &polygon)
+QVector<KMPolygonFill::Triangle> KMPolygonFill::triangulate(const QVector<QPointF> &polygon,
+                                                            const std::function<bool(int a, int b)> &isForbidden)
 {
     if (polygon.size() < 3)
         return {};
-    KMTriangleMesh mesh = EarClipping(polygon).run();
-    improve(mesh);
+    KMTriangleMesh mesh = EarClipping(polygon, isForbidden).run();
+    improve(mesh, isForbidden);
     QVector<Triangle> triangles;
     for (const KMTriangleMesh::Triangle &triangle : mesh.triangles())
         triangles.append(triangle.corners);

@@ -6,6 +6,7 @@
 #include <QVector>
 
 #include <array>
+#include <functional>
 
 /// Fills polygons with triangles that have their corners at the corners of the polygon alone.
 namespace KMPolygonFill {
@@ -20,7 +21,9 @@ kvm::Vector3 normalOf(const QVector<kvm::Vector3> &polygon);
 QVector<QPointF> flatten(const QVector<kvm::Vector3> &polygon);
 
 /// Triangles that cover a counter-clockwise polygon, two fewer than it has corners. They don't overlap unless the
-/// polygon crosses itself, and stay clear of slivers as far as its shape allows.
-QVector<Triangle> triangulate(const QVector<QPointF> &polygon);
+/// polygon crosses itself, and stay clear of slivers as far as its shape allows. The rule says of two places of the
+/// polygon that no side may run across between them; where nothing else is left, one does all the same.
+QVector<Triangle> triangulate(const QVector<QPointF> &polygon,
+                              const std::function<bool(int a, int b)> &isForbidden = {});
 
 } // namespace KMPolygonFill

@@ -87,7 +87,7 @@ int KMTriangleMesh::acrossOf(int t, int corner) const
     return other.corners[size_t(other.cornerOf(m_triangles.at(t).corners[size_t(corner)]) + 1) % 3];
 }
 
-bool KMTriangleMesh::improveSide(int t, int corner)
+bool KMTriangleMesh::improveSide(int t, int corner, const SideRule &isForbidden)
 {
     const Triangle triangle = m_triangles.at(t);
     if (triangle.isGap() || triangle.neighbours[size_t(corner)] == None)
@@ -102,7 +102,7 @@ bool KMTriangleMesh::improveSide(int t, int corner)
     const QPointF &pd = m_vertices.at(d);
     const double flat = 1e-9 * squaredDistance(pc, pd);
     if (m_sides.contains(sideKey(c, d)) || m_sides.contains(sideKey(d, c)) || crossOf(pc, pa, pd) <= flat
-        || crossOf(pd, pb, pc) <= flat || !isInCircle(pa, pb, pc, pd))
+        || crossOf(pd, pb, pc) <= flat || !isInCircle(pa, pb, pc, pd) || (isForbidden && isForbidden(c, d)))
         return false;
     removeTriangle(triangle.neighbours[size_t(corner)]);
     removeTriangle(t);

@@ -5,6 +5,7 @@
 #include <QVector>
 
 #include <array>
+#include <functional>
 
 /// Triangles over points of a plane, each of which knows its neighbours. Triangles run counter-clockwise, y up. What is
 /// removed leaves a gap, so that numbers stay as they are until compact().
@@ -12,6 +13,8 @@ class KMTriangleMesh
 {
 public:
     static constexpr int None = -1;
+    using SideRule = std::function<bool(int a, int b)>; ///< whether a side may not be, by its two points
+
     struct Triangle
     {
         std::array<int, 3> corners;    ///< None for a gap
@@ -33,7 +36,7 @@ public:
 
     /// Turns the side after a corner of a triangle so that it joins the two points across from it, where that makes two
     /// triangles of a better shape by Delaunay's rule. False when it stays.
-    bool improveSide(int t, int corner);
+    bool improveSide(int t, int corner, const SideRule &isForbidden = {});
 
 private:
     static quint64 sideKey(int a, int b) { return quint64(quint32(a)) << 32 | quint32(b); }

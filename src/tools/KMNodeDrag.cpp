@@ -84,6 +84,7 @@ Quaternion KMNodeDrag::localAxes() const
 
 bool KMNodeDrag::begin(const Grab &)
 {
+    m_shown = {};
     m_frames.clear();
     m_ends.clear();
     for (KMNullNode *node : targets()) {
@@ -158,15 +159,21 @@ void KMNodeDrag::show(const Frame &frame, const KMTransform &transform)
 
 KMDragTransform KMNodeDrag::apply(const KMDragTransform &transform, const KMCameraNode &)
 {
+    m_shown.kind = transform.kind;
+    QVector<KMTransform> ends = m_ends;
     for (int i = 0; i < m_frames.size(); ++i) {
         const Frame &frame = m_frames.at(i);
         if (!frame.node)
             continue;
-        const KMTransform end = moved(frame, transform);
-        if (KMObjectTransform::wouldFlatten(frame.node, end))
-            continue; // the way back would be lost: it stays at the last place
-        m_ends[i] = end;
-        show(frame, end);
+        ends[i] = moved(frame, transform);
+        if (KMObjectTransform::wouldFlatten(frame.node, ends.at(i)))
+            return m_shown; // the way back would be lost: all stay at the last place
+    }
+    m_ends = ends;
+    m_shown = transform;
+    for (int i = 0; i < m_frames.size(); ++i) {
+        if (m_frames.at(i).node)
+            show(m_frames.at(i), ends.at(i));
     }
     return transform;
 }

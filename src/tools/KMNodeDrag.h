@@ -37,5 +37,6 @@ private:
     void restore();
 
     QVector<Frame> m_frames;
+    KMDragTransform m_shown;     // the last one that was done
     QVector<KMTransform> m_ends; // one for each frame
 };

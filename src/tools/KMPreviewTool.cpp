@@ -60,8 +60,8 @@ void KMPreviewTool::setValue(float value)
 
 void KMPreviewTool::assignValue(float value)
 {
-    m_value = value;
-    stretch(value);
+    m_value = limited(value);
+    stretch(m_value);
     updateShown();
     valueSet();
 }

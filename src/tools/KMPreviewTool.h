@@ -41,6 +41,7 @@ protected:
     virtual void select(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers) = 0;
     /// Makes the preview of all that is selected, of the present value. False when there is nothing to work on.
     virtual bool build(const QList<KMMeshNode *> &meshes) = 0;
+    virtual float limited(float value) const { return value; }                  ///< the nearest value that it can take
     virtual void stretch(float value) = 0;                                      ///< the same preview for another value
     virtual void dragTo(const KMMouseEvent &event, const KMCameraNode &camera); ///< sets the value by the way along x
     virtual void showOn(KMToolMesh *mesh) const = 0;                            ///< shapes what is shown

@@ -70,7 +70,7 @@ void KMSelectionCommand::run()
     for (KMMeshNode *mesh : meshes) {
         followFaces(*mesh);
         runOn(*mesh);
-        if (!mesh->ownerNode()) // a result would take itself for one that was moved by hand
+        if (macro.hasBegun() && !mesh->ownerNode()) // a result would take itself for one that was moved by hand
             mesh->markDirty(KMMeshDirty::All);
     }
 }

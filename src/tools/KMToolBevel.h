@@ -3,6 +3,7 @@
 #include "mesh/KMBevel.h"
 #include "tools/KMPreviewTool.h"
 
+#include <algorithm>
 #include <vector>
 
 /// Bevels the selected edges.
@@ -26,6 +27,7 @@ protected:
     KMPickRequest pickRequest() const override;
     void select(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers) override;
     bool build(const QList<KMMeshNode *> &meshes) override;
+    float limited(float value) const override { return std::max(value, 0.0f); }
     void stretch(float value) override;
     void showOn(KMToolMesh *mesh) const override;
     void commit() override;

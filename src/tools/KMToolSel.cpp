@@ -35,15 +35,14 @@ constexpr ModeRow modeRows[] = {
 };
 
 /// Chooses the mesh in the tree, by the same keys as a click on an element.
-void chooseNode(const KMMeshNode &mesh, Qt::KeyboardModifiers modifiers)
+void chooseNode(KMMeshNode *mesh, Qt::KeyboardModifiers modifiers)
 {
-    QTreeWidgetItem *row = KMMeshTargets::stateNode(mesh).item();
-    if (!row || !row->treeWidget())
-        return;
-    if (modifiers & (Qt::ShiftModifier | Qt::ControlModifier))
-        row->setSelected(!(modifiers & Qt::ControlModifier));
-    else
-        row->treeWidget()->setCurrentItem(row);
+    const KMMeshSelect::Mode mode = KMMeshSelect::clickMode(modifiers);
+    QTreeWidgetItem *row = KMMeshTargets::stateNode(*mesh).item();
+    if (mode != KMMeshSelect::Mode::Remove)
+        KMElementClick::choose(mesh, mode);
+    else if (row)
+        row->setSelected(false);
 }
 
 } // namespace
@@ -77,12 +76,13 @@ void KMToolSel::deactivate()
     forgetRoot();
 }
 
-/// An edit may have taken the root, and the edges are others.
+/// An edit may have taken the root or given its number to another vertex, and the edges are others.
 void KMToolSel::refresh()
 {
     hideChain();
     m_graph.reset();
-    if (m_lastRoot >= 0 && !(m_rootMesh && !m_rootMesh->isDeleted() && m_rootMesh->vertex(m_lastRoot)))
+    const bool isThere = m_rootMesh && !m_rootMesh->isDeleted() && hasRootIn(m_rootMesh);
+    if (m_lastRoot >= 0 && !isThere)
         forgetRoot();
 }
 
@@ -141,7 +141,7 @@ bool KMToolSel::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         hideChain();
         KMMeshSelect::unselectAll();
     } else if (mode() == Node) {
-        chooseNode(*hit.mesh, event->modifiers());
+        chooseNode(hit.mesh, event->modifiers());
     } else if (mode() == RootEdge) {
         pressRoot(hit, event->modifiers());
     } else {
@@ -190,6 +190,7 @@ void KMToolSel::pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifi
     const KMSelectionChain path = pathTo(hit);
     m_rootMesh = hit.mesh;
     m_lastRoot = hit.vertex;
+    m_rootSlots = hit.mesh->vertexCount();
     if (!path.isEmpty())
         path.select(!(modifiers & Qt::ControlModifier));
     m_graph.reset();
@@ -197,7 +198,7 @@ void KMToolSel::pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifi
 
 bool KMToolSel::hasRootIn(const KMMeshNode *mesh) const
 {
-    return m_lastRoot >= 0 && m_rootMesh == mesh && mesh->vertex(m_lastRoot);
+    return m_lastRoot >= 0 && m_rootMesh == mesh && m_rootSlots == mesh->vertexCount() && mesh->vertex(m_lastRoot);
 }
 
 /// Meshes that modifiers and primitives make change without a step of the history.

@@ -45,6 +45,7 @@ private:
     KMToolMesh *m_overlay = nullptr;
     KMPickRequest m_hover; // what the chain was made from that is shown; compared, never used
     QPointer<KMMeshNode> m_rootMesh;
+    int m_rootSlots = 0;  // vertex slots of that mesh when it was clicked; others mean other numbers
     int m_lastRoot = -1;  // the vertex from which the next path starts
     int m_graphEdges = 0; // as many as there were when the graph was made
     int m_graphVertices = 0;

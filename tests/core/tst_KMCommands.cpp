@@ -147,6 +147,7 @@ const CommandRow commandRows[] = {
 class BlockTitles : public KMBlockModel
 {
 public:
+    void pushAddBlock(KMNode *) override {}
     void pushDeleteBlock(KMNode *) override {}
     void retitle(KMNode *node, const QString &title) override { titles[node] = title; }
 

@@ -175,6 +175,7 @@ private slots:
     void starsFill_data();
     void starsFill();
     void holesOfGridsFill();
+    void cornerOfACubeFills();
     void openChainsFillNothing();
     void fillsOnce_data();
     void fillsOnce();
@@ -395,6 +396,31 @@ void tst_MeshCut::holesOfGridsFill()
         QCOMPARE(openEdges(mesh), 4 * size);
         QCOMPARE(clashes(mesh), 0);
         QVERIFY(std::abs(coveredArea(mesh) - area) < 1e-3);
+    }
+}
+
+/// Three of the six corners of the rim lie on each of the faces that are left: most fillings would lie on one.
+void tst_MeshCut::cornerOfACubeFills()
+{
+    for (int corner = 0; corner < 8; ++corner) {
+        MeshScene scene(MeshFixtures::cube());
+        KMMeshNode &mesh = *scene.mesh;
+        for (int f = 0; f < 6; ++f) {
+            if (mesh.face(f)->hasVertex(corner)) {
+                mesh.removeFaceRefs(f);
+                mesh.setFace(f, nullptr);
+            }
+        }
+        mesh.refreshMesh(KMMeshDirty::All);
+        for (KMEdge *edge : mesh.edges()) {
+            if (edge->faceRefs.size() == 1)
+                mesh.setEdgeFlag(edge, KMElementFlag::Selected);
+        }
+        QCOMPARE(KMMeshEdit::fillSelectedHoles(mesh), 1);
+        QCOMPARE(openEdges(mesh), 0);
+        QCOMPARE(clashes(mesh), 0);
+        for (const KMEdge *edge : mesh.edges())
+            QCOMPARE(int(edge->faceRefs.size()), 2);
     }
 }
 

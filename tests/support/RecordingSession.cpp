@@ -19,6 +19,12 @@ bool RecordingFormat::write(const QString &path, double)
     return canWrite;
 }
 
+void RecordingBlocks::pushAddBlock(KMNode *node)
+{
+    nodesWithBlock.insert(node);
+    gSolution->push(new FakeCommand(QStringLiteral("add block"), m_log, node));
+}
+
 void RecordingBlocks::pushDeleteBlock(KMNode *node)
 {
     if (nodesWithBlock.remove(node))

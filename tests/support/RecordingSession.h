@@ -99,6 +99,7 @@ public:
         : m_log(log)
     {
     }
+    void pushAddBlock(KMNode *node) override;
     void pushDeleteBlock(KMNode *node) override;
     void retitle(KMNode *, const QString &) override {}
 

@@ -1,0 +1,356 @@
+#include "rig/KMTagBoneWeight.h"
+
+#include "core/KMNodeType.h"
+#include "core/KMProject.h"
+#include "mesh/KMMeshNode.h"
+#include "rig/KMBone.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+KMTagBoneWeight::KMTagBoneWeight()
+{
+    setType(KMNodeType::TagBoneWeight);
+    setName(tr("BoneWeightTag"));
+    if (gProject)
+        connect(gProject, &KMProject::boneDestroyed, this, &KMTagBoneWeight::forgetBone);
+}
+
+KMMeshNode *KMTagBoneWeight::mesh() const
+{
+    return owner() && owner()->type() == KMNodeType::Mesh ? static_cast<KMMeshNode *>(owner()) : nullptr;
+}
+
+void KMTagBoneWeight::setParameters(const KMWeightParameters &parameters)
+{
+    m_parameters = parameters;
+    m_parameters.sdefMethod =
+        std::clamp<int>(parameters.sdefMethod, KMWeightParameters::Parent, KMWeightParameters::Both);
+    if (!std::isfinite(m_parameters.sdefBlend))
+        m_parameters.sdefBlend = KMWeightParameters().sdefBlend;
+    m_stale = Stale::Records;
+}
+
+float KMTagBoneWeight::bounded(float weight)
+{
+    return std::isnan(weight) ? 0.0f : std::clamp(weight, 0.0f, 1.0f);
+}
+
+int KMTagBoneWeight::numberOf(KMBone *bone)
+{
+    const auto known = m_numbers.constFind(bone);
+    if (known != m_numbers.constEnd())
+        return *known;
+    m_numbers.insert(bone, m_bones.size());
+    m_bones.append(bone);
+    return m_bones.size() - 1;
+}
+
+/// Whatever else it was is gone already when it tells.
+void KMTagBoneWeight::forgetBone(KMNode *bone)
+{
+    const auto known = m_numbers.find(static_cast<KMBone *>(bone));
+    if (known == m_numbers.end())
+        return;
+    m_bones[*known] = nullptr;
+    m_numbers.erase(known);
+    m_stale = Stale::Records;
+}
+
+void KMTagBoneWeight::touch(int vertex)
+{
+    if (m_stale == Stale::Records)
+        return;
+    m_touched.append(vertex);
+    if (m_touched.size() > m_lists.vertexCount()) {
+        m_touched.clear();
+        m_stale = Stale::Records;
+    }
+}
+
+void KMTagBoneWeight::addEntry(const BoneWeightEntry &entry)
+{
+    if (entry.vertex < 0 || !entry.bone)
+        return;
+    const int number = numberOf(entry.bone);
+    const int place = m_lists.placeOf(entry.vertex, number);
+    if (place < 0)
+        m_lists.append(entry.vertex, {number, bounded(entry.weight)});
+    else
+        m_lists.edit(entry.vertex)[place].weight = bounded(entry.weight);
+    touch(entry.vertex);
+}
+
+bool KMTagBoneWeight::removeEntry(int vertex, const KMBone *bone)
+{
+    const int place = m_lists.placeOf(vertex, knownNumberOf(bone));
+    if (place < 0)
+        return false;
+    m_lists.remove(vertex, place);
+    touch(vertex);
+    return true;
+}
+
+std::optional<BoneWeightEntry> KMTagBoneWeight::entry(int vertex, const KMBone *bone) const
+{
+    const int number = knownNumberOf(bone);
+    const int place = number < 0 ? -1 : m_lists.placeOf(vertex, number);
+    if (place < 0)
+        return {};
+    return BoneWeightEntry{vertex, m_lists.of(vertex)[place].weight, m_bones.at(number)};
+}
+
+bool KMTagBoneWeight::hasEntry(int vertex, const KMBone *bone) const
+{
+    return entry(vertex, bone).has_value();
+}
+
+float KMTagBoneWeight::weight(int vertex, const KMBone *bone) const
+{
+    const std::optional<BoneWeightEntry> found = entry(vertex, bone);
+    return found ? found->weight : 0.0f;
+}
+
+QVector<BoneWeightEntry> KMTagBoneWeight::entriesOf(int vertex) const
+{
+    QVector<BoneWeightEntry> entries;
+    for (const KMBoneShare &share : m_lists.of(vertex)) {
+        if (KMBone *bone = m_bones.at(share.bone))
+            entries.append({vertex, share.weight, bone});
+    }
+    return entries;
+}
+
+QVector<BoneWeightEntry> KMTagBoneWeight::entries() const
+{
+    QVector<BoneWeightEntry> entries;
+    entries.reserve(m_lists.shareCount());
+    for (int i = 0; i < m_lists.vertexCount(); ++i)
+        entries += entriesOf(i);
+    return entries;
+}
+
+void KMTagBoneWeight::clearEntries()
+{
+    m_lists.clear();
+    m_sdefFlags.clear();
+    m_areSdefVerticesKnown = false;
+    m_stale = Stale::Records;
+}
+
+void KMTagBoneWeight::setShares(int vertex, KMShareView shares)
+{
+    m_lists.set(vertex, shares);
+    for (int i = 0; i < shares.size(); ++i) {
+        float &weight = m_lists.edit(vertex)[i].weight;
+        weight = bounded(weight);
+    }
+    touch(vertex);
+}
+
+void KMTagBoneWeight::setSdefFlag(int vertex, bool flagged)
+{
+    if (vertex < 0 || hasSdefFlag(vertex) == flagged)
+        return;
+    if (vertex >= m_sdefFlags.size())
+        m_sdefFlags.resize(vertex + 1);
+    m_sdefFlags[vertex] = flagged;
+    m_areSdefVerticesKnown = false;
+    touch(vertex);
+}
+
+const QVector<int> &KMTagBoneWeight::sdefVertices() const
+{
+    if (m_areSdefVerticesKnown)
+        return m_sdefVertices;
+    m_sdefVertices.clear();
+    for (int i = 0; i < m_sdefFlags.size(); ++i) {
+        if (m_sdefFlags.at(i))
+            m_sdefVertices.append(i);
+    }
+    m_areSdefVerticesKnown = true;
+    return m_sdefVertices;
+}
+
+void KMTagBoneWeight::markDirty()
+{
+    m_records.clear();
+    m_touched.clear();
+    m_stale = Stale::Records;
+}
+
+void KMTagBoneWeight::rebuildWeights(int mask)
+{
+    const KMMeshNode *on = mesh();
+    // Before anything is dropped: a mesh with a chain would be left without its skin.
+    if (mask == OnlyEditable && (!on || on->ownerModifier() || !on->modifiers().isEmpty()))
+        return;
+    if (quint32(mask) & KMMeshDirty::Topology)
+        m_stale = Stale::Records;
+    else if ((quint32(mask) & KMMeshDirty::SourceMoved) && m_stale == Stale::Nothing)
+        m_stale = Stale::Reach;
+}
+
+KMWeightSource KMTagBoneWeight::source() const
+{
+    return {*mesh(), m_bones, m_lists, sdefVertices(), m_parameters};
+}
+
+void KMTagBoneWeight::ensure() const
+{
+    if (!mesh()) {
+        m_records.clear();
+        m_stale = Stale::Records;
+        return;
+    }
+    if (m_stale == Stale::Records) {
+        m_records.rebuild(source());
+        measureReach();
+    } else {
+        if (!m_touched.isEmpty()) {
+            m_records.follow(source(), m_touched);
+            extendReach(m_touched);
+        }
+        if (m_stale == Stale::Reach)
+            measureReach();
+        m_records.followPlaces(source());
+    }
+    m_touched.clear();
+    m_stale = Stale::Nothing;
+}
+
+const KMWeightRecords &KMTagBoneWeight::records() const
+{
+    ensure();
+    return m_records;
+}
+
+VertexWeights KMTagBoneWeight::vertexWeights(int vertex) const
+{
+    const KMWeightRecords &derived = records();
+    const bool isThere = mesh() && mesh()->vertex(vertex);
+    return {isThere ? vertex : -1, derived.of(vertex), derived.sdefOf(vertex), m_bones};
+}
+
+void KMTagBoneWeight::normalizeAll()
+{
+    records(); // of which it is a part
+}
+
+/// How far the vertices of each bone are from its head; results of modifiers have no say.
+void KMTagBoneWeight::measureReach() const
+{
+    const KMMeshNode &on = *mesh();
+    if (on.ownerModifier())
+        return;
+    m_reach.resize(m_bones.size());
+    for (int i = 0; i < m_bones.size(); ++i)
+        m_reach[i] = {m_bones.at(i) ? m_bones.at(i)->restHead() : kvm::Vector3(), 0.0f, -1};
+    Reach *reaches = m_reach.data();
+    for (int i = 0, n = m_lists.vertexCount(); i < n; ++i) {
+        const KMVertex *vertex = on.vertex(i);
+        for (const KMBoneShare &share : m_lists.of(i)) {
+            Reach &reach = reaches[share.bone];
+            if (reach.distance == 0.0f)
+                reach.vertex = i;
+            if (!vertex || share.weight == 0.0f || share.weight == 1.0f)
+                continue;
+            const float distance = (vertex->pos - reach.head).length();
+            if (reach.distance > distance)
+                continue;
+            reach.distance = distance;
+            reach.vertex = i;
+        }
+    }
+    for (int i = 0; i < m_bones.size(); ++i) {
+        if (!m_bones.at(i) || reaches[i].vertex < 0)
+            continue;
+        m_bones.at(i)->setReach(reaches[i].distance);
+        m_bones.at(i)->setNearest(std::numeric_limits<float>::max());
+        m_bones.at(i)->setFarVertex(reaches[i].vertex);
+    }
+}
+
+/// An edit of a few vertices can only lengthen it; what it shortens is found with the next refresh of the whole mesh.
+void KMTagBoneWeight::extendReach(const QVector<int> &vertices) const
+{
+    if (mesh()->ownerModifier())
+        return;
+    for (const int i : vertices) {
+        const KMVertex *vertex = mesh()->vertex(i);
+        for (const KMBoneShare &share : m_lists.of(i)) {
+            KMBone *bone = m_bones.at(share.bone);
+            if (!bone || !vertex || share.weight == 0.0f || share.weight == 1.0f)
+                continue;
+            const float distance = (vertex->pos - bone->restHead()).length();
+            if (bone->reach() > distance)
+                continue;
+            bone->setReach(distance);
+            bone->setFarVertex(i);
+        }
+    }
+}
+
+void KMTagBoneWeight::remapIndices()
+{
+    const KMMeshNode *store = mesh();
+    if (!store)
+        return;
+    Lost lost;
+    KMWeightLists lists;
+    lists.reserve(m_lists.vertexCount(), m_lists.shareCount());
+    for (int i = 0; i < m_lists.vertexCount(); ++i) {
+        const int to = store->remappedVertex(i);
+        if (to >= 0) {
+            lists.set(to, m_lists.of(i));
+        } else if (!m_lists.of(i).isEmpty()) {
+            lost.lists.set(lost.vertices.size(), m_lists.of(i));
+            lost.vertices.append(i);
+        }
+    }
+    const QVector<int> flagged = sdefVertices();
+    m_sdefFlags.clear();
+    m_areSdefVerticesKnown = false;
+    m_lists = lists;
+    markDirty();
+    for (const int i : flagged) {
+        if (store->remappedVertex(i) >= 0)
+            setSdefFlag(store->remappedVertex(i), true);
+        else
+            lost.flagged.append(i);
+    }
+    if (store->slotsGained() > 0)
+        restoreLost();
+    else if (store->slotsGained() < 0)
+        m_lost.append(lost);
+}
+
+void KMTagBoneWeight::restoreLost()
+{
+    if (m_lost.isEmpty())
+        return;
+    const Lost lost = m_lost.takeLast();
+    for (int k = 0; k < lost.vertices.size(); ++k)
+        m_lists.set(lost.vertices.at(k), lost.lists.of(k));
+    for (const int i : lost.flagged)
+        setSdefFlag(i, true);
+}
+
+KMTagBoneWeight *KMTagBoneWeight::cloneEmpty() const
+{
+    auto *copy = new KMTagBoneWeight;
+    copy->setName(name());
+    copy->m_parameters = m_parameters;
+    return copy;
+}
+
+KMTagBoneWeight *KMTagBoneWeight::clone() const
+{
+    KMTagBoneWeight *copy = cloneEmpty();
+    copy->m_lists = m_lists;
+    copy->m_bones = m_bones;
+    copy->m_numbers = m_numbers;
+    copy->m_sdefFlags = m_sdefFlags;
+    return copy;
+}

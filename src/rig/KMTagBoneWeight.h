@@ -1,0 +1,133 @@
+#pragma once
+
+#include "modifiers/KMCarriedTag.h"
+#include "rig/BoneWeightEntry.h"
+#include "rig/KMWeightRecords.h"
+#include "rig/VertexWeights.h"
+
+#include <QCoreApplication>
+#include <QHash>
+
+#include <optional>
+
+class KMMeshNode;
+
+/// Binds the vertices of a mesh to bones. What the user says are entries, one for a vertex and a bone; what counts are
+/// the records of the vertices, which are derived from them together with the parameters of spherical blends.
+///
+/// Storage is dense: the tag numbers its bones, and the entries of a vertex are a short list of numbers and weights in
+/// one array for all vertices, in the order in which they were entered. So a pair is found by looking through the few
+/// entries of its vertex, and lists of a few vertices are exchanged without touching the others. Numbers are never
+/// given anew while the tag lives, and steps of the history may keep them; a bone that is destroyed leaves null.
+///
+/// Records follow when they are next asked for: all of them after a refresh of the whole mesh, else those of the
+/// vertices that were edited, and the spherical blends when bones or their vertices stand elsewhere.
+///
+/// An empty slot of the mesh keeps its entries, so that undoing a deletion brings them back; a renumbering drops them
+/// until it is undone.
+class KMTagBoneWeight : public KMCarriedTag
+{
+    Q_DECLARE_TR_FUNCTIONS(KMTagBoneWeight)
+public:
+    /// Mask of a rebuild that leaves meshes alone which a chain of modifiers evaluates.
+    static constexpr int OnlyEditable = 65535;
+
+    KMTagBoneWeight();
+
+    KMMeshNode *mesh() const; ///< the owner, null when that is no mesh
+    const KMWeightParameters &parameters() const { return m_parameters; }
+    void setParameters(const KMWeightParameters &parameters);
+
+    // Entries. A weight that is no number becomes 0, one out of 0 to 1 the nearest
+
+    void addEntry(const BoneWeightEntry &entry); ///< at the end of its vertex's; sets the weight of one that is there
+    bool removeEntry(int vertex, const KMBone *bone); ///< whether there was one
+    std::optional<BoneWeightEntry> entry(int vertex, const KMBone *bone) const;
+    bool hasEntry(int vertex, const KMBone *bone) const;
+    float weight(int vertex, const KMBone *bone) const; ///< 0 without an entry
+    QVector<BoneWeightEntry> entriesOf(int vertex) const;
+    QVector<BoneWeightEntry> entries() const; ///< vertex by vertex; without bones that are gone for good
+    bool isEmpty() const { return m_lists.isEmpty(); }
+    void clearEntries(); ///< and the flags
+
+    // The same by numbers, for steps that change many
+
+    const KMWeightLists &lists() const { return m_lists; }
+    void setShares(int vertex, KMShareView shares); ///< all of a vertex, in place of what it had
+    int numberOf(KMBone *bone);                     ///< gives it one the first time
+    int knownNumberOf(const KMBone *bone) const { return m_numbers.value(bone, -1); }
+    const QVector<KMBone *> &bones() const { return m_bones; } ///< by number; null for one that is gone for good
+    static float bounded(float weight);
+
+    // Vertices that shall be blended spherically
+
+    bool hasSdefFlag(int vertex) const { return m_sdefFlags.value(vertex, 0); }
+    void setSdefFlag(int vertex, bool flagged);
+    const QVector<int> &sdefVertices() const; ///< the flagged ones, ascending
+
+    // Derived
+
+    void markDirty();                       ///< everything derived is to be made anew
+    void rebuildWeights(int mask) override; ///< bits of KMMeshDirty, or OnlyEditable: what the mesh's refresh changed
+    VertexWeights vertexWeights(int vertex) const;
+    const KMWeightRecords &records() const; ///< of a tag that isn't on a mesh there are none
+    const QVector<SdefPair> &sdefPairs() const { return records().pairs(); }
+    /// Brings the weights of each record to the sum 1, where autoNormalize asks for that; the entries stay.
+    void normalizeAll();
+
+    void remapIndices() override;
+    KMTagBoneWeight *clone() const override;
+
+    // For results of modifiers
+
+    KMTagBoneWeight *cloneEmpty() const override;
+    void beginCarry(KMCarriedTag &from) override;
+    void carry(int fromVertex, int vertex) override;
+    void carryMirrored(int fromVertex, int vertex) override;
+    void carryMixed(const int *fromVertices, const float *ratios, int count, int vertex) override;
+
+private:
+    /// What a renumbering dropped, under the indices before it.
+    struct Lost
+    {
+        QVector<int> flagged;
+        QVector<int> vertices;
+        KMWeightLists lists; // by place in vertices
+    };
+    enum class Stale { Nothing, Reach, Records };
+    struct Reach
+    {
+        kvm::Vector3 head;
+        float distance = 0.0f;
+        int vertex = -1;
+    };
+
+    void forgetBone(KMNode *bone);
+    void touch(int vertex);
+    void ensure() const;
+    KMWeightSource source() const;
+    void measureReach() const;
+    void extendReach(const QVector<int> &vertices) const;
+    void restoreLost();
+    void carryShares(KMShareView shares, const QVector<int> &numbers, int vertex);
+    void pairForMirror();
+
+    KMWeightParameters m_parameters;
+    KMWeightLists m_lists;
+    QVector<KMBone *> m_bones; // not owned
+    QHash<const KMBone *, int> m_numbers;
+    QVector<quint8> m_sdefFlags; // by vertex; the vertices from its end on have none
+    QVector<Lost> m_lost;        // of the renumberings that can still be undone, the last one at the end
+
+    // Of the tag that is carried over
+    const KMTagBoneWeight *m_from = nullptr;
+    QVector<int> m_carried;  // from its numbers to those here
+    QVector<int> m_mirrored; // likewise, to the partners; made when it is first asked for
+
+    mutable KMWeightRecords m_records;
+    mutable QVector<int> m_sdefVertices;
+    mutable bool m_areSdefVerticesKnown = false;
+    mutable Stale m_stale = Stale::Records;
+    mutable QVector<int> m_touched; // edited since the records were derived
+    mutable QVector<Reach> m_reach; // of the bones, while it is measured
+};

@@ -1,0 +1,84 @@
+// How the morphs of a mesh follow when its vertices are renumbered.
+
+#include "mesh/KMMeshNode.h"
+#include "rig/KMTagMorph.h"
+
+void KMTagMorph::remapIndices()
+{
+    const KMMeshNode *store = mesh();
+    if (!store)
+        return;
+    Lost lost;
+    remapDeltas(&lost);
+    remapSlots(&lost);
+    if (store->slotsGained() > 0)
+        restoreLost();
+    else if (store->slotsGained() < 0)
+        m_lost.append(lost);
+    collectTouched();
+}
+
+void KMTagMorph::remapDeltas(Lost *lost)
+{
+    const KMMeshNode &store = *mesh();
+    for (KMMorph *morph : std::as_const(m_morphs)) {
+        MorphDeltas moved;
+        moved.reserve(morph->deltas().size());
+        for (MorphDelta delta : morph->deltas()) {
+            delta.vertex = store.remappedVertex(delta.vertex);
+            if (delta.vertex >= 0)
+                moved.append(delta);
+        }
+        if (moved.size() != morph->deltas().size())
+            lost->deltas.append({morph, morph->deltas()});
+        morph->followMesh(moved);
+    }
+}
+
+/// The records of the vertices were moved with the offsets on them.
+void KMTagMorph::remapSlots(Lost *lost)
+{
+    const KMMeshNode &store = *mesh();
+    const QVector<float> offsets = m_offsets;
+    const QVector<float> base = m_base;
+    m_vertexCount = store.vertexCount();
+    m_offsets = QVector<float>(3 * m_vertexCount, 0.0f);
+    m_base = m_offsets;
+    for (const int old : std::as_const(m_touched)) {
+        const Place place{old, vectorAt(offsets, old), vectorAt(base, old)};
+        const int i = store.remappedVertex(old);
+        if (i >= 0)
+            setPlace(i, place);
+        else
+            lost->places.append(place);
+    }
+    QHash<int, QVector<Origin>> origins;
+    for (auto entry = m_origins.constBegin(); entry != m_origins.constEnd(); ++entry) {
+        const int i = store.remappedVertex(entry.key());
+        (i >= 0 ? origins : lost->origins).insert(i >= 0 ? i : entry.key(), entry.value());
+    }
+    m_origins = origins;
+}
+
+void KMTagMorph::setPlace(int i, const Place &place)
+{
+    if (i >= m_vertexCount)
+        return;
+    setVectorAt(m_offsets, i, place.offset);
+    setVectorAt(m_base, i, place.base);
+}
+
+void KMTagMorph::restoreLost()
+{
+    if (m_lost.isEmpty())
+        return;
+    const Lost lost = m_lost.takeLast();
+    for (const auto &entry : lost.deltas) {
+        if (entry.first)
+            entry.first->followMesh(entry.second);
+    }
+    for (const Place &place : lost.places)
+        setPlace(place.slot, place);
+    for (auto entry = lost.origins.constBegin(); entry != lost.origins.constEnd(); ++entry)
+        m_origins.insert(entry.key(), entry.value());
+}
