@@ -7,8 +7,10 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <tuple>
 
 namespace {
 
@@ -52,19 +54,25 @@ kvm::Vector3 anglesOf(const kvm::Quaternion &rotation)
     return {float(aboutX), float(aboutY), float(aboutZ)};
 }
 
+bool isBefore(const kvm::Vector3 &a, const kvm::Vector3 &b)
+{
+    return std::tie(a.x, a.y, a.z) < std::tie(b.x, b.y, b.z);
+}
+
 /// Angles that come out again when what is read from them is written: a file that was only read and saved stays as it
-/// is. Rounding settles within a few turns.
+/// is. Rounding leads on to a few triples that follow one another for ever, of which the first in order stands for all.
 kvm::Vector3 settledAngles(const kvm::Quaternion &rotation)
 {
-    constexpr int mostTurns = 8;
-    kvm::Vector3 angles = anglesOf(rotation);
-    for (int turn = 0; turn < mostTurns; ++turn) {
-        const kvm::Vector3 next = anglesOf(kvm::Quaternion::fromEuler(angles));
-        if (next == angles)
-            break;
-        angles = next;
+    constexpr int mostTurns = 1024;
+    QVector<kvm::Vector3> seen{anglesOf(rotation)};
+    while (seen.size() < mostTurns) {
+        const kvm::Vector3 next = anglesOf(kvm::Quaternion::fromEuler(seen.last()));
+        const int start = seen.indexOf(next);
+        if (start >= 0)
+            return *std::min_element(seen.begin() + start, seen.end(), &isBefore);
+        seen << next;
     }
-    return angles;
+    return seen.last();
 }
 
 void writePose(KMDOutput &out, const PoseTransform &pose)

@@ -7,6 +7,7 @@
 #include "shell/widgets/KMTextArea.h"
 #include "shell/widgets/KMVectorField.h"
 
+#include <QFormLayout>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -40,6 +41,7 @@ void KMPosedTagPage<Tag, Command>::bindVector(const QString &label, const QStrin
 template <class Tag, class Command>
 void KMPosedTagPage<Tag, Command>::addPose()
 {
+    this->form()->setRowWrapPolicy(QFormLayout::WrapLongRows); // three numbers beside a long label are too wide
     bindVector(
         Texts::tr("Move"), QStringLiteral("move"), [](const Parameters &p) { return p.pose.offset; },
         [](Parameters &p, const kvm::Vector3 &offset) { p.pose.offset = offset; });
@@ -104,7 +106,9 @@ void KMRigidBodyPage::addGroups()
         onRefresh([this, box, i] { box->setChecked(parameters().collisionMask & 1u << i); });
     }
     bindChoice(tr("Config"), QStringLiteral("group"), numbers, &Parameters::group);
-    addRow(tr("Collision Mask"), boxes, QStringLiteral("collisionMask"));
+    addHeading(tr("Collision Mask"));
+    boxes->setObjectName(QStringLiteral("collisionMask"));
+    form()->addRow(boxes); // beside a label the boxes would widen the panel
 }
 
 KMJointPage::KMJointPage(KMTagJoint *tag)

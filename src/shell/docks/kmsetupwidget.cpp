@@ -247,10 +247,10 @@ void kmsetupwidget::refillGroups()
         if (m_groups->item(i)->text() != groups[i]->name())
             m_groups->item(i)->setText(groups[i]->name());
         if (groups[i] == group() && m_groups->currentRow() != i)
-            m_groups->setCurrentRow(i);
+            m_groups->setCurrentRow(i, QItemSelectionModel::ClearAndSelect);
     }
     if (!group())
-        m_groups->setCurrentRow(-1);
+        m_groups->setCurrentRow(-1, QItemSelectionModel::Clear);
 }
 
 void kmsetupwidget::refillItems()
