@@ -1,5 +1,6 @@
 #include "shell/docks/KMNodeRowDelegate.h"
 
+#include "core/KMContainerNode.h"
 #include "core/KMDpi.h"
 #include "core/KMIcon.h"
 #include "core/KMNodeType.h"
