@@ -37,6 +37,15 @@ bool makeSymmetric(kvm::Vector3 &a, kvm::Vector3 &b, const KMSymmetryPlane &plan
     return true;
 }
 
+/// Whether two rests are one but for rounding: what is computed from its own result doesn't come out bit for bit.
+bool isSame(const KMBoneRest &a, const KMBoneRest &b)
+{
+    constexpr float step = 1e-6f;
+    const float margin = step * (1.0f + a.head.length() + a.tail().length());
+    return (a.head - b.head).length() <= margin && (a.tail() - b.tail()).length() <= margin
+           && (a.rotation + -b.rotation).length() <= 2.0f * step && a.scale == b.scale;
+}
+
 /// What tells the side in a name, and what stands there in the name of the partner.
 struct SideMark
 {
@@ -89,7 +98,7 @@ QList<KMBone *> selectedWithLength(const KMBoneContainer &container)
 void pushChanges(const Changes &changes)
 {
     for (const Change &change : changes) {
-        if (change.rest != change.bone->rest())
+        if (!isSame(change.rest, change.bone->rest()))
             gSolution->push(new editBoneGeometryCommand(change.bone, change.rest));
     }
 }

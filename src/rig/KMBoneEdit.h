@@ -22,7 +22,7 @@ struct Change
 };
 using Changes = QVector<Change>;
 
-void pushChanges(const Changes &changes); ///< those that differ from what the bones have
+void pushChanges(const Changes &changes); ///< those that are more than rounding away from what the bones have
 
 /// The joints of a chain on the line from its first head to its last tail, with the shares that the lengths have now.
 /// Points are left out; empty for less than two bones, or when each isn't the parent of the next.
