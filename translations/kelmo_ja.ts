@@ -43,18 +43,18 @@
     </message>
     <message>
         <source>Shape Type</source>
-        <translation type="unfinished"></translation>
+        <translation>形状</translation>
     </message>
     <message>
         <source>With Joint</source>
-        <translation type="unfinished"></translation>
+        <translation>ジョイントを付ける</translation>
     </message>
 </context>
 <context>
     <name>BoneComMakeSideJoint</name>
     <message>
         <source>Two RigidBody Selection not found.</source>
-        <translation type="unfinished"></translation>
+        <translation>剛体が二つ選択されていません。</translation>
     </message>
 </context>
 <context>
@@ -557,19 +557,19 @@
     </message>
     <message>
         <source>Make RigidBody</source>
-        <translation type="unfinished"></translation>
+        <translation>剛体の作成</translation>
     </message>
     <message>
         <source>Give the selected bones rigid bodies of their length</source>
-        <translation type="unfinished"></translation>
+        <translation>選択したボーンに、その長さの剛体を付けます</translation>
     </message>
     <message>
         <source>Make Side Joint</source>
-        <translation type="unfinished"></translation>
+        <translation>サイドジョイントの作成</translation>
     </message>
     <message>
         <source>Hold the two selected rigid bodies together; with Ctrl the other is first</source>
-        <translation type="unfinished"></translation>
+        <translation>選択した二つの剛体をつなぎます。Ctrl で順序が逆になります</translation>
     </message>
 </context>
 <context>
@@ -578,9 +578,20 @@
         <source>RootBone</source>
         <translation>RootBone</translation>
     </message>
+</context>
+<context>
+    <name>KMBoneDrag</name>
     <message>
-        <source>Delete Node</source>
-        <translation>ノードの削除</translation>
+        <source>Move Bone</source>
+        <translation>ボーンを移動</translation>
+    </message>
+    <message>
+        <source>Scale Bone</source>
+        <translation>ボーンを拡大縮小</translation>
+    </message>
+    <message>
+        <source>Rotate Bone</source>
+        <translation>ボーンを回転</translation>
     </message>
 </context>
 <context>
@@ -933,6 +944,342 @@
     </message>
 </context>
 <context>
+    <name>KMBoneTargets</name>
+    <message>
+        <source>Select Bone</source>
+        <translation>ボーンを選択</translation>
+    </message>
+    <message>
+        <source>Unselect Bone</source>
+        <translation>ボーンの選択を解除</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneToolPage</name>
+    <message>
+        <source>A drag makes a bone; from a head or a tail it goes on from there</source>
+        <translation>ドラッグでボーンを作ります。ヘッドやテールから始めると、そこから続きます</translation>
+    </message>
+    <message>
+        <source>A drag moves heads and tails, or selects an area</source>
+        <translation>ドラッグでヘッドやテールを動かすか、範囲を選択します</translation>
+    </message>
+    <message>
+        <source>Children Follow</source>
+        <translation>子も動かす</translation>
+    </message>
+    <message>
+        <source>All that hangs on a moved joint moves along, and isn&apos;t stretched</source>
+        <translation>動かした関節の先にあるものは伸びずに一緒に動きます</translation>
+    </message>
+    <message>
+        <source>Snap to Vertices</source>
+        <translation>頂点にスナップ</translation>
+    </message>
+    <message>
+        <source>Joints go to the vertex under the cursor, whatever the snap menu says</source>
+        <translation>スナップメニューに関係なく、関節はカーソルの下の頂点に付きます</translation>
+    </message>
+    <message>
+        <source>Middle of the Mesh</source>
+        <translation>メッシュの中央</translation>
+    </message>
+    <message>
+        <source>New joints go halfway through the mesh under the cursor</source>
+        <translation>新しい関節はカーソルの下のメッシュの厚みの中央に置かれます</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneWeightCommand</name>
+    <message>
+        <source>There is no such vertex.</source>
+        <translation>該当する頂点はありません。</translation>
+    </message>
+    <message>
+        <source>No bone weighs on the selected vertices.</source>
+        <translation>選択中の頂点に影響するボーンはありません。</translation>
+    </message>
+    <message>
+        <source>Other Bone Not Found.</source>
+        <translation>反対側のボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>正規化</translation>
+    </message>
+    <message>
+        <source>Bring the weights of the selected vertices to the sum 1</source>
+        <translation>選択中の頂点のウェイトを合計1にします</translation>
+    </message>
+    <message>
+        <source>Fit To Children</source>
+        <translation>子に合わせる</translation>
+    </message>
+    <message>
+        <source>Give the selected bone what its children leave of the weight at the selected vertices</source>
+        <translation>選択中の頂点で、子ボーンのウェイトの残りを選択中のボーンに割り当てます</translation>
+    </message>
+    <message>
+        <source>Set Sdef Flag</source>
+        <translation>SDEFフラグを設定</translation>
+    </message>
+    <message>
+        <source>Blend the selected vertices spherically where they have two bones</source>
+        <translation>ボーンが2本の選択頂点を球面ブレンドします</translation>
+    </message>
+    <message>
+        <source>Remove Sdef Flag</source>
+        <translation>SDEFフラグを解除</translation>
+    </message>
+    <message>
+        <source>Blend the selected vertices linearly</source>
+        <translation>選択中の頂点を線形ブレンドします</translation>
+    </message>
+    <message>
+        <source>Select Sdef Vertex</source>
+        <translation>SDEF頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices that are flagged to be blended spherically</source>
+        <translation>球面ブレンドのフラグが付いた頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Remove Invalid Weigt</source>
+        <translation>無効なウェイトを削除</translation>
+    </message>
+    <message>
+        <source>Delete the weights of 0 at the selected vertices</source>
+        <translation>選択中の頂点のウェイト0の項目を削除します</translation>
+    </message>
+    <message>
+        <source>Select Over Three Vertex</source>
+        <translation>ボーン3本以上の頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices with three bones or more</source>
+        <translation>ボーンが3本以上の頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Select Over Five Vertex</source>
+        <translation>ボーン5本以上の頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices with five bones or more: one too many for PMX</source>
+        <translation>ボーンが5本以上の頂点を選択します（PMXの上限を超えています）</translation>
+    </message>
+    <message>
+        <source>Select Affected Bone</source>
+        <translation>影響ボーンを選択</translation>
+    </message>
+    <message>
+        <source>Select the bones that weigh on the selected vertices</source>
+        <translation>選択中の頂点に影響するボーンを選択します</translation>
+    </message>
+    <message>
+        <source>Select Vertex From Bone</source>
+        <translation>ボーンから頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices on which the selected bones weigh</source>
+        <translation>選択中のボーンが影響する頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Erase From Selected Vertex</source>
+        <translation>選択頂点から消去</translation>
+    </message>
+    <message>
+        <source>Delete all weights of the selected vertices</source>
+        <translation>選択中の頂点のウェイトをすべて削除します</translation>
+    </message>
+    <message>
+        <source>Select White Vertex</source>
+        <translation>ウェイトのない頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices without any weight</source>
+        <translation>ウェイトのない頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Tranefer</source>
+        <translation>転写</translation>
+    </message>
+    <message>
+        <source>Give the selected vertices of the current mesh the weights of the other selected meshes</source>
+        <translation>選択中の他のメッシュのウェイトを、現在のメッシュの選択頂点に転写します</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>ぼかし</translation>
+    </message>
+    <message>
+        <source>Mix the weights of the selected vertices with those of their neighbours</source>
+        <translation>選択中の頂点のウェイトを隣の頂点とならします</translation>
+    </message>
+    <message>
+        <source>Transfer As Other</source>
+        <translation>反対側へ移す</translation>
+    </message>
+    <message>
+        <source>Move the weights that the selected bone has at the selected vertices to the bone on the other side</source>
+        <translation>選択頂点での選択ボーンのウェイトを、反対側のボーンに移します</translation>
+    </message>
+    <message>
+        <source>Enable All BoneMod</source>
+        <translation>ボーン変形をすべて有効</translation>
+    </message>
+    <message>
+        <source>Switch on all modifiers that deform meshes by bones</source>
+        <translation>ボーンによる変形モディファイアをすべて有効にします</translation>
+    </message>
+    <message>
+        <source>Disable All BoneMod</source>
+        <translation>ボーン変形をすべて無効</translation>
+    </message>
+    <message>
+        <source>Switch off all modifiers that deform meshes by bones</source>
+        <translation>ボーンによる変形モディファイアをすべて無効にします</translation>
+    </message>
+    <message>
+        <source>BoneWeightComDebugOut</source>
+        <translation>BoneWeightComDebugOut</translation>
+    </message>
+    <message>
+        <source>Write the weights of all vertices to the log</source>
+        <translation>すべての頂点のウェイトをログに書き出します</translation>
+    </message>
+    <message>
+        <source>BoneWeightComTest</source>
+        <translation>BoneWeightComTest</translation>
+    </message>
+    <message>
+        <source>Does nothing: for those who work on the program</source>
+        <translation>何もしません（プログラムの開発者用）</translation>
+    </message>
+    <message>
+        <source>Mesh Selection not found.</source>
+        <translation>選択中のメッシュがありません。</translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation>%1 はロックされています。</translation>
+    </message>
+    <message>
+        <source>BoneWeightTag not found.</source>
+        <translation>ボーンウェイトタグがありません。</translation>
+    </message>
+    <message>
+        <source>Vertex Selection not found.</source>
+        <translation>選択中の頂点がありません。</translation>
+    </message>
+    <message>
+        <source>Bone Selection not found.</source>
+        <translation>選択中のボーンがありません。</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneWeightPage</name>
+    <message>
+        <source>Add the value to the weights of the bone</source>
+        <translation>ボーンのウェイトに値を加えます</translation>
+    </message>
+    <message>
+        <source>Take the value off the weights of the bone</source>
+        <translation>ボーンのウェイトから値を引きます</translation>
+    </message>
+    <message>
+        <source>Bring the weights of the bone to the value</source>
+        <translation>ボーンのウェイトを値に近づけます</translation>
+    </message>
+    <message>
+        <source>Even out the weights of the bone; with Shift in every mode</source>
+        <translation>ボーンのウェイトをならします（どのモードでもShiftで使えます）</translation>
+    </message>
+    <message>
+        <source>Take the bone off the vertices</source>
+        <translation>頂点からボーンのウェイトを消します</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>What is added, taken off or set: 0 to 1</source>
+        <translation>加える、引く、または設定する値（0～1）</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Of the brush, in pixels; the keys [ and ] change it as well</source>
+        <translation>ブラシの半径（ピクセル）。キー [ と ] でも変えられます</translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation>強さ</translation>
+    </message>
+    <message>
+        <source>How much of it a stroke does: 0 to 1</source>
+        <translation>1ストロークで効く割合（0～1）</translation>
+    </message>
+    <message>
+        <source>Pen Pressure on Strength</source>
+        <translation>筆圧で強さを変える</translation>
+    </message>
+    <message>
+        <source>A pen that presses less paints less</source>
+        <translation>筆圧が弱いほど薄く塗ります</translation>
+    </message>
+    <message>
+        <source>Pen Pressure on Radius</source>
+        <translation>筆圧で半径を変える</translation>
+    </message>
+    <message>
+        <source>A pen that presses less paints narrower</source>
+        <translation>筆圧が弱いほど細く塗ります</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>正規化</translation>
+    </message>
+    <message>
+        <source>The other bones of a vertex give way, so that its weights come to 1</source>
+        <translation>頂点のウェイトの合計が1になるよう、ほかのボーンのウェイトを調整します</translation>
+    </message>
+    <message>
+        <source>Front Only</source>
+        <translation>表面のみ</translation>
+    </message>
+    <message>
+        <source>Vertices that a surface hides aren&apos;t painted</source>
+        <translation>面に隠れた頂点は塗りません</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>線形</translation>
+    </message>
+    <message>
+        <source>Smooth</source>
+        <translation>なめらか</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>一定</translation>
+    </message>
+    <message>
+        <source>How the brush weakens towards its rim</source>
+        <translation>ブラシの縁に向かう弱まり方</translation>
+    </message>
+    <message>
+        <source>Falloff</source>
+        <translation>減衰</translation>
+    </message>
+    <message>
+        <source>The bone that is painted; in a view it is chosen by a click with Ctrl</source>
+        <translation>塗るボーン。ビューではCtrl+クリックで選べます</translation>
+    </message>
+</context>
+<context>
     <name>KMBoolNodeContainer</name>
     <message>
         <source>Bool</source>
@@ -1049,6 +1396,13 @@
     </message>
 </context>
 <context>
+    <name>KMCreaseEdit</name>
+    <message>
+        <source>Set Weight</source>
+        <translation>ウェイトを設定</translation>
+    </message>
+</context>
+<context>
     <name>KMCustomPanel</name>
     <message>
         <source>Open what the custom panel holds as a menu at the cursor</source>
@@ -1118,6 +1472,17 @@
     </message>
 </context>
 <context>
+    <name>KMDDisplayBlock</name>
+    <message>
+        <source>display groups</source>
+        <translation>表示枠</translation>
+    </message>
+    <message>
+        <source>%1 items of the display group %2 aren&apos;t in the file</source>
+        <translation>表示枠 %2 の項目のうち %1 個がファイルにありません</translation>
+    </message>
+</context>
+<context>
     <name>KMDMeshBody</name>
     <message>
         <source>A face of %1 corners can&apos;t be</source>
@@ -1137,10 +1502,6 @@
     <message>
         <source>A morph of the vertex %1, which the mesh doesn&apos;t have</source>
         <translation>メッシュにない頂点 %1 のモーフです</translation>
-    </message>
-    <message>
-        <source>A morph of the unknown type 0x%1</source>
-        <translation>不明な種類 0x%1 のモーフです</translation>
     </message>
 </context>
 <context>
@@ -1189,7 +1550,7 @@
     </message>
     <message>
         <source>The power of %1 has no place in the file</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 のべき乗はこのファイルに保存できません</translation>
     </message>
 </context>
 <context>
@@ -1406,6 +1767,17 @@
     </message>
 </context>
 <context>
+    <name>KMDWeightTag</name>
+    <message>
+        <source>%1 weights of vertices that the mesh doesn&apos;t have</source>
+        <translation>メッシュにない頂点のウェイト %1 個</translation>
+    </message>
+    <message>
+        <source>%1 weights of bones that the file doesn&apos;t have</source>
+        <translation>ファイルにないボーンのウェイト %1 個</translation>
+    </message>
+</context>
+<context>
     <name>KMDWriter</name>
     <message>
         <source>The node %1 has no place in the file</source>
@@ -1416,7 +1788,7 @@
     <name>KMDisplayAnchorNode</name>
     <message>
         <source>AnchorDisp</source>
-        <translation type="unfinished"></translation>
+        <translation>アンカー表示</translation>
     </message>
 </context>
 <context>
@@ -1566,7 +1938,7 @@
     <name>KMDisplayNode</name>
     <message>
         <source>Disp</source>
-        <translation type="unfinished"></translation>
+        <translation>表示枠</translation>
     </message>
 </context>
 <context>
@@ -2212,6 +2584,20 @@
     </message>
 </context>
 <context>
+    <name>KMModBoneDeformNode</name>
+    <message>
+        <source>BoneDeform</source>
+        <translation>ボーンデフォーム</translation>
+    </message>
+</context>
+<context>
+    <name>KMModBoneDeformPage</name>
+    <message>
+        <source>BoneDeformNode</source>
+        <translation>ボーンデフォームノード</translation>
+    </message>
+</context>
+<context>
     <name>KMModClonerNode</name>
     <message>
         <source>Cloner</source>
@@ -2478,7 +2864,103 @@
     <name>KMMorph</name>
     <message>
         <source>Morph</source>
-        <translation type="unfinished"></translation>
+        <translation>モーフ</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphBake</name>
+    <message>
+        <source>The morph %1 was dropped: the modifiers make other vertices under it</source>
+        <translation>モーフ %1 は除かれました。モディファイアで頂点が変わるためです</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphCommand</name>
+    <message>
+        <source>Assign MorphNode</source>
+        <translation>モーフを登録</translation>
+    </message>
+    <message>
+        <source>Make a morph of what leads to the shape of another mesh</source>
+        <translation>別のメッシュの形との差からモーフを作ります</translation>
+    </message>
+    <message>
+        <source>Remove MorphMode</source>
+        <translation>モーフを削除</translation>
+    </message>
+    <message>
+        <source>Remove the selected morphs</source>
+        <translation>選択したモーフを削除します</translation>
+    </message>
+    <message>
+        <source>Reset All MorphValue</source>
+        <translation>すべてのモーフ値をリセット</translation>
+    </message>
+    <message>
+        <source>Set the values of all morphs of the tag to 0</source>
+        <translation>タグのすべてのモーフの値を 0 にします</translation>
+    </message>
+    <message>
+        <source>Regist SchematicView</source>
+        <translation>スケマティックに登録</translation>
+    </message>
+    <message>
+        <source>Give the selected morphs a block in the schematic</source>
+        <translation>選択したモーフのブロックをスケマティックに置きます</translation>
+    </message>
+    <message>
+        <source>Select Affected Vertex</source>
+        <translation>影響する頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices that the selected morphs move</source>
+        <translation>選択したモーフが動かす頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Edit Attribute</source>
+        <translation>属性を編集</translation>
+    </message>
+    <message>
+        <source>Edit names of the selected morphs and their corners in the panel</source>
+        <translation>選択したモーフの名前とパネルの位置を編集します</translation>
+    </message>
+    <message>
+        <source>MorphTag Not Selected.</source>
+        <translation>モーフタグが選択されていません。</translation>
+    </message>
+    <message>
+        <source>MorphNode Not Selected.</source>
+        <translation>モーフが選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphDialog</name>
+    <message>
+        <source>Edit Attribute</source>
+        <translation>属性を編集</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphTree</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Panel</source>
+        <translation>パネル</translation>
     </message>
 </context>
 <context>
@@ -2905,6 +3387,140 @@
     <message>
         <source>The views draw faces of this shader black. Models for MMD are made with basic shaders.</source>
         <translation>ビューはこのシェーダーの面を黒で描きます。MMD 用のモデルには基本シェーダーを使います。</translation>
+    </message>
+</context>
+<context>
+    <name>KMPhysicsColumns</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Bone</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>移動 %1</translation>
+    </message>
+    <message>
+        <source>Scale %1</source>
+        <translation>拡大縮小 %1</translation>
+    </message>
+    <message>
+        <source>Rotate %1</source>
+        <translation>回転 %1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Min</source>
+        <translation>最小</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>最大</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高さ</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>奥行き</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Mass</source>
+        <translation>質量</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>Friction</source>
+        <translation>摩擦力</translation>
+    </message>
+    <message>
+        <source>Restitution</source>
+        <translation>反発力</translation>
+    </message>
+    <message>
+        <source>Config</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Collision Mask</source>
+        <translation>非衝突グループ</translation>
+    </message>
+    <message>
+        <source>Connection A</source>
+        <translation>接続 A</translation>
+    </message>
+    <message>
+        <source>Connection B</source>
+        <translation>接続 B</translation>
+    </message>
+    <message>
+        <source>Linear Limit %1 %2</source>
+        <translation>移動制限 %1 %2</translation>
+    </message>
+    <message>
+        <source>Angular Limit %1 %2</source>
+        <translation>回転制限 %1 %2</translation>
+    </message>
+    <message>
+        <source>Sping Linear %1</source>
+        <translation>ばね 移動 %1</translation>
+    </message>
+    <message>
+        <source>Sping Angular %1</source>
+        <translation>ばね 回転 %1</translation>
+    </message>
+</context>
+<context>
+    <name>KMPhysicsSheet</name>
+    <message>
+        <source>Edit RigidBody</source>
+        <translation>剛体の編集</translation>
+    </message>
+    <message>
+        <source>Edit Joint</source>
+        <translation>ジョイントの編集</translation>
+    </message>
+    <message>
+        <source>Physics Sheet</source>
+        <translation>物理シート</translation>
+    </message>
+    <message>
+        <source>Rig: %1</source>
+        <translation>リグ: %1</translation>
+    </message>
+    <message>
+        <source>There is no rig in the document</source>
+        <translation>リグがありません</translation>
     </message>
 </context>
 <context>
@@ -4197,7 +4813,7 @@ Trying to Recover Files?</source>
     <name>KMTagBoneWeight</name>
     <message>
         <source>BoneWeightTag</source>
-        <translation type="unfinished"></translation>
+        <translation>ボーンウェイトタグ</translation>
     </message>
 </context>
 <context>
@@ -4211,7 +4827,18 @@ Trying to Recover Files?</source>
     <name>KMTagFloatValue</name>
     <message>
         <source>FloatValue</source>
-        <translation type="unfinished"></translation>
+        <translation>数値</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagFloatValuePage</name>
+    <message>
+        <source>FloatValue</source>
+        <translation>数値</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
     </message>
 </context>
 <context>
@@ -4226,15 +4853,34 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Hide</source>
-        <translation type="unfinished"></translation>
+        <translation>非表示</translation>
     </message>
     <message>
         <source>Show Selected</source>
-        <translation type="unfinished"></translation>
+        <translation>選択したものだけ表示</translation>
     </message>
     <message>
         <source>TagGroup Done</source>
-        <translation type="unfinished"></translation>
+        <translation>グループタグの適用</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagGroupPage</name>
+    <message>
+        <source>Group</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>モード</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>適用</translation>
+    </message>
+    <message>
+        <source>Show or hide the nodes below this one</source>
+        <translation>このノードの下のノードを表示または非表示にします</translation>
     </message>
 </context>
 <context>
@@ -4245,10 +4891,93 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMTagMenu</name>
+    <message>
+        <source>Add Normal Tag</source>
+        <translation>法線タグを追加</translation>
+    </message>
+    <message>
+        <source>Let creases and normals of this mesh be edited</source>
+        <translation>このメッシュの折り目と法線を編集できるようにします</translation>
+    </message>
+    <message>
+        <source>Add BoneWeight Tag</source>
+        <translation>ボーンウェイトタグを追加</translation>
+    </message>
+    <message>
+        <source>Let bones move this mesh</source>
+        <translation>このメッシュをボーンで動かします</translation>
+    </message>
+    <message>
+        <source>Add Morph Tag</source>
+        <translation>モーフタグを追加</translation>
+    </message>
+    <message>
+        <source>Let this mesh have morphs</source>
+        <translation>このメッシュにモーフを持たせます</translation>
+    </message>
+    <message>
+        <source>Add Selection Tag</source>
+        <translation>選択タグを追加</translation>
+    </message>
+    <message>
+        <source>Remember a selection of this mesh</source>
+        <translation>このメッシュの選択を記憶します</translation>
+    </message>
+    <message>
+        <source>Add Constraint Tag</source>
+        <translation>コンストレイントタグを追加</translation>
+    </message>
+    <message>
+        <source>Let the player of the model move this bone by a rule</source>
+        <translation>モデルの再生側がこのボーンを規則で動かすようにします</translation>
+    </message>
+    <message>
+        <source>Add RigidBody Tag</source>
+        <translation>剛体タグを追加</translation>
+    </message>
+    <message>
+        <source>Give this bone a body for the physics of the player</source>
+        <translation>このボーンに物理演算用の剛体を付けます</translation>
+    </message>
+    <message>
+        <source>Add Joint Tag</source>
+        <translation>ジョイントタグを追加</translation>
+    </message>
+    <message>
+        <source>Hold two rigid bodies together at this bone</source>
+        <translation>このボーンで二つの剛体をつなぎます</translation>
+    </message>
+    <message>
+        <source>Add Group Tag</source>
+        <translation>グループタグを追加</translation>
+    </message>
+    <message>
+        <source>Switch the nodes below this one together</source>
+        <translation>このノードの下のノードをまとめて切り替えます</translation>
+    </message>
+    <message>
+        <source>Add Text Tag</source>
+        <translation>テキストタグを追加</translation>
+    </message>
+    <message>
+        <source>Write a note on this node</source>
+        <translation>このノードにメモを書きます</translation>
+    </message>
+    <message>
+        <source>Add Float Tag</source>
+        <translation>数値タグを追加</translation>
+    </message>
+    <message>
+        <source>Keep a number on this node</source>
+        <translation>このノードに数値を持たせます</translation>
+    </message>
+</context>
+<context>
     <name>KMTagMorph</name>
     <message>
         <source>Reset All MorphValue</source>
-        <translation type="unfinished"></translation>
+        <translation>すべてのモーフ値をリセット</translation>
     </message>
 </context>
 <context>
@@ -4273,27 +5002,27 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Sphere</source>
-        <translation type="unfinished"></translation>
+        <translation>球</translation>
     </message>
     <message>
         <source>Box</source>
-        <translation type="unfinished"></translation>
+        <translation>箱</translation>
     </message>
     <message>
         <source>Capsule</source>
-        <translation type="unfinished"></translation>
+        <translation>カプセル</translation>
     </message>
     <message>
         <source>Kinematic</source>
-        <translation type="unfinished"></translation>
+        <translation>ボーン追従</translation>
     </message>
     <message>
         <source>Physics</source>
-        <translation type="unfinished"></translation>
+        <translation>物理演算</translation>
     </message>
     <message>
         <source>PhysFix</source>
-        <translation type="unfinished"></translation>
+        <translation>物理演算 + ボーン位置合わせ</translation>
     </message>
 </context>
 <context>
@@ -4304,11 +5033,53 @@ Trying to Recover Files?</source>
     </message>
     <message>
         <source>Restore Selection</source>
-        <translation type="unfinished"></translation>
+        <translation>選択の復元</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagSelectionPage</name>
+    <message>
+        <source>Selection Info</source>
+        <translation>選択の情報</translation>
+    </message>
+    <message>
+        <source>Vertices %1, edges %2, faces %3, UV %4</source>
+        <translation>頂点 %1、辺 %2、面 %3、UV %4</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Select what is remembered, and nothing else</source>
+        <translation>記憶したものだけを選択します</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>記憶</translation>
+    </message>
+    <message>
+        <source>Remember what is selected now</source>
+        <translation>今の選択を記憶します</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>読み込み</translation>
+    </message>
+    <message>
+        <source>Select what is remembered besides the rest</source>
+        <translation>記憶したものを選択に加えます</translation>
     </message>
 </context>
 <context>
     <name>KMTagText</name>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagTextPage</name>
     <message>
         <source>Text</source>
         <translation>テキスト</translation>
@@ -4374,10 +5145,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Erase</source>
         <translation>消去</translation>
-    </message>
-    <message>
-        <source>Delete the vertex, edge or face that is clicked</source>
-        <translation>クリックした頂点、辺、面を削除します</translation>
     </message>
     <message>
         <source>Universal</source>
@@ -4507,6 +5274,17 @@ Trying to Recover Files?</source>
         <source>Shape the surface with brushes</source>
         <translation>ブラシで面を成形します</translation>
     </message>
+    <message>
+        <source>Delete the vertex, edge, face or bone that is clicked</source>
+        <translation>クリックした頂点、辺、面、ボーンを削除します</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolAnimation</name>
+    <message>
+        <source>Edit Bonekey</source>
+        <translation>ボーンキーを編集</translation>
+    </message>
 </context>
 <context>
     <name>KMToolBar</name>
@@ -4533,6 +5311,17 @@ Trying to Recover Files?</source>
     <message>
         <source>Where the tools lie in the window</source>
         <translation>ウィンドウ内のツールの位置を選びます</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolBone</name>
+    <message>
+        <source>Make</source>
+        <translation>作成</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
     </message>
 </context>
 <context>
@@ -5079,6 +5868,78 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMWeightTagPage</name>
+    <message>
+        <source>BoneWeightTag</source>
+        <translation>ボーンウェイトタグ</translation>
+    </message>
+    <message>
+        <source>Weights</source>
+        <translation>ウェイト数</translation>
+    </message>
+    <message>
+        <source>Bones</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>SDEF vertices</source>
+        <translation>SDEF 頂点</translation>
+    </message>
+    <message>
+        <source>SDEF Calc Method</source>
+        <translation>SDEF 計算方法</translation>
+    </message>
+    <message>
+        <source>Parent</source>
+        <translation>親</translation>
+    </message>
+    <message>
+        <source>Child</source>
+        <translation>子</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source>SDEF BlendValue</source>
+        <translation>SDEF ブレンド値</translation>
+    </message>
+    <message>
+        <source>Auto Normalize</source>
+        <translation>自動正規化</translation>
+    </message>
+</context>
+<context>
+    <name>MorphComAssignMorph</name>
+    <message>
+        <source>&quot;
+already exists.
+Do you want to replace it?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not found a candidate meshs.</source>
+        <translation>候補のメッシュが見つかりません。</translation>
+    </message>
+    <message>
+        <source>BaseMesh</source>
+        <translation>元のメッシュ</translation>
+    </message>
+    <message>
+        <source>MorphName</source>
+        <translation>モーフ名</translation>
+    </message>
+    <message>
+        <source>OnlySelected</source>
+        <translation>選択した頂点のみ</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>比率</translation>
+    </message>
+</context>
+<context>
     <name>NodeComAssignShader</name>
     <message>
         <source>Shader Selection not found.</source>
@@ -5329,21 +6190,21 @@ Trying to Recover Files?</source>
     <name>addBoneWeightCommand</name>
     <message>
         <source>Add BoneWeight</source>
-        <translation type="unfinished"></translation>
+        <translation>ボーンウェイトを追加</translation>
     </message>
 </context>
 <context>
     <name>addDisplayItemCommand</name>
     <message>
         <source>Add DisplayItem</source>
-        <translation type="unfinished"></translation>
+        <translation>表示項目の追加</translation>
     </message>
 </context>
 <context>
     <name>addDisplayNodeCommand</name>
     <message>
         <source>Add DisplayNode</source>
-        <translation type="unfinished"></translation>
+        <translation>表示枠の追加</translation>
     </message>
 </context>
 <context>
@@ -5357,7 +6218,7 @@ Trying to Recover Files?</source>
     <name>addMorphCommand</name>
     <message>
         <source>Add MorphNode</source>
-        <translation type="unfinished"></translation>
+        <translation>モーフを追加</translation>
     </message>
 </context>
 <context>
@@ -5455,7 +6316,7 @@ Trying to Recover Files?</source>
     <name>deleteBoneWeightCommand</name>
     <message>
         <source>Delete BoneWeight</source>
-        <translation type="unfinished"></translation>
+        <translation>ボーンウェイトを削除</translation>
     </message>
 </context>
 <context>
@@ -5532,7 +6393,7 @@ Trying to Recover Files?</source>
     <name>editBoneWeightCommand</name>
     <message>
         <source>Edit BoneWeight</source>
-        <translation type="unfinished"></translation>
+        <translation>ボーンウェイトを編集</translation>
     </message>
 </context>
 <context>
@@ -5609,21 +6470,21 @@ Trying to Recover Files?</source>
     <name>editMorphDataCommand</name>
     <message>
         <source>Edit MorphNode</source>
-        <translation type="unfinished"></translation>
+        <translation>モーフを編集</translation>
     </message>
 </context>
 <context>
     <name>editMorphTypeCommand</name>
     <message>
         <source>Edit MorphNode</source>
-        <translation type="unfinished"></translation>
+        <translation>モーフを編集</translation>
     </message>
 </context>
 <context>
     <name>editMorphValueCommand</name>
     <message>
         <source>Edit MorphNode</source>
-        <translation type="unfinished"></translation>
+        <translation>モーフを編集</translation>
     </message>
 </context>
 <context>
@@ -5700,21 +6561,21 @@ Trying to Recover Files?</source>
     <name>editTagBoneWeightCommand</name>
     <message>
         <source>Edit BoneWeight</source>
-        <translation type="unfinished"></translation>
+        <translation>ボーンウェイトを編集</translation>
     </message>
 </context>
 <context>
     <name>editTagConstraintCommand</name>
     <message>
         <source>Edit Constraint</source>
-        <translation type="unfinished"></translation>
+        <translation>コンストレイントの編集</translation>
     </message>
 </context>
 <context>
     <name>editTagFloatCommand</name>
     <message>
         <source>Edit Tag</source>
-        <translation type="unfinished"></translation>
+        <translation>タグの編集</translation>
     </message>
 </context>
 <context>
@@ -5728,28 +6589,28 @@ Trying to Recover Files?</source>
     <name>editTagJointCommand</name>
     <message>
         <source>Edit Joint</source>
-        <translation type="unfinished"></translation>
+        <translation>ジョイントの編集</translation>
     </message>
 </context>
 <context>
     <name>editTagRigidBodyCommand</name>
     <message>
         <source>Edit RigidBody</source>
-        <translation type="unfinished"></translation>
+        <translation>剛体の編集</translation>
     </message>
 </context>
 <context>
     <name>editTagSelectionCommand</name>
     <message>
         <source>Edit Tag</source>
-        <translation type="unfinished"></translation>
+        <translation>タグの編集</translation>
     </message>
 </context>
 <context>
     <name>editTagTextCommand</name>
     <message>
         <source>Edit Tag</source>
-        <translation type="unfinished"></translation>
+        <translation>タグの編集</translation>
     </message>
 </context>
 <context>
@@ -6762,6 +7623,64 @@ Trying to Recover Files?</source>
         <source>Motion</source>
         <translation>モーション</translation>
     </message>
+    <message>
+        <source>BoneDeform</source>
+        <translation>ボーンデフォーム</translation>
+    </message>
+    <message>
+        <source>Let the bones that the mesh is weighted to move it</source>
+        <translation>ウェイトの付いたボーンでメッシュを動かします</translation>
+    </message>
+    <message>
+        <source>BoneWeight(&amp;T)</source>
+        <translation>ボーンウェイト(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Morph(&amp;M)</source>
+        <translation>モーフ(&amp;M)</translation>
+    </message>
+</context>
+<context>
+    <name>kmmorphreoderdialog</name>
+    <message>
+        <source>Reorder MorphNode</source>
+        <translation>モーフを並べ替え</translation>
+    </message>
+    <message>
+        <source>Selected as</source>
+        <translation>選択行の位置</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+</context>
+<context>
+    <name>kmmorphwidget</name>
+    <message>
+        <source>Morphs</source>
+        <translation>モーフ</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Select a mesh that has a morph tag.</source>
+        <translation>モーフタグのあるメッシュを選択してください。</translation>
+    </message>
+    <message>
+        <source>Morphs can&apos;t be copied by themselves</source>
+        <translation>モーフだけをコピーすることはできません</translation>
+    </message>
+    <message>
+        <source>Reorder MorphNode...</source>
+        <translation>モーフを並べ替え...</translation>
+    </message>
+    <message>
+        <source>Bring the morphs into another order</source>
+        <translation>モーフの順序を変えます</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -6772,14 +7691,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Kind of the nodes that are shown</source>
         <translation>表示するノードの種類</translation>
-    </message>
-    <message>
-        <source>Add Normal Tag</source>
-        <translation>法線タグの追加</translation>
-    </message>
-    <message>
-        <source>Let creases and normals of this mesh be edited</source>
-        <translation>このメッシュの折り目と法線を編集できるようにします</translation>
     </message>
 </context>
 <context>
@@ -7039,14 +7950,14 @@ Trying to Recover Files?</source>
     <name>moveDisplayItemCommand</name>
     <message>
         <source>Move DisplayItem</source>
-        <translation type="unfinished"></translation>
+        <translation>表示項目の移動</translation>
     </message>
 </context>
 <context>
     <name>moveDisplayNodeCommand</name>
     <message>
         <source>Move DisplayNode</source>
-        <translation type="unfinished"></translation>
+        <translation>表示枠の移動</translation>
     </message>
 </context>
 <context>
@@ -7088,7 +7999,7 @@ Trying to Recover Files?</source>
     <name>redrawTagCommand</name>
     <message>
         <source>Redraw Tag</source>
-        <translation type="unfinished"></translation>
+        <translation>タグを再描画</translation>
     </message>
 </context>
 <context>
@@ -7116,35 +8027,35 @@ Trying to Recover Files?</source>
     <name>removeDisplayItemCommand</name>
     <message>
         <source>Remove DisplayItem</source>
-        <translation type="unfinished"></translation>
+        <translation>表示項目の削除</translation>
     </message>
 </context>
 <context>
     <name>removeDisplayNodeCommand</name>
     <message>
         <source>Remove DisplayNode</source>
-        <translation type="unfinished"></translation>
+        <translation>表示枠の削除</translation>
     </message>
 </context>
 <context>
     <name>removeMorphCommand</name>
     <message>
         <source>Remove MorphNode</source>
-        <translation type="unfinished"></translation>
+        <translation>モーフを削除</translation>
     </message>
 </context>
 <context>
     <name>removeSdefFlagCommand</name>
     <message>
         <source>Remove Sdef Flag</source>
-        <translation type="unfinished"></translation>
+        <translation>SDEFフラグを解除</translation>
     </message>
 </context>
 <context>
     <name>renameDisplayNodeCommand</name>
     <message>
         <source>Rename DisplayNode</source>
-        <translation type="unfinished"></translation>
+        <translation>表示枠の名前の変更</translation>
     </message>
 </context>
 <context>
@@ -7172,7 +8083,7 @@ Trying to Recover Files?</source>
     <name>reorderMorphCommand</name>
     <message>
         <source>Reorder MorphNode</source>
-        <translation type="unfinished"></translation>
+        <translation>モーフを並べ替え</translation>
     </message>
 </context>
 <context>
@@ -7270,7 +8181,7 @@ Trying to Recover Files?</source>
     <name>setSdefFlagCommand</name>
     <message>
         <source>Set Sdef Flag</source>
-        <translation type="unfinished"></translation>
+        <translation>SDEFフラグを設定</translation>
     </message>
 </context>
 <context>
