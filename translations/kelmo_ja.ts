@@ -1550,7 +1550,7 @@
     </message>
     <message>
         <source>The power of %1 has no place in the file</source>
-        <translation>%1 のべき乗はこのファイルに保存できません</translation>
+        <translation>%1 の強さはこのファイルに保存できません</translation>
     </message>
 </context>
 <context>
@@ -5916,7 +5916,9 @@ Trying to Recover Files?</source>
         <source>&quot;
 already exists.
 Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>&quot;
+は既にあります。
+置き換えますか？</translation>
     </message>
     <message>
         <source>Not found a candidate meshs.</source>
