@@ -149,8 +149,13 @@ void tst_kmmorphwidget::reorder()
     QCOMPARE(names(), QStringLiteral("abc"));
     const std::unique_ptr<QMimeData> data(
         KMTreeWidget::mimeDataOf({m_tag->findMorph(QStringLiteral("c"))}, KMMorphTargets::MorphMimeType));
-    QPoint top = m_rows->visualItemRect(m_rows->topLevelItem(0)).topLeft() + QPoint(5, 1);
-    QDropEvent drop(top, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    const QPoint top = m_rows->visualItemRect(m_rows->topLevelItem(0)).topLeft() + QPoint(5, 1);
+    const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
+    QDragEnterEvent enter(top, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_rows->viewport(), &enter);
+    QDragMoveEvent move(top, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_rows->viewport(), &move);
+    QDropEvent drop(top, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_rows->viewport(), &drop);
     QCOMPARE(names(), QStringLiteral("cab"));
     QCOMPARE(lastStep(), QStringLiteral("Reorder MorphNode"));
