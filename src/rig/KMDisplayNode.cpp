@@ -3,6 +3,16 @@
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "rig/KMDisplayCommands.h"
+#include "rig/KMMorph.h"
+#include "rig/KMTagMorph.h"
+
+bool DisplayItem::isLive() const
+{
+    if (!node || node->isDeleted() || type != Morph)
+        return node && !node->isDeleted();
+    const KMTagMorph *tag = nodeAs<KMMorph>(node)->tag();
+    return tag && !tag->isDeleted() && tag->owner() && !nodeAs<KMContainerNode>(tag->owner())->isDeleted();
+}
 
 bool DisplayItem::canHold(const KMNode *node)
 {

@@ -13,7 +13,7 @@ struct DisplayItem
     QPointer<KMContainerNode> node; ///< a bone or a morph; null when it is gone for good
     int type = Bone;
 
-    bool isLive() const { return node && !node->isDeleted(); } ///< else it counts for nothing until an undo
+    bool isLive() const; ///< else it counts for nothing until an undo: its node, or what has the morph, is deleted
     static bool canHold(const KMNode *node);
     static DisplayItem of(KMContainerNode *node); ///< of a node that it can hold
 };

@@ -1,6 +1,7 @@
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
@@ -9,8 +10,10 @@
 #include "rig/KMBoneCopy.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMDisplayCommands.h"
+#include "rig/KMMorphCommands.h"
 #include "rig/KMPhysicsMaking.h"
 #include "rig/KMRigTags.h"
+#include "rig/KMTagMorph.h"
 #include "rig/KMTagValueCommands.h"
 #include "support/CommandProof.h"
 #include "support/MeshFixtures.h"
@@ -153,6 +156,7 @@ private slots:
     void groupSwitchesChildren();
     void rememberedSelection();
     void displayOrder();
+    void itemsOfMorphs();
     void randomWalk();
 };
 
@@ -511,6 +515,30 @@ void tst_PhysicsTags::displayOrder()
     for (int i = 0; i < 3; ++i)
         scene.session.stack().undo();
     QCOMPARE(moveDisplayNodeCommand::liveGroups(), before);
+}
+
+void tst_PhysicsTags::itemsOfMorphs()
+{
+    RigScene scene;
+    auto *mesh = new KMMeshNode;
+    gProject->addNode(mesh);
+    auto *tag = new KMTagMorph;
+    mesh->addTag(tag);
+    auto *morph = new KMMorph;
+    gSolution->push(new addMorphCommand(tag, morph));
+    auto *group = new KMDisplayNode;
+    gProject->addToScene(group);
+    gSolution->push(new addDisplayItemCommand(group, DisplayItem::of(morph)));
+    QCOMPARE(group->liveItems().size(), 1);
+    const QList<std::function<void()>> deletions{[&] { gSolution->push(new removeMorphCommand(tag, morph)); },
+                                                 [&] { gSolution->push(new deleteTagCommand(mesh, tag)); },
+                                                 [&] { gProject->deleteNode(mesh); }};
+    for (const auto &takeOut : deletions) {
+        takeOut();
+        QCOMPARE(group->liveItems().size(), 0);
+        scene.session.stack().undo();
+        QCOMPARE(group->liveItems().size(), 1);
+    }
 }
 
 void tst_PhysicsTags::randomWalk()
