@@ -10,7 +10,10 @@
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMDisplayCommands.h"
+#include "rig/KMRigTags.h"
 #include "rig/KMTagConstraint.h"
+#include "rig/KMTagJoint.h"
 
 #include <QJsonArray>
 
@@ -153,6 +156,30 @@ int keyCount()
     return count;
 }
 
+/// Of tags of all rigs.
+template <class Tag>
+QJsonArray namesOf(QList<Tag *> (*tags)(const KMBoneContainer *))
+{
+    QJsonArray list;
+    for (const KMBoneContainer *rig : rigs()) {
+        for (const Tag *tag : tags(rig))
+            list << tag->name();
+    }
+    return list;
+}
+
+QJsonArray displayNodes()
+{
+    QJsonArray list;
+    for (const KMDisplayNode *group : moveDisplayNodeCommand::liveGroups()) {
+        QJsonArray items;
+        for (const DisplayItem &item : group->liveItems())
+            items << item.node->name();
+        list << QJsonObject{{"name", group->name()}, {"items", items}};
+    }
+    return list;
+}
+
 QJsonArray shaders()
 {
     QJsonArray list;
@@ -182,9 +209,9 @@ QJsonObject documentInfo(const QString &format)
         {"bones", bones()},
         {"weights", QJsonObject{{"entries", 0}, {"sdef", 0}}},
         {"morphs", QJsonArray()},
-        {"rigidBodies", QJsonArray()},
-        {"joints", QJsonArray()},
-        {"displayNodes", QJsonArray()},
+        {"rigidBodies", namesOf(&KMRigTags::bodies)},
+        {"joints", namesOf(&KMRigTags::joints)},
+        {"displayNodes", displayNodes()},
         {"shaders", shaders()},
         {"textures", textures()},
         {"keys", keyCount()},

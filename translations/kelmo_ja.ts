@@ -36,6 +36,28 @@
     </message>
 </context>
 <context>
+    <name>BoneComMakeRigidBody</name>
+    <message>
+        <source>Bone Selection not found.</source>
+        <translation>ボーンが選択されていません。</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>With Joint</source>
+        <translation>ジョイントを付ける</translation>
+    </message>
+</context>
+<context>
+    <name>BoneComMakeSideJoint</name>
+    <message>
+        <source>Two RigidBody Selection not found.</source>
+        <translation>剛体が二つ選択されていません。</translation>
+    </message>
+</context>
+<context>
     <name>BoneComSymmetrize</name>
     <message>
         <source>Bone Selection not found.</source>
@@ -48,6 +70,32 @@
     <message>
         <source>illegal tail position</source>
         <translation>終点の位置が正しくありません</translation>
+    </message>
+</context>
+<context>
+    <name>BoneWeightComBlur</name>
+    <message>
+        <source>Limit Area</source>
+        <translation>範囲を限定</translation>
+    </message>
+    <message>
+        <source>Threshold</source>
+        <translation>しきい値</translation>
+    </message>
+</context>
+<context>
+    <name>BoneWeightComTransfer</name>
+    <message>
+        <source>Select the mesh with the weights as well.</source>
+        <translation>ウェイトを持つメッシュも選択してください。</translation>
+    </message>
+    <message>
+        <source>Margin</source>
+        <translation>許容範囲</translation>
+    </message>
+    <message>
+        <source>No surface with weights lies within the margin.</source>
+        <translation>許容範囲内にウェイトを持つ面がありません。</translation>
     </message>
 </context>
 <context>
@@ -286,6 +334,13 @@
     </message>
 </context>
 <context>
+    <name>KMBezierControl</name>
+    <message>
+        <source>Drag the two handles; a double click makes the curve straight</source>
+        <translation>2 つのハンドルをドラッグします。ダブルクリックで直線に戻ります</translation>
+    </message>
+</context>
+<context>
     <name>KMBluePrint</name>
     <message>
         <source>BluePrint</source>
@@ -500,6 +555,22 @@
         <source>Edge Selection not found.</source>
         <translation>辺が選択されていません。</translation>
     </message>
+    <message>
+        <source>Make RigidBody</source>
+        <translation>剛体の作成</translation>
+    </message>
+    <message>
+        <source>Give the selected bones rigid bodies of their length</source>
+        <translation>選択したボーンに、その長さの剛体を付けます</translation>
+    </message>
+    <message>
+        <source>Make Side Joint</source>
+        <translation>サイドジョイントの作成</translation>
+    </message>
+    <message>
+        <source>Hold the two selected rigid bodies together; with Ctrl the other is first</source>
+        <translation>選択した二つの剛体をつなぎます。Ctrl で順序が逆になります</translation>
+    </message>
 </context>
 <context>
     <name>KMBoneContainer</name>
@@ -507,9 +578,20 @@
         <source>RootBone</source>
         <translation>RootBone</translation>
     </message>
+</context>
+<context>
+    <name>KMBoneDrag</name>
     <message>
-        <source>Delete Node</source>
-        <translation>ノードの削除</translation>
+        <source>Move Bone</source>
+        <translation>ボーンを移動</translation>
+    </message>
+    <message>
+        <source>Scale Bone</source>
+        <translation>ボーンを拡大縮小</translation>
+    </message>
+    <message>
+        <source>Rotate Bone</source>
+        <translation>ボーンを回転</translation>
     </message>
 </context>
 <context>
@@ -764,6 +846,440 @@
     </message>
 </context>
 <context>
+    <name>KMBoneMoves</name>
+    <message>
+        <source>Copy Bone</source>
+        <translation>ボーンを複製</translation>
+    </message>
+</context>
+<context>
+    <name>KMBonePage</name>
+    <message>
+        <source>Polygon</source>
+        <translation>ポリゴン</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>点</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>線</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Degrees about X first, then Y, then Z</source>
+        <translation>X、Y、Z の順に回す角度(度)</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>長さ</translation>
+    </message>
+    <message>
+        <source>View Type</source>
+        <translation>表示方法</translation>
+    </message>
+    <message>
+        <source>Floating</source>
+        <translation>フローティング</translation>
+    </message>
+    <message>
+        <source>The head isn&apos;t attached to the tail of the parent</source>
+        <translation>根元が親の先端につながっていません</translation>
+    </message>
+    <message>
+        <source>Movable</source>
+        <translation>移動可能</translation>
+    </message>
+    <message>
+        <source>A pose may move the bone, not only turn it</source>
+        <translation>ポーズで回転だけでなく移動もできます</translation>
+    </message>
+    <message>
+        <source>Angular Limit</source>
+        <translation>角度制限</translation>
+    </message>
+    <message>
+        <source>Enable</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Min H</source>
+        <translation>最小 H</translation>
+    </message>
+    <message>
+        <source>Max H</source>
+        <translation>最大 H</translation>
+    </message>
+    <message>
+        <source>Min P</source>
+        <translation>最小 P</translation>
+    </message>
+    <message>
+        <source>Max P</source>
+        <translation>最大 P</translation>
+    </message>
+    <message>
+        <source>Min B</source>
+        <translation>最小 B</translation>
+    </message>
+    <message>
+        <source>Max B</source>
+        <translation>最大 B</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>タグ</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneTargets</name>
+    <message>
+        <source>Select Bone</source>
+        <translation>ボーンを選択</translation>
+    </message>
+    <message>
+        <source>Unselect Bone</source>
+        <translation>ボーンの選択を解除</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneToolPage</name>
+    <message>
+        <source>A drag makes a bone; from a head or a tail it goes on from there</source>
+        <translation>ドラッグでボーンを作ります。ヘッドやテールから始めると、そこから続きます</translation>
+    </message>
+    <message>
+        <source>A drag moves heads and tails, or selects an area</source>
+        <translation>ドラッグでヘッドやテールを動かすか、範囲を選択します</translation>
+    </message>
+    <message>
+        <source>Children Follow</source>
+        <translation>子も動かす</translation>
+    </message>
+    <message>
+        <source>All that hangs on a moved joint moves along, and isn&apos;t stretched</source>
+        <translation>動かした関節の先にあるものは伸びずに一緒に動きます</translation>
+    </message>
+    <message>
+        <source>Snap to Vertices</source>
+        <translation>頂点にスナップ</translation>
+    </message>
+    <message>
+        <source>Joints go to the vertex under the cursor, whatever the snap menu says</source>
+        <translation>スナップメニューに関係なく、関節はカーソルの下の頂点に付きます</translation>
+    </message>
+    <message>
+        <source>Middle of the Mesh</source>
+        <translation>メッシュの中央</translation>
+    </message>
+    <message>
+        <source>New joints go halfway through the mesh under the cursor</source>
+        <translation>新しい関節はカーソルの下のメッシュの厚みの中央に置かれます</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneWeightCommand</name>
+    <message>
+        <source>There is no such vertex.</source>
+        <translation>該当する頂点はありません。</translation>
+    </message>
+    <message>
+        <source>No bone weighs on the selected vertices.</source>
+        <translation>選択中の頂点に影響するボーンはありません。</translation>
+    </message>
+    <message>
+        <source>Other Bone Not Found.</source>
+        <translation>反対側のボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>正規化</translation>
+    </message>
+    <message>
+        <source>Bring the weights of the selected vertices to the sum 1</source>
+        <translation>選択中の頂点のウェイトを合計1にします</translation>
+    </message>
+    <message>
+        <source>Fit To Children</source>
+        <translation>子に合わせる</translation>
+    </message>
+    <message>
+        <source>Give the selected bone what its children leave of the weight at the selected vertices</source>
+        <translation>選択中の頂点で、子ボーンのウェイトの残りを選択中のボーンに割り当てます</translation>
+    </message>
+    <message>
+        <source>Set Sdef Flag</source>
+        <translation>SDEFフラグを設定</translation>
+    </message>
+    <message>
+        <source>Blend the selected vertices spherically where they have two bones</source>
+        <translation>ボーンが2本の選択頂点を球面ブレンドします</translation>
+    </message>
+    <message>
+        <source>Remove Sdef Flag</source>
+        <translation>SDEFフラグを解除</translation>
+    </message>
+    <message>
+        <source>Blend the selected vertices linearly</source>
+        <translation>選択中の頂点を線形ブレンドします</translation>
+    </message>
+    <message>
+        <source>Select Sdef Vertex</source>
+        <translation>SDEF頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices that are flagged to be blended spherically</source>
+        <translation>球面ブレンドのフラグが付いた頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Remove Invalid Weigt</source>
+        <translation>無効なウェイトを削除</translation>
+    </message>
+    <message>
+        <source>Delete the weights of 0 at the selected vertices</source>
+        <translation>選択中の頂点のウェイト0の項目を削除します</translation>
+    </message>
+    <message>
+        <source>Select Over Three Vertex</source>
+        <translation>ボーン3本以上の頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices with three bones or more</source>
+        <translation>ボーンが3本以上の頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Select Over Five Vertex</source>
+        <translation>ボーン5本以上の頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices with five bones or more: one too many for PMX</source>
+        <translation>ボーンが5本以上の頂点を選択します（PMXの上限を超えています）</translation>
+    </message>
+    <message>
+        <source>Select Affected Bone</source>
+        <translation>影響ボーンを選択</translation>
+    </message>
+    <message>
+        <source>Select the bones that weigh on the selected vertices</source>
+        <translation>選択中の頂点に影響するボーンを選択します</translation>
+    </message>
+    <message>
+        <source>Select Vertex From Bone</source>
+        <translation>ボーンから頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices on which the selected bones weigh</source>
+        <translation>選択中のボーンが影響する頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Erase From Selected Vertex</source>
+        <translation>選択頂点から消去</translation>
+    </message>
+    <message>
+        <source>Delete all weights of the selected vertices</source>
+        <translation>選択中の頂点のウェイトをすべて削除します</translation>
+    </message>
+    <message>
+        <source>Select White Vertex</source>
+        <translation>ウェイトのない頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices without any weight</source>
+        <translation>ウェイトのない頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Tranefer</source>
+        <translation>転写</translation>
+    </message>
+    <message>
+        <source>Give the selected vertices of the current mesh the weights of the other selected meshes</source>
+        <translation>選択中の他のメッシュのウェイトを、現在のメッシュの選択頂点に転写します</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>ぼかし</translation>
+    </message>
+    <message>
+        <source>Mix the weights of the selected vertices with those of their neighbours</source>
+        <translation>選択中の頂点のウェイトを隣の頂点とならします</translation>
+    </message>
+    <message>
+        <source>Transfer As Other</source>
+        <translation>反対側へ移す</translation>
+    </message>
+    <message>
+        <source>Move the weights that the selected bone has at the selected vertices to the bone on the other side</source>
+        <translation>選択頂点での選択ボーンのウェイトを、反対側のボーンに移します</translation>
+    </message>
+    <message>
+        <source>Enable All BoneMod</source>
+        <translation>ボーン変形をすべて有効</translation>
+    </message>
+    <message>
+        <source>Switch on all modifiers that deform meshes by bones</source>
+        <translation>ボーンによる変形モディファイアをすべて有効にします</translation>
+    </message>
+    <message>
+        <source>Disable All BoneMod</source>
+        <translation>ボーン変形をすべて無効</translation>
+    </message>
+    <message>
+        <source>Switch off all modifiers that deform meshes by bones</source>
+        <translation>ボーンによる変形モディファイアをすべて無効にします</translation>
+    </message>
+    <message>
+        <source>BoneWeightComDebugOut</source>
+        <translation>BoneWeightComDebugOut</translation>
+    </message>
+    <message>
+        <source>Write the weights of all vertices to the log</source>
+        <translation>すべての頂点のウェイトをログに書き出します</translation>
+    </message>
+    <message>
+        <source>BoneWeightComTest</source>
+        <translation>BoneWeightComTest</translation>
+    </message>
+    <message>
+        <source>Does nothing: for those who work on the program</source>
+        <translation>何もしません（プログラムの開発者用）</translation>
+    </message>
+    <message>
+        <source>Mesh Selection not found.</source>
+        <translation>選択中のメッシュがありません。</translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation>%1 はロックされています。</translation>
+    </message>
+    <message>
+        <source>BoneWeightTag not found.</source>
+        <translation>ボーンウェイトタグがありません。</translation>
+    </message>
+    <message>
+        <source>Vertex Selection not found.</source>
+        <translation>選択中の頂点がありません。</translation>
+    </message>
+    <message>
+        <source>Bone Selection not found.</source>
+        <translation>選択中のボーンがありません。</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneWeightPage</name>
+    <message>
+        <source>Add the value to the weights of the bone</source>
+        <translation>ボーンのウェイトに値を加えます</translation>
+    </message>
+    <message>
+        <source>Take the value off the weights of the bone</source>
+        <translation>ボーンのウェイトから値を引きます</translation>
+    </message>
+    <message>
+        <source>Bring the weights of the bone to the value</source>
+        <translation>ボーンのウェイトを値に近づけます</translation>
+    </message>
+    <message>
+        <source>Even out the weights of the bone; with Shift in every mode</source>
+        <translation>ボーンのウェイトをならします（どのモードでもShiftで使えます）</translation>
+    </message>
+    <message>
+        <source>Take the bone off the vertices</source>
+        <translation>頂点からボーンのウェイトを消します</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>What is added, taken off or set: 0 to 1</source>
+        <translation>加える、引く、または設定する値（0～1）</translation>
+    </message>
+    <message>
+        <source>Radius</source>
+        <translation>半径</translation>
+    </message>
+    <message>
+        <source>Of the brush, in pixels; the keys [ and ] change it as well</source>
+        <translation>ブラシの半径（ピクセル）。キー [ と ] でも変えられます</translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation>強さ</translation>
+    </message>
+    <message>
+        <source>How much of it a stroke does: 0 to 1</source>
+        <translation>1ストロークで効く割合（0～1）</translation>
+    </message>
+    <message>
+        <source>Pen Pressure on Strength</source>
+        <translation>筆圧で強さを変える</translation>
+    </message>
+    <message>
+        <source>A pen that presses less paints less</source>
+        <translation>筆圧が弱いほど薄く塗ります</translation>
+    </message>
+    <message>
+        <source>Pen Pressure on Radius</source>
+        <translation>筆圧で半径を変える</translation>
+    </message>
+    <message>
+        <source>A pen that presses less paints narrower</source>
+        <translation>筆圧が弱いほど細く塗ります</translation>
+    </message>
+    <message>
+        <source>Normalize</source>
+        <translation>正規化</translation>
+    </message>
+    <message>
+        <source>The other bones of a vertex give way, so that its weights come to 1</source>
+        <translation>頂点のウェイトの合計が1になるよう、ほかのボーンのウェイトを調整します</translation>
+    </message>
+    <message>
+        <source>Front Only</source>
+        <translation>表面のみ</translation>
+    </message>
+    <message>
+        <source>Vertices that a surface hides aren&apos;t painted</source>
+        <translation>面に隠れた頂点は塗りません</translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation>線形</translation>
+    </message>
+    <message>
+        <source>Smooth</source>
+        <translation>なめらか</translation>
+    </message>
+    <message>
+        <source>Constant</source>
+        <translation>一定</translation>
+    </message>
+    <message>
+        <source>How the brush weakens towards its rim</source>
+        <translation>ブラシの縁に向かう弱まり方</translation>
+    </message>
+    <message>
+        <source>Falloff</source>
+        <translation>減衰</translation>
+    </message>
+    <message>
+        <source>The bone that is painted; in a view it is chosen by a click with Ctrl</source>
+        <translation>塗るボーン。ビューではCtrl+クリックで選べます</translation>
+    </message>
+</context>
+<context>
     <name>KMBoolNodeContainer</name>
     <message>
         <source>Bool</source>
@@ -817,6 +1333,76 @@
     </message>
 </context>
 <context>
+    <name>KMConstraintTagPage</name>
+    <message>
+        <source>NULL</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Translate</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Trans+Rot</source>
+        <translation>移動+回転</translation>
+    </message>
+    <message>
+        <source>IK</source>
+        <translation>IK</translation>
+    </message>
+    <message>
+        <source>Twist</source>
+        <translation>ねじり</translation>
+    </message>
+    <message>
+        <source>Constraint</source>
+        <translation>コンストレイント</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Target</source>
+        <translation>ターゲット</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>The share that is taken over; for IK the degrees of a step</source>
+        <translation>受け継ぐ割合。IK では 1 回あたりの角度(度)</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>IK Hierarchy</source>
+        <translation>IK 階層</translation>
+    </message>
+    <message>
+        <source>Links of the chain</source>
+        <translation>チェーンのリンク数</translation>
+    </message>
+</context>
+<context>
+    <name>KMCreaseEdit</name>
+    <message>
+        <source>Set Weight</source>
+        <translation>ウェイトを設定</translation>
+    </message>
+</context>
+<context>
     <name>KMCustomPanel</name>
     <message>
         <source>Open what the custom panel holds as a menu at the cursor</source>
@@ -848,6 +1434,55 @@
     </message>
 </context>
 <context>
+    <name>KMDBoneContainerBody</name>
+    <message>
+        <source>The scale makes the bone %1 endless; it keeps its length</source>
+        <translation>倍率によりボーン %1 の長さが数で表せなくなるため、元の長さのままにしました</translation>
+    </message>
+    <message>
+        <source>The bone %1 has the unknown view type %2</source>
+        <translation>ボーン %1 の表示方法 %2 は不明です</translation>
+    </message>
+    <message>
+        <source>A record of type 0x%1 is no bone</source>
+        <translation>種類 0x%1 のレコードはボーンではありません</translation>
+    </message>
+    <message>
+        <source>The file has more bones than it can be believed to hold</source>
+        <translation>ファイルのボーンの数が多すぎます</translation>
+    </message>
+    <message>
+        <source>The bone %1 names an unknown parent and was put at the top</source>
+        <translation>ボーン %1 の親が不明なため、最上位に置きました</translation>
+    </message>
+    <message>
+        <source>The bone %1 stands below itself and was put at the top</source>
+        <translation>ボーン %1 が自分自身の配下にあるため、最上位に置きました</translation>
+    </message>
+    <message>
+        <source>A bone lies too deep in its rig and was moved up</source>
+        <translation>ボーンの階層が深すぎるため、上へ移しました</translation>
+    </message>
+</context>
+<context>
+    <name>KMDBoneKeys</name>
+    <message>
+        <source>The keys of %1 were left out: there is no such bone</source>
+        <translation>%1 のキーを省きました: そのボーンがありません</translation>
+    </message>
+</context>
+<context>
+    <name>KMDDisplayBlock</name>
+    <message>
+        <source>display groups</source>
+        <translation>表示枠</translation>
+    </message>
+    <message>
+        <source>%1 items of the display group %2 aren&apos;t in the file</source>
+        <translation>表示枠 %2 の項目のうち %1 個がファイルにありません</translation>
+    </message>
+</context>
+<context>
     <name>KMDMeshBody</name>
     <message>
         <source>A face of %1 corners can&apos;t be</source>
@@ -863,6 +1498,13 @@
     </message>
 </context>
 <context>
+    <name>KMDMorphTag</name>
+    <message>
+        <source>A morph of the vertex %1, which the mesh doesn&apos;t have</source>
+        <translation>メッシュにない頂点 %1 のモーフです</translation>
+    </message>
+</context>
+<context>
     <name>KMDNormalTag</name>
     <message>
         <source>An odd number of crease ends, %1</source>
@@ -875,6 +1517,17 @@
     <message>
         <source>Normals of the face %1, which the mesh doesn&apos;t have</source>
         <translation>メッシュにない面 %1 の法線です</translation>
+    </message>
+</context>
+<context>
+    <name>KMDPhysicsTags</name>
+    <message>
+        <source>The rigid body %1 has the unknown kind %2</source>
+        <translation>剛体 %1 の種類 %2 は不明です</translation>
+    </message>
+    <message>
+        <source>The scale makes the rigid body %1 endless; it keeps its size</source>
+        <translation>倍率により剛体 %1 が無限大になるため、大きさはそのままです</translation>
     </message>
 </context>
 <context>
@@ -894,6 +1547,10 @@
     <message>
         <source>The scale moves a point out of all numbers; it was put at the origin</source>
         <translation>スケールにより座標が表せる範囲を超えた点を原点に置きました</translation>
+    </message>
+    <message>
+        <source>The power of %1 has no place in the file</source>
+        <translation>%1 の強さはこのファイルに保存できません</translation>
     </message>
 </context>
 <context>
@@ -959,14 +1616,6 @@
         <translation>不明な種類 0x%1 のノードです</translation>
     </message>
     <message>
-        <source>display groups</source>
-        <translation>表示枠</translation>
-    </message>
-    <message>
-        <source>The display group %1 was left out</source>
-        <translation>表示枠 %1 を除きました</translation>
-    </message>
-    <message>
         <source>current nodes</source>
         <translation>現在のノード</translation>
     </message>
@@ -1015,6 +1664,21 @@
     <message>
         <source>shaders</source>
         <translation>シェーダー</translation>
+    </message>
+</context>
+<context>
+    <name>KMDSmallTags</name>
+    <message>
+        <source>%1 elements of a remembered selection aren&apos;t in the mesh</source>
+        <translation>記憶した選択のうち %1 個の要素がメッシュにありません</translation>
+    </message>
+    <message>
+        <source>The number of the tag %1 has no place in the file</source>
+        <translation>タグ %1 の数値はファイルに保存できません</translation>
+    </message>
+    <message>
+        <source>The group tag %1 has the unknown mode %2</source>
+        <translation>グループタグ %1 のモード %2 は不明です</translation>
     </message>
 </context>
 <context>
@@ -1078,6 +1742,10 @@
         <source>The tag %1 of %2 was left out: this release has none of its kind, %3</source>
         <translation>%2 のタグ %1 は省かれました。この版にはその種類がありません: %3</translation>
     </message>
+    <message>
+        <source>The tag %1 was left out: %2 can&apos;t hold it</source>
+        <translation>タグ %1 を省きました: %2 には付けられません</translation>
+    </message>
 </context>
 <context>
     <name>KMDViewBlocks</name>
@@ -1099,10 +1767,28 @@
     </message>
 </context>
 <context>
+    <name>KMDWeightTag</name>
+    <message>
+        <source>%1 weights of vertices that the mesh doesn&apos;t have</source>
+        <translation>メッシュにない頂点のウェイト %1 個</translation>
+    </message>
+    <message>
+        <source>%1 weights of bones that the file doesn&apos;t have</source>
+        <translation>ファイルにないボーンのウェイト %1 個</translation>
+    </message>
+</context>
+<context>
     <name>KMDWriter</name>
     <message>
         <source>The node %1 has no place in the file</source>
         <translation>ノード %1 はこのファイルに保存できません</translation>
+    </message>
+</context>
+<context>
+    <name>KMDisplayAnchorNode</name>
+    <message>
+        <source>AnchorDisp</source>
+        <translation>アンカー表示</translation>
     </message>
 </context>
 <context>
@@ -1246,6 +1932,13 @@
     <message>
         <source>Selected Normal</source>
         <translation>選択した法線</translation>
+    </message>
+</context>
+<context>
+    <name>KMDisplayNode</name>
+    <message>
+        <source>Disp</source>
+        <translation>表示枠</translation>
     </message>
 </context>
 <context>
@@ -1680,6 +2373,53 @@
     </message>
 </context>
 <context>
+    <name>KMJointPage</name>
+    <message>
+        <source>Joint</source>
+        <translation>ジョイント</translation>
+    </message>
+    <message>
+        <source>Connection A</source>
+        <translation>接続 A</translation>
+    </message>
+    <message>
+        <source>Connection B</source>
+        <translation>接続 B</translation>
+    </message>
+    <message>
+        <source>Linear Limit</source>
+        <translation>移動制限</translation>
+    </message>
+    <message>
+        <source>Angular Limit</source>
+        <translation>回転制限</translation>
+    </message>
+    <message>
+        <source>Sping</source>
+        <translation>ばね</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Min</source>
+        <translation>最小</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>最大</translation>
+    </message>
+</context>
+<context>
     <name>KMMarqueeSelect</name>
     <message>
         <source>Rect Select</source>
@@ -1841,6 +2581,20 @@
     <message>
         <source>Do you want to save your changes?</source>
         <translation>変更を保存しますか?</translation>
+    </message>
+</context>
+<context>
+    <name>KMModBoneDeformNode</name>
+    <message>
+        <source>BoneDeform</source>
+        <translation>ボーンデフォーム</translation>
+    </message>
+</context>
+<context>
+    <name>KMModBoneDeformPage</name>
+    <message>
+        <source>BoneDeformNode</source>
+        <translation>ボーンデフォームノード</translation>
     </message>
 </context>
 <context>
@@ -2104,6 +2858,109 @@
     <message>
         <source>None</source>
         <translation>なし</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorph</name>
+    <message>
+        <source>Morph</source>
+        <translation>モーフ</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphBake</name>
+    <message>
+        <source>The morph %1 was dropped: the modifiers make other vertices under it</source>
+        <translation>モーフ %1 は除かれました。モディファイアで頂点が変わるためです</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphCommand</name>
+    <message>
+        <source>Assign MorphNode</source>
+        <translation>モーフを登録</translation>
+    </message>
+    <message>
+        <source>Make a morph of what leads to the shape of another mesh</source>
+        <translation>別のメッシュの形との差からモーフを作ります</translation>
+    </message>
+    <message>
+        <source>Remove MorphMode</source>
+        <translation>モーフを削除</translation>
+    </message>
+    <message>
+        <source>Remove the selected morphs</source>
+        <translation>選択したモーフを削除します</translation>
+    </message>
+    <message>
+        <source>Reset All MorphValue</source>
+        <translation>すべてのモーフ値をリセット</translation>
+    </message>
+    <message>
+        <source>Set the values of all morphs of the tag to 0</source>
+        <translation>タグのすべてのモーフの値を 0 にします</translation>
+    </message>
+    <message>
+        <source>Regist SchematicView</source>
+        <translation>スケマティックに登録</translation>
+    </message>
+    <message>
+        <source>Give the selected morphs a block in the schematic</source>
+        <translation>選択したモーフのブロックをスケマティックに置きます</translation>
+    </message>
+    <message>
+        <source>Select Affected Vertex</source>
+        <translation>影響する頂点を選択</translation>
+    </message>
+    <message>
+        <source>Select the vertices that the selected morphs move</source>
+        <translation>選択したモーフが動かす頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Edit Attribute</source>
+        <translation>属性を編集</translation>
+    </message>
+    <message>
+        <source>Edit names of the selected morphs and their corners in the panel</source>
+        <translation>選択したモーフの名前とパネルの位置を編集します</translation>
+    </message>
+    <message>
+        <source>MorphTag Not Selected.</source>
+        <translation>モーフタグが選択されていません。</translation>
+    </message>
+    <message>
+        <source>MorphNode Not Selected.</source>
+        <translation>モーフが選択されていません。</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphDialog</name>
+    <message>
+        <source>Edit Attribute</source>
+        <translation>属性を編集</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+</context>
+<context>
+    <name>KMMorphTree</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+    <message>
+        <source>Panel</source>
+        <translation>パネル</translation>
     </message>
 </context>
 <context>
@@ -2402,6 +3259,10 @@
         <source>%1 nodes are selected. Switches and coordinates are set on all of them.</source>
         <translation>%1 個のノードが選択されています。スイッチと座標はすべてに設定されます。</translation>
     </message>
+    <message>
+        <source>%1 bones are selected. Switches and limits are set on all of them.</source>
+        <translation>%1 本のボーンを選択中です。スイッチと制限はすべてに設定されます。</translation>
+    </message>
 </context>
 <context>
     <name>KMNormalCommand</name>
@@ -2526,6 +3387,199 @@
     <message>
         <source>The views draw faces of this shader black. Models for MMD are made with basic shaders.</source>
         <translation>ビューはこのシェーダーの面を黒で描きます。MMD 用のモデルには基本シェーダーを使います。</translation>
+    </message>
+</context>
+<context>
+    <name>KMPhysicsColumns</name>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>Bone</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>Move %1</source>
+        <translation>移動 %1</translation>
+    </message>
+    <message>
+        <source>Scale %1</source>
+        <translation>拡大縮小 %1</translation>
+    </message>
+    <message>
+        <source>Rotate %1</source>
+        <translation>回転 %1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>なし</translation>
+    </message>
+    <message>
+        <source>Min</source>
+        <translation>最小</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>最大</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高さ</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>奥行き</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Mass</source>
+        <translation>質量</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>Friction</source>
+        <translation>摩擦力</translation>
+    </message>
+    <message>
+        <source>Restitution</source>
+        <translation>反発力</translation>
+    </message>
+    <message>
+        <source>Config</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Collision Mask</source>
+        <translation>非衝突グループ</translation>
+    </message>
+    <message>
+        <source>Connection A</source>
+        <translation>接続 A</translation>
+    </message>
+    <message>
+        <source>Connection B</source>
+        <translation>接続 B</translation>
+    </message>
+    <message>
+        <source>Linear Limit %1 %2</source>
+        <translation>移動制限 %1 %2</translation>
+    </message>
+    <message>
+        <source>Angular Limit %1 %2</source>
+        <translation>回転制限 %1 %2</translation>
+    </message>
+    <message>
+        <source>Sping Linear %1</source>
+        <translation>ばね 移動 %1</translation>
+    </message>
+    <message>
+        <source>Sping Angular %1</source>
+        <translation>ばね 回転 %1</translation>
+    </message>
+</context>
+<context>
+    <name>KMPhysicsSheet</name>
+    <message>
+        <source>Edit RigidBody</source>
+        <translation>剛体の編集</translation>
+    </message>
+    <message>
+        <source>Edit Joint</source>
+        <translation>ジョイントの編集</translation>
+    </message>
+    <message>
+        <source>Physics Sheet</source>
+        <translation>物理シート</translation>
+    </message>
+    <message>
+        <source>Rig: %1</source>
+        <translation>リグ: %1</translation>
+    </message>
+    <message>
+        <source>There is no rig in the document</source>
+        <translation>リグがありません</translation>
+    </message>
+</context>
+<context>
+    <name>KMPlayback</name>
+    <message>
+        <source>Backward</source>
+        <translation>先頭へ</translation>
+    </message>
+    <message>
+        <source>Go to the first frame</source>
+        <translation>最初のフレームへ移動します</translation>
+    </message>
+    <message>
+        <source>Prev</source>
+        <translation>前へ</translation>
+    </message>
+    <message>
+        <source>Go one frame back</source>
+        <translation>1 フレーム戻ります</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Play the motion, or stop it</source>
+        <translation>モーションを再生または停止します</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>次へ</translation>
+    </message>
+    <message>
+        <source>Go to the next frame</source>
+        <translation>次のフレームへ移動します</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>末尾へ</translation>
+    </message>
+    <message>
+        <source>Go to the frame of the last key</source>
+        <translation>最後のキーのフレームへ移動します</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Begin again at the end of the motion</source>
+        <translation>モーションの終わりで最初に戻ります</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>There are no keys to play</source>
+        <translation>再生するキーがありません</translation>
     </message>
 </context>
 <context>
@@ -2872,6 +3926,80 @@
     <message>
         <source>%1 would make %2 vertices and %3 faces, more than the memory holds; its result stays empty</source>
         <translation>%1 は頂点 %2 個と面 %3 個を作ることになり、メモリーに収まりません。結果は空のままです</translation>
+    </message>
+</context>
+<context>
+    <name>KMRigTagPages</name>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Rotate</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>拡大縮小</translation>
+    </message>
+</context>
+<context>
+    <name>KMRigidBodyPage</name>
+    <message>
+        <source>RigidBody</source>
+        <translation>剛体</translation>
+    </message>
+    <message>
+        <source>Enabled</source>
+        <translation>有効</translation>
+    </message>
+    <message>
+        <source>Shape Type</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>Mass</source>
+        <translation>質量</translation>
+    </message>
+    <message>
+        <source>Linear Damping</source>
+        <translation>移動減衰</translation>
+    </message>
+    <message>
+        <source>Angular Damping</source>
+        <translation>回転減衰</translation>
+    </message>
+    <message>
+        <source>Friction</source>
+        <translation>摩擦力</translation>
+    </message>
+    <message>
+        <source>Restitution</source>
+        <translation>反発力</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>幅</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高さ</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>奥行き</translation>
+    </message>
+    <message>
+        <source>Config</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Collision Mask</source>
+        <translation>非衝突グループ</translation>
     </message>
 </context>
 <context>
@@ -3682,10 +4810,174 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMTagBoneWeight</name>
+    <message>
+        <source>BoneWeightTag</source>
+        <translation>ボーンウェイトタグ</translation>
+    </message>
+</context>
+<context>
     <name>KMTagConstraint</name>
     <message>
         <source>Constraint</source>
         <translation>コンストレイント</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagFloatValue</name>
+    <message>
+        <source>FloatValue</source>
+        <translation>数値</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagFloatValuePage</name>
+    <message>
+        <source>FloatValue</source>
+        <translation>数値</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>値</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagGroup</name>
+    <message>
+        <source>Group</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>非表示</translation>
+    </message>
+    <message>
+        <source>Show Selected</source>
+        <translation>選択したものだけ表示</translation>
+    </message>
+    <message>
+        <source>TagGroup Done</source>
+        <translation>グループタグの適用</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagGroupPage</name>
+    <message>
+        <source>Group</source>
+        <translation>グループ</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>モード</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>適用</translation>
+    </message>
+    <message>
+        <source>Show or hide the nodes below this one</source>
+        <translation>このノードの下のノードを表示または非表示にします</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagJoint</name>
+    <message>
+        <source>Joint</source>
+        <translation>ジョイント</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagMenu</name>
+    <message>
+        <source>Add Normal Tag</source>
+        <translation>法線タグを追加</translation>
+    </message>
+    <message>
+        <source>Let creases and normals of this mesh be edited</source>
+        <translation>このメッシュの折り目と法線を編集できるようにします</translation>
+    </message>
+    <message>
+        <source>Add BoneWeight Tag</source>
+        <translation>ボーンウェイトタグを追加</translation>
+    </message>
+    <message>
+        <source>Let bones move this mesh</source>
+        <translation>このメッシュをボーンで動かします</translation>
+    </message>
+    <message>
+        <source>Add Morph Tag</source>
+        <translation>モーフタグを追加</translation>
+    </message>
+    <message>
+        <source>Let this mesh have morphs</source>
+        <translation>このメッシュにモーフを持たせます</translation>
+    </message>
+    <message>
+        <source>Add Selection Tag</source>
+        <translation>選択タグを追加</translation>
+    </message>
+    <message>
+        <source>Remember a selection of this mesh</source>
+        <translation>このメッシュの選択を記憶します</translation>
+    </message>
+    <message>
+        <source>Add Constraint Tag</source>
+        <translation>コンストレイントタグを追加</translation>
+    </message>
+    <message>
+        <source>Let the player of the model move this bone by a rule</source>
+        <translation>モデルの再生側がこのボーンを規則で動かすようにします</translation>
+    </message>
+    <message>
+        <source>Add RigidBody Tag</source>
+        <translation>剛体タグを追加</translation>
+    </message>
+    <message>
+        <source>Give this bone a body for the physics of the player</source>
+        <translation>このボーンに物理演算用の剛体を付けます</translation>
+    </message>
+    <message>
+        <source>Add Joint Tag</source>
+        <translation>ジョイントタグを追加</translation>
+    </message>
+    <message>
+        <source>Hold two rigid bodies together at this bone</source>
+        <translation>このボーンで二つの剛体をつなぎます</translation>
+    </message>
+    <message>
+        <source>Add Group Tag</source>
+        <translation>グループタグを追加</translation>
+    </message>
+    <message>
+        <source>Switch the nodes below this one together</source>
+        <translation>このノードの下のノードをまとめて切り替えます</translation>
+    </message>
+    <message>
+        <source>Add Text Tag</source>
+        <translation>テキストタグを追加</translation>
+    </message>
+    <message>
+        <source>Write a note on this node</source>
+        <translation>このノードにメモを書きます</translation>
+    </message>
+    <message>
+        <source>Add Float Tag</source>
+        <translation>数値タグを追加</translation>
+    </message>
+    <message>
+        <source>Keep a number on this node</source>
+        <translation>このノードに数値を持たせます</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagMorph</name>
+    <message>
+        <source>Reset All MorphValue</source>
+        <translation>すべてのモーフ値をリセット</translation>
     </message>
 </context>
 <context>
@@ -3700,6 +4992,97 @@ Trying to Recover Files?</source>
     <message>
         <source>Name</source>
         <translation>名前</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagRigidBody</name>
+    <message>
+        <source>RigidBody</source>
+        <translation>剛体</translation>
+    </message>
+    <message>
+        <source>Sphere</source>
+        <translation>球</translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation>箱</translation>
+    </message>
+    <message>
+        <source>Capsule</source>
+        <translation>カプセル</translation>
+    </message>
+    <message>
+        <source>Kinematic</source>
+        <translation>ボーン追従</translation>
+    </message>
+    <message>
+        <source>Physics</source>
+        <translation>物理演算</translation>
+    </message>
+    <message>
+        <source>PhysFix</source>
+        <translation>物理演算 + ボーン位置合わせ</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagSelection</name>
+    <message>
+        <source>Selection</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>Restore Selection</source>
+        <translation>選択の復元</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagSelectionPage</name>
+    <message>
+        <source>Selection Info</source>
+        <translation>選択の情報</translation>
+    </message>
+    <message>
+        <source>Vertices %1, edges %2, faces %3, UV %4</source>
+        <translation>頂点 %1、辺 %2、面 %3、UV %4</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>復元</translation>
+    </message>
+    <message>
+        <source>Select what is remembered, and nothing else</source>
+        <translation>記憶したものだけを選択します</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>記憶</translation>
+    </message>
+    <message>
+        <source>Remember what is selected now</source>
+        <translation>今の選択を記憶します</translation>
+    </message>
+    <message>
+        <source>Load</source>
+        <translation>読み込み</translation>
+    </message>
+    <message>
+        <source>Select what is remembered besides the rest</source>
+        <translation>記憶したものを選択に加えます</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagText</name>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+</context>
+<context>
+    <name>KMTagTextPage</name>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
     </message>
 </context>
 <context>
@@ -3764,10 +5147,6 @@ Trying to Recover Files?</source>
         <translation>消去</translation>
     </message>
     <message>
-        <source>Delete the vertex, edge or face that is clicked</source>
-        <translation>クリックした頂点、辺、面を削除します</translation>
-    </message>
-    <message>
         <source>Universal</source>
         <translation>ユニバーサル</translation>
     </message>
@@ -3820,8 +5199,8 @@ Trying to Recover Files?</source>
         <translation>ウェイト</translation>
     </message>
     <message>
-        <source>Set the crease weights of edges</source>
-        <translation>辺の折り目ウェイトを設定します</translation>
+        <source>Select vertices and edges; a drag at one of them to the right or left changes how sharp subdivision leaves them</source>
+        <translation>頂点と辺を選択します。その上から左右にドラッグすると、サブディビジョンでの鋭さ（折り目ウェイト）が変わります</translation>
     </message>
     <message>
         <source>Pen</source>
@@ -3895,6 +5274,17 @@ Trying to Recover Files?</source>
         <source>Shape the surface with brushes</source>
         <translation>ブラシで面を成形します</translation>
     </message>
+    <message>
+        <source>Delete the vertex, edge, face or bone that is clicked</source>
+        <translation>クリックした頂点、辺、面、ボーンを削除します</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolAnimation</name>
+    <message>
+        <source>Edit Bonekey</source>
+        <translation>ボーンキーを編集</translation>
+    </message>
 </context>
 <context>
     <name>KMToolBar</name>
@@ -3921,6 +5311,76 @@ Trying to Recover Files?</source>
     <message>
         <source>Where the tools lie in the window</source>
         <translation>ウィンドウ内のツールの位置を選びます</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolBone</name>
+    <message>
+        <source>Make</source>
+        <translation>作成</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+</context>
+<context>
+    <name>KMToolBoneWeight</name>
+    <message>
+        <source>Add</source>
+        <translation>加算</translation>
+    </message>
+    <message>
+        <source>Subtract</source>
+        <translation>減算</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>ぼかし</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>消しゴム</translation>
+    </message>
+    <message>
+        <source>Select Bone</source>
+        <translation>ボーンを選択</translation>
+    </message>
+    <message>
+        <source>Select the mesh to be painted.</source>
+        <translation>ペイントするメッシュを選択してください。</translation>
+    </message>
+    <message>
+        <source>%1 is locked or hidden.</source>
+        <translation>%1 はロックまたは非表示です。</translation>
+    </message>
+    <message>
+        <source>Choose the bone: in the list, or by a click on it with Ctrl.</source>
+        <translation>ボーンを選んでください（リスト、またはCtrl+クリック）。</translation>
+    </message>
+    <message>
+        <source>Other Bone Not Found.</source>
+        <translation>反対側のボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>Paint BoneWeight</source>
+        <translation>ボーンウェイトをペイント</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>no weight</source>
+        <translation>ウェイトなし</translation>
+    </message>
+    <message>
+        <source>Vertex %1   %2</source>
+        <translation>頂点 %1   %2</translation>
     </message>
 </context>
 <context>
@@ -3981,6 +5441,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMToolWeight</name>
+    <message>
+        <source>Weight: %1    Change: %2</source>
+        <translation>ウェイト: %1    変化: %2</translation>
+    </message>
+</context>
+<context>
     <name>KMTransformEdit</name>
     <message>
         <source>A mesh can&apos;t have a scale of 0</source>
@@ -4008,6 +5475,76 @@ Trying to Recover Files?</source>
     <message>
         <source>Degrees about X first, then Y, then Z</source>
         <translation>X、Y、Z の順に回す角度(度)</translation>
+    </message>
+</context>
+<context>
+    <name>KMTransport</name>
+    <message>
+        <source>Current frame</source>
+        <translation>現在のフレーム</translation>
+    </message>
+    <message>
+        <source>Frames; the marks are keys, bright ones of selected bones</source>
+        <translation>フレーム。印はキーで、明るい印は選択中のボーンのものです</translation>
+    </message>
+</context>
+<context>
+    <name>KMTreeDock</name>
+    <message>
+        <source>Filter by name</source>
+        <translation>名前で絞り込み</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名前</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>表</translation>
+    </message>
+    <message>
+        <source>L</source>
+        <translation>錠</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>タグ</translation>
+    </message>
+    <message>
+        <source>Visible</source>
+        <translation>表示</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>ロック</translation>
+    </message>
+    <message>
+        <source>Fill the Panel</source>
+        <translation>パネルに合わせる</translation>
+    </message>
+    <message>
+        <source>Widths by Hand</source>
+        <translation>幅を手動で決める</translation>
+    </message>
+    <message>
+        <source>Fit to Contents</source>
+        <translation>内容に合わせる</translation>
+    </message>
+    <message>
+        <source>How wide the columns of the nodes are</source>
+        <translation>ノードの列の幅</translation>
+    </message>
+    <message>
+        <source>A node can hold only one %1</source>
+        <translation>ノードが持てる %1 は 1 つだけです</translation>
+    </message>
+    <message>
+        <source>Rename Tag</source>
+        <translation>タグ名の変更</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t hold another %2</source>
+        <translation>%1 に %2 をこれ以上付けられません</translation>
     </message>
 </context>
 <context>
@@ -4288,6 +5825,123 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>KMWeightPage</name>
+    <message>
+        <source>Vertices</source>
+        <translation>頂点</translation>
+    </message>
+    <message>
+        <source>Edges</source>
+        <translation>辺</translation>
+    </message>
+    <message>
+        <source>0</source>
+        <translation>0</translation>
+    </message>
+    <message>
+        <source>Max</source>
+        <translation>最大</translation>
+    </message>
+    <message>
+        <source>Selected vertices get weights, and clicks find vertices</source>
+        <translation>選択した頂点にウェイトを設定し、クリックで頂点を選択します</translation>
+    </message>
+    <message>
+        <source>Selected edges get weights, and clicks find edges</source>
+        <translation>選択した辺にウェイトを設定し、クリックで辺を選択します</translation>
+    </message>
+    <message>
+        <source>Subdivision rounds what is selected</source>
+        <translation>選択した要素はサブディビジョンで丸くなります</translation>
+    </message>
+    <message>
+        <source>Subdivision leaves what is selected sharp</source>
+        <translation>選択した要素はサブディビジョンしても鋭いまま残ります</translation>
+    </message>
+    <message>
+        <source>Crease weight of what is selected; empty where several differ</source>
+        <translation>選択した要素の折り目ウェイトです。異なる値が混ざっているときは空になります</translation>
+    </message>
+    <message>
+        <source>Weight</source>
+        <translation>ウェイト</translation>
+    </message>
+</context>
+<context>
+    <name>KMWeightTagPage</name>
+    <message>
+        <source>BoneWeightTag</source>
+        <translation>ボーンウェイトタグ</translation>
+    </message>
+    <message>
+        <source>Weights</source>
+        <translation>ウェイト数</translation>
+    </message>
+    <message>
+        <source>Bones</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>SDEF vertices</source>
+        <translation>SDEF 頂点</translation>
+    </message>
+    <message>
+        <source>SDEF Calc Method</source>
+        <translation>SDEF 計算方法</translation>
+    </message>
+    <message>
+        <source>Parent</source>
+        <translation>親</translation>
+    </message>
+    <message>
+        <source>Child</source>
+        <translation>子</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>両方</translation>
+    </message>
+    <message>
+        <source>SDEF BlendValue</source>
+        <translation>SDEF ブレンド値</translation>
+    </message>
+    <message>
+        <source>Auto Normalize</source>
+        <translation>自動正規化</translation>
+    </message>
+</context>
+<context>
+    <name>MorphComAssignMorph</name>
+    <message>
+        <source>&quot;
+already exists.
+Do you want to replace it?</source>
+        <translation>&quot;
+は既にあります。
+置き換えますか？</translation>
+    </message>
+    <message>
+        <source>Not found a candidate meshs.</source>
+        <translation>候補のメッシュが見つかりません。</translation>
+    </message>
+    <message>
+        <source>BaseMesh</source>
+        <translation>元のメッシュ</translation>
+    </message>
+    <message>
+        <source>MorphName</source>
+        <translation>モーフ名</translation>
+    </message>
+    <message>
+        <source>OnlySelected</source>
+        <translation>選択した頂点のみ</translation>
+    </message>
+    <message>
+        <source>Ratio</source>
+        <translation>比率</translation>
+    </message>
+</context>
+<context>
     <name>NodeComAssignShader</name>
     <message>
         <source>Shader Selection not found.</source>
@@ -4535,10 +6189,38 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>addBoneWeightCommand</name>
+    <message>
+        <source>Add BoneWeight</source>
+        <translation>ボーンウェイトを追加</translation>
+    </message>
+</context>
+<context>
+    <name>addDisplayItemCommand</name>
+    <message>
+        <source>Add DisplayItem</source>
+        <translation>表示項目の追加</translation>
+    </message>
+</context>
+<context>
+    <name>addDisplayNodeCommand</name>
+    <message>
+        <source>Add DisplayNode</source>
+        <translation>表示枠の追加</translation>
+    </message>
+</context>
+<context>
     <name>addFaceCommand</name>
     <message>
         <source>Add Face</source>
         <translation>面の追加</translation>
+    </message>
+</context>
+<context>
+    <name>addMorphCommand</name>
+    <message>
+        <source>Add MorphNode</source>
+        <translation>モーフを追加</translation>
     </message>
 </context>
 <context>
@@ -4633,6 +6315,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>deleteBoneWeightCommand</name>
+    <message>
+        <source>Delete BoneWeight</source>
+        <translation>ボーンウェイトを削除</translation>
+    </message>
+</context>
+<context>
     <name>deleteFaceCommand</name>
     <message>
         <source>Delete Face</source>
@@ -4700,6 +6389,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Edit Bone</source>
         <translation>ボーンを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editBoneWeightCommand</name>
+    <message>
+        <source>Edit BoneWeight</source>
+        <translation>ボーンウェイトを編集</translation>
     </message>
 </context>
 <context>
@@ -4773,6 +6469,27 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>editMorphDataCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation>モーフを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editMorphTypeCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation>モーフを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editMorphValueCommand</name>
+    <message>
+        <source>Edit MorphNode</source>
+        <translation>モーフを編集</translation>
+    </message>
+</context>
+<context>
     <name>editNormalCommand</name>
     <message>
         <source>Edit Normal</source>
@@ -4843,6 +6560,62 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>editTagBoneWeightCommand</name>
+    <message>
+        <source>Edit BoneWeight</source>
+        <translation>ボーンウェイトを編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagConstraintCommand</name>
+    <message>
+        <source>Edit Constraint</source>
+        <translation>コンストレイントの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagFloatCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation>タグの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagGroupCommand</name>
+    <message>
+        <source>Edit Group</source>
+        <translation>グループの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagJointCommand</name>
+    <message>
+        <source>Edit Joint</source>
+        <translation>ジョイントの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagRigidBodyCommand</name>
+    <message>
+        <source>Edit RigidBody</source>
+        <translation>剛体の編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagSelectionCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation>タグの編集</translation>
+    </message>
+</context>
+<context>
+    <name>editTagTextCommand</name>
+    <message>
+        <source>Edit Tag</source>
+        <translation>タグの編集</translation>
+    </message>
+</context>
+<context>
     <name>editTextureFilenameCommand</name>
     <message>
         <source>Edit Filename</source>
@@ -4870,12 +6643,47 @@ Trying to Recover Files?</source>
         <translation>アニメーションパネル</translation>
     </message>
     <message>
-        <source>Playback and the current frame of the motion stand here.</source>
-        <translation>モーションの再生と現在のフレームがここに表示されます。</translation>
-    </message>
-    <message>
         <source>Show or hide the playback of the motion</source>
         <translation>モーションの再生を表示または隠します</translation>
+    </message>
+</context>
+<context>
+    <name>kmanimationwidget</name>
+    <message>
+        <source>Animation</source>
+        <translation>アニメーション</translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation>回転</translation>
+    </message>
+    <message>
+        <source>Set Key</source>
+        <translation>キーを設定</translation>
+    </message>
+    <message>
+        <source>Keep the pose of the current bone as its key at this frame</source>
+        <translation>現在のボーンのポーズをこのフレームのキーにします</translation>
+    </message>
+    <message>
+        <source>Remove Key</source>
+        <translation>キーを削除</translation>
+    </message>
+    <message>
+        <source>Take away the key that the current bone has at this frame</source>
+        <translation>現在のボーンのこのフレームのキーを削除します</translation>
+    </message>
+    <message>
+        <source>No bone is selected</source>
+        <translation>ボーンが選択されていません</translation>
+    </message>
+    <message>
+        <source>Key of %1 at frame %2</source>
+        <translation>%1 のフレーム %2 のキー</translation>
+    </message>
+    <message>
+        <source>%1 has no key at frame %2</source>
+        <translation>%1 のフレーム %2 にはキーがありません</translation>
     </message>
 </context>
 <context>
@@ -4883,6 +6691,37 @@ Trying to Recover Files?</source>
     <message>
         <source>Attribute</source>
         <translation>属性</translation>
+    </message>
+</context>
+<context>
+    <name>kmbonewidget</name>
+    <message>
+        <source>Bones</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>The rig whose bones are shown</source>
+        <translation>ボーンを表示するリグ</translation>
+    </message>
+    <message>
+        <source>Bones are copied by Duplicate, and moved to another rig by their menu</source>
+        <translation>ボーンは「複製」でコピーし、ほかのリグへはメニューから移動します</translation>
+    </message>
+    <message>
+        <source>Move to Rig</source>
+        <translation>リグへ移動</translation>
+    </message>
+    <message>
+        <source>Move the selected bones with all below them to this rig</source>
+        <translation>選択中のボーンを配下ごとこのリグへ移動します</translation>
+    </message>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 はロックされています</translation>
+    </message>
+    <message>
+        <source>A bone can&apos;t stand below itself</source>
+        <translation>ボーンを自分自身の配下には置けません</translation>
     </message>
 </context>
 <context>
@@ -5197,24 +7036,8 @@ Trying to Recover Files?</source>
         <translation>ボーン</translation>
     </message>
     <message>
-        <source>The bones of the current container are listed here.</source>
-        <translation>現在のコンテナーのボーンがここに並びます。</translation>
-    </message>
-    <message>
-        <source>Animation</source>
-        <translation>アニメーション</translation>
-    </message>
-    <message>
-        <source>Frames and keys of the motion stand here.</source>
-        <translation>モーションのフレームとキーがここに出ます。</translation>
-    </message>
-    <message>
         <source>Setup</source>
         <translation>セットアップ</translation>
-    </message>
-    <message>
-        <source>Physics and display groups are set up here.</source>
-        <translation>物理と表示枠をここで設定します。</translation>
     </message>
     <message>
         <source>Select a node first</source>
@@ -5790,6 +7613,76 @@ Trying to Recover Files?</source>
         <source>Operation Panel</source>
         <translation>操作パネル</translation>
     </message>
+    <message>
+        <source>Toggle Dock Widgets</source>
+        <translation>ドックパネルの切り替え</translation>
+    </message>
+    <message>
+        <source>Hide all panels, or bring those back that were hidden together</source>
+        <translation>すべてのパネルを隠すか、まとめて隠したパネルを戻します</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>モーション</translation>
+    </message>
+    <message>
+        <source>BoneDeform</source>
+        <translation>ボーンデフォーム</translation>
+    </message>
+    <message>
+        <source>Let the bones that the mesh is weighted to move it</source>
+        <translation>ウェイトの付いたボーンでメッシュを動かします</translation>
+    </message>
+    <message>
+        <source>BoneWeight(&amp;T)</source>
+        <translation>ボーンウェイト(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Morph(&amp;M)</source>
+        <translation>モーフ(&amp;M)</translation>
+    </message>
+</context>
+<context>
+    <name>kmmorphreoderdialog</name>
+    <message>
+        <source>Reorder MorphNode</source>
+        <translation>モーフを並べ替え</translation>
+    </message>
+    <message>
+        <source>Selected as</source>
+        <translation>選択行の位置</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+</context>
+<context>
+    <name>kmmorphwidget</name>
+    <message>
+        <source>Morphs</source>
+        <translation>モーフ</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Select a mesh that has a morph tag.</source>
+        <translation>モーフタグのあるメッシュを選択してください。</translation>
+    </message>
+    <message>
+        <source>Morphs can&apos;t be copied by themselves</source>
+        <translation>モーフだけをコピーすることはできません</translation>
+    </message>
+    <message>
+        <source>Reorder MorphNode...</source>
+        <translation>モーフを並べ替え...</translation>
+    </message>
+    <message>
+        <source>Bring the morphs into another order</source>
+        <translation>モーフの順序を変えます</translation>
+    </message>
 </context>
 <context>
     <name>kmnodewidget</name>
@@ -5798,72 +7691,8 @@ Trying to Recover Files?</source>
         <translation>ノード</translation>
     </message>
     <message>
-        <source>Filter by name</source>
-        <translation>名前で絞り込み</translation>
-    </message>
-    <message>
         <source>Kind of the nodes that are shown</source>
         <translation>表示するノードの種類</translation>
-    </message>
-    <message>
-        <source>Name</source>
-        <translation>名前</translation>
-    </message>
-    <message>
-        <source>V</source>
-        <translation>表</translation>
-    </message>
-    <message>
-        <source>L</source>
-        <translation>錠</translation>
-    </message>
-    <message>
-        <source>Tags</source>
-        <translation>タグ</translation>
-    </message>
-    <message>
-        <source>Visible</source>
-        <translation>表示</translation>
-    </message>
-    <message>
-        <source>Locked</source>
-        <translation>ロック</translation>
-    </message>
-    <message>
-        <source>Rename Tag</source>
-        <translation>タグ名の変更</translation>
-    </message>
-    <message>
-        <source>Fill the Panel</source>
-        <translation>パネルに合わせる</translation>
-    </message>
-    <message>
-        <source>Widths by Hand</source>
-        <translation>幅を手動で決める</translation>
-    </message>
-    <message>
-        <source>Fit to Contents</source>
-        <translation>内容に合わせる</translation>
-    </message>
-    <message>
-        <source>How wide the columns of the nodes are</source>
-        <translation>ノードの列の幅</translation>
-    </message>
-    <message>
-        <source>Add Normal Tag</source>
-        <translation>法線タグの追加</translation>
-    </message>
-    <message>
-        <source>Let creases and normals of this mesh be edited</source>
-        <translation>このメッシュの折り目と法線を編集できるようにします</translation>
-    </message>
-    <message>
-        <source>A node can hold only one %1</source>
-        <translation>ノードが持てる %1 は 1 つだけです</translation>
-    </message>
-    <message>
-        <source>%1 can&apos;t hold another %2</source>
-        <translation>%1 に %2 をこれ以上付けられません</translation>
     </message>
 </context>
 <context>
@@ -5972,6 +7801,97 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>kmsetupwidget</name>
+    <message>
+        <source>Setup</source>
+        <translation>セットアップ</translation>
+    </message>
+    <message>
+        <source>Physics Sheet</source>
+        <translation>物理シート</translation>
+    </message>
+    <message>
+        <source>Show rigid bodies and joints of the rig in tables</source>
+        <translation>リグの剛体とジョイントを表で表示します</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>情報</translation>
+    </message>
+    <message>
+        <source>ModelName</source>
+        <translation>モデル名</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>日本語</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英語</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>コメント</translation>
+    </message>
+    <message>
+        <source>Display</source>
+        <translation>表示枠</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>項目</translation>
+    </message>
+    <message>
+        <source>not selected.</source>
+        <translation>選択されていません。</translation>
+    </message>
+    <message>
+        <source>Remove DisplayNode</source>
+        <translation>表示枠の削除</translation>
+    </message>
+    <message>
+        <source>Move DisplayNode</source>
+        <translation>表示枠の移動</translation>
+    </message>
+    <message>
+        <source>Remove DisplayItem</source>
+        <translation>表示項目の削除</translation>
+    </message>
+    <message>
+        <source>Move DisplayItem</source>
+        <translation>表示項目の移動</translation>
+    </message>
+    <message>
+        <source>Add DisplayItem</source>
+        <translation>表示項目の追加</translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation>作成</translation>
+    </message>
+    <message>
+        <source>Add a display group</source>
+        <translation>表示枠を追加します</translation>
+    </message>
+    <message>
+        <source>List the selected bones in the group</source>
+        <translation>選択したボーンを表示枠に加えます</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Remove the chosen groups</source>
+        <translation>選択した表示枠を削除します</translation>
+    </message>
+    <message>
+        <source>Take the chosen items out of the group</source>
+        <translation>選択した項目を表示枠から外します</translation>
+    </message>
+</context>
+<context>
     <name>kmshaderwidget</name>
     <message>
         <source>Shader</source>
@@ -6029,6 +7949,20 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>moveDisplayItemCommand</name>
+    <message>
+        <source>Move DisplayItem</source>
+        <translation>表示項目の移動</translation>
+    </message>
+</context>
+<context>
+    <name>moveDisplayNodeCommand</name>
+    <message>
+        <source>Move DisplayNode</source>
+        <translation>表示枠の移動</translation>
+    </message>
+</context>
+<context>
     <name>moveNodeCommand</name>
     <message>
         <source>Move Node</source>
@@ -6064,6 +7998,13 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>redrawTagCommand</name>
+    <message>
+        <source>Redraw Tag</source>
+        <translation>タグを再描画</translation>
+    </message>
+</context>
+<context>
     <name>reinfoNodeCommand</name>
     <message>
         <source>Edit Info</source>
@@ -6085,6 +8026,41 @@ Trying to Recover Files?</source>
     </message>
 </context>
 <context>
+    <name>removeDisplayItemCommand</name>
+    <message>
+        <source>Remove DisplayItem</source>
+        <translation>表示項目の削除</translation>
+    </message>
+</context>
+<context>
+    <name>removeDisplayNodeCommand</name>
+    <message>
+        <source>Remove DisplayNode</source>
+        <translation>表示枠の削除</translation>
+    </message>
+</context>
+<context>
+    <name>removeMorphCommand</name>
+    <message>
+        <source>Remove MorphNode</source>
+        <translation>モーフを削除</translation>
+    </message>
+</context>
+<context>
+    <name>removeSdefFlagCommand</name>
+    <message>
+        <source>Remove Sdef Flag</source>
+        <translation>SDEFフラグを解除</translation>
+    </message>
+</context>
+<context>
+    <name>renameDisplayNodeCommand</name>
+    <message>
+        <source>Rename DisplayNode</source>
+        <translation>表示枠の名前の変更</translation>
+    </message>
+</context>
+<context>
     <name>renameKMPNodeCommand</name>
     <message>
         <source>Rename Node</source>
@@ -6103,6 +8079,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Rename Tag</source>
         <translation>タグ名の変更</translation>
+    </message>
+</context>
+<context>
+    <name>reorderMorphCommand</name>
+    <message>
+        <source>Reorder MorphNode</source>
+        <translation>モーフを並べ替え</translation>
     </message>
 </context>
 <context>
@@ -6194,6 +8177,13 @@ Trying to Recover Files?</source>
     <message>
         <source>Set Movable</source>
         <translation>移動可能を設定</translation>
+    </message>
+</context>
+<context>
+    <name>setSdefFlagCommand</name>
+    <message>
+        <source>Set Sdef Flag</source>
+        <translation>SDEFフラグを設定</translation>
     </message>
 </context>
 <context>

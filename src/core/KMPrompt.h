@@ -45,6 +45,8 @@ struct KMOption
     double minimum = -1e9;
     double maximum = 1e9;
     QStringList choices = {};
+    double step = 1.0; ///< of the arrows of a Float
+    QString unit = {}; ///< behind the number of a Float
 };
 
 /// An option dialogue of a reader, a writer or a command, described so that it needs no window.

@@ -1,5 +1,6 @@
 #include "core/KMTagCommands.h"
 
+#include "core/KMBasePositions.h"
 #include "core/KMContainerNode.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
@@ -48,10 +49,10 @@ addTagCommand::~addTagCommand()
 void addTagCommand::apply(Direction direction)
 {
     m_applied = direction == Direction::Redo;
+    const KMBasePositions base(m_target); // at once: the next steps of a macro read positions
     m_tag->setDeleted(!m_applied);
     if (m_applied) {
         m_target->insertTag(m_index, m_tag);
-        m_tag->apply(); // at once: the next steps of a macro read positions
     } else {
         // Tags before it may have gone for good since, when the history let go of their deletion.
         m_index = m_target->indexOfTag(m_tag);
@@ -80,11 +81,8 @@ deleteTagCommand::~deleteTagCommand()
 void deleteTagCommand::apply(Direction direction)
 {
     m_applied = direction == Direction::Redo;
-    if (m_applied)
-        m_tag->unapply(); // nobody tells a deleted tag to take its offsets off
+    const KMBasePositions base(m_target);
     m_tag->setDeleted(m_applied);
-    if (!m_applied)
-        m_tag->apply();
     if (m_applied) {
         m_tag->setSelected(false);
         gSolution->forgetTag(m_tag);
@@ -107,6 +105,8 @@ moveTagCommand::moveTagCommand(KMTagBase *tag, KMContainerNode *target, int posi
 
 void moveTagCommand::apply(Direction direction)
 {
+    const KMBasePositions source(m_source);
+    const KMBasePositions target(m_target == m_source ? nullptr : m_target);
     if (direction == Direction::Redo) {
         m_source->removeTag(m_tag);
         m_target->insertTag(m_index, m_tag);
@@ -115,7 +115,6 @@ void moveTagCommand::apply(Direction direction)
         m_target->removeTag(m_tag);
         m_source->insertTag(indexOnSource(), m_tag);
     }
-    m_tag->apply();
     m_source->tagsChanged();
     if (m_target != m_source)
         m_target->tagsChanged();

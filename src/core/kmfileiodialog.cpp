@@ -30,6 +30,8 @@ QDoubleSpinBox *floatEditor(const KMOption &option)
     auto *box = new QDoubleSpinBox;
     box->setDecimals(4);
     box->setRange(option.minimum, option.maximum);
+    box->setSingleStep(option.step);
+    box->setSuffix(option.unit);
     box->setValue(option.value.toDouble());
     return box;
 }

@@ -120,8 +120,8 @@ Record readBone(KMDReadContext &context)
 
 Records readBones(KMDReadContext &context)
 {
-    constexpr int headBytes = 28;    // type and three ids
-    constexpr qint64 bodyFaces = 24; // what the shapes of a bone take is like that many faces of a mesh
+    constexpr int headBytes = 28;   // type and three ids
+    constexpr qint64 bodyFaces = 8; // of a mesh: lets ten thousand bones in, where models have hundreds
     Records records;
     for (int left = context.in.readCount(headBytes); left > 0 && context.in.ok(); --left) {
         if (!context.takeFaces(bodyFaces))

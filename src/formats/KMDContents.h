@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/KMSolution.h"
+#include "formats/KMDDisplayBlock.h"
 #include "formats/KMDViewParts.h"
 #include "math/Vector3.h"
 
@@ -63,6 +64,7 @@ struct KMDContents
     std::vector<KMDTextureRecord> textures;
     std::vector<KMDShaderRecord> shaders;
     std::vector<KMDNodeRecord> nodes;
+    std::vector<KMDDisplayRecord> displayGroups;
     QHash<quint64, KMNode *> objects; ///< what has an id in a record: nodes, bones; they belong to the records
 
     quint64 currentNode = 0;

@@ -1,8 +1,8 @@
 #include "formats/KMDMeshBody.h"
 
+#include "core/KMBasePositions.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDTagBodies.h"
-#include "mesh/KMBasePositions.h"
 #include "mesh/KMMeshNode.h"
 
 #include <QCoreApplication>
@@ -204,7 +204,7 @@ void KMDMeshBody::write(KMDOutput &out, const KMContainerNode *node)
     KMDNodeBodies::writeTransform(out, &mesh);
     const FileNumbers numbers{vertexNumbers(mesh), faceNumbers(mesh)};
     {
-        const KMBasePositions base(mesh.tags());
+        const KMBasePositions base(&mesh);
         writeVertices(out, mesh, countOf(numbers.vertices));
     }
     writeFaces(out, mesh, numbers);

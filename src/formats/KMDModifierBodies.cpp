@@ -9,6 +9,7 @@
 #include "modifiers/KMModSdvNode.h"
 #include "modifiers/KMModSolidNode.h"
 #include "modifiers/KMModSymNode.h"
+#include "rig/KMModBoneDeformNode.h"
 
 #include <algorithm>
 #include <cmath>
@@ -168,6 +169,11 @@ void read(KMDStream &in, KMModClonerNode &node)
     node.setParameters(p);
 }
 
+/// All that it works with hangs on other nodes.
+void write(KMDOutput &, const KMModBoneDeformNode &) {}
+
+void read(KMDStream &, KMModBoneDeformNode &) {}
+
 template <class Node>
 void read(KMDReadContext &context, Node &node)
 {
@@ -199,9 +205,13 @@ constexpr KMDNodeBody rowFor(int type)
 }
 
 constexpr KMDNodeBody bodies[] = {
-    rowFor<KMModClonerNode>(KMNodeType::ModCloner), rowFor<KMModSdvNode>(KMNodeType::ModSdv),
-    rowFor<KMModSymNode>(KMNodeType::ModSym),       rowFor<KMModFFDNode>(KMNodeType::ModFFD),
-    rowFor<KMModPipeNode>(KMNodeType::ModPipe),     rowFor<KMModSolidNode>(KMNodeType::ModSolid),
+    rowFor<KMModClonerNode>(KMNodeType::ModCloner),
+    rowFor<KMModSdvNode>(KMNodeType::ModSdv),
+    rowFor<KMModSymNode>(KMNodeType::ModSym),
+    rowFor<KMModFFDNode>(KMNodeType::ModFFD),
+    rowFor<KMModPipeNode>(KMNodeType::ModPipe),
+    rowFor<KMModSolidNode>(KMNodeType::ModSolid),
+    rowFor<KMModBoneDeformNode>(KMNodeType::ModBoneDeform),
 };
 
 } // namespace

@@ -97,7 +97,9 @@ bool KMDReader::parse(KMDStream &in, KMDContents &contents)
         KMDShelfBlocks::readShaders(in, contents);
     }
     readNodes(in, contents);
-    skipDisplayGroups(in);
+    KMDDisplayBlock::read(in, contents);
+    if (in.since(2.7f))
+        in.readI32();
     readCurrent(in, contents);
     skipSchematic(in);
     if (!in.ok())
@@ -204,26 +206,6 @@ void KMDReader::skipNode(KMDReadContext &context, int type)
             tr("The node %1 was left out: this release has none of its kind, %2").arg(name, nodeTypeName(type)));
     else
         context.in.fail(tr("A node of the unknown type 0x%1").arg(uint(type), 0, 16));
-}
-
-void KMDReader::skipDisplayGroups(KMDStream &in)
-{
-    constexpr int leastGroupBytes = 20;
-    constexpr int leastItemBytes = 16;
-    in.enterSection(tr("display groups"));
-    const int count = in.readCount(leastGroupBytes);
-    for (int i = 0; i < count && in.ok(); ++i) {
-        in.enterElement(i, count);
-        in.skip(12); // type and id
-        const QString name = in.readString();
-        for (int left = in.readCount(leastItemBytes); left > 0 && in.ok(); --left) {
-            in.skip(12);
-            in.readString();
-        }
-        in.warn(tr("The display group %1 was left out").arg(name));
-    }
-    if (in.since(2.7f))
-        in.readI32();
 }
 
 void KMDReader::readCurrent(KMDStream &in, KMDContents &contents)

@@ -51,7 +51,6 @@ private:
     void readNodes(KMDStream &in, KMDContents &contents);
     void readNode(KMDReadContext &context, KMDContents &contents);
     void skipNode(KMDReadContext &context, int type);
-    void skipDisplayGroups(KMDStream &in);
     void readCurrent(KMDStream &in, KMDContents &contents);
     void skipSchematic(KMDStream &in);
 

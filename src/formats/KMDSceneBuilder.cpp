@@ -117,6 +117,7 @@ void KMDSceneBuilder::addEverything()
     addTextures();
     addShaders();
     addNodes();
+    KMDDisplayBlock::build(m_contents);
     restoreRows();
     gProject->checkModifiers();
     qDebug() << "textures" << m_contents.textures.size() << "shaders" << m_contents.shaders.size() << "nodes"

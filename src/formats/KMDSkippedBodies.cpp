@@ -112,7 +112,6 @@ void skipWeights(Fields &f)
 
 constexpr Row nodeRows[] = {
     {KMNodeType::UserCamera, [](Fields &) {}},
-    {KMNodeType::ModBoneDeform, [](Fields &f) { f.transform().tags(); }},
     {KMNodeType::ModHair,
      [](Fields &f) {
          f.transform().f32(2).flag(2).i32(2).list([](Fields &point) { point.f32(2); }).f32(2).i32(2).f32(4).tags();
@@ -122,15 +121,12 @@ constexpr Row nodeRows[] = {
 
 constexpr Row tagRows[] = {
     {KMNodeType::TagSelection, &skipSelection},
-    {KMNodeType::TagText, [](Fields &f) { f.text(); }},
     {KMNodeType::TagMorph, [](Fields &f) { f.list(&skipMorph); }},
     {KMNodeType::TagNormal, &skipNormals},
     {KMNodeType::TagBoneWeight, &skipWeights},
     {KMNodeType::TagRigidBody, [](Fields &f) { f.id().i32(2).f32(8).flag().i32(2).f32(9); }},
     {KMNodeType::TagJoint, [](Fields &f) { f.id(3).f32(27); }},
     {KMNodeType::TagConstraint, [](Fields &f) { f.i32().id().f32().i32().f32().i32(); }},
-    {KMNodeType::TagFloatValue, [](Fields &) {}},
-    {KMNodeType::TagGroup, [](Fields &f) { f.i32(f.since(4.0f) ? 4 : 0); }},
 };
 
 template <class Rows>

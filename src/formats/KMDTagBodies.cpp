@@ -5,8 +5,12 @@
 #include "core/KMTagBase.h"
 #include "formats/KMDConstraintTag.h"
 #include "formats/KMDFormat.h"
+#include "formats/KMDMorphTag.h"
 #include "formats/KMDNormalTag.h"
+#include "formats/KMDPhysicsTags.h"
 #include "formats/KMDSkippedBodies.h"
+#include "formats/KMDSmallTags.h"
+#include "formats/KMDWeightTag.h"
 
 #include <QCoreApplication>
 
@@ -23,7 +27,11 @@ struct Texts
 const QVector<KMDTagBody> &bodies()
 {
     static const QVector<KMDTagBody> rows = {
+        {KMNodeType::TagMorph, &KMDMorphTag::make, &KMDMorphTag::write, &KMDMorphTag::read},
         {KMNodeType::TagNormal, &KMDNormalTag::make, &KMDNormalTag::write, &KMDNormalTag::read},
+        {KMNodeType::TagRigidBody, &KMDPhysicsTags::makeBody, &KMDPhysicsTags::writeBody, &KMDPhysicsTags::readBody},
+        {KMNodeType::TagJoint, &KMDPhysicsTags::makeJoint, &KMDPhysicsTags::writeJoint, &KMDPhysicsTags::readJoint},
+        {KMNodeType::TagBoneWeight, &KMDWeightTag::make, &KMDWeightTag::write, &KMDWeightTag::read},
         {KMNodeType::TagConstraint, &KMDConstraintTag::make, &KMDConstraintTag::write, &KMDConstraintTag::read},
     };
     return rows;
@@ -48,13 +56,14 @@ QList<const KMTagBase *> tagsToWrite(KMDOutput &out, const KMContainerNode *node
     return tags;
 }
 
-/// One normal tag counts, and each takes room for every face of its mesh, however short its record is.
+/// Such a tag takes room for every face or vertex of its mesh, however short its record is; one of a kind is usual.
 bool hasEnoughOf(int type, const KMContainerNode *node)
 {
     const QList<KMTagBase *> tags = node->tags();
-    return type == KMNodeType::TagNormal && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) {
-                                                return tag->type() == type;
-                                            }) >= KMD::MaxNormalTags;
+    const bool isLarge = type == KMNodeType::TagNormal || type == KMNodeType::TagMorph;
+    return isLarge && std::count_if(tags.begin(), tags.end(), [type](const KMTagBase *tag) {
+                          return tag->type() == type;
+                      }) >= KMD::MaxLargeTags;
 }
 
 bool canHold(int type, const KMContainerNode *node)
@@ -84,7 +93,7 @@ const KMDTagBody *KMDTagBodies::find(int type)
         if (body.type == type)
             return &body;
     }
-    return nullptr;
+    return KMDSmallTags::find(type);
 }
 
 void KMDTagBodies::writeTags(KMDOutput &out, const KMContainerNode *node)

@@ -4,6 +4,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "formats/KMDDisplayBlock.h"
 #include "formats/KMDFormat.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDShelfBlocks.h"
@@ -51,7 +52,7 @@ bool KMDWriter::write(QIODevice *device)
     KMDShelfBlocks::writeTextures(out);
     KMDShelfBlocks::writeShaders(out);
     writeNodes(out);
-    out.writeI32(0); // display groups
+    KMDDisplayBlock::write(out);
     out.writeI32(0);
     writeCurrent(out);
     writeSchematic(out);

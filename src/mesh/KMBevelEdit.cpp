@@ -1,6 +1,7 @@
 #include "mesh/KMBevelEdit.h"
 
 #include "core/KMSolution.h"
+#include "core/KMVertexFollower.h"
 #include "mesh/KMCornerMotion.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMMeshEdit.h"
@@ -75,12 +76,34 @@ void KMBevelEdit::push()
 
 void KMBevelEdit::makeVertices()
 {
+    QVector<KMVertexOrigin> origins;
     for (int i = 0; i < m_places.size(); ++i) {
         KMVertex record;
         record.pos = m_places.at(i);
         record.weight = m_mesh.vertex(m_shape.points().at(i).vertex)->weight;
         KMMeshEdit::addVertex(m_mesh, record);
+        origins << originOf(i);
     }
+    KMMeshEdit::tellVerticesMade(m_mesh, origins);
+}
+
+/// A point that moves beyond its face has what the border of the face has.
+KMVertexOrigin KMBevelEdit::originOf(int point) const
+{
+    const KMBevelShape::Point &home = m_shape.points().at(point);
+    const KMFace &face = *m_mesh.face(home.face);
+    const int next = cornerAfter(face, home.corner);
+    const int previous = cornerBefore(face, home.corner);
+    const Vector3 &origin = m_mesh.position(home.vertex);
+    Shares shares = sharesOf(m_places.at(point) - origin, m_mesh.position(face.indices[next]) - origin,
+                             m_mesh.position(face.indices[previous]) - origin);
+    shares = {std::max(shares.next, 0.0f), std::max(shares.previous, 0.0f)};
+    const float most = std::max(shares.next + shares.previous, 1.0f);
+    shares = {shares.next / most, shares.previous / most};
+    return {m_firstVertex + point,
+            {{{home.vertex, 1.0f - shares.next - shares.previous},
+              {face.indices[next], shares.next},
+              {face.indices[previous], shares.previous}}}};
 }
 
 void KMBevelEdit::makeFaces()

@@ -5,6 +5,7 @@
 #include "mesh/KMFace.h"
 
 class KMMeshNode;
+struct KMVertexOrigin;
 
 /// Writes a bevel into the mesh, as steps of the history; the caller opens the macro.
 class KMBevelEdit
@@ -30,7 +31,8 @@ private:
     int nearestPoint(int vertex, const kvm::Vector3 &to) const;
     void moveLines();
     void collectWeights();
-    kvm::Vector3 placeOf(int vertex) const; ///< also of one that isn't in the mesh yet
+    KMVertexOrigin originOf(int point) const; ///< by its place in its face
+    kvm::Vector3 placeOf(int vertex) const;   ///< also of one that isn't in the mesh yet
 
     KMMeshNode &m_mesh;
     const KMBevelShape &m_shape;

@@ -133,8 +133,9 @@ void Reader::readVertices(KMCopyBuffer::Mesh &mesh)
     mesh.vertices.resize(readCount(vertexBytes));
     m_places.clear();
     for (int i = 0; m_ok && i < mesh.vertices.size(); ++i) {
-        m_places.insert(take<qint32>(), i);
         KMCopyBuffer::Vertex &vertex = mesh.vertices[i];
+        vertex.index = take<qint32>();
+        m_places.insert(vertex.index, i);
         for (float *value : {&vertex.position.x, &vertex.position.y, &vertex.position.z, &vertex.weight})
             *value = takeFloat();
         take<quint64>();

@@ -20,7 +20,8 @@ public:
     struct Vertex
     {
         kvm::Vector3 position;
-        float weight;
+        float weight = 0.0f;
+        int index = -1; ///< in the mesh that it was copied from
     };
     struct Mesh
     {

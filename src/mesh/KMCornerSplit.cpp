@@ -7,16 +7,20 @@
 #include "mesh/KMMeshNode.h"
 
 #include <algorithm>
+#include <utility>
 
 int KMCornerSplit::addCopy(int vertex)
 {
-    return KMMeshEdit::addVertex(m_mesh, *m_mesh.vertex(vertex));
+    const int copy = KMMeshEdit::addVertex(m_mesh, *m_mesh.vertex(vertex));
+    m_origins << KMVertexOrigin::copyOf(vertex, copy);
+    return copy;
 }
 
 bool KMCornerSplit::apply()
 {
     if (m_moves.isEmpty())
         return false;
+    KMMeshEdit::tellVerticesMade(m_mesh, std::exchange(m_origins, {}));
     QVector<KMEdgeState> states; // of the edges by their new ends
     for (auto moves = m_moves.cbegin(); moves != m_moves.cend(); ++moves) {
         const KMFace before = *m_mesh.face(moves.key());

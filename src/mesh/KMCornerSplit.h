@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/KMVertexFollower.h"
+
 #include <QMap>
 #include <QVector>
 
@@ -28,5 +30,6 @@ private:
     };
 
     KMMeshNode &m_mesh;
-    QMap<int, QVector<Move>> m_moves; // by face
+    QMap<int, QVector<Move>> m_moves;  // by face
+    QVector<KMVertexOrigin> m_origins; // of the copies
 };

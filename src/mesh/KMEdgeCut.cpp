@@ -1,6 +1,7 @@
 #include "mesh/KMEdgeCut.h"
 
 #include "core/KMSolution.h"
+#include "core/KMVertexFollower.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMEdgeState.h"
 #include "mesh/KMFaceTiling.h"
@@ -83,6 +84,7 @@ public:
     QVector<int> addCut(const KMEdgeCut &cut);
     void splitFaces();
     void restoreEdges();
+    const QVector<KMVertexOrigin> &origins() const { return m_origins; } ///< of all new vertices
 
 private:
     bool isWhole(const KMFace &face) const
@@ -98,6 +100,7 @@ private:
     KMMeshNode &m_mesh;
     QHash<quint64, CutEdge> m_cuts;
     QVector<quint64> m_order;
+    QVector<KMVertexOrigin> m_origins;
     QVector<int> m_faces; // on the cut edges, each once
     std::vector<bool> m_isOnCut;
 };
@@ -140,19 +143,25 @@ int EdgeCutting::addVertexBetween(int a, int b, double ratio)
         vertex.pos[k] = float(from.pos[k] + (double(to.pos[k]) - from.pos[k]) * ratio);
     vertex.weight = float(from.weight + (double(to.weight) - from.weight) * ratio);
     vertex.flags = from.flags & to.flags;
-    return KMMeshEdit::addVertex(m_mesh, vertex);
+    const int made = KMMeshEdit::addVertex(m_mesh, vertex);
+    m_origins << KMVertexOrigin::between(a, b, float(ratio), made);
+    return made;
 }
 
 int EdgeCutting::addVertexInside(const KMFace &face, const Weights &weights)
 {
     KMVertex vertex;
+    KMVertexOrigin origin;
     vertex.flags = commonFlags(face.count, weights, [&](int c) { return m_mesh.vertex(face.indices[c])->flags; });
     for (int c = 0; c < face.count; ++c) {
         const KMVertex &corner = *m_mesh.vertex(face.indices[c]);
         vertex.pos += corner.pos * float(weights[size_t(c)]);
         vertex.weight += corner.weight * float(weights[size_t(c)]);
+        origin.sources[size_t(c)] = {face.indices[c], float(weights[size_t(c)])};
     }
-    return KMMeshEdit::addVertex(m_mesh, vertex);
+    origin.vertex = KMMeshEdit::addVertex(m_mesh, vertex);
+    m_origins << origin;
+    return origin.vertex;
 }
 
 void EdgeCutting::splitFaces()
@@ -245,6 +254,7 @@ QVector<QVector<int>> KMMeshEdit::cutEdges(KMMeshNode &mesh, const QVector<KMEdg
     }
     if (cutsAny) {
         cutting.splitFaces();
+        tellVerticesMade(mesh, cutting.origins());
         cutting.restoreEdges();
     }
     return vertices;

@@ -1,6 +1,7 @@
 #include "mesh/KMEdgeExtrude.h"
 
 #include "core/KMSolution.h"
+#include "core/KMVertexFollower.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
@@ -29,6 +30,7 @@ public:
             addQuad(edge);
         if (edges.isEmpty())
             return false;
+        KMMeshEdit::tellVerticesMade(m_mesh, m_origins);
         gSolution->push(new buildEdgeCommand(&m_mesh));
         for (const KMEdgeEnds &edge : std::as_const(edges)) {
             KMMeshEdit::selectEdge(m_mesh, edge.a, edge.b, false);
@@ -44,6 +46,7 @@ private:
 
     KMMeshNode &m_mesh;
     QHash<int, int> m_copies;
+    QVector<KMVertexOrigin> m_origins; // of the copies
 };
 
 /// The first one; a line only where there is nothing else.
@@ -65,6 +68,7 @@ int EdgeExtrusion::copyOf(int vertex)
         KMVertex copy = *m_mesh.vertex(vertex);
         copy.flags &= ~KMElementFlag::Selected;
         m_copies.insert(vertex, KMMeshEdit::addVertex(m_mesh, copy));
+        m_origins << KMVertexOrigin::copyOf(vertex, m_copies.value(vertex));
     }
     return m_copies.value(vertex);
 }

@@ -1,6 +1,7 @@
 #include "mesh/KMExtrusionEdit.h"
 
 #include "core/KMSolution.h"
+#include "core/KMVertexFollower.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMFaceTurn.h"
 #include "mesh/KMMeshEdit.h"
@@ -69,12 +70,15 @@ QVector<KMEdgeState> KMExtrusionEdit::weights() const
 
 void KMExtrusionEdit::addVertices(const QVector<kvm::Vector3> &positions)
 {
+    QVector<KMVertexOrigin> origins;
     for (int i = 0; i < positions.size(); ++i) {
+        const int source = m_shape.points().at(i).vertex;
         KMVertex record;
         record.pos = positions.at(i);
-        record.weight = m_mesh.vertex(m_shape.points().at(i).vertex)->weight;
-        KMMeshEdit::addVertex(m_mesh, record);
+        record.weight = m_mesh.vertex(source)->weight;
+        origins << KMVertexOrigin::copyOf(source, KMMeshEdit::addVertex(m_mesh, record));
     }
+    KMMeshEdit::tellVerticesMade(m_mesh, origins);
 }
 
 void KMExtrusionEdit::addCopy(const KMExtrusionShape::Face &face)

@@ -1,7 +1,9 @@
 #include "mesh/KMMeshEdit.h"
 
 #include "core/KMSolution.h"
+#include "core/KMTagBase.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMVertexFollower.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMFaceCommands.h"
 #include "mesh/KMMeshNode.h"
@@ -185,6 +187,18 @@ bool editFaceUV(KMMeshNode &mesh, int face, int corner, const kvm::Vector2 &uv)
     const KMFace *record = mesh.face(face);
     const bool changes = hasCorner(record, corner) && record->uvs[corner] != uv;
     return pushIf<editFaceUVCommand>(changes, mesh, face, corner, uv);
+}
+
+void tellVerticesMade(KMMeshNode &mesh, const QVector<KMVertexOrigin> &origins)
+{
+    if (origins.isEmpty())
+        return;
+    const QList<KMTagBase *> tags = mesh.tags();
+    for (KMTagBase *tag : tags) {
+        auto *follower = tag->isDeleted() ? nullptr : dynamic_cast<KMVertexFollower *>(tag);
+        if (follower)
+            follower->pushVerticesMade(origins);
+    }
 }
 
 void settleEdges(KMMeshNode &mesh)

@@ -3,9 +3,12 @@
 #include "math/Vector2.h"
 #include "math/Vector3.h"
 
+#include <QVector>
+
 class KMMeshNode;
 struct KMFace;
 struct KMVertex;
+struct KMVertexOrigin;
 
 /// Single undoable edits of a mesh: each makes its command and pushes it. An edit that would change nothing
 /// pushes nothing; what answers a bool says whether it pushed. Callers open the macro.
@@ -32,6 +35,10 @@ bool hideFace(KMMeshNode &mesh, int face, bool hidden);
 
 bool editFaceShader(KMMeshNode &mesh, int face, int shader);
 bool editFaceUV(KMMeshNode &mesh, int face, int corner, const kvm::Vector2 &uv);
+
+/// For edits that make vertices from others, once for all that they have made in a mesh and while their sources are
+/// there: gives the mesh's tags the occasion to push steps of their own (KMVertexFollower).
+void tellVerticesMade(KMMeshNode &mesh, const QVector<KMVertexOrigin> &origins);
 
 /// Derives the edges anew where edits before, within the same step, left them behind: for edits that go by the edges.
 void settleEdges(KMMeshNode &mesh);

@@ -1,9 +1,9 @@
 #include "mesh/KMMeshNode.h"
 
+#include "core/KMBasePositions.h"
 #include "core/KMNodeType.h"
 #include "core/KMTagBase.h"
 #include "core/KMVariantNode.h"
-#include "mesh/KMBasePositions.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshRenderData.h"
 #include "mesh/KMSmoothNormals.h"
@@ -138,7 +138,7 @@ KMMeshNode *KMMeshNode::clone() const
 {
     auto *copy = new KMMeshNode;
     {
-        const KMBasePositions base(tags()); // the copies of the tags lay their offsets on anew
+        const KMBasePositions base(this); // the copies of the tags lay their offsets on anew
         copy->copyRecords(*this);           // before the tags, which follow the records
     }
     copyNullTo(copy);

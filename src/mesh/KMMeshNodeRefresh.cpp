@@ -1,9 +1,9 @@
 // What the dirty bits of a mesh ask for.
 
+#include "core/KMBasePositions.h"
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
-#include "mesh/KMBasePositions.h"
 #include "mesh/KMFetchAhead.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
@@ -84,7 +84,7 @@ bool KMMeshNode::refreshPositions(quint32 mask, bool areCornersRead)
     if (mask & Positions) {
         // Tags that lay offsets on the positions take them back and lay them on anew.
         {
-            const KMBasePositions laidAnew(tags());
+            const KMBasePositions laidAnew(this);
         }
         computeNormals(mask & ~KeepRecords, areCornersRead);
         markRenderDirty(RenderVertices);
@@ -244,8 +244,11 @@ void KMMeshNode::refreshAfterEdit()
     refreshMesh(m_dirtyMask);
 }
 
+/// Rigs are refreshed after the meshes, and a pose marks those that follow it.
 void KMMeshNode::notifyDependents()
 {
+    if (m_dirtyMask == Positions && !m_modifiers.isEmpty())
+        refreshMesh(m_dirtyMask);
     beginFrame();
     if (m_chainPending)
         evaluateModifiers();

@@ -1,6 +1,6 @@
 // Flags of the elements of a mesh, and what is remembered of the selection.
 
-#include "mesh/KMBasePositions.h"
+#include "core/KMBasePositions.h"
 #include "mesh/KMMeshNode.h"
 
 #include <algorithm>
@@ -147,7 +147,7 @@ void KMMeshNode::joinSelectionCache(int i)
 
 void KMMeshNode::rememberPositions(bool tellChildren)
 {
-    const KMBasePositions base(tellChildren ? tags() : QList<KMTagBase *>());
+    const KMBasePositions base(tellChildren ? this : nullptr);
     m_memoryPositions.fill(0.0f, 3 * vertexCount());
     float *out = m_memoryPositions.data();
     for (const KMVertex *vertex : vertices()) {

@@ -3,6 +3,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMVertexFollower.h"
 #include "mesh/KMCopyBuffer.h"
 #include "mesh/KMEdgeCommands.h"
 #include "mesh/KMMeshEdit.h"
@@ -10,7 +11,6 @@
 #include "mesh/KMMeshSelect.h"
 #include "mesh/KMMeshTargets.h"
 #include "mesh/KMSymmetryPlane.h"
-#include "mesh/KMVertexCommands.h"
 
 #include <QCoreApplication>
 
@@ -58,12 +58,14 @@ private:
     void prepareMesh(const KMCopyBuffer::Mesh &copied);
     KMCopyBuffer::Face prepared(const KMCopyBuffer::Face &copied) const;
     int indexOf(const KMCopyBuffer::Vertex &vertex);
+    bool isStillThere(const KMCopyBuffer::Vertex &vertex) const;
     bool standsThere(const KMFace &face) const;
     void pushWeights();
 
     KMMeshNode &m_mesh;
     KMMeshPaste::Kind m_kind;
     KMSymmetryPlane m_plane;
+    bool m_isOwn = false;                     // what is being prepared was copied from this mesh
     std::map<Place, int> m_places;            // vertices of the mesh that can be joined to
     QVector<KMCopyBuffer::Vertex> m_vertices; // new ones; they follow those of the mesh
     QVector<KMCopyBuffer::Face> m_faces;      // with indices of the mesh
@@ -75,6 +77,8 @@ int Pasting::indexOf(const KMCopyBuffer::Vertex &vertex)
     KMCopyBuffer::Vertex placed = vertex;
     if (m_kind == KMMeshPaste::Kind::Mirror)
         placed.position = m_plane.reflected(vertex.position);
+    if (!isStillThere(vertex))
+        placed.index = -1;
     const auto known = m_places.find(placeOf(placed.position));
     if (known != m_places.end())
         return known->second;
@@ -82,10 +86,18 @@ int Pasting::indexOf(const KMCopyBuffer::Vertex &vertex)
     return m_mesh.vertexCount() + m_vertices.size() - 1;
 }
 
+/// In the mesh that gets the copy, under its number and at its place, so that the copy can have what hangs on it.
+bool Pasting::isStillThere(const KMCopyBuffer::Vertex &vertex) const
+{
+    const KMVertex *record = m_isOwn ? m_mesh.vertex(vertex.index) : nullptr;
+    return record && record->pos == vertex.position;
+}
+
 void Pasting::prepareMesh(const KMCopyBuffer::Mesh &copied)
 {
     QVector<KMCopyBuffer::Face> faces;
     QVector<int> indices(copied.vertices.size(), -1);
+    m_isOwn = copied.source == quint64(reinterpret_cast<quintptr>(&m_mesh));
     for (const KMCopyBuffer::Face &face : copied.faces) {
         KMCopyBuffer::Face added = prepared(face);
         for (int c = 0; c < added.face.count; ++c) {
@@ -128,13 +140,17 @@ bool Pasting::standsThere(const KMFace &face) const
 
 void Pasting::push()
 {
+    QVector<KMVertexOrigin> origins;
     for (const KMCopyBuffer::Vertex &vertex : std::as_const(m_vertices)) {
         KMVertex record;
         record.pos = vertex.position;
         record.weight = vertex.weight;
         record.flags = KMElementFlag::Selected;
-        gSolution->push(new addVertexCommand(&m_mesh, record));
+        const int made = KMMeshEdit::addVertex(m_mesh, record);
+        if (vertex.index >= 0)
+            origins << KMVertexOrigin::copyOf(vertex.index, made);
     }
+    KMMeshEdit::tellVerticesMade(m_mesh, origins);
     for (const KMCopyBuffer::Face &added : std::as_const(m_faces))
         KMMeshEdit::addFace(m_mesh, added.face);
     gSolution->push(new buildEdgeCommand(&m_mesh));

@@ -1,5 +1,6 @@
 #include "modifiers/KMFreezeModifiers.h"
 
+#include "core/KMBasePositions.h"
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
@@ -31,11 +32,23 @@ void carryTags(const KMMeshNode &source, KMMeshNode &shape)
     }
 }
 
+/// A frozen shape is the base of what morphs do to it.
+void takeMorphsOff(KMMeshNode &mesh)
+{
+    const KMBasePositions base(&mesh);
+    const QList<KMTagBase *> tags = mesh.tags();
+    for (KMTagBase *tag : tags) {
+        if (tag->type() == KMNodeType::TagMorph)
+            tag->setDeleted(true);
+    }
+}
+
 } // namespace
 
-std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source)
+std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source, const Carry &carry)
 {
     KMChainCopy copy(source);
+    takeMorphsOff(*copy.source());
     copy.evaluate();
     const KMMeshNode *result = copy.last();
     if (!result || result->vertexCount() == 0)
@@ -47,6 +60,8 @@ std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source)
     shape->setTransform(source.transform());
     KMResultNormals::settle(*result, *shape);
     carryTags(source, *shape);
+    if (carry)
+        carry(source, *shape);
     shape->compact(); // a symmetry leaves image vertices without faces
     if (shape->vertexCount() == 0)
         return nullptr;
@@ -67,12 +82,12 @@ QString KMFreezeModifiers::obstacle(const KMMeshNode &mesh)
     return mesh.item() ? QString() : tr("invald items.");
 }
 
-int KMFreezeModifiers::freezeModifiers(KMMeshNode *mesh)
+int KMFreezeModifiers::freezeModifiers(KMMeshNode *mesh, const Carry &carry)
 {
     if (mesh->isLocked())
         return 0;
     const QString reason = obstacle(*mesh);
-    std::unique_ptr<KMMeshNode> shape = reason.isEmpty() ? shapeOf(*mesh) : nullptr;
+    std::unique_ptr<KMMeshNode> shape = reason.isEmpty() ? shapeOf(*mesh, carry) : nullptr;
     if (!shape) {
         gSolution->showMessage(reason.isEmpty() ? tr("faled mesh freeze.") : reason, messageLevel);
         return 0;

@@ -239,6 +239,14 @@ void KMModClonerNode::onWeightChanged()
         KMResultCopy::copyWeights(*from, *modMesh(), m_vertexMap, m_copySize * k);
 }
 
+void KMModClonerNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
+{
+    if (!weights.begin(input))
+        return;
+    for (int k = 0; k < m_copies; ++k)
+        weights.carry(m_vertexMap, m_copySize * k);
+}
+
 bool KMModClonerNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
 {
     KMResultCopy::copyUVsByOrigin(input, result, m_origins, windingOf(m_parameters));

@@ -192,6 +192,18 @@ void KMModFFDNode::onShaderChanged()
 
 void KMModFFDNode::updateTags()
 {
+    KMModifierNode::updateTags();
+    carryNormals();
+}
+
+void KMModFFDNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
+{
+    if (weights.begin(input))
+        weights.carry(m_vertexMap);
+}
+
+void KMModFFDNode::carryNormals()
+{
     const KMMeshNode *from = input();
     if (from && m_normals.begin(*from))
         m_normals.carry(

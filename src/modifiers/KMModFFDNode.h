@@ -59,7 +59,7 @@ public:
 
     void setTransform(const KMTransform &transform) override;
     QList<KMContainerNode *> evaluatedMeshes() const override;
-    void onVertexFlagsChanged() override { updateTags(); }
+    void onVertexFlagsChanged() override { carryNormals(); }
     void onWeightChanged() override;
     void onShaderChanged() override;
     void onModMeshEdited(KMMeshNode *mesh) override; ///< the result follows the lattice
@@ -73,8 +73,10 @@ protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
     bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
+    void carryWeights(const KMMeshNode &input, KMResultWeights &weights) override;
 
 private:
+    void carryNormals();
     KMTransform place() const; ///< its transform, as far as arithmetic can go on with it
     Parameters accepted(const Parameters &parameters) const;
 

@@ -129,6 +129,21 @@ void KMModPipeNode::onWeightChanged()
     }
 }
 
+/// Caps go with the ends.
+void KMModPipeNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
+{
+    if (!weights.begin(input))
+        return;
+    for (const KMPipeChain &chain : m_chains) {
+        for (const KMPipeNode &node : chain.nodes()) {
+            for (const int ringVertex : node.ringVertices)
+                weights.carryOne(node.vertex, ringVertex);
+        }
+        weights.carryOne(chain.nodes().front().vertex, chain.startCapVertex());
+        weights.carryOne(chain.nodes().back().vertex, chain.endCapVertex());
+    }
+}
+
 void KMModPipeNode::onShaderChanged()
 {
     if (const KMMeshNode *from = input())

@@ -58,6 +58,7 @@ protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
     bool takeUVs(const KMMeshNode &, KMMeshNode &) override { return true; } // it makes its own
+    void carryWeights(const KMMeshNode &input, KMResultWeights &weights) override;
     void freeTables() override;
 
 private:

@@ -4,6 +4,7 @@
 #include "core/KMVariantNode.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
+#include "modifiers/KMCarriedTag.h"
 #include "modifiers/KMResultCopy.h"
 #include "modifiers/KMResultLimit.h"
 #include "modifiers/KMSdvSurface.h"
@@ -214,6 +215,7 @@ void KMModSdvNode::onWeightChanged()
     }
     if (!m_surface->updateCreases(*from, m_vertexMap, *modMesh()))
         return refresh();
+    source()->markNotify(KMCarriedTag::Changed); // weights are subdivided with the creases
     update();
 }
 
@@ -228,6 +230,33 @@ void KMModSdvNode::onShaderChanged()
 
 void KMModSdvNode::updateTags()
 {
+    KMModifierNode::updateTags();
+    checkNormals();
+}
+
+void KMModSdvNode::checkNormals()
+{
     if (modMesh()->vertexCount() > 0 && takesNormals() != m_areNormalsTaken)
         refresh();
+}
+
+/// They are subdivided as the positions are. The cage numbers the vertices of the input without its empty slots.
+void KMModSdvNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
+{
+    if (!weights.begin(input))
+        return;
+    if (!m_surface)
+        return weights.carry(m_vertexMap);
+    QVector<int> slotOf;
+    for (int i = 0; i < m_vertexMap.size(); ++i) {
+        if (m_vertexMap.at(i) >= 0)
+            slotOf.append(i);
+    }
+    QVector<int> sources;
+    m_surface->vertexStencils().forEach([&](int vertex, const int *indices, const float *ratios, int count) {
+        sources.clear();
+        for (int k = 0; k < count; ++k)
+            sources.append(slotOf.at(indices[k]));
+        weights.carryMixed(sources.constData(), ratios, count, vertex);
+    });
 }

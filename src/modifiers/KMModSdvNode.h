@@ -42,7 +42,7 @@ public:
     void setParameters(const Parameters &parameters);
 
     void copyFaceFlags() override;
-    void onPositionsChanged() override { updateTags(); }
+    void onPositionsChanged() override { checkNormals(); }
     void onWeightChanged() override;
     void onShaderChanged() override;
     void updateTags() override;
@@ -55,9 +55,11 @@ protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
     bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
+    void carryWeights(const KMMeshNode &input, KMResultWeights &weights) override;
     void freeTables() override;
 
 private:
+    void checkNormals();
     void enter(KMVariantNode *node, const QString &objectName, const QString &label);
     int level() const;
     bool takesNormals() const;

@@ -219,6 +219,15 @@ void KMModSolidNode::onWeightChanged()
         KMResultCopy::copyWeights(*from, *modMesh(), *map);
 }
 
+/// Likewise.
+void KMModSolidNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
+{
+    if (!weights.begin(input))
+        return;
+    for (const QVector<int> *map : {&m_vertexMap, &m_offsetMap})
+        weights.carry(*map);
+}
+
 bool KMModSolidNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
 {
     KMResultCopy::copyUVs(input, result, m_faceMap, windingOf(Shell::First));

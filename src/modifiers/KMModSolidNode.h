@@ -58,6 +58,7 @@ protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
     bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
+    void carryWeights(const KMMeshNode &input, KMResultWeights &weights) override;
     void freeTables() override;
 
 private:

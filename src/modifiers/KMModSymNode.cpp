@@ -195,7 +195,7 @@ void KMModSymNode::copyFaceFlags()
 
 void KMModSymNode::onVertexFlagsChanged()
 {
-    updateTags();
+    carryNormals();
 }
 
 void KMModSymNode::onWeightChanged()
@@ -218,6 +218,22 @@ void KMModSymNode::onShaderChanged()
 }
 
 void KMModSymNode::updateTags()
+{
+    KMModifierNode::updateTags();
+    carryNormals();
+}
+
+/// Vertices of the seam stand for both halves and keep the weights of the first.
+void KMModSymNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
+{
+    if (!weights.begin(input))
+        return;
+    weights.carry(m_vertexMap);
+    for (int i = 0; i < m_vertexMap.size(); ++i)
+        weights.carryMirrored(i, m_vertexMap.at(i) < 0 ? -1 : m_vertexMap.at(i) + m_weldState.size());
+}
+
+void KMModSymNode::carryNormals()
 {
     const KMMeshNode *from = input();
     if (!from || !m_normals.begin(*from))

@@ -55,6 +55,7 @@ protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
     bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
+    void carryWeights(const KMMeshNode &input, KMResultWeights &weights) override;
     void freeTables() override;
 
 private:
@@ -64,6 +65,7 @@ private:
         float d;
     };
 
+    void carryNormals();
     Plane plane() const;
     bool placeHalves(const KMMeshNode &input, KMMeshNode &result);
     void weld(int i, KMMeshNode &result);

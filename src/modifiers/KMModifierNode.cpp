@@ -8,6 +8,7 @@
 
 KMModifierNode::KMModifierNode(int type, const QString &name)
     : m_modMesh(new KMMeshNode)
+    , m_weights(*m_modMesh)
 {
     setType(type);
     setName(name);
@@ -103,6 +104,12 @@ void KMModifierNode::copyFaceFlags()
         if (from->face(f) && m_modMesh->face(m_faceMap.at(f)))
             KMResultCopy::copyFlags(from->face(f), *m_modMesh, m_faceMap.at(f));
     }
+}
+
+void KMModifierNode::updateTags()
+{
+    if (const KMMeshNode *from = input())
+        carryWeights(*from, m_weights);
 }
 
 /// While the result is made anew the stages behind wait for the same.

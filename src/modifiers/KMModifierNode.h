@@ -2,6 +2,7 @@
 
 #include "core/KMNullNode.h"
 #include "mesh/KMMeshModifier.h"
+#include "modifiers/KMResultWeights.h"
 
 #include <QVector>
 
@@ -49,7 +50,7 @@ public:
     void onWeightChanged() override {}
     void onShaderChanged() override {}
     void onModMeshEdited(KMMeshNode *) override {}
-    void updateTags() override {}
+    void updateTags() override; ///< the weights; those who carry more begin with this
 
     // From elements of the input to those of the result; -1 for what has none, or isn't in the table
 
@@ -78,6 +79,8 @@ protected:
     virtual bool updateResult(const KMMeshNode &input, KMMeshNode &result) = 0;
     /// The input has other UVs on the same faces: copies them. False where the result has to be made anew for that.
     virtual bool takeUVs(const KMMeshNode &, KMMeshNode &) { return false; }
+    /// Gives the weights of the input to the vertices of the result that came of them.
+    virtual void carryWeights(const KMMeshNode &, KMResultWeights &) {}
     void passUVsOn();            ///< the result has other UVs on the same faces: the stages behind take them over
     virtual void freeTables() {} ///< of the subclass: there is no result any more
 
@@ -102,6 +105,7 @@ private:
     void clearTables();
 
     KMMeshNode *m_modMesh; // owned
+    KMResultWeights m_weights;
     KMMeshNode *m_source = nullptr;
     KMMeshModifier *m_previous = nullptr;
     KMMeshModifier *m_next = nullptr;

@@ -31,6 +31,15 @@ public:
         }
     }
 
+    /// Calls visit(i, indices, weights, count) with the summands of each value, in order.
+    template <class Visit>
+    void forEach(Visit visit) const
+    {
+        int first = 0;
+        for (int i = 0; i < m_size; first += m_sizes[i++])
+            visit(i, m_indices + first, m_weights + first, m_sizes[i]);
+    }
+
 private:
     friend class KMSdvRefiner;
 

@@ -23,6 +23,8 @@ public:
     bool updateCreases(const KMMeshNode &mesh, const QVector<int> &vertexMap, KMMeshNode &result);
     /// Positions of the mesh to those of the result, allocating nothing.
     void move(const KMMeshNode &mesh, const QVector<int> &vertexMap, KMMeshNode &result);
+    /// Which vertices of the cage each vertex of the result is a weighted sum of.
+    const KMSdvStencils &vertexStencils() const { return m_stencils; }
     /// Corner normals of the mesh to those of the result, allocating nothing. Answers false when they are parted in
     /// other places now, so that the surface has to be made anew.
     bool moveNormals(const KMMeshNode &mesh, KMMeshNode &result);

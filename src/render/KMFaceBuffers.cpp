@@ -9,7 +9,7 @@ namespace {
 
 constexpr int cornerOrder[] = {0, 1, 2, 2, 3, 0}; // of the two triangles of a quad
 
-int elementsOf(const KMFace &face)
+int elementCount(const KMFace &face)
 {
     return face.isPolygon() ? 3 * (face.count - 2) : 0;
 }
@@ -39,7 +39,7 @@ private:
 
 void writePositions(const KMFace &face, KMVertex *const *vertices, KMFaceElement *element)
 {
-    for (int k = 0, count = elementsOf(face); k < count; ++k, ++element) {
+    for (int k = 0, count = elementCount(face); k < count; ++k, ++element) {
         const int corner = cornerOrder[k];
         const KMVertex *vertex = vertices[face.indices[corner]];
         element->vertex = vertex ? vertex->pos : kvm::Vector3(); // a corner may have lost its vertex for a while
@@ -48,13 +48,26 @@ void writePositions(const KMFace &face, KMVertex *const *vertices, KMFaceElement
     }
 }
 
-void writeColors(const KMFace &face, const KMFaceStyle &style, KMFaceElement *element)
+void writeToolColors(const KMMeshNode &mesh, const KMFace &face, const KMVertexColors &colors, KMFaceElement *element)
 {
+    kvm::Vector4 corners[4];
+    for (int c = 0; c < face.count; ++c)
+        corners[c] = colors.vertexColor(mesh, face.indices[c]);
+    for (int k = 0, count = elementCount(face); k < count; ++k, ++element) {
+        element->color = corners[cornerOrder[k]];
+        element->status = element->color.w;
+    }
+}
+
+void writeColors(const KMMeshNode &mesh, const KMFace &face, const KMFaceStyle &style, KMFaceElement *element)
+{
+    if (style.colors)
+        return writeToolColors(mesh, face, *style.colors, element);
     const bool isHot = face.hasFlag(KMElementFlag::Hot | KMElementFlag::HotSecond);
     const bool isMarked = isHot || face.hasFlag(KMElementFlag::Selected);
     const kvm::Vector4 color = !isMarked ? kvm::Vector4() : isHot ? style.hot : style.selected;
     const float status = isMarked ? style.blend : 0.0f;
-    for (int k = 0, count = elementsOf(face); k < count; ++k, ++element) {
+    for (int k = 0, count = elementCount(face); k < count; ++k, ++element) {
         element->color = color;
         element->status = status;
     }
@@ -79,16 +92,20 @@ struct KMFaceBuffers::Mapped
 
 void KMFaceBuffers::update(const KMMeshNode &mesh, const KMFaceStyle &style)
 {
-    if (!(style == m_style)) {
+    QVector<int> repainted;
+    const auto change = m_colors.follow(mesh, style.colors, repainted);
+    if (!(style == m_style) || change == KMVertexColorFollower::Change::All) {
         m_style = style;
         markStale(Colors);
     }
-    if (stale() == 0)
+    if (stale() == 0 && repainted.isEmpty())
         return;
     if (needsBuild())
         build(mesh);
     if (stale() & (Positions | Colors))
         writeElements(mesh, stale(), style);
+    if (!(stale() & Colors) && !repainted.isEmpty())
+        repaint(mesh, repainted, style);
     if (stale() & Visibility)
         writeIndices(mesh);
     finishUpdate();
@@ -105,7 +122,7 @@ void KMFaceBuffers::build(const KMMeshNode &mesh)
     for (KMFace *face : mesh.liveFaces()) {
         const size_t group = size_t(groupOf(face->shader));
         room.resize(m_groups.size(), 0);
-        const int count = elementsOf(*face);
+        const int count = elementCount(*face);
         for (int k = 0; k < 6; ++k)
             face->drawIndices[k] = k < count ? room[group] + k : -1;
         room[group] += count;
@@ -140,18 +157,48 @@ void KMFaceBuffers::writeElements(const KMMeshNode &mesh, quint32 parts, const K
     GroupLookup groupOfShader(m_shaderToGroup);
     KMVertex *const *vertices = mesh.vertices().constData();
     for (const KMFace *face : mesh.liveFaces()) {
-        const int group = groupOfShader(face->shader);
-        if (group < 0 || !mapped.memory[size_t(group)] || face->drawIndices[0] < 0
-            || face->drawIndices[0] + elementsOf(*face) > m_groups[size_t(group)]->elementCount)
+        KMFaceElement *element = elementsOf(mapped, *face, groupOfShader(face->shader));
+        if (!element)
             continue;
-        KMFaceElement *element = mapped.memory[size_t(group)] + face->drawIndices[0];
         if (parts & Positions)
             writePositions(*face, vertices, element);
         if (parts & Colors)
-            writeColors(*face, style, element);
+            writeColors(mesh, *face, style, element);
     }
     for (size_t i = 0; i < m_groups.size(); ++i)
         m_groups[i]->built = m_groups[i]->built || mapped.memory[i];
+}
+
+/// Null for a face that has no place, or when the driver refused the memory.
+KMFaceElement *KMFaceBuffers::elementsOf(const Mapped &mapped, const KMFace &face, int group) const
+{
+    if (group < 0 || !mapped.memory[size_t(group)] || face.drawIndices[0] < 0
+        || face.drawIndices[0] + elementCount(face) > m_groups[size_t(group)]->elementCount)
+        return nullptr;
+    return mapped.memory[size_t(group)] + face.drawIndices[0];
+}
+
+void KMFaceBuffers::repaint(const KMMeshNode &mesh, const QVector<int> &vertices, const KMFaceStyle &style)
+{
+    const Mapped mapped(m_groups);
+    if (std::find(mapped.memory.begin(), mapped.memory.end(), nullptr) != mapped.memory.end()) {
+        markStale(Colors);
+        noteRefusal();
+    }
+    GroupLookup groupOfShader(m_shaderToGroup);
+    std::vector<int> faces;
+    for (const int i : vertices) {
+        if (const KMVertex *vertex = mesh.vertex(i))
+            faces.insert(faces.end(), vertex->faceRefs.begin(), vertex->faceRefs.end());
+    }
+    std::sort(faces.begin(), faces.end());
+    faces.erase(std::unique(faces.begin(), faces.end()), faces.end());
+    for (const int f : faces) {
+        const KMFace *face = mesh.face(f);
+        KMFaceElement *element = face ? elementsOf(mapped, *face, groupOfShader(face->shader)) : nullptr;
+        if (element)
+            writeColors(mesh, *face, style, element);
+    }
 }
 
 void KMFaceBuffers::writeIndices(const KMMeshNode &mesh)
@@ -177,7 +224,7 @@ void KMFaceBuffers::writeIndices(const KMMeshNode &mesh)
         if (!face->drawn || number < 0 || !*maps[size_t(number)])
             continue;
         RenderGroup &group = *m_groups[size_t(number)];
-        const int count = elementsOf(*face);
+        const int count = elementCount(*face);
         if (face->drawIndices[0] < 0 || group.indexCount + count > group.elementCount)
             continue;
         quint32 *index = maps[size_t(number)]->data() + group.indexCount;

@@ -16,11 +16,12 @@ struct KMFaceStyle
 {
     kvm::Vector4 selected;
     kvm::Vector4 hot;
-    float blend = 0.0f; ///< strength of the two, 0 to 1
+    float blend = 0.0f;                     ///< strength of the two, 0 to 1
+    const KMVertexColors *colors = nullptr; ///< replaces them; the fourth value is the strength
 
     bool operator==(const KMFaceStyle &other) const
     {
-        return selected == other.selected && hot == other.hot && blend == other.blend;
+        return selected == other.selected && hot == other.hot && blend == other.blend && colors == other.colors;
     }
 };
 
@@ -42,10 +43,13 @@ private:
     void build(const KMMeshNode &mesh);
     int groupOf(int shader);
     void writeElements(const KMMeshNode &mesh, quint32 parts, const KMFaceStyle &style);
+    void repaint(const KMMeshNode &mesh, const QVector<int> &vertices, const KMFaceStyle &style);
+    KMFaceElement *elementsOf(const Mapped &mapped, const KMFace &face, int group) const;
     void writeIndices(const KMMeshNode &mesh);
 
     Groups m_groups;
     QHash<int, int> m_shaderToGroup;
     KMFaceStyle m_style;
+    KMVertexColorFollower m_colors;
     bool m_allShown = false; // the indices name every element in order
 };

@@ -34,13 +34,12 @@ void paintEdge(const KMMeshNode &mesh, const KMEdge &edge, const KMElementStyle 
         color = style.selected;
     else if (hasSelectedFace(mesh, edge))
         color = style.ofSelectedFace;
+    std::optional<kvm::Vector4> whole = color;
+    if (style.colors)
+        whole = style.colors->edgeColor(mesh, edge, color);
     for (int end = 0; end < 2; ++end) {
-        element[end].color = color;
+        element[end].color = whole ? *whole : style.colors->vertexColor(mesh, end == 0 ? edge.index0 : edge.index1);
         element[end].status = isSelected || isHot ? 1.0f : 0.0f;
-    }
-    if (style.colors) {
-        element[0].color = style.colors->vertexColor(mesh, edge.index0);
-        element[1].color = style.colors->vertexColor(mesh, edge.index1);
     }
 }
 
@@ -49,23 +48,22 @@ void paintPoint(const KMMeshNode &mesh, int index, const KMElementStyle &style, 
     const KMVertex &vertex = *mesh.vertex(index);
     const bool isHot = vertex.hasFlag(hotFlags);
     element.status = isHot ? 1.0f : 0.0f;
+    element.color = isHot ? style.hot : vertex.hasFlag(KMElementFlag::Selected) ? style.selected : style.plain;
     if (style.colors)
-        element.color = style.colors->vertexColor(mesh, index);
-    else if (isHot)
-        element.color = style.hot;
-    else
-        element.color = vertex.hasFlag(KMElementFlag::Selected) ? style.selected : style.plain;
+        element.color = style.colors->pointColor(mesh, index, element.color);
 }
 
 } // namespace
 
 void KMLineBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
 {
-    if (!(style == m_style) || style.colors) {
+    QVector<int> repainted;
+    const auto change = m_colors.follow(mesh, style.colors, repainted);
+    if (!(style == m_style) || change == KMVertexColorFollower::Change::All) {
         m_style = style;
         markStale(Colors);
     }
-    if (stale() == 0)
+    if (stale() == 0 && repainted.isEmpty())
         return;
     const int count = elementCount(mesh);
     if (needsBuild() || m_group.elementCount != count) {
@@ -77,6 +75,8 @@ void KMLineBuffers::update(const KMMeshNode &mesh, const KMElementStyle &style)
     else if (count > 0) {
         if (stale() & (Positions | Colors))
             writeElements(mesh, stale());
+        if (!(stale() & Colors) && !repainted.isEmpty())
+            repaint(mesh, repainted);
         if (stale() & Visibility)
             writeIndices(mesh);
     }
@@ -142,6 +142,19 @@ void KMPointBuffers::writeElements(const KMMeshNode &mesh, quint32 parts)
             paintPoint(mesh, vertex->index, style(), element);
     }
     m_group.built = true;
+}
+
+void KMPointBuffers::repaint(const KMMeshNode &mesh, const QVector<int> &vertices)
+{
+    const KMBufferMap<KMLineElement> map(m_group.vbo);
+    if (!map) {
+        markStale(Colors);
+        return noteRefusal();
+    }
+    for (const int i : vertices) {
+        if (mesh.vertex(i))
+            paintPoint(mesh, i, style(), map.data()[i]);
+    }
 }
 
 void KMPointBuffers::writeIndices(const KMMeshNode &mesh)

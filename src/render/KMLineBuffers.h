@@ -32,13 +32,16 @@ protected:
 
     virtual int elementCount(const KMMeshNode &mesh) const = 0;
     virtual void writeElements(const KMMeshNode &mesh, quint32 parts) = 0; ///< parts: positions, colours or both
-    virtual void writeIndices(const KMMeshNode &mesh) = 0;                 ///< of what is shown
+    /// Other colours of a tool for some vertices.
+    virtual void repaint(const KMMeshNode &mesh, const QVector<int> &) { writeElements(mesh, Colors); }
+    virtual void writeIndices(const KMMeshNode &mesh) = 0; ///< of what is shown
     const KMElementStyle &style() const { return m_style; }
 
     RenderGroup m_group;
 
 private:
     KMElementStyle m_style;
+    KMVertexColorFollower m_colors;
 };
 
 /// The edges of a mesh, two elements each, in the order of its table.
@@ -56,5 +59,6 @@ class KMPointBuffers final : public KMLineBuffers
 protected:
     int elementCount(const KMMeshNode &mesh) const override;
     void writeElements(const KMMeshNode &mesh, quint32 parts) override;
+    void repaint(const KMMeshNode &mesh, const QVector<int> &vertices) override;
     void writeIndices(const KMMeshNode &mesh) override;
 };

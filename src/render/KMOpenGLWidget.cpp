@@ -10,6 +10,7 @@
 #include "render/KMFadeOutLabel.h"
 #include "render/KMGridNode.h"
 #include "render/KMOpenGLContainer.h"
+#include "render/KMPhysicsPass.h"
 #include "render/KMRenderer.h"
 #include "render/KMShareContext.h"
 #include "render/KMToolIcons.h"
@@ -163,6 +164,7 @@ void KMOpenGLWidget::cleanup()
     if (m_grid)
         m_grid->releaseBuffers();
     m_bones.reset();
+    m_physics.reset();
     m_box.reset();
     m_navigation.reset();
     m_toolIcons.reset();
@@ -209,6 +211,13 @@ void KMOpenGLWidget::drawBones(const KMCameraNode &camera)
     if (!m_bones)
         m_bones = std::make_unique<KMBonePass>();
     m_bones->draw(*gRenderer, camera);
+}
+
+void KMOpenGLWidget::drawTags(const KMCameraNode &camera)
+{
+    if (!m_physics)
+        m_physics = std::make_unique<KMPhysicsPass>();
+    m_physics->draw(*gRenderer, camera);
 }
 
 void KMOpenGLWidget::drawToolIcons(const KMCameraNode &camera)

@@ -16,6 +16,7 @@ class KMFadeOutLabel;
 class KMGridNode;
 class KMHUDIcon;
 class KMOpenGLContainer;
+class KMPhysicsPass;
 class KMSessionTool;
 class KMToolIcons;
 class KMViewTool;
@@ -80,6 +81,7 @@ private:
 
     void drawGrid(const KMCameraNode &camera) override;
     void drawBones(const KMCameraNode &camera) override;
+    void drawTags(const KMCameraNode &camera) override;
     void drawToolIcons(const KMCameraNode &camera) override;
     void drawNavigationIcons(const KMCameraNode &camera) override;
     void drawCameraBox(const KMCameraNode &camera) override;
@@ -87,7 +89,8 @@ private:
     KMOpenGLContainer *m_container;
     QPointer<KMCameraNode> m_camera;
     std::unique_ptr<KMGridNode> m_grid;
-    std::unique_ptr<KMBonePass> m_bones; // null until the first frame
+    std::unique_ptr<KMBonePass> m_bones; // these two are null until the first frame
+    std::unique_ptr<KMPhysicsPass> m_physics;
     std::unique_ptr<KMCameraBox> m_box;
     std::unique_ptr<KMNavigationIcons> m_navigation;
     std::unique_ptr<KMToolIcons> m_toolIcons;

@@ -120,13 +120,14 @@ private:
     void projectMeshes(const KMCameraNode &camera);
 
     // Passes
+    KMFaceStyle faceStyle(const Item &item) const;
     KMElementStyle edgeStyle(const Item &item) const;
     KMElementStyle pointStyle(const Item &item) const;
     const KMVertexColors *toolColors(const Item &item, bool arePoints) const; ///< null: those by flags
     int toolId() const;                                                       ///< -1 without a tool
     void drawBlueprint(const KMCameraNode &camera, const KMBluePrint &bluePrint);
     void drawOutlines(const KMCameraNode &camera, const QVector<Item> &items);
-    void drawOutline(KMRendererMesh &data);
+    void drawOutline(const Item &item);
     void drawReal(const Item &item);
     void drawUV(const KMCameraNode &camera, quint32 maskBit, bool asPoints);
     void drawToolPass(const KMCameraNode &camera, KMViewTool::OverlayGroup group, KMToolOverlay::Element element);

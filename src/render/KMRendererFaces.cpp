@@ -17,12 +17,6 @@ namespace {
 
 constexpr float outlineUnit = 0.001f;
 
-KMFaceStyle faceStyle()
-{
-    return {toVector(gSettings->displayColor(DP_SEL_FACE)), toVector(gSettings->displayColor(DP_HOT_FACE)),
-            gSettings->faceBlendRatio};
-}
-
 const KMShaderNode *shaderOf(const RenderGroup &group)
 {
     return gProject->shader(group.shader);
@@ -45,6 +39,16 @@ bool hasOutline(const KMShaderNode *shader)
 
 } // namespace
 
+/// The tool that paints the weights of bones shows them on the surface.
+KMFaceStyle KMRenderer::faceStyle(const Item &item) const
+{
+    KMFaceStyle style{toVector(gSettings->displayColor(DP_SEL_FACE)), toVector(gSettings->displayColor(DP_HOT_FACE)),
+                      gSettings->faceBlendRatio};
+    if (toolId() == KMViewTool::BoneWeightTool)
+        style.colors = m_frame->tool->faceColors(*item.mesh);
+    return style;
+}
+
 void KMRenderer::drawFaces(const KMCameraNode &camera)
 {
     QVector<Item> shown;
@@ -60,7 +64,7 @@ void KMRenderer::drawFaces(const KMCameraNode &camera)
             outlined.append(item);
     }
     for (const Item &item : std::as_const(shown))
-        item.data->updateFaces(faceStyle());
+        item.data->updateFaces(faceStyle(item));
     drawOutlines(camera, outlined);
     KMOpenGLShaderProgram &real = program(KMShaderPrograms::Real);
     if (!real.begin())
@@ -80,17 +84,17 @@ void KMRenderer::drawOutlines(const KMCameraNode &camera, const QVector<Item> &i
     glEnable(GL_CULL_FACE);
     glCullFace(GL_FRONT);
     for (const Item &item : items)
-        drawOutline(*item.data);
+        drawOutline(item);
     glCullFace(GL_BACK);
     glDisable(GL_CULL_FACE);
     outline.release();
 }
 
 /// The far side of the mesh, blown up along its normals: around the near side a rim of it stays in sight.
-void KMRenderer::drawOutline(KMRendererMesh &data)
+void KMRenderer::drawOutline(const Item &item)
 {
     KMOpenGLShaderProgram &outline = program(KMShaderPrograms::Outline);
-    for (const auto &group : data.updateFaces(faceStyle())) {
+    for (const auto &group : item.data->updateFaces(faceStyle(item))) {
         const KMShaderNode *shader = shaderOf(*group);
         if (!hasOutline(shader))
             continue;
@@ -114,7 +118,7 @@ void KMRenderer::drawReal(const Item &item)
     }
     const bool withTextures = KMViewFilter::isOn(KMViewFilter::Texture);
     const bool isFlat = KMViewFilter::isOn(KMViewFilter::FlatTexture);
-    for (const auto &group : item.data->updateFaces(faceStyle())) {
+    for (const auto &group : item.data->updateFaces(faceStyle(item))) {
         m_material->apply(real, shaderOf(*group), withTextures, isFlat);
         drawElements(*group, faceLayout, GL_TRIANGLES);
     }

@@ -2,6 +2,7 @@
 
 #include "core/KMSettings.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "render/KMCameraNode.h"
 #include "render/KMRenderMask.h"
 #include "render/KMRenderer.h"
@@ -40,13 +41,12 @@ KMElementStyle KMRenderer::pointStyle(const Item &item) const
     return style;
 }
 
-/// The tool that paints weights shows them on what is selected; that of one bone on the vertices of the mesh at hand.
+/// The tool for crease weights shows them on what is selected; that of one bone on the vertices of the mesh at hand.
 const KMVertexColors *KMRenderer::toolColors(const Item &item, bool arePoints) const
 {
     const KMContainerNode *owner = item.mesh->ownerNode();
-    const bool isSelected = item.mesh->isSelected() || (owner && owner->isSelected());
     const bool isActive = m_lastActive && (item.mesh == m_lastActive || owner == m_lastActive);
-    const bool isAsked = (toolId() == KMViewTool::WeightPaintTool && isSelected)
+    const bool isAsked = (toolId() == KMViewTool::WeightPaintTool && KMMeshTargets::isChosen(*item.mesh))
                          || (toolId() == KMViewTool::BoneWeightTool && isActive && arePoints);
     return isAsked ? m_frame->tool->vertexColors(*item.mesh) : nullptr;
 }

@@ -4,6 +4,8 @@
 #include "core/KMSettings.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
 
 #include <QEasingCurve>
 #include <QElapsedTimer>
@@ -50,6 +52,28 @@ kvm::Vector3 centreOfMesh(const KMMeshNode &mesh)
     if (count > 0)
         return {float(sum[0] / count), float(sum[1] / count), float(sum[2] / count)};
     return mesh.liveVertices().isEmpty() ? mesh.worldMatrix().translation() : mean(mesh);
+}
+
+/// Of its selected heads and tails, else of all, as they are shown. False for a rig without bones.
+bool centreOfRig(const KMBoneContainer &rig, kvm::Vector3 &centre)
+{
+    const QList<KMBone *> selected = rig.selectedBones();
+    kvm::Vector3 sum;
+    int count = 0;
+    for (const KMBone *bone : selected.isEmpty() ? rig.bones() : selected) {
+        const int mask = selected.isEmpty() ? int(KMBone::BothSelected) : bone->selectMask();
+        if (mask & KMBone::HeadSelected) {
+            sum += bone->head();
+            ++count;
+        }
+        if (mask & KMBone::TailSelected) {
+            sum += bone->tail();
+            ++count;
+        }
+    }
+    if (count > 0)
+        centre = sum / float(count);
+    return count > 0;
 }
 
 } // namespace
@@ -156,6 +180,8 @@ bool KMViewAnimation::centreOf(const KMNode *node, kvm::Vector3 &centre)
     }
     if (!isNull(node->type()))
         return false;
+    if (node->type() == KMNodeType::BoneContainer && centreOfRig(*static_cast<const KMBoneContainer *>(node), centre))
+        return true;
     centre = static_cast<const KMNullNode *>(container)->worldMatrix().translation();
     return true;
 }

@@ -47,4 +47,6 @@ public:
     virtual QVector<KMToolOverlay> overlays(OverlayGroup) const { return {}; }
     /// Colours for the vertices of a mesh in place of those by flags; null where the tool gives none.
     virtual const KMVertexColors *vertexColors(const KMMeshNode &) const { return nullptr; }
+    /// The same for its faces, over their material.
+    virtual const KMVertexColors *faceColors(const KMMeshNode &) const { return nullptr; }
 };

@@ -187,6 +187,28 @@ KMBoneRest reflected(KMBoneRest rest, const KMSymmetryPlane &plane)
     return rest;
 }
 
+void pairForEdits(KMBoneContainer *container, float tolerance)
+{
+    container->pairMirrorBones(tolerance);
+    const KMSymmetryPlane plane = container->mirrorPlane();
+    QList<KMBone *> open;
+    for (KMBone *bone : container->bones()) {
+        if (!bone->mirrorBone() && std::abs(plane.distance(bone->restHead())) < tolerance)
+            open << bone;
+    }
+    for (KMBone *bone : std::as_const(open)) {
+        const kvm::Vector3 head = plane.reflected(bone->restHead());
+        const kvm::Vector3 tail = plane.reflected(bone->restTail());
+        for (KMBone *other : std::as_const(open)) {
+            if (other == bone || other->mirrorBone() || (other->restHead() - head).length() >= tolerance
+                || (other->restTail() - tail).length() >= tolerance)
+                continue;
+            bone->setMirrorBone(other);
+            other->setMirrorBone(bone);
+        }
+    }
+}
+
 QString mirroredName(const QString &name)
 {
     static const QVector<SideMark> marks = sideMarks();

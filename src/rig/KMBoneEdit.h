@@ -38,6 +38,9 @@ Changes turned(const QList<KMBone *> &bones, const kvm::Quaternion &turn); ///< 
 /// The image of a bone, with its roll: the axes are those across the plane, but for X, which turns round.
 KMBoneRest reflected(KMBoneRest rest, const KMSymmetryPlane &plane);
 
+/// As KMBoneContainer::pairMirrorBones(), but bones that start on the plane find their partners too, by their tails.
+void pairForEdits(KMBoneContainer *container, float tolerance);
+
 QList<KMBone *> selectedWithLength(const KMBoneContainer &container); ///< the selected bones that are no points
 
 /// The name of a bone's partner by the marks of the sides that are in use; empty for a name without one.
@@ -48,6 +51,11 @@ QString mirroredName(const QString &name);
 KMBone *pushNewBone(KMBoneContainer *container);
 /// One macro: a new bone in the active container, or else in the first one that isn't locked, or in a new one.
 KMBone *createBone();
+/// The active container, or else the first one that isn't locked, or a new one.
+KMBoneContainer *containerForNew();
+/// A new bone between two places as the views show them, under a parent, null for the top. It becomes the selected one.
+KMBone *pushDrawnBone(KMBoneContainer *container, KMBone *parent, const kvm::Vector3 &head, const kvm::Vector3 &tail,
+                      bool isFloating);
 void pushCopies(KMBoneContainer *container); ///< of the selected bones with all below them; these become selected
 void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones); ///< a partner for each
 void pushDivided(KMBone *bone); ///< into two halves; its children hang on the second

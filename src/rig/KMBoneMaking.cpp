@@ -90,12 +90,32 @@ KMBone *pushNewBone(KMBoneContainer *container)
 KMBone *createBone()
 {
     const KMUndoMacro macro(KMBone::tr("Add Bone"));
+    return pushNewBone(containerForNew());
+}
+
+KMBoneContainer *containerForNew()
+{
     KMBoneContainer *container = containerAtHand();
     if (!container) {
         container = new KMBoneContainer;
         gProject->addToScene(container);
     }
-    return pushNewBone(container);
+    return container;
+}
+
+KMBone *pushDrawnBone(KMBoneContainer *container, KMBone *parent, const kvm::Vector3 &head, const kvm::Vector3 &tail,
+                      bool isFloating)
+{
+    const auto atRest = [parent](const kvm::Vector3 &shown) {
+        return parent ? parent->solvedPose().rotation.conjugate().rotate(shown - parent->head()) + parent->restHead()
+                      : shown;
+    };
+    auto *bone = new KMBone;
+    bone->setRest(restBone(atRest(head), atRest(tail)));
+    bone->setFloating(isFloating);
+    pushAdd(container, bone, parent);
+    pushOnlySelected(container, {bone});
+    return bone;
 }
 
 void pushCopies(KMBoneContainer *container)

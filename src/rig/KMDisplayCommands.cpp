@@ -92,12 +92,17 @@ moveDisplayNodeCommand::moveDisplayNodeCommand(KMDisplayNode *group, int positio
     m_after.insert(index, group);
 }
 
-/// The project lists groups in the order in which they were entered.
+/// The project lists groups in the order in which they were entered. Those that came later, and that only the history
+/// has now, stay behind the others.
 void moveDisplayNodeCommand::apply(Direction direction)
 {
     QList<KMContainerNode *> groups;
     for (const QPointer<KMDisplayNode> &group : direction == Direction::Redo ? m_after : m_before) {
         if (group)
+            groups << group;
+    }
+    for (KMDisplayNode *group : gProject->displayNodes()) {
+        if (!groups.contains(group))
             groups << group;
     }
     gProject->removeNodes(groups);

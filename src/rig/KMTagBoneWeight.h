@@ -18,7 +18,8 @@ class KMMeshNode;
 /// Storage is dense: the tag numbers its bones, and the entries of a vertex are a short list of numbers and weights in
 /// one array for all vertices, in the order in which they were entered. So a pair is found by looking through the few
 /// entries of its vertex, and lists of a few vertices are exchanged without touching the others. Numbers are never
-/// given anew while the tag lives, and steps of the history may keep them; a bone that is destroyed leaves null.
+/// given anew while the tag lives, and steps of the history may keep them (but for tags of results); a bone that is
+/// destroyed leaves null.
 ///
 /// Records follow when they are next asked for: all of them after a refresh of the whole mesh, else those of the
 /// vertices that were edited, and the spherical blends when bones or their vertices stand elsewhere.

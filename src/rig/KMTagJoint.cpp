@@ -25,11 +25,9 @@ bool operator!=(const JointData &a, const JointData &b)
 }
 
 KMTagJoint::KMTagJoint()
-    : m_gizmo(std::make_unique<KMMeshNode>())
 {
     setType(KMNodeType::TagJoint);
     setName(tr("Joint"));
-    updateGizmo();
 }
 
 KMTagJoint::~KMTagJoint() = default;
@@ -62,9 +60,14 @@ kvm::Matrix4 KMTagJoint::worldMatrix() const
     return KMTagRigidBody::placeOn(bone(), m_data.pose);
 }
 
-void KMTagJoint::updateGizmo()
+KMMeshNode *KMTagJoint::gizmo() const
 {
-    KMGizmoShape::show(*m_gizmo, KMGizmoShape::axesCube(gizmoSize), worldMatrix());
+    if (!m_gizmo)
+        m_gizmo = std::make_unique<KMMeshNode>();
+    if (m_gizmoStale)
+        KMGizmoShape::show(*m_gizmo, KMGizmoShape::axesCube(gizmoSize), worldMatrix());
+    m_gizmoStale = false;
+    return m_gizmo.get();
 }
 
 void KMTagJoint::setOwner(KMNode *owner)

@@ -47,8 +47,8 @@ public:
 
     KMBone *bone() const;             ///< the owner; null where that is none
     kvm::Matrix4 worldMatrix() const; ///< with the bone at rest
-    KMMeshNode *gizmo() const { return m_gizmo.get(); }
-    void updateGizmo();
+    KMMeshNode *gizmo() const;        ///< the wire in the world; made when it is first asked for
+    void updateGizmo() { m_gizmoStale = true; }
 
     void setOwner(KMNode *owner) override;
     void onFullRefresh() override { updateGizmo(); } ///< the bone has moved
@@ -56,7 +56,8 @@ public:
 
 private:
     JointData m_data;
-    std::unique_ptr<KMMeshNode> m_gizmo;
+    mutable std::unique_ptr<KMMeshNode> m_gizmo;
+    mutable bool m_gizmoStale = true;
 };
 
 /// A side of a joint and the body that was taken off it, for undo.

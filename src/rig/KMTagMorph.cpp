@@ -1,10 +1,10 @@
 #include "rig/KMTagMorph.h"
 
+#include "core/KMBasePositions.h"
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
 #include "math/Finite.h"
-#include "mesh/KMBasePositions.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMMorphCommands.h"
 
@@ -117,8 +117,9 @@ void KMTagMorph::layAnew()
 {
     if (!isInUse())
         return;
-    unapply();
-    apply();
+    {
+        const KMBasePositions anew(mesh());
+    }
     mesh()->markMoved();
 }
 
@@ -149,6 +150,8 @@ void KMTagMorph::fit(int vertexCount)
     m_base.resize(3 * vertexCount);
     const auto beyond = std::lower_bound(m_touched.begin(), m_touched.end(), vertexCount);
     m_touched.erase(beyond, m_touched.end());
+    for (auto entry = m_origins.begin(); entry != m_origins.end();) // other vertices may come to these slots
+        entry = entry.key() < vertexCount ? std::next(entry) : m_origins.erase(entry);
 }
 
 void KMTagMorph::sumUp()
@@ -262,9 +265,10 @@ void KMTagMorph::removeOffsets()
     if (!store)
         return;
     if (m_offsets.size() == 3 * store->vertexCount()) {
-        unapply();
+        const KMBasePositions base(store);
         m_offsets.fill(0.0f);
         m_touched.clear();
+        m_isHeldOff = true; // the other tags lay theirs on again
     }
     m_isHeldOff = true;
     store->refreshMesh(KMMeshDirty::Positions);
@@ -314,8 +318,8 @@ KMTagMorph *KMTagMorph::clone() const
 void KMTagMorph::buildDeltas(KMMorph *morph, const KMMeshNode &baseMesh, const KMMeshNode &targetMesh,
                              bool onlySelected, float ratio)
 {
-    const KMBasePositions base(baseMesh.tags());
-    const KMBasePositions target(targetMesh.tags());
+    const KMBasePositions base(&baseMesh);
+    const KMBasePositions target(&targetMesh);
     const QVector<const KMVertex *> from = usedVertices(baseMesh);
     const QVector<const KMVertex *> to = usedVertices(targetMesh);
     MorphDeltas deltas = morph->deltas();

@@ -21,7 +21,7 @@ void KMTagMorph::remapIndices()
 void KMTagMorph::remapDeltas(Lost *lost)
 {
     const KMMeshNode &store = *mesh();
-    for (KMMorph *morph : std::as_const(m_morphs)) {
+    for (KMMorph *morph : liveMorphs()) { // one that is out comes back to the numbers with which it went
         MorphDeltas moved;
         moved.reserve(morph->deltas().size());
         for (MorphDelta delta : morph->deltas()) {
@@ -44,7 +44,7 @@ void KMTagMorph::remapSlots(Lost *lost)
     m_vertexCount = store.vertexCount();
     m_offsets = QVector<float>(3 * m_vertexCount, 0.0f);
     m_base = m_offsets;
-    for (const int old : std::as_const(m_touched)) {
+    for (int old = 0; old < base.size() / 3; ++old) { // an empty slot without an offset may get its vertex and one back
         const Place place{old, vectorAt(offsets, old), vectorAt(base, old)};
         const int i = store.remappedVertex(old);
         if (i >= 0)

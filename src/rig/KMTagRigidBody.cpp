@@ -38,11 +38,9 @@ bool operator!=(const RigidBodyData &a, const RigidBodyData &b)
 }
 
 KMTagRigidBody::KMTagRigidBody()
-    : m_gizmo(std::make_unique<KMMeshNode>())
 {
     setType(KMNodeType::TagRigidBody);
     setName(tr("RigidBody"));
-    updateGizmo();
 }
 
 KMTagRigidBody::~KMTagRigidBody() = default;
@@ -82,9 +80,14 @@ kvm::Matrix4 KMTagRigidBody::worldMatrix() const
     return placeOn(bone(), m_data.pose);
 }
 
-void KMTagRigidBody::updateGizmo()
+KMMeshNode *KMTagRigidBody::gizmo() const
 {
-    KMGizmoShape::show(*m_gizmo, wireOf(m_data), worldMatrix());
+    if (!m_gizmo)
+        m_gizmo = std::make_unique<KMMeshNode>();
+    if (m_gizmoStale)
+        KMGizmoShape::show(*m_gizmo, wireOf(m_data), worldMatrix());
+    m_gizmoStale = false;
+    return m_gizmo.get();
 }
 
 void KMTagRigidBody::setOwner(KMNode *owner)

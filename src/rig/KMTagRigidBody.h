@@ -72,8 +72,8 @@ public:
 
     KMBone *bone() const;             ///< the owner; null where that is none
     kvm::Matrix4 worldMatrix() const; ///< with the bone at rest
-    KMMeshNode *gizmo() const { return m_gizmo.get(); }
-    void updateGizmo();
+    KMMeshNode *gizmo() const;        ///< the wire in the world; made when it is first asked for
+    void updateGizmo() { m_gizmoStale = true; }
 
     void setOwner(KMNode *owner) override;
     void onFullRefresh() override { updateGizmo(); } ///< the bone has moved
@@ -91,5 +91,6 @@ private:
     }
 
     RigidBodyData m_data;
-    std::unique_ptr<KMMeshNode> m_gizmo;
+    mutable std::unique_ptr<KMMeshNode> m_gizmo;
+    mutable bool m_gizmoStale = true;
 };

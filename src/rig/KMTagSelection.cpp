@@ -1,7 +1,7 @@
 #include "rig/KMTagSelection.h"
 
 #include "core/KMNodeType.h"
-#include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMSelectedElements.h"
@@ -94,13 +94,10 @@ void KMTagSelection::recall(Recall recall) const
     KMMeshNode *target = mesh();
     if (!target)
         return;
-    const KMStoredSelection now = selectionOf(*target);
-    const KMStoredSelection before = recall == Recall::Replace ? now : KMStoredSelection();
-    KMStoredSelection after = m_selection;
-    if (recall == Recall::Replace && before == after)
-        return;
-    const KMUndoMacro macro(tr("Restore Selection"));
+    const KMStoredSelection before = recall == Recall::Replace ? selectionOf(*target) : KMStoredSelection();
+    const KMStoredSelection &after = m_selection;
     KMMeshEdit::settleEdges(*target);
+    const KMWaitingMacro macro(tr("Restore Selection"));
     switchOver(before.vertices, after.vertices, [&](int v, bool on) { KMMeshEdit::selectVertex(*target, v, on); });
     switchOver(before.edges, after.edges,
                [&](const Pair &edge, bool on) { KMMeshEdit::selectEdge(*target, edge.first, edge.second, on); });

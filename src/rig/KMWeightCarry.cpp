@@ -38,6 +38,8 @@ void KMTagBoneWeight::beginCarry(KMCarriedTag &from)
         setName(from.name());
     clearEntries();
     m_lost.clear();
+    m_bones.clear(); // no step of the history knows the numbers of a result
+    m_numbers.clear();
     m_parameters = m_from->m_parameters;
     m_mirrored.clear();
     m_carried.clear();

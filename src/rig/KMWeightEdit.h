@@ -20,7 +20,8 @@ public:
 
     KMTagBoneWeight *tag() const { return m_tag; }
     const QVector<int> &vertices() const { return m_vertices; } ///< those that were named, in that order
-    bool isEmpty() const;                                       ///< nothing would change
+    bool isNamed(int vertex) const { return m_places.contains(vertex); }
+    bool isEmpty() const; ///< nothing would change
 
     // What the vertices shall have. Weights are brought into 0 to 1
 

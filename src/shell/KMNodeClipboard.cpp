@@ -2,15 +2,40 @@
 
 #include "core/KMCommand.h"
 #include "core/KMContainerNode.h"
+#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMUndoMacro.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
 #include "shell/KMNodeEdits.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+
+namespace {
+
+QList<KMContainerNode *> selectedNodes()
+{
+    QList<KMContainerNode *> nodes;
+    for (const QTreeWidgetItem *row : gProject->tree()->selectedItems())
+        nodes << KMTreeWidget::nodeOf(row);
+    return nodes;
+}
+
+QList<KMContainerNode *> selectedBones()
+{
+    QList<KMContainerNode *> nodes;
+    if (const KMBoneContainer *rig = KMBoneContainer::activeBoneContainer()) {
+        for (KMBone *bone : rig->selectedBones())
+            nodes << bone;
+    }
+    return nodes;
+}
+
+} // namespace
 
 KMNodeClipboard::KMNodeClipboard(QObject *parent)
     : QObject(parent)
@@ -39,7 +64,8 @@ void KMNodeClipboard::copyTag(const KMTagBase *tag)
     clear();
     m_tag.reset(tag->clone());
     m_tag->setName(tag->name());
-    mark(KMTreeWidget::TagMimeType);
+    m_isOfBone = tag->owner() && tag->owner()->type() == KMNodeType::Bone;
+    mark(m_isOfBone ? KMBoneTreeWidget::BoneTagMimeType : KMTreeWidget::TagMimeType);
 }
 
 void KMNodeClipboard::mark(const QString &format)
@@ -55,7 +81,9 @@ bool KMNodeClipboard::isEmpty() const
     if (!data)
         return true;
     const bool hasNodes = !m_templates.empty() && data->hasFormat(KMTreeWidget::NodeMimeType);
-    return !hasNodes && !(m_tag && data->hasFormat(KMTreeWidget::TagMimeType));
+    const bool hasTag =
+        data->hasFormat(KMTreeWidget::TagMimeType) || data->hasFormat(KMBoneTreeWidget::BoneTagMimeType);
+    return !hasNodes && !(m_tag && hasTag);
 }
 
 void KMNodeClipboard::paste()
@@ -85,8 +113,7 @@ void KMNodeClipboard::pasteNodes()
 void KMNodeClipboard::pasteTag()
 {
     QList<KMContainerNode *> takers;
-    for (const QTreeWidgetItem *row : gProject->tree()->selectedItems()) {
-        KMContainerNode *node = KMTreeWidget::nodeOf(row);
+    for (KMContainerNode *node : m_isOfBone ? selectedBones() : selectedNodes()) {
         if (KMNodeEdits::canTake(node, m_tag.get()))
             takers << node;
     }

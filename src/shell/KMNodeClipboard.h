@@ -25,7 +25,7 @@ public:
     void copyTag(const KMTagBase *tag);
 
     /// New copies in the document, as one step; nodes of the tree stay selected. A tag goes to each of the selected
-    /// nodes that can hold it, or it is said that none can.
+    /// nodes, or, if a bone had it, of the selected bones that can hold it, or it is said that none can.
     void paste();
     bool isEmpty() const; ///< nothing was copied here, or something elsewhere since then
     void clear();         ///< another document comes: copies may refer to shaders of this one
@@ -37,4 +37,5 @@ private:
 
     std::vector<std::unique_ptr<KMNodeEdits::Template>> m_templates;
     std::unique_ptr<KMTagBase> m_tag;
+    bool m_isOfBone = false; ///< tags of bones go to bones
 };

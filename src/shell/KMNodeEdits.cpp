@@ -10,6 +10,8 @@
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneTreeCommands.h"
 
 #include <QCoreApplication>
 
@@ -261,10 +263,12 @@ bool KMNodeEdits::canTake(const KMContainerNode *node, const KMTagBase *tag)
 {
     if (!canHoldTag(node->type(), tag->type()))
         return false;
+    constexpr int single[] = {KMNodeType::TagNormal, KMNodeType::TagBoneWeight, KMNodeType::TagMorph};
+    if (std::find(std::begin(single), std::end(single), tag->type()) == std::end(single))
+        return true;
     const QList<KMTagBase *> tags = node->tags();
-    return tag->type() != KMNodeType::TagNormal || std::none_of(tags.begin(), tags.end(), [](const KMTagBase *other) {
-               return other->type() == KMNodeType::TagNormal && !other->isDeleted();
-           });
+    return std::none_of(tags.begin(), tags.end(),
+                        [tag](const KMTagBase *other) { return other->type() == tag->type() && !other->isDeleted(); });
 }
 
 bool KMNodeEdits::moveTag(KMTagBase *tag, KMContainerNode *node, int place)
@@ -282,8 +286,21 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
     KMTagBase *copy = tag->clone();
     copy->setName(tag->name());
     const auto naming = hasTagNamed(node, tag->name()) ? addTagCommand::Name::Numbered : addTagCommand::Name::Keep;
-    gSolution->push(new addTagCommand(node, copy, indexAtPlace(node, place), naming));
+    const int index = indexAtPlace(node, place);
+    if (node->type() == KMNodeType::Bone)
+        gSolution->push(new addTagBoneContainerCommand(nodeAs<KMBone>(node), copy, index, naming));
+    else
+        gSolution->push(new addTagCommand(node, copy, index, naming));
     return true;
+}
+
+void KMNodeEdits::deleteTag(KMTagBase *tag)
+{
+    KMNode *owner = tag->owner();
+    if (owner->type() == KMNodeType::Bone)
+        gSolution->push(new deleteTagBoneContainerCommand(nodeAs<KMBone>(owner), tag));
+    else
+        gSolution->push(new deleteTagCommand(nodeAs<KMContainerNode>(owner), tag));
 }
 
 void KMNodeEdits::setVisible(const QList<KMContainerNode *> &nodes, bool visible)

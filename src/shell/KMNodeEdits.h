@@ -51,10 +51,11 @@ private:
 
 void duplicate(const QList<KMContainerNode *> &nodes); ///< each copy comes right behind its original
 
-bool canTake(const KMContainerNode *node, const KMTagBase *tag); ///< a second tag of normals would lie idle on a mesh
+bool canTake(const KMContainerNode *node, const KMTagBase *tag); ///< a second tag of normals or weights would lie idle on a mesh
 /// Hangs a tag, or a copy of it, on a node, at a place among the live tags; -1 puts it last. False where it can't.
 bool moveTag(KMTagBase *tag, KMContainerNode *node, int place = -1);
 bool copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1);
+void deleteTag(KMTagBase *tag);
 
 void setVisible(const QList<KMContainerNode *> &nodes, bool visible);
 void setLocked(const QList<KMContainerNode *> &nodes, bool locked);

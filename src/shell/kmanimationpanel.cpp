@@ -1,16 +1,13 @@
 #include "shell/kmanimationpanel.h"
 
-#include "core/KMDpi.h"
+#include "shell/KMTransport.h"
 
 #include <QAction>
-#include <QLabel>
 
-kmanimationpanel::kmanimationpanel(QWidget *parent)
+kmanimationpanel::kmanimationpanel(KMPlayback *playback, QWidget *parent)
     : KMPanelBar(QStringLiteral("kmanimationpanel"), tr("Animation Panel"), parent)
+    , m_transport(new KMTransport(playback))
 {
-    auto *label = new QLabel(tr("Playback and the current frame of the motion stand here."));
-    label->setMargin(dpiScaled(4));
-    label->setEnabled(false); // dimmed: there is nothing to act on
-    addWidget(label);
+    addWidget(m_transport);
     toggleViewAction()->setStatusTip(tr("Show or hide the playback of the motion"));
 }

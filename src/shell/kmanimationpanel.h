@@ -2,10 +2,18 @@
 
 #include "tools/KMPanelBar.h"
 
-/// Will play the motion and move its current frame; until then it keeps its place and says so.
+class KMPlayback;
+class KMTransport;
+
+/// The buttons that play the motion, with its current frame, in a bar below the views.
 class kmanimationpanel : public KMPanelBar
 {
     Q_OBJECT
 public:
-    explicit kmanimationpanel(QWidget *parent = nullptr);
+    explicit kmanimationpanel(KMPlayback *playback, QWidget *parent = nullptr);
+
+    KMTransport *transport() const { return m_transport; }
+
+private:
+    KMTransport *m_transport;
 };

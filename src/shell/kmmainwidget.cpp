@@ -14,19 +14,23 @@
 #include "shell/KMHelpWidget.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMNodeClipboard.h"
+#include "shell/KMPlayback.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/KMShortcutFile.h"
 #include "shell/KMShortcutFilter.h"
 #include "shell/KMStartFiles.h"
 #include "shell/KMStyle.h"
+#include "shell/KMTransport.h"
 #include "shell/KMWindowState.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMGlobalCommands.h"
 #include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmhistorywidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/docks/kmshaderwidget.h"
 #include "shell/docks/kmtexturewidget.h"
+#include "shell/kmanimationpanel.h"
 #include "shell/widgets/KMMessageLabel.h"
 #include "shell/widgets/KMSnackbar.h"
 #include "tools/KMToolBar.h"
@@ -57,6 +61,8 @@ kmmainwidget::kmmainwidget(KMStyle *style, QWidget *parent)
     createUndoActions();
     createCommands();
     m_clipboard = new KMNodeClipboard(this);
+    m_playback = new KMPlayback(this);
+    m_actions << m_playback->actions();
     createDocks();
     createBars();
     createStatusBar();
@@ -170,6 +176,7 @@ void kmmainwidget::closeEvent(QCloseEvent *event)
     if (!gProject)
         return event->accept();
     m_toolBar->cancelDrag();
+    m_playback->stop();
     commitOpenEditors();
     if (gSolution->isModified()) {
         const QMessageBox::StandardButton answer = KMMessageBox(this).ask();
@@ -255,7 +262,10 @@ void kmmainwidget::refreshSetup() {}
 
 void kmmainwidget::repaintTrees()
 {
-    gProject->tree()->viewport()->repaint();
+    for (KMTreeDock *dock : {static_cast<KMTreeDock *>(m_nodeDock), static_cast<KMTreeDock *>(m_boneDock)}) {
+        if (dock->tree())
+            dock->tree()->viewport()->repaint();
+    }
 }
 
 void kmmainwidget::resetPanels()
@@ -263,6 +273,7 @@ void kmmainwidget::resetPanels()
     m_clipboard->clear();
     for (KMDockWidget *dock : std::as_const(m_docks))
         dock->resetDocument();
+    m_animationPanel->transport()->refresh();
     updateCounts();
 }
 
@@ -309,6 +320,7 @@ void kmmainwidget::onUndoIndexChanged(int)
         if (dock != m_attributeDock) // the session refreshes that one
             dock->refresh();
     }
+    m_animationPanel->transport()->refresh();
     updateCounts();
 }
 

@@ -22,6 +22,7 @@ class KMNode;
 class KMNodeClipboard;
 class KMOpenGLWidget;
 class KMPanelBar;
+class KMPlayback;
 class KMSnackbar;
 class KMStyle;
 class KMToolBar;
@@ -30,6 +31,7 @@ class QMimeData;
 class QUndoStack;
 class kmanimationpanel;
 class kmattributewidget;
+class kmbonewidget;
 class kmhistorywidget;
 class kmnodewidget;
 class kmshaderwidget;
@@ -146,6 +148,7 @@ private slots:
     void onMenuCreateFFDNode();
     void onMenuCreateSolidifyNode();
     void onMenuCreateClonerNode();
+    void onMenuCreateBoneDeformNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();
@@ -253,12 +256,14 @@ private:
 
     QList<KMDockWidget *> m_docks;
     kmnodewidget *m_nodeDock = nullptr;
+    kmbonewidget *m_boneDock = nullptr;
     kmhistorywidget *m_historyDock = nullptr;
     kmtexturewidget *m_textureDock = nullptr;
     kmshaderwidget *m_shaderDock = nullptr;
     kmattributewidget *m_attributeDock = nullptr;
     kmtoolwidget *m_toolDock = nullptr;
 
+    KMPlayback *m_playback = nullptr;
     KMMainBox *m_mainBox = nullptr;
     KMPanelBar *m_undoToolBar = nullptr;
     KMToolBar *m_toolBar = nullptr;

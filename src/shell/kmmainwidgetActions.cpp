@@ -89,6 +89,8 @@ void kmmainwidget::createActions()
          QT_TR_NOOP("Give the surface of the mesh a thickness")},
         {"actionCreateCloner", QT_TR_NOOP("Cloner"), "cloner", "", &W::onMenuCreateClonerNode,
          QT_TR_NOOP("Repeat the mesh in steps")},
+        {"actionCreateBoneDeform", QT_TR_NOOP("BoneDeform"), "bone-deform", "", &W::onMenuCreateBoneDeformNode,
+         QT_TR_NOOP("Let the bones that the mesh is weighted to move it")},
         {"actionCreateShader", QT_TR_NOOP("Shader"), "node-shader", "", &W::onMenuCreateShaderNode,
          QT_TR_NOOP("Add a basic shader")},
         {"actionCreatePbrShader", QT_TR_NOOP("PbrShader"), "node-shader", "", &W::onMenuCreatePbrShaderNode,

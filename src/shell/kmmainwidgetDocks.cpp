@@ -4,11 +4,15 @@
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "shell/docks/KMEmptyDock.h"
+#include "shell/docks/kmanimationwidget.h"
 #include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmcoodinatewidget.h"
 #include "shell/docks/kmhistorywidget.h"
+#include "shell/docks/kmmorphwidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/docks/kmoutputwidget.h"
+#include "shell/docks/kmsetupwidget.h"
 #include "shell/docks/kmshaderwidget.h"
 #include "shell/docks/kmtexturewidget.h"
 #include "shell/docks/kmtoolwidget.h"
@@ -45,16 +49,15 @@ void kmmainwidget::createDocks()
             Right);
     addDock(m_nodeDock = new kmnodewidget(gProject->tree()), Left);
     addDock(m_historyDock = new kmhistorywidget(m_undoStack), Right);
-    addDock(empty("kmbonewidget", tr("Bones"), "bone", tr("The bones of the current container are listed here.")),
-            Left);
+    addDock(m_boneDock = new kmbonewidget, Left);
+    addDock(new kmmorphwidget, Left);
     addDock(m_toolDock = new kmtoolwidget, Right);
     addDock(m_textureDock = new kmtexturewidget, Left);
     addDock(m_shaderDock = new kmshaderwidget, Left);
     addDock(new kmcoodinatewidget, Left);
     addDock(m_attributeDock = new kmattributewidget, Right);
-    addDock(empty("kmanimationwidget", tr("Animation"), "animation", tr("Frames and keys of the motion stand here.")),
-            Left);
-    addDock(empty("kmsetupwidget", tr("Setup"), "setup", tr("Physics and display groups are set up here.")), Right);
+    addDock(new kmanimationwidget(m_playback), Left);
+    addDock(new kmsetupwidget, Right);
     m_docks.last()->setAllowedAreas(Qt::NoDockWidgetArea);
 }
 
@@ -66,7 +69,7 @@ void kmmainwidget::arrangeDocks()
         return findChild<KMDockWidget *>(QLatin1String(objectName), Qt::FindDirectChildrenOnly);
     };
     for (const char *objectName : {"kmoutputwidget", "kmcodeeditorwidget", "kmschematicwidget", "kmhistorywidget",
-                                   "kmbonewidget", "kmanimationwidget", "kmsetupwidget"})
+                                   "kmbonewidget", "kmmorphwidget", "kmanimationwidget", "kmsetupwidget"})
         floatHidden(dock(objectName));
     dock("kmcoodinatewidget")->hide();
     dock("kmoutputwidget")->setGeometry(0, dpiScaled(120), dpiScaled(260), dpiScaled(300));
@@ -84,9 +87,13 @@ void kmmainwidget::arrangeDocks()
 
 void kmmainwidget::connectDocks()
 {
-    for (KMDockWidget *dock : {static_cast<KMDockWidget *>(m_nodeDock), static_cast<KMDockWidget *>(m_textureDock),
-                               static_cast<KMDockWidget *>(m_shaderDock)})
+    for (KMDockWidget *dock : {static_cast<KMDockWidget *>(m_nodeDock), static_cast<KMDockWidget *>(m_boneDock),
+                               static_cast<KMDockWidget *>(m_textureDock), static_cast<KMDockWidget *>(m_shaderDock)})
         connect(dock, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
+
+    // The tag that is chosen in the tree is the one whose morphs are shown.
+    auto *morphs = findChild<kmmorphwidget *>();
+    connect(m_nodeDock, &KMDockWidget::onNodeChanged, morphs, &kmmorphwidget::refresh);
 
     const auto actions = [this](const QList<const char *> &items) {
         QList<QAction *> list;
@@ -94,16 +101,19 @@ void kmmainwidget::connectDocks()
             list << (item ? action(item) : nullptr);
         return list;
     };
-    m_nodeDock->setClipboard(m_clipboard);
+    const QList<const char *> editActions{"actionRename", "actionDuplicate", "actionCut",
+                                          "actionCopy",   "actionPaste",     "actionDelete"};
+    for (KMTreeDock *dock : {static_cast<KMTreeDock *>(m_nodeDock), static_cast<KMTreeDock *>(m_boneDock)}) {
+        dock->setClipboard(m_clipboard);
+        dock->setTagActions(actions(editActions));
+    }
     m_nodeDock->setMenuActions(actions({"actionCreateNull", "actionCreateInt", "actionCreateFloat", "actionCreateBool",
                                         nullptr, "actionRename", "actionDuplicate", "actionGroup", nullptr, "actionCut",
                                         "actionCopy", "actionPaste", "actionDelete"}));
-    m_nodeDock->setTagActions(
-        actions({"actionRename", "actionDuplicate", "actionCut", "actionCopy", "actionPaste", "actionDelete"}));
+    m_boneDock->setMenuActions(actions({"actionRename", nullptr, "actionPaste"}));
     for (KMShelfDock *shelf : {static_cast<KMShelfDock *>(m_shaderDock), static_cast<KMShelfDock *>(m_textureDock)}) {
         shelf->setClipboard(m_clipboard);
-        shelf->setEditActions(
-            actions({"actionRename", "actionDuplicate", "actionCut", "actionCopy", "actionPaste", "actionDelete"}));
+        shelf->setEditActions(actions(editActions));
     }
     m_shaderDock->setAddActions(actions({"actionCreateShader", "actionCreatePbrShader"}));
     m_textureDock->setAddActions(

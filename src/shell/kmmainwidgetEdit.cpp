@@ -30,6 +30,7 @@
 #include "modifiers/KMPrimTorusNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneEdit.h"
+#include "rig/KMModBoneDeformNode.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMMeshClipboard.h"
@@ -41,6 +42,7 @@
 #include "shell/docks/kmtexturewidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/kmpreferenceswidget.h"
+#include "tools/KMBoneTargets.h"
 
 #include <QApplication>
 #include <QMenuBar>
@@ -170,7 +172,8 @@ void kmmainwidget::onMenuRename()
 void kmmainwidget::onMenuSelectionDelete()
 {
     commitOpenEditors();
-    if (editInPanel(KMDockWidget::Edit::Delete) || (worksOnElements() && KMMeshEdit::deleteSelection()))
+    if (editInPanel(KMDockWidget::Edit::Delete)
+        || (worksOnElements() && (KMMeshEdit::deleteSelection() || KMBoneTargets::deleteSelected())))
         return;
     if (worksOnElements() && areElementsSelected()) {
         gSolution->showMessage(
@@ -328,6 +331,11 @@ void kmmainwidget::onMenuCreateSolidifyNode()
 void kmmainwidget::onMenuCreateClonerNode()
 {
     KMNodeEdits::addModifier(new KMModClonerNode);
+}
+
+void kmmainwidget::onMenuCreateBoneDeformNode()
+{
+    KMNodeEdits::addModifier(new KMModBoneDeformNode);
 }
 
 void kmmainwidget::onMenuCreateShaderNode()

@@ -6,14 +6,20 @@
 #include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
 #include "shell/KMMainBox.h"
+#include "shell/KMPlayback.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMNormalComContainer.h"
 #include "shell/docks/KMDockWidget.h"
+#include "shell/docks/kmbonewidget.h"
+#include "shell/docks/kmmorphwidget.h"
 #include "shell/docks/kmnodewidget.h"
+#include "shell/docks/kmsetupwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/views/KMViewMenu.h"
 #include "tools/KMBoneComContainer.h"
+#include "tools/KMBoneWeightComContainer.h"
+#include "tools/KMMorphComContainer.h"
 #include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 
@@ -50,7 +56,13 @@ void kmmainwidget::createMenus()
     createCreateMenu();
     createSelectionMenu();
     createNodesMenu();
-    createFamilyMenu(tr("Bone(&B)"), "Menu Bone", new KMBoneComContainer(this));
+    auto *boneCommands = new KMBoneComContainer(this);
+    createFamilyMenu(tr("Bone(&B)"), "Menu Bone", boneCommands);
+    m_boneDock->setBoneCommands(boneCommands);
+    createFamilyMenu(tr("BoneWeight(&T)"), "Menu BoneWeight", new KMBoneWeightComContainer(this));
+    auto *morphs = new KMMorphComContainer(this);
+    createFamilyMenu(tr("Morph(&M)"), "Menu Morph", morphs);
+    findChild<kmmorphwidget *>()->setCommands(morphs);
     createFamilyMenu(tr("Normal(&L)"), "Menu Normal", new KMNormalComContainer(this));
     createWidgetMenu();
     createPanelMenu();
@@ -156,7 +168,7 @@ void kmmainwidget::createCreateMenu()
     QMenu *modifiers = menu->addMenu(KMIcon::icon(QStringLiteral("node-modifier")), tr("Modifiers"));
     modifiers->setObjectName(QStringLiteral("modifiers"));
     fill(modifiers, {"actionCreateSubdivision", "actionCreateSymmetry", "actionCreatePipe", "actionCreateFFD",
-                     "actionCreateSolidify", "actionCreateCloner"});
+                     "actionCreateSolidify", "actionCreateCloner", "actionCreateBoneDeform"});
     fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));
@@ -204,6 +216,7 @@ void kmmainwidget::createWidgetMenu()
     m_widgetMenu = addMenu(tr("Widget(&W)"), "Menu Widget");
     for (const KMDockWidget *dock : std::as_const(m_docks))
         m_widgetMenu->addAction(dock->toggleViewAction());
+    m_widgetMenu->addAction(findChild<kmsetupwidget *>()->sheetAction());
     connect(m_widgetMenu, &QMenu::aboutToShow, this, &kmmainwidget::onPreMenuWidget);
     listActionGroup(m_widgetMenu, action("Menu Widget"));
 }
@@ -215,6 +228,9 @@ void kmmainwidget::createViewMenu()
                 "actionCameraBack", "actionCameraRight", "actionCameraLeft", "actionCameraTop", "actionCameraBottom",
                 "actionCameraOrtho", nullptr, "actionCameraReset", "actionAutoOrtho", "actionCentering", nullptr,
                 "actionShowTexture", "actionShowGrid", "actionGridSetting"});
+    QMenu *motion = menu->addMenu(KMIcon::icon(QStringLiteral("animation")), tr("Motion"));
+    motion->setObjectName(QStringLiteral("motion"));
+    motion->addActions(m_playback->actions());
     connect(menu, &QMenu::aboutToShow, this, &kmmainwidget::syncViewActions);
     listActionGroup(menu, action("Menu View"));
 }

@@ -56,7 +56,7 @@ void kmmainwidget::createBars()
         m_customPanels << panel;
         m_actions << panel->showAction();
     }
-    m_animationPanel = new kmanimationpanel(this);
+    m_animationPanel = new kmanimationpanel(m_playback, this);
     addToolBar(Qt::BottomToolBarArea, m_animationPanel);
     m_animationPanel->hide();
 }

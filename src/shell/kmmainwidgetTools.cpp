@@ -10,17 +10,23 @@
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
 #include "shell/toolpages/KMBevelPage.h"
+#include "shell/toolpages/KMBoneToolPage.h"
+#include "shell/toolpages/KMBoneWeightPage.h"
 #include "shell/toolpages/KMExtrudePage.h"
 #include "shell/toolpages/KMSelPage.h"
 #include "shell/toolpages/KMUnivPage.h"
+#include "shell/toolpages/KMWeightPage.h"
 #include "tools/KMEnvToolBar.h"
 #include "tools/KMTool.h"
 #include "tools/KMToolBar.h"
 #include "tools/KMToolBevel.h"
+#include "tools/KMToolBone.h"
+#include "tools/KMToolBoneWeight.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSel.h"
 #include "tools/KMToolUniv.h"
+#include "tools/KMToolWeight.h"
 
 #include <QAction>
 #include <QPointer>
@@ -39,11 +45,18 @@ QWidget *makePage(KMTool *tool)
     case KMToolKind::Scale:
     case KMToolKind::Universal:
     case KMToolKind::SRT:
+    case KMToolKind::Animation:
         return new KMUnivPage(static_cast<KMToolUniv *>(tool));
+    case KMToolKind::Weight:
+        return new KMWeightPage(static_cast<KMToolWeight *>(tool));
     case KMToolKind::Extrude:
         return new KMExtrudePage(static_cast<KMToolExtrude *>(tool));
+    case KMToolKind::Bone:
+        return new KMBoneToolPage(static_cast<KMToolBone *>(tool));
     case KMToolKind::Bevel:
         return new KMBevelPage(static_cast<KMToolBevel *>(tool));
+    case KMToolKind::BoneWeight:
+        return new KMBoneWeightPage(static_cast<KMToolBoneWeight *>(tool));
     default:
         return nullptr;
     }

@@ -1,6 +1,5 @@
 #include "tools/KMBoneCommands.h"
 
-#include "core/KMNodeType.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
@@ -8,6 +7,7 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
 #include "rig/KMPhysicsMaking.h"
+#include "rig/KMRigTags.h"
 #include "rig/KMTagRigidBody.h"
 #include "tools/KMAlignVertexDialog.h"
 
@@ -73,13 +73,9 @@ bool isSameWay(const kvm::Vector3 &head, const kvm::Vector3 &tail, const KMBoneR
 
 QList<KMTagRigidBody *> selectedBodies(const KMBoneContainer &container)
 {
-    QList<KMTagRigidBody *> bodies;
-    for (const KMBone *bone : container.bones()) {
-        for (KMTagBase *tag : bone->tags()) {
-            if (tag->type() == KMNodeType::TagRigidBody && tag->isSelected() && !tag->isDeleted())
-                bodies << nodeAs<KMTagRigidBody>(tag);
-        }
-    }
+    QList<KMTagRigidBody *> bodies = KMRigTags::bodies(&container);
+    const auto isLeftOut = [](const KMTagRigidBody *body) { return !body->isSelected(); };
+    bodies.erase(std::remove_if(bodies.begin(), bodies.end(), isLeftOut), bodies.end());
     return bodies;
 }
 

@@ -26,8 +26,9 @@ public:
     virtual kvm::Quaternion localAxes() const = 0;          ///< of what is current
 
     virtual bool begin(const Grab &grab) = 0; ///< false where there is nothing to move
-    /// Moves it from where it was at the start. Answers what was done, which snapping may have changed.
-    virtual KMDragTransform apply(const KMDragTransform &transform, const KMCameraNode &camera) = 0;
+    /// Moves it from where it was at the start. Answers what was done, which snapping may have changed. Nothing happens
+    /// to a subject whose drags change something else than places.
+    virtual KMDragTransform apply(const KMDragTransform &, const KMCameraNode &) { return {}; }
     virtual void commit() = 0; ///< makes the step
     virtual void cancel() = 0; ///< everything is as it was at the start, bit for bit
     virtual std::optional<kvm::Vector3> snapPoint() const { return {}; } ///< what it has snapped to

@@ -21,6 +21,7 @@
 #include "modifiers/KMPrimitiveNode.h"
 #include "render/KMCameraNode.h"
 #include "render/KMRenderer.h"
+#include "rig/KMMorphBake.h"
 #include "tools/KMViewSurface.h"
 
 #include <QApplication>
@@ -179,7 +180,7 @@ void NodeComFitFFD::run()
 
 void NodeComFreezeModifier::run()
 {
-    KMFreezeModifiers::freezeModifiers(mesh());
+    KMFreezeModifiers::freezeModifiers(mesh(), &KMMorphBake::carry);
 }
 
 QString NodeComPolygonize::obstacle() const

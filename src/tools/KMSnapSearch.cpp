@@ -72,7 +72,12 @@ bool KMSnapSearch::isOn()
 }
 
 KMSnapSearch::KMSnapSearch(const QVector<Moving> &moving)
-    : m_options(gSolution->snapOptions())
+    : KMSnapSearch(moving, gSolution->snapOptions())
+{
+}
+
+KMSnapSearch::KMSnapSearch(const QVector<Moving> &moving, int options)
+    : m_options(options)
 {
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
         const KMMeshModifier *maker = mesh->ownerModifier();

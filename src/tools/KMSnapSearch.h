@@ -30,8 +30,9 @@ public:
         std::vector<bool> vertices;
     };
 
-    static bool isOn(); ///< the options ask for any snapping
-    explicit KMSnapSearch(const QVector<Moving> &moving);
+    static bool isOn();                                       ///< the options ask for any snapping
+    explicit KMSnapSearch(const QVector<Moving> &moving);     ///< by the options of the session
+    KMSnapSearch(const QVector<Moving> &moving, int options); ///< bits of KMSnapOption; a Stop among them is ignored
 
     /// The window coordinates of the meshes have to be those of the camera.
     std::optional<Target> find(const KMCameraNode &camera, const QPointF &position) const;

@@ -5,13 +5,17 @@
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "tools/KMLaterTool.h"
+#include "tools/KMToolAnimation.h"
 #include "tools/KMToolBevel.h"
+#include "tools/KMToolBone.h"
+#include "tools/KMToolBoneWeight.h"
 #include "tools/KMToolErase.h"
 #include "tools/KMToolExtrude.h"
 #include "tools/KMToolKind.h"
 #include "tools/KMToolSRT.h"
 #include "tools/KMToolSel.h"
 #include "tools/KMToolUniv.h"
+#include "tools/KMToolWeight.h"
 
 #include <QAction>
 #include <QApplication>
@@ -40,10 +44,18 @@ std::unique_ptr<KMTool> makeTool(int id)
         return std::make_unique<KMToolUniv>(id);
     case KMToolKind::SRT:
         return std::make_unique<KMToolSRT>();
+    case KMToolKind::Weight:
+        return std::make_unique<KMToolWeight>();
     case KMToolKind::Extrude:
         return std::make_unique<KMToolExtrude>();
+    case KMToolKind::Animation:
+        return std::make_unique<KMToolAnimation>();
+    case KMToolKind::Bone:
+        return std::make_unique<KMToolBone>();
     case KMToolKind::Bevel:
         return std::make_unique<KMToolBevel>();
+    case KMToolKind::BoneWeight:
+        return std::make_unique<KMToolBoneWeight>();
     default:
         return std::make_unique<KMLaterTool>(id);
     }

@@ -10,6 +10,7 @@
 #include "render/KMMouseEvent.h"
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
+#include "tools/KMBoneTargets.h"
 #include "tools/KMElementClick.h"
 #include "tools/KMToolCross.h"
 #include "tools/KMToolKind.h"
@@ -18,16 +19,20 @@
 
 namespace {
 
-KMPickRequest pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget)
+/// An element, or a bone in place of it.
+KMBonePicker::Hit pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget, KMPickRequest &request)
 {
+    const KMBonePicker::Hit bone = KMBoneTargets::pickBefore(*widget.camera(), event.localPos());
+    if (bone.isHit())
+        return bone;
     const KMEditFilter &filter = gSolution->editFilter();
-    KMPickRequest request;
     request.margin = gSettings->vertexClickMargin;
     request.wantVertex = filter.vertices;
     request.wantEdge = filter.edges;
     request.wantFace = filter.faces;
-    KMElementClick::pick(*widget.camera(), event.localPos(), request);
-    return request;
+    if (KMElementClick::pick(*widget.camera(), event.localPos(), request))
+        return {};
+    return KMBoneTargets::pickBehind(*widget.camera(), event.localPos());
 }
 
 bool canErase(const KMPickRequest &hit)
@@ -70,6 +75,7 @@ void KMToolErase::leave(QEvent *, KMOpenGLWidget *)
 {
     m_hover = {};
     KMPicker::clearHot();
+    KMBonePicker::clearHot();
 }
 
 void KMToolErase::draw(KMOpenGLWidget *widget)
@@ -90,13 +96,15 @@ bool KMToolErase::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
 {
     if (event->buttons() != Qt::NoButton)
         return false;
-    KMPickRequest hit = pickAt(*event, *widget);
+    KMPickRequest hit;
+    const KMBonePicker::Hit bone = pickAt(*event, *widget, hit);
+    const bool isOtherBone = KMBonePicker::setHot(bone);
     if (!canErase(hit)) {
         hit.clearResult();
         KMPicker::clearHot();
     }
     const bool isOther = hit.mesh != m_hover.mesh || hit.vertex != m_hover.vertex || hit.edge != m_hover.edge
-                         || hit.face != m_hover.face || (hit.isHit() && hit.point != m_hover.point);
+                         || hit.face != m_hover.face || (hit.isHit() && hit.point != m_hover.point) || isOtherBone;
     m_hover = hit;
     return isOther;
 }
@@ -105,10 +113,15 @@ bool KMToolErase::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
 {
     if (event->buttons() != Qt::LeftButton || event->modifiers() & Qt::AltModifier)
         return false;
-    const KMPickRequest hit = pickAt(*event, *widget);
+    KMPickRequest hit;
+    const KMBonePicker::Hit bone = pickAt(*event, *widget, hit);
     KMPicker::clearHot();
-    if (canErase(hit))
-        erase(hit, widget->camera()->pixelScale(gSettings->symmetryMargin));
+    KMBonePicker::clearHot();
+    const float mirrorTolerance = widget->camera()->pixelScale(gSettings->symmetryMargin);
+    if (bone.isHit())
+        KMBoneTargets::deleteBone(bone.bone, mirrorTolerance);
+    else if (canErase(hit))
+        erase(hit, mirrorTolerance);
     else if (hit.isHit())
         KMElementClick::tellWhyFixed(*hit.mesh);
     return true;

@@ -5,7 +5,7 @@
 
 class KMToolCross;
 
-/// Deletes the vertex, edge or face that is clicked, with its mirror image where symmetry is on.
+/// Deletes the vertex, edge, face or bone that is clicked, with its mirror image where symmetry is on.
 class KMToolErase : public KMTool
 {
     Q_OBJECT

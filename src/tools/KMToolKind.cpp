@@ -18,7 +18,7 @@ constexpr KMToolKind kinds[] = {
     {KMToolKind::Select, "squares100", QT_TRANSLATE_NOOP("KMTool", "Select"), "toolSelect", "S", elements,
      QT_TRANSLATE_NOOP("KMTool", "Select loops, rings, belts, patches and paths of a mesh")},
     {KMToolKind::Erase, "eraser9", QT_TRANSLATE_NOOP("KMTool", "Erase"), "toolErase", "D", elements,
-     QT_TRANSLATE_NOOP("KMTool", "Delete the vertex, edge or face that is clicked")},
+     QT_TRANSLATE_NOOP("KMTool", "Delete the vertex, edge, face or bone that is clicked")},
     {KMToolKind::Universal, "earth", QT_TRANSLATE_NOOP("KMTool", "Universal"), "toolUniversal", "V", allTargets,
      QT_TRANSLATE_NOOP("KMTool", "Select elements; move, rotate and scale them")},
     {KMToolKind::Cutter, "cutter", QT_TRANSLATE_NOOP("KMTool", "Cutter"), "toolCutter", "K", elements,
@@ -32,7 +32,8 @@ constexpr KMToolKind kinds[] = {
     {KMToolKind::Magnet, "magnet6", QT_TRANSLATE_NOOP("KMTool", "Magnet"), "toolMagnet", "G", elements,
      QT_TRANSLATE_NOOP("KMTool", "Pull the surface within a radius")},
     {KMToolKind::Weight, "weight24", QT_TRANSLATE_NOOP("KMTool", "Weight"), "toolWeight", "W", elements,
-     QT_TRANSLATE_NOOP("KMTool", "Set the crease weights of edges")},
+     QT_TRANSLATE_NOOP("KMTool", "Select vertices and edges; a drag at one of them to the right or left "
+                                 "changes how sharp subdivision leaves them")},
     {KMToolKind::Pen, "edit45", QT_TRANSLATE_NOOP("KMTool", "Pen"), "toolPen", "F", elements,
      QT_TRANSLATE_NOOP("KMTool", "Draw vertices and faces")},
     {KMToolKind::Extrude, "cube5", QT_TRANSLATE_NOOP("KMTool", "Extrude"), "toolExtrude", "E", elements,

@@ -8,11 +8,14 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshTargets.h"
 #include "render/KMPicker.h"
+#include "tools/KMBoneDrag.h"
+#include "tools/KMBoneTargets.h"
 #include "tools/KMNodeDrag.h"
 #include "tools/KMToolKind.h"
 
 KMToolSRT::KMToolSRT(QWidget *parent)
-    : KMToolUniv(KMToolKind::SRT, std::make_unique<KMNodeDrag>(), parent)
+    : KMToolUniv(KMToolKind::SRT,
+                 std::make_unique<KMElementDrag>(std::make_unique<KMNodeDrag>(), KMBoneDrag::Reach::Wholes), parent)
 {
 }
 
@@ -50,8 +53,18 @@ bool KMToolSRT::clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers mod
     return node->isSelected();
 }
 
+/// A bone is a whole object here.
+bool KMToolSRT::clickBone(const KMBonePicker::Hit &hit, Qt::KeyboardModifiers modifiers)
+{
+    KMBonePicker::Hit whole = hit;
+    whole.part = KMBonePicker::Part::Body;
+    return KMToolUniv::clickBone(whole, modifiers);
+}
+
 void KMToolSRT::clickNothing()
 {
+    if (!KMBoneTargets::selected().isEmpty())
+        return KMBoneTargets::unselectAll();
     if (!gProject->tree()->selectedItems().isEmpty())
         gSolution->push(new selectNodeCommand(nullptr));
 }

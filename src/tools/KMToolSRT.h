@@ -11,6 +11,7 @@ public:
 
 protected:
     bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers) override;
+    bool clickBone(const KMBonePicker::Hit &hit, Qt::KeyboardModifiers modifiers) override;
     void clickNothing() override;
     bool hasMarquee() const override { return false; }
     KMPickRequest requestFor(float margin) const override;

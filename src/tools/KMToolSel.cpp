@@ -8,6 +8,7 @@
 #include "mesh/KMMeshTargets.h"
 #include "render/KMMouseEvent.h"
 #include "render/KMOpenGLWidget.h"
+#include "tools/KMBoneTargets.h"
 #include "tools/KMElementClick.h"
 #include "tools/KMSelectionChain.h"
 #include "tools/KMToolKind.h"
@@ -43,6 +44,12 @@ void chooseNode(KMMeshNode *mesh, Qt::KeyboardModifiers modifiers)
         KMElementClick::choose(mesh, mode);
     else if (row)
         row->setSelected(false);
+}
+
+KMBonePicker::Hit boneAt(const KMMouseEvent &event, const KMOpenGLWidget &widget, bool isElementHit)
+{
+    const KMBonePicker::Hit bone = KMBoneTargets::pickBefore(*widget.camera(), event.localPos());
+    return bone.isHit() || isElementHit ? bone : KMBoneTargets::pickBehind(*widget.camera(), event.localPos());
 }
 
 } // namespace
@@ -119,10 +126,12 @@ bool KMToolSel::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (event->buttons() != Qt::NoButton)
         return false;
     const KMPickRequest hit = pickAt(*event, *widget);
+    const KMBonePicker::Hit bone = boneAt(*event, *widget, hit.isHit());
+    const bool isOtherBone = KMBonePicker::setHot(bone);
     const bool isSame = hit.mesh == m_hover.mesh && hit.vertex == m_hover.vertex && hit.edge == m_hover.edge
                         && hit.face == m_hover.face;
     if (isSame)
-        return false;
+        return isOtherBone;
     if (hit.isHit())
         show(chainAt(hit));
     else
@@ -136,10 +145,12 @@ bool KMToolSel::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (event->buttons() != Qt::LeftButton || event->modifiers() & Qt::AltModifier)
         return false;
     const KMPickRequest hit = pickAt(*event, *widget);
+    if (pressBone(*event, *widget, hit.isHit()))
+        return true;
     if (!hit.isHit()) {
         forgetRoot();
         hideChain();
-        KMMeshSelect::unselectAll();
+        KMBoneTargets::unselectAll();
     } else if (mode() == Node) {
         chooseNode(hit.mesh, event->modifiers());
     } else if (mode() == RootEdge) {
@@ -147,6 +158,24 @@ bool KMToolSel::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     } else {
         chainAt(hit).select(!(event->modifiers() & Qt::ControlModifier));
     }
+    return true;
+}
+
+void KMToolSel::leave(QEvent *, KMOpenGLWidget *)
+{
+    KMBonePicker::clearHot();
+}
+
+/// Of bones there is one kind of chain, all that hang on one.
+bool KMToolSel::pressBone(const KMMouseEvent &event, const KMOpenGLWidget &widget, bool isElementHit)
+{
+    const KMBonePicker::Hit bone = boneAt(event, widget, isElementHit);
+    if (!bone.isHit())
+        return false;
+    if (mode() == ChainedFace)
+        KMBoneTargets::selectBranch(bone.bone, !(event.modifiers() & Qt::ControlModifier));
+    else
+        KMBoneTargets::click(bone, KMMeshSelect::clickMode(event.modifiers()));
     return true;
 }
 

@@ -30,9 +30,11 @@ public:
 
     bool mousePress(KMMouseEvent *event, KMOpenGLWidget *widget) override;
     bool mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget) override;
+    void leave(QEvent *event, KMOpenGLWidget *widget) override;
 
 private:
     KMPickRequest pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget) const;
+    bool pressBone(const KMMouseEvent &event, const KMOpenGLWidget &widget, bool isElementHit);
     KMSelectionChain chainAt(const KMPickRequest &hit);
     KMSelectionChain pathTo(const KMPickRequest &hit);
     void pressRoot(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);

@@ -12,6 +12,8 @@
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "render/KMRenderer.h"
+#include "tools/KMBoneDrag.h"
+#include "tools/KMBoneTargets.h"
 #include "tools/KMElementClick.h"
 #include "tools/KMHandleCode.h"
 #include "tools/KMSelectionDrag.h"
@@ -20,6 +22,7 @@
 #include "tools/KMToolKind.h"
 #include "tools/KMToolLasso.h"
 #include "tools/KMToolSquare.h"
+#include "tools/KMWindowGeometry.h"
 
 #include <QLineF>
 
@@ -41,6 +44,8 @@ int defaultMode(int toolId)
         return Rotates | HasRing | HasCentre;
     case KMToolKind::Scale:
         return Scales | HasCentre;
+    case KMToolKind::Animation:
+        return Translates | Rotates | HasRing | HasCentre;
     default:
         return Everything;
     }
@@ -49,7 +54,8 @@ int defaultMode(int toolId)
 } // namespace
 
 KMToolUniv::KMToolUniv(int id, QWidget *parent)
-    : KMToolUniv(id, std::make_unique<KMSelectionDrag>(), parent)
+    : KMToolUniv(id, std::make_unique<KMElementDrag>(std::make_unique<KMSelectionDrag>(), KMBoneDrag::Reach::Ends),
+                 parent)
 {
 }
 
@@ -171,8 +177,10 @@ void KMToolUniv::cancel()
         return;
     if (m_operation == Operation::Drag)
         m_subject->cancel();
-    if (isStroke())
+    if (isStroke()) {
         m_brushSelect.cancel();
+        m_boneMarquee.cancel();
+    }
     end();
     m_value.clear(); // that of a drag which didn't happen
     emit valueChanged(m_value);
@@ -199,7 +207,7 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (event->buttons() != Qt::LeftButton || (event->modifiers() & Qt::AltModifier) || !m_handle)
         return false;
     m_pressPos = m_lastPos = event->localPos();
-    m_hasLeftPress = m_isAtHandle = false;
+    m_hasLeftPress = m_isAtHandle = m_isAtBone = false;
     m_fixedMesh = m_cage = nullptr;
     m_widget = widget;
     const int code = handleCodeAt(m_pressPos, *widget);
@@ -209,8 +217,9 @@ bool KMToolUniv::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         return true;
     }
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(*widget->camera(), m_pressPos, request)) {
-        pressElement(request, *event);
+    KMBonePicker::Hit bone;
+    if (pickAny(*widget->camera(), m_pressPos, request, bone)) {
+        bone.isHit() ? pressBone(bone, *event) : pressElement(request, *event);
     } else {
         m_cage = request.only;
         beginMarquee(*event);
@@ -249,6 +258,16 @@ bool KMToolUniv::pick(const KMCameraNode &camera, const QPointF &position, KMPic
     return KMElementClick::pick(camera, position, request);
 }
 
+QString KMToolUniv::statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const
+{
+    return drag.statusText(transform);
+}
+
+bool KMToolUniv::clickBone(const KMBonePicker::Hit &hit, Qt::KeyboardModifiers modifiers)
+{
+    return KMBoneTargets::click(hit, KMMeshSelect::clickMode(modifiers));
+}
+
 void KMToolUniv::pressElement(const KMPickRequest &hit, const KMMouseEvent &event)
 {
     constexpr Qt::KeyboardModifiers both = Qt::ControlModifier | Qt::ShiftModifier;
@@ -270,14 +289,14 @@ bool KMToolUniv::clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers mo
 
 void KMToolUniv::clickNothing()
 {
-    KMMeshSelect::unselectAll();
+    KMBoneTargets::unselectAll();
 }
 
 void KMToolUniv::beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit)
 {
     const KMCameraNode &camera = *m_widget->camera();
     KMHandleDrag::Start start;
-    start.isFreeView = camera.isPerspectiveKind();
+    start.isFreeView = camera.isPerspectiveKind() && !m_isAtBone; // a bone goes with the cursor in any view
     start.code = rewritten(code, m_handleMode, event.modifiers() & Qt::ShiftModifier, start.isFreeView);
     start.press = m_pressPos;
     start.anchor = anchor;
@@ -301,31 +320,6 @@ void KMToolUniv::begin(Operation operation)
     m_operation = operation;
     m_hasMoved = false;
     setEditing(true);
-}
-
-void KMToolUniv::beginMarquee(const KMMouseEvent &event)
-{
-    if (!hasMarquee())
-        return begin(Operation::Square);
-    switch (gSolution->editFilter().shape) {
-    case KMEditFilter::Shape::Square:
-        return begin(Operation::Square);
-    case KMEditFilter::Shape::Lasso:
-        m_lasso->begin(m_pressPos);
-        return begin(Operation::Lasso);
-    case KMEditFilter::Shape::Brush:
-        return beginStroke(Operation::Brush, event, m_brushRadius, DP_SEL_FRAME);
-    }
-}
-
-void KMToolUniv::beginStroke(Operation operation, const KMMouseEvent &event, float radius, int displayColor)
-{
-    begin(operation);
-    m_brush->setRadius(radius);
-    m_brush->setDisplayColor(displayColor);
-    m_brush->moveTo(m_pressPos);
-    m_brushSelect.begin(KMMeshSelect::marqueeMode(event.modifiers()), radius);
-    m_brushSelect.strokeTo(m_pressPos, m_pressPos);
 }
 
 bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
@@ -352,17 +346,25 @@ bool KMToolUniv::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
         m_lasso->lengthen(m_lastPos);
     if (isStroke()) {
         m_brush->moveTo(m_lastPos);
-        m_brushSelect.strokeTo(before, m_lastPos);
+        strokeTo(before, m_lastPos);
     }
     return true;
 }
 
 void KMToolUniv::drag(Qt::KeyboardModifiers modifiers)
 {
+    const DragState state = dragBy(m_lastPos - m_pressPos, modifiers);
+    m_hasMoved = m_hasMoved || state.hasMoved;
+    m_value = state.value;
+    gSolution->setProgress(state.status);
+    emit valueChanged(m_value);
+}
+
+KMToolUniv::DragState KMToolUniv::dragBy(const QPointF &, Qt::KeyboardModifiers modifiers)
+{
     const KMCameraNode &camera = *m_widget->camera();
     const KMDragTransform asked = m_drag.transform(camera, m_lastPos, modifiers & Qt::ShiftModifier);
     const KMDragTransform transform = m_subject->apply(asked, camera);
-    m_hasMoved = m_hasMoved || !transform.isIdentity();
     const KMHandlePlace &start = m_drag.start().handle;
     if (transform.kind == KMDragTransform::Kind::Rotate)
         m_handle->setPlace(start.position, transform.turn() * start.axes);
@@ -372,9 +374,7 @@ void KMToolUniv::drag(Qt::KeyboardModifiers modifiers)
     if (snapPoint)
         m_hint->setLines({*snapPoint, *snapPoint}, {{0, 1}});
     m_hint->setVisible(bool(snapPoint));
-    m_value = m_drag.valueText(transform);
-    gSolution->setProgress(m_drag.statusText(transform));
-    emit valueChanged(m_value);
+    return {!transform.isIdentity(), statusText(m_drag, transform), m_drag.valueText(transform)};
 }
 
 /// Whether the view has to be painted anew.
@@ -385,10 +385,13 @@ bool KMToolUniv::hover(const QPointF &position, KMOpenGLWidget *widget)
     Hover over;
     if (code == NoPart) {
         KMPickRequest request = requestFor(hoverMargin);
-        if (pick(*widget->camera(), position, request))
+        KMBonePicker::Hit bone;
+        if (pickAny(*widget->camera(), position, request, bone) && !bone.isHit())
             over = {request.mesh, request.vertex, request.edge ? request.edge->key() : 0, request.face};
+        isChanged = KMBonePicker::setHot(bone) || isChanged;
     } else {
         KMPicker::clearHot();
+        isChanged = KMBonePicker::setHot({}) || isChanged;
     }
     isChanged = isChanged || over != m_hover;
     m_hover = over;
@@ -402,6 +405,7 @@ void KMToolUniv::leave(QEvent *, KMOpenGLWidget *)
     m_handle->setHot(NoPart);
     m_hover = {};
     KMPicker::clearHot();
+    KMBonePicker::clearHot();
 }
 
 bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
@@ -433,8 +437,9 @@ bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
 void KMToolUniv::clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget)
 {
     KMPickRequest request = requestFor(gSettings->vertexClickMargin);
-    if (pick(*widget->camera(), m_pressPos, request))
-        clickElement(request, modifiers);
+    KMBonePicker::Hit bone;
+    if (pickAny(*widget->camera(), m_pressPos, request, bone))
+        bone.isHit() ? clickBone(bone, modifiers) : clickElement(request, modifiers);
 }
 
 /// A drag at what can't be dragged.
@@ -446,29 +451,6 @@ void KMToolUniv::tellFixed(const QPointF &position)
     m_fixedMesh = nullptr;
 }
 
-void KMToolUniv::commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers)
-{
-    const bool isTouching = operation == Operation::Brush || operation == Operation::Flow;
-    const bool isClick = !m_hasLeftPress && !(isTouching && m_brushSelect.hasTouched());
-    if (isTouching)
-        m_brushSelect.commit(operation == Operation::Flow ? tr("Flow Select") : tr("Brush Select"));
-    if (isClick) {
-        const bool isNews = m_cage && gSolution->currentNode() != m_cage;
-        if (isNews && !(modifiers & Qt::ControlModifier))
-            KMElementClick::choose(m_cage, KMMeshSelect::clickMode(modifiers));
-        else if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
-            clickNothing();
-        return;
-    }
-    if (!hasMarquee())
-        return;
-    const KMMeshSelect::Mode mode = KMMeshSelect::marqueeMode(modifiers);
-    if (operation == Operation::Square)
-        KMMarqueeSelect::selectRect(QRectF(m_pressPos, m_lastPos).normalized(), mode);
-    if (operation == Operation::Lasso)
-        KMMarqueeSelect::selectLasso(m_lasso->polygon(), mode);
-}
-
 // What it shows
 
 void KMToolUniv::draw(KMOpenGLWidget *widget)
@@ -476,6 +458,8 @@ void KMToolUniv::draw(KMOpenGLWidget *widget)
     KMTool::draw(widget);
     if (!m_handle)
         return;
+    if (followsPose())
+        refresh(); // another frame moves bones without a step
     const KMCameraNode *camera = widget ? widget->camera() : nullptr;
     const bool showsHandle = camera && !camera->isUV() && canShowHandle(*camera) && !isMarquee();
     m_handle->setVisible(showsHandle);

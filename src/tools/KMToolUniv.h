@@ -1,6 +1,8 @@
 #pragma once
 
+#include "render/KMBonePicker.h"
 #include "render/KMPickRequest.h"
+#include "tools/KMBoneMarquee.h"
 #include "tools/KMBrushSelect.h"
 #include "tools/KMDragSubject.h"
 #include "tools/KMTool.h"
@@ -56,13 +58,31 @@ signals:
 protected:
     KMToolUniv(int id, std::unique_ptr<KMDragSubject> subject, QWidget *parent);
 
+    /// What a drag has come to so far.
+    struct DragState
+    {
+        bool hasMoved;
+        QString status; ///< for the message line
+        QString value;  ///< for the panel
+    };
+
+    /// Takes what is dragged along to where the cursor is; its way since the press is in pixels.
+    virtual DragState dragBy(const QPointF &way, Qt::KeyboardModifiers modifiers);
     /// Selects what was pressed; whether a drag moves it now.
     virtual bool clickElement(const KMPickRequest &hit, Qt::KeyboardModifiers modifiers);
+    /// The same for a bone.
+    virtual bool clickBone(const KMBonePicker::Hit &hit, Qt::KeyboardModifiers modifiers);
     virtual void clickNothing();
     virtual bool hasMarquee() const { return true; }
     bool isSymmetric() const override { return true; }
     virtual KMPickRequest requestFor(float margin) const; ///< what the mouse may pick; margin in pixels
     virtual bool pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request) const;
+    /// Of elements and bones the one that the mouse means; the bone goes before the element when both are filled in.
+    virtual bool pickAny(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request,
+                         KMBonePicker::Hit &bone) const;
+    virtual bool followsPose() const;                      ///< its handle stands at bones
+    virtual int dragCode(const KMBonePicker::Hit &) const; ///< what a drag at it does, of KMHandleCode
+    virtual QString statusText(const KMHandleDrag &drag, const KMDragTransform &transform) const;
 
 private:
     enum class Operation { None, Drag, Square, Lasso, Brush, Flow };
@@ -82,6 +102,7 @@ private:
     bool canShowHandle(const KMCameraNode &camera) const;
     int handleCodeAt(const QPointF &position, const KMOpenGLWidget &widget) const;
     void pressElement(const KMPickRequest &hit, const KMMouseEvent &event);
+    void pressBone(const KMBonePicker::Hit &hit, const KMMouseEvent &event);
     void begin(Operation operation);
     void beginDrag(int code, const kvm::Vector3 &anchor, const KMMouseEvent &event, const KMPickRequest *hit);
     void beginMarquee(const KMMouseEvent &event);
@@ -92,6 +113,8 @@ private:
     void clickThroughHandle(Qt::KeyboardModifiers modifiers, KMOpenGLWidget *widget);
     void tellFixed(const QPointF &position);
     void commitMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    void commitBoneMarquee(Operation operation, Qt::KeyboardModifiers modifiers);
+    void strokeTo(const QPointF &from, const QPointF &to);
     bool isStroke() const { return m_operation == Operation::Brush || m_operation == Operation::Flow; }
     bool isMarquee() const { return m_operation != Operation::None && m_operation != Operation::Drag; }
 
@@ -103,6 +126,7 @@ private:
     bool m_hasMoved = false;          // in this drag
     bool m_hasLeftPress = false;      // the cursor was farther away than a click goes
     bool m_isAtHandle = false;        // the press was on it
+    bool m_isAtBone = false;          // so was a bone
     QPointer<KMMeshNode> m_fixedMesh; // was pressed, and can't be dragged
     QPointer<KMMeshNode> m_cage;      // was pressed through what its modifiers made, where it has no element itself
     Operation m_operation = Operation::None;
@@ -114,6 +138,7 @@ private:
     KMHandleDrag m_drag;
     std::unique_ptr<KMDragSubject> m_subject;
     KMBrushSelect m_brushSelect;
+    KMBoneMarquee m_boneMarquee;
     Hover m_hover;
 
     // Owned as overlays; null before initialize()

@@ -4,11 +4,17 @@
 #include "core/KMSolution.h"
 #include "formats/KMDReader.h"
 #include "formats/KMDWriter.h"
+#include "mesh/KMMeshEdit.h"
+#include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneTreeCommands.h"
+#include "rig/KMModBoneDeformNode.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
 #include "support/KmdBytes.h"
 #include "support/KmdEveryKind.h"
+#include "support/MeshFixtures.h"
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
 
@@ -82,12 +88,29 @@ void addRig(Random &random, QList<KMBone *> &bones)
     bones << rig->bones();
 }
 
-/// Two rigs, whose constraints may name bones of either.
+/// A mesh that bones of any rig move.
+KMTagBoneWeight *addSkin(Random &random, const QList<KMBone *> &bones)
+{
+    KMMeshNode *mesh = MeshFixtures::torus(4, 3);
+    auto *tag = new KMTagBoneWeight;
+    mesh->addTagKeepName(tag);
+    gProject->addToScene(mesh);
+    gProject->addToScene(new KMModBoneDeformNode);
+    tag->setParameters({int(random() % 3), random() % 2 == 0, number(random)});
+    for (int i = bones.isEmpty() ? 0 : 30; i > 0; --i)
+        tag->addEntry({int(random() % 12), number(random), bones[int(random() % uint(bones.size()))]});
+    for (int i = 0; i < 5; ++i)
+        tag->setSdefFlag(int(random() % 12), true);
+    return tag;
+}
+
+/// Two rigs, whose constraints and weights may name bones of either.
 void fill(Random &random)
 {
     QList<KMBone *> bones;
     addRig(random, bones);
     addRig(random, bones);
+    addSkin(random, bones);
     for (KMBone *bone : std::as_const(bones)) {
         if (random() % 3)
             continue;
@@ -168,6 +191,7 @@ private slots:
     void everyVersion_data();
     void everyVersion();
     void oddParents();
+    void weightsOverGaps();
     void mutations();
 
 private:
@@ -253,6 +277,36 @@ void tst_KMDBoneContainerBody::oddParents()
     QCOMPARE(read(withParent(file, 'b', 12345)), QStringLiteral("0a 1c 0b 0d, 1 warnings"));
     QCOMPARE(read(withParent(file, 'b', idOfB)), QStringLiteral("0a 1c 0b 0d, 1 warnings"));
     QCOMPARE(read(withParent(file, 'a', idOfB)), QStringLiteral("0a 1b 1c 0d, 1 warnings"));
+}
+
+/// The file counts the vertices that are there. Bones that are deleted aren't in it, nor what they bear.
+void tst_KMDBoneContainerBody::weightsOverGaps()
+{
+    Random random(3);
+    QList<KMBone *> bones;
+    while (bones.size() < 5)
+        addRig(random, bones);
+    KMTagBoneWeight *tag = addSkin(random, bones);
+    tag->clearEntries();
+    for (int v = 0; v < 12; ++v) {
+        tag->addEntry({v, 0.5f, bones[3]});
+        tag->addEntry({v, float(v) / 16.0f, bones[4]});
+        tag->setSdefFlag(v, v % 2);
+    }
+    KMMeshEdit::deleteVertex(*tag->mesh(), 2);
+    gSolution->push(new deleteBoneCommand(bones[3]));
+    const QByteArray bytes = saved();
+    gSolution->newDocument();
+    KMDReader reader;
+    QVERIFY2(reader.readBytes(bytes) && reader.warnings().isEmpty(), qPrintable(reader.error()));
+    const auto *mesh = static_cast<const KMMeshNode *>(gProject->meshesInTree().at(0));
+    const auto *read = static_cast<const KMTagBoneWeight *>(mesh->findTag(KMNodeType::TagBoneWeight));
+    QCOMPARE(read->entries().size(), 11);
+    for (int v = 0; v < 11; ++v) {
+        const int before = v < 2 ? v : v + 1;
+        QCOMPARE(read->entriesOf(v).first().weight, float(before) / 16.0f);
+        QCOMPARE(read->hasSdefFlag(v), before % 2 == 1);
+    }
 }
 
 /// Whatever a damaged file tells, the rigs are sound and come back from the next file as they are.

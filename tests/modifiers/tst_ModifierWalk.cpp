@@ -19,6 +19,11 @@
 #include "modifiers/KMModSdvCommands.h"
 #include "modifiers/KMModSolidNode.h"
 #include "modifiers/KMModSymNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneWeightCommands.h"
+#include "rig/KMModBoneDeformNode.h"
+#include "rig/KMTagBoneWeight.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 
@@ -81,6 +86,24 @@ float farthestNormals(const KMMeshNode &a, const KMMeshNode &b)
     return farthest;
 }
 
+/// What the result says of bones, by their names.
+QString weightText(const KMMeshNode &mesh)
+{
+    const auto *tag = static_cast<const KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
+    if (!tag)
+        return {};
+    QString text = QStringLiteral("weights\n");
+    for (const BoneWeightEntry &entry : tag->entries()) {
+        text += QStringLiteral("w %1 %2 %3\n")
+                    .arg(entry.vertex)
+                    .arg(entry.bone->name())
+                    .arg(double(entry.weight), 0, 'g', 9);
+    }
+    for (const int vertex : tag->sdefVertices())
+        text += QStringLiteral("sdef %1\n").arg(vertex);
+    return text;
+}
+
 KMMeshNode *withNormalTag(KMMeshNode *mesh)
 {
     mesh->addTag(new KMTagNormal);
@@ -97,8 +120,9 @@ public:
         : m_scene(mesh)
         , m_mesh(*mesh)
         , m_random(seed)
-        , m_start(m_scene.dump.text())
     {
+        addRig();
+        m_start = m_scene.dump.text();
     }
 
     void add();
@@ -123,6 +147,9 @@ private:
     void reorder();
     void takeOut();
     void switchOne();
+    void addRig();
+    void weigh();
+    void blend();
     void edit();
     void place();
     void moveVertex();
@@ -146,6 +173,8 @@ private:
     KMTagNormal *tag() { return static_cast<KMTagNormal *>(m_mesh.findTag(KMNodeType::TagNormal)); }
 
     MeshScene m_scene;
+    QList<KMBone *> m_bones;
+    KMTagBoneWeight *m_weights; // of the mesh
     KMMeshNode &m_mesh;
     QRandomGenerator m_random;
     QString m_start;
@@ -160,6 +189,7 @@ const Walker::Edit Walker::edits[] = {
     &Walker::addFace,     &Walker::deleteFace, &Walker::deleteVertex, &Walker::split,        &Walker::weighEdge,
     &Walker::weighVertex, &Walker::hide,       &Walker::shade,        &Walker::select,       &Walker::mapUV,
     &Walker::history,     &Walker::history,    &Walker::history,      &Walker::bend,         &Walker::bend,
+    &Walker::weigh,       &Walker::weigh,      &Walker::weigh,        &Walker::blend,        &Walker::blend,
     &Walker::crease,      &Walker::takeNormal, &Walker::takeNormal,   &Walker::turnFrame,
 };
 
@@ -182,7 +212,11 @@ void Walker::add()
     if (modifiers().size() >= 5)
         return;
     KMContainerNode *modifier = nullptr;
-    switch (below(6)) {
+    switch (below(8)) {
+    case 6:
+    case 7:
+        modifier = new KMModBoneDeformNode;
+        break;
     case 0: {
         auto *subdivision = new KMModSdvNode;
         KMModSdvNode::Parameters p;
@@ -215,6 +249,53 @@ void Walker::add()
     gProject->addToScene(modifier);
     gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, &m_mesh, modifier, KMRowFocus::Keep));
     gProject->checkModifiers();
+}
+
+/// Three bones in a pose.
+void Walker::addRig()
+{
+    auto *rig = new KMBoneContainer;
+    gProject->addNode(rig);
+    for (int i = 0; i < 3; ++i) {
+        auto *bone = new KMBone;
+        bone->setName(QString::number(i));
+        bone->setRest(restBone({float(i), 0, 0}, {float(i) + 0.7f, 0.2f, 0}));
+        PoseTransform pose;
+        pose.rotation = kvm::Quaternion::fromEuler({0.2f, number(1.0f), number(1.0f)});
+        bone->setKeyPose(pose);
+        rig->attachBone(bone, i == 1 ? m_bones.last() : nullptr);
+        m_bones << bone;
+    }
+    rig->rebuildOrder();
+    rig->animation()->reevaluate();
+    m_weights = new KMTagBoneWeight;
+    m_mesh.addTagKeepName(m_weights);
+    gSolution->clearHistory();
+}
+
+/// A handful of vertices.
+void Walker::weigh()
+{
+    KMWeightEdit edit(m_weights);
+    for (int i = below(8); i >= 0; --i) {
+        const int vertex = below(m_mesh.vertexCount());
+        if (coin())
+            edit.setEntries(vertex, {});
+        edit.setWeight(vertex, m_bones.at(below(3)), qAbs(number(1.0f)));
+        edit.setWeight(vertex, m_bones.at(below(3)), qAbs(number(1.0f)));
+    }
+    gSolution->push(new editBoneWeightCommand(&m_mesh, edit));
+}
+
+void Walker::blend()
+{
+    const QVector<int> vertices = {below(m_mesh.vertexCount()), below(m_mesh.vertexCount())};
+    if (below(3) == 0)
+        gSolution->push(new editTagBoneWeightCommand(&m_mesh, m_weights, {below(3), coin(), 100.0f}));
+    else if (coin())
+        gSolution->push(new setSdefFlagCommand(&m_mesh, m_weights, vertices));
+    else
+        gSolution->push(new removeSdefFlagCommand(&m_mesh, m_weights, vertices));
 }
 
 void Walker::remove()
@@ -408,8 +489,8 @@ void Walker::check()
     for (int i = 0; i < stages() && m_problem.isEmpty(); ++i) {
         KMMeshNode &made = *fresh.stage(i)->modMesh();
         KMMeshNode &kept = *m_mesh.modifiers().at(i).second->modMesh();
-        const QString expected = shapeText(made) + edgeText(made);
-        const QString found = shapeText(kept) + edgeText(kept);
+        const QString expected = shapeText(made) + edgeText(made) + weightText(made);
+        const QString found = shapeText(kept) + edgeText(kept) + weightText(kept);
         if (expected == found)
             continue;
         const QStringList a = expected.split(QLatin1Char('\n')), b = found.split(QLatin1Char('\n'));

@@ -6,6 +6,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
@@ -300,18 +301,12 @@ void tst_KMBonePose::shapeFollows()
 
 void tst_KMBonePose::weightedMeshesAreMarked()
 {
-    class WeightTag : public KMTagBase
-    {
-    public:
-        WeightTag() { setType(KMNodeType::TagBoneWeight); }
-        KMTagBase *clone() const override { return new WeightTag; }
-    };
     RigScene scene;
     auto *weighted = new KMMeshNode;
     auto *plain = new KMMeshNode;
     gProject->addNode(weighted);
     gProject->addNode(plain);
-    weighted->addTag(new WeightTag);
+    weighted->addTag(new KMTagBoneWeight);
     for (KMMeshNode *mesh : {weighted, plain})
         mesh->setDirtyMask(0);
     scene.rig->animation()->evaluateAll();

@@ -18,21 +18,14 @@ struct Kind
 
 constexpr Kind nodeKinds[] = {
     {0x600006, ""},
-    {0x4e00002, "T G"},
     {0x4e00009, "T f f b b i i [ 2f ] f f i i 4f G"},
     {0x4e0000a, "T i b [ u T [ 3f ] [ [ i ] ] ] G"},
 };
 
 constexpr Kind tagKinds[] = {
-    {0x20000001, "M[ i ] M[ i ] M[ u ] M[ u ]"}, // only on a mesh
-    {0x20000002, "s"},
-    {0x20000003, "[ i u s f i [ i 4f ] ]"},
-    {0x20000005, "[ u i f ] [ i ] i i f"},
     {0x20000006, "u i i f 7f b 2i 9f"},
     {0x20000007, "3u 12f 9f 3f 3f"},
     {0x20000008, "i u f i f i"},
-    {0x20000009, ""},
-    {0x2000000a, "4.0:4i"},
 };
 
 void writeEveryTag(QDataStream &out, double version, bool ofMesh);

@@ -4,7 +4,10 @@
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMDisplayCommands.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
+#include "rig/KMTagJoint.h"
 
 #include <QTextStream>
 
@@ -20,6 +23,10 @@ QString bits(const T &value)
 
 void RigDump::writeDetails(QTextStream &out, const KMContainerNode *node)
 {
+    for (const KMTagBase *tag : node->tags()) {
+        if (tag->type() == KMNodeType::TagBoneWeight && !tag->isDeleted())
+            writeWeights(out, *static_cast<const KMTagBoneWeight *>(tag));
+    }
     if (node->type() != KMNodeType::BoneContainer)
         return;
     const auto *rig = static_cast<const KMBoneContainer *>(node);
@@ -27,7 +34,18 @@ void RigDump::writeDetails(QTextStream &out, const KMContainerNode *node)
     for (const KMBone *bone : rig->bones())
         writeBone(out, bone);
     writeKeys(out, rig);
+    writeGroups(out);
     out << rigFault(*rig);
+}
+
+void RigDump::writeWeights(QTextStream &out, const KMTagBoneWeight &tag)
+{
+    const KMWeightParameters &p = tag.parameters();
+    out << "\n weights " << p.sdefMethod << p.autoNormalize << ' ' << bits(p.sdefBlend);
+    for (const BoneWeightEntry &entry : tag.entries())
+        out << ' ' << entry.vertex << '/' << number(entry.bone) << '=' << bits(entry.weight);
+    for (const int vertex : tag.sdefVertices())
+        out << " sdef " << vertex;
 }
 
 void RigDump::writeBone(QTextStream &out, const KMBone *bone)
@@ -49,11 +67,36 @@ void RigDump::writeBone(QTextStream &out, const KMBone *bone)
         if (tag->isDeleted())
             continue;
         out << " tag " << number(tag) << ' ' << tag->name() << " of " << number(tag->owner());
-        if (tag->type() != KMNodeType::TagConstraint)
-            continue;
-        const ConstraintData &data = static_cast<const KMTagConstraint *>(tag)->data();
-        out << " at " << number(data.target) << ' ' << bits(data.value) << ' ' << data.type << ' ' << data.loop << ' '
-            << data.ikDepth;
+        if (tag->type() == KMNodeType::TagConstraint) {
+            const ConstraintData &data = static_cast<const KMTagConstraint *>(tag)->data();
+            out << " at " << number(data.target) << ' ' << bits(data.value) << ' ' << data.type << ' ' << data.loop
+                << ' ' << data.ikDepth;
+        } else if (tag->type() == KMNodeType::TagRigidBody) {
+            writeBody(out, static_cast<const KMTagRigidBody *>(tag)->parameters());
+        } else if (tag->type() == KMNodeType::TagJoint) {
+            const JointData &data = static_cast<const KMTagJoint *>(tag)->parameters();
+            out << " between " << number(data.bodyA) << ' ' << number(data.bodyB) << ' ' << bits(data.pose)
+                << bits(data.linearLimit) << bits(data.angularLimit) << bits(data.linearSpring)
+                << bits(data.angularSpring);
+        }
+    }
+}
+
+void RigDump::writeBody(QTextStream &out, const RigidBodyData &data)
+{
+    out << ' ' << data.shape << ' ' << data.rigidType << ' ' << data.enabled << ' ' << data.collisionMask << ' '
+        << data.group << ' ' << bits(data.pose);
+    for (const float size : {data.width, data.height, data.depth, data.linearDamping, data.angularDamping,
+                             data.friction, data.restitution, data.mass})
+        out << bits(size);
+}
+
+void RigDump::writeGroups(QTextStream &out)
+{
+    for (const KMDisplayNode *group : moveDisplayNodeCommand::liveGroups()) {
+        out << "\n group " << number(group) << ' ' << group->name();
+        for (const DisplayItem &item : group->liveItems())
+            out << ' ' << item.type << ' ' << number(item.node);
     }
 }
 

@@ -21,6 +21,12 @@ KMAttributePage::KMAttributePage(QWidget *parent)
     m_form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
+void KMAttributePage::refresh()
+{
+    for (const auto &show : std::as_const(m_showers))
+        show();
+}
+
 void KMAttributePage::retire()
 {
     for (QWidget *child : findChildren<QWidget *>())

@@ -2,6 +2,10 @@
 
 #include "shell/widgets/KMFieldPanel.h"
 
+#include <QVector>
+
+#include <functional>
+
 class KMColorField;
 class KMContainerNode;
 class KMNode;
@@ -19,7 +23,7 @@ class KMAttributePage : public KMFieldPanel
 public:
     explicit KMAttributePage(QWidget *parent = nullptr);
 
-    virtual void refresh() = 0; ///< shows what the node holds
+    virtual void refresh(); ///< shows what the node holds
 
     void retire(); ///< the node may be gone: nothing is handed over any more
 
@@ -34,7 +38,9 @@ protected:
     void addHeading(const QString &text);
     void addRow(const QString &label, QWidget *editor, const QString &objectName);
     QFormLayout *form() const { return m_form; }
+    void onRefresh(const std::function<void()> &show) { m_showers << show; } ///< shows one value of the node
 
 private:
     QFormLayout *m_form;
+    QVector<std::function<void()>> m_showers;
 };

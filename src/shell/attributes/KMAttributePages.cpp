@@ -10,7 +10,12 @@
 #include "core/KMValueNodeContainer.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
+#include "rig/KMBone.h"
+#include "rig/KMTagConstraint.h"
+#include "rig/KMTagBoneWeight.h"
 #include "shell/attributes/KMBasicShaderPage.h"
+#include "shell/attributes/KMBonePage.h"
+#include "shell/attributes/KMConstraintTagPage.h"
 #include "shell/attributes/KMMeshPage.h"
 #include "shell/attributes/KMModifierPages.h"
 #include "shell/attributes/KMNormalTagPage.h"
@@ -18,9 +23,11 @@
 #include "shell/attributes/KMPbrShaderPage.h"
 #include "shell/attributes/KMPrimitivePages.h"
 #include "shell/attributes/KMProjectPage.h"
+#include "shell/attributes/KMRigTagPages.h"
 #include "shell/attributes/KMTagPage.h"
 #include "shell/attributes/KMTexturePages.h"
 #include "shell/attributes/KMValuePage.h"
+#include "shell/attributes/KMWeightTagPage.h"
 
 namespace {
 
@@ -60,12 +67,22 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::ModFFD, 0, &make<KMModFFDPage, KMModFFDNode>},
     {KMNodeType::ModPipe, 0, &make<KMModPipePage, KMModPipeNode>},
     {KMNodeType::ModSolid, 0, &make<KMModSolidPage, KMModSolidNode>},
+    {KMNodeType::ModBoneDeform, 0, &make<KMModBoneDeformPage, KMModBoneDeformNode>},
     {KMNodeType::ModCloner, 0, &make<KMModClonerPage, KMModClonerNode>},
     {KMNodeType::Mesh, 0, &make<KMMeshPage, KMMeshNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},
+    {KMNodeType::Bone, 0, &make<KMBonePage, KMBone>},
     {0, KMNodeType::NullFlag, &make<KMNullPage, KMNullNode>},
     {0, KMNodeType::TextureFlag, &make<KMTexturePage, KMTextureNode>},
     {KMNodeType::TagNormal, 0, &make<KMNormalTagPage, KMTagNormal>},
+    {KMNodeType::TagConstraint, 0, &make<KMConstraintTagPage, KMTagConstraint>},
+    {KMNodeType::TagRigidBody, 0, &make<KMRigidBodyPage, KMTagRigidBody>},
+    {KMNodeType::TagJoint, 0, &make<KMJointPage, KMTagJoint>},
+    {KMNodeType::TagGroup, 0, &make<KMTagGroupPage, KMTagGroup>},
+    {KMNodeType::TagText, 0, &make<KMTagTextPage, KMTagText>},
+    {KMNodeType::TagSelection, 0, &make<KMTagSelectionPage, KMTagSelection>},
+    {KMNodeType::TagFloatValue, 0, &make<KMTagFloatValuePage, KMTagFloatValue>},
+    {KMNodeType::TagBoneWeight, 0, &make<KMWeightTagPage, KMTagBoneWeight>},
     {0, KMNodeType::TagFlag, &make<KMTagPage, KMTagBase>},
     {0, KMNodeType::ContainerFlag, &make<KMNodePage, KMContainerNode>},
 };

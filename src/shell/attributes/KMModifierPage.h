@@ -9,5 +9,6 @@ class KMModifierPage : public KMNullPage
 {
     Q_OBJECT
 public:
-    KMModifierPage(KMModifierNode *modifier, const QString &title);
+    /// The last name is that of the row which shows the mesh.
+    KMModifierPage(KMModifierNode *modifier, const QString &title, const QString &meshRow = QStringLiteral("rootMesh"));
 };

@@ -8,6 +8,11 @@ const char *const axisNames[] = {"X", "Y", "Z"};
 
 } // namespace
 
+KMModBoneDeformPage::KMModBoneDeformPage(KMModBoneDeformNode *node)
+    : KMModifierPage(node, tr("BoneDeformNode"), QStringLiteral("bonedef_parent"))
+{
+}
+
 KMModSdvPage::KMModSdvPage(KMModSdvNode *node)
     : KMParameterPage(node, tr("SubdivisionNode"))
 {

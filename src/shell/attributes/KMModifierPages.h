@@ -6,11 +6,20 @@
 #include "modifiers/KMModSdvCommands.h"
 #include "modifiers/KMModSolidNode.h"
 #include "modifiers/KMModSymNode.h"
+#include "rig/KMModBoneDeformNode.h"
 #include "shell/attributes/KMModifierPage.h"
 #include "shell/attributes/KMParameterPage.h"
 
 template <class Node, class Command>
 using KMStagePage = KMParameterPage<KMModifierPage, Node, Command>;
+
+/// All that it works with hangs on its mesh.
+class KMModBoneDeformPage : public KMModifierPage
+{
+    Q_OBJECT
+public:
+    explicit KMModBoneDeformPage(KMModBoneDeformNode *node);
+};
 
 class KMModSdvPage : public KMStagePage<KMModSdvNode, editModSdvCommand>
 {

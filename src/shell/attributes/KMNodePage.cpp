@@ -54,6 +54,7 @@ void KMNodePage::rename(const QString &text)
 
 void KMNodePage::refresh()
 {
+    KMAttributePage::refresh();
     m_name->showText(m_node->name());
     if (!m_visible)
         return;
@@ -61,5 +62,8 @@ void KMNodePage::refresh()
     m_locked->setChecked(m_node->isLocked());
     const int selected = KMNodeEdits::affectedBy(m_node).size();
     m_others->setVisible(selected > 1);
-    m_others->setText(tr("%1 nodes are selected. Switches and coordinates are set on all of them.").arg(selected));
+    m_others->setText(
+        m_node->type() == KMNodeType::Bone
+            ? tr("%1 bones are selected. Switches and limits are set on all of them.").arg(selected)
+            : tr("%1 nodes are selected. Switches and coordinates are set on all of them.").arg(selected));
 }

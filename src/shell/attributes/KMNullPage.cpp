@@ -19,6 +19,4 @@ void KMNullPage::refresh()
 {
     KMNodePage::refresh();
     m_fields->showNode(m_null);
-    for (const auto &show : std::as_const(m_showers))
-        show();
 }

@@ -3,10 +3,6 @@
 #include "shell/KMTransformEdit.h"
 #include "shell/attributes/KMNodePage.h"
 
-#include <QVector>
-
-#include <functional>
-
 class KMTransformFields;
 
 /// Anything with a transform: position, rotation in degrees about x, y and z, and scale. An edit moves what lies below
@@ -20,11 +16,9 @@ public:
     void refresh() override;
 
 protected:
-    void onRefresh(const std::function<void()> &show) { m_showers << show; } ///< shows one value of the node
     virtual KMTransformEdit::Reach reach() const { return KMTransformEdit::Reach::Object; }
 
 private:
     KMNullNode *m_null;
     KMTransformFields *m_fields;
-    QVector<std::function<void()>> m_showers;
 };

@@ -5,7 +5,7 @@
 #include "core/KMTagCommands.h"
 #include "shell/widgets/KMTextField.h"
 
-KMTagPage::KMTagPage(KMTagBase *tag)
+KMTagPage::KMTagPage(KMTagBase *tag, const QString &title)
     : m_tag(tag)
     , m_name(addText(tr("Name"), QStringLiteral("name")))
 {
@@ -16,9 +16,12 @@ KMTagPage::KMTagPage(KMTagBase *tag)
         else
             gSolution->push(new renameTagCommand(m_tag, name));
     });
+    if (!title.isEmpty())
+        addHeading(title);
 }
 
 void KMTagPage::refresh()
 {
+    KMAttributePage::refresh();
     m_name->showText(m_tag->name());
 }

@@ -9,7 +9,7 @@ class KMTagPage : public KMAttributePage
 {
     Q_OBJECT
 public:
-    explicit KMTagPage(KMTagBase *tag);
+    explicit KMTagPage(KMTagBase *tag, const QString &title = {}); ///< the title heads what follows the name
 
     void refresh() override;
 

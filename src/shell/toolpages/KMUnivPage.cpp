@@ -66,7 +66,7 @@ bool hasAllKinds(int toolId)
 bool isOffered(const OptionRow &row, int toolId)
 {
     if (row.option == Flow)
-        return toolId != KMToolKind::SRT;
+        return toolId != KMToolKind::SRT && toolId != KMToolKind::Animation;
     return row.isOfAll || hasAllKinds(toolId) || (row.option == RotateCircle && toolId == KMToolKind::Rotate);
 }
 

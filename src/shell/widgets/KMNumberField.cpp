@@ -1,6 +1,7 @@
 #include "shell/widgets/KMNumberField.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -23,6 +24,7 @@ KMNumberField::KMNumberField(Kind kind, QWidget *parent)
     m_stepTimer->setInterval(StepPause);
     connect(m_stepTimer, &QTimer::timeout, this, &KMNumberField::commit);
     connect(this, &QAbstractSpinBox::editingFinished, this, &KMNumberField::commit);
+    connect(lineEdit(), &QLineEdit::textEdited, this, &KMNumberField::onEdited);
 }
 
 void KMNumberField::showNumber(double number)
@@ -30,16 +32,34 @@ void KMNumberField::showNumber(double number)
     if (m_stepTimer->isActive())
         return;
     const QSignalBlocker blocker(this);
+    m_isBlank = m_isEmpty = false;
     m_exact = number;
     setValue(number);
     m_rounded = value();
 }
 
+/// Steps start from 0.
+void KMNumberField::showBlank()
+{
+    if (m_stepTimer->isActive())
+        return;
+    showNumber(0.0);
+    m_isBlank = m_isEmpty = true;
+    const QSignalBlocker blocker(this);
+    clear();
+}
+
+void KMNumberField::onEdited()
+{
+    m_isEmpty = m_isBlank && lineEdit()->text().isEmpty();
+}
+
 void KMNumberField::commit()
 {
     m_stepTimer->stop();
-    if (value() == m_rounded)
+    if (m_isBlank ? m_isEmpty : value() == m_rounded)
         return;
+    m_isBlank = false;
     m_exact = m_rounded = value();
     emit committed(m_exact);
 }
@@ -48,18 +68,23 @@ void KMNumberField::drop()
 {
     const QSignalBlocker blocker(this);
     m_stepTimer->stop();
+    if (m_isBlank)
+        return showBlank();
     setValue(m_exact);
     m_rounded = value();
 }
 
 void KMNumberField::stepBy(int steps)
 {
+    m_isEmpty = false;
     QDoubleSpinBox::stepBy(steps);
     m_stepTimer->start();
 }
 
 QString KMNumberField::textFromValue(double value) const
 {
+    if (m_isEmpty)
+        return {};
     QString text = QDoubleSpinBox::textFromValue(value);
     const QString point = locale().decimalPoint();
     if (!text.contains(point))

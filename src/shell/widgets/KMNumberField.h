@@ -14,7 +14,8 @@ public:
 
     explicit KMNumberField(Kind kind = Kind::Float, QWidget *parent = nullptr);
 
-    void showNumber(double number);                ///< what the model holds; takes no part in a running edit
+    void showNumber(double number); ///< what the model holds; takes no part in a running edit
+    void showBlank(); ///< for what holds several: nothing is shown, and any number that is entered is handed over
     double shownNumber() const { return m_exact; } ///< as given to showNumber(), not rounded to the digits shown
     void commit();
     void drop(); ///< what is being edited is not handed over
@@ -30,7 +31,11 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void onEdited();
+
     double m_exact = 0.0;
     double m_rounded = 0.0; // m_exact as the field holds it
+    bool m_isBlank = false; // what the model holds
+    bool m_isEmpty = false; // what is shown, until something is entered
     QTimer *m_stepTimer;
 };

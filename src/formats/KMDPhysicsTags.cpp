@@ -1,0 +1,206 @@
+#include "formats/KMDPhysicsTags.h"
+
+#include "core/KMNodeType.h"
+#include "formats/KMDOutput.h"
+#include "formats/KMDReadContext.h"
+#include "rig/KMTagJoint.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <tuple>
+
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(KMDPhysicsTags)
+};
+
+/// The numbers of a body in the order of the file.
+constexpr float RigidBodyData::*bodyNumbers[] = {&RigidBodyData::width,          &RigidBodyData::height,
+                                                 &RigidBodyData::depth,          &RigidBodyData::linearDamping,
+                                                 &RigidBodyData::angularDamping, &RigidBodyData::friction,
+                                                 &RigidBodyData::restitution,    &RigidBodyData::mass};
+constexpr float RigidBodyData::*lengths[] = {&RigidBodyData::width, &RigidBodyData::height, &RigidBodyData::depth};
+
+/// A rotation in double precision, w first.
+using Turn = std::array<double, 4>;
+
+Turn product(const Turn &a, const Turn &b)
+{
+    return {
+        a[0] * b[0] - a[1] * b[1] - a[2] * b[2] - a[3] * b[3], a[1] * b[0] + a[0] * b[1] + a[2] * b[3] - a[3] * b[2],
+        a[2] * b[0] + a[0] * b[2] + a[3] * b[1] - a[1] * b[3], a[3] * b[0] + a[0] * b[3] + a[1] * b[2] - a[2] * b[1]};
+}
+
+/// Exact at the poles too, where Y stands at a quarter turn and the others turn about one axis: X is what is left of
+/// the rotation when Z and Y are taken off, whatever share of the freedom Z has got.
+kvm::Vector3 anglesOf(const kvm::Quaternion &rotation)
+{
+    const kvm::Quaternion unit = rotation.normalized();
+    const double w = double(unit.w), x = double(unit.x), y = double(unit.y), z = double(unit.z);
+    const double cosine = w * w + x * x - y * y - z * z; // of Y times that of Z
+    const double sine = 2.0 * (x * y + w * z);
+    constexpr double nothing = 1e-6;
+    const double level = std::hypot(cosine, sine);
+    const double aboutZ = level > nothing ? std::atan2(sine, cosine) : 0.0;
+    const double aboutY = std::atan2(2.0 * (w * y - x * z), level);
+    const Turn withoutZ = product({std::cos(aboutZ / 2.0), 0.0, 0.0, -std::sin(aboutZ / 2.0)}, {w, x, y, z});
+    const Turn rest = product({std::cos(aboutY / 2.0), 0.0, -std::sin(aboutY / 2.0), 0.0}, withoutZ);
+    const double aboutX = std::remainder(2.0 * std::atan2(rest[1], rest[0]), 2.0 * M_PI);
+    return {float(aboutX), float(aboutY), float(aboutZ)};
+}
+
+bool isBefore(const kvm::Vector3 &a, const kvm::Vector3 &b)
+{
+    return std::tie(a.x, a.y, a.z) < std::tie(b.x, b.y, b.z);
+}
+
+/// Angles that come out again when what is read from them is written: a file that was only read and saved stays as it
+/// is. Rounding leads on to a few triples that follow one another for ever, of which the first in order stands for all.
+kvm::Vector3 settledAngles(const kvm::Quaternion &rotation)
+{
+    constexpr int mostTurns = 1024;
+    QVector<kvm::Vector3> seen{anglesOf(rotation)};
+    while (seen.size() < mostTurns) {
+        const kvm::Vector3 next = anglesOf(kvm::Quaternion::fromEuler(seen.last()));
+        const int start = seen.indexOf(next);
+        if (start >= 0)
+            return *std::min_element(seen.begin() + start, seen.end(), &isBefore);
+        seen << next;
+    }
+    return seen.last();
+}
+
+void writePose(KMDOutput &out, const PoseTransform &pose)
+{
+    out.writeVector3(pose.scale);
+    out.writeVector3(settledAngles(pose.rotation));
+    out.writeVector3(pose.offset);
+}
+
+PoseTransform readPose(KMDReadContext &context)
+{
+    PoseTransform pose;
+    pose.scale = context.in.readVector3({1.0f, 1.0f, 1.0f});
+    pose.rotation = kvm::Quaternion::fromEuler(context.in.readVector3());
+    pose.offset = context.readPosition();
+    return pose;
+}
+
+/// One of so many kinds, else the first one.
+int readKind(KMDStream &in, int count, const KMTagBase &tag)
+{
+    const int kind = in.readI32();
+    if (kind >= 0 && kind < count)
+        return kind;
+    in.warn(Texts::tr("The rigid body %1 has the unknown kind %2").arg(tag.name()).arg(kind));
+    return 0;
+}
+
+void scaleLengths(KMDReadContext &context, RigidBodyData &data, const KMTagBase &tag)
+{
+    for (float RigidBodyData::*length : lengths) {
+        const float scaled = data.*length * context.importScale;
+        if (std::isfinite(scaled))
+            data.*length = scaled;
+        else
+            context.in.warn(Texts::tr("The scale makes the rigid body %1 endless; it keeps its size").arg(tag.name()));
+    }
+}
+
+KMTagRigidBody *bodyOf(const KMDReadContext &context, quint64 id)
+{
+    KMNode *node = id ? context.objects.value(id) : nullptr;
+    return node && node->type() == KMNodeType::TagRigidBody ? nodeAs<KMTagRigidBody>(node) : nullptr;
+}
+
+const KMTagBase *liveOf(const KMTagRigidBody *body)
+{
+    return body && !body->isDeleted() ? body : nullptr;
+}
+
+} // namespace
+
+KMTagBase *KMDPhysicsTags::makeBody()
+{
+    return new KMTagRigidBody;
+}
+
+void KMDPhysicsTags::writeBody(KMDOutput &out, const KMTagBase *tag)
+{
+    const RigidBodyData &data = static_cast<const KMTagRigidBody *>(tag)->parameters();
+    out.writeId(tag);
+    out.writeI32(data.shape);
+    out.writeI32(data.rigidType);
+    for (float RigidBodyData::*number : bodyNumbers)
+        out.writeF32(data.*number);
+    out.writeBool(data.enabled);
+    out.writeU32(data.collisionMask);
+    out.writeU32(quint32(data.group));
+    writePose(out, data.pose);
+}
+
+void KMDPhysicsTags::readBody(KMDReadContext &context, KMTagBase *tag)
+{
+    KMDStream &in = context.in;
+    RigidBodyData data;
+    const quint64 id = in.readU64();
+    data.shape = readKind(in, KMTagRigidBody::Capsule + 1, *tag);
+    data.rigidType = readKind(in, KMTagRigidBody::PhysFix + 1, *tag);
+    for (float RigidBodyData::*number : bodyNumbers)
+        data.*number = in.readF32(data.*number);
+    scaleLengths(context, data, *tag);
+    data.enabled = in.readBool();
+    data.collisionMask = in.readU32();
+    data.group = readKind(in, KMTagRigidBody::GroupCount, *tag);
+    data.pose = readPose(context);
+    if (!in.ok())
+        return;
+    static_cast<KMTagRigidBody *>(tag)->setParameters(data);
+    context.objects.insert(id, tag);
+}
+
+KMTagBase *KMDPhysicsTags::makeJoint()
+{
+    return new KMTagJoint;
+}
+
+void KMDPhysicsTags::writeJoint(KMDOutput &out, const KMTagBase *tag)
+{
+    const JointData &data = static_cast<const KMTagJoint *>(tag)->parameters();
+    out.writeId(tag);
+    out.writeId(liveOf(data.bodyA));
+    out.writeId(liveOf(data.bodyB));
+    for (const JointData::Limits &limits : {data.linearLimit, data.angularLimit}) {
+        for (const float limit : limits)
+            out.writeF32(limit);
+    }
+    writePose(out, data.pose);
+    out.writeVector3(data.linearSpring);
+    out.writeVector3(data.angularSpring);
+}
+
+void KMDPhysicsTags::readJoint(KMDReadContext &context, KMTagBase *tag)
+{
+    KMDStream &in = context.in;
+    JointData data;
+    context.objects.insert(in.readU64(), tag);
+    const quint64 a = in.readU64();
+    const quint64 b = in.readU64();
+    in.readFloats(data.linearLimit.data(), int(data.linearLimit.size()));
+    in.readFloats(data.angularLimit.data(), int(data.angularLimit.size()));
+    data.pose = readPose(context);
+    data.linearSpring = in.readVector3();
+    data.angularSpring = in.readVector3();
+    auto *joint = static_cast<KMTagJoint *>(tag);
+    joint->setParameters(data);
+    const QPointer<KMTagJoint> kept(joint); // it goes with a bone that is left out
+    context.bindings.emplace_back([&context, kept, a, b] {
+        if (kept)
+            kept->linkBodies(bodyOf(context, a), bodyOf(context, b));
+    });
+}

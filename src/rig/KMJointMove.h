@@ -1,0 +1,90 @@
+#pragma once
+
+#include "math/Quaternion.h"
+#include "mesh/KMSymmetryPlane.h"
+#include "rig/KMRestBone.h"
+
+#include <QVector>
+
+#include <functional>
+
+class KMBone;
+class KMBoneContainer;
+
+/// Moves heads and tails of bones from where they are shown to other places, as a drag does: the bones follow at once
+/// and without the history. A tail and the heads that are attached to it are one joint and move together.
+///
+/// Bones are edited at rest, but seen posed: the rest that is set is the one with which the pose shows the wanted
+/// place.
+class KMJointMove
+{
+public:
+    struct Grabbed
+    {
+        KMBone *bone;
+        int ends; ///< bits of KMBone::SelectBit
+    };
+    struct Options
+    {
+        bool takesChildren = false; ///< all that hangs on a moved joint moves along, and isn't stretched
+        bool mirrors = false;       ///< the partners across the plane of the rig do the same in the mirror
+        float tolerance = 0.0f;     ///< world units; how far a partner may lie from the image
+    };
+    /// Where a point that is shown has to go.
+    struct Motion
+    {
+        std::function<kvm::Vector3(const kvm::Vector3 &)> map;
+        kvm::Quaternion turn; ///< of the map, where it is rigid
+        bool isRigid = false; ///< it turns about a point
+    };
+
+    KMJointMove() = default;
+    /// Locked bones stay. With mirrors, what is grabbed on both sides goes by the side of the anchor.
+    KMJointMove(KMBoneContainer *container, const QVector<Grabbed> &grabbed, const Options &options,
+                const kvm::Vector3 &anchor);
+
+    bool isEmpty() const { return m_bones.isEmpty(); }
+    void apply(const Motion &motion); ///< from where everything was at the start
+    void restore();                   ///< as at the start, bit for bit
+    void pushCommands();              ///< a step for each bone that differs from its start; opens no macro
+
+    /// A child's head is attached to the parent's tail: it lies there, and doesn't float.
+    static bool isAttached(const KMBone &child);
+
+private:
+    enum End { Head, Tail };
+    struct Point
+    {
+        kvm::Vector3 start; // as shown
+        kvm::Vector3 now;
+        bool isGrabbed = false;
+        bool isOnPlane = false;
+        int carrier = -1; // the joint that takes it along
+        int leader = -1;  // the point whose mirror image it is
+        bool moves() const { return isGrabbed || carrier >= 0 || leader >= 0; }
+    };
+    struct Moved
+    {
+        KMBone *bone;
+        int place;  // in the container's list
+        int parent; // the same of its parent, -1 without
+        KMBoneRest before;
+        kvm::Quaternion pose;    // of the world, as shown
+        bool isMirrored = false; // it does what its partner does
+    };
+
+    static int pointOf(int place, End end) { return 2 * place + end; }
+    void grab(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed);
+    void closeJoints(const QList<KMBone *> &bones);
+    void carryChildren(const QList<KMBone *> &bones);
+    void pair(const QList<KMBone *> &bones, const kvm::Vector3 &anchor, float tolerance);
+    void place(const Motion &motion);
+    KMBoneRest restOf(const Moved &moved, const Motion &motion) const;
+    kvm::Quaternion reflectedTurn(const kvm::Quaternion &turn) const;
+    bool isGrabbed(int place, End end) const { return m_points[pointOf(place, end)].isGrabbed; }
+
+    KMBoneContainer *m_container = nullptr;
+    KMSymmetryPlane m_plane{kvm::Vector3(), kvm::Vector3(1.0f, 0.0f, 0.0f)};
+    QVector<Point> m_points; // two for each bone of the container
+    QVector<Moved> m_bones;  // those that can change, parents first
+};

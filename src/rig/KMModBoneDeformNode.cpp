@@ -1,0 +1,99 @@
+#include "rig/KMModBoneDeformNode.h"
+
+#include "core/KMNodeType.h"
+#include "mesh/KMFetchAhead.h"
+#include "mesh/KMMeshNode.h"
+#include "modifiers/KMResultCopy.h"
+#include "modifiers/KMResultLimit.h"
+#include "rig/KMTagBoneWeight.h"
+
+KMModBoneDeformNode::KMModBoneDeformNode()
+    : KMModifierNode(KMNodeType::ModBoneDeform, tr("BoneDeform"))
+    , m_normals(*modMesh())
+{
+}
+
+void KMModBoneDeformNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
+{
+    if (!KMResultLimit::allows(name(), input.vertexCount(), input.faceCount()))
+        return;
+    KMResultCopy::copyMesh(input, result, m_vertexMap, m_faceMap);
+    result.buildEdges();
+    onWeightChanged();
+}
+
+bool KMModBoneDeformNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
+{
+    const auto *tag = static_cast<const KMTagBoneWeight *>(input.findTag(KMNodeType::TagBoneWeight));
+    if (!tag) {
+        KMResultCopy::copyPositions(input, result, m_vertexMap);
+        return false;
+    }
+    m_skinning.prepare(*tag);
+    KMVertex *const *from = input.vertices().constData();
+    KMVertex *const *own = result.vertices().constData();
+    const int *map = m_vertexMap.constData();
+    const int ownCount = result.vertexCount();
+    for (int i = 0, n = qMin(m_vertexMap.size(), input.vertexCount()); i < n; ++i) {
+        fetchAhead(from, i, n);
+        fetchAhead(own, i, ownCount);
+        if (from[i] && map[i] >= 0)
+            own[map[i]]->pos = m_skinning(i, from[i]->pos);
+    }
+    return false;
+}
+
+bool KMModBoneDeformNode::followWeights(const QVector<int> &vertices)
+{
+    const KMMeshNode *from = input();
+    const auto *tag = from ? static_cast<const KMTagBoneWeight *>(from->findTag(KMNodeType::TagBoneWeight)) : nullptr;
+    if (!tag || next() || isStale() || isBypassed() || m_vertexMap.size() != from->vertexCount())
+        return false;
+    m_skinning.prepare(*tag);
+    for (const int i : vertices) {
+        KMVertex *own = modMesh()->vertex(vertexMapAt(i));
+        if (own && from->vertex(i))
+            own->pos = m_skinning(i, from->position(i));
+    }
+    modMesh()->markDirty(KMMeshDirty::Positions);
+    return true;
+}
+
+bool KMModBoneDeformNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
+{
+    KMResultCopy::copyUVs(input, result, m_faceMap);
+    return true;
+}
+
+void KMModBoneDeformNode::onWeightChanged()
+{
+    if (const KMMeshNode *from = input())
+        KMResultCopy::copyWeights(*from, *modMesh(), m_vertexMap);
+}
+
+void KMModBoneDeformNode::onShaderChanged()
+{
+    if (const KMMeshNode *from = input())
+        KMResultCopy::copyShaders(*from, *modMesh(), m_faceMap);
+}
+
+void KMModBoneDeformNode::updateTags()
+{
+    KMModifierNode::updateTags();
+    carryNormals();
+}
+
+void KMModBoneDeformNode::carryNormals()
+{
+    const KMMeshNode *from = input();
+    if (from && m_normals.begin(*from))
+        m_normals.carry(
+            *from, [this](int i) { return vertexMapAt(i); }, m_faceMap);
+}
+
+KMModBoneDeformNode *KMModBoneDeformNode::clone() const
+{
+    auto *copy = new KMModBoneDeformNode;
+    copyNullTo(copy);
+    return copy;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/KMTreeWidget.h"
+
+class KMBone;
+class KMBoneContainer;
+
+/// How rows of bones are moved about, each time as one step of the history.
+namespace KMBoneMoves {
+
+/// Moves bones, with all below them, beside or into another one of their rig, in their order; a null target moves them
+/// to the end of the top level. Those that would come to stand below themselves stay. False when nothing was moved.
+bool move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place place);
+
+/// The same with copies of the selected bones of a rig, which become the selected ones.
+void copy(KMBoneContainer *rig, KMBone *target, KMTreeWidget::Place place);
+
+/// Moves the selected bones with all below them to the top level of another rig.
+void moveToRig(KMBoneContainer *from, KMBoneContainer *to);
+
+/// Selects bones, heads and tails, and nothing else of the rig; the last one becomes the current bone. No step when
+/// they are selected already.
+void select(KMBoneContainer *rig, const QList<KMBone *> &bones);
+
+} // namespace KMBoneMoves

@@ -1,0 +1,92 @@
+#include "shell/KMSheetModel.h"
+
+#include "core/KMTagBase.h"
+#include "core/KMWaitingMacro.h"
+
+KMSheetModel::KMSheetModel(const QString &stepText, const QVector<Column> &columns, QObject *parent)
+    : QAbstractTableModel(parent)
+    , m_stepText(stepText)
+    , m_columns(columns)
+{
+}
+
+void KMSheetModel::showTags(const QList<KMTagBase *> &tags)
+{
+    if (tags != m_tags) {
+        beginResetModel();
+        m_tags = tags;
+        endResetModel();
+    } else if (!m_tags.isEmpty()) {
+        emit dataChanged(index(0, 0), index(m_tags.size() - 1, m_columns.size() - 1));
+    }
+}
+
+int KMSheetModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_tags.size();
+}
+
+int KMSheetModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_columns.size();
+}
+
+bool KMSheetModel::isUsed(const QModelIndex &index) const
+{
+    const auto &rule = m_columns[index.column()].isUsed;
+    return !rule || rule(m_tags[index.row()]);
+}
+
+QVariant KMSheetModel::data(const QModelIndex &index, int role) const
+{
+    const Column &column = m_columns[index.column()];
+    KMTagBase *tag = m_tags[index.row()];
+    const QVariant value = column.get(tag);
+    const QStringList choices = column.choices ? column.choices(tag) : QStringList();
+    if (role == ChoicesRole)
+        return choices;
+    if (value.type() == QVariant::Bool)
+        return role == Qt::CheckStateRole ? QVariant(value.toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
+    if (role == Qt::DisplayRole && !choices.isEmpty())
+        return choices.value(value.toInt());
+    return role == Qt::DisplayRole || role == Qt::EditRole ? value : QVariant();
+}
+
+QVariant KMSheetModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
+        return m_columns[section].title;
+    return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+Qt::ItemFlags KMSheetModel::flags(const QModelIndex &index) const
+{
+    const Column &column = m_columns[index.column()];
+    if (!isUsed(index))
+        return Qt::ItemIsSelectable;
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    if (column.set)
+        flags |=
+            column.get(m_tags[index.row()]).type() == QVariant::Bool ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable;
+    return flags;
+}
+
+bool KMSheetModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    const Column &column = m_columns[index.column()];
+    const bool isOfRole = role == Qt::EditRole || role == Qt::CheckStateRole;
+    // An editor that closes hands its value over also when nothing was typed.
+    if (!isOfRole || !column.set || (role == Qt::EditRole && value == column.get(m_tags[index.row()])))
+        return false;
+    const QVariant entered = role == Qt::CheckStateRole ? QVariant(value.toInt() == Qt::Checked) : value;
+    QList<KMTagBase *> tags;
+    for (const int row : m_reach ? m_reach(index.row()) : QList<int>{index.row()}) {
+        if (isUsed(this->index(row, index.column())))
+            tags << m_tags[row];
+    }
+    const KMWaitingMacro macro(m_stepText);
+    bool isTaken = false;
+    for (KMTagBase *tag : std::as_const(tags))
+        isTaken |= column.set(tag, entered);
+    return isTaken;
+}

@@ -1,0 +1,69 @@
+#include "shell/attributes/KMWeightTagPage.h"
+
+#include "core/KMSolution.h"
+#include "rig/KMBoneWeightCommands.h"
+#include "rig/KMTagBoneWeight.h"
+#include "shell/widgets/KMNumberField.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QSet>
+
+KMWeightTagPage::KMWeightTagPage(KMTagBoneWeight *tag)
+    : KMTagPage(tag)
+    , m_tag(tag)
+{
+    addHeading(tr("BoneWeightTag"));
+    addSettings();
+    m_entries = addCount(tr("Weights"), QStringLiteral("weights"));
+    m_bones = addCount(tr("Bones"), QStringLiteral("bones"));
+    m_sdefVertices = addCount(tr("SDEF vertices"), QStringLiteral("sdefVertices"));
+}
+
+void KMWeightTagPage::addSettings()
+{
+    constexpr double mostPercent = 100000.0;
+    m_method = addChoice(tr("SDEF Calc Method"), QStringLiteral("sdefMethod"), {tr("Parent"), tr("Child"), tr("Both")});
+    connect(m_method, qOverload<int>(&QComboBox::activated), this,
+            [this](int entry) { edit([entry](KMWeightParameters &p) { p.sdefMethod = entry; }); });
+    m_blend = addNumber(tr("SDEF BlendValue"), QStringLiteral("sdefBlend"));
+    m_blend->setRange(-mostPercent, mostPercent);
+    connect(m_blend, &KMNumberField::committed, this,
+            [this](double number) { edit([number](KMWeightParameters &p) { p.sdefBlend = float(number); }); });
+    m_autoNormalize = addCheck(tr("Auto Normalize"), QStringLiteral("autoNormalize"));
+    connect(m_autoNormalize, &QCheckBox::clicked, this,
+            [this](bool on) { edit([on](KMWeightParameters &p) { p.autoNormalize = on; }); });
+}
+
+QLabel *KMWeightTagPage::addCount(const QString &label, const QString &objectName)
+{
+    auto *count = new QLabel;
+    addRow(label, count, objectName);
+    return count;
+}
+
+void KMWeightTagPage::edit(const std::function<void(KMWeightParameters &)> &change)
+{
+    KMWeightParameters parameters = m_tag->parameters();
+    change(parameters);
+    if (m_tag->mesh() && parameters != m_tag->parameters())
+        gSolution->push(new editTagBoneWeightCommand(m_tag->mesh(), m_tag, parameters));
+}
+
+void KMWeightTagPage::refresh()
+{
+    KMTagPage::refresh();
+    const KMWeightParameters &parameters = m_tag->parameters();
+    m_method->setCurrentIndex(parameters.sdefMethod);
+    m_blend->showNumber(double(parameters.sdefBlend));
+    m_autoNormalize->setChecked(parameters.autoNormalize);
+    QSet<int> bones;
+    for (int i = 0; i < m_tag->lists().vertexCount(); ++i) {
+        for (const KMBoneShare &share : m_tag->lists().of(i))
+            bones.insert(share.bone);
+    }
+    m_entries->setText(QString::number(m_tag->lists().shareCount()));
+    m_bones->setText(QString::number(bones.size()));
+    m_sdefVertices->setText(QString::number(m_tag->sdefVertices().size()));
+}

@@ -1,0 +1,419 @@
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "mesh/KMMeshEdit.h"
+#include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshNodeCommands.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneTreeCommands.h"
+#include "rig/KMBoneWeightCommands.h"
+#include "rig/KMSkinning.h"
+#include "rig/KMTagBoneWeight.h"
+#include "support/CommandProof.h"
+#include "support/MeshFixtures.h"
+#include "support/RigScene.h"
+#include "support/SkinReference.h"
+#include "support/TestRegistry.h"
+
+#include <QTest>
+#include <QUndoStack>
+
+#include <memory>
+
+namespace {
+
+/// A rig, and a mesh with a weight tag in the same document.
+class WeightScene : public RigScene
+{
+public:
+    explicit WeightScene(KMMeshNode *shape)
+        : mesh(shape)
+        , tag(new KMTagBoneWeight)
+    {
+        gProject->addNode(mesh);
+        mesh->addTagKeepName(tag);
+        forget();
+    }
+
+    KMMeshNode *mesh;
+    KMTagBoneWeight *tag; // of the mesh
+};
+
+/// Bones and weights at random. Every second vertex shall be blended spherically.
+class RandomSkin : public WeightScene
+{
+public:
+    explicit RandomSkin(unsigned seed)
+        : WeightScene(MeshFixtures::torus(12, 8))
+        , random(seed)
+    {
+        for (int i = 0; i < 9; ++i) {
+            KMBone *parent = i == 0 || below(4) == 0 ? nullptr : bones.at(below(i));
+            const kvm::Vector3 head = random.vector(8);
+            bones << addBone(QStringLiteral("bone"), parent, head, i == 8 ? head : head + random.vector(8));
+            bones.last()->setMovable(below(2));
+        }
+        bones << addBone(QStringLiteral("spare"), nullptr, {}, {0, 1, 0});
+        for (KMVertex *vertex : mesh->vertices())
+            vertex->pos = random.vector(10);
+        for (int v = 0; v < mesh->vertexCount(); ++v)
+            weigh(v);
+        forget();
+    }
+
+    int below(int limit) { return int(random.number(0, limit - 1e-6)); }
+    void weigh(int vertex)
+    {
+        KMWeightEdit edit(tag);
+        edit.setEntries(vertex, {});
+        const int first = below(2) ? below(3) : below(9); // a few pairs have many vertices
+        const int count = below(4) == 0 ? below(5) : 2;
+        for (int i = 0; i < count; ++i)
+            edit.setWeight(vertex, bones.at((first + i * (1 + below(2))) % 9),
+                           below(8) ? float(random.number(0.05, 0.95)) : float(below(2)));
+        edit.write(KMWeightEdit::Side::After);
+        tag->setSdefFlag(vertex, vertex % 2);
+    }
+    void pose()
+    {
+        for (KMBone *bone : bones) {
+            PoseTransform pose;
+            pose.rotation = random.rotation();
+            pose.offset = random.vector(3);
+            bone->setKeyPose(pose);
+        }
+        rig->animation()->reevaluate();
+    }
+    /// The farthest that a vertex is from where the words take it.
+    double away() const
+    {
+        KMSkinning skinning;
+        skinning.prepare(*tag);
+        const SkinReference words(*tag);
+        double worst = 0;
+        for (int v = 0; v < mesh->vertexCount(); ++v) {
+            if (!mesh->vertex(v))
+                continue;
+            const SkinReference::Vec expected = words.at(v);
+            const double size = 1 + std::sqrt(reference::dot(expected, expected));
+            worst =
+                std::max(worst, reference::distance(expected, reference::vec(skinning(v, mesh->position(v)))) / size);
+        }
+        return worst;
+    }
+
+    RandomMath random;
+    QList<KMBone *> bones;
+};
+
+QString recordsText(const KMTagBoneWeight &tag)
+{
+    QString text;
+    for (int v = 0; v < tag.mesh()->vertexCount(); ++v) {
+        const VertexWeights record = tag.vertexWeights(v);
+        text += QStringLiteral("%1 %2 %3").arg(record.vertex()).arg(record.sdef()).arg(record.unrelated());
+        for (int i = 0; i < record.count(); ++i)
+            text += QStringLiteral(" %1=%2").arg(quintptr(record.bone(i))).arg(double(record.weight(i)), 0, 'g', 9);
+        text += printed(record.sdefC()) + printed(record.sdefR0()) + printed(record.sdefR1()) + QLatin1Char('\n');
+    }
+    return text;
+}
+
+} // namespace
+
+class tst_KMTagBoneWeight : public QObject
+{
+    Q_OBJECT
+private slots:
+    void skinByWords_data();
+    void skinByWords();
+    void recordsFollowEdits();
+    void normalizing_data();
+    void normalizing();
+    void commands_data();
+    void commands();
+    void strokeIsOneStep();
+    void renumbering();
+    void goneBones();
+    void chainIsLeftItsSkin();
+    void turnedParent();
+};
+
+void tst_KMTagBoneWeight::skinByWords_data()
+{
+    QTest::addColumn<int>("method");
+    QTest::addColumn<bool>("normalized");
+    QTest::addColumn<float>("blend");
+    QTest::newRow("parent") << 0 << false << 100.0f;
+    QTest::newRow("child") << 1 << false << 60.0f;
+    QTest::newRow("both") << 2 << false << 100.0f;
+    QTest::newRow("both, normalised") << 2 << true << 130.0f;
+    QTest::newRow("parent, normalised") << 0 << true << 0.0f;
+}
+
+void tst_KMTagBoneWeight::skinByWords()
+{
+    QFETCH(int, method);
+    QFETCH(bool, normalized);
+    QFETCH(float, blend);
+    int related = 0, unrelated = 0, linear = 0;
+    for (unsigned seed = 1; seed <= 12; ++seed) {
+        RandomSkin skin(seed);
+        KMWeightParameters parameters;
+        parameters.sdefMethod = method;
+        parameters.autoNormalize = normalized;
+        parameters.sdefBlend = blend;
+        skin.tag->setParameters(parameters);
+        skin.pose();
+        QVERIFY2(skin.away() < 2e-4, qPrintable(QStringLiteral("%1 in %2").arg(skin.away()).arg(seed)));
+        for (int v = 0; v < skin.mesh->vertexCount(); ++v) {
+            const VertexWeights record = skin.tag->vertexWeights(v);
+            (!record.sdef() ? linear : record.unrelated() ? unrelated : related) += 1;
+        }
+    }
+    QVERIFY(related > 50 && unrelated > 50 && linear > 50);
+}
+
+/// What is derived step by step is what is derived afresh.
+void tst_KMTagBoneWeight::recordsFollowEdits()
+{
+    RandomSkin skin(77);
+    KMWeightParameters parameters;
+    for (int step = 0; step < 120; ++step) {
+        const int vertex = skin.below(skin.mesh->vertexCount());
+        switch (skin.below(6)) {
+        case 0:
+            skin.tag->setSdefFlag(vertex, skin.below(2));
+            break;
+        case 1:
+            skin.mesh->setPosition(vertex, skin.random.vector(10));
+            break;
+        case 2:
+            parameters.autoNormalize = skin.below(2);
+            parameters.sdefMethod = skin.below(3);
+            skin.tag->setParameters(parameters);
+            break;
+        case 3:
+            skin.bones.at(skin.below(9))->setRest(restBone(skin.random.vector(8), skin.random.vector(8)));
+            break;
+        default:
+            for (int i = 0; i < 5; ++i)
+                skin.weigh(skin.below(skin.mesh->vertexCount()));
+        }
+        const QString followed = recordsText(*skin.tag);
+        skin.tag->markDirty();
+        QCOMPARE(followed, recordsText(*skin.tag));
+    }
+}
+
+void tst_KMTagBoneWeight::normalizing_data()
+{
+    QTest::addColumn<QVector<float>>("weights");
+    QTest::addColumn<QVector<float>>("expected");
+    const float third = 0.3f * (1.0f / (0.3f + 0.3f + 0.3f));
+    QTest::newRow("all zero") << QVector<float>{0, 0} << QVector<float>{0, 1};
+    QTest::newRow("one") << QVector<float>{0.2f} << QVector<float>{1};
+    QTest::newRow("one of zero") << QVector<float>{0} << QVector<float>{1};
+    QTest::newRow("thirds") << QVector<float>{0.3f, 0.3f, 0.3f} << QVector<float>{third, third, 1 - (third + third)};
+    QTest::newRow("no number, above one") << QVector<float>{float(qQNaN()), 7, -3} << QVector<float>{0, 1, 0};
+}
+
+void tst_KMTagBoneWeight::normalizing()
+{
+    QFETCH(QVector<float>, weights);
+    QFETCH(QVector<float>, expected);
+    WeightScene scene(MeshFixtures::cube());
+    for (int i = 0; i < weights.size(); ++i)
+        scene.tag->addEntry({3, weights.at(i), scene.addBone(QStringLiteral("b"), nullptr, {}, {0, 1, 0})});
+    KMWeightParameters parameters;
+    parameters.autoNormalize = true;
+    scene.tag->setParameters(parameters);
+    QCOMPARE(scene.tag->vertexWeights(3).weights(), expected);
+    QCOMPARE(scene.tag->entriesOf(3).size(), expected.size());
+    QCOMPARE(scene.tag->vertexWeights(2).count(), 0);
+    KMWeightEdit edit(scene.tag);
+    edit.normalize(3);
+    edit.write(KMWeightEdit::Side::After);
+    for (int i = 0; i < expected.size(); ++i)
+        QCOMPARE(scene.tag->entriesOf(3).at(i).weight, expected.at(i));
+}
+
+using MakeCommand = KMUndoCommand *(*)(RandomSkin &);
+Q_DECLARE_METATYPE(MakeCommand)
+
+void tst_KMTagBoneWeight::commands_data()
+{
+    QTest::addColumn<MakeCommand>("make");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char *name, MakeCommand make, const QString &text) {
+        QTest::newRow(name) << make << text;
+    };
+    row(
+        "add",
+        [](RandomSkin &s) -> KMUndoCommand * {
+            return new addBoneWeightCommand(s.mesh, s.tag, {{5, 0.4f, s.bones[9]}, {6, 0.25f, s.bones[9]}});
+        },
+        QStringLiteral("Add BoneWeight"));
+    row(
+        "delete",
+        [](RandomSkin &s) -> KMUndoCommand * {
+            return new deleteBoneWeightCommand(s.mesh, s.tag, s.tag->entriesOf(4) + s.tag->entriesOf(5).mid(0, 1));
+        },
+        QStringLiteral("Delete BoneWeight"));
+    row(
+        "edit",
+        [](RandomSkin &s) -> KMUndoCommand * {
+            QVector<BoneWeightEntry> entries = s.tag->entries();
+            for (BoneWeightEntry &entry : entries)
+                entry.weight = 0.5f;
+            return new editBoneWeightCommand(s.mesh, s.tag, entries);
+        },
+        QStringLiteral("Edit BoneWeight"));
+    row(
+        "settings",
+        [](RandomSkin &s) -> KMUndoCommand * {
+            return new editTagBoneWeightCommand(s.mesh, s.tag, {1, true, 40.0f});
+        },
+        QStringLiteral("Edit BoneWeight"));
+    row(
+        "flag",
+        [](RandomSkin &s) -> KMUndoCommand * {
+            return new setSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6});
+        },
+        QStringLiteral("Set Sdef Flag"));
+    row(
+        "unflag",
+        [](RandomSkin &s) -> KMUndoCommand * {
+            return new removeSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6});
+        },
+        QStringLiteral("Remove Sdef Flag"));
+}
+
+void tst_KMTagBoneWeight::commands()
+{
+    QFETCH(MakeCommand, make);
+    QFETCH(QString, text);
+    RandomSkin skin(5);
+    skin.tag->records();
+    const QString failure = proofFailure(skin.dump, [&skin, make] { return make(skin); });
+    QVERIFY2(failure.isEmpty(), qPrintable(failure));
+    QCOMPARE(skin.session.stack().text(skin.session.stack().index() - 1), text);
+    skin.pose();
+    QVERIFY(skin.away() < 2e-4); // the records went along
+    skin.session.stack().undo();
+    QVERIFY(skin.away() < 2e-4);
+}
+
+/// A brush writes as it goes; the whole stroke is undone at once.
+void tst_KMTagBoneWeight::strokeIsOneStep()
+{
+    RandomSkin skin(6);
+    const QString before = skin.dump.text();
+    KMWeightEdit stroke(skin.tag);
+    for (int move = 0; move < 40; ++move) {
+        const int vertex = skin.below(20);
+        stroke.setWeight(vertex, skin.bones[0], stroke.weight(vertex, skin.bones[0]) + 0.1f);
+        if (move % 7 == 0)
+            stroke.removeEntry(vertex, skin.bones[1]);
+        stroke.write(KMWeightEdit::Side::After, {vertex});
+    }
+    const QString painted = skin.dump.text();
+    QVERIFY(painted != before && !stroke.isEmpty());
+    gSolution->push(new editBoneWeightCommand(skin.mesh, stroke));
+    QCOMPARE(skin.dump.text(), painted);
+    skin.session.stack().undo();
+    QCOMPARE(skin.dump.text(), before);
+    skin.session.stack().redo();
+    QCOMPARE(skin.dump.text(), painted);
+}
+
+/// Weights go with their vertices, and those of a vertex that went come back with it.
+void tst_KMTagBoneWeight::renumbering()
+{
+    RandomSkin skin(8);
+    const QString before = skin.dump.text();
+    QHash<QString, QVector<float>> weights;
+    const auto placeText = [](const kvm::Vector3 &p) { return printed(p); };
+    for (int v = 0; v < skin.mesh->vertexCount(); ++v)
+        weights.insert(placeText(skin.mesh->position(v)), skin.tag->vertexWeights(v).weights());
+    for (const int v : {3, 4, 17, 40, 95})
+        KMMeshEdit::deleteVertex(*skin.mesh, v);
+    gSolution->push(new compactMeshCommand(skin.mesh));
+    QVERIFY(skin.mesh->vertexCount() < 96);
+    for (int v = 0; v < skin.mesh->vertexCount(); ++v)
+        QCOMPARE(skin.tag->vertexWeights(v).weights(), weights.value(placeText(skin.mesh->position(v))));
+    skin.session.stack().setIndex(0);
+    QCOMPARE(skin.dump.text(), before);
+}
+
+void tst_KMTagBoneWeight::goneBones()
+{
+    RandomSkin skin(9);
+    skin.pose();
+    gSolution->push(new deleteBoneCommand(skin.bones[2]));
+    QVERIFY(skin.away() < 2e-4); // its share stays at rest
+    skin.session.stack().undo();
+    QVERIFY(skin.away() < 2e-4);
+    const int entries = skin.tag->entries().size();
+    delete skin.rig->clone(); // bones of others
+    QCOMPARE(skin.tag->entries().size(), entries);
+
+    auto elsewhere = std::make_unique<KMBone>();
+    skin.tag->addEntry({0, 1.0f, elsewhere.get()});
+    elsewhere.reset();
+    QCOMPARE(skin.tag->entries().size(), entries);
+    QVERIFY(skin.away() < 2e-4);
+}
+
+void tst_KMTagBoneWeight::chainIsLeftItsSkin()
+{
+    WeightScene scene(MeshFixtures::cube());
+    scene.tag->addEntry({0, 1.0f, scene.addBone(QStringLiteral("b"), nullptr, {}, {0, 1, 0})});
+    QCOMPARE(scene.tag->vertexWeights(0).count(), 1);
+    for (const int mask : {KMTagBoneWeight::OnlyEditable, int(KMMeshDirty::All), 1}) {
+        scene.tag->rebuildWeights(mask);
+        QCOMPARE(scene.tag->vertexWeights(0).count(), 1);
+    }
+    const std::unique_ptr<KMMeshNode> copy(scene.mesh->clone());
+    QCOMPARE(static_cast<KMTagBoneWeight *>(copy->tag(0))->entries(), scene.tag->entries());
+}
+
+/// Two bones without a bond below one that turns: shown beside the form that would turn with it.
+void tst_KMTagBoneWeight::turnedParent()
+{
+    WeightScene scene(MeshFixtures::grid(4, 4));
+    KMBone *root = scene.addBone(QStringLiteral("root"), nullptr, {0, -10, 0}, {0, -5, 0});
+    KMBone *left = scene.addBone(QStringLiteral("left"), root, {1, 0, 2}, {-1, 0, 2});
+    KMBone *right = scene.addBone(QStringLiteral("right"), root, {3, 0, 2}, {5, 0, 2});
+    for (int v = 0; v < scene.mesh->vertexCount(); ++v) {
+        const float share = qBound(0.1f, scene.mesh->position(v).x / 4.0f, 0.9f);
+        scene.tag->addEntry({v, 1.0f - share, left});
+        scene.tag->addEntry({v, share, right});
+        scene.tag->setSdefFlag(v, true);
+    }
+    for (const float degrees : {0.0f, 10.0f, 45.0f, 90.0f, 180.0f}) {
+        PoseTransform pose;
+        pose.rotation = kvm::Quaternion::fromAxisAngle({0.2f, 1, 0.3f}, degrees * float(M_PI) / 180.0f);
+        root->setKeyPose(pose);
+        scene.rig->animation()->reevaluate();
+        KMSkinning skinning;
+        skinning.prepare(*scene.tag);
+        const SkinReference words(*scene.tag);
+        double written = 0, rigid = 0, ours = 0;
+        for (int v = 0; v < scene.mesh->vertexCount(); ++v) {
+            const SkinReference::Vec turned = reference::vec(root->skinMatrix() * scene.mesh->position(v));
+            written = std::max(written, reference::distance(words.at(v), turned));
+            rigid = std::max(rigid, reference::distance(words.rigid(v), turned));
+            ours =
+                std::max(ours, reference::distance(words.at(v), reference::vec(skinning(v, scene.mesh->position(v)))));
+        }
+        qInfo("parent turned by %g: as written %.3f away from a rigid turn, rigid form %.3f", double(degrees), written,
+              rigid);
+        QVERIFY(ours < 1e-4);
+        QVERIFY(rigid < 1e-4 && (written < 1e-4) == (degrees == 0.0f));
+    }
+}
+
+KM_TEST(tst_KMTagBoneWeight);
+
+#include "tst_KMTagBoneWeight.moc"

@@ -1,0 +1,587 @@
+#include "core/KMNodePropertyCommands.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMMeshEdit.h"
+#include "mesh/KMMeshNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneCopy.h"
+#include "rig/KMBoneTreeCommands.h"
+#include "rig/KMDisplayCommands.h"
+#include "rig/KMPhysicsMaking.h"
+#include "rig/KMRigTags.h"
+#include "rig/KMTagValueCommands.h"
+#include "support/CommandProof.h"
+#include "support/MeshFixtures.h"
+#include "support/RigScene.h"
+#include "support/TestRegistry.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <array>
+#include <cmath>
+#include <functional>
+
+namespace {
+
+/// arm and elbow with a body each and a joint between them, hand without; all in the group "Frame".
+class Figure : public RigScene
+{
+public:
+    Figure()
+        : frame(new KMDisplayNode)
+        , other(new KMDisplayNode)
+    {
+        arm = addBone(QStringLiteral("arm"), nullptr, {1, 2, 3}, {11, 2, 3});
+        elbow = addBone(QStringLiteral("elbow"), arm, {11, 2, 3}, {18, 5, -2});
+        hand = addBone(QStringLiteral("hand"), elbow, {18, 5, -2}, {20, 5, -2});
+        KMPhysicsMaking::pushBodies({arm, elbow}, KMTagRigidBody::Capsule, true);
+        frame->setItems({DisplayItem::of(arm), DisplayItem::of(elbow), DisplayItem::of(hand)});
+        gProject->addToScene(frame);
+        gProject->addToScene(other);
+        forget();
+    }
+    KMTagRigidBody *body(KMBone *bone) const { return KMPhysicsMaking::firstBody(bone); }
+    KMTagJoint *joint(int index) const { return KMRigTags::joints(rig).value(index); }
+
+    KMBone *arm, *elbow, *hand;
+    KMDisplayNode *frame, *other;
+};
+
+using Make = std::function<KMUndoCommand *(Figure &)>;
+
+// An own arithmetic in double precision
+
+using Vector = std::array<double, 3>;
+using Rotation = std::array<double, 4>; // w first
+
+Vector vectorOf(const kvm::Vector3 &v)
+{
+    return {double(v.x), double(v.y), double(v.z)};
+}
+
+Vector minus(const Vector &a, const Vector &b)
+{
+    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
+}
+
+Vector plus(const Vector &a, const Vector &b)
+{
+    return {a[0] + b[0], a[1] + b[1], a[2] + b[2]};
+}
+
+double length(const Vector &v)
+{
+    return std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
+}
+
+Vector crossed(const Vector &a, const Vector &b)
+{
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+Rotation times(const Rotation &a, const Rotation &b)
+{
+    const Vector u{a[1], a[2], a[3]};
+    const Vector v{b[1], b[2], b[3]};
+    const Vector c = crossed(u, v);
+    const double w = a[0] * b[0] - (u[0] * v[0] + u[1] * v[1] + u[2] * v[2]);
+    return {w, a[0] * v[0] + b[0] * u[0] + c[0], a[0] * v[1] + b[0] * u[1] + c[1], a[0] * v[2] + b[0] * u[2] + c[2]};
+}
+
+Rotation conjugate(const Rotation &q)
+{
+    return {q[0], -q[1], -q[2], -q[3]};
+}
+
+Vector rotated(const Rotation &q, const Vector &v)
+{
+    const Rotation r = times(times(q, {0.0, v[0], v[1], v[2]}), conjugate(q));
+    return {r[1], r[2], r[3]};
+}
+
+Rotation shortest(const Vector &from, const Vector &to)
+{
+    const Vector axis = crossed(from, to);
+    const double size = length(axis);
+    const double angle = std::atan2(size, from[0] * to[0] + from[1] * to[1] + from[2] * to[2]);
+    if (size == 0.0)
+        return {1.0, 0.0, 0.0, 0.0};
+    const double s = std::sin(angle / 2.0) / size;
+    return {std::cos(angle / 2.0), axis[0] * s, axis[1] * s, axis[2] * s};
+}
+
+/// A chain of bones without offsets: heads and rotations in the world by the local rotations.
+struct Chain
+{
+    QVector<Vector> rests; // of the heads, and the tail of the last one at the end
+    QVector<Rotation> local;
+
+    Rotation world(int bone) const { return bone == 0 ? local[0] : times(world(bone - 1), local[bone]); }
+    Vector at(int point) const // of rests
+    {
+        if (point == 0)
+            return rests[0];
+        return plus(at(point - 1), rotated(world(point - 1), minus(rests[point], rests[point - 1])));
+    }
+};
+
+kvm::Quaternion randomTurn(QRandomGenerator &random)
+{
+    const auto angle = [&random] { return float(random.bounded(2.0) - 1.0); };
+    return kvm::Quaternion::fromEuler(angle(), angle(), angle());
+}
+
+} // namespace
+Q_DECLARE_METATYPE(Make)
+
+class tst_PhysicsTags : public QObject
+{
+    Q_OBJECT
+private slots:
+    void proof_data();
+    void proof();
+    void jointsLetGoOfWhatIsDeleted();
+    void gizmoStandsOnTheBoneAtRest();
+    void madeBodies();
+    void sideJoint();
+    void copiesKeepToThemselves();
+    void solverAgainstDoubles();
+    void solverLeavesAlone();
+    void groupSwitchesChildren();
+    void rememberedSelection();
+    void displayOrder();
+    void randomWalk();
+};
+
+void tst_PhysicsTags::proof_data()
+{
+    QTest::addColumn<Make>("make");
+    const auto row = [](const char *name, const Make &make) { QTest::newRow(name) << make; };
+    row("body", [](Figure &s) {
+        RigidBodyData data = s.body(s.arm)->parameters();
+        data.friction = 0.25f;
+        data.pose.offset.x = 5.0f;
+        return new editTagRigidBodyCommand(s.body(s.arm), data);
+    });
+    row("joint", [](Figure &s) {
+        JointData data = s.joint(1)->parameters();
+        std::swap(data.bodyA, data.bodyB);
+        data.angularLimit[3] = 30.0f;
+        return new editTagJointCommand(s.joint(1), data);
+    });
+    row("delete a body", [](Figure &s) { return new deleteTagBoneContainerCommand(s.arm, s.body(s.arm)); });
+    row("delete the bone of a body", [](Figure &s) { return new deleteBoneCommand(s.arm); });
+    row("delete a bone of a group", [](Figure &s) { return new deleteBoneCommand(s.hand); });
+    row("add a group", [](Figure &) {
+        auto *group = new KMDisplayNode;
+        gProject->addRaw(group);
+        group->setDeleted(true);
+        return new addDisplayNodeCommand(group);
+    });
+    row("remove a group", [](Figure &s) { return new removeDisplayNodeCommand(s.frame); });
+    row("move a group", [](Figure &s) { return new moveDisplayNodeCommand(s.frame, 1); });
+    row("rename a group", [](Figure &s) { return new renameDisplayNodeCommand(s.frame, QStringLiteral("Root")); });
+    row("add an item", [](Figure &s) { return new addDisplayItemCommand(s.other, DisplayItem::of(s.arm)); });
+    row("remove an item", [](Figure &s) { return new removeDisplayItemCommand(s.frame, 1); });
+    row("move an item", [](Figure &s) { return new moveDisplayItemCommand(s.frame, 0, 2); });
+}
+
+void tst_PhysicsTags::proof()
+{
+    QFETCH(Make, make);
+    Figure scene;
+    QCOMPARE(proofFailure(scene.dump, [&] { return make(scene); }), QString());
+}
+
+void tst_PhysicsTags::jointsLetGoOfWhatIsDeleted()
+{
+    Figure scene;
+    KMTagJoint *joint = scene.joint(1);
+    KMTagRigidBody *a = joint->bodyA();
+    QCOMPARE(a, scene.body(scene.arm));
+    const int live = scene.frame->liveItems().size();
+    gSolution->push(new deleteBoneCommand(scene.arm));
+    QVERIFY(!joint->bodyA());
+    QCOMPARE(joint->bodyB(), scene.body(scene.elbow));
+    QCOMPARE(scene.frame->liveItems().size(), live - 1);
+    scene.session.stack().undo();
+    QCOMPARE(joint->bodyA(), a);
+    QCOMPARE(scene.frame->liveItems().size(), live);
+    gSolution->push(new deleteTagBoneContainerCommand(scene.elbow, joint->bodyB()));
+    QVERIFY(!joint->bodyB());
+    QVERIFY(!scene.joint(0)->bodyA());
+}
+
+void tst_PhysicsTags::gizmoStandsOnTheBoneAtRest()
+{
+    Figure scene;
+    KMTagRigidBody *body = scene.body(scene.elbow);
+    RigidBodyData data = body->parameters();
+    data.shape = KMTagRigidBody::Box;
+    data.width = 2.0f;
+    data.height = 4.0f;
+    data.depth = 6.0f;
+    data.pose.rotation = kvm::Quaternion::fromEuler(0.0f, 0.3f, 0.0f);
+    body->setParameters(data);
+    const auto expected = [&](float x, float y, float z) {
+        const KMBoneRest rest = scene.elbow->rest();
+        return rest.head + rest.rotation.rotate(data.pose.offset + data.pose.rotation.rotate({x, y, z}));
+    };
+    for (const float side : {-1.0f, 1.0f}) {
+        const kvm::Vector3 corner = expected(side, 3.0f, side * 2.0f);
+        bool isThere = false;
+        for (int v = 0; v < body->gizmo()->vertexCount(); ++v)
+            isThere |= (body->gizmo()->position(v) - corner).length() < 1e-4f;
+        QVERIFY(isThere);
+    }
+    const kvm::Vector3 before = body->gizmo()->position(0);
+    KMBoneRest moved = scene.elbow->rest();
+    moved.head.x += 10.0f;
+    scene.elbow->setRest(moved);
+    QVERIFY((body->gizmo()->position(0) - before - kvm::Vector3(10.0f, 0.0f, 0.0f)).length() < 1e-4f);
+    scene.elbow->setKeyPose({{1, 1, 1}, kvm::Quaternion::fromEuler(1.0f, 0.0f, 0.0f), {}});
+    scene.rig->animation()->reevaluate();
+    QVERIFY((body->gizmo()->position(0) - before - kvm::Vector3(10.0f, 0.0f, 0.0f)).length() < 1e-4f);
+}
+
+void tst_PhysicsTags::madeBodies()
+{
+    struct Shape
+    {
+        int shape;
+        float width, height, depth; // by the length
+    };
+    for (const Shape &row :
+         {Shape{KMTagRigidBody::Sphere, 1.0f, 0.0f, 0.0f}, Shape{KMTagRigidBody::Box, 0.5f, 1.0f, 0.5f},
+          Shape{KMTagRigidBody::Capsule, 0.75f, 2.0f, 0.0f}}) {
+        Figure scene;
+        KMPhysicsMaking::pushBodies({scene.hand}, row.shape, true);
+        const RigidBodyData &data = scene.body(scene.hand)->parameters();
+        QCOMPARE(scene.body(scene.hand)->name(), QStringLiteral("hand"));
+        QCOMPARE(data.width, 2.0f * row.width);
+        if (KMTagRigidBody::hasHeight(row.shape))
+            QCOMPARE(data.height, 2.0f * row.height);
+        if (KMTagRigidBody::hasDepth(row.shape))
+            QCOMPARE(data.depth, 2.0f * row.depth);
+        QCOMPARE(data.pose.offset, kvm::Vector3(0.0f, 0.0f, -1.0f));
+        const KMTagJoint *joint = KMRigTags::joints(scene.rig).last();
+        QCOMPARE(joint->bone(), scene.hand);
+        QCOMPARE(joint->bodyA(), scene.body(scene.elbow)); // no subject, but it has one
+        QCOMPARE(joint->bodyB(), scene.body(scene.hand));
+    }
+}
+
+void tst_PhysicsTags::sideJoint()
+{
+    Figure scene;
+    KMPhysicsMaking::pushSideJoint(scene.body(scene.arm), scene.body(scene.elbow));
+    const KMTagJoint *joint = nullptr;
+    for (const KMTagJoint *candidate : KMRigTags::joints(scene.rig))
+        joint = candidate->name() == QLatin1String("Joint0") ? candidate : joint;
+    QVERIFY(joint);
+    QCOMPARE(joint->bone(), scene.arm);
+    const kvm::Vector3 middle =
+        (scene.arm->restHead() + scene.arm->restTail() + scene.elbow->restHead() + scene.elbow->restTail()) * 0.25f;
+    QVERIFY((joint->worldMatrix().translation() - middle).length() < 1e-4f);
+    // The middle of two unit quaternions of one side is the direction of their sum.
+    const bool isNear = dot(scene.arm->rotation(), scene.elbow->rotation()) >= 0.0f;
+    const kvm::Quaternion sum = scene.arm->rotation() + (isNear ? scene.elbow->rotation() : -scene.elbow->rotation());
+    const kvm::Quaternion expected = sum.normalized() * kvm::Quaternion(0.70710677f, -0.70710677f, 0.0f, 0.0f);
+    const kvm::Quaternion actual = scene.arm->rotation() * joint->parameters().pose.rotation;
+    QVERIFY(std::abs(std::abs(dot(expected, actual)) - 1.0f) < 1e-5f);
+}
+
+void tst_PhysicsTags::copiesKeepToThemselves()
+{
+    Figure scene;
+    const QList<KMBoneCopy::Placed> copies = KMBoneCopy::copies(scene.rig->bones());
+    const auto copyOf = [&copies](const KMBone *bone) {
+        for (const KMBoneCopy::Placed &placed : copies) {
+            if (placed.source == bone)
+                return placed.copy;
+        }
+        return static_cast<KMBone *>(nullptr);
+    };
+    const auto *joint = nodeAs<KMTagJoint>(copyOf(scene.elbow)->tag(1));
+    QCOMPARE(joint->bodyA(), scene.body(copyOf(scene.arm)));
+    QCOMPARE(joint->bodyB(), scene.body(copyOf(scene.elbow)));
+    for (const KMBoneCopy::Placed &placed : copies)
+        delete placed.copy;
+}
+
+/// One sweep over a chain of random bones, by the same words in another arithmetic.
+void tst_PhysicsTags::solverAgainstDoubles()
+{
+    QRandomGenerator random(7);
+    const auto number = [&random] { return float(random.bounded(20.0) - 10.0); };
+    for (int round = 0; round < 50; ++round) {
+        RigScene scene;
+        constexpr int bones = 5; // the last one is the target
+        constexpr int links = 3;
+        QVector<kvm::Vector3> points;
+        QVector<KMBone *> chain;
+        for (int i = 0; i <= bones; ++i)
+            points << kvm::Vector3(number(), number(), number());
+        for (int i = 0; i < bones; ++i)
+            chain << scene.addBone(QStringLiteral("b%1").arg(i), i ? chain.last() : nullptr, points[i], points[i + 1]);
+        KMBone *goal = scene.addBone(QStringLiteral("goal"), nullptr, {number(), number(), number()}, {0, 0, 0});
+        Chain reference;
+        for (int i = 0; i < bones; ++i) {
+            const kvm::Quaternion turn = randomTurn(random);
+            chain[i]->setKeyPose({{1, 1, 1}, turn, {}});
+            reference.local << Rotation{double(turn.w), double(turn.x), double(turn.y), double(turn.z)};
+            reference.rests << vectorOf(chain[i]->restHead());
+        }
+        const int floating = round % 2 ? 2 : -1; // the sweep ends there
+        if (floating >= 0)
+            chain[floating]->setFloating(true);
+        scene.rig->animation()->reevaluate();
+
+        KMTagConstraint tag;
+        tag.setOwner(goal);
+        tag.setData({chain.last(), 1.0f, 1, KMTagConstraint::IK, links});
+        tag.solveIK();
+        QCOMPARE(tag.links().size(), links);
+
+        const int end = bones - 2; // the parent of the target, whose tail is the next head
+        const Vector wanted = vectorOf(goal->restHead());
+        Chain started = reference;
+        for (int joint = end; joint > end - links; --joint) {
+            // The tail of the first link, which need not be where the next head is told: it is here.
+            const Vector tail = reference.at(end + 1);
+            const Rotation back = joint > 0 ? conjugate(started.world(joint - 1)) : Rotation{1.0, 0.0, 0.0, 0.0};
+            const Vector from = rotated(back, minus(tail, reference.at(joint)));
+            const Vector to = rotated(back, minus(wanted, reference.at(joint)));
+            reference.local[joint] = times(shortest(from, to), reference.local[joint]);
+            if (joint == floating)
+                break;
+        }
+        for (int i = 0; i < bones; ++i) {
+            const kvm::Quaternion turn = chain[i]->constraintPose().rotation;
+            const Rotation &expected = reference.local[i];
+            const double same = double(turn.w) * expected[0] + double(turn.x) * expected[1]
+                                + double(turn.y) * expected[2] + double(turn.z) * expected[3];
+            QVERIFY2(std::abs(std::abs(same) - 1.0) < 1e-4, qPrintable(QStringLiteral("%1 %2").arg(round).arg(i)));
+            const bool isLink = i <= end && i > end - links;
+            QCOMPARE(chain[i]->poseWorld() == chain[i]->constraintPose(), isLink || i == 0);
+        }
+    }
+}
+
+void tst_PhysicsTags::solverLeavesAlone()
+{
+    Figure scene;
+    scene.rig->animation()->reevaluate();
+    const PoseTransform before = scene.arm->poseWorld();
+    KMTagConstraint tag;
+    tag.setOwner(scene.hand);
+    tag.setIkDepth(2);
+    tag.solveIK(); // no target
+    tag.setTarget(scene.elbow);
+    scene.elbow->setDeleted(true);
+    tag.solveIK();
+    scene.elbow->setDeleted(false);
+    QVERIFY(tag.links().isEmpty());
+    QVERIFY(scene.arm->poseWorld() == before);
+
+    // A limit stops the turn.
+    BoneLimit limits;
+    limits.enabled = true;
+    limits.minH = limits.maxH = limits.minB = limits.maxB = 0.0f;
+    limits.minP = -0.1f;
+    limits.maxP = 0.1f;
+    scene.arm->setLimits(limits);
+    tag.solveIK();
+    const kvm::Vector3 angles = scene.arm->constraintPose().rotation.toEuler();
+    QVERIFY(std::abs(angles.x) < 1e-5f && std::abs(angles.z) < 1e-5f && std::abs(angles.y) < 0.1f + 1e-5f);
+}
+
+void tst_PhysicsTags::groupSwitchesChildren()
+{
+    RigScene scene;
+    auto *top = new KMNullNode;
+    gProject->addNode(top);
+    QList<KMNullNode *> children;
+    for (int i = 0; i < 3; ++i) {
+        children << new KMNullNode;
+        gProject->addNode(children.last());
+        QTreeWidgetItem *row = children.last()->item();
+        gProject->tree()->takeRow(row);
+        gProject->tree()->insertRow(top->item(), -1, row);
+    }
+    scene.forget();
+    for (KMNullNode *child : children)
+        child->setSelected(child == children[1]);
+    auto *tag = new KMTagGroup;
+    top->addTag(tag);
+    const auto shown = [&] {
+        return QString::number(children[0]->isVisible()) + QString::number(children[1]->isVisible())
+               + QString::number(children[2]->isVisible());
+    };
+    tag->applyToChildren();
+    QCOMPARE(scene.session.stack().count(), 0); // all are shown already
+    tag->setMode(KMTagGroup::ShowSelected);
+    tag->applyToChildren();
+    QCOMPARE(shown(), QStringLiteral("010"));
+    QCOMPARE(scene.session.stack().undoText(), QStringLiteral("TagGroup Done"));
+    tag->setMode(KMTagGroup::Hide);
+    tag->applyToChildren();
+    QCOMPARE(shown(), QStringLiteral("000"));
+    scene.session.stack().undo();
+    scene.session.stack().undo();
+    QCOMPARE(shown(), QStringLiteral("111"));
+}
+
+void tst_PhysicsTags::rememberedSelection()
+{
+    RigScene scene;
+    auto *mesh = new KMMeshNode;
+    for (int i = 0; i < 9; ++i)
+        mesh->addVertexRaw({float(i % 3), float(i / 3), 0.0f});
+    for (const int corner : {0, 1, 3, 4}) {
+        const int corners[] = {corner, corner + 3, corner + 4, corner + 1};
+        mesh->addFaceRaw(4, corners);
+    }
+    gProject->addNode(mesh);
+    mesh->refreshMesh(KMMeshDirty::All);
+    auto *tag = new KMTagSelection;
+    mesh->addTag(tag);
+    {
+        const KMUndoMacro macro(QStringLiteral("select"));
+        for (const int v : {4, 8})
+            KMMeshEdit::selectVertex(*mesh, v, true);
+        KMMeshEdit::selectFace(*mesh, 3, true);
+        KMMeshEdit::selectEdge(*mesh, 5, 8, true);
+        KMMeshEdit::selectUV(*mesh, 3, 2, true);
+    }
+    const KMStoredSelection stored = KMTagSelection::selectionOf(*mesh);
+    gSolution->push(new editTagSelectionCommand(tag, stored));
+    {
+        const KMUndoMacro macro(QStringLiteral("select"));
+        KMMeshEdit::selectVertex(*mesh, 0, true);
+        KMMeshEdit::selectVertex(*mesh, 8, false);
+        KMMeshEdit::selectFace(*mesh, 3, false);
+    }
+    tag->recall(KMTagSelection::Recall::Add);
+    QVERIFY(KMTagSelection::selectionOf(*mesh).vertices == QVector<int>({0, 4, 8}));
+    const int steps = scene.session.stack().count();
+    tag->recall(KMTagSelection::Recall::Replace);
+    QVERIFY(KMTagSelection::selectionOf(*mesh) == stored);
+    QCOMPARE(scene.session.stack().count(), steps + 1);
+    tag->recall(KMTagSelection::Recall::Replace);
+    QCOMPARE(scene.session.stack().count(), steps + 1); // nothing to do
+
+    // A corner of the grid goes, which nothing remembers; then one that is remembered, and its face with it.
+    const auto remove = [mesh](int vertex) {
+        const KMUndoMacro macro(QStringLiteral("delete"));
+        KMMeshEdit::deleteVertex(*mesh, vertex);
+        KMMeshEdit::compact(*mesh);
+    };
+    remove(0);
+    const KMStoredSelection moved{{3, 7}, {2}, {{4, 7}}, {{2, 2}}};
+    QVERIFY(tag->parameters() == moved);
+    remove(7);
+    const KMStoredSelection rest{{3}, {}, {}, {}};
+    QVERIFY(tag->parameters() == rest);
+    scene.session.stack().undo();
+    QVERIFY(tag->parameters() == moved);
+    scene.session.stack().undo();
+    QVERIFY(tag->parameters() == stored);
+}
+
+/// What is removed keeps its place, also while others move.
+void tst_PhysicsTags::displayOrder()
+{
+    RigScene scene;
+    QList<KMDisplayNode *> groups;
+    for (int i = 0; i < 4; ++i) {
+        groups << new KMDisplayNode;
+        gProject->addToScene(groups.last());
+    }
+    const QList<KMDisplayNode *> before = moveDisplayNodeCommand::liveGroups();
+    QCOMPARE(before, groups);
+    gSolution->push(new removeDisplayNodeCommand(groups[1]));
+    gSolution->push(new moveDisplayNodeCommand(groups[0], 2));
+    QCOMPARE(moveDisplayNodeCommand::liveGroups(), (QList<KMDisplayNode *>{groups[2], groups[3], groups[0]}));
+    gSolution->push(new moveDisplayNodeCommand(groups[0], 1));
+    QCOMPARE(moveDisplayNodeCommand::liveGroups(), (QList<KMDisplayNode *>{groups[2], groups[0], groups[3]}));
+    for (int i = 0; i < 3; ++i)
+        scene.session.stack().undo();
+    QCOMPARE(moveDisplayNodeCommand::liveGroups(), before);
+}
+
+void tst_PhysicsTags::randomWalk()
+{
+    for (quint32 seed = 1; seed <= 5; ++seed) {
+        Figure scene;
+        QRandomGenerator random(seed);
+        const QString before = scene.dump.text();
+        const auto anyOf = [&random](const auto &list) { return list.at(random.bounded(list.size())); };
+        for (int step = 0; step < 60; ++step) {
+            const QList<KMBone *> bones = scene.rig->bones();
+            const QList<KMTagRigidBody *> bodies = KMRigTags::bodies(scene.rig);
+            const QList<KMTagJoint *> joints = KMRigTags::joints(scene.rig);
+            const QList<KMDisplayNode *> groups = moveDisplayNodeCommand::liveGroups();
+            const KMUndoMacro macro(QStringLiteral("step"));
+            switch (random.bounded(9)) {
+            case 0:
+                if (!bones.isEmpty() && bones.size() > 2)
+                    gSolution->push(new deleteBoneCommand(anyOf(bones)));
+                break;
+            case 1:
+                KMPhysicsMaking::pushBodies({anyOf(bones)}, random.bounded(3), true);
+                break;
+            case 2:
+                if (!bodies.isEmpty()) {
+                    KMTagRigidBody *body = anyOf(bodies);
+                    gSolution->push(new deleteTagBoneContainerCommand(body->bone(), body));
+                }
+                break;
+            case 3:
+                if (!joints.isEmpty()) {
+                    JointData data = anyOf(joints)->parameters();
+                    data.bodyA = bodies.value(random.bounded(bodies.size() + 1));
+                    gSolution->push(new editTagJointCommand(joints.first(), data));
+                }
+                break;
+            case 4:
+                gSolution->push(new addDisplayItemCommand(groups.isEmpty() ? scene.frame : anyOf(groups),
+                                                          DisplayItem::of(anyOf(bones))));
+                break;
+            case 5:
+                if (groups.size() > 1)
+                    gSolution->push(new moveDisplayNodeCommand(groups.first(), random.bounded(groups.size())));
+                break;
+            case 6:
+                if (!groups.isEmpty())
+                    gSolution->push(new removeDisplayNodeCommand(anyOf(groups)));
+                break;
+            case 7:
+                gProject->addToScene(new KMDisplayNode);
+                break;
+            case 8:
+                if (!bodies.isEmpty() && !joints.isEmpty())
+                    gSolution->push(new deleteTagBoneContainerCommand(joints.last()->bone(), joints.last()));
+                break;
+            }
+            for (const KMTagJoint *joint : KMRigTags::joints(scene.rig)) {
+                for (const KMTagRigidBody *body : {joint->bodyA(), joint->bodyB()})
+                    QVERIFY(!body || (!body->isDeleted() && !body->bone()->isDeleted()));
+            }
+        }
+        const QString after = scene.dump.text();
+        while (scene.session.stack().canUndo())
+            scene.session.stack().undo();
+        QCOMPARE(scene.dump.text(), before);
+        while (scene.session.stack().canRedo())
+            scene.session.stack().redo();
+        QCOMPARE(scene.dump.text(), after);
+    }
+}
+
+KM_TEST(tst_PhysicsTags);
+
+#include "tst_PhysicsTags.moc"

@@ -1,0 +1,187 @@
+#include "core/KMNodeType.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTagCommands.h"
+#include "core/KMTreeWidget.h"
+#include "mesh/KMMeshNode.h"
+#include "rig/KMTagMorph.h"
+#include "shell/docks/KMMorphTree.h"
+#include "shell/docks/KMMorphValueCell.h"
+#include "shell/docks/kmmorphwidget.h"
+#include "shell/kmmainwidget.h"
+#include "support/MeshFixtures.h"
+#include "support/TestRegistry.h"
+#include "support/TestWindow.h"
+#include "tools/KMMorphTargets.h"
+
+#include <QMimeData>
+#include <QSlider>
+#include <QTest>
+#include <QUndoStack>
+
+#include <memory>
+
+/// The panel of morphs in the real window. The document is a cube with a morph tag, and the same cube with its vertex 2
+/// elsewhere.
+class tst_kmmorphwidget : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup() { m_window.reset(); }
+    void assign();
+    void slider();
+    void reorder();
+    void removeAndSelect();
+
+private:
+    int steps() const { return gSolution->undoStack()->index(); }
+    QString lastStep() const { return gSolution->undoStack()->undoText(); }
+    KMMorph *assignAs(const char *name);
+    QSlider *sliderOf(int row) const;
+    QString names() const;
+
+    std::unique_ptr<TestWindow> m_window;
+    KMMeshNode *m_base = nullptr;
+    KMMeshNode *m_target = nullptr;
+    KMTagMorph *m_tag = nullptr;
+    kmmorphwidget *m_dock = nullptr;
+    KMMorphTree *m_rows = nullptr;
+};
+
+void tst_kmmorphwidget::init()
+{
+    m_window = std::make_unique<TestWindow>();
+    m_base = MeshFixtures::cube();
+    m_target = MeshFixtures::cube();
+    m_target->setPosition(2, m_target->position(2) + kvm::Vector3(0.0f, 4.0f, 0.0f));
+    gProject->addNode(m_base);
+    gProject->addNode(m_target);
+    m_tag = new KMTagMorph;
+    gSolution->push(new addTagCommand(m_base, m_tag));
+    gProject->tree()->setCurrentItem(m_base->item());
+    m_dock = m_window->child<kmmorphwidget>("kmmorphwidget");
+    m_dock->show();
+    m_rows = m_window->child<KMMorphTree>("morphTree");
+    gSolution->clearHistory();
+}
+
+KMMorph *tst_kmmorphwidget::assignAs(const char *name)
+{
+    m_window->prompt.acceptForms = true;
+    m_window->prompt.optionValues[QStringLiteral("morph-name")] = QString::fromLatin1(name);
+    m_target->setSelected(true);
+    m_window->trigger("MorphComAssignMorph");
+    return m_tag->findMorph(QString::fromLatin1(name));
+}
+
+QSlider *tst_kmmorphwidget::sliderOf(int row) const
+{
+    return m_rows->itemWidget(m_rows->topLevelItem(row), KMMorphTree::ValueColumn)->findChild<QSlider *>();
+}
+
+QString tst_kmmorphwidget::names() const
+{
+    QString names;
+    for (int i = 0; i < m_rows->topLevelItemCount(); ++i)
+        names += m_rows->topLevelItem(i)->text(KMMorphTree::NameColumn);
+    return names;
+}
+
+void tst_kmmorphwidget::assign()
+{
+    const KMMorph *smile = assignAs("smile");
+    QVERIFY(smile);
+    QCOMPARE(smile->deltas(), (MorphDeltas{{2, 4.0f, {0, 1, 0}}}));
+    QCOMPARE(lastStep(), QStringLiteral("Assign MorphNode"));
+    QVERIFY(!m_target->isVisible());
+    QCOMPARE(names(), QStringLiteral("smile"));
+
+    m_target->setPosition(2, m_base->position(2) + kvm::Vector3(0.0f, 0.0f, 1.0f));
+    assignAs("smile"); // the question is answered by Escape
+    QCOMPARE(steps(), 1);
+    QVERIFY(m_window->prompt.messages.last().text.startsWith(QStringLiteral("\"smile\"\nalready exists.")));
+    m_window->prompt.buttons = {QMessageBox::Yes};
+    assignAs("smile");
+    QCOMPARE(smile->deltas().first().direction, kvm::Vector3(0, 0, 1));
+    gSolution->undoStack()->setIndex(0);
+    QCOMPARE(names(), QString());
+    QVERIFY(m_target->isVisible());
+}
+
+/// A drag shows what it does as it goes, and is one step.
+void tst_kmmorphwidget::slider()
+{
+    const KMMorph *smile = assignAs("smile");
+    const float height = m_base->position(2).y;
+    QSlider *slider = sliderOf(0);
+    QVERIFY(QTest::qWaitForWindowExposed(m_dock->window()));
+    const QPoint start(8, slider->height() / 2);
+    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, start);
+    slider->setSliderDown(true); // whichever way the style takes a press beside the handle
+    slider->setSliderPosition(250);
+    slider->setSliderPosition(500);
+    QCOMPARE(smile->value(), 0.5f);
+    QCOMPARE(m_base->position(2).y, height + 2.0f);
+    QCOMPARE(m_base->dirtyMask(), 0u);
+    QCOMPARE(steps(), 1);
+    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, start);
+    QCOMPARE(steps(), 2);
+    const float value = smile->value();
+    gSolution->undoStack()->undo();
+    QCOMPARE(smile->value(), 0.0f);
+    QCOMPARE(m_base->position(2).y, height);
+    QCOMPARE(slider->value(), 0);
+    gSolution->undoStack()->redo();
+    QCOMPARE(smile->value(), value);
+
+    slider->setSliderDown(true);
+    slider->setSliderPosition(900);
+    QTest::keyClick(slider, Qt::Key_Escape);
+    QCOMPARE(smile->value(), value);
+    QCOMPARE(steps(), 2);
+}
+
+void tst_kmmorphwidget::reorder()
+{
+    for (const char *name : {"a", "b", "c"})
+        assignAs(name);
+    QCOMPARE(names(), QStringLiteral("abc"));
+    const std::unique_ptr<QMimeData> data(
+        KMTreeWidget::mimeDataOf({m_tag->findMorph(QStringLiteral("c"))}, KMMorphTargets::MorphMimeType));
+    QPoint top = m_rows->visualItemRect(m_rows->topLevelItem(0)).topLeft() + QPoint(5, 1);
+    QDropEvent drop(top, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_rows->viewport(), &drop);
+    QCOMPARE(names(), QStringLiteral("cab"));
+    QCOMPARE(lastStep(), QStringLiteral("Reorder MorphNode"));
+    gSolution->undoStack()->undo();
+    QCOMPARE(names(), QStringLiteral("abc"));
+    m_rows->topLevelItem(1)->setText(KMMorphTree::NameColumn, QStringLiteral("x"));
+    m_rows->topLevelItem(1)->setData(KMMorphTree::PanelColumn, Qt::EditRole, int(KMMorph::LeftTop));
+    QCOMPARE(m_tag->liveMorphs()[1]->name(), QStringLiteral("x"));
+    QCOMPARE(m_tag->liveMorphs()[1]->panel(), int(KMMorph::LeftTop));
+    gSolution->undoStack()->undo();
+    gSolution->undoStack()->undo();
+    QCOMPARE(names(), QStringLiteral("abc"));
+}
+
+void tst_kmmorphwidget::removeAndSelect()
+{
+    assignAs("a");
+    assignAs("b");
+    const int before = steps();
+    m_window->trigger("MorphComSelectVertex"); // no row is selected
+    QCOMPARE(steps(), before);
+    m_rows->topLevelItem(1)->setSelected(true);
+    m_window->trigger("MorphComSelectVertex");
+    QVERIFY(m_base->vertex(2)->hasFlag(KMElementFlag::Selected));
+    m_window->trigger("MorphComRemoveMorph");
+    QCOMPARE(names(), QStringLiteral("a"));
+    gSolution->undoStack()->setIndex(before);
+    QCOMPARE(names(), QStringLiteral("ab"));
+    gSolution->undoStack()->setIndex(0);
+}
+
+KM_TEST(tst_kmmorphwidget);
+
+#include "tst_kmmorphwidget.moc"

@@ -1,0 +1,279 @@
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTagCommands.h"
+#include "core/KMTreeWidget.h"
+#include "core/KMUndoMacro.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneMMDTemplate.h"
+#include "rig/KMDisplayCommands.h"
+#include "rig/KMPhysicsMaking.h"
+#include "rig/KMRigTags.h"
+#include "rig/KMTagJoint.h"
+#include "shell/KMPhysicsSheet.h"
+#include "shell/attributes/KMAttributePage.h"
+#include "shell/docks/KMSetupList.h"
+#include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmsetupwidget.h"
+#include "shell/kmmainwidget.h"
+#include "shell/widgets/KMNumberField.h"
+#include "shell/widgets/KMTextArea.h"
+#include "shell/widgets/KMTextField.h"
+#include "support/TestRegistry.h"
+#include "support/TestWindow.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QTableView>
+#include <QTest>
+#include <QUndoStack>
+
+#include <memory>
+
+/// The setup panel, the table of the physics and the pages of its tags on the real window.
+class tst_kmsetupwidget : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+    void information();
+    void groupsAndItems();
+    void foreignDropsAreIgnored();
+    void sheetEditsAllSelectedRows();
+    void sheetRefusesWhatIsNoNumber();
+    void pageOfABody();
+
+private:
+    KMBone *bone(const char *name) const { return m_rig->bone(QString::fromLatin1(name)); }
+    QStringList items() const;
+    QStringList groups() const;
+    void drop(const QString &mimeType, const QList<KMContainerNode *> &nodes) const;
+    void choose(KMSetupList *list, const char *entry) const; ///< of the list's menu
+    QTableView *table(const char *name) const
+    {
+        return m_setup->window()->findChild<QTableView *>(QLatin1String(name));
+    }
+    static int columnOf(const QTableView *table, const QString &title);
+    int steps() const { return (*m_window)->undoStack()->index(); }
+
+    std::unique_ptr<TestWindow> m_window;
+    kmsetupwidget *m_setup = nullptr;
+    KMSetupList *m_groups = nullptr;
+    KMSetupList *m_items = nullptr;
+    KMBoneContainer *m_rig = nullptr;
+};
+
+void tst_kmsetupwidget::init()
+{
+    m_window = std::make_unique<TestWindow>();
+    m_setup = m_window->child<kmsetupwidget>("kmsetupwidget");
+    // A window of its own doesn't keep the focus where window managers have their say.
+    m_setup->setAllowedAreas(Qt::AllDockWidgetAreas);
+    m_setup->setFloating(false);
+    m_setup->show();
+    m_groups = m_setup->findChild<KMSetupList *>(QStringLiteral("displayList"));
+    m_items = m_setup->findChild<KMSetupList *>(QStringLiteral("itemList"));
+    m_rig = new KMBoneContainer;
+    gProject->addNode(m_rig);
+    gSolution->setCurrentNode(m_rig);
+    const KMUndoMacro macro(QStringLiteral("figure"));
+    KMBoneMMDTemplate::insertInto(m_rig);
+    KMPhysicsMaking::pushBodies({bone("arm_L"), bone("elbow_L"), bone("wrist_L")}, KMTagRigidBody::Capsule, true);
+}
+
+void tst_kmsetupwidget::cleanup()
+{
+    m_window.reset();
+}
+
+QStringList tst_kmsetupwidget::items() const
+{
+    QStringList texts;
+    for (int i = 0; i < m_items->count(); ++i)
+        texts << m_items->item(i)->text();
+    return texts;
+}
+
+QStringList tst_kmsetupwidget::groups() const
+{
+    QStringList texts;
+    for (int i = 0; i < m_groups->count(); ++i)
+        texts << m_groups->item(i)->text();
+    return texts;
+}
+
+void tst_kmsetupwidget::drop(const QString &mimeType, const QList<KMContainerNode *> &nodes) const
+{
+    const std::unique_ptr<QMimeData> data(KMTreeWidget::mimeDataOf(nodes, mimeType));
+    const QPoint place(5, m_items->viewport()->height() - 3);
+    QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_items->viewport(), &enter);
+    if (!enter.isAccepted())
+        return;
+    QDropEvent event(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_items->viewport(), &event);
+}
+
+void tst_kmsetupwidget::choose(KMSetupList *list, const char *entry) const
+{
+    emit list->customContextMenuRequested(QPoint(3, 3));
+    auto *action = m_setup->findChild<QAction *>(QLatin1String(entry));
+    QVERIFY(action);
+    action->trigger();
+    delete action->parent(); // the menu, which else closes later
+}
+
+int tst_kmsetupwidget::columnOf(const QTableView *table, const QString &title)
+{
+    for (int c = 0; c < table->model()->columnCount(); ++c) {
+        if (table->model()->headerData(c, Qt::Horizontal).toString() == title)
+            return c;
+    }
+    return -1;
+}
+
+void tst_kmsetupwidget::information()
+{
+    auto *english = m_setup->findChild<KMTextField *>(QStringLiteral("modelName1"));
+    QVERIFY(m_window->focus(english));
+    QTest::keyClicks(english, QStringLiteral("Miki"));
+    QTest::keyClick(english, Qt::Key_Return);
+    auto *comment = m_setup->findChild<KMTextArea *>(QStringLiteral("comment0"));
+    QVERIFY(m_window->focus(comment));
+    QTest::keyClicks(comment, QStringLiteral("hello"));
+    m_setup->commit();
+    comment->commit();
+    QCOMPARE(gProject->textInfo(3), QStringLiteral("Miki"));
+    QCOMPARE(gProject->textInfo(2), QStringLiteral("hello"));
+    (*m_window)->undoStack()->undo();
+    QCOMPARE(gProject->textInfo(2), QString());
+    QCOMPARE(comment->toPlainText(), QString());
+}
+
+void tst_kmsetupwidget::groupsAndItems()
+{
+    const int before = steps();
+    drop(KMBoneTreeWidget::BoneMimeType, {bone("head")}); // no group yet
+    QCOMPARE(steps(), before);
+    choose(m_groups, "setupCreate");
+    QCOMPARE(groups(), QStringList{QStringLiteral("Disp")});
+    drop(KMBoneTreeWidget::BoneMimeType, {bone("head"), bone("neck"), bone("center")});
+    QCOMPARE(items(), (QStringList{QStringLiteral("center"), QStringLiteral("neck"), QStringLiteral("head")}));
+    drop(KMBoneTreeWidget::BoneMimeType, {bone("head")}); // is listed
+    QCOMPARE(steps(), before + 2);
+    emit m_items->movesWanted({0, 1}, 3);
+    QCOMPARE(items(), (QStringList{QStringLiteral("head"), QStringLiteral("center"), QStringLiteral("neck")}));
+    QCOMPARE(steps(), before + 3);
+    m_items->setCurrentRow(1);
+    choose(m_items, "setupDelete");
+    QCOMPARE(items(), (QStringList{QStringLiteral("head"), QStringLiteral("neck")}));
+    m_groups->item(0)->setText(QStringLiteral("Root"));
+    QCOMPARE(moveDisplayNodeCommand::liveGroups().first()->name(), QStringLiteral("Root"));
+    choose(m_groups, "setupCreate");
+    QCOMPARE(items(), QStringList());
+    emit m_groups->movesWanted({1}, 0);
+    QCOMPARE(groups(), (QStringList{QStringLiteral("Disp"), QStringLiteral("Root")}));
+    m_groups->setCurrentRow(1);
+    QCOMPARE(items().size(), 2);
+    choose(m_groups, "setupDelete");
+    QCOMPARE(groups(), QStringList{QStringLiteral("Disp")});
+    while (steps() > before)
+        (*m_window)->undoStack()->undo();
+    QCOMPARE(groups(), QStringList());
+    QCOMPARE(items(), QStringList());
+}
+
+void tst_kmsetupwidget::foreignDropsAreIgnored()
+{
+    choose(m_groups, "setupCreate");
+    const int before = steps();
+    drop(KMTreeWidget::NodeMimeType, {m_rig});
+    QCOMPARE(steps(), before);
+    QCOMPARE(items(), QStringList());
+}
+
+void tst_kmsetupwidget::sheetEditsAllSelectedRows()
+{
+    m_setup->sheetAction()->trigger();
+    QTableView *bodies = table("rigidBodyTable");
+    QVERIFY(bodies);
+    QCOMPARE(bodies->model()->rowCount(), 3);
+    QCOMPARE(table("jointTable")->model()->rowCount(), 3);
+    const int mass = columnOf(bodies, QStringLiteral("Mass"));
+    for (const int row : {0, 2})
+        bodies->selectionModel()->select(bodies->model()->index(row, mass), QItemSelectionModel::Select);
+    const QList<KMTagRigidBody *> tags = KMRigTags::bodies(m_rig);
+    QVERIFY(tags[0]->isSelected() && !tags[1]->isSelected() && tags[2]->isSelected());
+    const int before = steps();
+    QVERIFY(bodies->model()->setData(bodies->model()->index(2, mass), QStringLiteral("3.5")));
+    QCOMPARE(steps(), before + 1);
+    QCOMPARE(tags[0]->parameters().mass, 3.5f);
+    QCOMPARE(tags[1]->parameters().mass, 1.0f);
+    QCOMPARE(tags[2]->parameters().mass, 3.5f);
+    bodies->model()->setData(bodies->model()->index(1, mass), QStringLiteral("7")); // isn't selected: alone
+    QCOMPARE(tags[0]->parameters().mass, 3.5f);
+    QCOMPARE(tags[1]->parameters().mass, 7.0f);
+
+    QTableView *joints = table("jointTable");
+    const int side = columnOf(joints, QStringLiteral("Connection A"));
+    joints->model()->setData(joints->model()->index(0, side), 3);
+    QCOMPARE(KMRigTags::joints(m_rig).first()->bodyA(), tags[2]);
+    QVERIFY(bodies->model()->flags(bodies->model()->index(0, columnOf(bodies, QStringLiteral("Depth"))))
+            == Qt::ItemIsSelectable); // a capsule has none
+    while (steps() > before)
+        (*m_window)->undoStack()->undo();
+    QCOMPARE(bodies->model()->index(0, mass).data().toString(), QStringLiteral("1"));
+    QCOMPARE(KMRigTags::joints(m_rig).first()->bodyA(), nullptr);
+}
+
+void tst_kmsetupwidget::sheetRefusesWhatIsNoNumber()
+{
+    m_setup->sheetAction()->trigger();
+    QTableView *bodies = table("rigidBodyTable");
+    const int before = steps();
+    for (const char *text : {"", "x", "nan", "inf", "1e99", "-1"})
+        QVERIFY(!bodies->model()->setData(bodies->model()->index(0, columnOf(bodies, QStringLiteral("Width"))),
+                                          QString::fromLatin1(text)));
+    const int mask = columnOf(bodies, QStringLiteral("Collision Mask"));
+    for (const char *text : {"16", "-1", "a"})
+        QVERIFY(!bodies->model()->setData(bodies->model()->index(0, mask), QString::fromLatin1(text)));
+    QCOMPARE(steps(), before);
+    QVERIFY(bodies->model()->setData(bodies->model()->index(0, mask), QStringLiteral("0, 15")));
+    QCOMPARE(KMRigTags::bodies(m_rig).first()->parameters().collisionMask, 0x8001u);
+}
+
+void tst_kmsetupwidget::pageOfABody()
+{
+    KMTagRigidBody *body = KMRigTags::bodies(m_rig).first();
+    kmattributewidget *attributes = (*m_window)->attributeDock();
+    gSolution->setCurrentTag(body);
+    attributes->showSubject(kmattributewidget::Tag);
+    const auto field = [attributes](const char *name) {
+        return attributes->page()->findChild<QWidget *>(QLatin1String(name));
+    };
+    const auto enabled = [&field] {
+        return QVector<bool>{field("width")->isEnabled(), field("height")->isEnabled(), field("depth")->isEnabled()};
+    };
+    QCOMPARE(enabled(), (QVector<bool>{true, true, false}));
+    auto *shape = static_cast<QComboBox *>(field("shape"));
+    emit shape->activated(KMTagRigidBody::Sphere);
+    QCOMPARE(enabled(), (QVector<bool>{true, false, false}));
+    emit shape->activated(KMTagRigidBody::Box);
+    QCOMPARE(enabled(), (QVector<bool>{true, true, true}));
+    static_cast<QCheckBox *>(field("rigid_check03"))->click();
+    QCOMPARE(body->parameters().collisionMask, 8u);
+    auto *degrees = field("rotate")->findChild<KMNumberField *>(QStringLiteral("Y"));
+    emit degrees->committed(90.0);
+    const kvm::Quaternion quarter(0.70710677f, 0.0f, 0.70710677f, 0.0f);
+    QVERIFY(dot(body->parameters().pose.rotation, quarter) > 1.0f - 1e-6f);
+    QCOMPARE(degrees->shownNumber(), 90.0);
+}
+
+KM_TEST(tst_kmsetupwidget);
+
+#include "tst_kmsetupwidget.moc"

@@ -1,0 +1,542 @@
+#include "core/KMNodeType.h"
+#include "core/KMProject.h"
+#include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
+#include "mesh/KMMeshNode.h"
+#include "render/KMBonePicker.h"
+#include "render/KMCameraNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneCommands.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneMMDTemplate.h"
+#include "rig/KMBoneTreeCommands.h"
+#include "rig/KMJointMove.h"
+#include "shell/kmmainwidget.h"
+#include "support/CommandProof.h"
+#include "support/RigDump.h"
+#include "support/TestRegistry.h"
+#include "support/ToolWindow.h"
+#include "tools/KMToolBar.h"
+#include "tools/KMToolBone.h"
+#include "tools/KMToolHandle.h"
+#include "tools/KMToolKind.h"
+#include "tools/KMToolUniv.h"
+
+#include <QLineF>
+#include <QRandomGenerator>
+#include <QTest>
+#include <QUndoStack>
+
+#include <cmath>
+
+using kvm::Quaternion;
+using kvm::Vector3;
+
+namespace {
+
+constexpr int front = ToolWindow::Front;
+
+/// The window with a rig in it, or without, and a tool for bones.
+struct BoneWindow : ToolWindow
+{
+    explicit BoneWindow(int toolId, KMMeshNode *shape = nullptr)
+        : ToolWindow(shape, toolId)
+    {
+    }
+
+    /// A bone between two points, which is no step to undo.
+    KMBone *add(const QString &name, KMBone *parent, const Vector3 &head, const Vector3 &tail, bool isMovable = false)
+    {
+        if (!rig) {
+            rig = new KMBoneContainer;
+            gProject->addToScene(rig);
+        }
+        auto *bone = new KMBone;
+        bone->setName(name);
+        bone->setMovable(isMovable);
+        bone->setRest(restBone(head, tail));
+        gSolution->push(new addBoneCommand(rig, bone, parent));
+        gSolution->clearHistory();
+        gProject->tree()->setCurrentItem(rig->item());
+        return bone;
+    }
+    KMBoneContainer *onlyRig() const
+    {
+        const auto ctrls = gProject->ctrlsInTree();
+        return ctrls.size() == 1 ? static_cast<KMBoneContainer *>(ctrls.first()) : nullptr;
+    }
+    QPointF place(const Vector3 &point) const { return at(front, point); }
+    void pull(const Vector3 &from, const Vector3 &to, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        drag(front, place(from), place(to) - place(from), modifiers);
+    }
+    QString step(const char *stepText, const std::function<void()> &gesture)
+    {
+        return ::stepFailure([this] { return bones.text(); }, QLatin1String(stepText), gesture);
+    }
+    QString masks() const
+    {
+        QStringList all;
+        for (const KMBone *bone : onlyRig()->bones())
+            all << bone->name() + QString::number(bone->selectMask());
+        return all.join(' ');
+    }
+    int steps() { return (*this)->undoStack()->index(); }
+
+    RigDump bones;
+    KMBoneContainer *rig = nullptr;
+};
+
+#define STEP(window, text, ...) QCOMPARE((window).step(text, __VA_ARGS__), QString())
+
+bool isClose(const Vector3 &a, const Vector3 &b, float tolerance = 0.05f)
+{
+    return (a - b).length() < tolerance;
+}
+
+QString textOf(const Vector3 &v)
+{
+    return QStringLiteral("(%1, %2, %3)").arg(double(v.x)).arg(double(v.y)).arg(double(v.z));
+}
+
+#define CLOSE(a, b) QVERIFY2(isClose(a, b), qPrintable(textOf(a) + " instead of " + textOf(b)))
+
+} // namespace
+
+/// The mouse on bones in the views of the real window.
+class tst_KMBoneTools : public QObject
+{
+    Q_OBJECT
+private slots:
+    void drawsAChain();
+    void drawsBothSides();
+    void snapsToVertices();
+    void movesJoints_data();
+    void movesJoints();
+    void movesWhatIsShown();
+    void picks();
+    void marquees_data();
+    void marquees();
+    void transforms();
+    void erases();
+    void poses();
+    void posesInPerspective();
+    void posesMovable();
+    void escape();
+    void randomDrags();
+};
+
+void tst_KMBoneTools::drawsAChain()
+{
+    BoneWindow window(KMToolKind::Bone);
+    QVERIFY(window.isReady());
+    const QString empty = window.bones.text();
+    const Vector3 joints[] = {{-60, 0, 0}, {-20, 40, 0}, {20, 30, 0}, {60, 60, 0}};
+    for (int i = 0; i < 3; ++i)
+        STEP(window, "Add Bone", [&] { window.pull(joints[i], joints[i + 1]); });
+    const KMBoneContainer *rig = window.onlyRig();
+    QVERIFY(rig);
+    QCOMPARE(rig->bones().size(), 3);
+    for (int i = 0; i < 3; ++i) {
+        const KMBone *bone = rig->bones()[i];
+        QCOMPARE(bone->parentBone(), i > 0 ? rig->bones()[i - 1] : nullptr);
+        QCOMPARE(bone->isFloating(), i == 0);
+        CLOSE(bone->restHead(), joints[i]);
+        CLOSE(bone->restTail(), joints[i + 1]);
+        QCOMPARE(KMJointMove::isAttached(*bone), i > 0);
+    }
+    // From the joint in the middle of the chain a branch goes off.
+    STEP(window, "Add Bone", [&] { window.pull(joints[1], {-20, 80, 0}); });
+    QCOMPARE(rig->bones()[0]->childBones().size(), 2);
+    QCOMPARE(window.steps(), 4);
+    window->undoStack()->setIndex(0);
+    QCOMPARE(window.bones.text(), empty);
+}
+
+void tst_KMBoneTools::drawsBothSides()
+{
+    BoneWindow window(KMToolKind::Bone);
+    QVERIFY(window.isReady());
+    KMEditFilter filter;
+    filter.symmetry = true;
+    window.filter(filter);
+    STEP(window, "Add Bone", [&] { window.pull({0.2f, 0, 0}, {-0.2f, 60, 0}); }); // as good as on the plane
+    STEP(window, "Add Bone", [&] { window.pull({0, 60, 0}, {40, 70, 0}); });
+    STEP(window, "Add Bone", [&] { window.pull({40, 70, 0}, {80, 40, 0}); });
+    const QList<KMBone *> bones = window.onlyRig()->bones();
+    QCOMPARE(bones.size(), 5);
+    QCOMPARE(bones[0]->restTail().x, 0.0f);
+    const auto child = [](const KMBone *parent, float side) -> KMBone * {
+        for (KMBone *bone : parent->childBones()) {
+            if (bone->restTail().x * side > 0.0f)
+                return bone;
+        }
+        return nullptr;
+    };
+    for (const float side : {1.0f, -1.0f}) {
+        KMBone *arm = child(bones[0], side);
+        QVERIFY(arm);
+        CLOSE(arm->restHead(), Vector3(0, 60, 0));
+        CLOSE(arm->restTail(), Vector3(40 * side, 70, 0));
+        QCOMPARE(arm->childBones().size(), 1);
+        CLOSE(arm->childBones()[0]->restTail(), Vector3(80 * side, 40, 0));
+    }
+    // A drag of one elbow takes the other along.
+    window.bar->tool(KMToolKind::Bone)->setMode(KMToolBone::Move);
+    ViewMouse(window.view(front)).click(window.place({-40, 70, 0}));
+    STEP(window, "Move Bone", [&] { window.pull({-40, 70, 0}, {-50, 90, 0}); });
+    for (const float side : {1.0f, -1.0f}) {
+        CLOSE(child(bones[0], side)->restTail(), Vector3(50 * side, 90, 0));
+        CLOSE(child(bones[0], side)->childBones()[0]->restHead(), Vector3(50 * side, 90, 0));
+    }
+}
+
+void tst_KMBoneTools::snapsToVertices()
+{
+    BoneWindow window(KMToolKind::Bone, MeshFixtures::cube());
+    QVERIFY(window.isReady());
+    const Vector3 corner = window.mesh->position(0);
+    const QPointF beside = window.at(front, 0) + QPointF(4, -3);
+    const QPointF far = window.place({corner.x * 3.0f, corner.y * 3.0f, 0});
+    window.drag(front, beside, far - beside);
+    const Vector3 head = window.onlyRig()->bones().first()->restHead();
+    QCOMPARE(head.x, corner.x); // bit for bit; of the corners behind one another the front one counts
+    QCOMPARE(head.y, corner.y);
+}
+
+void tst_KMBoneTools::movesJoints_data()
+{
+    QTest::addColumn<bool>("takesChildren");
+    QTest::addColumn<bool>("floats");
+    QTest::addColumn<Vector3>("tail"); // of the first bone
+    QTest::addColumn<Vector3>("childHead");
+    QTest::addColumn<Vector3>("childTail");
+    const Vector3 there(10, 20, 0);
+    QTest::newRow("joint") << false << false << there << there << Vector3(0, 80, 0);
+    QTest::newRow("joint with what hangs on it") << true << false << there << there << Vector3(10, 60, 0);
+    QTest::newRow("floating head") << false << true << Vector3(0, 40, 0) << there << Vector3(0, 80, 0);
+}
+
+void tst_KMBoneTools::movesJoints()
+{
+    QFETCH(bool, takesChildren);
+    QFETCH(bool, floats);
+    QFETCH(Vector3, tail);
+    QFETCH(Vector3, childHead);
+    QFETCH(Vector3, childTail);
+    BoneWindow window(KMToolKind::Bone);
+    QVERIFY(window.isReady());
+    KMBone *first = window.add("first", nullptr, {0, 0, 0}, {0, 40, 0});
+    KMBone *child = window.add("child", first, {0, 40, 0}, {0, 80, 0});
+    child->setFloating(floats);
+    auto *tool = static_cast<KMToolBone *>(window.bar->tool(KMToolKind::Bone));
+    tool->setMode(KMToolBone::Move);
+    KMToolBone::Options options = tool->options();
+    options.takesChildren = takesChildren;
+    tool->setOptions(options);
+    STEP(window, "Select Bone", [&] { ViewMouse(window.view(front)).click(window.place({0, 40, 0})); });
+    QCOMPARE(window.masks(), QString("first0 child1"));
+    STEP(window, "Move Bone", [&] { window.pull({0, 40, 0}, {10, 20, 0}); });
+    CLOSE(first->restHead(), Vector3());
+    CLOSE(first->restTail(), tail);
+    CLOSE(child->restHead(), childHead);
+    CLOSE(child->restTail(), childTail);
+}
+
+/// A posed rig is edited where it is seen, though the rest is what changes.
+void tst_KMBoneTools::movesWhatIsShown()
+{
+    BoneWindow window(KMToolKind::Bone);
+    QVERIFY(window.isReady());
+    KMBone *root = window.add("root", nullptr, {0, 0, 0}, {0, 40, 0});
+    KMBone *child = window.add("child", root, {0, 40, 0}, {0, 80, 0});
+    PoseTransform pose;
+    pose.rotation = Quaternion::fromAxisAngle({0, 0, 1}, 0.7f);
+    root->setKeyPose(pose);
+    pose.rotation = Quaternion::fromAxisAngle({0, 0, 1}, 0.4f);
+    child->setKeyPose(pose);
+    window.rig->animation()->reevaluate();
+    window.bar->tool(KMToolKind::Bone)->setMode(KMToolBone::Move);
+    const Vector3 end = child->tail();
+    const Vector3 joint = child->head();
+    ViewMouse(window.view(front)).click(window.place(joint));
+    STEP(window, "Move Bone", [&] { window.pull(joint, {-40, 10, 0}); });
+    CLOSE(child->head(), Vector3(-40, 10, 0));
+    CLOSE(root->tail(), Vector3(-40, 10, 0));
+    CLOSE(child->tail(), end);
+    CLOSE(root->head(), Vector3());
+    QVERIFY(KMJointMove::isAttached(*child));
+    STEP(window, "Add Bone", [&] {
+        window.bar->tool(KMToolKind::Bone)->setMode(KMToolBone::Make);
+        window.pull(end, {-60, 80, 0});
+    });
+    const KMBone *last = child->childBones().value(0);
+    QVERIFY(last);
+    CLOSE(last->head(), end);
+    CLOSE(last->tail(), Vector3(-60, 80, 0));
+}
+
+void tst_KMBoneTools::picks()
+{
+    BoneWindow window(KMToolKind::Universal, MeshFixtures::cube());
+    QVERIFY(window.isReady());
+    KMBone *near = window.add("near", nullptr, {-60, 0, -300}, {60, 0, -300});
+    KMBone *far = window.add("far", nullptr, {-60, 20, 300}, {60, 20, 300}); // behind the mesh
+    const KMCameraNode &camera = *window.view(front)->camera();
+    const auto pick = [&](const Vector3 &point, const QPointF &aside = {}) {
+        return KMBonePicker::pickBone(camera, window.place(point) + aside);
+    };
+    using KMBonePicker::Part;
+    QCOMPARE(pick({-60, 20, 0}).bone, far);
+    QCOMPARE(pick({-60, 20, 0}).part, Part::Head);
+    QCOMPARE(pick({60, 20, 0}).part, Part::Tail);
+    QCOMPARE(pick({0, 20, 0}, {0, 5}).part, Part::Body);
+    CLOSE(pick({30, 0, 0}).point, Vector3(30, 0, -300));
+    QCOMPARE(pick({0, 20, 0}, {0, near->pickRadius() + 20.0}).isHit(), false);
+    far->setVisible(false);
+    QVERIFY(!pick({-60, 20, 0}, {0, -10}).isHit());
+    near->setLocked(true);
+    QVERIFY(!pick({0, 0, 0}).isHit());
+    near->setLocked(false);
+    window.rig->setVisible(false);
+    QVERIFY(!pick({0, 0, 0}).isHit());
+    // While the mesh is at hand, a press beside its elements doesn't take hold of a bone in it.
+    window.rig->setVisible(true);
+    gProject->tree()->setCurrentItem(window.mesh->item());
+    window.filter({true, false, false});
+    ViewMouse(window.view(front)).click(window.place({0, 0, 0}));
+    QCOMPARE(near->selectMask(), 0);
+    gProject->tree()->setCurrentItem(window.rig->item());
+    ViewMouse(window.view(front)).click(window.place({5, 0, 0}));
+    QCOMPARE(near->selectMask(), int(KMBone::BothSelected));
+}
+
+void tst_KMBoneTools::marquees_data()
+{
+    QTest::addColumn<int>("shape");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("rectangle") << int(KMEditFilter::Shape::Square) << "Rect Select";
+    QTest::newRow("lasso") << int(KMEditFilter::Shape::Lasso) << "Lasso Select";
+    QTest::newRow("brush") << int(KMEditFilter::Shape::Brush) << "Brush Select";
+}
+
+void tst_KMBoneTools::marquees()
+{
+    QFETCH(int, shape);
+    QFETCH(QString, text);
+    BoneWindow window(KMToolKind::Universal);
+    QVERIFY(window.isReady());
+    KMBone *a = window.add("a", nullptr, {0, -80, 0}, {0, 0, 0});
+    window.add("b", a, {0, 0, 0}, {0, 80, 0});
+    window.add("c", nullptr, {90, -80, 0}, {90, 80, 0});
+    KMEditFilter filter;
+    filter.shape = KMEditFilter::Shape(shape);
+    window.filter(filter);
+    const auto sweep = [&](const Vector3 &from, const Vector3 &corner, const Vector3 &to, Qt::KeyboardModifiers keys) {
+        ViewMouse mouse(window.view(front));
+        mouse.modifiers = keys;
+        mouse.move(window.place(from));
+        mouse.press(Qt::LeftButton, window.place(from));
+        mouse.move(window.place(corner));
+        mouse.move(window.place(to));
+        mouse.release(Qt::LeftButton, window.place(to));
+    };
+    // About the joint of the first two, from beside it; as a lasso a triangle, as a brush a stroke across.
+    STEP(window, text.toLatin1(), [&] { sweep({-25, -20, 0}, {25, 0, 0}, {10, 25, 0}, Qt::NoModifier); });
+    QCOMPARE(window.masks(), QString("a2 b1 c0"));
+    STEP(window, text.toLatin1(), [&] { sweep({70, 95, 0}, {110, 85, 0}, {95, 60, 0}, Qt::ShiftModifier); });
+    QCOMPARE(window.masks(), QString("a2 b1 c2"));
+    STEP(window, text.toLatin1(), [&] { sweep({-25, -20, 0}, {25, 0, 0}, {10, 25, 0}, Qt::ControlModifier); });
+    QCOMPARE(window.masks(), QString("a0 b0 c2"));
+}
+
+/// The handle of the tools for elements stands at the selected ends, and SRT takes whole branches.
+void tst_KMBoneTools::transforms()
+{
+    BoneWindow window(KMToolKind::Universal);
+    QVERIFY(window.isReady());
+    KMBone *arm = window.add("arm", nullptr, {0, 0, 0}, {0, 40, 0});
+    KMBone *hand = window.add("hand", arm, {0, 40, 0}, {0, 60, 0});
+    auto *univ = static_cast<KMToolUniv *>(window.bar->tool(KMToolKind::Universal));
+    window.filter({true, false, false, false, KMEditFilter::Shape::Square});
+    univ->setHandleShown(false);
+    ViewMouse(window.view(front)).click(window.place({0, 60, 0}));
+    QCOMPARE(window.masks(), QString("arm0 hand2"));
+    CLOSE(univ->handle()->position(), Vector3(0, 60, 0));
+    STEP(window, "Move Bone", [&] { window.pull({0, 60, 0}, {20, 60, 0}); });
+    CLOSE(hand->restTail(), Vector3(20, 60, 0));
+    CLOSE(univ->handle()->position(), Vector3(20, 60, 0));
+    window.bar->tool(KMToolKind::SRT)->requestActivation();
+    auto *srt = static_cast<KMToolUniv *>(window.bar->tool(KMToolKind::SRT));
+    srt->setHandleShown(false);
+    STEP(window, "Select Bone", [&] { ViewMouse(window.view(front)).click(window.place({0, 20, 0})); });
+    STEP(window, "Move Bone", [&] { window.pull({0, 20, 0}, {-30, 20, 0}); });
+    CLOSE(arm->restHead(), Vector3(-30, 0, 0));
+    CLOSE(hand->restTail(), Vector3(-10, 60, 0)); // as long as before
+    STEP(window, "UnSelectAll", [&] { ViewMouse(window.view(front)).click({15, 200}); });
+    QCOMPARE(window.masks(), QString("arm0 hand0"));
+}
+
+void tst_KMBoneTools::erases()
+{
+    BoneWindow window(KMToolKind::Erase);
+    QVERIFY(window.isReady());
+    KMBone *a = window.add("a", nullptr, {0, 0, 0}, {0, 40, 0});
+    KMBone *b = window.add("b", a, {0, 40, 0}, {40, 60, 0});
+    KMBone *c = window.add("c", a, {0, 40, 0}, {-40, 60, 0});
+    window.add("d", b, {40, 60, 0}, {80, 60, 0});
+    KMEditFilter filter;
+    filter.symmetry = true;
+    window.filter(filter);
+    STEP(window, "Delete Bone", [&] { ViewMouse(window.view(front)).click(window.place({20, 50, 0})); });
+    QVERIFY(b->isDeleted() && c->isDeleted());
+    QCOMPARE(window.masks(), QString("a0 d0"));
+    // The key deletes what is selected.
+    window.bar->tool(KMToolKind::Universal)->requestActivation();
+    ViewMouse(window.view(front)).click(window.place({60, 60, 0}));
+    QVERIFY(window.focus(window.view(front)));
+    STEP(window, "Delete Selected Bone", [&] { QTest::keyClick(window.view(front), Qt::Key_Delete); });
+    QCOMPARE(window.masks(), QString("a0"));
+}
+
+void tst_KMBoneTools::poses()
+{
+    BoneWindow window(KMToolKind::Animation);
+    QVERIFY(window.isReady());
+    KMBone *arm = window.add("arm", nullptr, {0, 0, 0}, {0, 40, 0});
+    KMBone *hand = window.add("hand", arm, {0, 40, 0}, {0, 80, 0});
+    auto *tool = static_cast<KMToolUniv *>(window.bar->tool(KMToolKind::Animation));
+    tool->setHandleShown(false);
+    gProject->setCurrentFrame(12);
+    STEP(window, "Select Bone", [&] { ViewMouse(window.view(front)).click(window.place({0, 20, 0})); });
+    CLOSE(tool->handle()->position(), Vector3());
+    // A quarter turn of the arm about the direction of view.
+    STEP(window, "Edit Bonekey", [&] { window.pull({0, 20, 0}, {20, 0, 0}); });
+    CLOSE(arm->tail(), Vector3(40, 0, 0));
+    CLOSE(hand->tail(), Vector3(80, 0, 0));
+    CLOSE(hand->restTail(), Vector3(0, 80, 0));
+    const KMBoneKey *key = window.rig->animation()->key("arm", 12);
+    QVERIFY(key);
+    QVERIFY(std::abs(std::abs(key->rotation.z) - std::sqrt(0.5f)) < 1e-3f);
+    QCOMPARE(key->curves, KMBoneKey().curves);
+    QCOMPARE(key->position, Vector3());
+    // The next in the chain, from where it is seen now.
+    window.pull({60, 0, 0}, {40, 20, 0});
+    CLOSE(hand->tail(), Vector3(40, 40, 0));
+    QVERIFY(window.rig->animation()->key("hand", 12));
+    QVERIFY(window
+                .step("Unselect Bone",
+                      [&] {
+                          ViewMouse mouse(window.view(front));
+                          mouse.modifiers = Qt::ControlModifier;
+                          mouse.click(window.place({40, 20, 0}));
+                      })
+                .isEmpty());
+    gProject->setCurrentFrame(0);
+    window->undoStack()->setIndex(0);
+    QVERIFY(window.rig->animation()->tracks().isEmpty());
+    CLOSE(hand->tail(), Vector3(0, 80, 0));
+}
+
+/// A bone that is dragged itself points to the cursor, also where the view isn't along an axis.
+void tst_KMBoneTools::posesInPerspective()
+{
+    BoneWindow window(KMToolKind::Animation);
+    QVERIFY(window.isReady());
+    const KMBone *arm = window.add("arm", nullptr, {0, 0, 0}, {0, 60, 0});
+    static_cast<KMToolUniv *>(window.bar->tool(KMToolKind::Animation))->setHandleShown(false);
+    const int view = ToolWindow::Perspective;
+    const QPointF head = window.at(view, arm->head());
+    const QPointF from = (head + window.at(view, arm->tail())) / 2;
+    const QPointF to = head + QPointF(40, -25);
+    window.drag(view, from, to - from);
+    const QLineF seen(head, window.at(view, arm->tail()));
+    const double off = std::abs(std::remainder(seen.angleTo(QLineF(head, to)), 360.0));
+    QVERIFY2(off < 8.0, qPrintable(QString::number(off))); // near and far ends of a turn look unlike
+}
+
+void tst_KMBoneTools::posesMovable()
+{
+    BoneWindow window(KMToolKind::Animation);
+    QVERIFY(window.isReady());
+    KMBone *root = window.add("root", nullptr, {0, 0, 0}, {0, 40, 0}, true);
+    KMBone *child = window.add("child", root, {0, 40, 0}, {0, 80, 0}, true);
+    static_cast<KMToolUniv *>(window.bar->tool(KMToolKind::Animation))->setHandleShown(false);
+    window.pull({0, 20, 0}, {30, 20, 0});
+    CLOSE(root->head(), Vector3(30, 0, 0));
+    CLOSE(child->tail(), Vector3(30, 80, 0));
+    PoseTransform pose = root->keyPose();
+    pose.rotation = Quaternion::fromAxisAngle({0, 0, 1}, float(M_PI_2));
+    root->setKeyPose(pose);
+    window.rig->animation()->reevaluate();
+    window.pull(child->head() * 0.5f + child->tail() * 0.5f,
+                child->head() * 0.5f + child->tail() * 0.5f + Vector3(0, 25, 0));
+    CLOSE(window.rig->animation()->key("child", 0)->position, Vector3(25, 0, 0)); // in the turned frame of the parent
+}
+
+void tst_KMBoneTools::escape()
+{
+    for (const int toolId : {KMToolKind::Bone, KMToolKind::Universal, KMToolKind::Animation}) {
+        for (const int mode : {int(KMToolBone::Make), int(KMToolBone::Move)}) {
+            BoneWindow window(toolId);
+            QVERIFY(window.isReady());
+            KMBone *bone = window.add("a", nullptr, {0, 0, 0}, {0, 40, 0});
+            bone->setSelectMask(KMBone::BothSelected);
+            gSolution->setCurrentBone(bone);
+            if (toolId == KMToolKind::Bone)
+                window.bar->tool(toolId)->setMode(mode);
+            const QString before = window.bones.text();
+            QVERIFY(window.focus(window.view(front)));
+            for (const Vector3 &from : {Vector3(0, 40, 0), Vector3(0, 20, 0), Vector3(70, 20, 0)}) {
+                ViewMouse mouse(window.view(front));
+                mouse.move(window.place(from));
+                mouse.press(Qt::LeftButton, window.place(from));
+                mouse.move(window.place(from + Vector3(20, 20, 0)));
+                QTest::keyClick(window.view(front), Qt::Key_Escape);
+                mouse.release(Qt::LeftButton, window.place(from + Vector3(20, 20, 0)));
+            }
+            QCOMPARE(window.steps(), 0);
+            QCOMPARE(window.bones.text(), before);
+            QCOMPARE(bone->tail(), Vector3(0, 40, 0));
+        }
+    }
+}
+
+/// Whatever the mouse does: each drag is one step or none, the rig holds together, and all can be undone.
+void tst_KMBoneTools::randomDrags()
+{
+    BoneWindow window(KMToolKind::Bone);
+    QVERIFY(window.isReady());
+    KMBone *root = window.add("root", nullptr, {0, 0, 0}, {0, 40, 0});
+    window.add("left", root, {0, 40, 0}, {40, 60, 0});
+    window.add("right", root, {0, 40, 0}, {-40, 60, 0});
+    const QString start = window.bones.text();
+    window->undoStack()->clear();
+    window->undoStack()->setUndoLimit(0);
+    QRandomGenerator random(7);
+    const auto number = [&](double range) { return float((random.generateDouble() - 0.5) * range); };
+    const int tools[] = {KMToolKind::Bone, KMToolKind::Universal, KMToolKind::Animation, KMToolKind::SRT};
+    for (int i = 0; i < 10; ++i) {
+        KMTool *tool = window.bar->tool(tools[random.bounded(4)]);
+        tool->requestActivation();
+        if (tool->toolId() == KMToolKind::Bone)
+            tool->setMode(random.bounded(2));
+        KMEditFilter filter;
+        filter.symmetry = random.bounded(2);
+        window.filter(filter);
+        const QList<KMBone *> bones = window.rig->bones();
+        const KMBone *bone = bones[random.bounded(bones.size())];
+        const Vector3 points[] = {bone->head(), bone->tail(), (bone->head() + bone->tail()) * 0.5f,
+                                  Vector3(number(160), number(160), 0)};
+        const Vector3 from = points[random.bounded(4)];
+        const int before = window.steps();
+        window.pull(from, from + Vector3(number(60), number(60), 0));
+        QVERIFY(window.steps() - before <= 2); // the choice and the move
+        QCOMPARE(rigFault(*window.rig), QString());
+    }
+    window->undoStack()->setIndex(0);
+    QCOMPARE(window.bones.text(), start);
+}
+
+KM_TEST(tst_KMBoneTools);
+#include "tst_KMBoneTools.moc"
