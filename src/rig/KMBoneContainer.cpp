@@ -112,8 +112,7 @@ void KMBoneContainer::attachBone(KMBone *bone, KMBone *parent, int position, QTr
     }
     const QSignalBlocker quiet(m_tree.get());
     m_tree->insertRow(parent ? parent->item() : nullptr, position, row);
-    for (const QTreeWidgetItem *member : KMTreeWidget::flatten(row))
-        KMBoneTreeWidget::showSelection(KMBoneTreeWidget::boneOf(member));
+    m_tree->markNewRows(row);
 }
 
 QTreeWidgetItem *KMBoneContainer::detachBone(KMBone *bone)

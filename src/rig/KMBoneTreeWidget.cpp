@@ -37,11 +37,26 @@ void KMBoneTreeWidget::showSelection(const KMBone *bone)
 
 void KMBoneTreeWidget::showMasks()
 {
+    const QSignalBlocker quiet(this);
+    selectionModel()->select(selectedAmong(flatten(this)),
+                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void KMBoneTreeWidget::markNewRows(QTreeWidgetItem *row)
+{
+    const QItemSelection selection = selectedAmong(flatten(row));
+    if (selection.isEmpty())
+        return;
+    const QSignalBlocker quiet(this);
+    selectionModel()->select(selection, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+QItemSelection KMBoneTreeWidget::selectedAmong(const QList<QTreeWidgetItem *> &rows) const
+{
     QItemSelection selection;
-    for (QTreeWidgetItem *row : flatten(this)) {
+    for (QTreeWidgetItem *row : rows) {
         if (boneOf(row)->selectMask())
             selection.append(QItemSelectionRange(indexFromItem(row)));
     }
-    const QSignalBlocker quiet(this);
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    return selection;
 }
