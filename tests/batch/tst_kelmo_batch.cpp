@@ -205,11 +205,12 @@ void tst_kelmo_batch::infoOfAnEmptyDocument()
     KmdBytes file(1.0); // which has no materials
     QVERIFY(write("old.kmd", file.bytes()));
     const QJsonObject document = info(QStringLiteral("old.kmd"));
-    for (const char *list :
-         {"meshes", "bones", "morphs", "rigidBodies", "joints", "displayNodes", "shaders", "textures"}) {
+    for (const char *list : {"meshes", "bones", "morphs", "rigidBodies", "joints", "shaders", "textures"}) {
         QVERIFY2(document.value(QLatin1String(list)).isArray(), list);
         QVERIFY2(document.value(QLatin1String(list)).toArray().isEmpty(), list);
     }
+    const QJsonArray groups{QJsonObject{{"name", "face"}, {"items", QJsonArray()}}}; // its morph isn't there
+    QCOMPARE(document.value("displayNodes").toArray(), groups);
     QCOMPARE(document.value("weights").toObject(), QJsonObject({{"entries", 0}, {"sdef", 0}}));
     QCOMPARE(document.value("keys").toInt(-1), 0);
     QCOMPARE(document.size(), 12);

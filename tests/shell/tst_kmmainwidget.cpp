@@ -472,7 +472,8 @@ void tst_kmmainwidget::menuTitlesAndActions()
     for (const QAction *entry : window->menuBar()->actions())
         bar << entry->text();
     QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Selection(&S)", "Nodes(&N)", "Bone(&B)",
-                               "Normal(&L)", "Widget(&W)", "Panel(&P)", "View(&V)", "Help(&H)"}));
+                               "BoneWeight(&T)", "Morph(&M)", "Normal(&L)", "Widget(&W)", "Panel(&P)", "View(&V)",
+                               "Help(&H)"}));
 
     QStringList groups;
     QHash<QString, const QAction *> known;
@@ -487,8 +488,8 @@ void tst_kmmainwidget::menuTitlesAndActions()
             known.insert(action->objectName(), action);
         }
     }
-    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Selection", "Nodes", "Bone", "Normal", "Widget", "Panel",
-                                  "View", "Help", "Tools", "Operation Panel"}));
+    QCOMPARE(groups, QStringList({"File", "Edit", "Create", "Selection", "Nodes", "Bone", "BoneWeight", "Morph",
+                                  "Normal", "Widget", "Panel", "View", "Help", "Tools", "Operation Panel"}));
 
     QSet<QString> keys;
     for (const QAction *action : known) {

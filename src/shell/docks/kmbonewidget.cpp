@@ -46,6 +46,7 @@ kmbonewidget::kmbonewidget(QWidget *parent)
     filterRow()->addWidget(m_rigs, 1);
     connect(m_rigs, qOverload<int>(&QComboBox::activated), this, &kmbonewidget::chooseRig);
     connect(gSolution, &KMSolution::currentNodeChanged, this, &kmbonewidget::refresh);
+    connect(this, &QDockWidget::visibilityChanged, this, &kmbonewidget::showCurrentBone);
     listRigs();
 }
 
@@ -118,12 +119,12 @@ void kmbonewidget::selectionChanged()
         emit onNodeChanged(bones.last(), KMNodeType::Bone);
 }
 
-/// Rows show by themselves what is selected; the current one says where the keys go on.
+/// Rows show by themselves what is selected; the current one says where the keys go on. A hidden panel opens no rows.
 void kmbonewidget::showCurrentBone()
 {
     KMNode *node = gSolution->currentBone();
     const auto *bone = node ? nodeAs<KMBone>(node) : nullptr;
-    if (!tree() || !bone || bone->container() != m_rig || !bone->item() || tree()->currentItem() == bone->item())
+    if (!isVisible() || !tree() || !bone || bone->container() != m_rig || !bone->item() || tree()->currentItem() == bone->item())
         return;
     const QSignalBlocker quiet(tree());
     tree()->setCurrentItem(bone->item(), KMTreeWidget::NameColumn, QItemSelectionModel::NoUpdate);
