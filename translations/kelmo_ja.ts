@@ -1223,7 +1223,7 @@
         <translation>1ストロークで効く割合（0～1）</translation>
     </message>
     <message>
-        <source>Pen Pressure on Strength</source>
+        <source>Pen Strength</source>
         <translation>筆圧で強さを変える</translation>
     </message>
     <message>
@@ -1231,7 +1231,7 @@
         <translation>筆圧が弱いほど薄く塗ります</translation>
     </message>
     <message>
-        <source>Pen Pressure on Radius</source>
+        <source>Pen Radius</source>
         <translation>筆圧で半径を変える</translation>
     </message>
     <message>

@@ -150,8 +150,7 @@ void KMToolBoneWeight::deactivate()
     m_faceColors.show(nullptr, nullptr);
     m_pointColors.show(nullptr, nullptr);
     m_surface.reset();
-    if (m_circle)
-        m_circle->setVisible(false);
+    m_circleView = nullptr;
 }
 
 /// Whatever moved the history may have moved vertices or changed weights.
@@ -223,17 +222,24 @@ const KMVertexColors *KMToolBoneWeight::faceColors(const KMMeshNode &mesh) const
 
 void KMToolBoneWeight::enter(QEvent *, KMOpenGLWidget *widget)
 {
-    if (m_circle)
-        m_circle->setVisible(widget->camera() && !widget->camera()->isUV());
+    m_circleView = widget;
 }
 
 void KMToolBoneWeight::leave(QEvent *, KMOpenGLWidget *widget)
 {
-    if (m_circle && !m_stroke)
-        m_circle->setVisible(false);
+    if (!m_stroke)
+        m_circleView = nullptr;
     m_toldVertex = -1;
     gSolution->setProgress({});
     widget->update();
+}
+
+/// The circle lies in the one view where the mouse is.
+void KMToolBoneWeight::draw(KMOpenGLWidget *widget)
+{
+    KMTool::draw(widget);
+    if (m_circle)
+        m_circle->setVisible(widget && widget == m_circleView && !widget->camera()->isUV());
 }
 
 void KMToolBoneWeight::keyPress(QKeyEvent *event, KMOpenGLWidget *widget)
@@ -243,20 +249,20 @@ void KMToolBoneWeight::keyPress(QKeyEvent *event, KMOpenGLWidget *widget)
         KMWeightBrush brush = m_brush;
         brush.radius *= isLarger ? radiusStep : 1.0f / radiusStep;
         setBrush(brush);
-        showCircle(m_lastPos, 1.0);
+        placeCircle(m_lastPos, 1.0, widget);
         widget->update();
         return event->accept();
     }
     KMTool::keyPress(event, widget);
 }
 
-void KMToolBoneWeight::showCircle(const QPointF &at, double pressure)
+void KMToolBoneWeight::placeCircle(const QPointF &at, double pressure, KMOpenGLWidget *widget)
 {
+    m_circleView = widget;
     if (!m_circle)
         return;
     m_circle->setRadius(m_brush.radiusAt(pressure));
     m_circle->moveTo(at);
-    m_circle->setVisible(true);
 }
 
 /// Why nothing can be painted; empty when it can.
@@ -366,7 +372,7 @@ void KMToolBoneWeight::showMoved(const QVector<int> &vertices)
 
 bool KMToolBoneWeight::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
 {
-    showCircle(event->localPos(), event->pressure);
+    placeCircle(event->localPos(), event->pressure, widget);
     if (m_stroke) {
         strokeTo(*event);
         tellVertex(event->localPos(), widget);

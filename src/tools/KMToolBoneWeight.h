@@ -49,6 +49,7 @@ public:
 
     void enter(QEvent *event, KMOpenGLWidget *widget) override;
     void leave(QEvent *event, KMOpenGLWidget *widget) override;
+    void draw(KMOpenGLWidget *widget) override;
     void keyPress(QKeyEvent *event, KMOpenGLWidget *widget) override;
     bool mousePress(KMMouseEvent *event, KMOpenGLWidget *widget) override;
     bool mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget) override;
@@ -74,12 +75,13 @@ private:
     void endStroke();
     void dropStroke();
     void showColors();
-    void showCircle(const QPointF &at, double pressure);
+    void placeCircle(const QPointF &at, double pressure, KMOpenGLWidget *widget);
     void tellVertex(const QPointF &at, KMOpenGLWidget *widget);
     KMWeightSurface &surfaceOf(KMMeshNode &mesh, const KMOpenGLWidget &widget);
 
     KMWeightBrush m_brush;
     KMToolCircle *m_circle = nullptr;
+    const KMOpenGLWidget *m_circleView = nullptr; // where the mouse is; compared, never used
     KMWeightColors m_faceColors{false};
     KMWeightColors m_pointColors{true};
     std::unique_ptr<KMWeightSurface> m_surface; // null until it is needed again

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -136,7 +137,7 @@ const QVector<KMWeightSurface::Near> &KMWeightSurface::touched(const QPointF &fr
             Place &place = m_places[size_t(i)];
             const double distance = KMWindowGeometry::distance(place.window, from, to);
             if (distance <= reach && !(frontOnly && isHidden(place)))
-                m_near.append({place.vertex, float(distance)});
+                m_near.append({place.vertex, float(distance), depthOf(place.point)});
         }
     }
     return m_near;
@@ -144,10 +145,24 @@ const QVector<KMWeightSurface::Near> &KMWeightSurface::touched(const QPointF &fr
 
 int KMWeightSurface::nearest(const QPointF &position, float radius)
 {
-    const QVector<Near> &found = touched(position, position, radius, true);
-    const auto best = std::min_element(found.begin(), found.end(),
-                                       [](const Near &a, const Near &b) { return a.distance < b.distance; });
-    return best == found.end() ? -1 : best->vertex;
+    const QVector<Near> &found = touched(position, position, radius, m_occluder != nullptr);
+    float limit = std::numeric_limits<float>::max();
+    for (const Near &near : m_occluder ? QVector<Near>() : found)
+        limit = std::min(limit, near.depth + m_camera.pixelScale(2.0f * radius));
+    int best = -1;
+    float distance = radius;
+    for (const Near &near : found) {
+        if (near.depth > limit || near.distance > distance)
+            continue;
+        best = near.vertex;
+        distance = near.distance;
+    }
+    return best;
+}
+
+float KMWeightSurface::depthOf(const kvm::Vector3 &point) const
+{
+    return dot(point - m_camera.eye(), m_camera.viewAxis());
 }
 
 /// The surface at its own place of the window lies nearer. Sloping faces leave some room.
@@ -158,9 +173,8 @@ bool KMWeightSurface::isHidden(Place &place)
         return place.hidden;
     if (!m_occluder)
         m_occluder = std::make_unique<KMViewSurface>(m_camera, occluders(*m_mesh));
-    const auto depth = [this](const kvm::Vector3 &point) { return dot(point - m_camera.eye(), m_camera.viewAxis()); };
     const std::optional<kvm::Vector3> surface = m_occluder->at(place.window);
-    const float own = depth(place.point);
-    place.hidden = surface && depth(*surface) < own - tolerance * std::fabs(own);
+    const float own = depthOf(place.point);
+    place.hidden = surface && depthOf(*surface) < own - tolerance * std::fabs(own);
     return place.hidden;
 }

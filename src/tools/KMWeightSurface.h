@@ -25,6 +25,7 @@ public:
     {
         int vertex;
         float distance; ///< pixels
+        float depth;    ///< before the eye
     };
 
     KMWeightSurface(KMMeshNode &mesh, const KMCameraNode &camera);
@@ -36,7 +37,9 @@ public:
     /// The vertices that a disc touches on its way; with frontOnly those alone that no surface hides. Valid until the
     /// next call.
     const QVector<Near> &touched(const QPointF &from, const QPointF &to, float radius, bool frontOnly);
-    int nearest(const QPointF &position, float radius); ///< of those that nothing hides; -1 for none
+    /// Of those that nothing hides; -1 for none. Before the surface is known, which takes its time, of those that lie
+    /// about as near to the viewer as the nearest of all.
+    int nearest(const QPointF &position, float radius);
 
 private:
     struct Place
@@ -51,6 +54,7 @@ private:
     void addVertices();
     void sortIntoCells(std::vector<Place> &&places);
     int cellOf(const QPointF &window) const;
+    float depthOf(const kvm::Vector3 &point) const;
     bool isHidden(Place &place);
 
     QPointer<KMMeshNode> m_mesh;

@@ -63,9 +63,9 @@ struct SwitchRow
 };
 
 constexpr SwitchRow switchRows[] = {
-    {QT_TRANSLATE_NOOP("KMBoneWeightPage", "Pen Pressure on Strength"), "boneWeightPressureStrength",
+    {QT_TRANSLATE_NOOP("KMBoneWeightPage", "Pen Strength"), "boneWeightPressureStrength",
      QT_TRANSLATE_NOOP("KMBoneWeightPage", "A pen that presses less paints less"), &KMWeightBrush::pressureOnStrength},
-    {QT_TRANSLATE_NOOP("KMBoneWeightPage", "Pen Pressure on Radius"), "boneWeightPressureRadius",
+    {QT_TRANSLATE_NOOP("KMBoneWeightPage", "Pen Radius"), "boneWeightPressureRadius",
      QT_TRANSLATE_NOOP("KMBoneWeightPage", "A pen that presses less paints narrower"),
      &KMWeightBrush::pressureOnRadius},
     {QT_TRANSLATE_NOOP("KMBoneWeightPage", "Normalize"), "boneWeightNormalize",
@@ -75,8 +75,9 @@ constexpr SwitchRow switchRows[] = {
      QT_TRANSLATE_NOOP("KMBoneWeightPage", "Vertices that a surface hides aren't painted"), &KMWeightBrush::frontOnly},
 };
 
-constexpr int modeColumns = 3;
+constexpr int modeColumns = 2;
 constexpr int listHeight = 140;
+constexpr int fieldWidth = 60; // the panel is narrow
 
 } // namespace
 
@@ -125,6 +126,7 @@ void KMBoneWeightPage::addNumbers()
         field->setObjectName(QLatin1String(row.objectName));
         field->setStatusTip(tr(row.tip));
         field->setFocusPolicy(Qt::ClickFocus);
+        field->setMinimumWidth(fieldWidth);
         connect(field, qOverload<double>(&QDoubleSpinBox::valueChanged), m_tool, [this, &row](double value) {
             KMWeightBrush brush = m_tool->brush();
             brush.*row.number = float(value);
@@ -137,6 +139,7 @@ void KMBoneWeightPage::addNumbers()
     m_falloff->setObjectName(QStringLiteral("boneWeightFalloff"));
     m_falloff->setStatusTip(tr("How the brush weakens towards its rim"));
     m_falloff->setFocusPolicy(Qt::ClickFocus);
+    m_falloff->setMinimumWidth(fieldWidth);
     connect(m_falloff, qOverload<int>(&QComboBox::activated), m_tool, [this](int index) {
         KMWeightBrush brush = m_tool->brush();
         brush.falloff = KMWeightBrush::Falloff(index);
