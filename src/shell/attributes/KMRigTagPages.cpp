@@ -41,7 +41,7 @@ void KMPosedTagPage<Tag, Command>::bindVector(const QString &label, const QStrin
 template <class Tag, class Command>
 void KMPosedTagPage<Tag, Command>::addPose()
 {
-    this->form()->setRowWrapPolicy(QFormLayout::WrapLongRows); // three numbers beside a long label are too wide
+    this->form()->setRowWrapPolicy(QFormLayout::WrapAllRows); // three numbers beside a long label are too wide
     bindVector(
         Texts::tr("Move"), QStringLiteral("move"), [](const Parameters &p) { return p.pose.offset; },
         [](Parameters &p, const kvm::Vector3 &offset) { p.pose.offset = offset; });
