@@ -472,7 +472,7 @@ void tst_kmmainwidget::menuTitlesAndActions()
     for (const QAction *entry : window->menuBar()->actions())
         bar << entry->text();
     QCOMPARE(bar, QStringList({"File(&F)", "Edit(&E)", "Create(&C)", "Selection(&S)", "Nodes(&N)", "Bone(&B)",
-                               "Normal(&L)", "Widget(&W)", "Panel(&P)", "View(&V)", "Help(&H)"}));
+                               "Morph(&M)", "Normal(&L)", "Widget(&W)", "Panel(&P)", "View(&V)", "Help(&H)"}));
 
     QStringList groups;
     QHash<QString, const QAction *> known;
