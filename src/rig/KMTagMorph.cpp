@@ -156,10 +156,10 @@ void KMTagMorph::fit(int vertexCount)
 
 void KMTagMorph::sumUp()
 {
-    for (const int i : std::as_const(m_touched))
-        setVectorAt(m_offsets, i, {});
-    m_touched.clear();
     float *offsets = m_offsets.data();
+    for (const int i : std::as_const(m_touched))
+        std::fill_n(offsets + 3 * i, 3, 0.0f);
+    m_touched.clear();
     bool areAny = false;
     for (const KMMorph *morph : std::as_const(m_morphs)) {
         const float weight = morph->isDeleted() ? 0.0f : morph->weight();
@@ -182,15 +182,17 @@ void KMTagMorph::sumUp()
 
 void KMTagMorph::collectTouched()
 {
-    m_touched.clear();
+    m_touched.resize(m_vertexCount);
+    int *touched = m_touched.data();
     float *offset = m_offsets.data();
     for (int i = 0; i < m_vertexCount; ++i, offset += 3) {
         if (offset[0] == 0.0f && offset[1] == 0.0f && offset[2] == 0.0f)
             continue;
         std::transform(offset, offset + 3, offset, [](float value) { return withoutDust(value); });
         if (!isZero({offset[0], offset[1], offset[2]}))
-            m_touched.append(i);
+            *touched++ = i;
     }
+    m_touched.resize(int(touched - m_touched.constData()));
 }
 
 void KMTagMorph::apply()
@@ -203,12 +205,13 @@ void KMTagMorph::apply()
     sumUp();
     KMVertex *const *vertices = store->vertices().constData();
     float *base = m_base.data();
+    const float *offsets = m_offsets.constData();
     for (const int i : std::as_const(m_touched)) {
         KMVertex *vertex = vertices[i];
         if (!vertex) // comes back as it went
             continue;
         std::copy_n(vertex->pos.data(), 3, base + 3 * i);
-        vertex->pos += offsetAt(i);
+        vertex->pos += {offsets[3 * i], offsets[3 * i + 1], offsets[3 * i + 2]};
     }
     m_isOn = true;
 }

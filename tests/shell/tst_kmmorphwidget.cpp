@@ -140,6 +140,12 @@ void tst_kmmorphwidget::slider()
     QTest::keyClick(slider, Qt::Key_Escape);
     QCOMPARE(smile->value(), value);
     QCOMPARE(steps(), 2);
+
+    sliderOf(0)->setSliderDown(true);
+    sliderOf(0)->setSliderPosition(700);
+    assignAs("blink"); // a step in the middle of a drag, which makes the rows anew
+    QCOMPARE(smile->value(), value);
+    QCOMPARE(sliderOf(0)->value(), int(value * 1000.0f + 0.5f));
 }
 
 void tst_kmmorphwidget::reorder()

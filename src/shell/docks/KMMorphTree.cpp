@@ -88,6 +88,8 @@ void KMMorphTree::showTag(KMTagMorph *tag)
 void KMMorphTree::rebuild()
 {
     const QSignalBlocker quiet(this);
+    for (int i = 0; i < topLevelItemCount(); ++i)
+        cellOf(this, topLevelItem(i))->refresh(); // ends a drag now: the view deletes its widgets late
     clear();
     for (KMMorph *morph : std::as_const(m_morphs)) {
         auto *row = new QTreeWidgetItem(this);
