@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/KMVertexFollower.h"
 #include "modifiers/KMCarriedTag.h"
 #include "rig/BoneWeightEntry.h"
 #include "rig/KMWeightRecords.h"
@@ -26,7 +27,7 @@ class KMMeshNode;
 ///
 /// An empty slot of the mesh keeps its entries, so that undoing a deletion brings them back; a renumbering drops them
 /// until it is undone.
-class KMTagBoneWeight : public KMCarriedTag
+class KMTagBoneWeight : public KMCarriedTag, public KMVertexFollower
 {
     Q_DECLARE_TR_FUNCTIONS(KMTagBoneWeight)
 public:
@@ -77,6 +78,8 @@ public:
     void normalizeAll();
 
     void remapIndices() override;
+    void
+    pushVerticesMade(const QVector<KMVertexOrigin> &origins) override; ///< each gets the mean of its sources' weights
     KMTagBoneWeight *clone() const override;
 
     // For results of modifiers

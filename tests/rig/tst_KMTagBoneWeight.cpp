@@ -1,5 +1,8 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMUndoMacro.h"
+#include "mesh/KMEdgeCut.h"
+#include "mesh/KMExtrusion.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshNodeCommands.h"
@@ -133,6 +136,8 @@ private slots:
     void commands_data();
     void commands();
     void strokeIsOneStep();
+    void newVertices_data();
+    void newVertices();
     void renumbering();
     void goneBones();
     void chainIsLeftItsSkin();
@@ -328,6 +333,74 @@ void tst_KMTagBoneWeight::strokeIsOneStep()
 }
 
 /// Weights go with their vertices, and those of a vertex that went come back with it.
+void tst_KMTagBoneWeight::newVertices_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    for (unsigned seed = 1; seed <= 12; ++seed)
+        QTest::addRow("%u", seed) << seed;
+}
+
+/// A point on an edge lies between the weights of its ends; what is extruded weighs what it came from.
+void tst_KMTagBoneWeight::newVertices()
+{
+    QFETCH(const unsigned, seed);
+    RandomSkin scene(seed);
+    QVector<KMEdgeCut> cuts;
+    for (int i = 0; i < 9; ++i) {
+        const KMEdge *edge = scene.mesh->edges().at(scene.below(scene.mesh->edgeCount()));
+        const float first = float(scene.random.number(0.05, 0.7));
+        cuts.append({edge->index0, edge->index1, {first, first + 0.25f}});
+    }
+    const auto text = [&] {
+        scene.mesh->refreshAfterEdit();
+        return scene.dump.text() + recordsText(*scene.tag);
+    };
+    QVector<QVector<int>> made;
+    QCOMPARE(stepFailure(text, QStringLiteral("Edit"),
+                         [&] {
+                             const KMUndoMacro macro(QStringLiteral("Edit"));
+                             made = KMMeshEdit::cutEdges(*scene.mesh, cuts);
+                         }),
+             QString());
+    for (int i = 0; i < cuts.size(); ++i) {
+        const auto &[a, b, ratios] = cuts.at(i);
+        for (int point = 0; point < made.at(i).size(); ++point) {
+            const int vertex = made.at(i).at(point);
+            for (KMBone *bone : scene.bones) {
+                const double t = double(ratios.at(point));
+                const double expected =
+                    double(scene.tag->weight(a, bone)) * (1 - t) + double(scene.tag->weight(b, bone)) * t;
+                QVERIFY(std::abs(double(scene.tag->weight(vertex, bone)) - expected) < 1e-6);
+            }
+            QCOMPARE(scene.tag->hasSdefFlag(vertex), scene.tag->hasSdefFlag(a) && scene.tag->hasSdefFlag(b));
+        }
+    }
+
+    const auto weights = [&](int vertex) { return scene.tag->entriesOf(vertex).size(); };
+    const auto extrude = [&] {
+        int face = scene.below(scene.mesh->faceCount());
+        while (!scene.mesh->face(face)) // the cuts took its place
+            face = (face + 1) % scene.mesh->faceCount();
+        scene.mesh->setFaceFlag(face, KMElementFlag::Selected);
+        std::vector<KMExtrusion> extrusions;
+        extrusions.emplace_back(*scene.mesh, KMExtrusion::Options());
+        extrusions.front().setLength(1.0f);
+        KMExtrusion::apply(extrusions);
+    };
+    const int count = scene.mesh->vertexCount();
+    QCOMPARE(stepFailure(text, QStringLiteral("Extrude"), extrude), QString());
+    QVERIFY(scene.mesh->vertexCount() > count);
+    for (int v = count; v < scene.mesh->vertexCount(); ++v) {
+        bool isOfOne = false;
+        for (int from = 0; from < count && !isOfOne; ++from) {
+            isOfOne = weights(from) == weights(v);
+            for (const BoneWeightEntry &entry : scene.tag->entriesOf(from))
+                isOfOne = isOfOne && scene.tag->weight(v, entry.bone) == entry.weight;
+        }
+        QVERIFY(isOfOne);
+    }
+}
+
 void tst_KMTagBoneWeight::renumbering()
 {
     RandomSkin skin(8);

@@ -2,6 +2,8 @@
 #include "core/KMNodeType.h"
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
+#include "mesh/KMEdgeCut.h"
+#include "mesh/KMExtrusion.h"
 #include "mesh/KMVertexCommands.h"
 #include "modifiers/KMFreezeModifiers.h"
 #include "modifiers/KMModSdvNode.h"
@@ -101,6 +103,10 @@ private:
     MorphDeltas anyDeltas();
     void editMorphs(KMTagMorph *tag);
     void editMorph(KMTagMorph *tag, KMMorph *morph);
+    void cut();
+    void extrude();
+
+    QString m_fault; // of the bases of new vertices
 };
 
 QString MorphWalker::text()
@@ -119,7 +125,7 @@ QString MorphWalker::text()
 
 QString MorphWalker::fault()
 {
-    const QString problem = MeshWalker::fault();
+    const QString problem = MeshWalker::fault() + m_fault;
     return problem.isEmpty() ? sumFault(mesh()) : problem;
 }
 
@@ -138,7 +144,9 @@ MorphDeltas MorphWalker::anyDeltas()
 void MorphWalker::edit()
 {
     const QList<KMTagMorph *> tags = morphTags(mesh());
-    if (coin())
+    if (below(8) == 0)
+        coin() ? cut() : extrude();
+    else if (coin())
         MeshWalker::edit();
     else if (tags.size() < 2 && below(10 * tags.size() + 1) == 0)
         gSolution->push(new addTagCommand(&mesh(), tags.isEmpty() ? new KMTagMorph : tags.first()->clone()));
@@ -186,6 +194,39 @@ void MorphWalker::editMorph(KMTagMorph *tag, KMMorph *morph)
     default:
         gSolution->push(new editMorphValueCommand(morph, anyValue()));
     }
+}
+
+/// The new vertex lies between the ends of its edge, with all morphs and without.
+void MorphWalker::cut()
+{
+    KMMeshEdit::settleEdges(mesh());
+    const KMEdge *edge = mesh().edgeCount() ? mesh().edges().at(below(mesh().edgeCount())) : nullptr;
+    if (!edge)
+        return;
+    const int a = edge->index0, b = edge->index1;
+    const auto mean = [&] { return mesh().position(a) * 0.625f + mesh().position(b) * 0.375f; };
+    const auto isThere = [&](int vertex) {
+        const float size = mesh().position(a).length() + mesh().position(b).length();
+        return (mesh().position(vertex) - mean()).length() <= 2e-6f * size + 1e-6f;
+    };
+    const auto made = KMMeshEdit::cutEdges(mesh(), {{a, b, {0.375f}}}).first();
+    for (const int vertex : made) {
+        const bool isShownThere = isThere(vertex);
+        const KMBasePositions base(&mesh());
+        if (!isShownThere || !isThere(vertex))
+            m_fault = QStringLiteral("the new vertex %1 isn't between %2 and %3").arg(vertex).arg(a).arg(b);
+    }
+}
+
+void MorphWalker::extrude()
+{
+    if (mesh().faceCount() > 0)
+        KMMeshEdit::selectFace(mesh(), below(mesh().faceCount()), true);
+    KMMeshEdit::settleEdges(mesh());
+    std::vector<KMExtrusion> extrusions;
+    extrusions.emplace_back(mesh(), KMExtrusion::Options());
+    extrusions.front().setLength(number());
+    KMExtrusion::apply(extrusions);
 }
 
 /// A mesh with one morph tag, in a document or not.
