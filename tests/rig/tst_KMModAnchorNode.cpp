@@ -98,14 +98,6 @@ public:
 
 // The same in double precision, by trying every triangle.
 
-Vec mixed(const Vec &a, const Vec &b, double t)
-{
-    Vec sum;
-    for (size_t k = 0; k < 3; ++k)
-        sum[k] = a[k] * (1 - t) + b[k] * t;
-    return sum;
-}
-
 Vec minus(const Vec &a, const Vec &b)
 {
     return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
@@ -295,17 +287,15 @@ void tst_KMModAnchorNode::weightsByWords()
         const Vector3 place = random.vector(9);
         const std::vector<Found> all = facesAt(helpers, place, everywhere);
         Weights expected, got;
-        double least = 1e300, total = 0;
-        for (const Found &found : all)
-            least = std::min(least, found.distance);
-        bool isClear = true; // not about to change within the next rounding
+        const auto isNearer = [](const Found &one, const Found &other) { return one.distance < other.distance; };
+        const auto best = std::min_element(all.begin(), all.end(), isNearer);
+        bool isClear = true; // the choice of faces doesn't hang on rounding
+        double total = 0;
         for (const Found &found : all) {
-            const double beyond = found.distance - least - (method ? found.margin : 0.0);
-            if (beyond > 0) {
-                isClear = isClear && beyond > 1e-4;
+            const double beyond = found.distance - best->distance - (method ? found.margin : 0.0);
+            isClear = isClear && (std::abs(beyond) > 1e-4 || (!method && !areDifferent(found.weights, best->weights)));
+            if (method ? beyond > 0 : &found != &*best)
                 continue;
-            }
-            isClear = isClear && (!method || beyond < -1e-4);
             const double share = method ? 1 / found.distance : 1;
             total += share;
             for (const auto &[bone, weight] : found.weights)
@@ -315,7 +305,7 @@ void tst_KMModAnchorNode::weightsByWords()
             entry.second /= total;
         for (const BoneWeightEntry &entry : weights.at(place, 1))
             got[entry.bone] += double(entry.weight);
-        if (!isClear && !all.empty())
+        if (!isClear)
             continue;
         ++compared;
         QVERIFY2(!areDifferent(expected, got), qPrintable(QString::number(i)));
@@ -336,7 +326,7 @@ void tst_KMModAnchorNode::everyStepIsFollowed()
     KMMeshNode *helper = scene.anchor->anchors().first()->mesh();
     QVERIFY(KMMeshTargets::isControl(*helper) && gProject->renderMeshes().contains(helper));
     KMMeshEdit::moveVertex(*helper, 5, {14, 5, 5});
-    KMMeshEdit::moveVertex(*scene.mesh, 50, {3, 1, 0});
+    KMMeshEdit::moveVertex(*scene.mesh, 50, {10, 1, 0});
     {
         const KMUndoMacro macro(QStringLiteral("cut"));
         KMMeshEdit::cutEdges(*helper, {{0, 1, {0.5f}}});
