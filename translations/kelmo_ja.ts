@@ -1434,6 +1434,21 @@
     </message>
 </context>
 <context>
+    <name>KMDAnchorBody</name>
+    <message>
+        <source>The file has more anchors than it can be believed to hold</source>
+        <translation>ファイルのアンカーの数が多すぎて信用できません</translation>
+    </message>
+    <message>
+        <source>%1 faces of the anchor %2 have corners that it doesn&apos;t have</source>
+        <translation>アンカー %2 の %1 個の面に、存在しない頂点が指定されています</translation>
+    </message>
+    <message>
+        <source>The anchor %1 is of a bone that the file doesn&apos;t have</source>
+        <translation>アンカー %1 のボーンがファイルにありません</translation>
+    </message>
+</context>
+<context>
     <name>KMDBoneContainerBody</name>
     <message>
         <source>The scale makes the bone %1 endless; it keeps its length</source>
@@ -2581,6 +2596,60 @@
     <message>
         <source>Do you want to save your changes?</source>
         <translation>変更を保存しますか?</translation>
+    </message>
+</context>
+<context>
+    <name>KMModAnchorNode</name>
+    <message>
+        <source>Anchor</source>
+        <translation>アンカー</translation>
+    </message>
+</context>
+<context>
+    <name>KMModAnchorPage</name>
+    <message>
+        <source>AnchorNode</source>
+        <translation>アンカーノード</translation>
+    </message>
+    <message>
+        <source>Calc Method</source>
+        <translation>計算方法</translation>
+    </message>
+    <message>
+        <source>Nearest face</source>
+        <translation>最も近い面</translation>
+    </message>
+    <message>
+        <source>All faces in range</source>
+        <translation>範囲内のすべての面</translation>
+    </message>
+    <message>
+        <source>OverWrite</source>
+        <translation>上書き</translation>
+    </message>
+    <message>
+        <source>The bones whose helpers weigh the mesh; a right click adds the current bone</source>
+        <translation>補助形状でメッシュにウェイトを付けるボーンです。右クリックで現在のボーンを追加します</translation>
+    </message>
+    <message>
+        <source>Relations</source>
+        <translation>関連付け</translation>
+    </message>
+    <message>
+        <source>Add Current Bone</source>
+        <translation>現在のボーンを追加</translation>
+    </message>
+    <message>
+        <source>Put a helper around the current bone</source>
+        <translation>現在のボーンの周りに補助形状を置きます</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>取り除く</translation>
+    </message>
+    <message>
+        <source>Remove the helpers of the chosen bones</source>
+        <translation>選んだボーンの補助形状を取り除きます</translation>
     </message>
 </context>
 <context>
@@ -6427,6 +6496,13 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>editModAnchorCommand</name>
+    <message>
+        <source>Edit AnchorNode</source>
+        <translation>アンカーノードの編集</translation>
+    </message>
+</context>
+<context>
     <name>editModClonerCommand</name>
     <message>
         <source>Edit ClonerNode</source>
@@ -7641,6 +7717,14 @@ Do you want to replace it?</source>
         <source>Morph(&amp;M)</source>
         <translation>モーフ(&amp;M)</translation>
     </message>
+    <message>
+        <source>Anchor</source>
+        <translation>アンカー</translation>
+    </message>
+    <message>
+        <source>Weigh the mesh by coarse boxes around the bones</source>
+        <translation>ボーンを囲む粗い箱でメッシュにウェイトを付けます</translation>
+    </message>
 </context>
 <context>
     <name>kmmorphreoderdialog</name>
@@ -7932,6 +8016,13 @@ Do you want to replace it?</source>
     <message>
         <source>Memory Vertex</source>
         <translation>頂点の記録</translation>
+    </message>
+</context>
+<context>
+    <name>modAnchorAddBoneCommand</name>
+    <message>
+        <source>Edit Anchor</source>
+        <translation>アンカーの編集</translation>
     </message>
 </context>
 <context>

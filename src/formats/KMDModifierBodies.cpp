@@ -1,6 +1,7 @@
 #include "formats/KMDModifierBodies.h"
 
 #include "core/KMNodeType.h"
+#include "formats/KMDAnchorBody.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDTagBodies.h"
 #include "modifiers/KMModClonerNode.h"
@@ -9,6 +10,7 @@
 #include "modifiers/KMModSdvNode.h"
 #include "modifiers/KMModSolidNode.h"
 #include "modifiers/KMModSymNode.h"
+#include "rig/KMModAnchorNode.h"
 #include "rig/KMModBoneDeformNode.h"
 
 #include <algorithm>
@@ -174,6 +176,16 @@ void write(KMDOutput &, const KMModBoneDeformNode &) {}
 
 void read(KMDStream &, KMModBoneDeformNode &) {}
 
+void write(KMDOutput &out, const KMModAnchorNode &node)
+{
+    KMDAnchorBody::write(out, node);
+}
+
+void read(KMDReadContext &context, KMModAnchorNode &node)
+{
+    KMDAnchorBody::read(context, node);
+}
+
 template <class Node>
 void read(KMDReadContext &context, Node &node)
 {
@@ -212,6 +224,7 @@ constexpr KMDNodeBody bodies[] = {
     rowFor<KMModPipeNode>(KMNodeType::ModPipe),
     rowFor<KMModSolidNode>(KMNodeType::ModSolid),
     rowFor<KMModBoneDeformNode>(KMNodeType::ModBoneDeform),
+    rowFor<KMModAnchorNode>(KMNodeType::ModAnchor),
 };
 
 } // namespace

@@ -35,7 +35,7 @@ public:
     {
         KMNullNode node;
         KMDNodeBodies::readTransform(m_context, &node);
-        if (m_name.isNull()) // those of bones and anchors follow
+        if (m_name.isNull())
             m_name = node.name();
         return *this;
     }
@@ -74,13 +74,6 @@ struct Row
     void (*skip)(Fields &f);
 };
 
-void skipAnchor(Fields &f)
-{
-    f.id().transform();
-    f.list([](Fields &vertex) { vertex.f32(3); });
-    f.list([](Fields &face) { face.list([](Fields &corner) { corner.i32(); }); });
-}
-
 void skipMorph(Fields &f)
 {
     f.i32().id().text().f32().i32().list([](Fields &delta) { delta.i32().f32(4); });
@@ -116,7 +109,6 @@ constexpr Row nodeRows[] = {
      [](Fields &f) {
          f.transform().f32(2).flag(2).i32(2).list([](Fields &point) { point.f32(2); }).f32(2).i32(2).f32(4).tags();
      }},
-    {KMNodeType::ModAnchor, [](Fields &f) { f.transform().i32().flag().list(&skipAnchor).tags(); }},
 };
 
 constexpr Row tagRows[] = {

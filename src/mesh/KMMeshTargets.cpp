@@ -78,7 +78,8 @@ bool KMMeshTargets::isEditable(const KMMeshNode &mesh)
 
 bool KMMeshTargets::isControl(const KMMeshNode &mesh)
 {
-    return mesh.ownerModifier() && mesh.ownerModifier()->controlMesh() == &mesh;
+    const KMMeshModifier *owner = mesh.ownerModifier(); // which may have several beside its result
+    return owner && owner->controlMesh() && owner->modMesh() != &mesh;
 }
 
 bool KMMeshTargets::isUnderControl(const KMMeshNode &mesh)

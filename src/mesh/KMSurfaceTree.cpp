@@ -81,7 +81,7 @@ void KMSurfaceTree::addTriangles(const KMMeshNode &mesh)
         if (!std::all_of(face->indices, face->indices + face->count, isUsable))
             continue;
         for (int t = 0; t < face->count - 2; ++t) {
-            Triangle triangle{face, t == 1, {}};
+            Triangle triangle{face, int(m_triangles.size()), t == 1, {}};
             for (int i = 0; i < 3; ++i)
                 triangle.points[i] = mesh.position(face->indices[triangleCorners[t][i]]);
             m_triangles.push_back(triangle);
@@ -152,17 +152,22 @@ KMSurfaceTree::Hit KMSurfaceTree::nearest(const Vector3 &point) const
     best.distance2 = std::numeric_limits<float>::infinity();
     if (isEmpty())
         return best;
+    int bestOrder = 0;
     QVarLengthArray<int, 64> open{0};
     while (!open.isEmpty()) {
         const int n = open.last();
         open.removeLast();
         const Node &node = m_nodes[size_t(n)];
-        if (!(distance2(node.low, node.high, point) < best.distance2))
+        if (!(distance2(node.low, node.high, point) <= best.distance2))
             continue;
         for (int t = node.first; t < node.first + node.count; ++t) {
-            const Hit hit = nearestOn(m_triangles[size_t(t)], point);
-            if (hit.distance2 < best.distance2)
+            const Triangle &triangle = m_triangles[size_t(t)];
+            const Hit hit = nearestOn(triangle, point);
+            const bool isEarlier = hit.distance2 == best.distance2 && triangle.order < bestOrder;
+            if (hit.distance2 < best.distance2 || isEarlier) {
                 best = hit;
+                bestOrder = triangle.order;
+            }
         }
         if (node.count > 0)
             continue;
@@ -177,6 +182,30 @@ KMSurfaceTree::Hit KMSurfaceTree::nearest(const Vector3 &point) const
         open.append(near);
     }
     return best;
+}
+
+void KMSurfaceTree::visitWithin(const Vector3 &point, float reach, const std::function<void(const Hit &)> &visit) const
+{
+    if (isEmpty())
+        return;
+    const float reach2 = reach * reach;
+    QVarLengthArray<int, 64> open{0};
+    while (!open.isEmpty()) {
+        const int n = open.last();
+        open.removeLast();
+        const Node &node = m_nodes[size_t(n)];
+        if (!(distance2(node.low, node.high, point) <= reach2))
+            continue;
+        for (int t = node.first; t < node.first + node.count; ++t) {
+            const Hit hit = nearestOn(m_triangles[size_t(t)], point);
+            if (hit.distance2 <= reach2)
+                visit(hit);
+        }
+        if (node.count == 0) {
+            open.append(node.second);
+            open.append(n + 1);
+        }
+    }
 }
 
 Vector3 KMSurfaceTree::normalAt(const Hit &hit)

@@ -5,6 +5,7 @@
 
 #include <QList>
 
+#include <functional>
 #include <vector>
 
 class KMMeshNode;
@@ -27,13 +28,17 @@ public:
     explicit KMSurfaceTree(const QList<KMMeshNode *> &meshes); ///< triangles and quads, drawn or not
 
     bool isEmpty() const { return m_triangles.empty(); }
-    Hit nearest(const kvm::Vector3 &point) const; ///< an invalid one when there is no surface
+    /// An invalid one when there is no surface. Of several that are just as near, that on the earliest face.
+    Hit nearest(const kvm::Vector3 &point) const;
+    /// The nearest point of each triangle that comes within the reach, in no order.
+    void visitWithin(const kvm::Vector3 &point, float reach, const std::function<void(const Hit &)> &visit) const;
     static kvm::Vector3 normalAt(const Hit &hit); ///< of unit length, between the normals of the corners
 
 private:
     struct Triangle
     {
         const KMFace *face;
+        int order;     // the earlier face first
         bool isSecond; // of a quad
         kvm::Vector3 points[3];
     };

@@ -5,7 +5,6 @@
 #include "math/Finite.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMObjectTransform.h"
-#include "modifiers/KMResultCopy.h"
 #include "modifiers/KMResultLimit.h"
 
 #include <QLocale>
@@ -13,10 +12,9 @@
 using kvm::Vector3;
 
 KMModFFDNode::KMModFFDNode()
-    : KMModifierNode(KMNodeType::ModFFD, tr("FFD"))
+    : KMElementwiseModifier(KMNodeType::ModFFD, tr("FFD"))
     , m_power(std::make_unique<KMFloatNode>(this))
     , m_lattice(this)
-    , m_normals(*modMesh())
 {
     m_power->setObjectName(QStringLiteral("KMModFFDNode::power"));
     m_power->setFloat(Parameters().power);
@@ -128,7 +126,7 @@ void KMModFFDNode::setCarriedPoints(const QVector<Vector3> &points)
 
 void KMModFFDNode::setTransform(const KMTransform &transform)
 {
-    KMModifierNode::setTransform(transform);
+    KMElementwiseModifier::setTransform(transform);
     m_lattice.carryTo(place());
 }
 
@@ -149,15 +147,6 @@ void KMModFFDNode::onModMeshEdited(KMMeshNode *mesh)
         markMoved();
 }
 
-void KMModFFDNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
-{
-    if (!KMResultLimit::allows(name(), input.vertexCount(), input.faceCount()))
-        return;
-    KMResultCopy::copyMesh(input, result, m_vertexMap, m_faceMap);
-    result.buildEdges();
-    onWeightChanged();
-}
-
 bool KMModFFDNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
 {
     m_lattice.carryTo(place());
@@ -172,42 +161,10 @@ bool KMModFFDNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
     return false;
 }
 
-void KMModFFDNode::onWeightChanged()
-{
-    if (const KMMeshNode *from = input())
-        KMResultCopy::copyWeights(*from, *modMesh(), m_vertexMap);
-}
-
-bool KMModFFDNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
-{
-    KMResultCopy::copyUVs(input, result, m_faceMap);
-    return true;
-}
-
-void KMModFFDNode::onShaderChanged()
-{
-    if (const KMMeshNode *from = input())
-        KMResultCopy::copyShaders(*from, *modMesh(), m_faceMap);
-}
-
-void KMModFFDNode::updateTags()
-{
-    KMModifierNode::updateTags();
-    carryNormals();
-}
-
 void KMModFFDNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
 {
     if (weights.begin(input))
         weights.carry(m_vertexMap);
-}
-
-void KMModFFDNode::carryNormals()
-{
-    const KMMeshNode *from = input();
-    if (from && m_normals.begin(*from))
-        m_normals.carry(
-            *from, [this](int i) { return vertexMapAt(i); }, m_faceMap);
 }
 
 KMModFFDNode *KMModFFDNode::clone() const

@@ -2,10 +2,9 @@
 
 #include "core/KMChangeValueCommand.h"
 #include "core/KMPointCarrier.h"
+#include "modifiers/KMElementwiseModifier.h"
 #include "modifiers/KMFFDDeform.h"
 #include "modifiers/KMFFDLattice.h"
-#include "modifiers/KMModifierNode.h"
-#include "modifiers/KMResultNormals.h"
 
 #include <QCoreApplication>
 
@@ -17,7 +16,7 @@ class KMFloatNode;
 /// own, which shows while the node is selected. The result has the topology of the input.
 ///
 /// The points stand in the world. The node takes them along when it moves.
-class KMModFFDNode : public KMModifierNode, public KMPointCarrier
+class KMModFFDNode : public KMElementwiseModifier, public KMPointCarrier
 {
     Q_OBJECT
 public:
@@ -59,31 +58,23 @@ public:
 
     void setTransform(const KMTransform &transform) override;
     QList<KMContainerNode *> evaluatedMeshes() const override;
-    void onVertexFlagsChanged() override { carryNormals(); }
-    void onWeightChanged() override;
-    void onShaderChanged() override;
     void onModMeshEdited(KMMeshNode *mesh) override; ///< the result follows the lattice
-    void updateTags() override;
     KMModFFDNode *clone() const override;
 
 public slots:
     void ffdrefresh(KMNode *value = nullptr); ///< the power changed
 
 protected:
-    void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;
-    bool takeUVs(const KMMeshNode &input, KMMeshNode &result) override;
     void carryWeights(const KMMeshNode &input, KMResultWeights &weights) override;
 
 private:
-    void carryNormals();
     KMTransform place() const; ///< its transform, as far as arithmetic can go on with it
     Parameters accepted(const Parameters &parameters) const;
 
     std::unique_ptr<KMFloatNode> m_power;
     KMFFDLattice m_lattice;
     KMFFDDeform m_deform;
-    KMResultNormals m_normals;
 };
 
 /// Sets box, counts and power. Undo puts back the control points as well.

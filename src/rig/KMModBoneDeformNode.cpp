@@ -4,22 +4,11 @@
 #include "mesh/KMFetchAhead.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMResultCopy.h"
-#include "modifiers/KMResultLimit.h"
 #include "rig/KMTagBoneWeight.h"
 
 KMModBoneDeformNode::KMModBoneDeformNode()
-    : KMModifierNode(KMNodeType::ModBoneDeform, tr("BoneDeform"))
-    , m_normals(*modMesh())
+    : KMElementwiseModifier(KMNodeType::ModBoneDeform, tr("BoneDeform"))
 {
-}
-
-void KMModBoneDeformNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
-{
-    if (!KMResultLimit::allows(name(), input.vertexCount(), input.faceCount()))
-        return;
-    KMResultCopy::copyMesh(input, result, m_vertexMap, m_faceMap);
-    result.buildEdges();
-    onWeightChanged();
 }
 
 bool KMModBoneDeformNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
@@ -57,38 +46,6 @@ bool KMModBoneDeformNode::followWeights(const QVector<int> &vertices)
     }
     modMesh()->markDirty(KMMeshDirty::Positions);
     return true;
-}
-
-bool KMModBoneDeformNode::takeUVs(const KMMeshNode &input, KMMeshNode &result)
-{
-    KMResultCopy::copyUVs(input, result, m_faceMap);
-    return true;
-}
-
-void KMModBoneDeformNode::onWeightChanged()
-{
-    if (const KMMeshNode *from = input())
-        KMResultCopy::copyWeights(*from, *modMesh(), m_vertexMap);
-}
-
-void KMModBoneDeformNode::onShaderChanged()
-{
-    if (const KMMeshNode *from = input())
-        KMResultCopy::copyShaders(*from, *modMesh(), m_faceMap);
-}
-
-void KMModBoneDeformNode::updateTags()
-{
-    KMModifierNode::updateTags();
-    carryNormals();
-}
-
-void KMModBoneDeformNode::carryNormals()
-{
-    const KMMeshNode *from = input();
-    if (from && m_normals.begin(*from))
-        m_normals.carry(
-            *from, [this](int i) { return vertexMapAt(i); }, m_faceMap);
 }
 
 KMModBoneDeformNode *KMModBoneDeformNode::clone() const

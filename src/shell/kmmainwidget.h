@@ -149,6 +149,7 @@ private slots:
     void onMenuCreateSolidifyNode();
     void onMenuCreateClonerNode();
     void onMenuCreateBoneDeformNode();
+    void onMenuCreateAnchorNode();
     void onMenuCreateShaderNode();
     void onMenuCreatePbrShaderNode();
     void onMenuCreatePTextureNode();

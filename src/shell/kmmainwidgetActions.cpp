@@ -91,6 +91,8 @@ void kmmainwidget::createActions()
          QT_TR_NOOP("Repeat the mesh in steps")},
         {"actionCreateBoneDeform", QT_TR_NOOP("BoneDeform"), "bone-deform", "", &W::onMenuCreateBoneDeformNode,
          QT_TR_NOOP("Let the bones that the mesh is weighted to move it")},
+        {"actionCreateAnchor", QT_TR_NOOP("Anchor"), "anchor", "", &W::onMenuCreateAnchorNode,
+         QT_TR_NOOP("Weigh the mesh by coarse boxes around the bones")},
         {"actionCreateShader", QT_TR_NOOP("Shader"), "node-shader", "", &W::onMenuCreateShaderNode,
          QT_TR_NOOP("Add a basic shader")},
         {"actionCreatePbrShader", QT_TR_NOOP("PbrShader"), "node-shader", "", &W::onMenuCreatePbrShaderNode,

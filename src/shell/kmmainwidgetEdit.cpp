@@ -30,6 +30,7 @@
 #include "modifiers/KMPrimTorusNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneEdit.h"
+#include "rig/KMModAnchorNode.h"
 #include "rig/KMModBoneDeformNode.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMMainBox.h"
@@ -336,6 +337,11 @@ void kmmainwidget::onMenuCreateClonerNode()
 void kmmainwidget::onMenuCreateBoneDeformNode()
 {
     KMNodeEdits::addModifier(new KMModBoneDeformNode);
+}
+
+void kmmainwidget::onMenuCreateAnchorNode()
+{
+    KMNodeEdits::addModifier(new KMModAnchorNode);
 }
 
 void kmmainwidget::onMenuCreateShaderNode()

@@ -168,7 +168,7 @@ void kmmainwidget::createCreateMenu()
     QMenu *modifiers = menu->addMenu(KMIcon::icon(QStringLiteral("node-modifier")), tr("Modifiers"));
     modifiers->setObjectName(QStringLiteral("modifiers"));
     fill(modifiers, {"actionCreateSubdivision", "actionCreateSymmetry", "actionCreatePipe", "actionCreateFFD",
-                     "actionCreateSolidify", "actionCreateCloner", "actionCreateBoneDeform"});
+                     "actionCreateSolidify", "actionCreateCloner", "actionCreateBoneDeform", "actionCreateAnchor"});
     fill(menu, {nullptr, "actionCreateShader", "actionCreatePbrShader", nullptr, "actionCreatePTexture",
                 "actionCreateEmbeddedTexture", "actionCreateFileTexture"});
     listActionGroup(menu, action("Menu Create"));

@@ -1,9 +1,11 @@
 #include "core/KMNodeTreeCommands.h"
+#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
 #include "formats/KMDReader.h"
 #include "formats/KMDWriter.h"
+#include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModClonerNode.h"
@@ -12,6 +14,12 @@
 #include "modifiers/KMModSdvCommands.h"
 #include "modifiers/KMModSolidNode.h"
 #include "modifiers/KMModSymNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneTreeCommands.h"
+#include "rig/KMDisplayAnchorNode.h"
+#include "rig/KMModAnchorNode.h"
+#include "rig/KMTagBoneWeight.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 
@@ -43,6 +51,7 @@ class tst_KMDModifierBodies : public QObject
     Q_OBJECT
 private slots:
     void allComeBack();
+    void anchors();
 };
 
 /// A chain of one of each, none with its defaults: settings, order, switches and lattice.
@@ -94,6 +103,45 @@ void tst_KMDModifierBodies::allComeBack()
     const KMMeshNode *again = mesh->modifiers().last().second->modMesh();
     QCOMPARE(again->faceCount(), faces);
     QCOMPARE(again->position(again->vertexCount() - 1), corner);
+}
+
+/// Settings, helpers as they were edited, and their bones; helpers of deleted bones stay behind.
+void tst_KMDModifierBodies::anchors()
+{
+    MeshScene scene(MeshFixtures::cube());
+    auto *anchor = added<KMModAnchorNode>(scene.mesh, {KMAnchorWeights::FacesInRange, 1});
+    auto *rig = new KMBoneContainer; // behind the modifier in the file
+    gProject->addNode(rig);
+    KMModAnchorNode::Anchors anchors;
+    for (const QString &name : {QStringLiteral("gone"), QStringLiteral("here")}) {
+        auto *bone = new KMBone;
+        bone->setName(name);
+        rig->attachBone(bone, nullptr);
+        anchors << anchor->makeHelper(bone);
+    }
+    rig->rebuildOrder();
+    anchor->setAnchors(anchors);
+    KMMeshNode *helper = anchors.last()->mesh();
+    helper->setPosition(3, {1, 2, 3});
+    KMMeshEdit::deleteFace(*helper, 0);
+    gSolution->push(new deleteBoneCommand(anchors.first()->bone()));
+
+    QBuffer file;
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(KMDWriter(KMDOutput::Form::Present, {}, nullptr).write(&file));
+    anchors.clear();
+    gSolution->newDocument();
+    KMDReader reader;
+    QVERIFY2(reader.readBytes(file.data()), qPrintable(reader.error()));
+    const auto *back = static_cast<const KMModAnchorNode *>(gProject->modifiersInTree().nodes().first());
+    QCOMPARE(back->parameters(), (KMModAnchorNode::Parameters{KMAnchorWeights::FacesInRange, 1}));
+    QCOMPARE(back->anchors().size(), 1);
+    const KMDisplayAnchorNode &only = *back->anchors().first();
+    QCOMPARE(only.bone()->name(), QStringLiteral("here"));
+    QCOMPARE(only.mesh()->position(3), kvm::Vector3(1, 2, 3));
+    QCOMPARE(only.mesh()->faceCount(), 5);
+    const auto *weights = static_cast<const KMTagBoneWeight *>(only.mesh()->findTag(KMNodeType::TagBoneWeight));
+    QCOMPARE(weights->weight(7, only.bone()), 1.0f);
 }
 
 KM_TEST(tst_KMDModifierBodies);

@@ -22,6 +22,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneWeightCommands.h"
+#include "rig/KMModAnchorNode.h"
 #include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "support/MeshFixtures.h"
@@ -212,7 +213,15 @@ void Walker::add()
     if (modifiers().size() >= 5)
         return;
     KMContainerNode *modifier = nullptr;
-    switch (below(8)) {
+    switch (below(9)) {
+    case 8: {
+        auto *anchor = new KMModAnchorNode;
+        anchor->setParameters({below(2), below(2)});
+        for (int i = below(3); i >= 0; --i)
+            anchor->setAnchors(anchor->anchors() + KMModAnchorNode::Anchors{anchor->makeHelper(m_bones.at(below(3)))});
+        modifier = anchor;
+        break;
+    }
     case 6:
     case 7:
         modifier = new KMModBoneDeformNode;

@@ -19,7 +19,6 @@ struct Kind
 constexpr Kind nodeKinds[] = {
     {0x600006, ""},
     {0x4e00009, "T f f b b i i [ 2f ] f f i i 4f G"},
-    {0x4e0000a, "T i b [ u T [ 3f ] [ [ i ] ] ] G"},
 };
 
 constexpr Kind tagKinds[] = {

@@ -17,6 +17,7 @@
 #include "shell/attributes/KMBonePage.h"
 #include "shell/attributes/KMConstraintTagPage.h"
 #include "shell/attributes/KMMeshPage.h"
+#include "shell/attributes/KMModAnchorPage.h"
 #include "shell/attributes/KMModifierPages.h"
 #include "shell/attributes/KMNormalTagPage.h"
 #include "shell/attributes/KMNullPage.h"
@@ -68,6 +69,7 @@ constexpr PageRow pageRows[] = {
     {KMNodeType::ModPipe, 0, &make<KMModPipePage, KMModPipeNode>},
     {KMNodeType::ModSolid, 0, &make<KMModSolidPage, KMModSolidNode>},
     {KMNodeType::ModBoneDeform, 0, &make<KMModBoneDeformPage, KMModBoneDeformNode>},
+    {KMNodeType::ModAnchor, 0, &make<KMModAnchorPage, KMModAnchorNode>},
     {KMNodeType::ModCloner, 0, &make<KMModClonerPage, KMModClonerNode>},
     {KMNodeType::Mesh, 0, &make<KMMeshPage, KMMeshNode>},
     {KMNodeType::BoneContainer, 0, &make<KMNodePage, KMContainerNode>},

@@ -1,0 +1,73 @@
+#include "shell/attributes/KMModAnchorPage.h"
+
+#include "core/KMSolution.h"
+#include "rig/KMBone.h"
+#include "rig/KMDisplayAnchorNode.h"
+#include "support/RigScene.h"
+#include "support/TestRegistry.h"
+
+#include <QListWidget>
+#include <QMenu>
+#include <QTest>
+#include <QUndoStack>
+
+class tst_KMModAnchorPage : public QObject
+{
+    Q_OBJECT
+private slots:
+    void menuOfTheList();
+};
+
+namespace {
+
+/// An entry of the menu that a right click into the list opens; the menu is closed again.
+QAction *entry(KMModAnchorPage &page, QListWidget *list, const char *name)
+{
+    emit list->customContextMenuRequested({5, 5});
+    auto *menu = page.findChildren<QMenu *>().last();
+    menu->setAttribute(Qt::WA_DeleteOnClose, false);
+    menu->close();
+    return menu->findChild<QAction *>(QLatin1String(name));
+}
+
+} // namespace
+
+void tst_KMModAnchorPage::menuOfTheList()
+{
+    RigScene scene;
+    KMBone *bones[] = {scene.addBone(QStringLiteral("arm"), nullptr, {}, {10, 0, 0}),
+                       scene.addBone(QStringLiteral("leg"), nullptr, {}, {0, 10, 0})};
+    scene.forget();
+    KMModAnchorNode node;
+    KMModAnchorPage page(&node);
+    auto *list = page.findChild<QListWidget *>(QStringLiteral("relations"));
+    QVERIFY(list);
+    page.show();
+    gSolution->setCurrentBone(nullptr);
+    QVERIFY(!entry(page, list, "anchorAdd")->isEnabled());
+    for (KMBone *bone : bones) {
+        gSolution->setCurrentBone(bone);
+        entry(page, list, "anchorAdd")->trigger();
+        page.refresh();
+    }
+    QCOMPARE(node.anchors().size(), 2);
+    QCOMPARE(list->count(), 2);
+    QCOMPARE(list->item(1)->text(), QStringLiteral("leg"));
+    QVERIFY(!entry(page, list, "anchorAdd")->isEnabled()); // it has one
+    QVERIFY(!entry(page, list, "anchorRemove")->isEnabled());
+    list->item(0)->setSelected(true);
+    entry(page, list, "anchorRemove")->trigger();
+    page.refresh();
+    QCOMPARE(node.anchors().size(), 1);
+    QCOMPARE(node.anchors().first()->bone(), bones[1]);
+    QCOMPARE(list->count(), 1);
+    scene.session.stack().undo();
+    page.refresh();
+    QCOMPARE(list->count(), 2);
+    scene.session.stack().setIndex(0);
+    scene.session.stack().clear();
+}
+
+KM_TEST(tst_KMModAnchorPage);
+
+#include "tst_KMModAnchorPage.moc"
