@@ -99,10 +99,11 @@ struct PlainSkin
             heads.push_back(bone->restHead());
             parents.push_back(bone->parentBone() ? bone->parentBone()->boneIndex() : -1);
         }
+        const KMWeightRecords &records = skin.tag->records();
         for (int v = 0; v < skin.mesh.vertexCount(); ++v) {
             rest.push_back(skin.mesh.position(v));
             firsts.push_back(int(shares.size()));
-            const VertexWeights record = skin.tag->vertexWeights(v);
+            const VertexWeights record = skin.tag->viewOf(records, v);
             for (int i = 0; i < record.count(); ++i)
                 shares.push_back({record.bone(i)->boneIndex(), record.weight(i)});
             sdef.push_back({record.sdefC(), record.sdefR0(), record.sdefR1()});

@@ -9,7 +9,9 @@
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMChainCopy.h"
 #include "modifiers/KMMeshReplacement.h"
+#include "modifiers/KMModifierNode.h"
 #include "modifiers/KMResultNormals.h"
+#include "modifiers/KMResultWeights.h"
 
 namespace {
 
@@ -32,6 +34,27 @@ void carryTags(const KMMeshNode &source, KMMeshNode &shape)
     }
 }
 
+/// A stage that moves by bones leaves its result without weights, lest it be moved twice. What is frozen needs them
+/// again: they go past it, and through the stages behind it as from any other.
+void carryWeightsOn(const KMChainCopy &copy)
+{
+    bool isFollowed = false;
+    for (int i = 0; i < copy.stageCount(); ++i) {
+        auto *stage = qobject_cast<KMModifierNode *>(copy.stage(i)->modifierNode());
+        if (isFollowed)
+            stage->updateTags();
+        const KMMeshNode *input = stage->input();
+        if (stage->type() != KMNodeType::ModBoneDeform || !input)
+            continue;
+        KMResultWeights weights(*stage->modMesh());
+        if (!weights.begin(*input))
+            continue;
+        for (int v = 0; v < input->vertexCount(); ++v)
+            weights.carryOne(v, stage->vertexMapAt(v));
+        isFollowed = true;
+    }
+}
+
 /// A frozen shape is the base of what morphs do to it.
 void takeMorphsOff(KMMeshNode &mesh)
 {
@@ -50,6 +73,7 @@ std::unique_ptr<KMMeshNode> KMFreezeModifiers::shapeOf(const KMMeshNode &source,
     KMChainCopy copy(source);
     takeMorphsOff(*copy.source());
     copy.evaluate();
+    carryWeightsOn(copy);
     const KMMeshNode *result = copy.last();
     if (!result || result->vertexCount() == 0)
         return nullptr;

@@ -96,7 +96,7 @@ bool KMModSymNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
     if (isOther)
         followSeam(input, result);
     const bool isMirroredAnew = input.findTag(KMNodeType::TagNormal) && m_mirroredAcross != plane().normal;
-    if (!isOther && !isMirroredAnew)
+    if (!isOther && !isMirroredAnew && !resultWeights().isMirrorOther(input, plane().symmetry()))
         return false;
     updateTags();
     m_isPatched = true;
@@ -229,6 +229,7 @@ void KMModSymNode::carryWeights(const KMMeshNode &input, KMResultWeights &weight
     if (!weights.begin(input))
         return;
     weights.carry(m_vertexMap);
+    weights.mirrorAcross(plane().symmetry());
     for (int i = 0; i < m_vertexMap.size(); ++i)
         weights.carryMirrored(i, m_vertexMap.at(i) < 0 ? -1 : m_vertexMap.at(i) + m_weldState.size());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mesh/KMSymmetryPlane.h"
 #include "modifiers/KMModifierCommand.h"
 #include "modifiers/KMModifierNode.h"
 #include "modifiers/KMResultNormals.h"
@@ -63,6 +64,8 @@ private:
     {
         kvm::Vector3 normal;
         float d;
+
+        KMSymmetryPlane symmetry() const { return {normal * -d, normal}; }
     };
 
     void carryNormals();

@@ -86,6 +86,7 @@ protected:
 
     void markMoved(); ///< the result has to follow, with the topology that it has
     bool isStale() const { return m_isStale; }
+    const KMResultWeights &resultWeights() const { return m_weights; }
 
     /// A copy for clone().
     template <class Node>

@@ -33,6 +33,17 @@ void KMResultWeights::carryOne(int fromVertex, int vertex)
         m_tag->carry(fromVertex, vertex);
 }
 
+void KMResultWeights::mirrorAcross(const KMSymmetryPlane &plane)
+{
+    m_tag->mirrorAcross(plane);
+}
+
+bool KMResultWeights::isMirrorOther(const KMMeshNode &input, const KMSymmetryPlane &plane) const
+{
+    const auto *from = static_cast<const KMCarriedTag *>(input.findTag(KMNodeType::TagBoneWeight));
+    return from && m_tag && !m_tag->isDeleted() && m_tag->isMirrorOther(*from, plane);
+}
+
 void KMResultWeights::carryMirrored(int fromVertex, int vertex)
 {
     if (fromVertex >= 0 && vertex >= 0)

@@ -85,6 +85,8 @@ void KMBone::setLengthScale(float scale)
 {
     m_lengthScale = scale;
     updateShape();
+    if (container())
+        container()->requestPose();
 }
 
 void KMBone::setViewType(int viewType)
@@ -94,6 +96,8 @@ void KMBone::setViewType(int viewType)
     m_viewType = viewType;
     KMBoneShape::buildBody(*m_shapeMesh, viewType);
     updateShape();
+    if (container()) // the rest tail depends on it
+        container()->requestPose();
 }
 
 void KMBone::setMovable(bool movable)

@@ -6,6 +6,8 @@
 #include "modifiers/KMResultCopy.h"
 #include "rig/KMTagBoneWeight.h"
 
+#include <algorithm>
+
 KMModBoneDeformNode::KMModBoneDeformNode()
     : KMElementwiseModifier(KMNodeType::ModBoneDeform, tr("BoneDeform"))
 {
@@ -19,6 +21,7 @@ bool KMModBoneDeformNode::updateResult(const KMMeshNode &input, KMMeshNode &resu
         return false;
     }
     m_skinning.prepare(*tag);
+    m_sdefRevision = tag->records().sdefRevision();
     KMVertex *const *from = input.vertices().constData();
     KMVertex *const *own = result.vertices().constData();
     const int *map = m_vertexMap.constData();
@@ -39,11 +42,16 @@ bool KMModBoneDeformNode::followWeights(const QVector<int> &vertices)
     if (!tag || next() || isStale() || isBypassed() || m_vertexMap.size() != from->vertexCount())
         return false;
     m_skinning.prepare(*tag);
-    for (const int i : vertices) {
+    const auto move = [this, from](int i) {
         KMVertex *own = modMesh()->vertex(vertexMapAt(i));
         if (own && from->vertex(i))
             own->pos = m_skinning(i, from->position(i));
-    }
+    };
+    std::for_each(vertices.begin(), vertices.end(), move);
+    const int revision = tag->records().sdefRevision();
+    if (revision != m_sdefRevision) // the parameters of others depend on the vertex that reaches farthest
+        std::for_each(tag->sdefVertices().begin(), tag->sdefVertices().end(), move);
+    m_sdefRevision = revision;
     modMesh()->markDirty(KMMeshDirty::Positions);
     return true;
 }

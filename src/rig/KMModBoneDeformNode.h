@@ -15,7 +15,8 @@ public:
 
     KMModBoneDeformNode *clone() const override;
 
-    /// Some vertices of the input have other weights: moves these alone, at once. False where that isn't enough, since
+    /// Some vertices of the input have other weights: moves these alone, at once, and where a
+    /// spherical blend is among them those that are blended with it. False where that isn't enough, since
     /// the result is to be made anew anyway or other stages follow it.
     bool followWeights(const QVector<int> &vertices);
 
@@ -24,4 +25,5 @@ protected:
 
 private:
     KMSkinning m_skinning;
+    int m_sdefRevision = -1; // of the records that the result shows
 };

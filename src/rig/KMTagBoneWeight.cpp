@@ -47,6 +47,12 @@ int KMTagBoneWeight::numberOf(KMBone *bone)
     return m_bones.size() - 1;
 }
 
+bool KMTagBoneWeight::isLive(int number) const
+{
+    const KMBone *bone = m_bones.at(number);
+    return bone && !bone->isDeleted();
+}
+
 /// Whatever else it was is gone already when it tells.
 void KMTagBoneWeight::forgetBone(KMNode *bone)
 {
@@ -228,7 +234,11 @@ const KMWeightRecords &KMTagBoneWeight::records() const
 
 VertexWeights KMTagBoneWeight::vertexWeights(int vertex) const
 {
-    const KMWeightRecords &derived = records();
+    return viewOf(records(), vertex);
+}
+
+VertexWeights KMTagBoneWeight::viewOf(const KMWeightRecords &derived, int vertex) const
+{
     const bool isThere = mesh() && mesh()->vertex(vertex);
     return {isThere ? vertex : -1, derived.of(vertex), derived.sdefOf(vertex), m_bones};
 }

@@ -3,6 +3,7 @@
 #include "core/KMVertexFollower.h"
 #include "modifiers/KMCarriedTag.h"
 #include "rig/BoneWeightEntry.h"
+#include "rig/KMBonePartners.h"
 #include "rig/KMWeightRecords.h"
 #include "rig/VertexWeights.h"
 
@@ -59,6 +60,7 @@ public:
     int numberOf(KMBone *bone);                     ///< gives it one the first time
     int knownNumberOf(const KMBone *bone) const { return m_numbers.value(bone, -1); }
     const QVector<KMBone *> &bones() const { return m_bones; } ///< by number; null for one that is gone for good
+    bool isLive(int number) const;                             ///< its bone is neither gone for good nor deleted
     static float bounded(float weight);
 
     // Vertices that shall be blended spherically
@@ -71,8 +73,9 @@ public:
 
     void markDirty();                       ///< everything derived is to be made anew
     void rebuildWeights(int mask) override; ///< bits of KMMeshDirty, or OnlyEditable: what the mesh's refresh changed
-    VertexWeights vertexWeights(int vertex) const;
-    const KMWeightRecords &records() const; ///< of a tag that isn't on a mesh there are none
+    VertexWeights vertexWeights(int vertex) const; ///< for one; who walks over many takes records() and viewOf()
+    const KMWeightRecords &records() const;        ///< of a tag that isn't on a mesh there are none
+    VertexWeights viewOf(const KMWeightRecords &derived, int vertex) const; ///< in records() as they are now
     const QVector<SdefPair> &sdefPairs() const { return records().pairs(); }
     /// Brings the weights of each record to the sum 1, where autoNormalize asks for that; the entries stay.
     void normalizeAll();
@@ -87,6 +90,8 @@ public:
     KMTagBoneWeight *cloneEmpty() const override;
     void beginCarry(KMCarriedTag &from) override;
     void carry(int fromVertex, int vertex) override;
+    void mirrorAcross(const KMSymmetryPlane &plane) override; ///< bones have partners across it
+    bool isMirrorOther(const KMCarriedTag &from, const KMSymmetryPlane &plane) override;
     void carryMirrored(int fromVertex, int vertex) override;
     void carryMixed(const int *fromVertices, const float *ratios, int count, int vertex) override;
 
@@ -114,7 +119,6 @@ private:
     void extendReach(const QVector<int> &vertices) const;
     void restoreLost();
     void carryShares(KMShareView shares, const QVector<int> &numbers, int vertex);
-    void pairForMirror();
 
     KMWeightParameters m_parameters;
     KMWeightLists m_lists;
@@ -126,7 +130,8 @@ private:
     // Of the tag that is carried over
     const KMTagBoneWeight *m_from = nullptr;
     QVector<int> m_carried;  // from its numbers to those here
-    QVector<int> m_mirrored; // likewise, to the partners; made when it is first asked for
+    QVector<int> m_mirrored; // likewise, to the partners
+    KMBonePartners m_partners;
 
     mutable KMWeightRecords m_records;
     mutable QVector<int> m_sdefVertices;

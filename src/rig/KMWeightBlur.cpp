@@ -40,6 +40,13 @@ void KMWeightBlur::collectNeighbours(int vertex) const
     }
 }
 
+bool KMWeightBlur::hasSay(int neighbour) const
+{
+    const KMShareView shares = m_tag.lists().of(neighbour);
+    return std::any_of(shares.begin(), shares.end(),
+                       [this](const KMBoneShare &share) { return m_tag.isLive(share.bone); });
+}
+
 float KMWeightBlur::closeness(int vertex, int neighbour) const
 {
     return 1.0f / std::max((m_mesh.position(neighbour) - m_mesh.position(vertex)).length(), shortest);
@@ -50,12 +57,11 @@ float KMWeightBlur::meanOf(int vertex, int bone, float otherwise) const
     collectNeighbours(vertex);
     float sum = 0.0f, weights = 0.0f;
     for (const int neighbour : m_neighbours) {
-        const KMShareView shares = m_tag.lists().of(neighbour);
-        if (shares.isEmpty())
+        if (!hasSay(neighbour))
             continue;
         const float factor = closeness(vertex, neighbour);
         sum += factor;
-        for (const KMBoneShare &share : shares)
+        for (const KMBoneShare &share : m_tag.lists().of(neighbour))
             weights += share.bone == bone ? factor * share.weight : 0.0f;
     }
     return sum > 0.0f ? weights / sum : otherwise;
@@ -64,7 +70,7 @@ float KMWeightBlur::meanOf(int vertex, int bone, float otherwise) const
 void KMWeightBlur::add(KMShareView shares, float factor)
 {
     for (const KMBoneShare &share : shares) {
-        if (!m_tag.bones().at(share.bone))
+        if (!m_tag.isLive(share.bone))
             continue;
         int &place = m_places[size_t(share.bone)];
         if (place < 0) {
@@ -78,17 +84,16 @@ void KMWeightBlur::add(KMShareView shares, float factor)
 const QVector<KMBoneShare> &KMWeightBlur::blurred(int vertex, float amount)
 {
     m_shares.clear();
-    const KMShareView own = m_tag.lists().of(vertex);
     collectNeighbours(vertex);
     float sum = 0.0f;
     for (const int neighbour : m_neighbours) {
-        if (!m_tag.lists().of(neighbour).isEmpty())
+        if (hasSay(neighbour))
             sum += closeness(vertex, neighbour);
     }
-    const float ofOthers = sum == 0.0f ? 0.0f : own.isEmpty() ? 1.0f : amount;
-    add(own, 1.0f - ofOthers);
+    const float ofOthers = sum == 0.0f ? 0.0f : hasSay(vertex) ? amount : 1.0f;
+    add(m_tag.lists().of(vertex), 1.0f - ofOthers);
     for (const int neighbour : m_neighbours) {
-        if (ofOthers > 0.0f)
+        if (ofOthers > 0.0f && hasSay(neighbour))
             add(m_tag.lists().of(neighbour), ofOthers * closeness(vertex, neighbour) / sum);
     }
     for (const KMBoneShare &share : std::as_const(m_shares))

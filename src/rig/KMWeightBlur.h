@@ -10,8 +10,8 @@ class KMMeshNode;
 class KMTagBoneWeight;
 
 /// The weights of a vertex mixed with those of the vertices at the other ends of its edges, the nearer the more: each
-/// counts by the inverse of the length. Vertices without weights have no say. Nothing is written, so that all vertices
-/// of a pass start from the same weights.
+/// counts by the inverse of the length. Vertices without weights on live bones have no say. Nothing is written, so that
+/// all vertices of a pass start from the same weights.
 class KMWeightBlur
 {
 public:
@@ -30,6 +30,7 @@ public:
 
 private:
     void collectNeighbours(int vertex) const;
+    bool hasSay(int neighbour) const;
     float closeness(int vertex, int neighbour) const;
     void add(KMShareView shares, float factor);
     void dropLight();

@@ -1,10 +1,7 @@
 // How the weights of a modifier's input come to its result.
 
-#include "rig/KMBone.h"
-#include "rig/KMBoneContainer.h"
 #include "rig/KMTagBoneWeight.h"
 
-#include <QSet>
 #include <QVarLengthArray>
 
 #include <algorithm>
@@ -24,7 +21,7 @@ void add(Shares &shares, int bone, float weight)
         found->weight += weight;
 }
 
-KMShareView viewOf(const Shares &shares)
+KMShareView listOf(const Shares &shares)
 {
     return {shares.constData(), shares.size()};
 }
@@ -41,7 +38,6 @@ void KMTagBoneWeight::beginCarry(KMCarriedTag &from)
     m_bones.clear(); // no step of the history knows the numbers of a result
     m_numbers.clear();
     m_parameters = m_from->m_parameters;
-    m_mirrored.clear();
     m_carried.clear();
     for (KMBone *bone : m_from->m_bones)
         m_carried.append(bone ? numberOf(bone) : -1);
@@ -54,7 +50,7 @@ void KMTagBoneWeight::carryShares(KMShareView from, const QVector<int> &numbers,
         if (numbers.at(share.bone) >= 0)
             add(shares, numbers.at(share.bone), share.weight);
     }
-    setShares(vertex, viewOf(shares));
+    setShares(vertex, listOf(shares));
 }
 
 void KMTagBoneWeight::carry(int fromVertex, int vertex)
@@ -63,28 +59,24 @@ void KMTagBoneWeight::carry(int fromVertex, int vertex)
     setSdefFlag(vertex, m_from->hasSdefFlag(fromVertex));
 }
 
-/// Numbers that lead to the partners of the bones; one without a partner stands for itself.
-void KMTagBoneWeight::pairForMirror()
+/// A bone without a partner stands for itself.
+void KMTagBoneWeight::mirrorAcross(const KMSymmetryPlane &plane)
 {
-    QSet<KMBoneContainer *> rigs;
-    for (const KMBone *bone : m_from->m_bones) {
-        if (bone && bone->container() && !rigs.contains(bone->container())) {
-            rigs.insert(bone->container());
-            bone->container()->pairMirrorBones();
-        }
-    }
+    m_partners.follow(m_from->m_bones, plane);
     m_mirrored = m_carried;
     for (int i = 0; i < m_mirrored.size(); ++i) {
-        const KMBone *bone = m_from->m_bones.at(i);
-        if (bone && bone->mirrorBone())
-            m_mirrored[i] = numberOf(bone->mirrorBone());
+        if (KMBone *partner = m_partners.of(i))
+            m_mirrored[i] = numberOf(partner);
     }
+}
+
+bool KMTagBoneWeight::isMirrorOther(const KMCarriedTag &from, const KMSymmetryPlane &plane)
+{
+    return m_partners.follow(static_cast<const KMTagBoneWeight &>(from).m_bones, plane);
 }
 
 void KMTagBoneWeight::carryMirrored(int fromVertex, int vertex)
 {
-    if (m_mirrored.size() != m_carried.size())
-        pairForMirror();
     carryShares(m_from->m_lists.of(fromVertex), m_mirrored, vertex);
     setSdefFlag(vertex, m_from->hasSdefFlag(fromVertex));
 }
@@ -107,6 +99,6 @@ void KMTagBoneWeight::carryMixed(const int *fromVertices, const float *ratios, i
         if (sum.weight > 0.0f)
             shares.append(sum);
     }
-    setShares(vertex, viewOf(shares));
+    setShares(vertex, listOf(shares));
     setSdefFlag(vertex, isFlagged);
 }

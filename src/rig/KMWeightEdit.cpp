@@ -2,6 +2,8 @@
 
 #include "rig/KMTagBoneWeight.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 
 KMWeightEdit::KMWeightEdit(KMTagBoneWeight *tag)
@@ -87,17 +89,32 @@ void KMWeightEdit::removeEntry(int vertex, KMBone *bone)
 
 void KMWeightEdit::setEntries(int vertex, const QVector<BoneWeightEntry> &entries)
 {
-    m_after.set(place(vertex), {});
+    QVarLengthArray<KMBoneShare, 8> kept;
+    for (const KMBoneShare &share : now(vertex)) {
+        if (m_tag->bones().at(share.bone) && !m_tag->isLive(share.bone))
+            kept.append(share);
+    }
+    m_after.set(place(vertex), {kept.constData(), kept.size()});
     for (const BoneWeightEntry &entry : entries)
         setWeight(vertex, entry.bone, entry.weight);
 }
 
 void KMWeightEdit::normalize(int vertex)
 {
-    if (now(vertex).isEmpty())
+    QVarLengthArray<KMBoneShare, 8> live;
+    for (const KMBoneShare &share : now(vertex)) {
+        if (m_tag->isLive(share.bone))
+            live.append(share);
+    }
+    if (live.isEmpty())
         return;
+    normalizeShares(live.data(), live.size());
     const int row = place(vertex);
-    normalizeShares(m_after.edit(row), m_after.of(row).size());
+    KMBoneShare *shares = m_after.edit(row);
+    for (int i = 0, next = 0; next < live.size(); ++i) {
+        if (shares[i].bone == live.at(next).bone)
+            shares[i] = live.at(next++);
+    }
 }
 
 void KMWeightEdit::write(Side side) const

@@ -28,10 +28,11 @@ public:
     float weight(int vertex, KMBone *bone) const; ///< 0 without an entry
     bool hasEntry(int vertex, KMBone *bone) const;
     QVector<BoneWeightEntry> entriesOf(int vertex) const;
-    void setWeight(int vertex, KMBone *bone, float weight);               ///< adds an entry where there is none
-    void removeEntry(int vertex, KMBone *bone);                           ///< leaves a vertex without that entry alone
-    void setEntries(int vertex, const QVector<BoneWeightEntry> &entries); ///< in place of all that it had
-    void normalize(int vertex); ///< to the sum 1, by the rule of KMTagBoneWeight
+    void setWeight(int vertex, KMBone *bone, float weight); ///< adds an entry where there is none
+    void removeEntry(int vertex, KMBone *bone);             ///< leaves a vertex without that entry alone
+    /// In place of all that it had. Entries of deleted bones stay, for whoever takes the deletion back.
+    void setEntries(int vertex, const QVector<BoneWeightEntry> &entries);
+    void normalize(int vertex); ///< those of live bones to the sum 1, by the rule of KMTagBoneWeight
 
     void write(Side side) const;                               ///< into the tag
     void write(Side side, const QVector<int> &vertices) const; ///< these alone, of those that were named

@@ -4,6 +4,8 @@
 #include "rig/KMBone.h"
 #include "rig/KMSdefPairs.h"
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 
 namespace {
@@ -13,12 +15,12 @@ bool isGone(const KMBone *bone)
     return !bone || bone->isDeleted();
 }
 
-/// Two bones that are there, and a vertex.
+/// Between two bones that are there; whatever else it had isn't any more.
 bool canBlend(const KMWeightSource &source, int vertex)
 {
     const KMShareView shares = source.lists.of(vertex);
-    return shares.size() == 2 && source.mesh.vertex(vertex) && !isGone(source.bones.at(shares[0].bone))
-           && !isGone(source.bones.at(shares[1].bone));
+    const auto isThere = [&source](const KMBoneShare &share) { return !isGone(source.bones.at(share.bone)); };
+    return source.mesh.vertex(vertex) && std::count_if(shares.begin(), shares.end(), isThere) == 2;
 }
 
 } // namespace
@@ -41,6 +43,8 @@ void KMWeightRecords::rebuild(const KMWeightSource &source)
     m_lists = source.lists; // shared until one of them differs
     m_sdef.clear();
     m_sdefOf.clear();
+    for (int i = 0, n = source.bones.contains(nullptr) ? m_lists.vertexCount() : 0; i < n; ++i)
+        takeOver(source, i);
     if (source.parameters.autoNormalize) {
         for (int i = 0, n = m_lists.vertexCount(); i < n; ++i)
             normalize(source, i);
@@ -50,11 +54,14 @@ void KMWeightRecords::rebuild(const KMWeightSource &source)
 
 void KMWeightRecords::follow(const KMWeightSource &source, const QVector<int> &vertices)
 {
+    bool isSpherical = false;
     for (const int vertex : vertices) {
+        isSpherical = isSpherical || sdefOf(vertex)
+                      || std::binary_search(source.sdefVertices.begin(), source.sdefVertices.end(), vertex);
         takeOver(source, vertex);
         normalize(source, vertex);
     }
-    if (!source.sdefVertices.isEmpty() || hasSdef())
+    if (isSpherical)
         rebuildSdef(source);
 }
 
@@ -66,7 +73,9 @@ void KMWeightRecords::followPlaces(const KMWeightSource &source)
 
 void KMWeightRecords::clear()
 {
+    const int next = m_sdefRevision + 1;
     *this = {};
+    m_sdefRevision = next;
 }
 
 /// A vertex that came or went matters too.
@@ -89,7 +98,20 @@ bool KMWeightRecords::arePlacesOther(const KMWeightSource &source) const
 
 void KMWeightRecords::takeOver(const KMWeightSource &source, int vertex)
 {
-    m_lists.set(vertex, source.lists.of(vertex));
+    const KMShareView shares = source.lists.of(vertex);
+    const auto isGoneOne = [&source](const KMBoneShare &share) { return isGone(source.bones.at(share.bone)); };
+    if (std::none_of(shares.begin(), shares.end(), isGoneOne)) {
+        m_lists.set(vertex, shares);
+        return;
+    }
+    const bool blends =
+        canBlend(source, vertex) && std::binary_search(source.sdefVertices.begin(), source.sdefVertices.end(), vertex);
+    QVarLengthArray<KMBoneShare, 8> kept;
+    for (const KMBoneShare &share : shares) {
+        if (blends ? !isGoneOne(share) : source.bones.at(share.bone) != nullptr)
+            kept.append(share);
+    }
+    m_lists.set(vertex, {kept.constData(), kept.size()});
 }
 
 void KMWeightRecords::normalize(const KMWeightSource &source, int vertex)
@@ -105,6 +127,7 @@ void KMWeightRecords::rebuildSdef(const KMWeightSource &source)
         takeOver(source, record.vertex);
         normalize(source, record.vertex);
     }
+    ++m_sdefRevision;
     m_sdef.clear();
     m_sdefOf.clear();
     m_rests.clear();
@@ -124,7 +147,9 @@ void KMWeightRecords::rebuildSdef(const KMWeightSource &source)
     }
     pairs.measure(source.mesh, [&source](int vertex, const KMBone *bone) {
         const KMShareView shares = source.lists.of(vertex);
-        return shares[source.bones.at(shares[0].bone) == bone ? 0 : 1].weight;
+        return std::find_if(shares.begin(), shares.end(),
+                            [&](const KMBoneShare &share) { return source.bones.at(share.bone) == bone; })
+            ->weight;
     });
     m_pairs = pairs.pairs();
     if (!m_sdef.isEmpty())

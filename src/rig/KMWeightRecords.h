@@ -30,6 +30,9 @@ struct KMWeightSource
 
 /// The weights of all vertices as they count: normalised where that is asked for, those of spherically blended
 /// vertices with the parent's first, and with the parameters of the blend.
+///
+/// A bone that is gone for good has no say. The weight of a deleted one counts in the sum, since its share of a linear
+/// blend stays at rest; between two live bones a vertex is blended spherically without it.
 class KMWeightRecords
 {
 public:
@@ -47,6 +50,7 @@ public:
     }
     bool hasSdef() const { return !m_sdef.isEmpty(); }
     const QVector<SdefPair> &pairs() const { return m_pairs; }
+    int sdefRevision() const { return m_sdefRevision; } ///< another whenever spherical blends were derived anew
 
 private:
     /// What a bone was like when the blends were derived.
@@ -71,5 +75,6 @@ private:
     QVector<int> m_sdefOf; // by vertex; empty while there is none
     QVector<KMSdefVertex> m_sdef;
     QVector<SdefPair> m_pairs;
+    int m_sdefRevision = 0;
     QVector<Rest> m_rests; // by the number of the bone; kept while there are flagged vertices
 };

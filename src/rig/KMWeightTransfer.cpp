@@ -25,7 +25,7 @@ QVector<BoneWeightEntry> KMWeightTransfer::weightsAt(const Source &source, const
         for (const KMBoneShare &share : source.tag->lists().of(hit.face->indices[hit.corners[c]])) {
             KMBone *bone = source.tag->bones().at(share.bone);
             const float weight = hit.weights[c] * share.weight;
-            if (!bone || !(weight > 0.0f))
+            if (!source.tag->isLive(share.bone) || !(weight > 0.0f))
                 continue;
             const auto isOfBone = [bone](const BoneWeightEntry &entry) { return entry.bone == bone; };
             const auto known = std::find_if(weights.begin(), weights.end(), isOfBone);

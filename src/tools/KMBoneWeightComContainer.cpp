@@ -118,12 +118,12 @@ Work selectWhere(const Target &target, Condition isWanted)
     };
 }
 
-/// How many bones a vertex hangs on, whatever their weights.
+/// How many live bones a vertex hangs on, whatever their weights.
 int bonesOf(const KMTagBoneWeight &tag, int vertex)
 {
     const KMShareView shares = tag.lists().of(vertex);
     return int(std::count_if(shares.begin(), shares.end(),
-                             [&tag](const KMBoneShare &share) { return tag.bones().at(share.bone); }));
+                             [&tag](const KMBoneShare &share) { return tag.isLive(share.bone); }));
 }
 
 Work selectSdef(const Target &target)
@@ -158,7 +158,10 @@ Work removeInvalid(const Target &target)
 
 Work erase(const Target &target)
 {
-    return edited(target, [](KMWeightEdit &edit, int vertex) { edit.setEntries(vertex, {}); });
+    return edited(target, [](KMWeightEdit &edit, int vertex) {
+        for (const BoneWeightEntry &entry : edit.entriesOf(vertex))
+            edit.removeEntry(vertex, entry.bone);
+    });
 }
 
 bool canSelect(const KMBone &bone)
@@ -265,8 +268,9 @@ Work printRecords(const Target &target)
 {
     qDebug() << "-------------------------";
     qDebug() << "size:" << target.mesh->vertexCount();
+    const KMWeightRecords &records = target.tag->records();
     for (int i = 0; i < target.mesh->vertexCount(); ++i) {
-        const VertexWeights record = target.tag->vertexWeights(i);
+        const VertexWeights record = target.tag->viewOf(records, i);
         if (record.vertex() < 0) {
             qDebug() << "NULL";
             continue;

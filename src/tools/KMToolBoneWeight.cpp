@@ -430,8 +430,10 @@ void KMToolBoneWeight::tellVertex(const QPointF &at, KMOpenGLWidget *widget)
         return;
     m_toldVertex = vertex;
     QStringList parts;
-    for (const BoneWeightEntry &entry : vertex < 0 ? QVector<BoneWeightEntry>() : tag->entriesOf(vertex))
-        parts << tr("%1: %2").arg(entry.bone->name()).arg(double(entry.weight), 0, 'f', 3);
+    for (const BoneWeightEntry &entry : vertex < 0 ? QVector<BoneWeightEntry>() : tag->entriesOf(vertex)) {
+        if (!entry.bone->isDeleted())
+            parts << tr("%1: %2").arg(entry.bone->name()).arg(double(entry.weight), 0, 'f', 3);
+    }
     if (vertex >= 0 && parts.isEmpty())
         parts << tr("no weight");
     gSolution->setProgress(vertex < 0 ? QString()

@@ -60,8 +60,8 @@ void KMWeightPaintStruct::paintVertex(int vertex, const float *amounts, const KM
     m_entries.clear();
     m_shares.clear();
     for (const KMBoneShare &share : before) {
-        if (KMBone *bone = m_tag.bones().at(share.bone)) {
-            m_entries.append({vertex, share.weight, bone});
+        if (m_tag.isLive(share.bone)) {
+            m_entries.append({vertex, share.weight, m_tag.bones().at(share.bone)});
             m_shares.append({share.weight, false});
         }
     }

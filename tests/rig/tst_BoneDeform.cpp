@@ -8,6 +8,7 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMChainCopy.h"
 #include "modifiers/KMFreezeModifiers.h"
 #include "modifiers/KMModClonerNode.h"
 #include "modifiers/KMModFFDNode.h"
@@ -16,10 +17,12 @@
 #include "modifiers/KMModSolidNode.h"
 #include "modifiers/KMModSymNode.h"
 #include "rig/KMBone.h"
+#include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMBoneWeightCommands.h"
 #include "rig/KMModBoneDeformNode.h"
+#include "rig/KMRestBone.h"
 #include "rig/KMTagBoneWeight.h"
 #include "support/AllocationCount.h"
 #include "support/MeshFixtures.h"
@@ -129,7 +132,9 @@ private slots:
     void withoutBones();
     void weightsThroughTheChain_data();
     void weightsThroughTheChain();
+    void mirroredWeights_data();
     void mirroredWeights();
+    void mirrorFollowsBones();
     void freezing();
     void allocatesNothing();
 };
@@ -174,7 +179,13 @@ void tst_BoneDeform::editsReachTheResult()
     gSolution->push(new deleteBoneWeightCommand(scene.mesh, scene.tag, scene.tag->entriesOf(8)));
     gSolution->push(new editTagBoneWeightCommand(scene.mesh, scene.tag, {0, true, 50.0f}));
     KMMeshEdit::moveVertex(*scene.mesh, 3, {3, 1, 0.5f});
+    gSolution->push(new setSdefFlagCommand(scene.mesh, scene.tag, {2, 3, 7, 12}));
+    gSolution->push(new editBoneViewTypeCommand(scene.bones[0], 1));
+    gSolution->push(new editBoneGeometryCommand(scene.bones[1], restBone({3, 0.5f, 1}, {5, 1, 1})));
+    gSolution->push(new moveCtrlNodeCommand(scene.bones[1], nullptr));
     gSolution->push(new removeSdefFlagCommand(scene.mesh, scene.tag, {3}));
+    gSolution->push(new addBoneWeightCommand(scene.mesh, scene.tag, {{2, 0.2f, scene.bones[2]}}));
+    gSolution->push(new deleteBoneCommand(scene.bones[2]));
     gSolution->push(new deleteBoneCommand(scene.bones[1]));
     gSolution->push(new deleteTagCommand(scene.mesh, scene.tag));
     QUndoStack &stack = scene.session.stack();
@@ -266,14 +277,35 @@ void tst_BoneDeform::weightsThroughTheChain()
     check("with the tag again");
 }
 
+void tst_BoneDeform::mirroredWeights_data()
+{
+    QTest::addColumn<int>("axis");
+    QTest::addColumn<Vector3>("place");
+    QTest::addColumn<float>("degrees"); // about y
+    QTest::addColumn<int>("partner");   // so many bones farther on
+    QTest::newRow("left and right") << int(KMModSymNode::PlusX) << Vector3() << 0.0f << 2;
+    QTest::newRow("front and back") << int(KMModSymNode::PlusZ) << Vector3() << 0.0f << 4;
+    QTest::newRow("bones on the plane") << int(KMModSymNode::PlusY) << Vector3() << 0.0f << 0;
+    QTest::newRow("turned") << int(KMModSymNode::PlusX) << Vector3() << 90.0f << 4;
+    QTest::newRow("moved away") << int(KMModSymNode::PlusX) << Vector3(9, 0, 0) << 0.0f << 0;
+}
+
 void tst_BoneDeform::mirroredWeights()
 {
+    QFETCH(int, axis);
+    QFETCH(Vector3, place);
+    QFETCH(float, degrees);
+    QFETCH(int, partner);
     ArmScene scene;
-    gSettings->symmetryMargin = 0.5f; // less than the bones are long
+    gSettings->symmetryMargin = 2.5f; // more than the bones are long
+    scene.bones << scene.addBone(QStringLiteral("arm"), nullptr, {1, 0, -1}, {3, 0, -1});
+    scene.bones << scene.addBone(QStringLiteral("elbow"), scene.bones.last(), {3, 0, -1}, {5, 0, -1});
     auto *symmetry = new KMModSymNode;
     KMModSymNode::Parameters plane;
-    plane.axis = KMModSymNode::PlusX;
+    plane.axis = axis;
     symmetry->setParameters(plane);
+    symmetry->setTransform(
+        {{1, 1, 1}, kvm::Quaternion::fromAxisAngle({0, 1, 0}, degrees * float(M_PI) / 180.0f), place});
     scene.add(symmetry);
     const int half = scene.mesh->vertexCount();
     const KMTagBoneWeight *carried = weightsOf(*symmetry->modMesh());
@@ -283,12 +315,49 @@ void tst_BoneDeform::mirroredWeights()
         QCOMPARE(there.size(), here.size());
         for (int i = 0; i < here.size(); ++i) {
             QCOMPARE(there.at(i).weight, here.at(i).weight);
-            QCOMPARE(there.at(i).bone, scene.bones.at(scene.bones.indexOf(here.at(i).bone) + 2));
+            QCOMPARE(there.at(i).bone, scene.bones.at(scene.bones.indexOf(here.at(i).bone) + partner));
         }
     }
 }
 
-/// The plain mesh has the weights of what it was made of, and none where bones have moved it already.
+/// At each step of the history the images hang on the bones that a chain made anew finds for them.
+void tst_BoneDeform::mirrorFollowsBones()
+{
+    ArmScene scene;
+    gSettings->symmetryMargin = 0.5f;
+    auto *symmetry = new KMModSymNode;
+    KMModSymNode::Parameters plane;
+    plane.axis = KMModSymNode::PlusX;
+    symmetry->setParameters(plane);
+    scene.add(symmetry);
+    auto *deform = scene.add(new KMModBoneDeformNode);
+    scene.turn(scene.bones[2], {0, 1, 0}, 70);
+    QVERIFY(moved(*deform) > 1);
+    QUndoStack &stack = scene.session.stack();
+    const int start = stack.index();
+    gSolution->push(new deleteBoneCommand(scene.bones[3]));
+    gSolution->push(new editBoneGeometryCommand(scene.bones[2], restBone({-1, 0, 3}, {-3, 0, 3})));
+    gSolution->push(new addBoneCommand(scene.rig, new KMBone, nullptr));
+    auto *made = scene.rig->bones().last();
+    gSolution->push(new editBoneGeometryCommand(made, restBone({-1, 0, 1}, {-3, 0, 1})));
+    gSolution->push(new deleteBoneCommand(scene.bones[0]));
+    const int image = scene.mesh->vertexCount(); // of the first vertex, which hangs on the arm
+    const QVector<KMBone *> expected{scene.bones[2], scene.bones[2], scene.bones[0],
+                                     scene.bones[0], made,           scene.bones[0]};
+    const auto check = [&](int step) {
+        stack.setIndex(start + step);
+        KMChainCopy anew(*scene.mesh);
+        anew.evaluate();
+        const QVector<BoneWeightEntry> found = weightsOf(*symmetry->modMesh())->entries();
+        QCOMPARE(found, weightsOf(*anew.stage(0)->modMesh())->entries());
+        QCOMPARE(weightsOf(*symmetry->modMesh())->entriesOf(image).first().bone, expected.at(step));
+        QVERIFY(away(*deform) < 1e-5);
+    };
+    for (const int step : {5, 4, 3, 2, 1, 0, 1, 2, 3, 4, 5, 0, 4})
+        check(step);
+}
+
+/// The plain mesh has the weights of what it was made of, past a stage that moves by bones and through those behind it.
 void tst_BoneDeform::freezing()
 {
     ArmScene scene;
@@ -298,11 +367,24 @@ void tst_BoneDeform::freezing()
     const KMTagBoneWeight *weights = weightsOf(*frozen);
     QVERIFY(weights && weights->mesh() == frozen.get() && frozen->liveTagCount() == 1);
     QCOMPARE(weights->entries().last().vertex, frozen->vertexCount() - 1);
+    const QVector<BoneWeightEntry> entries = weights->entries();
+    const QVector<int> flagged = weights->sdefVertices();
+    QVERIFY(!flagged.isEmpty());
+    scene.add(new KMModBoneDeformNode);
     scene.add(new KMModBoneDeformNode);
     scene.turn(scene.bones[1], {0, 1, 0}, 70);
     frozen = KMFreezeModifiers::shapeOf(*scene.mesh);
-    QVERIFY(!weightsOf(*frozen));
+    QVERIFY(weightsOf(*frozen));
+    QCOMPARE(weightsOf(*frozen)->entries(), entries);
+    QCOMPARE(weightsOf(*frozen)->sdefVertices(), flagged);
     QCOMPARE(frozen->position(0), scene.mesh->modifiers().last().second->modMesh()->position(0));
+    QVERIFY(!weightsOf(*scene.mesh->modifiers().last().second->modMesh()));
+
+    scene.add(new KMModSymNode);
+    frozen = KMFreezeModifiers::shapeOf(*scene.mesh);
+    QVERIFY(frozen->vertexCount() > 0 && weightsOf(*frozen)->entries().size() > entries.size());
+    for (int v = 0; v < frozen->vertexCount(); ++v)
+        QVERIFY(!weightsOf(*frozen)->entriesOf(v).isEmpty());
 }
 
 void tst_BoneDeform::allocatesNothing()

@@ -134,9 +134,12 @@ double SkinReference::weightOf(int vertex, const KMBone *bone) const
 void SkinReference::collectPairs()
 {
     for (int v = 0; v < m_tag.mesh()->vertexCount(); ++v) {
-        const QVector<BoneWeightEntry> entries = m_tag.entriesOf(v);
-        if (!m_tag.mesh()->vertex(v) || !m_tag.hasSdefFlag(v) || entries.size() != 2 || entries[0].bone->isDeleted()
-            || entries[1].bone->isDeleted())
+        QVector<BoneWeightEntry> entries;
+        for (const BoneWeightEntry &entry : m_tag.entriesOf(v)) {
+            if (!entry.bone->isDeleted())
+                entries.append(entry);
+        }
+        if (!m_tag.mesh()->vertex(v) || !m_tag.hasSdefFlag(v) || entries.size() != 2)
             continue;
         const KMBone *a = entries[0].bone, *b = entries[1].bone;
         if (a->boneIndex() < b->boneIndex())

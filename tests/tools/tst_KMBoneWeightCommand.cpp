@@ -8,6 +8,7 @@
 #include "mesh/KMSelectedElements.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneTreeCommands.h"
 #include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "support/MeshFixtures.h"
@@ -26,7 +27,7 @@
 
 namespace {
 
-/// A torus on four bones of a rig, two of them mirror images, with random weights, and the commands.
+/// A torus on five bones of a rig, two of them mirror images, with random weights, and the commands.
 class Desk : public RigScene
 {
 public:
@@ -41,6 +42,7 @@ public:
         bones << addBone(QStringLiteral("arm_L"), bones[0], {2, 9, 0}, {9, 9, 0});
         bones << addBone(QStringLiteral("arm_R"), bones[0], {-2, 9, 0}, {-9, 9, 0});
         bones << addBone(QStringLiteral("hand_L"), bones[1], {9, 9, 0}, {12, 9, 1});
+        bones << addBone(QStringLiteral("finger_L"), bones[3], {12, 9, 1}, {14, 9, 1});
         gProject->addNode(mesh);
         mesh->addTag(tag);
         forget();
@@ -182,6 +184,8 @@ private slots:
     void oneStepAndBack();
     void sums();
     void selections();
+    void deletedBones_data();
+    void deletedBones();
     void transferToOther();
     void transferFromSurface();
     void blur_data();
@@ -275,28 +279,85 @@ void tst_KMBoneWeightCommand::sums()
 void tst_KMBoneWeightCommand::selections()
 {
     Desk desk;
-    for (int i = 0; i < 4; ++i) {
-        desk.tag->addEntry({10, 0.25f, desk.bones[i]}); // four
+    for (int i = 0; i < 5; ++i) {
+        desk.tag->addEntry({15, 0.2f, desk.bones[i]}); // five
+        if (i < 4)
+            desk.tag->addEntry({10, 0.25f, desk.bones[i]}); // four
         if (i < 3)
             desk.tag->addEntry({20, 0.25f, desk.bones[i]}); // three
     }
     desk.tag->addEntry({30, 0.0f, desk.bones[3]});
     const auto selected = [&desk] { return KMSelectedElements::vertices(*desk.mesh); };
     desk.run("BoneWeightComSelectOverThreeVertex");
-    QCOMPARE(selected(), (QVector<int>{10, 20}));
+    QCOMPARE(selected(), (QVector<int>{10, 15, 20}));
     for (const int f : desk.mesh->vertex(20)->faceRefs)
         desk.mesh->setFaceFlag(f, KMElementFlag::Hidden);
     desk.run("BoneWeightComSelectOverThreeVertex");
-    QCOMPARE(selected(), QVector<int>{10});
-    QCOMPARE(desk.run("BoneWeightComSelectOverFiveVertex"), 0); // there is none
-    QCOMPARE(selected(), QVector<int>{10});
+    QCOMPARE(selected(), (QVector<int>{10, 15}));
+    desk.run("BoneWeightComSelectOverFiveVertex");
+    QCOMPARE(selected(), QVector<int>{15});
     desk.run("BoneWeightComSelectAffectedBone");
-    QCOMPARE(desk.rig->selectedBones().size(), 4);
+    QCOMPARE(desk.rig->selectedBones().size(), 5);
     desk.choose(desk.bones[3]);
     desk.run("BoneWeightComSelVertFromBone");
-    QCOMPARE(selected(), QVector<int>{10}); // a weight of 0 is none
+    QCOMPARE(selected(), (QVector<int>{10, 15})); // a weight of 0 is none
     desk.run("BoneWeightComSelectWhiteVertex");
     QVERIFY(!selected().contains(10) && !selected().contains(30) && selected().contains(11));
+
+    desk.tag->addEntry({11, 1.0f, desk.bones[4]});
+    gSolution->push(new deleteBoneCommand(desk.bones[4])); // counts no more
+    desk.run("BoneWeightComSelectWhiteVertex");
+    QVERIFY(selected().contains(11));
+    QCOMPARE(desk.run("BoneWeightComSelectOverFiveVertex"), 0);
+    QVERIFY(desk.lastMessage().contains(QStringLiteral("no such vertex")));
+}
+
+/// It leaves the weights of live bones as they are without an entry of the dead one, and that entry as it was.
+void tst_KMBoneWeightCommand::deletedBones_data()
+{
+    QTest::addColumn<QVariantMap>("answers");
+    QTest::newRow("BoneWeightComNormalize") << QVariantMap();
+    QTest::newRow("BoneWeightComBlur") << QVariantMap{{"limit-area", false}, {"threshold", 20.0}};
+    QTest::newRow("BoneWeightComFitToChildren") << QVariantMap();
+    QTest::newRow("BoneWeightComTransferOther") << QVariantMap();
+}
+
+void tst_KMBoneWeightCommand::deletedBones()
+{
+    QFETCH(QVariantMap, answers);
+    const auto run = [&answers](Desk &desk) {
+        desk.weigh(8);
+        KMBone *dead = desk.bones.takeLast();
+        gSolution->push(new deleteBoneCommand(dead));
+        desk.selectEvery(2);
+        desk.choose(desk.bones[1]);
+        desk.prompt.optionValues = answers;
+        return dead;
+    };
+    QVector<QVector<float>> without;
+    {
+        Desk desk;
+        KMBone *dead = run(desk);
+        for (int i = 0; i < desk.mesh->vertexCount(); ++i)
+            desk.tag->removeEntry(i, dead);
+        QCOMPARE(desk.run(QTest::currentDataTag()), 1);
+        for (int i = 0; i < desk.mesh->vertexCount(); ++i) {
+            without.append(QVector<float>());
+            for (KMBone *bone : std::as_const(desk.bones))
+                without.last() << desk.tag->weight(i, bone);
+        }
+    }
+    Desk desk;
+    KMBone *dead = run(desk);
+    QVector<float> ofDead;
+    for (int i = 0; i < desk.mesh->vertexCount(); ++i)
+        ofDead << desk.tag->weight(i, dead);
+    QCOMPARE(desk.run(QTest::currentDataTag()), 1);
+    for (int i = 0; i < desk.mesh->vertexCount(); ++i) {
+        for (int b = 0; b < desk.bones.size(); ++b)
+            QVERIFY(std::abs(desk.tag->weight(i, desk.bones[b]) - without.at(i).at(b)) < 1e-5f);
+        QCOMPARE(desk.tag->weight(i, dead), ofDead.at(i));
+    }
 }
 
 void tst_KMBoneWeightCommand::transferToOther()
