@@ -10,6 +10,7 @@
 #include <QDropEvent>
 #include <QItemSelectionModel>
 #include <QMimeData>
+#include <QPainter>
 #include <QSet>
 
 #include <vector>
@@ -62,6 +63,36 @@ void appendBelow(const QTreeWidgetItem *root, QList<QTreeWidgetItem *> &rows)
         rows << row;
         openChildren(row);
     }
+}
+
+/// The selected rows as they stand in the view, without those between them.
+QPixmap pictureOf(const QTreeWidget *tree, QRect *area)
+{
+    QRegion region;
+    for (const QTreeWidgetItem *row : tree->selectedItems())
+        region += tree->visualItemRect(row) & tree->viewport()->rect();
+    *area = region.boundingRect();
+    const QPixmap shown = tree->viewport()->grab(*area);
+    QPixmap picture(shown.size());
+    picture.setDevicePixelRatio(shown.devicePixelRatio());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setClipRegion(region.translated(-area->topLeft()));
+    painter.drawPixmap(0, 0, shown);
+    return picture;
+}
+
+/// In place of the view's own drag, which deletes the rows after a move: they belong to the history.
+void dragRows(QTreeWidget *tree, QMimeData *data, Qt::DropActions actions)
+{
+    if (!data)
+        return;
+    QRect area;
+    auto *drag = new QDrag(tree);
+    drag->setMimeData(data);
+    drag->setPixmap(pictureOf(tree, &area));
+    drag->setHotSpot(tree->viewport()->mapFromGlobal(QCursor::pos()) - area.topLeft());
+    drag->exec(actions, Qt::MoveAction);
 }
 
 /// The pointers that were dragged, empty when another run of the program wrote them.
@@ -332,7 +363,7 @@ void KMTreeWidget::setPressedTag(KMTagBase *tag, const QPixmap &picture)
 void KMTreeWidget::startDrag(Qt::DropActions actions)
 {
     if (!m_pressedTag)
-        return QTreeWidget::startDrag(actions);
+        return dragRows(this, model()->mimeData(selectedIndexes()), actions);
     auto *drag = new QDrag(this);
     drag->setMimeData(mimeDataOf(m_pressedTag));
     drag->setPixmap(m_pressedPicture);

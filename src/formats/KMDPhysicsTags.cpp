@@ -134,13 +134,13 @@ void KMDPhysicsTags::writeBody(KMDOutput &out, const KMTagBase *tag)
 {
     const RigidBodyData &data = static_cast<const KMTagRigidBody *>(tag)->parameters();
     out.writeId(tag);
-    out.writeI32(data.shape);
-    out.writeI32(data.rigidType);
+    out.writeI32(data.group);
+    out.writeI32(qint32(data.collisionMask));
     for (float RigidBodyData::*number : bodyNumbers)
         out.writeF32(data.*number);
     out.writeBool(data.enabled);
-    out.writeU32(data.collisionMask);
-    out.writeU32(quint32(data.group));
+    out.writeU32(quint32(data.shape));
+    out.writeU32(quint32(data.rigidType));
     writePose(out, data.pose);
 }
 
@@ -149,14 +149,14 @@ void KMDPhysicsTags::readBody(KMDReadContext &context, KMTagBase *tag)
     KMDStream &in = context.in;
     RigidBodyData data;
     const quint64 id = in.readU64();
-    data.shape = readKind(in, KMTagRigidBody::Capsule + 1, *tag);
-    data.rigidType = readKind(in, KMTagRigidBody::PhysFix + 1, *tag);
+    data.group = readKind(in, KMTagRigidBody::GroupCount, *tag);
+    data.collisionMask = quint32(in.readI32());
     for (float RigidBodyData::*number : bodyNumbers)
         data.*number = in.readF32(data.*number);
     scaleLengths(context, data, *tag);
     data.enabled = in.readBool();
-    data.collisionMask = in.readU32();
-    data.group = readKind(in, KMTagRigidBody::GroupCount, *tag);
+    data.shape = readKind(in, KMTagRigidBody::Capsule + 1, *tag);
+    data.rigidType = readKind(in, KMTagRigidBody::PhysFix + 1, *tag);
     data.pose = readPose(context);
     if (!in.ok())
         return;

@@ -7,24 +7,33 @@
 #include "mesh/KMSelectedElements.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace {
 
 using Pair = KMStoredSelection::Pair;
 
-/// What a renumbering leaves of a list, and what it drops. The function answers false for what is gone.
+/// What a renumbering leaves of a list. The function answers false for what is gone; then the whole list is kept
+/// besides, for its order.
 template <class Element, class Renumber>
-QVector<Element> renumbered(const QVector<Element> &elements, QVector<Element> *lost, const Renumber &renumber)
+void renumberList(QVector<Element> &elements, QVector<Element> *lost, const Renumber &renumber)
 {
     QVector<Element> kept;
-    for (const Element &element : elements) {
-        Element moved = element;
-        if (renumber(moved))
-            kept << moved;
-        else
-            *lost << element;
+    for (Element element : std::as_const(elements)) {
+        if (renumber(element))
+            kept << element;
     }
-    return kept;
+    if (kept.size() != elements.size())
+        *lost = elements;
+    elements = kept;
+}
+
+template <class Element>
+void bringBack(QVector<Element> &elements, const QVector<Element> &lost)
+{
+    if (!lost.isEmpty())
+        elements = lost;
 }
 
 QVector<Pair> selectedCorners(const KMMeshNode &mesh)
@@ -40,25 +49,26 @@ QVector<Pair> selectedCorners(const KMMeshNode &mesh)
     return corners;
 }
 
-/// Calls a function for what is in one of two lists only.
-template <class Element, class Switch>
-void switchOver(const QVector<Element> &before, const QVector<Element> &after, const Switch &select)
-{
-    for (const Element &element : before) {
-        if (!after.contains(element))
-            select(element, false);
-    }
-    for (const Element &element : after) {
-        if (!before.contains(element))
-            select(element, true);
-    }
-}
-
 template <class Element>
 QVector<Element> sorted(QVector<Element> elements)
 {
     std::sort(elements.begin(), elements.end());
     return elements;
+}
+
+/// Calls a function for what is in one of two lists only. A file may hold lists in any order.
+template <class Element, class Switch>
+void switchOver(const QVector<Element> &before, const QVector<Element> &after, const Switch &select)
+{
+    const QVector<Element> old = sorted(before);
+    const QVector<Element> wanted = sorted(after);
+    QVector<Element> cleared, set;
+    std::set_difference(old.begin(), old.end(), wanted.begin(), wanted.end(), std::back_inserter(cleared));
+    std::set_difference(wanted.begin(), wanted.end(), old.begin(), old.end(), std::back_inserter(set));
+    for (const Element &element : std::as_const(cleared))
+        select(element, false);
+    for (const Element &element : std::as_const(set))
+        select(element, true);
 }
 
 } // namespace
@@ -92,7 +102,7 @@ KMStoredSelection KMTagSelection::selectionOf(const KMMeshNode &mesh)
 void KMTagSelection::recall(Recall recall) const
 {
     KMMeshNode *target = mesh();
-    if (!target)
+    if (!target || target->isLocked())
         return;
     const KMStoredSelection before = recall == Recall::Replace ? selectionOf(*target) : KMStoredSelection();
     const KMStoredSelection &after = m_selection;
@@ -121,16 +131,18 @@ void KMTagSelection::remapIndices()
         return isThere;
     };
     const auto corner = [&face](Pair &place) { return face(place.first); };
-    m_selection.vertices = renumbered(m_selection.vertices, &lost.vertices, vertex);
-    m_selection.faces = renumbered(m_selection.faces, &lost.faces, face);
-    m_selection.edges = renumbered(m_selection.edges, &lost.edges, edge);
-    m_selection.corners = renumbered(m_selection.corners, &lost.corners, corner);
+    renumberList(m_selection.vertices, &lost.vertices, vertex);
+    renumberList(m_selection.faces, &lost.faces, face);
+    renumberList(m_selection.edges, &lost.edges, edge);
+    renumberList(m_selection.corners, &lost.corners, corner);
     if (store->slotsGained() < 0) {
         m_lost.append(lost);
     } else if (store->slotsGained() > 0 && !m_lost.isEmpty()) {
         const KMStoredSelection found = m_lost.takeLast();
-        m_selection = {sorted(m_selection.vertices + found.vertices), sorted(m_selection.faces + found.faces),
-                       sorted(m_selection.edges + found.edges), sorted(m_selection.corners + found.corners)};
+        bringBack(m_selection.vertices, found.vertices);
+        bringBack(m_selection.faces, found.faces);
+        bringBack(m_selection.edges, found.edges);
+        bringBack(m_selection.corners, found.corners);
     }
 }
 

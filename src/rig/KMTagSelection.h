@@ -48,5 +48,6 @@ public:
 
 private:
     KMStoredSelection m_selection;
-    QVector<KMStoredSelection> m_lost; // of the renumberings that can still be undone, by the indices before them
+    QVector<KMStoredSelection>
+        m_lost; // of the renumberings that can still be undone: lists that went short, as they were
 };

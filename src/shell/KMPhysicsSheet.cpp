@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSplitter>
 #include <QStyledItemDelegate>
@@ -19,6 +20,8 @@
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr char chosenProperty[] = "isChosen"; // of a box: by the user
 
 /// Cells with a list of choices are edited by a box.
 class SheetDelegate : public QStyledItemDelegate
@@ -35,6 +38,7 @@ public:
         box->addItems(choices);
         auto *self = const_cast<SheetDelegate *>(this);
         connect(box, qOverload<int>(&QComboBox::activated), self, [self, box] {
+            box->setProperty(chosenProperty, true);
             emit self->commitData(box);
             emit self->closeEditor(box);
         });
@@ -49,7 +53,12 @@ public:
     }
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override
     {
-        if (auto *box = qobject_cast<QComboBox *>(editor))
+        const auto *box = qobject_cast<QComboBox *>(editor);
+        const auto *line = qobject_cast<QLineEdit *>(editor);
+        // An editor that closes hands its value over also when nothing was entered.
+        if (box ? !box->property(chosenProperty).toBool() : line && !line->isModified())
+            return;
+        if (box)
             model->setData(index, box->currentIndex());
         else
             QStyledItemDelegate::setModelData(editor, model, index);

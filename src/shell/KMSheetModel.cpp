@@ -75,15 +75,16 @@ bool KMSheetModel::setData(const QModelIndex &index, const QVariant &value, int 
 {
     const Column &column = m_columns[index.column()];
     const bool isOfRole = role == Qt::EditRole || role == Qt::CheckStateRole;
-    // An editor that closes hands its value over also when nothing was typed.
-    if (!isOfRole || !column.set || (role == Qt::EditRole && value == column.get(m_tags[index.row()])))
+    if (!isOfRole || !column.set)
         return false;
     const QVariant entered = role == Qt::CheckStateRole ? QVariant(value.toInt() == Qt::Checked) : value;
     QList<KMTagBase *> tags;
     for (const int row : m_reach ? m_reach(index.row()) : QList<int>{index.row()}) {
-        if (isUsed(this->index(row, index.column())))
+        if (isUsed(this->index(row, index.column())) && column.get(m_tags[row]) != entered)
             tags << m_tags[row];
     }
+    if (tags.isEmpty())
+        return false;
     const KMWaitingMacro macro(m_stepText);
     bool isTaken = false;
     for (KMTagBase *tag : std::as_const(tags))

@@ -94,6 +94,8 @@ void kmmainwidget::connectDocks()
     // The tag that is chosen in the tree is the one whose morphs are shown.
     auto *morphs = findChild<kmmorphwidget *>();
     connect(m_nodeDock, &KMDockWidget::onNodeChanged, morphs, &kmmorphwidget::refresh);
+    for (KMTreeDock *dock : {static_cast<KMTreeDock *>(m_nodeDock), static_cast<KMTreeDock *>(m_boneDock)})
+        connect(dock, &KMTreeDock::tagSelectionChanged, findChild<kmsetupwidget *>(), &kmsetupwidget::refreshSheet);
 
     const auto actions = [this](const QList<const char *> &items) {
         QList<QAction *> list;

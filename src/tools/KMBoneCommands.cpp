@@ -271,7 +271,7 @@ KMBoneCommand::Work BoneComMakeRigidBody::plan(KMBoneContainer &container)
 QString BoneComMakeSideJoint::obstacle() const
 {
     const QString missing = KMBoneCommand::obstacle();
-    if (!missing.isEmpty() || selectedBodies(*KMBoneContainer::activeBoneContainer()).size() >= 2)
+    if (!missing.isEmpty() || selectedBodies(*KMBoneContainer::activeBoneContainer()).size() == 2)
         return missing;
     return tr("Two RigidBody Selection not found.");
 }

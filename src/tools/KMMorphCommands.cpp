@@ -11,6 +11,8 @@
 
 #include <QApplication>
 
+#include <algorithm>
+
 namespace {
 
 bool isReplaceWanted(const QString &name)
@@ -25,11 +27,34 @@ bool isReplaceWanted(const QString &name)
     return KMPrompt::current().message(question) == QMessageBox::Yes;
 }
 
-MorphDeltas deltasOf(const KMMeshNode &base, const KMMeshNode &target, bool onlySelected, float ratio)
+QVector<int> usedSlots(const KMMeshNode &mesh)
+{
+    QVector<int> used;
+    for (int i = 0; i < mesh.vertexCount(); ++i) {
+        if (mesh.vertex(i) && !mesh.vertex(i)->faceRefs.isEmpty())
+            used << i;
+    }
+    return used;
+}
+
+/// What leads from the base to the target, for the vertices of the owner, which are those of the base by rank.
+MorphDeltas deltasOf(const KMMeshNode &owner, const KMMeshNode &base, const KMMeshNode &target, bool onlySelected,
+                     float ratio)
 {
     KMMorph morph;
     KMTagMorph::buildDeltas(&morph, base, target, onlySelected, ratio);
-    return morph.deltas();
+    if (&base == &owner)
+        return morph.deltas();
+    const QVector<int> from = usedSlots(base);
+    const QVector<int> to = usedSlots(owner);
+    MorphDeltas deltas;
+    for (MorphDelta delta : morph.deltas()) {
+        const auto rank = std::lower_bound(from.begin(), from.end(), delta.vertex) - from.begin();
+        delta.vertex = to.value(int(rank), -1);
+        if (delta.vertex >= 0)
+            deltas << delta;
+    }
+    return deltas;
 }
 
 } // namespace
@@ -67,8 +92,10 @@ KMMorphCommand::Work MorphComAssignMorph::plan(KMTagMorph &tag, const Morphs &)
         return {};
     m_onlySelected = form.value(QStringLiteral("only-selected")).toBool();
     const KMMeshNode *base = bases.value(form.value(QStringLiteral("base-mesh")).toInt(), tag.mesh());
-    const QString name = form.value(QStringLiteral("morph-name")).toString().trimmed();
-    const MorphDeltas deltas = deltasOf(*base, *source, m_onlySelected, form.value(QStringLiteral("ratio")).toFloat());
+    const QString entered = form.value(QStringLiteral("morph-name")).toString().trimmed();
+    const QString name = entered.isEmpty() ? KMMorph().name() : entered;
+    const float ratio = form.value(QStringLiteral("ratio")).toFloat();
+    const MorphDeltas deltas = deltasOf(*tag.mesh(), *base, *source, m_onlySelected, ratio);
 
     if (KMMorph *present = tag.findMorph(name)) {
         if (!isReplaceWanted(name))
@@ -77,8 +104,7 @@ KMMorphCommand::Work MorphComAssignMorph::plan(KMTagMorph &tag, const Morphs &)
     }
     return [&tag, source, name, deltas] {
         auto *morph = new KMMorph;
-        if (!name.isEmpty())
-            morph->setName(name);
+        morph->setName(name);
         morph->setDeltas(deltas);
         gSolution->push(new addMorphCommand(&tag, morph));
         gSolution->push(new setVisibleCommand(source, false));

@@ -141,5 +141,9 @@ bool KMMorphValueCell::eventFilter(QObject *watched, QEvent *event)
         refresh();
         return true;
     }
+    if (event->type() == QEvent::Wheel && !m_slider->hasFocus()) {
+        event->ignore(); // the list scrolls
+        return true;
+    }
     return QWidget::eventFilter(watched, event);
 }

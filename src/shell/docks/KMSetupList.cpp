@@ -44,6 +44,8 @@ int KMSetupList::placeAt(const QPoint &position) const
 
 void KMSetupList::dragEnterEvent(QDragEnterEvent *event)
 {
+    if (event->source() != this)
+        event->setDropAction(Qt::CopyAction); // the rows stay in the tree that they come from
     event->setAccepted(takes(event));
 }
 
@@ -52,6 +54,8 @@ void KMSetupList::dragMoveEvent(QDragMoveEvent *event)
 {
     if (event->source() == this)
         QListWidget::dragMoveEvent(event);
+    else
+        event->setDropAction(Qt::CopyAction);
     event->setAccepted(takes(event));
 }
 
@@ -60,13 +64,13 @@ void KMSetupList::dropEvent(QDropEvent *event)
     event->setAccepted(takes(event));
     if (!event->isAccepted())
         return;
+    // After a move the view that the rows come from would take them out, wherever they came to stand.
+    event->setDropAction(Qt::CopyAction);
     const int place = placeAt(event->pos());
     if (event->source() != this) {
         emit dropped(event->mimeData(), place);
         return;
     }
-    // After a move the view would take the dragged rows out, wherever they came to stand.
-    event->setDropAction(Qt::CopyAction);
     emit movesWanted(chosenRows(), place);
     setState(NoState);
 }

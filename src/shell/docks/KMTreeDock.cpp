@@ -12,6 +12,7 @@
 #include "shell/docks/KMNodeRowDelegate.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
@@ -30,10 +31,28 @@ int livePlaceOf(const KMContainerNode *node, const KMTagBase *tag)
     return -1;
 }
 
-bool isOfTree(const KMTagBase *tag, const QTreeWidget *tree)
+/// What else is selected shall stay.
+bool isExtending()
 {
-    const QTreeWidgetItem *row = nodeAs<KMContainerNode>(tag->owner())->item();
-    return row && row->treeWidget() == tree;
+    return QApplication::keyboardModifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+QTreeWidget *treeOf(const KMTagBase *tag)
+{
+    const QTreeWidgetItem *row = tag->owner() ? nodeAs<KMContainerNode>(tag->owner())->item() : nullptr;
+    return row ? row->treeWidget() : nullptr;
+}
+
+bool deselectTags(const QTreeWidget *tree)
+{
+    bool isChanged = false;
+    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(tree)) {
+        for (KMTagBase *tag : KMTreeWidget::nodeOf(row)->tags()) {
+            isChanged |= tag->isSelected();
+            tag->setSelected(false);
+        }
+    }
+    return isChanged;
 }
 
 } // namespace
@@ -53,7 +72,8 @@ KMTreeDock::KMTreeDock(const QString &objectName, const QString &title, const QS
     layout->addLayout(m_filterRow);
     createFilterRow();
     setWidget(page);
-    connect(m_delegate, &KMNodeRowDelegate::tagClicked, this, &KMTreeDock::selectTag);
+    connect(m_delegate, &KMNodeRowDelegate::tagClicked, this,
+            [this](KMTagBase *tag) { selectTag(tag, isExtending()); });
     connect(m_delegate, &KMNodeRowDelegate::tagPressed, this, [this](KMTagBase *tag) {
         m_tree->setPressedTag(tag, tag ? KMNodeRowDelegate::tagPicture(tag) : QPixmap());
     });
@@ -132,10 +152,14 @@ void KMTreeDock::prepareTree()
     });
 }
 
-/// The attributes may have shown something else meanwhile.
+/// The attributes may have shown something else meanwhile. The row of a tag becomes current before the tag is clicked.
 void KMTreeDock::showRow(KMNode *node)
 {
-    clearTagSelection();
+    const Qt::MouseButtons held = QApplication::mouseButtons();
+    if (held & Qt::RightButton || (held && isExtending()))
+        gSolution->setCurrentTag(nullptr);
+    else
+        clearTagSelection();
     emit onNodeChanged(node, node ? node->type() : 0);
 }
 
@@ -229,22 +253,37 @@ void KMTreeDock::renameCurrent()
         m_tree->editItem(row, KMTreeWidget::NameColumn);
 }
 
-void KMTreeDock::selectTag(KMTagBase *tag)
+void KMTreeDock::selectTag(KMTagBase *tag, bool extends)
 {
-    clearTagSelection();
-    tag->setSelected(true);
-    gSolution->setCurrentTag(tag);
+    const bool isOn = !extends || !tag->isSelected();
+    if (!extends)
+        clearTagSelection();
+    tag->setSelected(isOn);
+    gSolution->setCurrentTag(isOn ? tag : nullptr);
     m_tree->viewport()->update();
-    emit onNodeChanged(tag, tag->type());
+    KMNode *shown = isOn ? tag : tag->owner();
+    emit onNodeChanged(shown, shown->type());
+    emit tagSelectionChanged();
 }
 
+/// Several may be selected, here or in a table of tags; the current one may be of another panel's tree.
 void KMTreeDock::clearTagSelection()
 {
-    if (KMTagBase *tag = gSolution->currentTag())
+    bool isChanged = false;
+    if (KMTagBase *tag = gSolution->currentTag()) {
+        QTreeWidget *tree = treeOf(tag);
+        isChanged = tree && deselectTags(tree);
         tag->setSelected(false);
+        if (tree)
+            tree->viewport()->update();
+    }
     gSolution->setCurrentTag(nullptr);
-    if (m_tree)
+    if (m_tree) {
+        isChanged |= deselectTags(m_tree);
         m_tree->viewport()->update();
+    }
+    if (isChanged)
+        emit tagSelectionChanged();
 }
 
 void KMTreeDock::showMenu(const QPoint &position)
@@ -257,7 +296,7 @@ void KMTreeDock::showMenu(const QPoint &position)
         if (KMTagBase *tag = KMNodeRowDelegate::tagAt(KMTreeWidget::nodeOf(row), cell, position))
             return showTagMenu(tag, globalPosition);
     }
-    clearTagSelection(); // what the entries of the menu work on are nodes
+    gSolution->setCurrentTag(nullptr); // entries of edits work on nodes; some others take the tags that are selected
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction *action : std::as_const(m_menuActions)) {
@@ -272,7 +311,10 @@ void KMTreeDock::showMenu(const QPoint &position)
 
 void KMTreeDock::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
 {
-    selectTag(tag);
+    if (tag->isSelected())
+        gSolution->setCurrentTag(tag);
+    else
+        selectTag(tag, false);
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addActions(m_tagActions);
@@ -282,7 +324,7 @@ void KMTreeDock::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
 bool KMTreeDock::edit(Edit edit)
 {
     KMTagBase *tag = gSolution->currentTag();
-    if (!tag || !tag->isSelected() || !isOfTree(tag, m_tree))
+    if (!tag || !tag->isSelected() || treeOf(tag) != m_tree)
         return editRows(edit);
     switch (edit) {
     case Edit::Cut:

@@ -40,6 +40,9 @@ public:
     void resetDocument() override;
     void releaseDocument() override; ///< gives the tree back to its owner
 
+signals:
+    void tagSelectionChanged(); ///< by what was clicked in the tree
+
 protected:
     /// Objects are named after the key.
     KMTreeDock(const QString &objectName, const QString &title, const QString &icon, const QString &key,
@@ -65,7 +68,7 @@ private:
     void setUpHeader();
     void releaseTree();
     void showRow(KMNode *node);
-    void selectTag(KMTagBase *tag);
+    void selectTag(KMTagBase *tag, bool extends); ///< besides the others; one that was selected goes out then
     void showMenu(const QPoint &position);
     void showTagMenu(KMTagBase *tag, const QPoint &globalPosition);
     void showHeaderMenu(const QPoint &position);

@@ -213,6 +213,11 @@ void kmsetupwidget::refresh()
     }
     refillGroups();
     refillItems();
+    refreshSheet();
+}
+
+void kmsetupwidget::refreshSheet()
+{
     if (m_sheet)
         m_sheet->refresh();
 }

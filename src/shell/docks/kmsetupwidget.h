@@ -32,6 +32,7 @@ public:
     bool edit(Edit edit) override; ///< of the group or item whose list has the focus
     void commit() override;
     void refresh() override;
+    void refreshSheet(); ///< where it is open
     void resetDocument() override;
 
 private:
