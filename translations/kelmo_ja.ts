@@ -595,6 +595,17 @@
     </message>
 </context>
 <context>
+    <name>KMBoneKeys</name>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 はロックされています</translation>
+    </message>
+    <message>
+        <source>Another bone has the name %1: keys go by names</source>
+        <translation>%1 という名前のボーンがほかにあります。キーは名前で割り当てられます</translation>
+    </message>
+</context>
+<context>
     <name>KMBoneMMDTemplate</name>
     <message>
         <source>root</source>
@@ -5384,6 +5395,14 @@ Trying to Recover Files?</source>
 </context>
 <context>
     <name>KMToolBone</name>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 はロックされています</translation>
+    </message>
+    <message>
+        <source>%1 is hidden</source>
+        <translation>%1 は非表示です</translation>
+    </message>
     <message>
         <source>Make</source>
         <translation>作成</translation>

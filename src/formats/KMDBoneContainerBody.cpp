@@ -80,7 +80,7 @@ void readViewType(KMDStream &in, KMBone *bone)
     if (viewType >= KMBoneShape::Polygon && viewType <= KMBoneShape::Line)
         bone->setViewType(viewType);
     else
-        in.warn(Texts::tr("The bone %1 has the unknown view type %2").arg(bone->name()).arg(viewType));
+        in.warn(Texts::tr("The bone %1 has the unknown view type %2").arg(bone->name(), QString::number(viewType)));
 }
 
 void readLimits(KMDStream &in, KMBone *bone)

@@ -18,6 +18,7 @@ namespace {
 
 constexpr double leastEndRadius = 3.0;  // pixels
 constexpr double shareOfEnds = 1.0 / 3; // of the length on the screen
+constexpr int clipSteps = 24;           // as fine as a float
 
 QPointer<KMBone> hotBone;
 Hit hotHit;
@@ -40,48 +41,73 @@ public:
         : m_bone(bone)
         , m_camera(camera)
         , m_position(position)
-        , m_head(camera.worldToWindow(bone->head()))
-        , m_tail(camera.worldToWindow(bone->tail()))
+        , m_head{bone->head(), camera.worldToWindow(bone->head())}
+        , m_tail{bone->tail(), camera.worldToWindow(bone->tail())}
     {
     }
 
     Hit hit() const
     {
-        if (!isInView(m_head) || !isInView(m_tail))
-            return isInView(m_head) ? endHit(Part::Head, m_bone->head(), m_head, double(m_bone->pickRadius())) : Hit();
-        const double length = QLineF(pointOf(m_head), pointOf(m_tail)).length();
+        const bool hasHead = isInView(m_head.window);
+        const bool hasTail = isInView(m_tail.window);
+        if (!hasHead && !hasTail)
+            return {};
+        // One end may lie behind the eye, while the rest of the bone is drawn.
+        const End from = hasHead ? m_head : lastInView(m_tail, m_head);
+        const End to = hasTail ? m_tail : lastInView(m_head, m_tail);
+        const double length = QLineF(pointOf(from.window), pointOf(to.window)).length();
         const double radius = double(m_bone->pickRadius());
         const bool isShort = !m_bone->isPoint() && m_bone->lengthScale() > 0.0f;
         const double ends = isShort ? qBound(leastEndRadius, length * shareOfEnds, radius) : radius;
-        const Hit head = endHit(Part::Head, m_bone->head(), m_head, ends);
+        const Hit head = hasHead ? endHit(Part::Head, m_head, ends) : Hit();
         if (m_bone->isPoint())
             return head;
-        const Hit tail = endHit(Part::Tail, m_bone->tail(), m_tail, ends);
-        if (head.isHit() || tail.isHit())
+        const Hit tail = hasTail ? endHit(Part::Tail, m_tail, ends) : Hit();
+        if (head.isHit() && tail.isHit())
             return tail.distance < head.distance ? tail : head;
-        return bodyHit(length, radius);
+        if (head.isHit() || tail.isHit())
+            return head.isHit() ? head : tail;
+        return bodyHit(from, to, radius);
     }
 
 private:
-    Hit endHit(Part part, const kvm::Vector3 &point, const kvm::Vector3 &window, double radius) const
+    struct End
     {
-        const double away = QLineF(pointOf(window), m_position).length();
-        return away <= radius ? Hit{m_bone, part, point, float(away)} : Hit();
+        kvm::Vector3 point;
+        kvm::Vector3 window;
+    };
+
+    End lastInView(End seen, End hidden) const
+    {
+        for (int i = 0; i < clipSteps; ++i) {
+            const kvm::Vector3 middle = (seen.point + hidden.point) * 0.5f;
+            const End half{middle, m_camera.worldToWindow(middle)};
+            (isInView(half.window) ? seen : hidden) = half;
+        }
+        return seen;
     }
 
-    Hit bodyHit(double length, double radius) const
+    Hit endHit(Part part, const End &end, double radius) const
     {
-        if (length <= 0.0)
+        const double away = QLineF(pointOf(end.window), m_position).length();
+        return away <= radius ? Hit{m_bone, part, end.point, float(away)} : Hit();
+    }
+
+    Hit bodyHit(const End &from, const End &to, double radius) const
+    {
+        const QPointF start = pointOf(from.window);
+        const QPointF along = pointOf(to.window) - start;
+        const double square = QPointF::dotProduct(along, along);
+        if (!(square > 0.0))
             return {};
-        const QPointF along = pointOf(m_tail) - pointOf(m_head);
-        const double share =
-            qBound(0.0, QPointF::dotProduct(m_position - pointOf(m_head), along) / (length * length), 1.0);
-        const double away = QLineF(pointOf(m_head) + along * share, m_position).length();
+        const double share = qBound(0.0, QPointF::dotProduct(m_position - start, along) / square, 1.0);
+        const QPointF place = start + along * share;
+        const double away = QLineF(place, m_position).length();
         if (away > radius)
             return {};
         // Depths don't run evenly along it.
-        const KMPickRay ray(m_camera, pointOf(m_head) + along * share);
-        const double depths[] = {ray.depthOf(m_bone->head()), ray.depthOf(m_bone->tail())};
+        const KMPickRay ray(m_camera, place);
+        const double depths[] = {ray.depthOf(from.point), ray.depthOf(to.point)};
         const double weights[] = {1.0 - share, share};
         return {m_bone, Part::Body, ray.pointAt(ray.depthBetween(depths, weights, 2)), float(away)};
     }
@@ -89,8 +115,8 @@ private:
     KMBone *m_bone;
     const KMCameraNode &m_camera;
     QPointF m_position;
-    kvm::Vector3 m_head; // in the window
-    kvm::Vector3 m_tail;
+    End m_head;
+    End m_tail;
 };
 
 /// Ends before bodies; then the nearest, and of the ends that share a joint the head.

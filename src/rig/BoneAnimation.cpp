@@ -6,6 +6,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMTagConstraint.h"
+#include "rig/UnitRotation.h"
 
 #include <algorithm>
 
@@ -160,7 +161,7 @@ void BoneAnimation::applyFrame(quint32 frame)
             continue;
         const KMBoneKey key = track->keyAt(frame);
         PoseTransform pose;
-        pose.rotation = key.rotation;
+        pose.rotation = unitRotation(key.rotation);
         // At the top of the hierarchy an offset holds whether the bone is movable or not.
         if (track->bone->isMovable() || !track->bone->parentBone())
             pose.offset = key.position;

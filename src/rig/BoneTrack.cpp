@@ -1,12 +1,14 @@
 #include "rig/BoneTrack.h"
 
+#include "rig/UnitRotation.h"
+
 namespace {
 
 kvm::Quaternion between(const kvm::Quaternion &p, const kvm::Quaternion &n, float s)
 {
     // Of the two ways round the shorter one.
     const kvm::Quaternion q = dot(p, n) >= 0.0f ? p + (n + -p) * s : p + (n + p) * -s;
-    return q.length() > 0.0f ? q.normalized() : kvm::Quaternion();
+    return unitRotation(q);
 }
 
 KMBoneKey between(const KMBoneKey &p, const KMBoneKey &n, quint32 frame)

@@ -51,6 +51,7 @@ KMBoneMasksCommand::KMBoneMasksCommand(KMBoneContainer *container, const QList<K
     : KMUndoCommand(selectBoneCommand::tr("Select Bone"), container)
     , m_container(container)
     , m_after(mask)
+    , m_currentBefore(gSolution->currentBone())
 {
     for (KMBone *bone : bones)
         m_before.append({bone, bone->selectMask()});
@@ -61,6 +62,13 @@ void KMBoneMasksCommand::apply(Direction direction)
     for (const auto &entry : std::as_const(m_before))
         entry.first->storeSelectMask(direction == Direction::Redo ? m_after : entry.second);
     m_container->tree()->showMasks();
+    const auto *current = m_currentBefore ? nodeAs<KMBone>(m_currentBefore) : nullptr;
+    if (!current || current->container() != m_container)
+        return;
+    if (direction == Direction::Undo)
+        gSolution->setCurrentBone(m_currentBefore);
+    else if (!current->selectMask())
+        gSolution->setCurrentBone(nullptr);
 }
 
 selectAllBoneCommand::selectAllBoneCommand(KMBoneContainer *container, bool selected)

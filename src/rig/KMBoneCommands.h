@@ -40,7 +40,8 @@ private:
     class KMNode *m_currentBefore;
 };
 
-/// Sets what is selected of several bones at once. Subclasses say of which.
+/// Sets what is selected of several bones at once. Subclasses say of which. The current bone is none any more when
+/// nothing of it stays selected.
 class KMBoneMasksCommand : public KMUndoCommand
 {
 protected:
@@ -52,6 +53,7 @@ private:
     KMBoneContainer *m_container;
     QVector<QPair<KMBone *, int>> m_before;
     int m_after;
+    class KMNode *m_currentBefore;
 };
 
 /// Selects heads and tails of all bones, or none.

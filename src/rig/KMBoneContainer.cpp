@@ -258,6 +258,7 @@ KMBoneContainer *KMBoneContainer::clone() const
         copy->attachBone(placed.copy, placed.parentCopy);
     copy->rebuildOrder();
     m_animation->copyTo(*copy->m_animation);
+    copy->requestFrame();
     return copy;
 }
 

@@ -51,8 +51,11 @@ QString mirroredName(const QString &name);
 KMBone *pushNewBone(KMBoneContainer *container);
 /// One macro: a new bone in the active container, or else in the first one that isn't locked, or in a new one.
 KMBone *createBone();
-/// The active container, or else the first one that isn't locked, or a new one.
+/// The active container, or else the one at hand, or a new one.
 KMBoneContainer *containerForNew();
+/// The active container, or else the first one that isn't locked; hidden ones don't count. Null without.
+KMBoneContainer *containerAtHand();
+KMBoneContainer *addContainer(); ///< a new one in the scene
 /// A new bone between two places as the views show them, under a parent, null for the top. It becomes the selected one.
 KMBone *pushDrawnBone(KMBoneContainer *container, KMBone *parent, const kvm::Vector3 &head, const kvm::Vector3 &tail,
                       bool isFloating);

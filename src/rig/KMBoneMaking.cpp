@@ -39,18 +39,6 @@ void pushAdd(KMBoneContainer *container, KMBone *bone, KMBone *parent, int posit
     pushAdd(container, names, bone, parent, position);
 }
 
-/// Null when there is none that may be edited.
-KMBoneContainer *containerAtHand()
-{
-    if (KMBoneContainer *active = KMBoneContainer::activeBoneContainer())
-        return active;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer && !ctrl->isLocked())
-            return static_cast<KMBoneContainer *>(ctrl);
-    }
-    return nullptr;
-}
-
 QString mirroredNameFor(const KMBone *bone, KMBoneNames &names)
 {
     const QString name = mirroredName(bone->name());
@@ -93,14 +81,31 @@ KMBone *createBone()
     return pushNewBone(containerForNew());
 }
 
+KMBoneContainer *containerAtHand()
+{
+    KMBoneContainer *active = KMBoneContainer::activeBoneContainer();
+    if (active && active->isVisible())
+        return active;
+    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
+        if (ctrl->type() == KMNodeType::BoneContainer && !ctrl->isLocked() && ctrl->isVisible())
+            return static_cast<KMBoneContainer *>(ctrl);
+    }
+    return nullptr;
+}
+
+KMBoneContainer *addContainer()
+{
+    auto *container = new KMBoneContainer;
+    gProject->addToScene(container);
+    return container;
+}
+
 KMBoneContainer *containerForNew()
 {
+    if (KMBoneContainer *active = KMBoneContainer::activeBoneContainer())
+        return active; // hidden or not: the panel shows its bones
     KMBoneContainer *container = containerAtHand();
-    if (!container) {
-        container = new KMBoneContainer;
-        gProject->addToScene(container);
-    }
-    return container;
+    return container ? container : addContainer();
 }
 
 KMBone *pushDrawnBone(KMBoneContainer *container, KMBone *parent, const kvm::Vector3 &head, const kvm::Vector3 &tail,

@@ -176,6 +176,9 @@ void moveBoneToOtherContainerCommand::apply(Direction direction)
     move(direction == Direction::Redo ? m_after : m_before);
     followRows(m_before.container, direction, m_relinkedBefore);
     followRows(m_after.container, direction, m_relinkedAfter);
+    // The keys stay behind, and a pose without its key isn't kept.
+    for (KMBoneContainer *container : {m_before.container, m_after.container})
+        container->requestFrame();
 }
 
 addTagBoneContainerCommand::addTagBoneContainerCommand(KMBone *bone, KMTagBase *tag, int index, Name name)

@@ -6,7 +6,9 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 using kvm::Quaternion;
 using kvm::Vector3;
@@ -15,6 +17,12 @@ namespace {
 
 constexpr float attachedShare = 1e-3f; // of a length: files round
 constexpr float rigidShare = 1e-6f;
+constexpr float sideShare = 1e-3f; // a side that is nearer by less than that doesn't lead before the front one
+
+Vector3 tailAtRest(const KMBoneRest &rest, const KMBone &bone)
+{
+    return bone.isPoint() ? rest.head : rest.tail();
+}
 
 } // namespace
 
@@ -46,15 +54,41 @@ KMJointMove::KMJointMove(KMBoneContainer *container, const QVector<Grabbed> &gra
         KMBoneEdit::pairForEdits(container, options.tolerance);
         pair(bones, anchor, options.tolerance);
     }
+    m_movedAt.fill(-1, bones.size());
+    QVector<bool> isSeen(bones.size());
     for (int i = 0; i < bones.size(); ++i) {
-        const Point &head = m_points[pointOf(i, Head)];
-        const Point &tail = m_points[pointOf(i, Tail)];
-        if (bones[i]->isLocked() || !(head.moves() || tail.moves()))
+        order(i, isSeen);
+        const bool moves = m_points[pointOf(i, Head)].moves() || m_points[pointOf(i, Tail)].moves();
+        if (bones[i]->isLocked() || !moves)
             continue;
-        const KMBone *parent = bones[i]->parentBone();
-        m_bones.append({bones[i], i, parent ? parent->boneIndex() : -1, bones[i]->rest(),
-                        bones[i]->solvedPose().rotation, head.leader >= 0 || tail.leader >= 0});
+        m_movedAt[i] = m_bones.size();
+        m_bones.append({bones[i], i, bones[i]->rest(), bones[i]->solvedPose().rotation});
     }
+}
+
+void KMJointMove::order(int place, QVector<bool> &isSeen)
+{
+    if (place < 0 || isSeen[place])
+        return;
+    isSeen[place] = true;
+    order(parentOf(place), isSeen);
+    order(leaderOf(place, Head), isSeen);
+    order(leaderOf(place, Tail), isSeen);
+    m_order << place;
+}
+
+int KMJointMove::parentOf(int place) const
+{
+    const KMBone *parent = m_container->bones().at(place)->parentBone();
+    return parent ? parent->boneIndex() : -1;
+}
+
+/// An end that stays where it is shown may have to move at rest for that, as it does on the other side.
+int KMJointMove::leaderOf(int place, End end) const
+{
+    const Point &point = m_points[pointOf(place, end)];
+    const int leader = point.moves() ? point.leader : m_points[pointOf(place, end == Head ? Tail : Head)].leader;
+    return leader < 0 ? -1 : leader / 2;
 }
 
 void KMJointMove::grab(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed)
@@ -109,21 +143,37 @@ void KMJointMove::carryChildren(const QList<KMBone *> &bones)
     }
 }
 
+/// Whether what is grabbed is held by the side behind the plane: that of the grabbed ends next to the anchor.
+bool KMJointMove::isAnchorBehind(const QList<KMBone *> &bones, const Vector3 &anchor) const
+{
+    float nearest[2] = {std::numeric_limits<float>::max(), std::numeric_limits<float>::max()};
+    for (int i = 0; i < m_points.size(); ++i) {
+        if (!m_points[i].isGrabbed)
+            continue;
+        const KMBone *bone = bones[i / 2];
+        const float side = m_plane.distance(i % 2 == Head ? bone->restHead() : bone->restTail());
+        float &least = nearest[side < 0.0f];
+        least = std::min(least, (m_points[i].start - anchor).length());
+    }
+    return nearest[1] < nearest[0] * (1.0f - sideShare);
+}
+
+/// What lies where is asked at rest: a pose needn't be symmetric.
 void KMJointMove::pair(const QList<KMBone *> &bones, const Vector3 &anchor, float tolerance)
 {
-    const bool isAnchorBehind = m_plane.distance(anchor) < 0.0f;
+    const bool isLeaderBehind = isAnchorBehind(bones, anchor);
     for (int i = 0; i < bones.size(); ++i) {
         for (const End end : {Head, Tail}) {
             Point &point = m_points[pointOf(i, end)];
             if (!point.moves() || point.leader >= 0)
                 continue;
-            point.isOnPlane = std::abs(m_plane.distance(point.start)) < tolerance;
+            const float distance = m_plane.distance(end == Head ? bones[i]->restHead() : bones[i]->restTail());
+            point.isOnPlane = std::abs(distance) < tolerance;
             const KMBone *partner = bones[i]->mirrorBone();
             if (!partner || partner == bones[i])
                 continue;
             Point &image = m_points[pointOf(partner->boneIndex(), end)];
-            const bool isBehind = m_plane.distance(point.start) < 0.0f;
-            if (!image.moves() || isBehind == isAnchorBehind)
+            if (!image.moves() || (distance < 0.0f) == isLeaderBehind)
                 image.leader = pointOf(i, end);
         }
     }
@@ -146,12 +196,6 @@ void KMJointMove::place(const Motion &motion)
             const Vector3 &joint = m_points[point.carrier].start;
             point.now = point.start + (motion.map(joint) - joint);
         }
-        if (point.isOnPlane)
-            point.now = point.now - m_plane.normal() * m_plane.distance(point.now);
-    }
-    for (Point &point : m_points) {
-        if (point.leader >= 0)
-            point.now = m_plane.reflected(m_points[point.leader].now);
     }
 }
 
@@ -161,50 +205,95 @@ Quaternion KMJointMove::reflectedTurn(const Quaternion &turn) const
     return {turn.w, axis.x, axis.y, axis.z};
 }
 
-KMBoneRest KMJointMove::restOf(const Moved &moved, const Motion &motion) const
+/// A bone hangs on its parent, so it is shown where that takes it.
+Vector3 KMJointMove::shownWay(int place, const Vector3 &atRest, const QVector<Way> &ways) const
+{
+    const int parent = parentOf(place);
+    if (parent < 0)
+        return atRest;
+    const Quaternion pose = m_container->bones().at(parent)->solvedPose().rotation;
+    return ways[parent].shown + pose.rotate(atRest - ways[parent].head);
+}
+
+Vector3 KMJointMove::headOf(const Moved &moved, const QVector<Way> &ways) const
+{
+    const Point &point = m_points[pointOf(moved.place, Head)];
+    const int leader = leaderOf(moved.place, Head);
+    if (leader >= 0)
+        return moved.before.head + m_plane.reflectedWay(ways[leader].head);
+    Vector3 way = point.now - point.start;
+    const int parent = parentOf(moved.place);
+    if (parent >= 0) {
+        // What the parent's own move does to it doesn't have to be done again.
+        const Quaternion pose = m_container->bones().at(parent)->solvedPose().rotation;
+        way = pose.conjugate().rotate(way - ways[parent].shown) + ways[parent].head;
+    }
+    const Vector3 head = moved.before.head + way;
+    return point.isOnPlane ? head - m_plane.normal() * m_plane.distance(head) : head;
+}
+
+Vector3 KMJointMove::tailOf(const Moved &moved, const Vector3 &head, const QVector<Way> &ways) const
+{
+    const Point &point = m_points[pointOf(moved.place, Tail)];
+    const int leader = leaderOf(moved.place, Tail);
+    if (leader >= 0)
+        return moved.before.tail() + m_plane.reflectedWay(ways[leader].tail);
+    const Point &start = m_points[pointOf(moved.place, Head)];
+    const Vector3 shownHead = start.start + shownWay(moved.place, head - moved.before.head, ways);
+    const Vector3 change = (point.now - shownHead) - (point.start - start.start);
+    const Vector3 tail = head + (moved.before.tail() - moved.before.head) + moved.pose.conjugate().rotate(change);
+    return point.isOnPlane ? tail - m_plane.normal() * m_plane.distance(tail) : tail;
+}
+
+KMBoneRest KMJointMove::restOf(const Moved &moved, const Motion &motion, const QVector<Way> &ways) const
 {
     const Point &head = m_points[pointOf(moved.place, Head)];
     const Point &tail = m_points[pointOf(moved.place, Tail)];
     KMBoneRest rest = moved.before;
-    Vector3 way = head.now - head.start;
-    if (moved.parent >= 0) {
-        // What the parent's own move does to it doesn't have to be done again. The order is that of the list, so the
-        // parent stands already.
-        const KMBone &parent = *m_container->bones().at(moved.parent);
-        const Point &parentHead = m_points[pointOf(moved.parent, Head)];
-        way = parent.solvedPose().rotation.conjugate().rotate(way - (parentHead.now - parentHead.start));
-        for (const Moved &other : m_bones) {
-            if (other.place == moved.parent)
-                way += parent.restHead() - other.before.head;
-        }
-    }
-    rest.head += way;
-    const Vector3 before = tail.start - head.start;
-    const Vector3 after = tail.now - head.now;
-    const bool isTurned = motion.isRigid && head.moves() && tail.moves();
-    if (isTurned && !head.isOnPlane && !tail.isOnPlane) {
-        const Quaternion turn = moved.isMirrored ? reflectedTurn(motion.turn) : motion.turn;
-        rest.rotation = (moved.pose.conjugate() * turn * moved.pose * rest.rotation).normalized();
+    rest.head = headOf(moved, ways);
+    const bool isTurned = motion.isRigid && head.moves() && tail.moves() && !head.isOnPlane && !tail.isOnPlane;
+    if (isTurned && head.leader >= 0 && tail.leader >= 0) {
+        rest.rotation = (reflectedTurn(ways[head.leader / 2].turn) * rest.rotation).normalized();
         return rest;
     }
-    if (moved.bone->isPoint() || (after - before).length() <= rigidShare * before.length())
+    if (isTurned && head.leader < 0 && tail.leader < 0) {
+        rest.rotation = (moved.pose.conjugate() * motion.turn * moved.pose * rest.rotation).normalized();
         return rest;
-    return restBone(rest.head, rest.head + moved.pose.conjugate().rotate(after), rest);
+    }
+    if (moved.bone->isPoint())
+        return rest;
+    const Vector3 end = tailOf(moved, rest.head, ways);
+    const Vector3 before = moved.before.tail() - moved.before.head;
+    const bool isSame = (end - rest.head - before).length() <= rigidShare * (before.length() + rest.head.length());
+    return isSame ? rest : restBone(rest.head, end, rest);
 }
 
+/// The partners do at rest what their leaders do there: as they are shown, the two needn't be images.
 void KMJointMove::apply(const Motion &motion)
 {
-    if (isEmpty())
+    if (isEmpty() || !m_container)
         return;
     place(motion);
-    for (const Moved &moved : std::as_const(m_bones))
-        moved.bone->setRest(restOf(moved, motion));
+    QVector<Way> ways(m_order.size());
+    for (const int place : std::as_const(m_order)) {
+        Way way;
+        if (m_movedAt[place] >= 0) {
+            const Moved &moved = m_bones.at(m_movedAt[place]);
+            const KMBoneRest rest = restOf(moved, motion, ways);
+            way.head = rest.head - moved.before.head;
+            way.tail = tailAtRest(rest, *moved.bone) - tailAtRest(moved.before, *moved.bone);
+            way.turn = rest.rotation * moved.before.rotation.conjugate();
+            moved.bone->setRest(rest);
+        }
+        way.shown = shownWay(place, way.head, ways);
+        ways[place] = way;
+    }
     m_container->refreshAfterEdit();
 }
 
 void KMJointMove::restore()
 {
-    if (isEmpty())
+    if (isEmpty() || !m_container)
         return;
     for (const Moved &moved : std::as_const(m_bones))
         moved.bone->setRest(moved.before);
@@ -213,6 +302,8 @@ void KMJointMove::restore()
 
 void KMJointMove::pushCommands()
 {
+    if (!m_container)
+        return;
     for (const Moved &moved : std::as_const(m_bones)) {
         const KMBoneRest after = moved.bone->rest();
         if (after != moved.before)

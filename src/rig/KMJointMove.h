@@ -4,6 +4,7 @@
 #include "mesh/KMSymmetryPlane.h"
 #include "rig/KMRestBone.h"
 
+#include <QPointer>
 #include <QVector>
 
 #include <functional>
@@ -66,11 +67,17 @@ private:
     struct Moved
     {
         KMBone *bone;
-        int place;  // in the container's list
-        int parent; // the same of its parent, -1 without
+        int place; // in the container's list
         KMBoneRest before;
-        kvm::Quaternion pose;    // of the world, as shown
-        bool isMirrored = false; // it does what its partner does
+        kvm::Quaternion pose; // of the world, as shown
+    };
+    /// What became of a bone.
+    struct Way
+    {
+        kvm::Vector3 shown; // of the head
+        kvm::Vector3 head;  // at rest, as the others
+        kvm::Vector3 tail;
+        kvm::Quaternion turn;
     };
 
     static int pointOf(int place, End end) { return 2 * place + end; }
@@ -78,13 +85,22 @@ private:
     void closeJoints(const QList<KMBone *> &bones);
     void carryChildren(const QList<KMBone *> &bones);
     void pair(const QList<KMBone *> &bones, const kvm::Vector3 &anchor, float tolerance);
+    bool isAnchorBehind(const QList<KMBone *> &bones, const kvm::Vector3 &anchor) const;
+    void order(int place, QVector<bool> &isSeen);
     void place(const Motion &motion);
-    KMBoneRest restOf(const Moved &moved, const Motion &motion) const;
+    int parentOf(int place) const;          // -1 without
+    int leaderOf(int place, End end) const; // the bone whose end it goes by, or -1
+    kvm::Vector3 shownWay(int place, const kvm::Vector3 &atRest, const QVector<Way> &ways) const;
+    kvm::Vector3 headOf(const Moved &moved, const QVector<Way> &ways) const;
+    kvm::Vector3 tailOf(const Moved &moved, const kvm::Vector3 &head, const QVector<Way> &ways) const;
+    KMBoneRest restOf(const Moved &moved, const Motion &motion, const QVector<Way> &ways) const;
     kvm::Quaternion reflectedTurn(const kvm::Quaternion &turn) const;
     bool isGrabbed(int place, End end) const { return m_points[pointOf(place, end)].isGrabbed; }
 
-    KMBoneContainer *m_container = nullptr;
+    QPointer<KMBoneContainer> m_container; // the bones go with it, as a new document has it
     KMSymmetryPlane m_plane{kvm::Vector3(), kvm::Vector3(1.0f, 0.0f, 0.0f)};
     QVector<Point> m_points; // two for each bone of the container
-    QVector<Moved> m_bones;  // those that can change, parents first
+    QVector<Moved> m_bones;  // those that can change
+    QVector<int> m_movedAt;  // for each bone of the container the place among these, or -1
+    QVector<int> m_order;    // all bones, parents and leaders before those that go by them
 };

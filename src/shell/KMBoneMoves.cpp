@@ -3,10 +3,12 @@
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
 #include "rig/KMBone.h"
-#include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
+#include "rig/KMBoneSelectionCommand.h"
 #include "rig/KMBoneTreeCommands.h"
+
+#include <QSet>
 
 #include <algorithm>
 
@@ -99,18 +101,16 @@ void KMBoneMoves::moveToRig(KMBoneContainer *from, KMBoneContainer *to)
 
 void KMBoneMoves::select(KMBoneContainer *rig, const QList<KMBone *> &bones)
 {
-    QList<KMUndoCommand *> steps;
+    const QSet<KMBone *> wanted(bones.begin(), bones.end());
     KMBone *current = bones.isEmpty() ? nullptr : bones.last();
+    QVector<selectBonesCommand::Mask> masks;
     for (KMBone *bone : rig->bones()) {
-        const bool isWanted = bones.contains(bone);
+        const bool isWanted = wanted.contains(bone);
         if (bone != current && isWanted != (bone->selectMask() != 0))
-            steps << new selectBoneCommand(bone, isWanted ? KMBone::BothSelected : 0);
+            masks.append({bone, isWanted ? KMBone::BothSelected : 0});
     }
     if (current && (!current->selectMask() || gSolution->currentBone() != current))
-        steps << new selectBoneCommand(current, KMBone::BothSelected);
-    if (steps.isEmpty())
-        return;
-    const KMUndoMacro macro(selectBoneCommand::tr("Select Bone"));
-    for (KMUndoCommand *step : std::as_const(steps))
-        gSolution->push(step);
+        masks.append({current, KMBone::BothSelected});
+    if (!masks.isEmpty())
+        gSolution->push(new selectBonesCommand(rig, masks));
 }

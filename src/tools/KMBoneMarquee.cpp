@@ -4,8 +4,8 @@
 #include "core/KMUndoMacro.h"
 #include "render/KMCameraNode.h"
 #include "rig/KMBone.h"
-#include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneSelectionCommand.h"
 #include "tools/KMBoneTargets.h"
 
 #include <algorithm>
@@ -73,10 +73,14 @@ void KMBoneMarquee::commit(const QString &text)
 {
     show(true);
     if (hasTouched() || m_mode != Mode::Replace) {
-        const KMUndoMacro macro(text);
+        QVector<selectBonesCommand::Mask> masks;
         for (const Entry &entry : std::as_const(m_bones)) {
             if (entry.bone && wanted(entry) != entry.before)
-                gSolution->push(new selectBoneCommand(entry.bone, wanted(entry)));
+                masks.append({entry.bone, wanted(entry)});
+        }
+        if (!masks.isEmpty()) {
+            const KMUndoMacro macro(text);
+            gSolution->push(new selectBonesCommand(masks.first().bone->container(), masks));
         }
     }
     m_bones.clear();

@@ -29,9 +29,8 @@ void unselectAll();
 /// Selects it with all below it, or takes them out of the selection, as one step.
 void selectBranch(KMBone *bone, bool on);
 
-/// Deletes the selected bones of the rig, or one; with symmetry on also the partners. One step. False where there is
-/// none.
-bool deleteSelected();
+bool deleteSelected(); ///< the selected bones of the rig, as one step; false where there is none
+/// Deletes a bone, with symmetry on also its partner, as one step.
 void deleteBone(KMBone *bone, float mirrorTolerance);
 
 } // namespace KMBoneTargets

@@ -1,5 +1,6 @@
 #include "tools/KMPoseDrag.h"
 
+#include "core/KMCommand.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
@@ -7,6 +8,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneKeyCommands.h"
+#include "rig/KMBoneKeys.h"
 
 #include <QCoreApplication>
 
@@ -36,6 +38,12 @@ bool KMPoseDrag::begin(const Grab &grab)
     if (!m_bone || kind == KMDragTransform::Kind::Scale
         || (kind == KMDragTransform::Kind::Move && !m_bone->isMovable()))
         return false;
+    const QString fault = KMBoneKeys::fault(*m_bone);
+    if (!fault.isEmpty()) {
+        gSolution->showMessage(fault, KMCommand::MessageLevel);
+        m_bone = nullptr;
+        return false;
+    }
     m_start = m_bone->keyPose();
     m_world = m_bone->solvedPose().rotation;
     m_parent = m_bone->parentBone() ? m_bone->parentBone()->solvedPose().rotation : kvm::Quaternion();
@@ -66,11 +74,7 @@ void KMPoseDrag::commit()
 {
     if (!m_bone)
         return;
-    KMBoneKey key;
-    key.name = m_bone->name();
-    key.frameno = quint32(gProject->currentFrame());
-    key.position = m_bone->keyPose().offset;
-    key.rotation = m_bone->keyPose().rotation;
+    const KMBoneKey key = KMBoneKeys::ofPose(*m_bone, quint32(gProject->currentFrame()));
     const KMUndoMacro macro(QCoreApplication::translate("KMToolAnimation", "Edit Bonekey"));
     gSolution->push(new addBoneKeyCommand(m_bone->container(), key));
 }

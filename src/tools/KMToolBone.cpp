@@ -1,6 +1,8 @@
 #include "tools/KMToolBone.h"
 
+#include "core/KMCommand.h"
 #include "core/KMNodePropertyCommands.h"
+#include "core/KMNodeType.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
@@ -35,6 +37,20 @@ void addBody(const KMBoneRest &rest, QVector<Vector3> &points, QVector<KMToolMes
         points << rest.head + rest.rotation.rotate(vertex) * rest.lengthScale;
     for (const auto &line : bodyLines)
         lines << KMToolMesh::Line(first + line[0], first + line[1]);
+}
+
+/// Says so when the rig that is current can't take a bone.
+bool isRefused()
+{
+    KMNode *node = gSolution->currentNode();
+    if (!node || node->type() != KMNodeType::BoneContainer)
+        return false;
+    const auto *rig = nodeAs<KMBoneContainer>(node);
+    if (!rig->isLocked() && rig->isVisible())
+        return false;
+    const QString fault = rig->isLocked() ? KMToolBone::tr("%1 is locked") : KMToolBone::tr("%1 is hidden");
+    gSolution->showMessage(fault.arg(rig->name()), KMCommand::MessageLevel);
+    return true;
 }
 
 /// A rig that is still to be made stands at the origin.
@@ -149,7 +165,8 @@ bool KMToolBone::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     if (m_pressed.isHit()) {
         pressBone(m_pressed, *event);
     } else if (mode() == Make) {
-        beginMaking({});
+        if (!isRefused())
+            beginMaking({});
     } else {
         m_marquee.begin(KMMeshSelect::marqueeMode(event->modifiers()));
         begin(Gesture::Area);
@@ -181,7 +198,7 @@ void KMToolBone::beginMaking(const KMBonePicker::Hit &hit)
         m_drawn.isFloating = hit.part == KMBonePicker::Part::Head && !isJoint && !hit.bone->isPoint();
         m_drawn.head = hit.point;
     } else {
-        m_drawn.container = KMBoneTargets::container();
+        m_drawn.container = KMBoneEdit::containerAtHand();
         m_drawn.head = KMBonePlace::at(camera, m_pressPos, depthPoint(camera), m_options.place).point;
         onPlane(m_drawn.head);
     }
@@ -323,7 +340,7 @@ void KMToolBone::makeBone()
         return;
     const KMUndoMacro macro(KMBone::tr("Add Bone"));
     const bool mirrors = isMirrored(); // by the rig as it is now
-    KMBoneContainer *container = m_drawn.container ? m_drawn.container.data() : KMBoneEdit::containerForNew();
+    KMBoneContainer *container = m_drawn.container ? m_drawn.container.data() : KMBoneEdit::addContainer();
     if (mirrors)
         KMBoneEdit::pairForEdits(container, m_mirrorTolerance);
     KMBone *bone = KMBoneEdit::pushDrawnBone(container, m_drawn.parent, m_drawn.head, m_drawn.tail, m_drawn.isFloating);

@@ -53,7 +53,7 @@ private:
     /// The bone that a drag in the mode Make draws.
     struct Drawn
     {
-        QPointer<KMBoneContainer> container; ///< null: the one for new bones
+        QPointer<KMBoneContainer> container; ///< null: a new one
         KMBone *parent = nullptr;
         bool isFloating = true;
         kvm::Vector3 head;

@@ -64,12 +64,15 @@ private slots:
     void randomInterpolation();
     void shorterWay();
     void outsideOfTheKeys();
+    void damagedRotations();
+    void posesFollowTheKeys();
     void frameDrivesTheBones();
     void keyEditsMoveThePose();
     void renamedBoneLosesItsTrack();
     void restoredBoneIsPosedByTheFrame();
     void offsetsFollowTheParent();
     void firstBoneOfANameIsLinked();
+    void tracksWithoutBones();
     void importedMotionSurvivesUndo();
     void importedKeysSurviveUndo();
 };
@@ -168,6 +171,45 @@ void tst_BoneAnimation::outsideOfTheKeys()
     track.keys[9] = keyOf(QStringLiteral("b"), 9, {2, 0, 0});
     QVERIFY(track.keyAt(0) == track.keys[5]);
     QVERIFY(track.keyAt(4000000000u) == track.keys[9]);
+}
+
+/// Whatever length a stored rotation has, bones and skin turn and stay as large as they are.
+void tst_BoneAnimation::damagedRotations()
+{
+    RigScene scene;
+    KMBone *arm = scene.addBone(QStringLiteral("arm"), nullptr, {}, {0, 10, 0});
+    const KMBone *hand = scene.addBone(QStringLiteral("hand"), arm, {0, 10, 0}, {0, 20, 0});
+    const kvm::Quaternion turn = aboutZ(90) * 15.0f;
+    BoneAnimation *animation = scene.rig->animation();
+    animation->setKey(keyOf(arm->name(), 0, {}, {0, 0, 0, 0}));
+    animation->setKey(keyOf(arm->name(), 10, {}, turn));
+    animation->applyFrame(0);
+    QCOMPARE(hand->tail(), kvm::Vector3(0, 20, 0));
+    for (const quint32 frame : {10u, 99u}) {
+        animation->applyFrame(frame);
+        QVERIFY((hand->tail() - kvm::Vector3(-20, 0, 0)).length() < 1e-4f);
+        QVERIFY((hand->skinMatrix() * kvm::Vector3(0, 20, 0) - kvm::Vector3(-20, 0, 0)).length() < 1e-4f);
+    }
+    QVERIFY(animation->key(arm->name(), 10)->rotation == turn);
+}
+
+/// A bone in another rig has lost its keys, and a copied rig has got them: both are shown so at once.
+void tst_BoneAnimation::posesFollowTheKeys()
+{
+    RigScene scene;
+    KMBone *arm = scene.addBone(QStringLiteral("arm"), nullptr, {}, {0, 10, 0});
+    const auto isPosed = [](const KMBone *bone) { return (bone->tail() - kvm::Vector3(-10, 0, 0)).length() < 1e-4f; };
+    gSolution->push(new addBoneKeyCommand(scene.rig, keyOf(arm->name(), 0, {}, aboutZ(90))));
+    QVERIFY(isPosed(arm));
+    KMBoneContainer *copy = scene.rig->clone();
+    gProject->addToScene(copy);
+    QVERIFY(isPosed(copy->bones().first()));
+    auto *other = new KMBoneContainer;
+    gProject->addToScene(other);
+    gSolution->push(new moveBoneToOtherContainerCommand(arm, other));
+    QCOMPARE(arm->tail(), kvm::Vector3(0, 10, 0));
+    scene.session.stack().undo();
+    QVERIFY(isPosed(arm));
 }
 
 void tst_BoneAnimation::frameDrivesTheBones()
@@ -281,6 +323,19 @@ void tst_BoneAnimation::firstBoneOfANameIsLinked()
 }
 
 /// A motion that is read replaces all tracks without a step of the history: steps before it keep off the new ones.
+void tst_BoneAnimation::tracksWithoutBones()
+{
+    RigScene scene;
+    scene.addBone(QStringLiteral("arm"), nullptr, {}, {0, 10, 0});
+    BoneAnimation *animation = scene.rig->animation();
+    for (const char *name : {"nobody", "arm", "nothing"})
+        animation->setKey(keyOf(QLatin1String(name), 3));
+    animation->applyFrame(3);
+    animation->dropUnlinked();
+    QCOMPARE(animation->tracks().size(), 1);
+    QVERIFY(animation->hasKey(QStringLiteral("arm"), 3) && !animation->track(QStringLiteral("nobody")));
+}
+
 void tst_BoneAnimation::importedMotionSurvivesUndo()
 {
     RigScene scene;

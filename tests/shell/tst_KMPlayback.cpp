@@ -7,16 +7,20 @@
 #include "shell/docks/kmanimationwidget.h"
 #include "shell/widgets/KMBezierControl.h"
 #include "shell/widgets/KMTimeLine.h"
+#include "support/RecordingSession.h"
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
 #include <QUndoStack>
 
+#include <functional>
 #include <random>
 
 namespace {
@@ -40,6 +44,19 @@ public:
     KMBone *bone;
 };
 
+void moveIn(QWidget *widget, const QPoint &to)
+{
+    QMouseEvent event(QEvent::MouseMove, to, widget->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+void dragIn(QWidget *widget, const QPoint &from, const QPoint &to)
+{
+    QTest::mousePress(widget, Qt::LeftButton, Qt::NoModifier, from);
+    moveIn(widget, to);
+    QTest::mouseRelease(widget, Qt::LeftButton, Qt::NoModifier, to);
+}
+
 } // namespace
 
 class tst_KMPlayback : public QObject
@@ -51,6 +68,8 @@ private slots:
     void nothingToPlay();
     void transport();
     void curvesOfAKey();
+    void dragsOfCurves();
+    void keysThatCantBeEdited();
 };
 
 void tst_KMPlayback::followsTheClock_data()
@@ -99,8 +118,15 @@ void tst_KMPlayback::nothingToPlay()
 {
     RigScene scene;
     KMPlayback playback;
+    gProject->setCurrentFrame(4);
+    CallLog log;
+    RecordingWindow window(&log);
+    gSolution->setWindow(&window);
     playback.toggle();
+    gSolution->setWindow(nullptr);
     QVERIFY(!playback.isPlaying());
+    QCOMPARE(gProject->currentFrame(), 4);
+    QCOMPARE(window.messages.size(), 1);
 }
 
 void tst_KMPlayback::transport()
@@ -144,8 +170,8 @@ void tst_KMPlayback::curvesOfAKey()
 
     QTest::mouseClick(curve, Qt::LeftButton, Qt::NoModifier, curve->handlePosition(0) + QPoint(1, 1));
     QCOMPARE(stack.count(), 0); // a click moves nothing
-    QTest::mousePress(curve, Qt::LeftButton, Qt::NoModifier, QPoint(curve->width() - 1, curve->height() - 1));
-    QTest::mouseRelease(curve, Qt::LeftButton, Qt::NoModifier, QPoint(curve->width() - 1, curve->height() - 1));
+    const QPoint corner(curve->width() - 1, curve->height() - 1);
+    dragIn(curve, corner - QPoint(20, 20), corner);
     QCOMPARE(stack.count(), 1);
     QCOMPARE(stack.text(0), QStringLiteral("Edit BoneKey"));
     const CBezier bent = scene.rig->animation()->key(scene.bone->name(), 0)->curve(KMBoneKey::RotationCurve);
@@ -163,6 +189,71 @@ void tst_KMPlayback::curvesOfAKey()
     QCOMPARE(stack.count(), 3);
     scene.session.stack().setIndex(0);
     QCOMPARE(scene.dump.text(), before);
+}
+
+/// A drag belongs to the key at which it began, and never outlasts it.
+void tst_KMPlayback::dragsOfCurves()
+{
+    Motion scene;
+    KMPlayback playback;
+    kmanimationwidget dock(&playback);
+    dock.resize(500, 300);
+    dock.show();
+    gSolution->setCurrentBone(scene.bone);
+    dock.refresh();
+    auto *curve = dock.findChild<KMBezierControl *>(QStringLiteral("curve0"));
+    const QUndoStack &stack = scene.session.stack();
+    const auto shows = [curve](const CBezier &c) {
+        const CBezier shown = curve->curve();
+        return shown.x1 == c.x1 && shown.y1 == c.y1 && shown.x2 == c.x2 && shown.y2 == c.y2;
+    };
+    const auto isUntouched = [&] { return stack.count() == 0 && shows({0, 0, 0, 0}); };
+    const QPoint place = curve->handlePosition(0);
+    const std::function<void()> interruptions[] = {
+        [] { gProject->setCurrentFrame(60); }, // it has a key too
+        [] { gProject->setCurrentFrame(30); },
+        [&] { QTest::mouseMove(curve, place); }, // without a button
+        [&] { dock.hide(); },
+    };
+    for (const auto &interrupt : interruptions) {
+        playback.play();
+        QTest::mousePress(curve, Qt::LeftButton, Qt::NoModifier, place);
+        QVERIFY(!playback.isPlaying());
+        moveIn(curve, place + QPoint(15, -20));
+        QVERIFY(!isUntouched());
+        interrupt();
+        QTest::mouseRelease(curve, Qt::LeftButton, Qt::NoModifier, place + QPoint(15, -20));
+        gProject->setCurrentFrame(0);
+        dock.show();
+        QVERIFY(isUntouched());
+    }
+    dragIn(curve, place, place + QPoint(15, -20));
+    QCOMPARE(stack.count(), 1);
+    const QPoint corner(curve->width() - 1, 0);
+    QTest::mouseClick(curve, Qt::LeftButton, Qt::NoModifier, corner);
+    QTest::mouseDClick(curve, Qt::LeftButton, Qt::NoModifier, corner);
+    QCOMPARE(stack.count(), 2);
+    QVERIFY(shows({0.25f, 0.25f, 0.75f, 0.75f}));
+}
+
+void tst_KMPlayback::keysThatCantBeEdited()
+{
+    Motion scene;
+    KMBone *second = scene.addBone(scene.bone->name(), nullptr, {20, 0, 0}, {20, 10, 0});
+    KMPlayback playback;
+    kmanimationwidget dock(&playback);
+    const auto isOn = [&](KMBone *bone, const char *part) {
+        gSolution->setCurrentBone(bone);
+        dock.refresh();
+        return dock.findChild<QWidget *>(QLatin1String(part))->isEnabled();
+    };
+    for (const char *part : {"setKey", "removeKey", "curve0"}) {
+        QVERIFY(isOn(scene.bone, part));
+        QVERIFY(!isOn(second, part));
+        scene.bone->setLocked(true);
+        QVERIFY(!isOn(scene.bone, part));
+        scene.bone->setLocked(false);
+    }
 }
 
 KM_TEST(tst_KMPlayback);

@@ -15,6 +15,7 @@
 #include <QComboBox>
 #include <QDropEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QTest>
 #include <QUndoStack>
@@ -35,12 +36,14 @@ private slots:
     void rowsByKeyboardAndMouse();
     void tagsOfBones();
     void severalRigs();
+    void movesToAnotherRig();
 
 private:
     KMBone *addBone(const char *name, KMBone *parent) const;
     QRect cell(const KMBone *bone, int column = KMTreeWidget::NameColumn) const;
     void click(const KMBone *bone, int column, Qt::KeyboardModifiers held = Qt::NoModifier) const;
-    void drop(const QList<KMContainerNode *> &bones, const QPoint &position) const;
+    void drop(const QList<KMContainerNode *> &bones, const QPoint &position,
+              Qt::KeyboardModifiers held = Qt::NoModifier) const;
     QString shape() const;
     KMTreeWidget *tree() const { return m_dock->tree(); }
     QUndoStack *stack() const { return (*m_window)->undoStack(); }
@@ -98,15 +101,16 @@ void tst_kmbonewidget::click(const KMBone *bone, int column, Qt::KeyboardModifie
     QTest::mouseClick(tree()->viewport(), Qt::LeftButton, held, cell(bone, column).center());
 }
 
-void tst_kmbonewidget::drop(const QList<KMContainerNode *> &bones, const QPoint &position) const
+void tst_kmbonewidget::drop(const QList<KMContainerNode *> &bones, const QPoint &position,
+                            Qt::KeyboardModifiers held) const
 {
     const std::unique_ptr<QMimeData> data(KMTreeWidget::mimeDataOf(bones, KMBoneTreeWidget::BoneMimeType));
     const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
-    QDragEnterEvent enter(position, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(position, actions, data.get(), Qt::LeftButton, held);
     QCoreApplication::sendEvent(tree()->viewport(), &enter);
-    QDragMoveEvent move(position, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(position, actions, data.get(), Qt::LeftButton, held);
     QCoreApplication::sendEvent(tree()->viewport(), &move);
-    QDropEvent drop(position, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(position, actions, data.get(), Qt::LeftButton, held);
     QCoreApplication::sendEvent(tree()->viewport(), &drop);
 }
 
@@ -270,6 +274,47 @@ void tst_kmbonewidget::severalRigs()
     QCOMPARE(shape(), QStringLiteral("0a 1b 2c 2d 1e 0f"));
     gSolution->newDocument(); // the shown tree goes with its rig
     QVERIFY(!m_dock->rig() && !m_dock->tree());
+}
+
+/// By the menu of a row, and not out of a rig that is locked or into one.
+void tst_kmbonewidget::movesToAnotherRig()
+{
+    auto *other = new KMBoneContainer;
+    gProject->addNode(other);
+    gProject->tree()->setCurrentItem(m_rig->item());
+    m_dock->refresh();
+    QCOMPARE(m_dock->rig(), m_rig);
+    click(m_b, KMTreeWidget::NameColumn);
+    const int steps = stack()->count();
+    const auto moveByMenu = [&](bool isAllowed) {
+        emit tree()->customContextMenuRequested(cell(m_b).center());
+        const QList<QMenu *> menus = m_dock->findChildren<QMenu *>(QStringLiteral("moveToRig"));
+        QVERIFY(!menus.isEmpty());
+        QAction *entry = menus.last()->actions().value(0);
+        QCOMPARE(entry->isEnabled(), isAllowed);
+        entry->trigger();
+        delete menus.last()->parentWidget();
+    };
+    for (KMBoneContainer *locked : {m_rig, other}) {
+        locked->setLocked(true);
+        moveByMenu(false);
+        locked->setLocked(false);
+    }
+    QCOMPARE(stack()->count(), steps);
+    moveByMenu(true);
+    QCOMPARE(stack()->count(), steps + 1);
+    QCOMPARE(shape(), QStringLiteral("0a 1e 0f"));
+    QCOMPARE(other->bones(), (QList<KMBone *>{m_b, m_c, m_d}));
+    stack()->undo();
+    // Dropped with Ctrl it is a copy that moves.
+    gProject->tree()->setCurrentItem(m_rig->item());
+    m_dock->refresh();
+    tree()->expandAll();
+    drop({m_b}, cell(m_f).center(), Qt::ControlModifier);
+    QCOMPARE(m_f->childBones().size(), 1);
+    QCOMPARE(m_f->childBones()[0]->childBones().size(), 2);
+    QCOMPARE(m_rig->bones().size(), 9);
+    QCOMPARE(m_b->parentBone(), m_a);
 }
 
 KM_TEST(tst_kmbonewidget);

@@ -6,6 +6,8 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneKeyCommands.h"
+#include "rig/KMBoneKeys.h"
+#include "shell/KMPlayback.h"
 #include "shell/KMTransport.h"
 #include "shell/widgets/KMBezierControl.h"
 
@@ -24,7 +26,7 @@ kmanimationwidget::kmanimationwidget(KMPlayback *playback, QWidget *parent)
     m_title = new QLabel;
     m_title->setObjectName(QStringLiteral("keyTitle"));
     layout->addWidget(m_title);
-    addCurves(layout);
+    addCurves(layout, playback);
     addButtons(layout);
     layout->addStretch(1);
     setWidget(page);
@@ -32,7 +34,7 @@ kmanimationwidget::kmanimationwidget(KMPlayback *playback, QWidget *parent)
     showKey();
 }
 
-void kmanimationwidget::addCurves(QVBoxLayout *layout)
+void kmanimationwidget::addCurves(QVBoxLayout *layout, KMPlayback *playback)
 {
     const std::array<QString, KMBoneKey::CurveCount> titles{QStringLiteral("X"), QStringLiteral("Y"),
                                                             QStringLiteral("Z"), tr("Rotation")};
@@ -47,6 +49,9 @@ void kmanimationwidget::addCurves(QVBoxLayout *layout)
         grid->addWidget(curve, 1, i);
         connect(curve, &KMBezierControl::committed, this,
                 [this, i](const CBezier &bent) { setCurve(KMBoneKey::Curve(i), bent); });
+        // What is dragged belongs to the key of one frame.
+        connect(curve, &KMBezierControl::pressed, playback, &KMPlayback::stop);
+        connect(gProject, &KMProject::frameChanged, curve, &KMBezierControl::cancel);
         m_curves[size_t(i)] = curve;
     }
     layout->addLayout(grid);
@@ -74,10 +79,18 @@ KMBone *kmanimationwidget::bone() const
     return node ? nodeAs<KMBone>(node) : nullptr;
 }
 
+bool kmanimationwidget::isEditable() const
+{
+    const KMBone *bone = this->bone();
+    return bone && KMBoneKeys::fault(*bone).isEmpty();
+}
+
 const KMBoneKey *kmanimationwidget::key() const
 {
     const KMBone *bone = this->bone();
-    return bone ? bone->container()->animation()->key(bone->name(), quint32(gProject->currentFrame())) : nullptr;
+    if (!bone || bone->container()->bone(bone->name()) != bone)
+        return nullptr;
+    return bone->container()->animation()->key(bone->name(), quint32(gProject->currentFrame()));
 }
 
 void kmanimationwidget::refresh()
@@ -97,22 +110,24 @@ void kmanimationwidget::showKey()
 {
     const KMBone *bone = this->bone();
     const KMBoneKey *key = this->key();
-    const int frame = gProject->currentFrame();
-    m_title->setText(!bone ? tr("No bone is selected")
-                     : key ? tr("Key of %1 at frame %2").arg(bone->name()).arg(frame)
-                           : tr("%1 has no key at frame %2").arg(bone->name()).arg(frame));
+    const QString frame = QString::number(gProject->currentFrame());
+    const QString fault = bone ? KMBoneKeys::fault(*bone) : QString();
+    m_title->setText(!bone              ? tr("No bone is selected")
+                     : key              ? tr("Key of %1 at frame %2").arg(bone->name(), frame)
+                     : !fault.isEmpty() ? fault
+                                        : tr("%1 has no key at frame %2").arg(bone->name(), frame));
     for (int i = 0; i < KMBoneKey::CurveCount; ++i) {
         KMBezierControl *curve = m_curves[size_t(i)];
-        curve->setEnabled(key);
+        curve->setEnabled(key && fault.isEmpty());
         curve->showCurve(key ? key->curve(KMBoneKey::Curve(i)) : CBezier());
     }
-    m_set->setEnabled(bone && !bone->container()->isLocked());
-    m_remove->setEnabled(key && !bone->container()->isLocked());
+    m_set->setEnabled(bone && fault.isEmpty());
+    m_remove->setEnabled(key && fault.isEmpty());
 }
 
 void kmanimationwidget::setCurve(KMBoneKey::Curve which, const CBezier &curve)
 {
-    if (!key() || bone()->container()->isLocked())
+    if (!key() || !isEditable())
         return showKey();
     KMBoneKey bent = *key();
     bent.setCurve(which, curve);
@@ -122,17 +137,21 @@ void kmanimationwidget::setCurve(KMBoneKey::Curve which, const CBezier &curve)
 /// The pose that keys or a tool gave the bone. A key that is there keeps its curves.
 void kmanimationwidget::setKey()
 {
+    if (!isEditable())
+        return showKey();
     const KMBone *bone = this->bone();
-    KMBoneKey after = key() ? *key() : KMBoneKey();
-    after.name = bone->name();
-    after.frameno = quint32(gProject->currentFrame());
-    after.position = bone->keyPose().offset;
-    after.rotation = bone->keyPose().rotation;
+    KMBoneKey after = KMBoneKeys::ofPose(*bone, quint32(gProject->currentFrame()));
+    if (const KMBoneKey *before = key()) {
+        after.curves = before->curves;
+        after.reserved = before->reserved;
+    }
     gSolution->push(new addBoneKeyCommand(bone->container(), after));
 }
 
 void kmanimationwidget::removeKey()
 {
+    if (!isEditable())
+        return showKey();
     const KMBone *bone = this->bone();
     gSolution->push(new removeBoneKeyCommand(bone->container(), bone->name(), quint32(gProject->currentFrame())));
 }

@@ -24,11 +24,12 @@ public:
     void resetDocument() override;
 
 private:
-    void addCurves(QVBoxLayout *layout);
+    void addCurves(QVBoxLayout *layout, KMPlayback *playback);
     void addButtons(QVBoxLayout *layout);
     void showKey();
     KMBone *bone() const;
-    const KMBoneKey *key() const; ///< null without one at the current frame
+    bool isEditable() const;      ///< there is a bone whose keys may be edited
+    const KMBoneKey *key() const; ///< null without one at the current frame, and where another bone has them
     void setCurve(KMBoneKey::Curve which, const CBezier &curve);
     void setKey();
     void removeKey();

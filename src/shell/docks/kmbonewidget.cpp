@@ -124,7 +124,8 @@ void kmbonewidget::showCurrentBone()
 {
     KMNode *node = gSolution->currentBone();
     const auto *bone = node ? nodeAs<KMBone>(node) : nullptr;
-    if (!isVisible() || !tree() || !bone || bone->container() != m_rig || !bone->item() || tree()->currentItem() == bone->item())
+    if (!isVisible() || !tree() || !bone || bone->container() != m_rig || !bone->item()
+        || tree()->currentItem() == bone->item())
         return;
     const QSignalBlocker quiet(tree());
     tree()->setCurrentItem(bone->item(), KMTreeWidget::NameColumn, QItemSelectionModel::NoUpdate);
@@ -174,20 +175,32 @@ void kmbonewidget::addMoveMenu(QMenu *menu)
     for (KMBoneContainer *other : all) {
         if (other == m_rig)
             continue;
-        QAction *entry =
-            others->addAction(other->name(), this, [this, other] { KMBoneMoves::moveToRig(m_rig, other); });
+        QAction *entry = others->addAction(other->name(), this, [this, other] { moveToRig(other); });
         entry->setStatusTip(tr("Move the selected bones with all below them to this rig"));
-        entry->setEnabled(!other->isLocked());
+        entry->setEnabled(!other->isLocked() && !m_rig->isLocked());
     }
+}
+
+bool kmbonewidget::isRefused(const KMBoneContainer *rig) const
+{
+    if (rig->isLocked())
+        gSolution->showMessage(tr("%1 is locked").arg(rig->name()), KMCommand::MessageLevel);
+    return rig->isLocked();
+}
+
+void kmbonewidget::moveToRig(KMBoneContainer *other)
+{
+    if (!isRefused(m_rig) && !isRefused(other))
+        KMBoneMoves::moveToRig(m_rig, other);
 }
 
 void kmbonewidget::dropNodes(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place,
                              bool asCopy)
 {
     auto *bone = target ? nodeAs<KMBone>(target) : nullptr;
-    if (m_rig->isLocked())
-        gSolution->showMessage(tr("%1 is locked").arg(m_rig->name()), KMCommand::MessageLevel);
-    else if (asCopy)
+    if (isRefused(m_rig))
+        return;
+    if (asCopy)
         KMBoneMoves::copy(m_rig, bone, place);
     else if (!KMBoneMoves::move(bonesOf(nodes), bone, place))
         gSolution->showMessage(tr("A bone can't stand below itself"), KMCommand::MessageLevel);

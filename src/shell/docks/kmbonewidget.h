@@ -36,6 +36,8 @@ private:
     void showCurrentBone();
     void run(const char *command);
     void addMoveMenu(QMenu *menu);
+    void moveToRig(KMBoneContainer *other);
+    bool isRefused(const KMBoneContainer *rig) const; // says so when it is locked
 
     QComboBox *m_rigs;
     KMBoneContainer *m_rig = nullptr; // shown; not owned

@@ -2,6 +2,7 @@
 
 #include "core/KMDpi.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -91,17 +92,22 @@ void KMBezierControl::mousePressEvent(QMouseEvent *event)
     const auto distance = [this, event](int handle) {
         return (handlePosition(handle) - event->pos()).manhattanLength();
     };
+    emit pressed();
     m_before = m_curve;
     m_handle = distance(1) < distance(0) ? 1 : 0;
-    const bool isOnHandle = distance(m_handle) <= dpiScaled(8);
-    m_grip = isOnHandle ? handlePosition(m_handle) - event->pos() : QPoint();
-    if (!isOnHandle)
-        moveHandle(event->pos());
+    m_isHeld = distance(m_handle) <= dpiScaled(8);
+    m_grip = m_isHeld ? handlePosition(m_handle) - event->pos() : QPoint();
+    m_pressed = event->pos();
 }
 
 void KMBezierControl::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_handle >= 0)
+    if (m_handle < 0)
+        return;
+    if (!(event->buttons() & Qt::LeftButton))
+        return cancel(); // the release went elsewhere
+    m_isHeld = m_isHeld || (event->pos() - m_pressed).manhattanLength() >= QApplication::startDragDistance();
+    if (m_isHeld)
         moveHandle(event->pos() + m_grip);
 }
 
@@ -112,6 +118,15 @@ void KMBezierControl::mouseReleaseEvent(QMouseEvent *event)
     m_handle = -1;
     if (!isSame(m_curve, m_before))
         emit committed(m_curve);
+}
+
+void KMBezierControl::cancel()
+{
+    if (m_handle < 0)
+        return;
+    m_handle = -1;
+    m_curve = m_before;
+    update();
 }
 
 void KMBezierControl::mouseDoubleClickEvent(QMouseEvent *)
@@ -128,9 +143,26 @@ void KMBezierControl::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() != Qt::Key_Escape || m_handle < 0)
         return QWidget::keyPressEvent(event);
-    m_handle = -1;
-    m_curve = m_before;
-    update();
+    cancel();
+}
+
+void KMBezierControl::focusOutEvent(QFocusEvent *event)
+{
+    cancel();
+    QWidget::focusOutEvent(event);
+}
+
+void KMBezierControl::hideEvent(QHideEvent *event)
+{
+    cancel();
+    QWidget::hideEvent(event);
+}
+
+void KMBezierControl::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        cancel();
+    QWidget::changeEvent(event);
 }
 
 void KMBezierControl::paintEvent(QPaintEvent *)

@@ -5,7 +5,8 @@
 #include <QWidget>
 
 /// A square with an interpolation curve from its lower left to its upper right corner, and two handles that bend it.
-/// What a drag has made is handed over when the mouse is released; Escape gives it up.
+/// What a drag has made is handed over when the mouse is released; Escape gives it up, and so does what takes the mouse
+/// away. A press beside the handles takes the nearer one along once the mouse moves.
 class KMBezierControl : public QWidget
 {
     Q_OBJECT
@@ -15,12 +16,14 @@ public:
     void showCurve(const CBezier &curve); ///< takes no part in a running drag
     CBezier curve() const { return m_curve; }
     QPoint handlePosition(int handle) const; ///< in the widget; 0 and 1
+    void cancel();                           ///< gives a running drag up
 
     QSize sizeHint() const override;
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override { return width; }
 
 signals:
+    void pressed(); ///< a drag begins
     void committed(const CBezier &curve);
 
 protected:
@@ -30,6 +33,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     QRectF square() const;
@@ -40,4 +46,6 @@ private:
     CBezier m_before; // the drag
     int m_handle = -1;
     QPoint m_grip; // from the mouse to the handle
+    QPoint m_pressed;
+    bool m_isHeld = false; // on the handle, or the press beside it has moved far enough
 };

@@ -1,0 +1,33 @@
+#include "rig/KMBoneSelectionCommand.h"
+
+#include "core/KMSolution.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneCommands.h"
+#include "rig/KMBoneContainer.h"
+
+selectBonesCommand::selectBonesCommand(KMBoneContainer *container, const QVector<Mask> &masks)
+    : KMUndoCommand(selectBoneCommand::tr("Select Bone"), container)
+    , m_container(container)
+    , m_after(masks)
+    , m_currentBefore(gSolution->currentBone())
+    , m_currentAfter(m_currentBefore)
+{
+    for (const Mask &entry : masks) {
+        m_before.append({entry.bone, entry.bone->selectMask()});
+        if (!entry.mask && entry.bone == m_currentAfter)
+            m_currentAfter = nullptr;
+    }
+    for (const Mask &entry : masks) {
+        if (entry.mask)
+            m_currentAfter = entry.bone;
+    }
+}
+
+void selectBonesCommand::apply(Direction direction)
+{
+    const bool isRedo = direction == Direction::Redo;
+    for (const Mask &entry : std::as_const(isRedo ? m_after : m_before))
+        entry.bone->storeSelectMask(entry.mask);
+    m_container->tree()->showMasks();
+    gSolution->setCurrentBone(isRedo ? m_currentAfter : m_currentBefore);
+}
