@@ -18,6 +18,7 @@
 #include "support/TestRegistry.h"
 
 #include <QBuffer>
+#include <QDataStream>
 #include <QTest>
 
 #include <cmath>
@@ -130,6 +131,7 @@ class tst_KMDPhysicsTags : public QObject
     Q_OBJECT
 private slots:
     void roundTrip();
+    void orderOfABody();
     void deletedOnesAreLeftOut();
     void importScale();
     void smallTags();
@@ -176,6 +178,22 @@ void tst_KMDPhysicsTags::roundTrip()
         QCOMPARE(groupsAndItems(), groups);
         QCOMPARE(saved(), bytes);
     }
+}
+
+void tst_KMDPhysicsTags::orderOfABody()
+{
+    RigScene scene;
+    KMPhysicsMaking::pushBodies({scene.addBone(QStringLiteral("a"), nullptr, {}, {0, 4, 0})}, 0, false);
+    KMRigTags::bodies(scene.rig).first()->setParameters(
+        {KMTagRigidBody::Capsule, KMTagRigidBody::Physics, 1, 2, 3, 4, 5, 6, 7, 8, true, 0xfedcu, 11, {}});
+    QByteArray body;
+    QDataStream out(&body, QIODevice::WriteOnly);
+    out.setFloatingPointPrecision(QDataStream::SinglePrecision);
+    out << qint32(11) << qint32(0xfedc);
+    for (int number = 1; number <= 8; ++number)
+        out << float(number);
+    out << quint8(1) << quint32(KMTagRigidBody::Capsule) << quint32(KMTagRigidBody::Physics) << 1.0f;
+    QCOMPARE(saved().count(body), 1);
 }
 
 void tst_KMDPhysicsTags::deletedOnesAreLeftOut()

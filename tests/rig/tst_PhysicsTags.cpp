@@ -478,7 +478,19 @@ void tst_PhysicsTags::rememberedSelection()
     tag->recall(KMTagSelection::Recall::Replace);
     QCOMPARE(scene.session.stack().count(), steps + 1); // nothing to do
 
-    // A corner of the grid goes, which nothing remembers; then one that is remembered, and its face with it.
+    mesh->setLocked(true);
+    mesh->addTag(tag->clone());
+    auto *unsorted = static_cast<KMTagSelection *>(mesh->tag(mesh->tagCount() - 1));
+    const KMStoredSelection reversed{{8, 4, 0, 4}, {3}, {{5, 8}, {0, 1}}, {}};
+    unsorted->setParameters(reversed);
+    unsorted->recall(KMTagSelection::Recall::Replace);
+    QVERIFY(KMTagSelection::selectionOf(*mesh) == stored); // a locked mesh stays
+    mesh->setLocked(false);
+    unsorted->recall(KMTagSelection::Recall::Replace);
+    QVERIFY(KMTagSelection::selectionOf(*mesh).vertices == QVector<int>({0, 4, 8}));
+    scene.session.stack().undo();
+
+    // A corner of the grid goes, which one tag remembers; then one that is remembered, and its face with it.
     const auto remove = [mesh](int vertex) {
         const KMUndoMacro macro(QStringLiteral("delete"));
         KMMeshEdit::deleteVertex(*mesh, vertex);
@@ -494,6 +506,7 @@ void tst_PhysicsTags::rememberedSelection()
     QVERIFY(tag->parameters() == moved);
     scene.session.stack().undo();
     QVERIFY(tag->parameters() == stored);
+    QVERIFY(unsorted->parameters() == reversed);
 }
 
 /// What is removed keeps its place, also while others move.

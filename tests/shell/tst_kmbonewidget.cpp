@@ -4,7 +4,9 @@
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMRigTags.h"
 #include "rig/KMTagConstraint.h"
+#include "rig/KMTagJoint.h"
 #include "shell/docks/KMNodeRowDelegate.h"
 #include "shell/docks/kmbonewidget.h"
 #include "shell/kmmainwidget.h"
@@ -35,6 +37,7 @@ private slots:
     void randomDrops();
     void rowsByKeyboardAndMouse();
     void tagsOfBones();
+    void severalTags();
     void severalRigs();
     void movesToAnotherRig();
 
@@ -252,6 +255,39 @@ void tst_kmbonewidget::tagsOfBones()
     QCOMPARE(shape(), QStringLiteral("0a 1b 2c 2d 1e 0f"));
     stack()->undo();
     QCOMPARE(m_b->liveTagCount(), 1);
+}
+
+/// Two bodies that are clicked are joined, whatever was selected before.
+void tst_kmbonewidget::severalTags()
+{
+    QVector<KMTagRigidBody *> bodies;
+    for (KMBone *bone : {m_b, m_c, m_d}) {
+        bodies << new KMTagRigidBody;
+        gSolution->push(new addTagBoneContainerCommand(bone, bodies.last()));
+    }
+    const auto clickTag = [this](const KMBone *bone, Qt::KeyboardModifiers held = Qt::NoModifier) {
+        const QPoint icon = KMNodeRowDelegate::tagRect(cell(bone, KMTreeWidget::TagColumn), 0).center();
+        QTest::mouseClick(tree()->viewport(), Qt::LeftButton, held, icon);
+    };
+    const auto selected = [&bodies] {
+        return QVector<bool>{bodies[0]->isSelected(), bodies[1]->isSelected(), bodies[2]->isSelected()};
+    };
+    bodies[0]->setSelected(true); // in the table of the bodies
+    clickTag(m_c);
+    QCOMPARE(selected(), (QVector<bool>{false, true, false}));
+    clickTag(m_d, Qt::ControlModifier);
+    QCOMPARE(selected(), (QVector<bool>{false, true, true}));
+    QCOMPARE(gSolution->currentTag(), bodies[2]);
+    m_window->trigger("BoneComMakeSideJoint");
+    const QList<KMTagJoint *> joints = KMRigTags::joints(m_rig);
+    QCOMPARE(joints.size(), 1);
+    // Control still counts as held, which swaps the sides.
+    QVERIFY(joints.first()->bodyA() == bodies[2] && joints.first()->bodyB() == bodies[1]);
+    clickTag(m_c, Qt::ControlModifier);
+    QCOMPARE(selected(), (QVector<bool>{false, false, true}));
+    click(m_f, KMTreeWidget::NameColumn);
+    QCOMPARE(selected(), QVector<bool>(3, false));
+    QCOMPARE(gSolution->currentTag(), nullptr);
 }
 
 void tst_kmbonewidget::severalRigs()

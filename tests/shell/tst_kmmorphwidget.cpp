@@ -9,6 +9,7 @@
 #include "shell/docks/KMMorphValueCell.h"
 #include "shell/docks/kmmorphwidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/widgets/KMMessageLabel.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
@@ -18,6 +19,7 @@
 #include <QSlider>
 #include <QTest>
 #include <QUndoStack>
+#include <QWheelEvent>
 
 #include <memory>
 
@@ -33,6 +35,8 @@ private slots:
     void slider();
     void reorder();
     void removeAndSelect();
+    void otherBase();
+    void refusals();
 
 private:
     int steps() const { return gSolution->undoStack()->index(); }
@@ -135,6 +139,13 @@ void tst_kmmorphwidget::slider()
     gSolution->undoStack()->redo();
     QCOMPARE(smile->value(), value);
 
+    slider->clearFocus();
+    const QPointF middle(slider->rect().center());
+    QWheelEvent wheel(middle, slider->mapToGlobal(middle.toPoint()), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(slider, &wheel);
+    QCOMPARE(steps(), 2); // the list is scrolled over
+
     slider->setSliderDown(true);
     slider->setSliderPosition(900);
     QTest::keyClick(slider, Qt::Key_Escape);
@@ -191,6 +202,55 @@ void tst_kmmorphwidget::removeAndSelect()
     gSolution->undoStack()->setIndex(before);
     QCOMPARE(names(), QStringLiteral("ab"));
     gSolution->undoStack()->setIndex(0);
+}
+
+/// The base has a loose vertex in front, so its vertices have other numbers than those of the tag's mesh.
+void tst_kmmorphwidget::otherBase()
+{
+    auto *base = new KMMeshNode;
+    base->addVertexRaw({9.0f, 9.0f, 9.0f});
+    for (int v = 0; v < m_base->vertexCount(); ++v)
+        base->addVertexRaw(m_base->position(v));
+    for (int f = 0; f < m_base->faceCount(); ++f) {
+        int corners[4];
+        for (int c = 0; c < m_base->face(f)->count; ++c)
+            corners[c] = m_base->face(f)->indices[c] + 1;
+        base->addFaceRaw(m_base->face(f)->count, corners);
+    }
+    base->refreshMesh(KMMeshDirty::All);
+    gProject->addNode(base);
+    base->setSelected(true);
+    gProject->tree()->setCurrentItem(m_base->item());
+    base->setSelected(true);
+    m_window->prompt.optionValues[QStringLiteral("base-mesh")] = 1;
+    const KMMorph *smile = assignAs("smile");
+    QVERIFY(smile);
+    QCOMPARE(smile->deltas(), (MorphDeltas{{2, 4.0f, {0, 1, 0}}}));
+}
+
+void tst_kmmorphwidget::refusals()
+{
+    const auto *line = m_window->child<KMMessageLabel>("messageLabel");
+    m_target->setSelected(false);
+    m_window->trigger("MorphComAssignMorph");
+    QCOMPARE(line->message(), QStringLiteral("Not found a candidate meshs."));
+    m_window->trigger("MorphComRemoveMorph");
+    QCOMPARE(line->message(), QStringLiteral("MorphNode Not Selected."));
+    m_window->prompt.optionValues[QStringLiteral("only-selected")] = true;
+    m_target->setVertexFlag(3, KMElementFlag::Selected);
+    QVERIFY(assignAs("none")->deltas().isEmpty());
+    m_window->prompt.optionValues.remove(QStringLiteral("only-selected")); // it stays as it was
+    m_target->setVertexFlag(2, KMElementFlag::Selected);
+    QCOMPARE(assignAs("one")->deltas().size(), 1);
+    assignAs("");
+    QVERIFY(m_tag->findMorph(QStringLiteral("Morph")));
+    m_window->prompt.messages.clear();
+    assignAs("");
+    QCOMPARE(m_window->prompt.messages.size(), 1); // the name that it would get is taken
+    QCOMPARE(m_tag->liveMorphs().size(), 3);
+    gSolution->push(new deleteTagCommand(m_base, m_tag));
+    m_window->trigger("MorphComAssignMorph");
+    QCOMPARE(line->message(), QStringLiteral("MorphTag Not Selected."));
 }
 
 KM_TEST(tst_kmmorphwidget);

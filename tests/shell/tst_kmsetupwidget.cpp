@@ -3,6 +3,7 @@
 #include "core/KMTagCommands.h"
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
+#include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneMMDTemplate.h"
@@ -10,12 +11,14 @@
 #include "rig/KMPhysicsMaking.h"
 #include "rig/KMRigTags.h"
 #include "rig/KMTagJoint.h"
+#include "rig/KMTagMorph.h"
 #include "shell/KMPhysicsSheet.h"
 #include "shell/attributes/KMAttributePage.h"
 #include "shell/docks/KMSetupList.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/docks/kmsetupwidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/widgets/KMMessageLabel.h"
 #include "shell/widgets/KMNumberField.h"
 #include "shell/widgets/KMTextArea.h"
 #include "shell/widgets/KMTextField.h"
@@ -26,6 +29,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QTableView>
@@ -43,7 +47,7 @@ private slots:
     void cleanup();
     void information();
     void groupsAndItems();
-    void foreignDropsAreIgnored();
+    void morphsAndForeignDrops();
     void sheetEditsAllSelectedRows();
     void sheetRefusesWhatIsNoNumber();
     void pageOfABody();
@@ -111,12 +115,15 @@ void tst_kmsetupwidget::drop(const QString &mimeType, const QList<KMContainerNod
 {
     const std::unique_ptr<QMimeData> data(KMTreeWidget::mimeDataOf(nodes, mimeType));
     const QPoint place(5, m_items->viewport()->height() - 3);
-    QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
+    QDragEnterEvent enter(place, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_items->viewport(), &enter);
     if (!enter.isAccepted())
         return;
-    QDropEvent event(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QDropEvent event(place, actions, data.get(), Qt::LeftButton, Qt::NoModifier);
+    event.setDropAction(Qt::MoveAction); // as a tree proposes; it would take its rows out after one
     QApplication::sendEvent(m_items->viewport(), &event);
+    QCOMPARE(event.dropAction(), Qt::CopyAction);
 }
 
 void tst_kmsetupwidget::choose(KMSetupList *list, const char *entry) const
@@ -160,6 +167,7 @@ void tst_kmsetupwidget::groupsAndItems()
     const int before = steps();
     drop(KMBoneTreeWidget::BoneMimeType, {bone("head")}); // no group yet
     QCOMPARE(steps(), before);
+    QCOMPARE(m_window->child<KMMessageLabel>("messageLabel")->message(), QStringLiteral("not selected."));
     choose(m_groups, "setupCreate");
     QCOMPARE(groups(), QStringList{QStringLiteral("Disp")});
     drop(KMBoneTreeWidget::BoneMimeType, {bone("head"), bone("neck"), bone("center")});
@@ -188,13 +196,23 @@ void tst_kmsetupwidget::groupsAndItems()
     QCOMPARE(items(), QStringList());
 }
 
-void tst_kmsetupwidget::foreignDropsAreIgnored()
+void tst_kmsetupwidget::morphsAndForeignDrops()
 {
     choose(m_groups, "setupCreate");
     const int before = steps();
     drop(KMTreeWidget::NodeMimeType, {m_rig});
     QCOMPARE(steps(), before);
     QCOMPARE(items(), QStringList());
+    auto *mesh = new KMMeshNode;
+    gProject->addNode(mesh);
+    auto *tag = new KMTagMorph;
+    mesh->addTag(tag);
+    auto *smile = new KMMorph;
+    smile->setName(QStringLiteral("smile"));
+    tag->addMorph(smile);
+    drop(kmsetupwidget::MorphMimeType, {smile});
+    QCOMPARE(items(), QStringList{QStringLiteral("smile")});
+    QCOMPARE(moveDisplayNodeCommand::liveGroups().first()->liveItems().first().type, 1);
 }
 
 void tst_kmsetupwidget::sheetEditsAllSelectedRows()
@@ -218,6 +236,27 @@ void tst_kmsetupwidget::sheetEditsAllSelectedRows()
     bodies->model()->setData(bodies->model()->index(1, mass), QStringLiteral("7")); // isn't selected: alone
     QCOMPARE(tags[0]->parameters().mass, 3.5f);
     QCOMPARE(tags[1]->parameters().mass, 7.0f);
+
+    QVERIFY(bodies->model()->setData(bodies->model()->index(1, mass), QStringLiteral("3.5")));
+    QVERIFY(!bodies->model()->setData(bodies->model()->index(0, mass), QStringLiteral("3.5"))); // all have it
+    bodies->model()->setData(bodies->model()->index(1, mass), QStringLiteral("7"));
+    bodies->selectionModel()->select(bodies->model()->index(1, mass), QItemSelectionModel::Select);
+    bodies->setCurrentIndex(bodies->model()->index(0, mass));
+    for (const int row : {0, 1, 2})
+        bodies->selectionModel()->select(bodies->model()->index(row, mass), QItemSelectionModel::Select);
+    const auto enter = [bodies](const char *typed) {
+        bodies->edit(bodies->currentIndex());
+        auto *editor = bodies->findChild<QLineEdit *>();
+        editor->selectAll();
+        QTest::keyClicks(editor, QString::fromLatin1(typed));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCoreApplication::processEvents(); // the editor hands its value over a little later
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    enter(""); // opened and closed
+    QCOMPARE(tags[1]->parameters().mass, 7.0f);
+    enter("3.5"); // what this row has, but not all
+    QCOMPARE(tags[1]->parameters().mass, 3.5f);
 
     QTableView *joints = table("jointTable");
     const int side = columnOf(joints, QStringLiteral("Connection A"));

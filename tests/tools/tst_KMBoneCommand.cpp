@@ -5,7 +5,9 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
+#include "rig/KMRigTags.h"
 #include "rig/KMTagConstraint.h"
+#include "rig/KMTagJoint.h"
 #include "support/MeshFixtures.h"
 #include "support/RecordingSession.h"
 #include "support/RigScene.h"
@@ -96,6 +98,7 @@ private slots:
     void convertAxis();
     void bonesFromEdges();
     void divideAndLayer();
+    void bodiesAndSideJoint();
 };
 
 void tst_KMBoneCommand::refusals()
@@ -450,6 +453,38 @@ void tst_KMBoneCommand::divideAndLayer()
     QCOMPARE(desk.names(), QStringLiteral("0spine 1arm_L親2 2arm_L 3arm_L0 4elbow_L"));
     const KMBone *layer = desk.rig->bones()[1];
     QVERIFY(layer->isPoint() && layer->isMovable() && layer->restHead() == desk.arm->restHead());
+}
+
+void tst_KMBoneCommand::bodiesAndSideJoint()
+{
+    Arm desk;
+    QCOMPARE(desk.run("BoneComMakeRigidBody"), 0);
+    QCOMPARE(desk.lastMessage(), QStringLiteral("Bone Selection not found."));
+    desk.arm->setSelectMask(KMBone::BothSelected);
+    desk.elbow->setSelectMask(KMBone::BothSelected);
+    desk.prompt.optionValues = {{QStringLiteral("shape-type"), 1}, {QStringLiteral("with-joint"), false}};
+    QCOMPARE(desk.run("BoneComMakeRigidBody"), 1);
+    desk.prompt.optionValues.clear(); // the answers are remembered
+    QCOMPARE(desk.run("BoneComMakeRigidBody"), 1);
+    const QList<KMTagRigidBody *> bodies = KMRigTags::bodies(desk.rig);
+    QCOMPARE(bodies.size(), 4);
+    QCOMPARE(KMRigTags::joints(desk.rig).size(), 0);
+    QCOMPARE(bodies.last()->parameters().shape, int(KMTagRigidBody::Box));
+
+    for (const int count : {1, 3}) {
+        for (int i = 0; i < bodies.size(); ++i)
+            bodies[i]->setSelected(i < count);
+        QCOMPARE(desk.run("BoneComMakeSideJoint"), 0);
+        QCOMPARE(desk.lastMessage(), QStringLiteral("Two RigidBody Selection not found."));
+        desk.window.messages.clear();
+    }
+    bodies[1]->setSelected(false);
+    QCOMPARE(desk.run("BoneComMakeSideJoint"), 1);
+    const KMTagJoint *joint = KMRigTags::joints(desk.rig).value(0);
+    QVERIFY(joint && joint->bodyA() == bodies[0] && joint->bodyB() == bodies[2]);
+    while (desk.session.stack().canUndo())
+        desk.session.stack().undo();
+    QCOMPARE(KMRigTags::bodies(desk.rig).size(), 0);
 }
 
 KM_TEST(tst_KMBoneCommand);
