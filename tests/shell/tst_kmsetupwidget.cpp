@@ -28,12 +28,14 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDrag>
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <QUndoStack>
 
 #include <memory>
@@ -47,6 +49,7 @@ private slots:
     void cleanup();
     void information();
     void groupsAndItems();
+    void dragFromTheBones();
     void morphsAndForeignDrops();
     void sheetEditsAllSelectedRows();
     void sheetRefusesWhatIsNoNumber();
@@ -194,6 +197,42 @@ void tst_kmsetupwidget::groupsAndItems()
         (*m_window)->undoStack()->undo();
     QCOMPARE(groups(), QStringList());
     QCOMPARE(items(), QStringList());
+}
+
+/// A whole drag with the mouse: the rows are listed, and stay where they are.
+void tst_kmsetupwidget::dragFromTheBones()
+{
+    choose(m_groups, "setupCreate");
+    auto *bones = m_window->child<QDockWidget>("kmbonewidget");
+    bones->setFloating(false);
+    bones->show();
+    bones->raise();
+    QVERIFY(QTest::qWaitForWindowExposed(m_setup->window()));
+    QTest::qWait(50);
+    QTreeWidget *tree = m_rig->tree();
+    QTreeWidgetItem *row = bone("center")->item();
+    tree->scrollToItem(row);
+    const int rows = KMTreeWidget::flatten(tree).size();
+    const auto send = [](QWidget *to, QEvent::Type type, const QPoint &place) {
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, place, to->mapToGlobal(place), button, held, Qt::NoModifier);
+        QApplication::sendEvent(to, &event);
+    };
+    const QPoint from(60, tree->visualItemRect(row).center().y());
+    const QPoint to = m_items->viewport()->rect().center();
+    QTimer::singleShot(200, m_items, [this, &send, to] {
+        for (const QPoint &place : {to, to + QPoint(2, 2)})
+            send(m_items->viewport(), QEvent::MouseMove, place);
+        send(m_items->viewport(), QEvent::MouseButtonRelease, to);
+    });
+    QTimer::singleShot(5000, m_items, &QDrag::cancel);
+    send(tree->viewport(), QEvent::MouseButtonPress, from);
+    for (const int way : {5, 40})
+        send(tree->viewport(), QEvent::MouseMove, from + QPoint(way, 0));
+    QCOMPARE(items(), QStringList{QStringLiteral("center")});
+    QCOMPARE(KMTreeWidget::flatten(tree).size(), rows);
+    QCOMPARE(bone("center")->item(), row);
 }
 
 void tst_kmsetupwidget::morphsAndForeignDrops()
