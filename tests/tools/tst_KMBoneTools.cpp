@@ -320,7 +320,7 @@ void tst_KMBoneTools::mirrorsAtRest()
     motion.map = [](const Vector3 &point) { return point; };
     const KMBoneRest before = arms[1]->rest();
     move.apply(motion);
-    QVERIFY(arms[1]->rest() == before);
+    QVERIFY(turns ? isClose(arms[1]->rest().tail(), before.tail(), 1e-4f) : arms[1]->rest() == before);
     const Quaternion turn = Quaternion::fromAxisAngle(Vector3(1, 2, 3).normalized(), 0.3f);
     motion.turn = turn;
     const Vector3 from = arms[0]->head();
