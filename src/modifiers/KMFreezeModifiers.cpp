@@ -41,6 +41,8 @@ void carryWeightsOn(const KMChainCopy &copy)
     bool isFollowed = false;
     for (int i = 0; i < copy.stageCount(); ++i) {
         auto *stage = qobject_cast<KMModifierNode *>(copy.stage(i)->modifierNode());
+        if (!stage)
+            continue;
         if (isFollowed)
             stage->updateTags();
         const KMMeshNode *input = stage->input();
