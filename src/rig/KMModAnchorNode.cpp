@@ -123,6 +123,16 @@ void KMModAnchorNode::onModMeshEdited(KMMeshNode *mesh)
         refresh();
 }
 
+/// Steps that cut or join faces of a helper mark the helper alone, which no mesh of the document waits for.
+void KMModAnchorNode::notifyDependents()
+{
+    if (!source() || stamp() == m_stamp)
+        return;
+    refresh();
+    source()->refreshAfterEdit();
+    source()->notifyDependents();
+}
+
 void KMModAnchorNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     KMElementwiseModifier::rebuildResult(input, result);

@@ -47,6 +47,7 @@ public:
     KMMeshNode *controlMesh() const override; ///< the first helper
     QList<KMContainerNode *> evaluatedMeshes() const override;
     void onModMeshEdited(KMMeshNode *mesh) override; ///< the weights follow the helpers
+    void notifyDependents() override;                ///< likewise, after edits that change more than places
     KMModAnchorNode *clone() const override;
 
 protected:
