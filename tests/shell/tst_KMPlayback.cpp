@@ -212,6 +212,7 @@ void tst_KMPlayback::dragsOfCurves()
     const std::function<void()> interruptions[] = {
         [] { gProject->setCurrentFrame(60); }, // it has a key too
         [] { gProject->setCurrentFrame(30); },
+        [&] { moveIn(curve, place, Qt::NoButton); },
         [&] { dock.hide(); },
     };
     for (const auto &interrupt : interruptions) {

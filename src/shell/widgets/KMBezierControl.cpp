@@ -35,6 +35,7 @@ KMBezierControl::KMBezierControl(QWidget *parent)
     setSizePolicy(policy);
     setMinimumSize(dpiScaled(56), dpiScaled(56));
     setFocusPolicy(Qt::ClickFocus);
+    setMouseTracking(true); // a move without a button tells that the release went elsewhere
     setToolTip(tr("Drag the two handles; a double click makes the curve straight"));
 }
 
