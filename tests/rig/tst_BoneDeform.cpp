@@ -381,7 +381,11 @@ void tst_BoneDeform::freezing()
     QCOMPARE(frozen->position(0), scene.mesh->modifiers().last().second->modMesh()->position(0));
     QVERIFY(!weightsOf(*scene.mesh->modifiers().last().second->modMesh()));
 
-    scene.add(new KMModSymNode);
+    auto *symmetry = new KMModSymNode;
+    KMModSymNode::Parameters plane;
+    plane.axis = KMModSymNode::PlusX;
+    symmetry->setParameters(plane);
+    scene.add(symmetry);
     frozen = KMFreezeModifiers::shapeOf(*scene.mesh);
     QVERIFY(frozen->vertexCount() > 0 && weightsOf(*frozen)->entries().size() > entries.size());
     for (int v = 0; v < frozen->vertexCount(); ++v)
