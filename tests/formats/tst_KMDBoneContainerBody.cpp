@@ -15,6 +15,7 @@
 #include "support/KmdBytes.h"
 #include "support/KmdEveryKind.h"
 #include "support/MeshFixtures.h"
+#include "support/RandomNumbers.h"
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
 
@@ -24,21 +25,10 @@
 #include <QtEndian>
 
 #include <functional>
-#include <random>
+
+using namespace RandomNumbers;
 
 namespace {
-
-using Random = std::mt19937;
-
-float number(Random &random)
-{
-    return float(int(random() % 20001) - 10000) / 64.0f;
-}
-
-kvm::Vector3 point(Random &random)
-{
-    return {number(random), number(random), number(random)};
-}
 
 void giveValues(KMBone *bone, Random &random)
 {

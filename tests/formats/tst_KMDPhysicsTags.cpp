@@ -14,6 +14,7 @@
 #include "rig/KMTagGroup.h"
 #include "rig/KMTagSelection.h"
 #include "rig/KMTagText.h"
+#include "support/RandomNumbers.h"
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
 
@@ -22,21 +23,10 @@
 #include <QTest>
 
 #include <cmath>
-#include <random>
+
+using namespace RandomNumbers;
 
 namespace {
-
-using Random = std::mt19937;
-
-float number(Random &random)
-{
-    return float(int(random() % 20001) - 10000) / 64.0f;
-}
-
-kvm::Vector3 point(Random &random)
-{
-    return {number(random), number(random), number(random)};
-}
 
 PoseTransform pose(Random &random)
 {
