@@ -1710,18 +1710,6 @@
 <context>
     <name>KMDStream</name>
     <message>
-        <source>%1, byte %2</source>
-        <translation>%1、%2 バイト目</translation>
-    </message>
-    <message>
-        <source>%1, element %2 of %3, byte %4</source>
-        <translation>%1、要素 %2 / %3、%4 バイト目</translation>
-    </message>
-    <message>
-        <source>and %1 more</source>
-        <translation>ほか %1 件</translation>
-    </message>
-    <message>
         <source>The file ends too early</source>
         <translation>ファイルが途中で終わっています</translation>
     </message>
@@ -3999,6 +3987,21 @@
     <message>
         <source>Textures</source>
         <translation>テクスチャ</translation>
+    </message>
+</context>
+<context>
+    <name>KMReadReport</name>
+    <message>
+        <source>%1, byte %2</source>
+        <translation>%1、%2 バイト目</translation>
+    </message>
+    <message>
+        <source>%1, element %2 of %3, byte %4</source>
+        <translation>%1、要素 %2 / %3、%4 バイト目</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>ほか %1 件</translation>
     </message>
 </context>
 <context>
