@@ -27,11 +27,11 @@ bool PmxReader::readHeader()
     m_in.enterSection(tr("header"));
     constexpr qint32 signature = 0x20584d50; // "PMX "
     if (m_in.readI32() != signature)
-        m_in.suspect(tr("the file doesn't begin as a PMX file does"));
+        m_in.suspectFile(tr("the file doesn't begin as a PMX file does"));
     m_in.readF32(); // version
     m_in.readU8();  // count of the bytes that follow
     if (m_in.readU8() == utf8) {
-        m_in.suspect(tr("its texts are in UTF-8, which this program takes for UTF-16"));
+        m_in.suspectFile(tr("its texts are in UTF-8, which this program takes for UTF-16"));
         m_in.warn(tr("The texts are in UTF-8 and come out as other characters"));
     }
     m_extraUVs = m_in.readU8();
@@ -170,7 +170,7 @@ void PmxReader::readTriangles()
     const int corners = m_in.readCount(m_sizes.vertex);
     const int count = corners / 3;
     if (corners % 3 != 0)
-        m_in.suspect(tr("the faces have %1 corners, which make no triangles").arg(corners));
+        m_in.suspectHere(tr("the faces have %1 corners, which make no triangles").arg(corners));
     const int vertexCount = int(m_file.vertices.size());
     m_file.triangles.resize(size_t(count));
     for (int i = 0; i < count && m_in.ok(); ++i) {
@@ -222,9 +222,9 @@ PmxFile::Material PmxReader::readMaterial()
     else
         m_in.skip(m_sizes.texture);
     if (!ownsToon && m_sizes.texture > 1)
-        m_in.suspect(tr("the material %1 has a shared toon, told in one byte where this program looks for %2")
-                         .arg(material.name.local)
-                         .arg(m_sizes.texture));
+        m_in.suspectHere(tr("the material %1 has a shared toon, told in one byte where this program looks for %2")
+                             .arg(material.name.local)
+                             .arg(m_sizes.texture));
     m_in.readText(); // memo
     const int corners = m_in.readI32();
     material.triangleCount = corners / 3;

@@ -43,9 +43,10 @@ PmxFile::Bone PmxReader::readBone(int boneCount)
         bone.rotation = {m_in.readIndex(m_sizes.bone, boneCount), m_in.readF32()};
     if (bone.flags & Pmx::InheritsTranslation) {
         if (bone.flags & Pmx::InheritsRotation)
-            m_in.suspect(tr("the bone %1 inherits rotation and movement, told in one record where this program looks "
-                            "for two")
-                             .arg(bone.name.local));
+            m_in.suspectHere(
+                tr("the bone %1 inherits rotation and movement, told in one record where this program looks "
+                   "for two")
+                    .arg(bone.name.local));
         bone.translation = {m_in.readIndex(m_sizes.bone, boneCount), m_in.readF32()};
     }
     if (bone.flags & Pmx::HasFixedAxis)
@@ -125,7 +126,7 @@ PmxFile::Morph PmxReader::readMorph()
 void PmxReader::skipMorph(int type)
 {
     if (type > Pmx::MaterialMorph)
-        m_in.suspect(tr("a morph of the type %1 was taken for one of materials").arg(type));
+        m_in.suspectHere(tr("a morph of the type %1 was taken for one of materials").arg(type));
     const int element = type == Pmx::GroupMorph    ? m_sizes.morph + 4
                         : type == Pmx::BoneMorph   ? m_sizes.bone + 28
                         : type <= Pmx::LastUVMorph ? m_sizes.vertex + 16

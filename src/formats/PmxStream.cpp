@@ -19,6 +19,20 @@ bool PmxStream::endEarly()
     return false;
 }
 
+void PmxStream::suspectHere(const QString &what)
+{
+    m_placeSuspect = what;
+    m_suspectPlace = position();
+}
+
+/// A walk that is out of step stumbles soon.
+QString PmxStream::suspectAt(qint64 position) const
+{
+    constexpr qint64 reach = 4096;
+    const bool isNear = position >= m_suspectPlace && position < m_suspectPlace + reach;
+    return isNear && !m_placeSuspect.isEmpty() ? m_placeSuspect : m_fileSuspect;
+}
+
 void PmxStream::fail(const QString &what)
 {
     failAt(m_taken - m_begin, what);
@@ -27,7 +41,8 @@ void PmxStream::fail(const QString &what)
 void PmxStream::failAt(qint64 position, const QString &what)
 {
     m_lastRead = position;
-    KMReadReport::fail(m_suspect.isEmpty() ? what : tr("%1. It may come from this: %2").arg(what, m_suspect));
+    const QString suspect = suspectAt(position);
+    KMReadReport::fail(suspect.isEmpty() ? what : tr("%1. It may come from this: %2").arg(what, suspect));
     m_at = m_end;
 }
 

@@ -38,8 +38,10 @@ public:
     int readCount(qint64 leastBytesOfEach);
     void skip(qint64 bytes) { take(bytes); }
 
-    /// Something that leads astray readers that go by it: a failure behind it will name it as its likely cause.
-    void suspect(const QString &what) { m_suspect = what; }
+    /// Something of the whole file, or of just this place, that may lead the walk astray: a failure that follows names
+    /// it.
+    void suspectFile(const QString &what) { m_fileSuspect = what; }
+    void suspectHere(const QString &what);
     void fail(const QString &what);
     void failAt(qint64 position, const QString &what); ///< for what turns out later
 
@@ -53,6 +55,7 @@ private:
         return true;
     }
     bool endEarly();
+    QString suspectAt(qint64 position) const;
     void noteNonFinite();
 
     QByteArray m_bytes;
@@ -60,7 +63,9 @@ private:
     const uchar *m_at;
     const uchar *m_end;
     const uchar *m_taken;
-    QString m_suspect;
+    QString m_fileSuspect;
+    QString m_placeSuspect;
+    qint64 m_suspectPlace = 0;
 };
 
 inline float PmxStream::readF32()
