@@ -82,9 +82,10 @@ bool fail(const QString &headline, const QString &path, const QString &sentence)
     return false;
 }
 
-float finite(float number, bool &isOdd)
+float sound(float number, bool &isOdd)
 {
-    if (std::isfinite(number))
+    constexpr float bound = 1e15f; // whose square is still a number, times as many bones as a chain has
+    if (std::abs(number) <= bound)
         return number;
     isOdd = true;
     return 0.0f;

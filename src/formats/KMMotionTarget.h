@@ -19,7 +19,8 @@ bool fail(const QString &headline, const QString &path, const QString &sentence)
 
 constexpr float Scale = 10.0f; ///< from the positions of these files to the document's
 
-/// The number, or 0 in place of one that isn't finite, which would spread over the whole pose; sets the flag then.
-float finite(float number, bool &isOdd);
+/// The number, or 0 in place of one that no pose can be reckoned with, which is none or has no bounds: it would spread
+/// over the whole rig. Sets the flag then.
+float sound(float number, bool &isOdd);
 
 } // namespace KMMotionTarget

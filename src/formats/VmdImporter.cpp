@@ -42,7 +42,7 @@ public:
     bool readHeader();
     bool readKeys();
     QString fault() const { return m_fault; } ///< a sentence on what is wrong and where
-    int oddKeys() const { return m_oddKeys; } ///< with numbers that aren't finite
+    int oddKeys() const { return m_oddKeys; } ///< with numbers that are none
 
 private:
     QByteArray raw(int bytes);
@@ -128,7 +128,7 @@ KMBoneKey VmdReader::readKey()
     m_in >> key.frameno >> key.position.x >> key.position.y >> key.position.z >> q.x >> q.y >> q.z >> q.w;
     bool isOdd = !std::isfinite(q.x + q.y + q.z + q.w);
     for (int axis = 0; axis < 3; ++axis)
-        key.position[axis] = KMMotionTarget::finite(key.position[axis] * KMMotionTarget::Scale, isOdd);
+        key.position[axis] = KMMotionTarget::sound(key.position[axis] * KMMotionTarget::Scale, isOdd);
     q = unitRotation(q);
     m_oddKeys += isOdd;
 
@@ -164,7 +164,8 @@ bool VmdImporter::load(const QString &path)
     gProject->setCurrentFrame(0);
     if (reader.oddKeys() > 0)
         KMPrompt::current().warn(
-            tr("%n keys hold numbers that aren't finite. They stay at rest there.", nullptr, reader.oddKeys()));
+            tr("%n keys hold values that can't be used. The bones stay at rest there.", nullptr,
+               reader.oddKeys()));
     return true;
 }
 

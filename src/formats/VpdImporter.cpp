@@ -81,10 +81,10 @@ void VpdBlocks::takeNumbers(const QString &line)
     float numbers[4] = {};
     bool isOdd = false;
     for (int i = 0; i < std::min(4, parts.size()); ++i)
-        numbers[i] = KMMotionTarget::finite(parts[i].toFloat(), isOdd);
+        numbers[i] = KMMotionTarget::sound(parts[i].toFloat(), isOdd);
     if (m_lines == 0) {
         for (int axis = 0; axis < 3; ++axis)
-            m_key.position[axis] = KMMotionTarget::finite(numbers[axis] * KMMotionTarget::Scale, isOdd);
+            m_key.position[axis] = KMMotionTarget::sound(numbers[axis] * KMMotionTarget::Scale, isOdd);
     } else if (m_lines == 1) {
         m_key.rotation = unitRotation({numbers[3], numbers[0], numbers[1], numbers[2]});
     }
