@@ -164,8 +164,7 @@ bool VmdImporter::load(const QString &path)
     gProject->setCurrentFrame(0);
     if (reader.oddKeys() > 0)
         KMPrompt::current().warn(
-            tr("%n keys hold values that can't be used. The bones stay at rest there.", nullptr,
-               reader.oddKeys()));
+            tr("Keys with values that can't be used: %1. The bones stay at rest there.").arg(reader.oddKeys()));
     return true;
 }
 
