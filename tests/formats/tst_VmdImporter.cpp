@@ -174,7 +174,7 @@ void tst_VmdImporter::keysComeAsTheyStand()
     for (int round = 0; round < 20; ++round) {
         QVector<VmdBytes::Key> keys;
         for (int i = 0; i < 60; ++i) { // of few frames, so that many come twice
-            VmdBytes::Key key{names[random() % 3], random() % 30 * 140000000, RandomNumbers::point(random)};
+            VmdBytes::Key key{names[random() % 3], quint32(random() % 30 * 140000000), RandomNumbers::point(random)};
             key.rotation = {RandomNumbers::number(random), RandomNumbers::number(random), RandomNumbers::number(random),
                             RandomNumbers::number(random)};
             for (char &byte : key.curves)
