@@ -102,8 +102,8 @@ void KMToolUniv::setFlowing(bool flowing)
 
 void KMToolUniv::resetOptions()
 {
-    m_isFlowing = false;
-    m_isHandleShown = true;
+    setFlowing(false);
+    setHandleShown(true);
     setLocal(false);
     setHandleMode(defaultMode(toolId()));
 }
