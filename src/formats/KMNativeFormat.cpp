@@ -1,27 +1,15 @@
 #include "formats/KMNativeFormat.h"
 
 #include "core/KMSolution.h"
+#include "core/KMWaitCursor.h"
 #include "formats/KMDWriter.h"
 #include "formats/KMReadReport.h"
 
-#include <QApplication>
 #include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
 #include <QSaveFile>
-
-namespace {
-
-class WaitCursor
-{
-    Q_DISABLE_COPY(WaitCursor)
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
-
-} // namespace
 
 KMNativeFormat *installNativeFormat(KMSolution *solution)
 {
@@ -51,7 +39,7 @@ bool KMNativeFormat::readWith(const QString &path, KMDReader::Options options)
     KMDReader reader(options);
     bool isRead = false;
     {
-        const WaitCursor cursor; // gone before a box comes
+        const KMWaitCursor cursor; // gone before a box comes
         isRead = reader.read(path);
     }
     if (!isRead)
@@ -85,7 +73,7 @@ bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &e
                      parts());
     bool isWritten = false;
     {
-        const WaitCursor cursor;
+        const KMWaitCursor cursor;
         isWritten = writer.write(&file);
         if (!isWritten)
             file.cancelWriting();
