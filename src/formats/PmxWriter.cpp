@@ -9,6 +9,7 @@
 #include "formats/PmxPhysicsWriter.h"
 #include "formats/PmxSkin.h"
 #include "rig/KMBone.h"
+#include "rig/KMDisplayCommands.h"
 #include "rig/KMDisplayNode.h"
 
 #include <QDebug>
@@ -72,9 +73,10 @@ QVector<FrameItem> itemsOf(const KMDisplayNode &frame, const PmxContents &conten
 QVector<const KMDisplayNode *> writtenFrames()
 {
     QVector<const KMDisplayNode *> frames;
-    for (const KMDisplayNode *frame : gProject->displayNodes()) {
-        if (!frame->isDeleted() && !frame->liveItems().isEmpty())
-            frames.append(frame);
+    const QList<KMDisplayNode *> groups = moveDisplayNodeCommand::liveGroups();
+    for (const KMDisplayNode *group : groups) {
+        if (!group->liveItems().isEmpty())
+            frames.append(group);
     }
     return frames;
 }

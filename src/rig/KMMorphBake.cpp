@@ -8,6 +8,8 @@
 
 #include <QCoreApplication>
 
+#include <cmath>
+
 namespace {
 
 constexpr int messageLevel = 4;
@@ -21,6 +23,21 @@ bool hasSameVertices(const KMMeshNode &a, const KMMeshNode &b)
             return false;
     }
     return true;
+}
+
+/// Place by place: where the chain joins vertices under the morph, others may have faces than without it.
+MorphDeltas deltasBetween(const KMMeshNode &base, const KMMeshNode &target)
+{
+    MorphDeltas deltas;
+    for (int i = 0; i < base.vertexCount(); ++i) {
+        if (!base.vertex(i))
+            continue;
+        const kvm::Vector3 d = target.position(i) - base.position(i);
+        const double length = std::sqrt(double(d.x) * d.x + double(d.y) * d.y + double(d.z) * d.z);
+        if (length > 0.0 && std::isfinite(float(length)))
+            deltas.append({i, float(length), {float(d.x / length), float(d.y / length), float(d.z / length)}});
+    }
+    return deltas;
 }
 
 } // namespace
@@ -42,9 +59,8 @@ QVector<KMMorphBake::Loss> KMMorphBake::sample(const KMMeshNode &source, KMMeshN
         originals[i]->setValue(1.0f);
         copy.follow();
         originals[i]->setValue(0.0f);
-        twins[i]->setDeltas({});
         if (copy.last() && hasSameVertices(*copy.last(), shape)) {
-            KMTagMorph::buildDeltas(twins[i], shape, *copy.last(), false, 1.0f);
+            twins[i]->setDeltas(deltasBetween(shape, *copy.last()));
             continue;
         }
         losses.append({twins[i]->name(), copy.last() ? copy.last()->vertexCount() : 0, shape.vertexCount()});
