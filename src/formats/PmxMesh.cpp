@@ -50,16 +50,14 @@ bool isMorphed(const KMMeshNode &mesh)
     });
 }
 
-std::unique_ptr<KMMeshNode> plainCopy(const KMMeshNode &mesh)
+void restMorphs(KMMeshNode &copy)
 {
-    std::unique_ptr<KMMeshNode> copy(mesh.clone());
-    const QVector<KMTagMorph *> tags = morphTags(*copy);
+    const QVector<KMTagMorph *> tags = morphTags(copy);
     for (const KMTagMorph *tag : tags) {
         const QList<KMMorph *> morphs = tag->liveMorphs();
         for (KMMorph *morph : morphs)
             morph->setValue(0.0f);
     }
-    return copy;
 }
 
 /// What a mesh can be seen as: false when nothing of it is to be written.
@@ -74,12 +72,14 @@ bool evaluate(KMMeshNode &source, const PmxExportOptions &options, PmxMesh &mesh
         if (!mesh.evaluated)
             return false;
     } else if (last || isMorphed(source)) {
-        mesh.evaluated = plainCopy(source); // corners under a chain have no normals of their own
+        mesh.evaluated.reset(source.clone()); // corners under a chain have no normals of their own
     }
-    if (mesh.evaluated)
-        mesh.evaluated->refreshMesh(KMMeshDirty::All);
-    else
+    if (!mesh.evaluated) {
         source.refreshMesh(source.dirtyMask());
+        return true;
+    }
+    restMorphs(*mesh.evaluated);
+    mesh.evaluated->refreshMesh(KMMeshDirty::All);
     return true;
 }
 
