@@ -106,6 +106,11 @@ KMOptionForm PmxExport::form()
     return form;
 }
 
+void PmxExport::forgetAnswers()
+{
+    lastAnswers.clear();
+}
+
 bool PmxExport::write(const QString &path, const KMOptionForm &answers)
 {
     for (const KMOption &option : answers.options) {
