@@ -15,23 +15,22 @@
 
 namespace {
 
-/// Of painting programs. The last one catches what file dialogues make of a suffix that they cut.
+/// "lip" stands in "clip" too.
 bool isOfPaintingProgram(const QString &suffix)
 {
-    const QString parts[] = {QStringLiteral("psd"), QStringLiteral("PSD"), QStringLiteral("clip"),
-                             QStringLiteral("lip")};
+    const QString parts[] = {QStringLiteral("psd"), QStringLiteral("PSD"), QStringLiteral("lip")};
     return std::any_of(std::begin(parts), std::end(parts),
                        [&suffix](const QString &part) { return suffix.contains(part); });
 }
 
-QString fileNameFrom(const QString &name)
+QString baseNameFrom(const QString &name)
 {
     QString safe = QFileInfo(name).completeBaseName();
     for (QChar &c : safe) {
         if (QStringLiteral("<>:\"/\\|?*").contains(c) || c < QLatin1Char(' '))
             c = QLatin1Char('_');
     }
-    return (safe.isEmpty() ? QStringLiteral("texture") : safe) + QStringLiteral(".png");
+    return safe.isEmpty() ? QStringLiteral("texture") : safe;
 }
 
 void logFailure(const QString &path)
@@ -56,13 +55,25 @@ void PmxTextures::take(int texture)
     m_paths.append(written(pathOf(*static_cast<KMTextureNode *>(textures.at(texture)))));
 }
 
-QString PmxTextures::pathOf(const KMTextureNode &texture) const
+/// Beside the model, under a name that no other picture of this file has got.
+QString PmxTextures::newPath(const QString &name)
+{
+    const QDir folder = QFileInfo(m_modelPath).absoluteDir();
+    const QString base = baseNameFrom(name);
+    QString path = folder.filePath(base + QStringLiteral(".png"));
+    for (int i = 1; m_stored.contains(path); ++i)
+        path = folder.filePath(QStringLiteral("%1_%2.png").arg(base).arg(i));
+    m_stored.insert(path);
+    return path;
+}
+
+QString PmxTextures::pathOf(const KMTextureNode &texture)
 {
     if (texture.type() == KMNodeType::FileTexture) {
         const QString path = static_cast<const KMFileTextureNode &>(texture).path();
         return m_options.psdToPng && isOfPaintingProgram(QFileInfo(path).suffix()) ? converted(path) : path;
     }
-    const QString path = QFileInfo(m_modelPath).absoluteDir().filePath(fileNameFrom(texture.name()));
+    const QString path = newPath(texture.name());
     const QImage image = texture.image();
     if (image.isNull() || (mayWrite(path) && !image.save(path, "png")))
         logFailure(path);

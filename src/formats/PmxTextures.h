@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 
 class KMTextureNode;
@@ -20,7 +21,8 @@ public:
     const QStringList &paths() const { return m_paths; }
 
 private:
-    QString pathOf(const KMTextureNode &texture) const;
+    QString pathOf(const KMTextureNode &texture);
+    QString newPath(const QString &name);
     QString converted(const QString &path) const;
     bool mayWrite(const QString &path) const;
     QString written(const QString &path) const;
@@ -29,4 +31,5 @@ private:
     QString m_modelPath;
     QHash<int, int> m_places;
     QStringList m_paths;
+    QSet<QString> m_stored; // of pictures that lay in the document
 };

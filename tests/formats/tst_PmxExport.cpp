@@ -209,25 +209,32 @@ void tst_PmxExport::pictures()
     QVERIFY(red.save(folder.filePath(QStringLiteral("tex/skin.psd")), "png"));
     gProject->addTextureFile(folder.filePath(QStringLiteral("tex/skin.psd")));
     gProject->addTextureFile(folder.filePath(QStringLiteral("tex/lost.clip")));
-    auto *embedded = new KMEmbeddedTextureNode;
-    embedded->setName(QStringLiteral("cheek/left"));
-    embedded->setImage(red);
-    gProject->addNode(embedded);
+    for (const Qt::GlobalColor color : {Qt::red, Qt::green}) { // of one name
+        auto *embedded = new KMEmbeddedTextureNode;
+        QImage picture(2, 2, QImage::Format_RGB32);
+        picture.fill(color);
+        embedded->setImage(picture);
+        gProject->addNode(embedded);
+        embedded->setName(QStringLiteral("cheek/left"));
+    }
     KMBasicShader values;
     values.textures[KMBasicShader::Diffuse] = 0;
     values.textures[KMBasicShader::Sphere] = 1;
     values.textures[KMBasicShader::Toon] = 2;
     scene.addShader(QStringLiteral("s"))->setValues(values);
+    values.textures[KMBasicShader::Toon] = 3;
+    scene.addShader(QStringLiteral("t"))->setValues(values);
     KMMeshNode *mesh = scene.addMesh(MeshFixtures::cube());
     for (int f = 0; f < mesh->faceCount(); ++f)
-        mesh->setFaceShader(f, 0);
+        mesh->setFaceShader(f, f % 2);
     QCOMPARE(scene.exported().textures, QStringList({QStringLiteral("tex/skin.psd"), QStringLiteral("tex/lost.clip"),
-                                                     QStringLiteral("left.png")}));
+                                                     QStringLiteral("left.png"), QStringLiteral("left_1.png")}));
     scene.options.psdToPng = true;
     QCOMPARE(scene.exported().textures, QStringList({QStringLiteral("tex/skin.png"), QStringLiteral("tex/lost.clip"),
-                                                     QStringLiteral("left.png")}));
+                                                     QStringLiteral("left.png"), QStringLiteral("left_1.png")}));
     QCOMPARE(QImage(folder.filePath(QStringLiteral("tex/skin.png"))).pixelColor(0, 0), QColor(Qt::red));
     QCOMPARE(QImage(folder.filePath(QStringLiteral("left.png"))).pixelColor(0, 0), QColor(Qt::red));
+    QCOMPARE(QImage(folder.filePath(QStringLiteral("left_1.png"))).pixelColor(0, 0), QColor(Qt::green));
     scene.options.relativePaths = false;
     QCOMPARE(scene.exported().textures.first(), folder.filePath(QStringLiteral("tex/skin.png")));
 }
