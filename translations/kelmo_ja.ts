@@ -3044,6 +3044,29 @@
     </message>
 </context>
 <context>
+    <name>KMMotionTarget</name>
+    <message>
+        <source> RootBone not found.</source>
+        <translation> ルートボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>BoneNode doesn&apos;t exist.</source>
+        <translation>ボーンノードがありません。</translation>
+    </message>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 はロックされています</translation>
+    </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>file open error.</source>
+        <translation>ファイルを開けません。</translation>
+    </message>
+</context>
+<context>
     <name>KMNativeFormat</name>
     <message>
         <source>The file can&apos;t be written: %1</source>
@@ -6263,6 +6286,56 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>VmdImporter</name>
+    <message>
+        <source>The file ends inside of its header, which takes %1 bytes (byte %2).</source>
+        <translation>ファイルが %1 バイトのヘッダーの途中で終わっています (バイト %2)。</translation>
+    </message>
+    <message>
+        <source>The file ends before the count of its bone keys (byte %1).</source>
+        <translation>ファイルがボーンキーの数の前で終わっています (バイト %1)。</translation>
+    </message>
+    <message>
+        <source>The file says that it has %1 bone keys, but it ends in number %2 (byte %3).</source>
+        <translation>ファイルにはボーンキーが %1 個あるはずですが、%2 個目で終わっています (バイト %3)。</translation>
+    </message>
+    <message>
+        <source>Bone key %1 of %2 can&apos;t be read (byte %3).</source>
+        <translation>ボーンキー %1 / %2 を読み込めません (バイト %3)。</translation>
+    </message>
+    <message>
+        <source>filed load header.</source>
+        <translation>ヘッダーを読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>filed load bone keys.</source>
+        <translation>ボーンキーを読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>Import VMD</source>
+        <translation>VMD のインポート</translation>
+    </message>
+    <message>
+        <source>Keys with values that can&apos;t be used: %1. The bones stay at rest there.</source>
+        <translation>使えない値を持つキー: %1 個。その部分のボーンは初期姿勢のままです。</translation>
+    </message>
+    <message>
+        <source>MMD Motion Data (*.vmd)</source>
+        <translation>MMD モーションデータ (*.vmd)</translation>
+    </message>
+</context>
+<context>
+    <name>VpdImporter</name>
+    <message>
+        <source>Import VPD</source>
+        <translation>VPD のインポート</translation>
+    </message>
+    <message>
+        <source>MMD Pose Data (*.vpd)</source>
+        <translation>MMD ポーズデータ (*.vpd)</translation>
+    </message>
+</context>
+<context>
     <name>addBoneCommand</name>
     <message>
         <source>Add Bone</source>
@@ -7743,6 +7816,42 @@ Do you want to replace it?</source>
     <message>
         <source>Weigh the mesh by coarse boxes around the bones</source>
         <translation>ボーンを囲む粗い箱でメッシュにウェイトを付けます</translation>
+    </message>
+    <message>
+        <source>MMD Extend Model File...</source>
+        <translation>MMD 拡張モデルファイル...</translation>
+    </message>
+    <message>
+        <source>Add a PMX model to the document</source>
+        <translation>PMX モデルをドキュメントに追加します</translation>
+    </message>
+    <message>
+        <source>Write the document as a PMX model</source>
+        <translation>ドキュメントを PMX モデルとして書き出します</translation>
+    </message>
+    <message>
+        <source>MMD Motion Data...</source>
+        <translation>MMD モーションデータ...</translation>
+    </message>
+    <message>
+        <source>Move the bones by a motion, in place of the keys that they have</source>
+        <translation>今あるキーに代えて、モーションでボーンを動かします</translation>
+    </message>
+    <message>
+        <source>MMD Pose Data...</source>
+        <translation>MMD ポーズデータ...</translation>
+    </message>
+    <message>
+        <source>Pose the bones by a file, with keys at the current frame</source>
+        <translation>現在のフレームのキーとして、ファイルのポーズをボーンに付けます</translation>
+    </message>
+    <message>
+        <source>Reading %1...</source>
+        <translation>%1 を読み込み中...</translation>
+    </message>
+    <message>
+        <source>Writing %1...</source>
+        <translation>%1 を書き出し中...</translation>
     </message>
 </context>
 <context>

@@ -1,10 +1,19 @@
 #include "formats/KMExchangeFormat.h"
 
+#include "formats/VmdImporter.h"
+#include "formats/VpdImporter.h"
+
 #include <algorithm>
 
 const QVector<KMExchangeFormat> &exchangeFormats()
 {
-    static const QVector<KMExchangeFormat> formats = {};
+    static const QVector<KMExchangeFormat> formats = {
+        // Models
+
+        // Motions and poses
+        vmdFormat(),
+        vpdFormat(),
+    };
     return formats;
 }
 

@@ -2,27 +2,15 @@
 
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
+#include "core/KMWaitCursor.h"
 #include "formats/KMDWriter.h"
 
-#include <QApplication>
 #include <QBuffer>
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
 #include <QSaveFile>
-
-namespace {
-
-class WaitCursor
-{
-    Q_DISABLE_COPY(WaitCursor)
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
-
-} // namespace
 
 KMNativeFormat *installNativeFormat(KMSolution *solution)
 {
@@ -52,7 +40,7 @@ bool KMNativeFormat::readWith(const QString &path, KMDReader::Options options)
     KMDReader reader(options);
     bool isRead = false;
     {
-        const WaitCursor cursor; // gone before a box comes
+        const KMWaitCursor cursor; // gone before a box comes
         isRead = reader.read(path);
     }
     if (!isRead)
@@ -86,7 +74,7 @@ bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &e
                      parts());
     bool isWritten = false;
     {
-        const WaitCursor cursor;
+        const KMWaitCursor cursor;
         isWritten = writer.write(&file);
         if (!isWritten)
             file.cancelWriting();

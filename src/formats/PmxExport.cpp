@@ -122,9 +122,7 @@ bool PmxExport::write(const QString &path, const KMOptionForm &answers)
     if (answers.value(QLatin1String(resetKey)).toBool())
         resetMorphs();
     PmxExporter exporter(optionsOf(answers));
-    gSolution->setProgress(tr("Export PMX..."));
     const bool isWritten = exporter.exportTo(path);
-    gSolution->setProgress({});
     if (!isWritten) {
         const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), exporter.error());
         qDebug().noquote() << text;

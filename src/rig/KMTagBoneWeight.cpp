@@ -330,17 +330,13 @@ void KMTagBoneWeight::remapIndices()
         else
             lost.flagged.append(i);
     }
-    if (store->slotsGained() > 0)
-        restoreLost();
-    else if (store->slotsGained() < 0)
-        m_lost.append(lost);
+    mesh()->keepLoss(this, lost);
+    if (const Lost *found = store->lossOf<Lost>(this))
+        restore(*found);
 }
 
-void KMTagBoneWeight::restoreLost()
+void KMTagBoneWeight::restore(const Lost &lost)
 {
-    if (m_lost.isEmpty())
-        return;
-    const Lost lost = m_lost.takeLast();
     for (int k = 0; k < lost.vertices.size(); ++k)
         m_lists.set(lost.vertices.at(k), lost.lists.of(k));
     for (const int i : lost.flagged)

@@ -117,7 +117,7 @@ private:
     KMWeightSource source() const;
     void measureReach() const;
     void extendReach(const QVector<int> &vertices) const;
-    void restoreLost();
+    void restore(const Lost &lost);
     void carryShares(KMShareView shares, const QVector<int> &numbers, int vertex);
 
     KMWeightParameters m_parameters;
@@ -125,7 +125,6 @@ private:
     QVector<KMBone *> m_bones; // not owned
     QHash<const KMBone *, int> m_numbers;
     QVector<quint8> m_sdefFlags; // by vertex; the vertices from its end on have none
-    QVector<Lost> m_lost;        // of the renumberings that can still be undone, the last one at the end
 
     // Of the tag that is carried over
     const KMTagBoneWeight *m_from = nullptr;
