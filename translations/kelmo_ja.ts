@@ -3047,7 +3047,7 @@
     <name>KMMotionTarget</name>
     <message>
         <source> RootBone not found.</source>
-        <translation> ルートボーンが見つかりません。</translation>
+        <translation> RootBone が見つかりません。</translation>
     </message>
     <message>
         <source>BoneNode doesn&apos;t exist.</source>
@@ -6336,22 +6336,22 @@ By going on you agree to respect the rights of all authors whose data you use.</
     </message>
     <message>
         <source>RootBone</source>
-        <translation type="unfinished">RootBone</translation>
+        <translation>RootBone</translation>
     </message>
 </context>
 <context>
     <name>PmxExporter</name>
     <message>
         <source>RootBone not found.</source>
-        <translation>ルートボーンが見つかりません。</translation>
+        <translation>RootBone が見つかりません。</translation>
     </message>
     <message>
         <source>There is no file name</source>
-        <translation type="unfinished">ファイル名がありません</translation>
+        <translation>ファイル名がありません</translation>
     </message>
     <message>
         <source>The file can&apos;t be written: %1</source>
-        <translation type="unfinished">ファイルに書き込めません: %1</translation>
+        <translation>ファイルに書き込めません: %1</translation>
     </message>
 </context>
 <context>
