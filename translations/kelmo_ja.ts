@@ -3047,7 +3047,7 @@
     <name>KMMotionTarget</name>
     <message>
         <source> RootBone not found.</source>
-        <translation> RootBone が見つかりません。</translation>
+        <translation> ルートボーンが見つかりません。</translation>
     </message>
     <message>
         <source>BoneNode doesn&apos;t exist.</source>
@@ -6343,7 +6343,7 @@ By going on you agree to respect the rights of all authors whose data you use.</
     <name>PmxExporter</name>
     <message>
         <source>RootBone not found.</source>
-        <translation>RootBone が見つかりません。</translation>
+        <translation>ルートボーンが見つかりません。</translation>
     </message>
     <message>
         <source>There is no file name</source>
