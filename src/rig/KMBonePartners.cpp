@@ -7,6 +7,8 @@
 
 #include <QVarLengthArray>
 
+#include <algorithm>
+
 bool KMBonePartners::Place::operator==(const Place &other) const
 {
     return bone == other.bone && head == other.head && tail == other.tail;
@@ -79,5 +81,31 @@ KMBone *KMBonePartners::nearest(const KMBone &bone, const KMSymmetryPlane &plane
         found = place.bone;
         least = away;
     }
+    return found && found != &bone ? sameAmong(*found, bone) : found;
+}
+
+/// Rigs have bones in one place, to turn or follow others: the first there is the image of the first here, and so on.
+KMBone *KMBonePartners::sameAmong(const KMBone &image, const KMBone &bone) const
+{
+    const auto isAt = [](const Place &place, const KMBone &at) {
+        return place.head == at.restHead() && place.tail == at.restTail();
+    };
+    const auto self = std::find_if(m_places.begin(), m_places.end(), [&](const Place &p) { return p.bone == &bone; });
+    auto before = std::count_if(m_places.begin(), self, [&](const Place &place) { return isAt(place, bone); });
+    KMBone *found = nullptr;
+    for (const Place &place : m_places) {
+        if (!isAt(place, image))
+            continue;
+        found = place.bone;
+        if (before-- == 0)
+            break;
+    }
     return found;
+}
+
+KMBone *KMBonePartners::partnerOf(KMBone *bone, const KMSymmetryPlane &plane)
+{
+    KMBonePartners partners;
+    partners.follow({bone}, plane);
+    return partners.of(0);
 }
