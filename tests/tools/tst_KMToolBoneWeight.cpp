@@ -472,7 +472,10 @@ void tst_KMToolBoneWeight::colorsFollowTheStroke()
     window.tool->refresh();
     const auto picture = [&window] { return window.view(ToolWindow::Top)->grabFramebuffer(); };
     const QImage before = picture();
-    const QPointF from = window.at(ToolWindow::Top, 40), to = window.at(ToolWindow::Top, 100);
+    QPointF from = window.at(ToolWindow::Top, 40);
+    const QPointF to = window.at(ToolWindow::Top, 100);
+    for (int i = 0; !tag && i < window.mesh->vertexCount(); ++i) // beside the mesh, which gets its tag all the same
+        from.setX(std::max(from.x(), window.at(ToolWindow::Top, i).x() + double(window.tool->brush().radius) + 4.0));
     ViewMouse mouse(window.view(ToolWindow::Top));
     mouse.move(from);
     mouse.press(Qt::LeftButton, from);
@@ -500,14 +503,18 @@ void tst_KMToolBoneWeight::colorsOfDeletedBones()
     QVERIFY(dead.x == bare.x && dead.y == bare.y && dead.z == bare.z);
 }
 
-/// The vertices that a stroke moves on its way stand where a whole evaluation puts them.
+/// The vertices that a stroke moves on its way, and those that are blended with them, stand where a whole evaluation
+/// puts them.
 void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke()
 {
     WeightWindow window;
     QVERIFY(window.isReady());
     KMTagBoneWeight *tag = window.addTag();
-    for (int i = 0; i < window.mesh->vertexCount(); ++i)
-        tag->addEntry({i, 1.0f, window.bones[0]});
+    for (int i = 0; i < window.mesh->vertexCount(); ++i) {
+        tag->addEntry({i, 0.8f, window.bones[0]});
+        tag->addEntry({i, 0.2f, window.bones[1]});
+        tag->setSdefFlag(i, i % 2);
+    }
     auto *deform = new KMModBoneDeformNode;
     window.append(deform);
     PoseTransform pose;
@@ -527,7 +534,8 @@ void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke()
     ViewMouse mouse(window.view(ToolWindow::Top));
     mouse.move(from);
     mouse.press(Qt::LeftButton, from);
-    mouse.move(from + QPointF(30, 30));
+    for (const double way : {10.0, 20.0, 30.0})
+        mouse.move(from + QPointF(way, way));
     const QVector<Vector3> during = places();
     QVERIFY(during != before);
     mouse.release(Qt::LeftButton, from + QPointF(30, 30));
