@@ -61,18 +61,21 @@ void KMSdefPairs::place(SdefPair &pair) const
 void KMSdefPairs::enter(int number, int vertex)
 {
     QVector<int> &vertices = m_pairs[number].vertices;
+    m_pairs[number].isMeasured = false;
     vertices.insert(std::lower_bound(vertices.begin(), vertices.end(), vertex), vertex);
 }
 
 void KMSdefPairs::take(int number, int vertex)
 {
     QVector<int> &vertices = m_pairs[number].vertices;
+    m_pairs[number].isMeasured = false;
     vertices.erase(std::lower_bound(vertices.begin(), vertices.end(), vertex));
 }
 
 void KMSdefPairs::findFarthest(SdefPair &pair, const KMMeshNode &mesh)
 {
     const Vector3 headA = (pair.unrelated ? pair.boneA : pair.boneB)->restHead(), headB = pair.boneB->restHead();
+    pair.isMeasured = true;
     pair.farVertexA = pair.farVertexB = -1;
     pair.farDistanceA = pair.farDistanceB = 0.0f;
     for (const int vertex : std::as_const(pair.vertices)) {

@@ -24,14 +24,15 @@ public:
     void enter(int number, int vertex);
     void take(int number, int vertex);
 
-    /// Finds the vertices of a pair that reach farthest, and answers whether they, or their weights, are others than
-    /// before. weightOf(vertex, bone) is asked for these.
+    /// Looks which vertices of a pair reach farthest, where others came or went since, and what they weigh. Answers
+    /// whether any of this is other than before. weightOf(vertex, bone) is asked for the weights.
     template <class WeightOf>
     bool measure(int number, const KMMeshNode &mesh, WeightOf weightOf)
     {
         SdefPair &pair = m_pairs[number];
         const SdefPair::Farthest before = pair.farthest();
-        findFarthest(pair, mesh);
+        if (!pair.isMeasured)
+            findFarthest(pair, mesh);
         pair.farWeightA = pair.farVertexA < 0 ? 0.0f : weightOf(pair.farVertexA, pair.boneA);
         pair.farWeightB = pair.farVertexB < 0 ? 0.0f : weightOf(pair.farVertexB, pair.boneB);
         return pair.farthest() != before;

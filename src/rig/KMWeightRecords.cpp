@@ -75,16 +75,18 @@ void KMWeightRecords::follow(const KMWeightSource &source, const QVector<int> &v
         return;
     ++m_sdefRevision;
     m_areAllDerived = false;
-    m_derived = vertices;
+    m_derived.clear();
     std::sort(touched.begin(), touched.end());
     touched.erase(std::unique(touched.begin(), touched.end()), touched.end());
     for (const int pair : std::as_const(touched)) {
         if (measure(source, pair))
             m_derived += m_pairs.at(pair).vertices;
     }
-    for (const int vertex : std::as_const(m_derived)) {
-        if (sdefOf(vertex))
-            derive(source, m_sdef[m_sdefOf.at(vertex)]);
+    for (const QVector<int> *some : {&vertices, &std::as_const(m_derived)}) {
+        for (const int vertex : *some) {
+            if (sdefOf(vertex))
+                derive(source, m_sdef[m_sdefOf.at(vertex)]);
+        }
     }
 }
 

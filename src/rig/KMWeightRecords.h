@@ -52,7 +52,8 @@ public:
     bool hasSdef() const { return !m_sdef.isEmpty(); }
     const QVector<SdefPair> &pairs() const { return m_pairs.pairs(); }
     int sdefRevision() const { return m_sdefRevision; } ///< another whenever spherical blends were derived anew
-    /// Appends the vertices whose spherical blends were derived anew since a revision; false when it may be all.
+    /// Appends the vertices, beside those that were edited, whose spherical blends were derived anew since a revision;
+    /// false when it may be all.
     bool derivedSince(int revision, QVector<int> &vertices) const;
 
 private:

@@ -28,6 +28,7 @@ struct SdefPair
     float planeD = 0.0f;
     kvm::Vector3 planeNormal;
     QVector<int> vertices;
+    bool isMeasured = false; ///< whether the far ones are the farthest of these
 
     using Farthest = std::tuple<int, int, float, float, float, float>;
     Farthest farthest() const ///< all that the blends of the other vertices depend on
