@@ -8,6 +8,13 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr float onePlace = 1e-3f; // of the reach: as near as that is the same, however it was reckoned
+
+} // namespace
 
 bool KMBonePartners::Place::operator==(const Place &other) const
 {
@@ -76,7 +83,9 @@ KMBone *KMBonePartners::nearest(const KMBone &bone, const KMSymmetryPlane &plane
         if (headAway >= m_cause.reach || tailAway >= m_cause.reach)
             continue;
         const float away = headAway + tailAway;
-        if (found && (away > least || (away == least && place.bone != &bone)))
+        const float nearer = least - away;
+        const bool isAsNear = std::abs(nearer) < m_cause.reach * onePlace;
+        if (found && (isAsNear ? place.bone != &bone : nearer < 0.0f))
             continue;
         found = place.bone;
         least = away;
@@ -87,8 +96,9 @@ KMBone *KMBonePartners::nearest(const KMBone &bone, const KMSymmetryPlane &plane
 /// Rigs have bones in one place, to turn or follow others: the first there is the image of the first here, and so on.
 KMBone *KMBonePartners::sameAmong(const KMBone &image, const KMBone &bone) const
 {
-    const auto isAt = [](const Place &place, const KMBone &at) {
-        return place.head == at.restHead() && place.tail == at.restTail();
+    const float tolerance = m_cause.reach * onePlace;
+    const auto isAt = [tolerance](const Place &place, const KMBone &at) {
+        return (place.head - at.restHead()).length() < tolerance && (place.tail - at.restTail()).length() < tolerance;
     };
     const auto self = std::find_if(m_places.begin(), m_places.end(), [&](const Place &p) { return p.bone == &bone; });
     auto before = std::count_if(m_places.begin(), self, [&](const Place &place) { return isAt(place, bone); });
