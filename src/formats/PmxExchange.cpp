@@ -1,5 +1,6 @@
 #include "formats/PmxExchange.h"
 
+#include "formats/PmxExport.h"
 #include "formats/PmxImporter.h"
 
 #include <QCoreApplication>
@@ -52,5 +53,7 @@ KMExchangeFormat pmxFormat()
     format.filter = Texts::tr("MMD Extend Model File (*.pmx)");
     format.readForm = readForm;
     format.read = read;
+    format.writeForm = &PmxExport::form;
+    format.write = &PmxExport::write;
     return format;
 }

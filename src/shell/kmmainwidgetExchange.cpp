@@ -102,6 +102,7 @@ void kmmainwidget::onMenuExportKMDVer1()
 void kmmainwidget::importAs(const QString &suffix, const QString &given)
 {
     commitOpenEditors();
+    m_playback->stop(); // keys go to the frame that the user sees
     const KMExchangeFormat *format = exchangeFormat(suffix);
     if (!format || !format->read)
         return;
