@@ -14,10 +14,10 @@ constexpr int legColumns = 12;
 constexpr float legStart = 1.5f; // steps between the inner side of the leg and the first column of the pelvis
 
 constexpr KMSampleLoft::Level pelvisLevels[] = {
-    {117.0f, 117.0f, 117.0f, -7.4f, 3.6f, 7.4f},
-    {111.0f, 111.0f, 111.0f, -8.6f, 5.4f, 9.6f},
-    {105.0f, 105.0f, 105.0f, -9.4f, 7.4f, 12.0f},
-    {99.5f, 101.0f, 99.0f, -9.2f, 7.2f, 13.0f},
+    {117.0f, 117.0f, 117.0f, -7.0f, 3.0f, 6.8f},
+    {111.0f, 111.0f, 111.0f, -7.6f, 4.0f, 8.4f},
+    {105.0f, 105.0f, 105.0f, -8.4f, 5.4f, 10.4f},
+    {99.5f, 101.0f, 99.0f, -8.8f, 6.0f, 11.8f},
 };
 constexpr kvm::Vector3 crotch[] = {{0.0f, 95.5f, 2.2f}, {0.0f, 95.5f, -4.6f}}; ///< from behind to the front
 
@@ -28,11 +28,11 @@ struct LegLevel
 };
 
 constexpr LegLevel legLevels[] = {
-    {93.0f, 6.9f, -1.6f, 6.3f, 7.6f}, {86.0f, 6.9f, -1.9f, 6.2f, 7.0f},   {79.0f, 7.0f, -2.2f, 5.7f, 6.3f},
-    {73.2f, 7.1f, -2.4f, 5.2f, 5.7f}, {72.2f, 7.1f, -2.4f, 5.55f, 6.05f}, {66.0f, 7.2f, -2.5f, 4.7f, 5.1f},
-    {62.4f, 7.3f, -2.6f, 4.4f, 4.8f}, {59.2f, 7.3f, -2.4f, 4.2f, 4.6f},   {55.0f, 7.35f, -1.8f, 4.2f, 4.6f},
-    {47.0f, 7.5f, -0.9f, 4.4f, 5.0f}, {37.0f, 7.6f, -0.3f, 3.9f, 4.4f},   {26.0f, 7.7f, 0.1f, 3.0f, 3.4f},
-    {17.0f, 7.8f, 0.2f, 2.6f, 3.0f},  {9.0f, 7.8f, 0.2f, 2.5f, 3.0f},
+    {93.0f, 6.8f, -1.6f, 6.3f, 7.6f},  {86.0f, 6.75f, -1.9f, 6.1f, 7.0f}, {79.0f, 6.7f, -2.2f, 5.6f, 6.3f},
+    {73.2f, 6.65f, -2.4f, 5.1f, 5.7f}, {72.2f, 6.65f, -2.4f, 5.5f, 6.1f}, {66.0f, 6.65f, -2.6f, 4.6f, 5.1f},
+    {62.4f, 6.7f, -2.7f, 4.2f, 4.8f},  {59.2f, 6.7f, -2.5f, 4.0f, 4.5f},  {55.0f, 6.75f, -1.7f, 4.0f, 4.4f},
+    {47.0f, 7.0f, -0.5f, 4.35f, 4.9f}, {38.0f, 7.1f, 0.1f, 4.0f, 4.5f},   {28.0f, 7.0f, 0.4f, 3.0f, 3.4f},
+    {18.0f, 6.9f, 0.5f, 2.35f, 2.75f}, {11.0f, 6.9f, 0.4f, 2.3f, 2.8f},   {5.0f, 6.95f, -0.4f, 2.2f, 2.9f},
 };
 constexpr int stockingTop = 3; // the level below which it is stocking
 

@@ -32,6 +32,7 @@
 
 namespace {
 
+constexpr kvm::Vector3 lightAngles{32.0f, -18.0f, 0.0f}; // degrees, against the view
 constexpr int outlineWidth = 220; // percent of the width that the materials name
 
 struct Part
@@ -182,6 +183,7 @@ void KMSampleCharacter::build()
     }
     gProject->setName(QStringLiteral("Kelmo"));
     gSolution->setFogDistance(outlineWidth);
+    gSolution->setLightAngles(lightAngles);
     gSolution->setCurrentNode(nullptr);
     gSolution->clearHistory();
 }

@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr kvm::Vector2 irisCentre{4.35f, 173.05f};
-constexpr kvm::Vector2 irisRadius{2.15f, 2.75f};
+constexpr kvm::Vector2 irisCentre{4.4f, 173.2f};
+constexpr kvm::Vector2 irisRadius{2.5f, 3.3f};
 constexpr float irisDepth = 0.42f; // behind the skin, before the white
 
 /// A place of a strip on the face: the middle of its line in the front view, half its height, half its thickness.
@@ -24,8 +24,8 @@ constexpr StripPoint lashPoints[] = {
     {7.65f, 173.35f, 0.3f, 0.2f}, {8.1f, 172.6f, 0.06f, 0.06f},
 };
 constexpr StripPoint lowerLashPoints[] = {
-    {4.3f, 170.0f, 0.04f, 0.05f}, {5.2f, 170.05f, 0.14f, 0.1f}, {6.1f, 170.4f, 0.18f, 0.12f},
-    {6.8f, 171.05f, 0.16f, 0.1f}, {7.2f, 171.7f, 0.05f, 0.05f},
+    {4.6f, 170.15f, 0.04f, 0.05f}, {5.4f, 170.2f, 0.09f, 0.08f}, {6.2f, 170.6f, 0.13f, 0.1f},
+    {6.85f, 171.3f, 0.12f, 0.1f},  {7.2f, 172.0f, 0.04f, 0.05f},
 };
 constexpr StripPoint browPoints[] = {
     {2.0f, 178.0f, 0.2f, 0.1f},  {2.7f, 178.5f, 0.36f, 0.16f}, {4.1f, 179.0f, 0.38f, 0.18f},
@@ -67,7 +67,7 @@ void addIris(KMSampleMesh &mesh, KMSampleHead &head)
     for (int i = 0; i < corners; ++i) {
         const float angle = 2.0f * float(M_PI) * float(i) / float(corners);
         // The places between the axes make up for what smoothing takes off a square.
-        const float reach = i % 2 ? 1.08f : 1.0f;
+        const float reach = i % 2 ? 1.07f : 0.93f;
         rim << mesh.addVertex(KMSampleHead::onFace(irisCentre.x + irisRadius.x * reach * std::cos(angle),
                                                    irisCentre.y + irisRadius.y * reach * std::sin(angle), -irisDepth));
     }
@@ -92,5 +92,5 @@ void KMSampleFace::build(KMSampleMesh &mesh, KMSampleHead &head)
     addIris(mesh, head);
     addStrip(mesh, lashPoints, 0.12f, KMSampleShaders::Lash, &head.lash);
     addStrip(mesh, lowerLashPoints, 0.06f, KMSampleShaders::Lash, &head.lowerLash);
-    addStrip(mesh, browPoints, 0.12f, KMSampleShaders::Hair, &head.brow);
+    addStrip(mesh, browPoints, 0.12f, KMSampleShaders::Brow, &head.brow);
 }

@@ -15,6 +15,8 @@ constexpr float widestZ = 0.6f;
 constexpr float faceRoundness = 2.35f;
 constexpr kvm::Vector2 uvLeft{-12.0f, 192.0f};
 constexpr kvm::Vector2 uvRight{12.0f, 150.0f};
+constexpr kvm::Vector2 eyeLeft{1.5f, 176.0f}; // of the white's picture
+constexpr kvm::Vector2 eyeRight{7.5f, 170.0f};
 
 /// The outline of the head at a height.
 struct Outline
@@ -23,8 +25,8 @@ struct Outline
 };
 
 constexpr Outline outlines[] = {
-    {161.5f, 1.2f, -6.6f, 4.4f},   {162.4f, 2.1f, -7.5f, 4.7f},   {163.3f, 3.3f, -8.1f, 5.2f},
-    {164.6f, 4.9f, -8.5f, 6.2f},   {166.0f, 6.25f, -8.75f, 7.2f}, {168.0f, 7.6f, -8.95f, 8.4f},
+    {161.7f, 0.9f, -6.7f, 4.4f},   {162.5f, 1.8f, -7.5f, 4.7f},   {163.3f, 3.3f, -8.1f, 5.2f},
+    {164.6f, 4.7f, -8.5f, 6.2f},   {166.0f, 6.15f, -8.75f, 7.2f}, {168.0f, 7.6f, -8.95f, 8.4f},
     {170.0f, 8.45f, -9.05f, 9.3f}, {173.0f, 9.1f, -9.2f, 10.2f},  {176.0f, 9.4f, -9.4f, 10.6f},
     {180.0f, 9.4f, -9.2f, 10.6f},  {183.5f, 8.7f, -8.2f, 9.8f},   {186.5f, 7.1f, -6.3f, 8.1f},
     {188.6f, 4.9f, -4.1f, 5.7f},   {189.8f, 2.4f, -1.7f, 3.1f},
@@ -37,7 +39,7 @@ struct Bump
 };
 
 constexpr Bump bumps[] = {
-    {0.0f, 168.95f, 0.8f, 1.0f, 0.95f}, // tip of the nose
+    {0.0f, 168.95f, 0.85f, 1.0f, 1.35f}, // tip of the nose
     {0.0f, 171.6f, 0.95f, 2.3f, 0.35f}, // its bridge
     {4.4f, 172.9f, 2.6f, 2.6f, -0.45f}, // eye
     {0.0f, 166.5f, 1.9f, 0.9f, 0.28f},  // lips
@@ -67,7 +69,7 @@ enum RowName {
 constexpr Row rows[HeadRows] = {
     {188.9f, 188.7f, 188.9f}, {186.2f, 186.2f, 186.6f}, {182.6f, 182.8f, 183.0f},  {179.4f, 179.8f, 179.5f},
     {177.3f, 177.6f, 176.6f}, {175.6f, 175.6f, 174.2f}, {173.2f, 173.4f, 172.0f},  {170.7f, 171.2f, 169.9f},
-    {169.2f, 169.7f, 168.0f}, {168.0f, 168.6f, 166.6f}, {166.75f, 167.6f, 165.3f}, {166.3f, 166.8f, 164.3f},
+    {169.2f, 169.7f, 168.0f}, {168.0f, 168.6f, 166.6f}, {166.6f, 167.6f, 165.3f}, {166.4f, 166.8f, 164.3f},
     {164.5f, 165.9f, 163.3f}, {162.7f, 165.2f, 162.6f},
 };
 
@@ -80,9 +82,9 @@ struct NeckRow
 };
 
 constexpr NeckRow neckRows[] = {
-    {{161.9f, 163.9f, 161.6f}, 4.6f, -5.2f, 4.3f, 0.85f, 0.15f},
-    {{160.4f, 162.2f, 160.3f}, 3.5f, -2.2f, 4.2f, 0.35f, 0.65f},
-    {{157.0f, 158.5f, 158.5f}, 3.45f, -2.3f, 4.4f, 0.0f, 0.6f},
+    {{163.3f, 165.0f, 162.0f}, 4.3f, -5.4f, 4.3f, 0.9f, 0.1f},
+    {{163.0f, 163.6f, 161.0f}, 3.3f, -2.5f, 4.2f, 0.45f, 0.55f},
+    {{158.0f, 159.0f, 158.5f}, 3.3f, -2.2f, 4.4f, 0.0f, 0.6f},
     {{151.0f, 152.0f, 153.0f}, 4.4f, -3.2f, 4.6f, 0.0f, 0.0f},
 };
 
@@ -92,13 +94,11 @@ constexpr int eyeFirst = 2; // columns of the eye opening
 constexpr int eyeLast = 6;
 constexpr int mouthLast = 2;
 
-constexpr kvm::Vector2 upperLid[] = {
-    {2.15f, 173.6f}, {3.0f, 175.1f}, {4.45f, 175.75f}, {5.9f, 175.35f}, {6.95f, 174.3f}};
-constexpr kvm::Vector2 eyeCorners[] = {{2.1f, 172.2f}, {7.1f, 173.0f}};
-constexpr kvm::Vector2 lowerLid[] = {
-    {2.5f, 170.9f}, {3.3f, 170.35f}, {4.5f, 170.15f}, {5.75f, 170.4f}, {6.75f, 171.3f}};
-constexpr kvm::Vector2 upperLip[] = {{0.0f, 166.66f}, {0.95f, 166.64f}, {1.75f, 166.86f}};
-constexpr kvm::Vector2 lowerLip[] = {{0.0f, 166.36f}, {0.95f, 166.38f}, {1.75f, 166.72f}};
+constexpr kvm::Vector2 upperLid[] = {{2.2f, 173.4f}, {3.0f, 174.9f}, {4.45f, 175.55f}, {5.9f, 175.2f}, {7.0f, 174.1f}};
+constexpr kvm::Vector2 eyeCorners[] = {{2.15f, 172.0f}, {7.1f, 172.8f}};
+constexpr kvm::Vector2 lowerLid[] = {{2.6f, 170.9f}, {3.4f, 170.4f}, {4.5f, 170.2f}, {5.75f, 170.4f}, {6.7f, 171.2f}};
+constexpr kvm::Vector2 upperLip[] = {{0.0f, 166.42f}, {0.85f, 166.46f}, {1.55f, 166.76f}};
+constexpr kvm::Vector2 lowerLip[] = {{0.0f, 166.5f}, {0.85f, 166.54f}, {1.55f, 166.74f}};
 constexpr kvm::Vector2 upperPalate[] = {{0.0f, 167.7f}, {1.2f, 167.6f}, {1.9f, 167.0f}};
 constexpr kvm::Vector2 lowerPalate[] = {{0.0f, 165.4f}, {1.2f, 165.5f}, {1.9f, 166.4f}};
 
@@ -326,5 +326,5 @@ void KMSampleHead::buildEye(KMSampleMesh &mesh)
     middle << upper.last();
     KMSampleLoft::connectOpen(mesh, slice(upper, 1, span + 1), middle, {KMSampleShaders::EyeWhite});
     KMSampleLoft::connectOpen(mesh, middle, slice(lower, 1, span + 1), {KMSampleShaders::EyeWhite});
-    mesh.projectUvs(first, uvLeft, uvRight);
+    mesh.projectUvs(first, eyeLeft, eyeRight);
 }

@@ -13,10 +13,10 @@ constexpr kvm::Vector3 armUp{0.56993f, 0.82169f, 0.0f};   ///< across it, to the
 constexpr kvm::Vector3 forward{0.0f, 0.0f, -1.0f};
 constexpr float armPart = 13.0156f; ///< four of them make the arm
 
-constexpr kvm::Vector3 hip{7.0f, 101.0f, -2.6f};
-constexpr kvm::Vector3 knee{7.3f, 60.8f, -2.4f};
-constexpr kvm::Vector3 ankle{7.8f, 9.6f, 0.2f};
-constexpr kvm::Vector3 toe{8.6f, 1.8f, -11.5f};
+constexpr kvm::Vector3 hip{6.9f, 101.0f, -2.4f};
+constexpr kvm::Vector3 knee{6.7f, 60.8f, -2.4f};
+constexpr kvm::Vector3 ankle{6.9f, 9.0f, 0.4f};
+constexpr kvm::Vector3 toe{8.0f, 1.8f, -11.5f};
 
 constexpr kvm::Vector3 eye{4.25f, 172.9f, -2.0f};
 

@@ -21,8 +21,8 @@ constexpr float hem = 80.5f;
 constexpr float middleZ = -1.9f;
 
 /// Its outline from the waist to the hem.
-const QVector<float> halfWidths = {9.0f, 11.6f, 14.4f, 16.9f, 19.0f, 20.8f};
-const QVector<float> halfDepths = {7.2f, 9.2f, 11.6f, 14.0f, 16.2f, 18.0f};
+const QVector<float> halfWidths = {8.4f, 11.0f, 14.0f, 16.7f, 18.9f, 20.8f};
+const QVector<float> halfDepths = {5.9f, 8.5f, 11.4f, 14.0f, 16.2f, 18.0f};
 
 constexpr int bonesDown = 3;
 constexpr float firstBone = 0.14f; // of the way down

@@ -74,6 +74,30 @@ QImage iris()
     return image;
 }
 
+/// The white of an eye, in the shadow of the upper lid.
+QImage white()
+{
+    QImage image = blank(32, 64, Qt::white);
+    QPainter painter(&image);
+    QLinearGradient shade(0.0, 0.0, 0.0, image.height());
+    shade.setColorAt(0.0, QColor(168, 160, 196));
+    shade.setColorAt(0.25, QColor(186, 180, 208));
+    shade.setColorAt(0.45, QColor(244, 242, 248));
+    shade.setColorAt(1.0, QColor(252, 252, 254));
+    painter.fillRect(image.rect(), shade);
+    return image;
+}
+
+/// Cloth with two stripes above the hem, which lies at the lower end.
+QImage jacket()
+{
+    QImage image = blank(32, 512, QColor(53, 72, 111));
+    QPainter painter(&image);
+    painter.fillRect(0, 452, 32, 5, QColor(240, 238, 246));
+    painter.fillRect(0, 441, 32, 3, QColor(240, 238, 246));
+    return image;
+}
+
 /// From the root at the top to the tip, with a band of shine.
 QImage hair()
 {
@@ -131,7 +155,7 @@ QImage toon(const QColor &shadow)
 
 QString KMSampleTextures::path(int texture)
 {
-    constexpr const char *names[TextureCount] = {"skin", "iris", "hair", "skirt", "toon_skin", "toon_cloth"};
+    constexpr const char *names[TextureCount] = {"skin", "iris", "white", "hair", "jacket", "skirt", "toon_skin", "toon_cloth"};
     return QStringLiteral("textures/%1.png").arg(QLatin1String(names[texture]));
 }
 
@@ -142,8 +166,12 @@ QImage KMSampleTextures::draw(int texture)
         return skin();
     case IrisPicture:
         return iris();
+    case WhitePicture:
+        return white();
     case HairPicture:
         return hair();
+    case JacketPicture:
+        return jacket();
     case SkirtPicture:
         return plaid();
     case SkinToon:
