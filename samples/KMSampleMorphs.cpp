@@ -120,8 +120,9 @@ Moves Maker::mouth(const MouthRow &row) const
     Moves moves;
     const auto draw = [&](const KMSampleRing &lip, const KMSampleRing &inner, float middle) {
         for (int i = 0; i < lip.size(); ++i) {
-            const float corner = float(i * i) / float((lip.size() - 1) * (lip.size() - 1));
-            const kvm::Vector3 move = along(lip.at(i), row.cornerX * float(i) / float(lip.size() - 1),
+            const float share = float(i) / float(lip.size() - 1);
+            const float corner = share * share * share;
+            const kvm::Vector3 move = along(lip.at(i), row.cornerX * share,
                                             middle + (row.cornerY - middle) * corner, row.forwards);
             moves.insert(lip.at(i), move);
             moves.insert(inner.at(i), move);

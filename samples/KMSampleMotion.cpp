@@ -68,16 +68,31 @@ void addArm(Pose *pose, float swing, bool isLeft)
     pose->append({"elbow" + side, isLeft ? elbow : mirrored(elbow), {}});
 }
 
+/// For viewers that don't simulate the cloth: the thighs push it.
+void addSkirt(Pose *pose, float swing)
+{
+    const float push = std::fabs(swing);
+    pose->append({"skirt front1", turned(7.0f * push, 0.0f, 0.0f), {}});
+    pose->append({"skirt back1", turned(-6.0f * push, 0.0f, 0.0f), {}});
+    for (const bool isLeft : {true, false}) {
+        const float leg = isLeft ? swing : -swing;
+        const QByteArray side = isLeft ? "_L" : "_R";
+        pose->append({"skirt bow1" + side, turned(14.0f * std::max(0.0f, leg), 0.0f, 0.0f), {}});
+        pose->append({"skirt tail1" + side, turned(10.0f * std::min(0.0f, leg), 0.0f, 0.0f), {}});
+    }
+}
+
 Pose walkAt(int frame)
 {
     const float phase = float(frame % cycle) / float(cycle);
     const float swing = std::cos(fullTurn * phase);
-    const float rise = -1.6f - 1.1f * std::cos(2.0f * fullTurn * phase);
+    const float rise = -2.8f - 2.4f * std::cos(2.0f * fullTurn * phase);
     Pose pose;
     pose.append({"center", {}, {0.0f, rise, 0.0f}});
     pose.append({"upper body", turned(-2.0f, 5.0f * swing, 0.0f), {}});
     pose.append({"upper body2", turned(-1.0f, 3.0f * swing, 0.0f), {}});
     pose.append({"head", turned(2.0f, -6.0f * swing, 0.0f), {}});
+    addSkirt(&pose, swing);
     addLeg(&pose, phase, true, rise);
     addLeg(&pose, phase + 0.5f, false, rise);
     addArm(&pose, -swing, true);

@@ -2,7 +2,6 @@
 
 #include <QLinearGradient>
 #include <QPainter>
-#include <QPainterPath>
 #include <QRadialGradient>
 
 namespace {
@@ -14,7 +13,7 @@ QImage blank(int width, int height, const QColor &color)
     return image;
 }
 
-/// Blush on the cheeks, a fold above the eye, a hint of colour on nose and lips. The picture is the front view of the
+/// Blush on the cheeks, a hint of colour on nose and lips. The picture is the front view of the
 /// head, its left half used for both sides' places.
 QImage skin()
 {
@@ -31,10 +30,6 @@ QImage skin()
         blush.setColorAt(0.0, QColor(255, 140, 130, 110));
         blush.setColorAt(1.0, QColor(255, 160, 140, 0));
         painter.fillRect(QRectF(cheek - QPointF(3, 3) * unit, QSizeF(6, 6) * unit), blush);
-        QPainterPath fold(place(side * 2.8, 176.2));
-        fold.quadTo(place(side * 4.6, 177.5), place(side * 6.6, 176.3));
-        painter.setPen(QPen(QColor(214, 150, 132), 0.13 * unit, Qt::SolidLine, Qt::RoundCap));
-        painter.drawPath(fold);
     }
     QRadialGradient lip(place(0.0, 165.9), 1.1 * unit);
     lip.setColorAt(0.0, QColor(236, 120, 120, 90));
