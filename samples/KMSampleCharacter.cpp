@@ -182,6 +182,8 @@ void KMSampleCharacter::build()
         rig->tree()->setCurrentItem(nullptr);
     }
     gProject->setName(QStringLiteral("Kelmo"));
+    for (const int number : {1, 3}) // the name in both languages
+        gProject->setTextInfo(number, QStringLiteral("Kelmo"));
     gSolution->setFogDistance(outlineWidth);
     gSolution->setLightAngles(lightAngles);
     gSolution->setCurrentNode(nullptr);

@@ -4,6 +4,7 @@
 #include "KMSampleLoft.h"
 #include "KMSampleShaders.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {

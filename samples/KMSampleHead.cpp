@@ -245,11 +245,6 @@ kvm::Vector3 KMSampleHead::onFace(float x, float y, float outwards)
     return {x, y, z - bumpsAt(std::fabs(x), y) - outwards};
 }
 
-float KMSampleHead::halfWidth(float y)
-{
-    return outlineAt(y).width;
-}
-
 void KMSampleHead::build(KMSampleMesh &mesh)
 {
     buildSkin(mesh);
@@ -281,8 +276,13 @@ void KMSampleHead::buildSkin(KMSampleMesh &mesh)
     lips.upper = slice(grid[LipRow], 0, mouthLast);
     lips.lower = slice(grid[LowerLipRow], 0, mouthLast);
     underLip = slice(grid[ChinRow], 0, mouthLast + 1) + slice(grid[ChinRow + 1], 0, mouthLast + 1);
+    buildMouth(mesh);
+    mesh.projectUvs(0, uvLeft, uvRight);
+}
 
-    // The mouth is a bag behind the lips.
+/// A bag behind the lips.
+void KMSampleHead::buildMouth(KMSampleMesh &mesh)
+{
     KMSampleRing deepUpper, deepLower;
     for (int i = 0; i <= mouthLast; ++i) {
         addHeadVertex(mesh, &innerLips.upper, inwards(mesh.position(lips.upper.at(i)), 0.55f));
@@ -299,7 +299,6 @@ void KMSampleHead::buildSkin(KMSampleMesh &mesh)
     KMSampleLoft::connectOpen(mesh, outer, inner, {KMSampleShaders::Mouth});
     KMSampleLoft::connectOpen(mesh, inner, deep, {KMSampleShaders::Mouth});
     KMSampleLoft::connectOpen(mesh, deepUpper, deepLower, {KMSampleShaders::Mouth});
-    mesh.projectUvs(0, uvLeft, uvRight);
 }
 
 /// The socket goes in behind the lids and ends in the white of the eye, before which the iris hangs.

@@ -38,12 +38,11 @@ struct KMSampleHead
 
     /// The face's surface at a place of the front view.
     static kvm::Vector3 onFace(float x, float y, float outwards = 0.0f);
-    /// Half the width of the head at a height.
-    static float halfWidth(float y);
 
     void build(KMSampleMesh &mesh);
 
 private:
     void buildSkin(KMSampleMesh &mesh);
+    void buildMouth(KMSampleMesh &mesh);
     void buildEye(KMSampleMesh &mesh);
 };

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QDir>
-
 /// What the parts are made of.
 namespace KMSampleShaders {
 
