@@ -33,7 +33,7 @@
 namespace {
 
 constexpr kvm::Vector3 lightAngles{32.0f, -18.0f, 0.0f}; // degrees, against the view
-constexpr int outlineWidth = 220; // percent of the width that the materials name
+constexpr int outlineWidth = 220;                        // percent of the width that the materials name
 
 struct Part
 {

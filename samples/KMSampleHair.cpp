@@ -8,14 +8,16 @@ namespace {
 
 constexpr int capColumns = 12;
 constexpr kvm::Vector3 headCentre{0.0f, 178.0f, 0.5f};
-constexpr float capTexture = 0.4f; // how far down the picture the cap reaches
+constexpr float capTop = 0.02f;    // where in the picture the cap begins, clear of its repetition
+constexpr float capTexture = 0.4f; // how far down it the cap reaches
 
 /// From the crown down to the hairline and back in under it.
 constexpr KMSampleLoft::Level capLevels[] = {
-    {192.2f, 192.0f, 191.6f, -2.6f, 4.4f, 3.4f, 1.0f},    {190.6f, 190.0f, 190.2f, -6.0f, 8.0f, 6.6f, 1.0f},
-    {187.4f, 186.6f, 187.2f, -8.9f, 10.4f, 9.1f, 1.0f},   {184.0f, 182.0f, 182.2f, -10.1f, 11.7f, 10.4f, 1.0f},
-    {182.2f, 177.0f, 176.0f, -10.2f, 12.0f, 10.7f, 1.0f}, {181.6f, 172.5f, 169.5f, -9.7f, 11.6f, 10.3f, 1.0f},
-    {181.6f, 169.5f, 164.8f, -8.6f, 9.6f, 8.8f, 1.0f},    {183.0f, 172.0f, 169.0f, -6.0f, 7.0f, 6.0f, 1.0f},
+    {193.0f, 193.0f, 192.8f, -0.8f, 2.4f, 1.5f, 1.0f},    {192.2f, 192.0f, 191.6f, -2.6f, 4.4f, 3.4f, 1.0f},
+    {190.6f, 190.0f, 190.2f, -6.0f, 8.0f, 6.6f, 1.0f},    {187.4f, 186.6f, 187.2f, -8.9f, 10.4f, 9.1f, 1.0f},
+    {184.0f, 182.0f, 182.2f, -10.1f, 11.7f, 10.4f, 1.0f}, {182.2f, 177.0f, 176.0f, -10.2f, 12.0f, 10.7f, 1.0f},
+    {181.6f, 172.5f, 169.5f, -9.7f, 11.6f, 10.3f, 1.0f},  {181.6f, 169.5f, 164.8f, -8.6f, 9.6f, 8.8f, 1.0f},
+    {183.0f, 172.0f, 169.0f, -6.0f, 7.0f, 6.0f, 1.0f},
 };
 
 /// A strand of the left side: from the skull to the tip.
@@ -28,35 +30,76 @@ struct StrandRow
 };
 
 const QVector<StrandRow> strands = {
-    {"hair front", 5,
-     {{1.2f, 188.6f, -2.0f}, {1.9f, 188.9f, -8.2f}, {2.2f, 184.4f, -11.0f}, {1.9f, 179.8f, -11.5f}, {0.8f, 176.0f, -11.0f}},
+    {"hair front",
+     5,
+     {{1.2f, 188.6f, -2.0f},
+      {1.9f, 188.9f, -8.2f},
+      {2.2f, 184.4f, -11.0f},
+      {1.9f, 179.8f, -11.5f},
+      {0.8f, 176.0f, -11.0f}},
      {1.2f, 2.2f, 2.2f, 1.7f, 0.1f}},
-    {"hair front", 5,
-     {{3.2f, 188.2f, -1.6f}, {4.9f, 188.0f, -7.6f}, {5.5f, 183.6f, -10.4f}, {5.4f, 179.2f, -10.9f}, {4.5f, 175.4f, -10.6f}},
+    {"hair front",
+     5,
+     {{3.2f, 188.2f, -1.6f},
+      {4.9f, 188.0f, -7.6f},
+      {5.5f, 183.6f, -10.4f},
+      {5.4f, 179.2f, -10.9f},
+      {4.5f, 175.4f, -10.6f}},
      {1.4f, 2.5f, 2.3f, 1.7f, 0.1f}},
-    {"hair front", 5,
-     {{5.0f, 187.8f, -1.0f}, {7.6f, 186.8f, -6.2f}, {8.6f, 182.0f, -8.7f}, {8.7f, 177.4f, -9.2f}, {7.9f, 173.4f, -9.2f}},
+    {"hair front",
+     5,
+     {{5.0f, 187.8f, -1.0f},
+      {7.6f, 186.8f, -6.2f},
+      {8.6f, 182.0f, -8.7f},
+      {8.7f, 177.4f, -9.2f},
+      {7.9f, 173.4f, -9.2f}},
      {1.4f, 2.5f, 2.3f, 1.7f, 0.1f}},
-    {"hair side", 7,
-     {{6.6f, 186.4f, -0.5f}, {10.3f, 182.0f, -4.4f}, {11.0f, 174.0f, -5.6f}, {10.6f, 165.0f, -6.2f}, {10.0f, 157.0f, -7.2f},
+    {"hair side",
+     7,
+     {{6.6f, 186.4f, -0.5f},
+      {10.3f, 182.0f, -4.4f},
+      {11.0f, 174.0f, -5.6f},
+      {10.6f, 165.0f, -6.2f},
+      {10.0f, 157.0f, -7.2f},
       {9.4f, 148.0f, -8.8f}},
      {1.6f, 2.3f, 2.2f, 1.9f, 1.5f, 0.1f}},
-    {"hair side", 5,
-     {{7.2f, 186.0f, 1.5f}, {11.0f, 181.0f, 0.0f}, {11.6f, 174.0f, -1.4f}, {11.1f, 167.0f, -2.2f}, {9.8f, 161.5f, -2.8f}},
+    {"hair side",
+     5,
+     {{7.2f, 186.0f, 1.5f},
+      {11.0f, 181.0f, 0.0f},
+      {11.6f, 174.0f, -1.4f},
+      {11.1f, 167.0f, -2.2f},
+      {9.8f, 161.5f, -2.8f}},
      {2.0f, 3.1f, 2.9f, 2.1f, 0.1f}},
-    {"hair back", 7,
-     {{1.6f, 188.6f, 5.0f}, {2.5f, 184.0f, 11.3f}, {2.6f, 174.0f, 13.0f}, {2.5f, 160.0f, 12.6f}, {2.6f, 147.0f, 11.8f},
+    {"hair back",
+     7,
+     {{1.6f, 188.6f, 5.0f},
+      {2.5f, 184.0f, 11.3f},
+      {2.6f, 174.0f, 13.0f},
+      {2.5f, 160.0f, 12.6f},
+      {2.6f, 147.0f, 11.8f},
       {1.6f, 133.0f, 12.0f}},
      {1.8f, 3.2f, 3.4f, 3.2f, 2.5f, 0.1f}},
-    {"hair outer", 7,
-     {{4.4f, 187.8f, 4.2f}, {7.0f, 183.0f, 9.4f}, {7.5f, 173.0f, 11.0f}, {7.6f, 160.0f, 11.2f}, {7.6f, 148.0f, 11.2f},
+    {"hair outer",
+     7,
+     {{4.4f, 187.8f, 4.2f},
+      {7.0f, 183.0f, 9.4f},
+      {7.5f, 173.0f, 11.0f},
+      {7.6f, 160.0f, 11.2f},
+      {7.6f, 148.0f, 11.2f},
       {6.6f, 136.0f, 12.0f}},
      {2.2f, 3.4f, 3.5f, 3.2f, 2.5f, 0.1f}},
-    {"hair wing", 7,
-     {{6.4f, 186.6f, 2.8f}, {10.4f, 181.6f, 5.2f}, {11.3f, 172.0f, 6.4f}, {11.3f, 161.0f, 8.0f}, {11.0f, 151.0f, 9.4f},
+    {"hair wing",
+     7,
+     {{6.4f, 186.6f, 2.8f},
+      {10.4f, 181.6f, 5.2f},
+      {11.3f, 172.0f, 6.4f},
+      {11.3f, 161.0f, 8.0f},
+      {11.0f, 151.0f, 9.4f},
       {10.6f, 140.0f, 11.0f}},
      {2.2f, 3.3f, 3.3f, 2.9f, 2.1f, 0.1f}},
-    {"hair wing", 5,
+    {"hair wing",
+     5,
      {{7.2f, 186.2f, 2.0f}, {11.1f, 180.6f, 2.4f}, {11.9f, 173.0f, 2.6f}, {11.6f, 165.0f, 3.2f}, {10.6f, 155.5f, 4.6f}},
      {2.0f, 2.7f, 2.7f, 2.1f, 0.1f}},
 };
@@ -99,7 +142,7 @@ void addCap(KMSampleMesh &mesh)
     KMSampleRing before;
     for (int i = 0; i < count; ++i) {
         const KMSampleRing ring = mesh.addVertices(KMSampleLoft::halfRing(capLevels[i], capColumns));
-        const float v = capTexture * float(i) / float(count - 1);
+        const float v = capTop + capTexture * float(i) / float(count - 1);
         if (i > 0)
             KMSampleLoft::connectOpen(mesh, before, ring,
                                       {KMSampleShaders::Hair, v - capTexture / float(count - 1), v, 0.0f, 3.0f});

@@ -122,8 +122,8 @@ Moves Maker::mouth(const MouthRow &row) const
         for (int i = 0; i < lip.size(); ++i) {
             const float share = float(i) / float(lip.size() - 1);
             const float corner = share * share * share;
-            const kvm::Vector3 move = along(lip.at(i), row.cornerX * share,
-                                            middle + (row.cornerY - middle) * corner, row.forwards);
+            const kvm::Vector3 move =
+                along(lip.at(i), row.cornerX * share, middle + (row.cornerY - middle) * corner, row.forwards);
             moves.insert(lip.at(i), move);
             moves.insert(inner.at(i), move);
         }

@@ -43,9 +43,9 @@ void addLeg(Pose *pose, float phase, bool isLeft, float bodyRise)
 {
     const float swing = std::cos(fullTurn * phase);
     const float lift = std::pow(std::max(0.0f, std::sin(fullTurn * (phase + 0.42f))), 1.5f);
-    const kvm::Quaternion leg = turned(22.0f * swing + 12.0f * lift, 0.0f, 0.0f);
+    const kvm::Quaternion leg = turned(3.0f + 19.0f * swing + 12.0f * lift, 0.0f, 0.0f);
     const kvm::Quaternion knee = turned(-6.0f - 48.0f * lift, 0.0f, 0.0f);
-    const kvm::Quaternion ankle = turned(-14.0f * swing + 16.0f * lift, 0.0f, 0.0f);
+    const kvm::Quaternion ankle = turned(-5.0f - 8.0f * swing + 12.0f * lift, 0.0f, 0.0f);
     using namespace KMSampleMeasures;
     // Where the leg leads the ankle there its target stands, so that solvers come to the same pose.
     const kvm::Vector3 place = hip + leg.rotate(KMSampleMeasures::knee - hip)

@@ -150,7 +150,8 @@ QImage toon(const QColor &shadow)
 
 QString KMSampleTextures::path(int texture)
 {
-    constexpr const char *names[TextureCount] = {"skin", "iris", "white", "hair", "jacket", "skirt", "toon_skin", "toon_cloth"};
+    constexpr const char *names[TextureCount] = {"skin",   "iris",  "white",     "hair",
+                                                 "jacket", "skirt", "toon_skin", "toon_cloth"};
     return QStringLiteral("textures/%1.png").arg(QLatin1String(names[texture]));
 }
 

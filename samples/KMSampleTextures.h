@@ -8,7 +8,17 @@
 /// The pictures of the figure, drawn here.
 namespace KMSampleTextures {
 
-enum Texture { SkinPicture, IrisPicture, WhitePicture, HairPicture, JacketPicture, SkirtPicture, SkinToon, ClothToon, TextureCount };
+enum Texture {
+    SkinPicture,
+    IrisPicture,
+    WhitePicture,
+    HairPicture,
+    JacketPicture,
+    SkirtPicture,
+    SkinToon,
+    ClothToon,
+    TextureCount
+};
 
 QString path(int texture); ///< relative to the document
 QImage draw(int texture);

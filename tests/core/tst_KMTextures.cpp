@@ -233,7 +233,8 @@ void tst_KMTextures::relativePathStartsAtTheDocument()
     QCOMPARE(texture.path(), relative);
     QCOMPARE(QDir::cleanPath(texture.filePath()), QDir::cleanPath(path("pictures/skin.png")));
     QCOMPARE(texture.image().pixelColor(0, 0), QColor(Qt::green));
-    QCOMPARE(KMFileTextureNode(QStringLiteral("pictures/missing.png")).filePath(), QStringLiteral("pictures/missing.png"));
+    QCOMPARE(KMFileTextureNode(QStringLiteral("pictures/missing.png")).filePath(),
+             QStringLiteral("pictures/missing.png"));
 }
 
 void tst_KMTextures::embeddedPicture()

@@ -203,10 +203,10 @@ void tst_KMSample::weightsAreSettledAndMirrored()
 void tst_KMSample::expressionsStandOnTheirPanels()
 {
     const std::map<QString, int> wanted = {
-        {"上", KMMorph::LeftBottom},      {"怒り", KMMorph::LeftBottom},  {"困る", KMMorph::LeftBottom},
-        {"まばたき", KMMorph::LeftTop},   {"笑い", KMMorph::LeftTop},     {"ウィンク", KMMorph::LeftTop},
-        {"ウィンク右", KMMorph::LeftTop}, {"あ", KMMorph::RightTop},      {"い", KMMorph::RightTop},
-        {"う", KMMorph::RightTop},        {"え", KMMorph::RightTop},      {"お", KMMorph::RightTop},
+        {"上", KMMorph::LeftBottom},      {"怒り", KMMorph::LeftBottom}, {"困る", KMMorph::LeftBottom},
+        {"まばたき", KMMorph::LeftTop},   {"笑い", KMMorph::LeftTop},    {"ウィンク", KMMorph::LeftTop},
+        {"ウィンク右", KMMorph::LeftTop}, {"あ", KMMorph::RightTop},     {"い", KMMorph::RightTop},
+        {"う", KMMorph::RightTop},        {"え", KMMorph::RightTop},     {"お", KMMorph::RightTop},
         {"にこり", KMMorph::RightTop},
     };
     const KMTagMorph *tag = nullptr;
