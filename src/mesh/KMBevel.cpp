@@ -8,6 +8,7 @@
 #include "mesh/KMMirrorMap.h"
 
 #include <QCoreApplication>
+#include <QSet>
 
 #include <algorithm>
 
@@ -23,11 +24,14 @@ QVector<const KMEdge *> sourceEdges(const KMMeshNode &mesh, const KMBevel::Optio
     if (!options.isSymmetric)
         return edges;
     const KMMirrorMap map(mesh, options.mirrorTolerance);
+    QSet<const KMEdge *> images;
     const int selected = edges.size();
     for (int i = 0; i < selected; ++i) {
         const KMEdge *image = map.edgeImage(edges.at(i)->index0, edges.at(i)->index1);
-        if (image && !image->hasFlag(KMElementFlag::Selected) && !edges.contains(image))
+        if (image && !image->hasFlag(KMElementFlag::Selected) && !images.contains(image)) {
+            images.insert(image);
             edges << image;
+        }
     }
     return edges;
 }

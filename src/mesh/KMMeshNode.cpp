@@ -156,15 +156,19 @@ void KMMeshNode::compact()
 void KMMeshNode::applyCompact(Dropped *dropped)
 {
     Dropped taken = compactStore();
+    m_closing = &taken;
+    afterRenumbering();
+    m_closing = nullptr;
     if (dropped)
         *dropped = std::move(taken);
-    afterRenumbering();
 }
 
 void KMMeshNode::applyExpand(const Dropped &dropped)
 {
     expandStore(dropped);
+    m_opening = &dropped;
     afterRenumbering();
+    m_opening = nullptr;
 }
 
 void KMMeshNode::afterRenumbering()

@@ -113,7 +113,7 @@ public:
     const QSet<int> &selectedFaces() const { return m_selectedFaces; }
     const QVector<kvm::Vector3> &selectionPositions() const { return m_selectionPositions; } ///< a slot for each vertex
     const kvm::Vector3 &selectionCentre() const { return m_selectionCentre; }
-    void rememberVertex(int i); ///< its present position becomes the remembered one
+    void rememberVertex(int i);     ///< its present position becomes the remembered one
     void joinSelectionCache(int i); ///< a vertex that isn't selected, and that a drag takes along
     /// Stores all positions. tellChildren: those without the offsets that tags lay on.
     void rememberPositions(bool tellChildren);
@@ -135,6 +135,20 @@ public:
     void compact();                      ///< renumbers at once; only where no step of the history knows the old indices
     void applyCompact(Dropped *dropped); ///< for the command: renumbers and tells tags and chain
     void applyExpand(const Dropped &dropped);
+    /// For a tag that is told to renumber: what it had of the slots that go stays with the step of the history that
+    /// took them, and goes with it. Nothing is kept while slots come back.
+    template <class Loss>
+    void keepLoss(const KMTagBase *tag, const Loss &loss)
+    {
+        if (m_closing)
+            m_closing->tags.insert(tag, std::make_shared<Loss>(loss));
+    }
+    /// What the tag gave away when the slots went that come back now; null when there is nothing.
+    template <class Loss>
+    const Loss *lossOf(const KMTagBase *tag) const
+    {
+        return m_opening ? static_cast<const Loss *>(m_opening->tags.value(tag).get()) : nullptr;
+    }
 
     // Hooks of the session
 
@@ -179,6 +193,8 @@ private:
     QSet<int> m_selectedFaces;
     QVector<kvm::Vector3> m_selectionPositions;
     QVector<float> m_memoryPositions;
+    Dropped *m_closing = nullptr;       // while tags are told that slots went
+    const Dropped *m_opening = nullptr; // while they are told that slots came back
     kvm::Vector3 m_selectionCentre;
     QList<ModifierEntry> m_modifiers; // not owned
     int m_triangleCount = 0;

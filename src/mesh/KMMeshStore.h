@@ -8,11 +8,15 @@
 #include "mesh/KMRecordPool.h"
 #include "mesh/KMVertex.h"
 
+#include <QHash>
 #include <QVector>
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <vector>
+
+class KMTagBase;
 
 /// The records of a mesh: vertices, faces, and the edges that follow from the faces.
 ///
@@ -44,8 +48,9 @@ public:
     {
         Gaps<KMVertex> vertices;
         Gaps<KMFace> faces;
-        QVector<DroppedRef> refs;   ///< in the order in which they were taken out
-        QVector<KMEdgeState> edges; ///< what edges carried that are gone
+        QVector<DroppedRef> refs;                             ///< in the order in which they were taken out
+        QVector<KMEdgeState> edges;                           ///< what edges carried that are gone
+        QHash<const KMTagBase *, std::shared_ptr<void>> tags; ///< what each had of the slots; KMMeshNode::keepLoss()
         bool neededCompact = false;
     };
 
@@ -131,10 +136,6 @@ public:
     void expandStore(const Dropped &dropped); ///< the exact reverse of the compactStore() that returned this
     int remappedVertex(int i) const { return m_vertexRemap.value(i, -1); } ///< of the last renumbering; -1 when gone
     int remappedFace(int i) const { return m_faceRemap.value(i, -1); }
-    int slotsGained() const ///< by the last renumbering: above 0 it opened gaps again, below 0 it closed some
-    {
-        return m_vertices.size() - m_vertexRemap.size() + m_faces.size() - m_faceRemap.size();
-    }
 
 protected:
     // A walk over the faces that reads the corners takes each of them in between.

@@ -164,7 +164,6 @@ void KMTagNormal::clear()
     m_creaseEdges.clear();
     m_creaseFaces.clear();
     m_faceNormals.clear();
-    m_lost.clear();
 }
 
 void KMTagNormal::fit()
@@ -203,18 +202,14 @@ void KMTagNormal::remapIndices()
             lost.faces.append(record);
     }
     m_creaseEdges = edges;
-    if (store->slotsGained() > 0)
-        restoreLost();
-    else if (store->slotsGained() < 0)
-        m_lost.append(lost);
+    mesh()->keepLoss(this, lost);
+    if (const Lost *found = store->lossOf<Lost>(this))
+        restore(*found);
     fit();
 }
 
-void KMTagNormal::restoreLost()
+void KMTagNormal::restore(const Lost &lost)
 {
-    if (m_lost.isEmpty())
-        return;
-    const Lost lost = m_lost.takeLast();
     m_creaseEdges.unite(lost.creaseEdges);
     for (const KMNormalFace &record : lost.faces)
         setFaceNormal(record);

@@ -58,7 +58,7 @@ public:
     KMNormalFace faceNormal(int face) const;        ///< nothing overridden for a face that it doesn't know yet
     void setFaceNormal(const KMNormalFace &record); ///< modes and rotations for record.face
     KMNormalFace *faceRecords() { return m_faceNormals.data(); } ///< for the computation
-    void clear(); ///< no creases, nothing overridden
+    void clear();                                                ///< no creases, nothing overridden
     void fit();                                                  ///< to the mesh's faces as they are now
 
     void onFullRefresh() override { fit(); }
@@ -79,10 +79,9 @@ private:
     void addFacePairs(int a, int b);
     void removeFacePairs(int a, int b);
     void rebuildCreaseFaces();
-    void restoreLost();
+    void restore(const Lost &lost);
 
     QSet<quint64> m_creaseEdges;
     QSet<quint64> m_creaseFaces;
     QVector<KMNormalFace> m_faceNormals;
-    QVector<Lost> m_lost; // of the renumberings that can still be undone, the last one at the end
 };

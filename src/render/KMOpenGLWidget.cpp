@@ -23,6 +23,7 @@
 namespace {
 
 constexpr int labelMargin = 8;
+constexpr int everyView = 31;
 
 /// A driver may give something else than was asked for, and the program goes on with that.
 void logFormat(const QSurfaceFormat &given)
@@ -314,6 +315,8 @@ void KMOpenGLWidget::leaveEvent(QEvent *event)
     if (KMViewTool *tool = currentTool())
         tool->leave(event, this);
     update();
+    if (gSolution)
+        gSolution->refreshViews(everyView); // the other views show what was under the cursor as well
 }
 
 /// Another layout may come in mid-drag, and the release goes to a view of that one.

@@ -88,7 +88,7 @@ private:
     void remapDeltas(Lost *lost);
     void remapSlots(Lost *lost);
     void setPlace(int i, const Place &place);
-    void restoreLost();
+    void restore(const Lost &lost);
 
     QList<KMMorph *> m_morphs; // owned
     int m_vertexCount = -1;
@@ -96,7 +96,6 @@ private:
     QVector<float> m_base;                 // positions without offsets, of the touched slots
     QVector<int> m_touched;                // slots with an offset, ascending
     QHash<int, QVector<Origin>> m_origins; // by slot, the last one at the end
-    QVector<Lost> m_lost;                  // of the renumberings that can still be undone, the last one at the end
     bool m_isOn = false;                   // the positions hold the offsets
     bool m_isHeldOff = false;              // a refresh shall not lay them on
 };

@@ -11,10 +11,9 @@ void KMTagMorph::remapIndices()
     Lost lost;
     remapDeltas(&lost);
     remapSlots(&lost);
-    if (store->slotsGained() > 0)
-        restoreLost();
-    else if (store->slotsGained() < 0)
-        m_lost.append(lost);
+    mesh()->keepLoss(this, lost);
+    if (const Lost *found = store->lossOf<Lost>(this))
+        restore(*found);
     collectTouched();
 }
 
@@ -68,11 +67,8 @@ void KMTagMorph::setPlace(int i, const Place &place)
     setVectorAt(m_base, i, place.base);
 }
 
-void KMTagMorph::restoreLost()
+void KMTagMorph::restore(const Lost &lost)
 {
-    if (m_lost.isEmpty())
-        return;
-    const Lost lost = m_lost.takeLast();
     for (const auto &entry : lost.deltas) {
         if (entry.first)
             entry.first->followMesh(entry.second);

@@ -135,14 +135,12 @@ void KMTagSelection::remapIndices()
     renumberList(m_selection.faces, &lost.faces, face);
     renumberList(m_selection.edges, &lost.edges, edge);
     renumberList(m_selection.corners, &lost.corners, corner);
-    if (store->slotsGained() < 0) {
-        m_lost.append(lost);
-    } else if (store->slotsGained() > 0 && !m_lost.isEmpty()) {
-        const KMStoredSelection found = m_lost.takeLast();
-        bringBack(m_selection.vertices, found.vertices);
-        bringBack(m_selection.faces, found.faces);
-        bringBack(m_selection.edges, found.edges);
-        bringBack(m_selection.corners, found.corners);
+    mesh()->keepLoss(this, lost);
+    if (const auto *found = store->lossOf<KMStoredSelection>(this)) {
+        bringBack(m_selection.vertices, found->vertices);
+        bringBack(m_selection.faces, found->faces);
+        bringBack(m_selection.edges, found->edges);
+        bringBack(m_selection.corners, found->corners);
     }
 }
 

@@ -48,6 +48,4 @@ public:
 
 private:
     KMStoredSelection m_selection;
-    QVector<KMStoredSelection>
-        m_lost; // of the renumberings that can still be undone: lists that went short, as they were
 };

@@ -34,7 +34,6 @@ void KMTagBoneWeight::beginCarry(KMCarriedTag &from)
     if (name() != from.name())
         setName(from.name());
     clearEntries();
-    m_lost.clear();
     m_bones.clear(); // no step of the history knows the numbers of a result
     m_numbers.clear();
     m_parameters = m_from->m_parameters;

@@ -188,6 +188,7 @@ void kmmainwidget::closeEvent(QCloseEvent *event)
     KMWindowState::save(*this);
     for (const KMCustomPanel *panel : std::as_const(m_customPanels))
         panel->save();
+    setAnimated(false); // a dock that still slides would outlive the window
     hide();
     m_help->hide();
     for (KMDockWidget *dock : std::as_const(m_docks)) {

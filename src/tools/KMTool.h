@@ -66,7 +66,7 @@ public:
     QString modeName() const { return modeName(m_mode); } ///< empty when there is none; so the next
     QString modeName(int mode) const { return m_modeNames.value(mode); }
     void addModeName(const QString &name) { m_modeNames << name; }
-    virtual void resetOptions() {} ///< as they are in a new installation
+    virtual void resetOptions() { setMode(0); } ///< as they are in a new installation
     void requestActivation() override { emit toolClicked(this); }
 
     // What the session and the views tell it

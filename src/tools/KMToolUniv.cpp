@@ -102,8 +102,8 @@ void KMToolUniv::setFlowing(bool flowing)
 
 void KMToolUniv::resetOptions()
 {
-    m_isFlowing = false;
-    m_isHandleShown = true;
+    setFlowing(false);
+    setHandleShown(true);
     setLocal(false);
     setHandleMode(defaultMode(toolId()));
 }
@@ -415,6 +415,8 @@ bool KMToolUniv::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
     m_lastPos = event->localPos();
     const Operation operation = m_operation;
     const bool hasMoved = m_hasMoved;
+    if (operation == Operation::Drag && hasMoved)
+        drag(event->modifiers()); // Shift may have been let go since the last move
     if (gRenderer && operation != Operation::Drag)
         gRenderer->refreshWindowCoords(*widget->camera());
     // The panels hold still until here, and the step is what they have to show.

@@ -10,6 +10,9 @@
 #include <cmath>
 #include <limits>
 
+using Make = KMMeshNode *(*)();
+Q_DECLARE_METATYPE(Make)
+
 class tst_KMModSolidNode : public QObject
 {
     Q_OBJECT
@@ -32,7 +35,6 @@ namespace {
 
 using kvm::Vector3;
 using Solid = KMModSolidNode;
-using Make = KMMeshNode *(*)();
 
 constexpr float noNumber = std::numeric_limits<float>::quiet_NaN();
 
@@ -258,8 +260,6 @@ void tst_KMModSolidNode::placesThatAreNoNumbers()
         spoilt += !std::isfinite(vertex->pos.lengthSquared());
     QCOMPARE(spoilt, 2);
 }
-
-Q_DECLARE_METATYPE(Make)
 
 KM_TEST(tst_KMModSolidNode);
 #include "tst_KMModSolidNode.moc"

@@ -1,14 +1,18 @@
 #include "shell/docks/kmtoolwidget.h"
 
 #include "core/KMDpi.h"
+#include "core/KMIcon.h"
 #include "tools/KMTool.h"
 
 #include <QBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QToolButton>
 
 namespace {
+
+constexpr char hasOptions[] = "hasOptions"; // property of an area
 
 QWidget *pageOfText(const QString &text)
 {
@@ -26,6 +30,7 @@ kmtoolwidget::kmtoolwidget(QWidget *parent)
     : KMDockWidget(QStringLiteral("kmtoolwidget"), tr("Tool"), QStringLiteral("tool"), parent)
     , m_icon(new QLabel)
     , m_title(new QLabel)
+    , m_reset(new QToolButton)
     , m_pages(new QStackedWidget)
 {
     auto *content = new QWidget;
@@ -37,6 +42,13 @@ kmtoolwidget::kmtoolwidget(QWidget *parent)
     m_title->setObjectName(QStringLiteral("toolTitle"));
     header->addWidget(m_icon);
     header->addWidget(m_title, 1);
+    m_reset->setObjectName(QStringLiteral("resetToolOptions"));
+    m_reset->setIcon(KMIcon::icon(QStringLiteral("reset")));
+    m_reset->setAutoRaise(true);
+    m_reset->setToolTip(tr("Reset Options"));
+    m_reset->setStatusTip(tr("Set the options of this tool to what they are in a new installation"));
+    connect(m_reset, &QToolButton::clicked, this, &kmtoolwidget::resetOptions);
+    header->addWidget(m_reset);
     layout->addLayout(header);
     layout->addWidget(m_pages, 1);
     setWidget(content);
@@ -49,6 +61,7 @@ void kmtoolwidget::addPage(KMTool *tool, QWidget *page)
     area->setObjectName(tool->objectName());
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
+    area->setProperty(hasOptions, page != nullptr);
     area->setWidget(page ? page : pageOfText(line));
     m_pages->addWidget(area);
 }
@@ -61,4 +74,12 @@ void kmtoolwidget::showTool(KMTool *tool)
         if (m_pages->widget(i)->objectName() == tool->objectName())
             m_pages->setCurrentIndex(i);
     }
+    m_tool = tool;
+    m_reset->setVisible(m_pages->currentWidget() && m_pages->currentWidget()->property(hasOptions).toBool());
+}
+
+void kmtoolwidget::resetOptions()
+{
+    if (m_tool && !m_tool->isEditing()) // a drag goes on with what it began with
+        m_tool->resetOptions();
 }

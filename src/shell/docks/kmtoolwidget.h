@@ -2,9 +2,12 @@
 
 #include "shell/docks/KMDockWidget.h"
 
+#include <QPointer>
+
 class KMTool;
 class QLabel;
 class QStackedWidget;
+class QToolButton;
 
 /// The options of the tool in the user's hand: a page for each tool, under its icon and name.
 class kmtoolwidget : public KMDockWidget
@@ -18,7 +21,11 @@ public:
     void showTool(KMTool *tool); ///< of a page that was added
 
 private:
+    void resetOptions();
+
     QLabel *m_icon;
     QLabel *m_title;
+    QToolButton *m_reset;
     QStackedWidget *m_pages;
+    QPointer<KMTool> m_tool; ///< that is shown
 };
