@@ -9,6 +9,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace KMBoneEdit {
 
 namespace {
@@ -191,21 +193,30 @@ void pairForEdits(KMBoneContainer *container, float tolerance)
 {
     container->pairMirrorBones(tolerance);
     const KMSymmetryPlane plane = container->mirrorPlane();
+    // Of bones at the same places several find the same partner: those that it hasn't found look on.
     QList<KMBone *> open;
     for (KMBone *bone : container->bones()) {
-        if (!bone->mirrorBone() && std::abs(plane.distance(bone->restHead())) < tolerance)
+        const KMBone *partner = bone->mirrorBone();
+        const bool isOnPlane = std::abs(plane.distance(bone->restHead())) < tolerance;
+        if (partner ? partner->mirrorBone() != bone : isOnPlane)
             open << bone;
     }
+    for (KMBone *bone : std::as_const(open))
+        bone->setMirrorBone(nullptr);
     for (KMBone *bone : std::as_const(open)) {
+        if (bone->mirrorBone())
+            continue;
         const kvm::Vector3 head = plane.reflected(bone->restHead());
         const kvm::Vector3 tail = plane.reflected(bone->restTail());
-        for (KMBone *other : std::as_const(open)) {
-            if (other == bone || other->mirrorBone() || (other->restHead() - head).length() >= tolerance
-                || (other->restTail() - tail).length() >= tolerance)
-                continue;
-            bone->setMirrorBone(other);
-            other->setMirrorBone(bone);
-        }
+        const auto isImage = [&](const KMBone *other) {
+            return other != bone && !other->mirrorBone() && (other->restHead() - head).length() < tolerance
+                   && (other->restTail() - tail).length() < tolerance;
+        };
+        const auto found = std::find_if(open.cbegin(), open.cend(), isImage);
+        if (found == open.cend())
+            continue;
+        bone->setMirrorBone(*found);
+        (*found)->setMirrorBone(bone);
     }
 }
 

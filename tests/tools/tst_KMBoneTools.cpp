@@ -283,60 +283,79 @@ void tst_KMBoneTools::movesWhatIsShown()
 
 void tst_KMBoneTools::mirrorsAtRest_data()
 {
-    QTest::addColumn<int>("toolId");
-    QTest::addColumn<bool>("turns");
-    QTest::newRow("joint") << int(KMToolKind::Bone) << false;
-    QTest::newRow("turn") << int(KMToolKind::Rotate) << true;
+    QTest::addColumn<float>("shoulder"); // how far from the plane
+    QTest::addColumn<bool>("isPosed");
+    QTest::newRow("arms apart") << 10.0f << false;
+    QTest::newRow("arms from the plane") << 0.0f << false;
+    QTest::newRow("arms apart, posed") << 10.0f << true;
+    QTest::newRow("arms from the plane, posed") << 0.0f << true;
 }
 
-/// With one arm raised by its pose, what the other one gets at rest is the image of what this one got there.
+/// Whatever is grabbed: the sides stay images of each other at rest, joints hold, and what the mouse has goes with it,
+/// also where each side is posed in another way.
 void tst_KMBoneTools::mirrorsAtRest()
 {
-    QFETCH(bool, turns);
+    QFETCH(float, shoulder);
+    QFETCH(bool, isPosed);
     BoneWindow window(KMToolKind::Bone);
     QVERIFY(window.isReady());
+    QRandomGenerator random(11);
+    const auto number = [&](double range) { return float((random.generateDouble() - 0.5) * range); };
+    const auto way = [&](double range) { return Vector3(number(range), number(range), number(range)); };
+    const auto quaternion = [&] { return Quaternion::fromAxisAngle(way(2.0).normalized(), number(2.0)); };
     KMBone *root = window.add("root", nullptr, {0, 0, 0}, {0, 40, 0});
     KMBone *arms[2], *hands[2];
     for (const int side : {0, 1}) {
         const float x = side ? -1.0f : 1.0f;
-        arms[side] = window.add("arm", root, {10 * x, 40, 0}, {50 * x, 40, 0});
+        arms[side] = window.add("arm", root, {shoulder * x, 40, 0}, {50 * x, 40, 0});
         hands[side] = window.add("hand", arms[side], {50 * x, 40, 0}, {80 * x, 30, 10});
     }
-    PoseTransform pose;
-    pose.rotation = Quaternion::fromAxisAngle({0, 0, 1}, 0.9f);
-    arms[0]->setKeyPose(pose);
-    hands[0]->setKeyPose(pose);
-    pose.rotation = Quaternion::fromAxisAngle({0, 1, 0}, 0.5f);
-    root->setKeyPose(pose);
-    window.rig->animation()->reevaluate();
-    const KMSymmetryPlane plane = window.rig->mirrorPlane();
-    KMJointMove::Options options;
-    options.mirrors = true;
-    options.tolerance = 0.1f;
-    const int ends = turns ? KMBone::BothSelected : KMBone::TailSelected;
-    KMJointMove move(window.rig, {{arms[0], ends}}, options, arms[0]->tail());
-    KMJointMove::Motion motion;
-    motion.isRigid = turns;
-    motion.map = [](const Vector3 &point) { return point; };
-    const KMBoneRest before = arms[1]->rest();
-    move.apply(motion);
-    QVERIFY(turns ? isClose(arms[1]->rest().tail(), before.tail(), 1e-4f) : arms[1]->rest() == before);
-    const Quaternion turn = Quaternion::fromAxisAngle(Vector3(1, 2, 3).normalized(), 0.3f);
-    motion.turn = turn;
-    const Vector3 from = arms[0]->head();
-    const Vector3 elbow = arms[0]->tail();
-    motion.map = [&](const Vector3 &point) {
-        return turns ? from + turn.rotate(point - from) : point + Vector3(3, -5, 2);
-    };
-    const Vector3 asked = motion.map(elbow);
-    move.apply(motion);
-    CLOSE(arms[0]->tail(), asked);
-    CLOSE(hands[0]->head(), asked);
-    for (KMBone **pair : {arms, hands}) {
-        CLOSE(pair[1]->restHead(), plane.reflected(pair[0]->restHead()));
-        CLOSE(pair[1]->restTail(), plane.reflected(pair[0]->restTail()));
+    if (isPosed) {
+        for (KMBone *bone : window.rig->bones()) {
+            PoseTransform pose;
+            pose.rotation = quaternion();
+            bone->setKeyPose(pose);
+        }
+        window.rig->animation()->reevaluate();
     }
-    QVERIFY(!isClose(arms[1]->restTail(), before.tail(), 1.0f));
+    const KMSymmetryPlane plane = window.rig->mirrorPlane();
+    const QList<KMBone *> bones = window.rig->bones();
+    for (int round = 0; round < 120; ++round) {
+        KMBone *bone = bones[random.bounded(1, 5)];
+        KMBone *other = bones[random.bounded(5)];
+        QVector<KMJointMove::Grabbed> grabbed{{bone, random.bounded(1, 4)}};
+        if (other != bone && random.bounded(2))
+            grabbed.append({other, random.bounded(1, 4)});
+        const bool isTail = grabbed[0].ends & KMBone::TailSelected;
+        const Vector3 anchor = isTail ? bone->tail() : bone->head();
+        const bool isFree = isTail || shoulder > 0.0f || bone->parentBone() != root; // else the plane holds it
+        KMJointMove::Options options;
+        options.mirrors = random.bounded(4);
+        options.tolerance = 0.1f;
+        options.takesChildren = random.bounded(2);
+        KMJointMove move(window.rig, grabbed, options, anchor);
+        KMJointMove::Motion motion;
+        motion.isRigid = random.bounded(2);
+        motion.turn = quaternion();
+        const Vector3 centre = way(100), delta = way(30);
+        motion.map = [&](const Vector3 &p) {
+            return motion.isRigid ? centre + motion.turn.rotate(p - centre) : p * 1.1f + delta;
+        };
+        move.apply(motion);
+        const QByteArray where =
+            QByteArray::number(round) + ' ' + bone->name().toUtf8() + ' ' + QByteArray::number(grabbed[0].ends);
+        QVERIFY2(!isFree || isClose(isTail ? bone->tail() : bone->head(), motion.map(anchor)), where);
+        for (KMBone **pair : {arms, hands}) {
+            const KMBone *image = options.mirrors ? pair[1] : nullptr;
+            QVERIFY2(!image || isClose(image->restHead(), plane.reflected(pair[0]->restHead())), where);
+            QVERIFY2(!image || isClose(image->restTail(), plane.reflected(pair[0]->restTail())), where);
+        }
+        for (const int side : {0, 1}) {
+            QVERIFY2(isClose(hands[side]->restHead(), arms[side]->restTail()), where);
+            QVERIFY2(shoulder > 0.0f || isClose(arms[side]->restHead(), root->restTail()), where);
+        }
+        move.restore();
+    }
 }
 
 /// The bones go with the old document, while the mouse still holds them.
