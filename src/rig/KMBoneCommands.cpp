@@ -47,37 +47,13 @@ void selectBoneCommand::write(const int &mask)
     bone()->setSelectMask(mask);
 }
 
-KMBoneMasksCommand::KMBoneMasksCommand(KMBoneContainer *container, const QList<KMBone *> &bones, int mask)
-    : KMUndoCommand(selectBoneCommand::tr("Select Bone"), container)
-    , m_container(container)
-    , m_after(mask)
-    , m_currentBefore(gSolution->currentBone())
-{
-    for (KMBone *bone : bones)
-        m_before.append({bone, bone->selectMask()});
-}
-
-void KMBoneMasksCommand::apply(Direction direction)
-{
-    for (const auto &entry : std::as_const(m_before))
-        entry.first->storeSelectMask(direction == Direction::Redo ? m_after : entry.second);
-    m_container->tree()->showMasks();
-    const auto *current = m_currentBefore ? nodeAs<KMBone>(m_currentBefore) : nullptr;
-    if (!current || current->container() != m_container)
-        return;
-    if (direction == Direction::Undo)
-        gSolution->setCurrentBone(m_currentBefore);
-    else if (!current->selectMask())
-        gSolution->setCurrentBone(nullptr);
-}
-
 selectAllBoneCommand::selectAllBoneCommand(KMBoneContainer *container, bool selected)
-    : KMBoneMasksCommand(container, container->bones(), selected ? KMBone::BothSelected : 0)
+    : selectBonesCommand(container, container->bones(), selected ? KMBone::BothSelected : 0)
 {
 }
 
 selectCtrlChildCommand::selectCtrlChildCommand(KMBone *bone, bool selected)
-    : KMBoneMasksCommand(bone->container(), bone->container()->subtree(bone->item()),
+    : selectBonesCommand(bone->container(), bone->container()->subtree(bone->item()),
                          selected ? KMBone::BothSelected : 0)
 {
 }

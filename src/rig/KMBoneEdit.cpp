@@ -6,8 +6,10 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneSelectionCommand.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 
@@ -97,6 +99,22 @@ QList<KMBone *> selectedWithLength(const KMBoneContainer &container)
     return bones;
 }
 
+void pushSelected(KMBoneContainer *rig, const QList<KMBone *> &bones)
+{
+    const QSet<KMBone *> wanted(bones.begin(), bones.end());
+    KMBone *current = bones.isEmpty() ? nullptr : bones.last();
+    QVector<selectBonesCommand::Mask> masks;
+    for (KMBone *bone : rig->bones()) {
+        const bool isWanted = wanted.contains(bone);
+        if (bone != current && isWanted != (bone->selectMask() != 0))
+            masks.append({bone, isWanted ? KMBone::BothSelected : 0});
+    }
+    if (current && (!current->selectMask() || gSolution->currentBone() != current))
+        masks.append({current, KMBone::BothSelected});
+    if (!masks.isEmpty())
+        gSolution->push(new selectBonesCommand(rig, masks));
+}
+
 void pushChanges(const Changes &changes)
 {
     for (const Change &change : changes) {
@@ -135,16 +153,23 @@ Changes linearized(const QList<KMBone *> &bones)
 Changes symmetrized(KMBone *first, KMBone *second, const KMSymmetryPlane &plane, Fault *fault)
 {
     kvm::Vector3 heads[] = {first->restHead(), second->restHead()};
-    kvm::Vector3 tails[] = {first->rest().tail(), second->rest().tail()};
+    kvm::Vector3 tails[] = {first->restTail(), second->restTail()};
+    const bool haveTails = !first->isPoint() && !second->isPoint();
     *fault = Fault::None;
     if (!makeSymmetric(heads[0], heads[1], plane))
         *fault = Fault::Heads;
-    else if (!makeSymmetric(tails[0], tails[1], plane))
+    else if (haveTails && !makeSymmetric(tails[0], tails[1], plane))
         *fault = Fault::Tails;
     if (*fault != Fault::None)
         return {};
-    return {{first, restBone(heads[0], tails[0], first->rest())},
-            {second, restBone(heads[1], tails[1], second->rest())}};
+    Changes changes{{first, first->rest()}, {second, second->rest()}};
+    for (int i = 0; i < 2; ++i) {
+        if (haveTails)
+            changes[i].rest = restBone(heads[i], tails[i], changes[i].rest);
+        else
+            changes[i].rest.head = heads[i];
+    }
+    return changes;
 }
 
 Changes fittedTo(KMBone *bone, const KMBone *child)

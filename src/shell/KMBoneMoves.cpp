@@ -5,10 +5,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
-#include "rig/KMBoneSelectionCommand.h"
 #include "rig/KMBoneTreeCommands.h"
-
-#include <QSet>
 
 #include <algorithm>
 
@@ -97,20 +94,4 @@ void KMBoneMoves::moveToRig(KMBoneContainer *from, KMBoneContainer *to)
     const KMUndoMacro macro(moveCtrlNodeCommand::tr("Move Bone"));
     for (KMBone *bone : bones)
         gSolution->push(new moveBoneToOtherContainerCommand(bone, to));
-}
-
-void KMBoneMoves::select(KMBoneContainer *rig, const QList<KMBone *> &bones)
-{
-    const QSet<KMBone *> wanted(bones.begin(), bones.end());
-    KMBone *current = bones.isEmpty() ? nullptr : bones.last();
-    QVector<selectBonesCommand::Mask> masks;
-    for (KMBone *bone : rig->bones()) {
-        const bool isWanted = wanted.contains(bone);
-        if (bone != current && isWanted != (bone->selectMask() != 0))
-            masks.append({bone, isWanted ? KMBone::BothSelected : 0});
-    }
-    if (current && (!current->selectMask() || gSolution->currentBone() != current))
-        masks.append({current, KMBone::BothSelected});
-    if (!masks.isEmpty())
-        gSolution->push(new selectBonesCommand(rig, masks));
 }

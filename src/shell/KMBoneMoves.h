@@ -18,8 +18,4 @@ void copy(KMBoneContainer *rig, KMBone *target, KMTreeWidget::Place place);
 /// Moves the selected bones with all below them to the top level of another rig.
 void moveToRig(KMBoneContainer *from, KMBoneContainer *to);
 
-/// Selects bones, heads and tails, and nothing else of the rig; the last one becomes the current bone. No step when
-/// they are selected already.
-void select(KMBoneContainer *rig, const QList<KMBone *> &bones);
-
 } // namespace KMBoneMoves

@@ -23,13 +23,20 @@ QVector<KMJointMove::Grabbed> selected(); ///< heads and tails of that rig that 
 /// afterwards.
 bool click(const KMBonePicker::Hit &hit, KMMeshSelect::Mode mode);
 
-/// Takes what is selected of meshes and of the rig out of the selection, as one step; none where nothing is.
+/// Takes what is selected of meshes out of the selection, and while a rig is at hand that of all rigs, as one step;
+/// none where nothing is.
 void unselectAll();
 
 /// Selects it with all below it, or takes them out of the selection, as one step.
 void selectBranch(KMBone *bone, bool on);
 
-bool deleteSelected(); ///< the selected bones of the rig, as one step; false where there is none
+/// The selected bones of a rig that a deletion reaches: hidden and locked ones stay. Says so where some do.
+QList<KMBone *> deletable(const KMBoneContainer &rig);
+/// Their children stay. Opens no macro.
+void pushDelete(QList<KMBone *> bones);
+/// Those of the current rig that are deletable, as one step. False where no bone is selected: where a selection only
+/// can't be deleted, its rig isn't meant either.
+bool deleteSelected();
 /// Deletes a bone, with symmetry on also its partner, as one step.
 void deleteBone(KMBone *bone, float mirrorTolerance);
 

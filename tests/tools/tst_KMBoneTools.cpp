@@ -110,6 +110,7 @@ class tst_KMBoneTools : public QObject
 private slots:
     void drawsAChain();
     void drawsBothSides();
+    void drawsBothSidesOfAPose();
     void snapsToVertices();
     void movesJoints_data();
     void movesJoints();
@@ -123,6 +124,7 @@ private slots:
     void marquees_data();
     void marquees();
     void transforms();
+    void clicksOnNothing();
     void erases();
     void poses();
     void posesInPerspective();
@@ -194,6 +196,30 @@ void tst_KMBoneTools::drawsBothSides()
         CLOSE(child(bones[0], side)->restTail(), Vector3(50 * side, 90, 0));
         CLOSE(child(bones[0], side)->childBones()[0]->restHead(), Vector3(50 * side, 90, 0));
     }
+}
+
+/// A spine bent aside stands on the plane at rest: what goes straight on from it is its own image.
+void tst_KMBoneTools::drawsBothSidesOfAPose()
+{
+    BoneWindow window(KMToolKind::Bone);
+    QVERIFY(window.isReady());
+    KMBone *spine = window.add("spine", nullptr, {0, 0, 0}, {0, 40, 0});
+    PoseTransform pose;
+    pose.rotation = Quaternion::fromAxisAngle({0, 0, 1}, 0.7f);
+    spine->setKeyPose(pose);
+    window.rig->animation()->reevaluate();
+    KMEditFilter filter;
+    filter.symmetry = true;
+    window.filter(filter);
+    const Vector3 end = spine->tail();
+    const auto shown = [&](const Vector3 &way) { return end + pose.rotation.rotate(way); };
+    STEP(window, "Add Bone", [&] { window.pull(end, shown({0.2f, 30, 0})); });
+    QCOMPARE(window.rig->bones().size(), 2);
+    QCOMPARE(window.rig->bones()[1]->restTail().x, 0.0f);
+    STEP(window, "Add Bone", [&] { window.pull(end, {0, shown({30, 0, 0}).y, 0}); }); // seen on the plane
+    QCOMPARE(window.rig->bones().size(), 4);
+    const QList<KMBone *> arms = spine->childBones().mid(1);
+    CLOSE(arms[1]->restTail(), window.rig->mirrorPlane().reflected(arms[0]->restTail()));
 }
 
 void tst_KMBoneTools::snapsToVertices()
@@ -533,6 +559,31 @@ void tst_KMBoneTools::transforms()
     QCOMPARE(window.masks(), QString("arm0 hand0"));
 }
 
+/// It takes everything out of the selection, also in other rigs, and stays so until it is undone.
+void tst_KMBoneTools::clicksOnNothing()
+{
+    for (const int toolId : {KMToolKind::Bone, KMToolKind::Universal}) {
+        BoneWindow window(toolId);
+        QVERIFY(window.isReady());
+        auto *other = new KMBoneContainer;
+        gProject->addToScene(other);
+        auto *far = new KMBone;
+        gSolution->push(new addBoneCommand(other, far, nullptr));
+        far->setSelectMask(KMBone::TailSelected);
+        KMBone *bone = window.add("a", nullptr, {0, 0, 0}, {0, 40, 0});
+        if (toolId == KMToolKind::Bone)
+            window.bar->tool(toolId)->setMode(KMToolBone::Move);
+        gSolution->push(new selectBoneCommand(bone, KMBone::BothSelected));
+        STEP(window, "UnSelectAll", [&] { ViewMouse(window.view(front)).click({15, 200}); });
+        QVERIFY(!bone->selectMask() && !far->selectMask());
+        const int steps = window.steps();
+        ViewMouse(window.view(front)).click({15, 200});
+        QCOMPARE(window.steps(), steps);
+        window->undoStack()->undo();
+        QVERIFY(bone->selectMask() == KMBone::BothSelected && far->selectMask() == KMBone::TailSelected);
+    }
+}
+
 void tst_KMBoneTools::erases()
 {
     BoneWindow window(KMToolKind::Erase);
@@ -551,8 +602,23 @@ void tst_KMBoneTools::erases()
     window.bar->tool(KMToolKind::Universal)->requestActivation();
     ViewMouse(window.view(front)).click(window.place({60, 60, 0}));
     QVERIFY(window.focus(window.view(front)));
-    STEP(window, "Delete Selected Bone", [&] { QTest::keyClick(window.view(front), Qt::Key_Delete); });
+    const auto press = [&] { QTest::keyClick(window.view(front), Qt::Key_Delete); };
+    STEP(window, "Delete Selected Bone", press);
     QCOMPARE(window.masks(), QString("a0"));
+    // Where it can't, the rig isn't meant.
+    a->setSelectMask(KMBone::BothSelected);
+    const int steps = window.steps();
+    const QVector<KMContainerNode *> holders{a, window.rig};
+    for (void (KMContainerNode::*set)(bool) : {&KMContainerNode::setLocked, &KMContainerNode::setVisible}) {
+        const bool on = set == &KMContainerNode::setLocked;
+        for (KMContainerNode *holder : holders) {
+            (holder->*set)(on);
+            press();
+            (holder->*set)(!on);
+        }
+    }
+    QCOMPARE(window.steps(), steps);
+    QVERIFY(!window.rig->isDeleted() && !a->isDeleted());
 }
 
 void tst_KMBoneTools::poses()

@@ -7,6 +7,7 @@
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 #include "shell/KMBoneMoves.h"
 
 #include <QAction>
@@ -114,7 +115,7 @@ void kmbonewidget::selectionChanged()
     }
     if (current && current->isSelected())
         bones << KMBoneTreeWidget::boneOf(current);
-    KMBoneMoves::select(m_rig, bones);
+    KMBoneEdit::pushSelected(m_rig, bones);
     if (!bones.isEmpty())
         emit onNodeChanged(bones.last(), KMNodeType::Bone);
 }
