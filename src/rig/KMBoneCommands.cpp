@@ -1,21 +1,9 @@
 #include "rig/KMBoneCommands.h"
 
+#include "core/KMNodePropertyCommands.h"
 #include "core/KMSolution.h"
-#include "core/KMTreeWidget.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
-
-namespace {
-
-void setShown(KMBone *bone, bool visible)
-{
-    bone->setVisible(visible);
-    if (bone->item())
-        bone->container()->tree()->setRowBox(bone->item(), KMTreeWidget::VisibleColumn,
-                                             visible ? Qt::Checked : Qt::Unchecked);
-}
-
-} // namespace
 
 template <class Value>
 KMBoneValueCommand<Value>::KMBoneValueCommand(const QString &text, KMBone *bone, Value before, Value after)
@@ -88,8 +76,10 @@ showCtrlChildCommand::showCtrlChildCommand(KMBone *bone, bool visible)
 
 void showCtrlChildCommand::apply(Direction direction)
 {
-    for (const auto &entry : std::as_const(m_before))
-        setShown(entry.first, direction == Direction::Redo ? m_after : entry.second);
+    for (const auto &entry : std::as_const(m_before)) {
+        const bool on = direction == Direction::Redo ? m_after : entry.second;
+        writeVisible(entry.first, {on, on ? Qt::Checked : Qt::Unchecked});
+    }
 }
 
 editBoneGeometryCommand::editBoneGeometryCommand(KMBone *bone, const KMBoneRest &rest)

@@ -88,6 +88,15 @@ KMBonePicker::Hit pickBehind(const KMCameraNode &camera, const QPointF &position
     return isFree ? KMBonePicker::pickBone(camera, position) : KMBonePicker::Hit();
 }
 
+KMBoneContainer *rigWithSelection()
+{
+    KMNode *current = gSolution->currentNode();
+    if (!current || current->type() != KMNodeType::BoneContainer)
+        return nullptr;
+    auto *rig = nodeAs<KMBoneContainer>(current);
+    return rig->selectedBones().isEmpty() ? nullptr : rig;
+}
+
 QVector<KMJointMove::Grabbed> selected()
 {
     QVector<KMJointMove::Grabbed> grabbed;
@@ -167,10 +176,8 @@ void pushDelete(QList<KMBone *> bones)
 
 bool deleteSelected()
 {
-    KMNode *current = gSolution->currentNode();
-    const bool isRig = current && current->type() == KMNodeType::BoneContainer;
-    const KMBoneContainer *rig = isRig ? nodeAs<KMBoneContainer>(current) : nullptr;
-    if (!rig || rig->selectedBones().isEmpty())
+    const KMBoneContainer *rig = rigWithSelection();
+    if (!rig)
         return false;
     if (rig != container()) {
         gSolution->showMessage(

@@ -17,6 +17,9 @@ KMBonePicker::Hit pickBefore(const KMCameraNode &camera, const QPointF &position
 /// an element would take hold of what lies inside the mesh.
 KMBonePicker::Hit pickBehind(const KMCameraNode &camera, const QPointF &position);
 
+/// The current rig, also when it is hidden or locked, while bones of it are selected. Null without. What is done to the
+/// selection means these then, and not the rig.
+KMBoneContainer *rigWithSelection();
 QVector<KMJointMove::Grabbed> selected(); ///< heads and tails of that rig that are selected, shown and not locked
 
 /// Selects it by the rule of clicks, as one step. A rig that isn't current becomes so. Whether the part is selected

@@ -11,6 +11,8 @@
 #include "rig/KMBoneMMDTemplate.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMJointMove.h"
+#include "shell/attributes/KMAttributePage.h"
+#include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
 #include "support/CommandProof.h"
 #include "support/RigDump.h"
@@ -125,6 +127,8 @@ private slots:
     void marquees();
     void transforms();
     void clicksOnNothing();
+    void editMenuMeansBones();
+    void attributesFollowTheMouse();
     void erases();
     void poses();
     void posesInPerspective();
@@ -581,6 +585,57 @@ void tst_KMBoneTools::clicksOnNothing()
         QCOMPARE(window.steps(), steps);
         window->undoStack()->undo();
         QVERIFY(bone->selectMask() == KMBone::BothSelected && far->selectMask() == KMBone::TailSelected);
+    }
+}
+
+/// While the rig is current and the user isn't at work in the tree.
+void tst_KMBoneTools::editMenuMeansBones()
+{
+    BoneWindow window(KMToolKind::Universal);
+    QVERIFY(window.isReady());
+    KMBone *a = window.add("a", nullptr, {0, 0, 0}, {0, 40, 0});
+    window.add("b", a, {0, 40, 0}, {0, 80, 0});
+    window.add("c", a, {0, 40, 0}, {50, 80, 0})->setLocked(true);
+    QVERIFY(window.focus(window.view(front)));
+    window.trigger("ComSelectAll");
+    QCOMPARE(window.masks(), QString("a3 b3 c0"));
+    for (const char *action : {"ComSelectAll", "actionCopy", "actionCut"})
+        window.trigger(action);
+    QCOMPARE(window.steps(), 1);
+    window.trigger("actionDuplicate");
+    QCOMPARE(window.steps(), 2);
+    QCOMPARE(window.onlyRig()->bones().size(), 6); // with what hangs on them
+    window.trigger("ComUnselectAll");
+    QVERIFY(window.rig->selectedBones().isEmpty());
+    QVERIFY(window.rig->item()->isSelected());
+}
+
+/// A bone that is picked in a view is the one whose values show, and that a lock holds.
+void tst_KMBoneTools::attributesFollowTheMouse()
+{
+    BoneWindow window(KMToolKind::Universal);
+    QVERIFY(window.isReady());
+    window.add("a", nullptr, {-60, 0, 0}, {-60, 40, 0});
+    KMBone *b = window.add("b", nullptr, {60, 0, 0}, {60, 40, 0});
+    const auto field = [&](const char *name) {
+        return window->attributeDock()->page()->findChild<QWidget *>(QLatin1String(name));
+    };
+    const auto lengthShown = [&] { return field("length") ? field("name")->property("text").toString() : QString(); };
+    QCOMPARE(lengthShown(), QString()); // the rig's page
+    ViewMouse(window.view(front)).click(window.place({-60, 20, 0}));
+    QCOMPARE(lengthShown(), QString("a"));
+    gProject->tree()->setCurrentItem(nullptr);
+    ViewMouse(window.view(front)).click(window.place({60, 20, 0})); // which makes the rig current as well
+    QCOMPARE(gSolution->currentNode(), window.rig);
+    QCOMPARE(lengthShown(), QString("b"));
+    QVERIFY(field("length")->isEnabled());
+    for (KMContainerNode *holder : QVector<KMContainerNode *>{b, window.rig}) {
+        holder->setLocked(true);
+        window->attributeDock()->refresh();
+        for (const char *name : {"position", "length", "viewType", "movable", "minH"})
+            QVERIFY2(!field(name)->isEnabled(), name);
+        QVERIFY(field("name")->isEnabled() && field("locked")->isEnabled());
+        holder->setLocked(false);
     }
 }
 

@@ -203,6 +203,6 @@ void kmbonewidget::dropNodes(const QList<KMContainerNode *> &nodes, KMContainerN
         return;
     if (asCopy)
         KMBoneMoves::copy(m_rig, bone, place);
-    else if (!KMBoneMoves::move(bonesOf(nodes), bone, place))
-        gSolution->showMessage(tr("A bone can't stand below itself"), KMCommand::MessageLevel);
+    else
+        KMBoneMoves::move(bonesOf(nodes), bone, place);
 }
