@@ -69,6 +69,9 @@ void pushCopies(KMBoneContainer *container); ///< of the selected bones with all
 void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones); ///< a partner for each
 void pushDivided(KMBone *bone); ///< into two halves; its children hang on the second
 void pushLayered(KMBone *bone); ///< a point at the same place comes above it
+/// So many bones may stand above one. Rows are walked by recursion in Qt: at many thousands the stack isn't enough.
+constexpr int MaxDepth = 4000;
+int longestRun(const KMMeshNode &mesh); ///< of selected edges
 /// A bone on each edge of the selected runs of edges, under a parent, null for the top.
 void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *parent);
 

@@ -194,6 +194,14 @@ void pushLayered(KMBone *bone)
     gSolution->push(new setCtrlParentCommand(bone, layer));
 }
 
+int longestRun(const KMMeshNode &mesh)
+{
+    int longest = 0;
+    for (const KMEdgeChain &chain : edgeChains(KMSelectedElements::edges(mesh)))
+        longest = std::max(longest, chain.vertices.size());
+    return longest;
+}
+
 void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *parent)
 {
     const QVector<KMEdgeChain> chains = edgeChains(KMSelectedElements::edges(mesh));

@@ -137,6 +137,14 @@ Work fitToFirstChild(KMBoneContainer &container)
 Work bonesFromEdges(KMBoneContainer &container)
 {
     KMBone *parent = container.selectedBones().value(0);
+    const int above = parent ? parent->depth() + 1 : 0;
+    for (const KMMeshNode *mesh : KMMeshTargets::chosen()) {
+        if (above + KMBoneEdit::longestRun(*mesh) <= KMBoneEdit::MaxDepth)
+            continue;
+        gSolution->showMessage(KMBoneCommand::tr("A rig can't be deeper than %1 bones").arg(KMBoneEdit::MaxDepth),
+                               KMCommand::MessageLevel);
+        return {};
+    }
     return [&container, parent] {
         for (const KMMeshNode *mesh : KMMeshTargets::chosen())
             KMBoneEdit::pushFromEdges(&container, *mesh, parent);
