@@ -4,14 +4,68 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QCursor>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QVector>
+
+namespace {
+
+/// The wait cursor of the work that asks stands aside while its question is open.
+class UsualCursor
+{
+    Q_DISABLE_COPY(UsualCursor)
+public:
+    UsualCursor()
+    {
+        while (const QCursor *cursor = QApplication::overrideCursor()) {
+            m_cursors.prepend(*cursor);
+            QApplication::restoreOverrideCursor();
+        }
+    }
+    ~UsualCursor()
+    {
+        for (const QCursor &cursor : std::as_const(m_cursors))
+            QApplication::setOverrideCursor(cursor);
+    }
+
+private:
+    QVector<QCursor> m_cursors; // the innermost last
+};
+
+} // namespace
+
+namespace {
+
+/// The program waits for the user now, whatever the cursor said before.
+class PlainCursor
+{
+    Q_DISABLE_COPY(PlainCursor)
+public:
+    PlainCursor()
+        : m_isNeeded(QGuiApplication::overrideCursor())
+    {
+        if (m_isNeeded)
+            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~PlainCursor()
+    {
+        if (m_isNeeded)
+            QGuiApplication::restoreOverrideCursor();
+    }
+
+private:
+    bool m_isNeeded;
+};
+
+} // namespace
 
 QMessageBox::StandardButton KMWidgetPrompt::message(const KMMessage &message)
 {
     if (!qApp)
         return QMessageBox::NoButton;
+    const UsualCursor cursor;
     QMessageBox box(message.icon, message.title.isEmpty() ? QApplication::applicationName() : message.title,
                     message.text, message.buttons, message.parent ? message.parent : QApplication::activeWindow());
     box.setInformativeText(message.informativeText);
@@ -20,6 +74,7 @@ QMessageBox::StandardButton KMWidgetPrompt::message(const KMMessage &message)
         box.setDefaultButton(message.defaultButton);
     if (message.minimumSize.isValid())
         box.setMinimumSize(message.minimumSize);
+    const PlainCursor cursor;
     return QMessageBox::StandardButton(box.exec());
 }
 
@@ -64,5 +119,7 @@ bool KMWidgetPrompt::options(KMOptionForm &form)
 
 bool KMWidgetPrompt::dialog(QDialog &dialog)
 {
+    const UsualCursor cursor;
+    const PlainCursor cursor;
     return dialog.exec() == QDialog::Accepted;
 }
