@@ -97,6 +97,10 @@
         <source>No surface with weights lies within the margin.</source>
         <translation>許容範囲内にウェイトを持つ面がありません。</translation>
     </message>
+    <message>
+        <source>The vertices have these weights already.</source>
+        <translation>頂点はすでにこのウェイトを持っています。</translation>
+    </message>
 </context>
 <context>
     <name>ComClearBuffer</name>
@@ -3076,6 +3080,10 @@
     <message>
         <source>file open error.</source>
         <translation>ファイルを開けません。</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 bones in the file were found</source>
+        <translation>ファイルのボーン %2 本のうち %1 本が見つかりました</translation>
     </message>
 </context>
 <context>
@@ -6270,6 +6278,40 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>PmxAgreement</name>
+    <message>
+        <source>IMPORTANT NOTICE, AND AGREEMENT</source>
+        <translation>重要なお知らせと同意</translation>
+    </message>
+    <message>
+        <source>Models, motions, textures and other data may belong to somebody else. Their authors decide what may be done with them.
+
+Before you export a model that contains work of other authors, read the terms that came with it. Don&apos;t change, combine, publish or pass on such data where its terms don&apos;t allow that, and name the authors where they ask for it.
+
+By going on you agree to respect the rights of all authors whose data you use.</source>
+        <translation>モデル、モーション、テクスチャなどのデータは、他の方の著作物である場合があります。その扱いは作者が決めます。
+
+他の作者の作品を含むモデルを書き出す前に、付属の利用規約をお読みください。規約で認められていない改変、組み合わせ、公開、配布は行わないでください。作者名の表示が求められている場合は表示してください。
+
+続行すると、使用するデータのすべての作者の権利を尊重することに同意したものとみなします。</translation>
+    </message>
+    <message>
+        <source>I agree</source>
+        <translation>同意する</translation>
+    </message>
+    <message>
+        <source>canecl</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>PmxBoneWriter</name>
+    <message>
+        <source>arm</source>
+        <translation>腕</translation>
+    </message>
+</context>
+<context>
     <name>PmxExchange</name>
     <message>
         <source>scale</source>
@@ -6282,6 +6324,84 @@ Do you want to replace it?</source>
     <message>
         <source>MMD Extend Model File (*.pmx)</source>
         <translation>MMD 拡張モデルファイル (*.pmx)</translation>
+    </message>
+</context>
+<context>
+    <name>PmxExport</name>
+    <message>
+        <source>view Nodes Only</source>
+        <translation>表示ノードのみ</translation>
+    </message>
+    <message>
+        <source>freeze Mods</source>
+        <translation>モディファイアを適用</translation>
+    </message>
+    <message>
+        <source>Skip Hide Face</source>
+        <translation>非表示の面を除く</translation>
+    </message>
+    <message>
+        <source>Use EnvOutline Value</source>
+        <translation>環境の輪郭線の値を使う</translation>
+    </message>
+    <message>
+        <source>Skip Physics</source>
+        <translation>物理演算を除く</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Confirm Overwrite</source>
+        <translation>上書きを確認しない</translation>
+    </message>
+    <message>
+        <source>Open with</source>
+        <translation>書き出し後に開く</translation>
+    </message>
+    <message>
+        <source>To Relative Path</source>
+        <translation>相対パスにする</translation>
+    </message>
+    <message>
+        <source>convert Operation Axis</source>
+        <translation>操作軸を変換</translation>
+    </message>
+    <message>
+        <source>PSD and CLIP to PNG</source>
+        <translation>PSD と CLIP を PNG に変換</translation>
+    </message>
+    <message>
+        <source>Development </source>
+        <translation>開発用 </translation>
+    </message>
+    <message>
+        <source>Reset Morph</source>
+        <translation>モーフをリセット</translation>
+    </message>
+    <message>
+        <source>File I/O</source>
+        <translation>ファイル入出力</translation>
+    </message>
+    <message>
+        <source>scale</source>
+        <translation>スケール</translation>
+    </message>
+    <message>
+        <source>RootBone</source>
+        <translation>RootBone</translation>
+    </message>
+</context>
+<context>
+    <name>PmxExporter</name>
+    <message>
+        <source>RootBone not found.</source>
+        <translation>ルートボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>There is no file name</source>
+        <translation>ファイル名がありません</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be written: %1</source>
+        <translation>ファイルに書き込めません: %1</translation>
     </message>
 </context>
 <context>
@@ -6454,6 +6574,15 @@ Do you want to replace it?</source>
     <message>
         <source>%1 records are promised, but only %2 bytes are left</source>
         <translation>%1 件のレコードがあるはずですが、残りは %2 バイトです</translation>
+    </message>
+</context>
+<context>
+    <name>PmxTextures</name>
+    <message>
+        <source> is already exists.
+Overwrite the current file?</source>
+        <translation> は既に存在します。
+現在のファイルを上書きしますか?</translation>
     </message>
 </context>
 <context>
@@ -8340,6 +8469,14 @@ Do you want to replace it?</source>
     <message>
         <source>This tool isn&apos;t there yet.</source>
         <translation>このツールはまだありません。</translation>
+    </message>
+    <message>
+        <source>Reset Options</source>
+        <translation>設定を元に戻す</translation>
+    </message>
+    <message>
+        <source>Set the options of this tool to what they are in a new installation</source>
+        <translation>このツールの設定を新規インストール時の値に戻します</translation>
     </message>
 </context>
 <context>

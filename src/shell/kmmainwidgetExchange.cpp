@@ -7,6 +7,7 @@
 #include "formats/KMDFormat.h"
 #include "formats/KMExchangeFormat.h"
 #include "formats/KMNativeFormat.h"
+#include "shell/KMPlayback.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
 
