@@ -575,6 +575,10 @@
         <source>Hold the two selected rigid bodies together; with Ctrl the other is first</source>
         <translation>選択した二つの剛体をつなぎます。Ctrl で順序が逆になります</translation>
     </message>
+    <message>
+        <source>A rig can&apos;t be deeper than %1 bones</source>
+        <translation>リグの階層は %1 ボーンまでです</translation>
+    </message>
 </context>
 <context>
     <name>KMBoneContainer</name>
@@ -866,6 +870,16 @@
         <source>Copy Bone</source>
         <translation>ボーンを複製</translation>
     </message>
+    <message>
+        <source>A bone can&apos;t stand below itself</source>
+        <translation>ボーンを自分自身の配下には置けません</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n key(s) of the moved bones are gone</source>
+        <translation>
+            <numerusform>移動したボーンのキー %n 個が失われました</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>KMBonePage</name>
@@ -967,6 +981,16 @@
     <message>
         <source>Unselect Bone</source>
         <translation>ボーンの選択を解除</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bone(s) not deleted: locked or hidden</source>
+        <translation>
+            <numerusform>%n 個のボーンはロックまたは非表示のため削除されませんでした</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing was deleted: %1 is locked or hidden</source>
+        <translation>削除されませんでした: %1 はロックまたは非表示です</translation>
     </message>
 </context>
 <context>
@@ -7205,10 +7229,6 @@ Overwrite the current file?</source>
     <message>
         <source>%1 is locked</source>
         <translation>%1 はロックされています</translation>
-    </message>
-    <message>
-        <source>A bone can&apos;t stand below itself</source>
-        <translation>ボーンを自分自身の配下には置けません</translation>
     </message>
 </context>
 <context>
