@@ -1710,18 +1710,6 @@
 <context>
     <name>KMDStream</name>
     <message>
-        <source>%1, byte %2</source>
-        <translation>%1、%2 バイト目</translation>
-    </message>
-    <message>
-        <source>%1, element %2 of %3, byte %4</source>
-        <translation>%1、要素 %2 / %3、%4 バイト目</translation>
-    </message>
-    <message>
-        <source>and %1 more</source>
-        <translation>ほか %1 件</translation>
-    </message>
-    <message>
         <source>The file ends too early</source>
         <translation>ファイルが途中で終わっています</translation>
     </message>
@@ -4025,6 +4013,21 @@
     </message>
 </context>
 <context>
+    <name>KMReadReport</name>
+    <message>
+        <source>%1, byte %2</source>
+        <translation>%1、%2 バイト目</translation>
+    </message>
+    <message>
+        <source>%1, element %2 of %3, byte %4</source>
+        <translation>%1、要素 %2 / %3、%4 バイト目</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>ほか %1 件</translation>
+    </message>
+</context>
+<context>
     <name>KMResultLimit</name>
     <message>
         <source>%1 would make %2 vertices and %3 faces, more than the memory holds; its result stays empty</source>
@@ -6277,6 +6280,21 @@ By going on you agree to respect the rights of all authors whose data you use.</
     </message>
 </context>
 <context>
+    <name>PmxExchange</name>
+    <message>
+        <source>scale</source>
+        <translation>スケール</translation>
+    </message>
+    <message>
+        <source>Import Normals</source>
+        <translation>法線を読み込む</translation>
+    </message>
+    <message>
+        <source>MMD Extend Model File (*.pmx)</source>
+        <translation>MMD 拡張モデルファイル (*.pmx)</translation>
+    </message>
+</context>
+<context>
     <name>PmxExport</name>
     <message>
         <source>view Nodes Only</source>
@@ -6352,6 +6370,178 @@ By going on you agree to respect the rights of all authors whose data you use.</
     <message>
         <source>The file can&apos;t be written: %1</source>
         <translation>ファイルに書き込めません: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PmxImporter</name>
+    <message>
+        <source>This is no file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>The file doesn&apos;t exist</source>
+        <translation>ファイルがありません</translation>
+    </message>
+    <message>
+        <source>The file is too large: %1 bytes</source>
+        <translation>ファイルが大きすぎます: %1 バイト</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read to its end: %1</source>
+        <translation>ファイルを最後まで読み込めません: %1</translation>
+    </message>
+    <message>
+        <source>ImportPMX</source>
+        <translation>PMX の読み込み</translation>
+    </message>
+    <message>
+        <source>The scale moves %1 points out of all numbers; they were put at the origin</source>
+        <translation>スケールにより %1 個の点が数値の範囲を超えたため、原点に置きました</translation>
+    </message>
+</context>
+<context>
+    <name>PmxReader</name>
+    <message>
+        <source>header</source>
+        <translation>ヘッダー</translation>
+    </message>
+    <message>
+        <source>the file doesn&apos;t begin as a PMX file does</source>
+        <translation>ファイルの先頭が PMX のものではありません</translation>
+    </message>
+    <message>
+        <source>its texts are in UTF-8, which this program takes for UTF-16</source>
+        <translation>文字列が UTF-8 ですが、このプログラムは UTF-16 として読みます</translation>
+    </message>
+    <message>
+        <source>The texts are in UTF-8 and come out as other characters</source>
+        <translation>文字列が UTF-8 のため、別の文字になります</translation>
+    </message>
+    <message>
+        <source>Indices of %1 bytes can&apos;t be</source>
+        <translation>%1 バイトのインデックスはありえません</translation>
+    </message>
+    <message>
+        <source>%1 records are more than the file can be believed to hold</source>
+        <translation>%1 件のレコードは、このファイルには多すぎます</translation>
+    </message>
+    <message>
+        <source>vertices</source>
+        <translation>頂点</translation>
+    </message>
+    <message>
+        <source>The deform type %1, of which only 0 to 3 can be read</source>
+        <translation>変形方式 %1 です。読み込めるのは 0 から 3 だけです</translation>
+    </message>
+    <message>
+        <source>The index %1 for a bone</source>
+        <translation>ボーンのインデックスが %1 です</translation>
+    </message>
+    <message>
+        <source>faces</source>
+        <translation>面</translation>
+    </message>
+    <message>
+        <source>the faces have %1 corners, which make no triangles</source>
+        <translation>面の角が %1 個で、三角形になりません</translation>
+    </message>
+    <message>
+        <source>textures</source>
+        <translation>テクスチャ</translation>
+    </message>
+    <message>
+        <source>materials</source>
+        <translation>材質</translation>
+    </message>
+    <message>
+        <source>the material %1 has a shared toon, told in one byte where this program looks for %2</source>
+        <translation>材質 %1 の共有トゥーンは 1 バイトですが、このプログラムは %2 バイトを読みます</translation>
+    </message>
+    <message>
+        <source>The material has %1 face corners, but only %2 are left</source>
+        <translation>材質の面の角は %1 個ですが、残りは %2 個です</translation>
+    </message>
+    <message>
+        <source>bones</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>the bone %1 inherits rotation and movement, told in one record where this program looks for two</source>
+        <translation>ボーン %1 は回転と移動の両方を付与されていて、レコードは 1 つですが、このプログラムは 2 つを読みます</translation>
+    </message>
+    <message>
+        <source>The bone %1, but there are only %2</source>
+        <translation>ボーン %1 を指していますが、%2 個しかありません</translation>
+    </message>
+    <message>
+        <source>morphs</source>
+        <translation>モーフ</translation>
+    </message>
+    <message>
+        <source>a morph of the type %1 was taken for one of materials</source>
+        <translation>種類 %1 のモーフを材質モーフとして読みました</translation>
+    </message>
+    <message>
+        <source>display frames</source>
+        <translation>表示枠</translation>
+    </message>
+    <message>
+        <source>An item of the unknown kind %1</source>
+        <translation>不明な種類 %1 の項目です</translation>
+    </message>
+    <message>
+        <source>rigid bodies</source>
+        <translation>剛体</translation>
+    </message>
+    <message>
+        <source>joints</source>
+        <translation>ジョイント</translation>
+    </message>
+</context>
+<context>
+    <name>PmxRigBuilder</name>
+    <message>
+        <source>The bone %1 stands below itself and was put at the top</source>
+        <translation>ボーン %1 は自分自身の下にあるため、最上位に置きました</translation>
+    </message>
+    <message>
+        <source>The bone %1 lies too deep in its rig and was moved up</source>
+        <translation>ボーン %1 は階層が深すぎるため、上に移しました</translation>
+    </message>
+    <message>
+        <source>The rigid body %1 has the unknown kind %2</source>
+        <translation>剛体 %1 の種類 %2 は不明です</translation>
+    </message>
+</context>
+<context>
+    <name>PmxStream</name>
+    <message>
+        <source>The file ends too early</source>
+        <translation>ファイルが途中で終わっています</translation>
+    </message>
+    <message>
+        <source>%1. It may come from this: %2</source>
+        <translation>%1。原因として考えられること: %2</translation>
+    </message>
+    <message>
+        <source>A number that is not finite was replaced</source>
+        <translation>有限でない数値を置き換えました</translation>
+    </message>
+    <message>
+        <source>A text of %1 bytes can&apos;t be: its characters take two each</source>
+        <translation>%1 バイトの文字列はありえません。1 文字は 2 バイトです</translation>
+    </message>
+    <message>
+        <source>A text of %1 bytes, but only %2 are left</source>
+        <translation>%1 バイトの文字列がありますが、残りは %2 バイトです</translation>
+    </message>
+    <message>
+        <source>The index %1, but there are only %2</source>
+        <translation>インデックス %1 がありますが、%2 個しかありません</translation>
+    </message>
+    <message>
+        <source>%1 records are promised, but only %2 bytes are left</source>
+        <translation>%1 件のレコードがあるはずですが、残りは %2 バイトです</translation>
     </message>
 </context>
 <context>

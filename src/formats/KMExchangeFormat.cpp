@@ -1,5 +1,6 @@
 #include "formats/KMExchangeFormat.h"
 
+#include "formats/PmxExchange.h"
 #include "formats/VmdImporter.h"
 #include "formats/VpdImporter.h"
 
@@ -9,6 +10,7 @@ const QVector<KMExchangeFormat> &exchangeFormats()
 {
     static const QVector<KMExchangeFormat> formats = {
         // Models
+        pmxFormat(),
 
         // Motions and poses
         vmdFormat(),

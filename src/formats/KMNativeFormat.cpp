@@ -1,12 +1,11 @@
 #include "formats/KMNativeFormat.h"
 
-#include "core/KMPrompt.h"
 #include "core/KMSolution.h"
 #include "core/KMWaitCursor.h"
 #include "formats/KMDWriter.h"
+#include "formats/KMReadReport.h"
 
 #include <QBuffer>
-#include <QDebug>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
@@ -105,17 +104,12 @@ QByteArray KMNativeFormat::thumbnail(const QString &path) const
 
 bool KMNativeFormat::tellFailure(const QString &path, const QString &sentence) const
 {
-    const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), sentence);
-    qDebug().noquote() << text;
-    KMPrompt::current().warn(text);
+    KMReadReport::show(path, {sentence});
     return false;
 }
 
 void KMNativeFormat::tellWarnings(const QString &path, const QStringList &warnings) const
 {
-    if (warnings.isEmpty())
-        return;
-    const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), warnings.join(QLatin1Char('\n')));
-    qDebug().noquote() << text;
-    KMPrompt::current().warn(text);
+    if (!warnings.isEmpty())
+        KMReadReport::show(path, warnings);
 }
