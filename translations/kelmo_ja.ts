@@ -8157,8 +8157,8 @@ Overwrite the current file?</source>
         <translation>ボーンを囲む粗い箱でメッシュにウェイトを付けます</translation>
     </message>
     <message>
-        <source>MMD Extend Model File...</source>
-        <translation>MMD 拡張モデルファイル...</translation>
+        <source>MMD Extend Model File (.pmx)...</source>
+        <translation>MMD 拡張モデルファイル (.pmx)...</translation>
     </message>
     <message>
         <source>Add a PMX model to the document</source>
@@ -8169,16 +8169,16 @@ Overwrite the current file?</source>
         <translation>ドキュメントを PMX モデルとして書き出します</translation>
     </message>
     <message>
-        <source>MMD Motion Data...</source>
-        <translation>MMD モーションデータ...</translation>
+        <source>MMD Motion Data (.vmd)...</source>
+        <translation>MMD モーションデータ (.vmd)...</translation>
     </message>
     <message>
         <source>Move the bones by a motion, in place of the keys that they have</source>
         <translation>今あるキーに代えて、モーションでボーンを動かします</translation>
     </message>
     <message>
-        <source>MMD Pose Data...</source>
-        <translation>MMD ポーズデータ...</translation>
+        <source>MMD Pose Data (.vpd)...</source>
+        <translation>MMD ポーズデータ (.vpd)...</translation>
     </message>
     <message>
         <source>Pose the bones by a file, with keys at the current frame</source>
