@@ -97,6 +97,10 @@
         <source>No surface with weights lies within the margin.</source>
         <translation>許容範囲内にウェイトを持つ面がありません。</translation>
     </message>
+    <message>
+        <source>The vertices have these weights already.</source>
+        <translation>頂点にはすでに同じウェイトがあります。</translation>
+    </message>
 </context>
 <context>
     <name>ComClearBuffer</name>
