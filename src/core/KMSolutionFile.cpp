@@ -3,6 +3,7 @@
 #include "core/KMBackupArchive.h"
 #include "core/KMDocumentFormat.h"
 #include "core/KMMessageBox.h"
+#include "core/KMOutlinePercent.h"
 #include "core/KMOutput.h"
 #include "core/KMProject.h"
 #include "core/KMSessionTool.h"
@@ -35,6 +36,7 @@ void KMSolution::resetSession()
     m_displayMask = DefaultDisplayMask;
     m_viewFlags.fill(false);
     m_nodeFilterOn = false;
+    m_fogDistance = KMOutlinePercent::Usual;
     gProject->clear();
     if (m_tool)
         m_tool->reset();

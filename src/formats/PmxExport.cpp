@@ -1,13 +1,15 @@
 #include "formats/PmxExport.h"
 
 #include "core/KMNodeType.h"
+#include "core/KMOutlinePercent.h"
 #include "core/KMProject.h"
-#include "core/KMSolution.h"
 #include "core/KMWaitingMacro.h"
 #include "formats/PmxAgreement.h"
 #include "formats/PmxExporter.h"
+#include "formats/PmxMesh.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMMorphBake.h"
 #include "rig/KMTagMorph.h"
 
 #include <QDebug>
@@ -81,7 +83,7 @@ Options optionsOf(const KMOptionForm &answers)
             options.*row.member = answers.value(QLatin1String(row.key)).toBool();
     }
     if (answers.value(QLatin1String(outlineKey)).toBool())
-        options.edgeScale = float(gSolution->fogDistance()) * 0.01f;
+        options.edgeScale = float(KMOutlinePercent::current()) * 0.01f;
     options.root = rigs().value(answers.value(QLatin1String(rootKey)).toInt());
     return options;
 }
@@ -119,9 +121,11 @@ bool PmxExport::write(const QString &path, const KMOptionForm &answers)
     }
     if (!PmxAgreement::obtain())
         return false;
-    if (answers.value(QLatin1String(resetKey)).toBool())
-        resetMorphs();
     PmxExporter exporter(optionsOf(answers));
+    if (exporter.root && PmxMesh::arePosed(exporter) && !mayWritePosed(answers.parent))
+        return false;
+    if (exporter.root && answers.value(QLatin1String(resetKey)).toBool()) // else nothing is going to be written
+        resetMorphs();
     const bool isWritten = exporter.exportTo(path);
     if (!isWritten) {
         const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), exporter.error());
@@ -134,11 +138,24 @@ bool PmxExport::write(const QString &path, const KMOptionForm &answers)
     return true;
 }
 
+bool PmxExport::mayWritePosed(QWidget *parent)
+{
+    KMMessage question;
+    question.icon = QMessageBox::Warning;
+    question.text = tr("The rig is posed: the surface is written in this pose, the bones at rest. "
+                       "\"Disable All BoneMod\" writes it at rest.");
+    question.buttons = QMessageBox::Ok | QMessageBox::Cancel;
+    question.defaultButton = QMessageBox::Ok;
+    question.parent = parent;
+    return KMPrompt::current().message(question) == QMessageBox::Ok;
+}
+
 void PmxExport::resetMorphs()
 {
     const KMWaitingMacro macro(tr("Reset Morph"));
     for (const KMMeshNode *mesh : gProject->meshesInTree()) {
-        if (KMTagBase *tag = mesh->findTag(KMNodeType::TagMorph))
+        const QVector<KMTagMorph *> tags = KMMorphBake::tagsOf(*mesh);
+        for (KMTagMorph *tag : tags)
             tag->resetValues();
     }
 }

@@ -11,9 +11,11 @@ class PmxExport
 public:
     static KMOptionForm form();  ///< with the answers of the last time in this run
     static void forgetAnswers(); ///< the next form is as the first one
-    /// Writes the document. False when that failed, which was said, or when the user doesn't agree to the notice.
+    /// Writes the document. False when that failed, which was said, or when the user doesn't agree to the notice or
+    /// gives up a document whose rig is posed.
     static bool write(const QString &path, const KMOptionForm &answers);
 
 private:
+    static bool mayWritePosed(QWidget *parent);
     static void resetMorphs();
 };

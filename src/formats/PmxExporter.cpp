@@ -122,9 +122,7 @@ bool PmxExporter::exportTo(const QString &path)
                                    : tr("The file can't be written: %1").arg(file.errorString()));
     }
     qDebug().noquote() << "Export PMX" << path;
-    if (!write(file, path))
-        file.cancelWriting();
-    if (!file.commit())
+    if (!write(file, path) || !file.commit())
         return fail(tr("The file can't be written: %1").arg(file.errorString()));
     QApplication::beep();
     return true;

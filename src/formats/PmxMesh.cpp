@@ -1,5 +1,6 @@
 #include "formats/PmxMesh.h"
 
+#include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "formats/PmxExportOptions.h"
@@ -8,12 +9,15 @@
 #include "modifiers/KMFreezeModifiers.h"
 #include "modifiers/KMPolygonize.h"
 #include "modifiers/KMPrimitiveNode.h"
+#include "rig/KMBone.h"
 #include "rig/KMMorphBake.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagMorph.h"
 
 #include <QDebug>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -30,20 +34,9 @@ void bakeMorphs(const KMMeshNode &source, KMMeshNode &shape)
     }
 }
 
-QVector<KMTagMorph *> morphTags(const KMMeshNode &mesh)
-{
-    QVector<KMTagMorph *> morphs;
-    const QList<KMTagBase *> tags = mesh.tags();
-    for (KMTagBase *tag : tags) {
-        if (tag->type() == KMNodeType::TagMorph && !tag->isDeleted())
-            morphs.append(static_cast<KMTagMorph *>(tag));
-    }
-    return morphs;
-}
-
 bool isMorphed(const KMMeshNode &mesh)
 {
-    const QVector<KMTagMorph *> tags = morphTags(mesh);
+    const QVector<KMTagMorph *> tags = KMMorphBake::tagsOf(mesh);
     return std::any_of(tags.begin(), tags.end(), [](const KMTagMorph *tag) {
         const QList<KMMorph *> morphs = tag->liveMorphs();
         return std::any_of(morphs.begin(), morphs.end(), [](const KMMorph *morph) { return morph->weight() != 0.0f; });
@@ -52,7 +45,7 @@ bool isMorphed(const KMMeshNode &mesh)
 
 void restMorphs(KMMeshNode &copy)
 {
-    const QVector<KMTagMorph *> tags = morphTags(copy);
+    const QVector<KMTagMorph *> tags = KMMorphBake::tagsOf(copy);
     for (const KMTagMorph *tag : tags) {
         const QList<KMMorph *> morphs = tag->liveMorphs();
         for (KMMorph *morph : morphs)
@@ -60,14 +53,54 @@ void restMorphs(KMMeshNode &copy)
     }
 }
 
+const KMMeshModifier *lastOf(const KMMeshNode &mesh)
+{
+    return mesh.modifiers().isEmpty() ? nullptr : mesh.modifiers().last().second;
+}
+
+bool isTaken(const KMMeshNode &source, const PmxExportOptions &options)
+{
+    if (!options.viewNodesOnly)
+        return true;
+    const KMMeshModifier *last = options.freezeMods ? lastOf(source) : nullptr;
+    return source.isVisible() && (!last || !last->modMesh() || last->modMesh()->isVisible());
+}
+
+/// By more than what solving constraints at rest leaves.
+bool isPosed(const KMBone &bone)
+{
+    constexpr float turn = 1e-5f; // of the cosine of half the angle: half a degree
+    constexpr float length = 0.01f;
+    const PoseTransform &pose = bone.solvedPose();
+    return std::abs(dot(pose.rotation, kvm::Quaternion())) < 1.0f - turn || pose.offset.length() > length;
+}
+
+bool hasBoneDeform(const KMMeshNode &mesh)
+{
+    const QList<KMMeshNode::ModifierEntry> &chain = mesh.modifiers();
+    return std::any_of(chain.begin(), chain.end(), [](const KMMeshNode::ModifierEntry &entry) {
+        return entry.first && entry.second->modifierNode()->type() == KMNodeType::ModBoneDeform;
+    });
+}
+
+bool isPosed(const KMMeshNode &mesh)
+{
+    const auto *weights = static_cast<const KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
+    if (!weights || !hasBoneDeform(mesh))
+        return false;
+    for (int i = 0; i < weights->bones().size(); ++i) {
+        if (weights->isLive(i) && isPosed(*weights->bones().at(i)))
+            return true;
+    }
+    return false;
+}
+
 /// What a mesh can be seen as: false when nothing of it is to be written.
 bool evaluate(KMMeshNode &source, const PmxExportOptions &options, PmxMesh &mesh)
 {
-    const KMMeshModifier *last = source.modifiers().isEmpty() ? nullptr : source.modifiers().last().second;
+    const KMMeshModifier *last = lastOf(source);
     mesh.source = &source;
     if (last && options.freezeMods) {
-        if (options.viewNodesOnly && last->modMesh() && !last->modMesh()->isVisible())
-            return false;
         mesh.evaluated = KMFreezeModifiers::shapeOf(source, &bakeMorphs);
         if (!mesh.evaluated)
             return false;
@@ -97,12 +130,21 @@ bool split(PmxMesh &mesh, const PmxExportOptions &options)
 
 } // namespace
 
+bool PmxMesh::arePosed(const PmxExportOptions &options)
+{
+    for (const KMMeshNode *mesh : gProject->meshesInTree()) {
+        if (options.freezeMods && isTaken(*mesh, options) && isPosed(*mesh))
+            return true;
+    }
+    return false;
+}
+
 std::vector<PmxMesh> PmxMesh::ofDocument(const PmxExportOptions &options)
 {
     std::vector<PmxMesh> meshes;
     for (KMMeshNode *source : gProject->meshesInTree()) {
         PmxMesh mesh;
-        if ((source->isVisible() || !options.viewNodesOnly) && evaluate(*source, options, mesh) && split(mesh, options))
+        if (isTaken(*source, options) && evaluate(*source, options, mesh) && split(mesh, options))
             meshes.push_back(std::move(mesh));
     }
     for (const KMPrimitiveNode *primitive : gProject->primitivesInTree()) {

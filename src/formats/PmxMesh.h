@@ -21,4 +21,7 @@ struct PmxMesh
     /// All that is to be written, in the order of the tree and primitives last: without faces that shall not be, their
     /// vertices split. Morphs of the document keep their values and rest in the copies.
     static std::vector<PmxMesh> ofDocument(const PmxExportOptions &options);
+    /// Whether bones out of their rest pose move one of them. Bones are written at rest, so that a player would move it
+    /// once more.
+    static bool arePosed(const PmxExportOptions &options);
 };

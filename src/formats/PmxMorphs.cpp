@@ -1,9 +1,9 @@
 #include "formats/PmxMorphs.h"
 
-#include "core/KMNodeType.h"
 #include "formats/PmxMesh.h"
 #include "formats/PmxOutput.h"
 #include "mesh/KMMeshNode.h"
+#include "rig/KMMorphBake.h"
 #include "rig/KMTagMorph.h"
 
 #include <numeric>
@@ -23,18 +23,23 @@ PmxMorphs::Clones::Clones(const PmxMesh &mesh)
 PmxMorphs::PmxMorphs(const std::vector<PmxMesh> &meshes)
 {
     for (const PmxMesh &mesh : meshes) {
-        const auto *tag = static_cast<const KMTagMorph *>(mesh.shape().findTag(KMNodeType::TagMorph));
-        if (!tag)
-            continue;
-        const QList<KMMorph *> morphs = tag->liveMorphs();
-        for (const KMMorph *morph : morphs) {
-            if (!m_places.contains(morph->name())) {
-                m_places.insert(morph->name(), m_morphs.size());
-                m_morphs.append(QVector<Part>());
-            }
-            m_morphs[m_places.value(morph->name())].append({morph, m_clones.size()});
+        const QVector<KMTagMorph *> tags = KMMorphBake::tagsOf(mesh.shape());
+        for (const KMTagMorph *tag : tags)
+            append(tag->liveMorphs());
+        if (!tags.isEmpty())
+            m_clones.append(Clones(mesh));
+    }
+}
+
+/// Those of the mesh whose vertices are listed next.
+void PmxMorphs::append(const QList<KMMorph *> &morphs)
+{
+    for (const KMMorph *morph : morphs) {
+        if (!m_places.contains(morph->name())) {
+            m_places.insert(morph->name(), m_morphs.size());
+            m_morphs.append(QVector<Part>());
         }
-        m_clones.append(Clones(mesh));
+        m_morphs[m_places.value(morph->name())].append({morph, m_clones.size()});
     }
 }
 

@@ -40,6 +40,8 @@ private:
         int mesh; ///< place in m_clones
     };
 
+    void append(const QList<KMMorph *> &morphs);
+
     QVector<QVector<Part>> m_morphs;
     QHash<QString, int> m_places;
     QVector<Clones> m_clones;

@@ -2,9 +2,9 @@
 
 #include "core/KMBasicShaderNode.h"
 #include "core/KMNodeType.h"
+#include "core/KMOutlinePercent.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
-#include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
 #include "render/KMRenderMask.h"
@@ -20,13 +20,6 @@ constexpr float outlineUnit = 0.001f;
 const KMShaderNode *shaderOf(const RenderGroup &group)
 {
     return gProject->shader(group.shader);
-}
-
-/// Width of all outlines, in percent of what the materials ask for. The session keeps it where the fog's distance
-/// has been.
-float outlineScale()
-{
-    return gSolution ? float(gSolution->fogDistance()) : 0.0f;
 }
 
 bool hasOutline(const KMShaderNode *shader)
@@ -78,7 +71,7 @@ void KMRenderer::drawFaces(const KMCameraNode &camera)
 void KMRenderer::drawOutlines(const KMCameraNode &camera, const QVector<Item> &items)
 {
     KMOpenGLShaderProgram &outline = program(KMShaderPrograms::Outline);
-    if (!KMViewFilter::isOn(KMViewFilter::Outline) || outlineScale() == 0.0f || !outline.begin())
+    if (!KMViewFilter::isOn(KMViewFilter::Outline) || KMOutlinePercent::current() == 0 || !outline.begin())
         return;
     outline.setCamera(camera);
     glEnable(GL_CULL_FACE);
@@ -99,7 +92,7 @@ void KMRenderer::drawOutline(const Item &item)
         if (!hasOutline(shader))
             continue;
         const KMBasicShader &values = static_cast<const KMBasicShaderNode *>(shader)->values();
-        const float size = values.outlineSize * outlineScale() * outlineUnit;
+        const float size = values.outlineSize * float(KMOutlinePercent::current()) * outlineUnit;
         QColor color = values.outlineColor;
         color.setAlpha(255);
         outline.setUniformValue("outline_size", QVector3D(size, size, size));

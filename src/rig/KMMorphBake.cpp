@@ -40,21 +40,21 @@ MorphDeltas deltasBetween(const KMMeshNode &base, const KMMeshNode &target)
     return deltas;
 }
 
-} // namespace
-
-QVector<KMMorphBake::Loss> KMMorphBake::sample(const KMMeshNode &source, KMMeshNode &shape)
+void restAll(const QVector<KMTagMorph *> &tags)
 {
-    QVector<Loss> losses;
-    if (!source.findTag(KMNodeType::TagMorph))
-        return losses;
-    KMChainCopy copy(source);
-    auto *morphs = static_cast<KMTagMorph *>(copy.source()->findTag(KMNodeType::TagMorph));
-    KMTagMorph *carried = morphs->clone();
-    const QList<KMMorph *> originals = morphs->liveMorphs();
-    for (KMMorph *original : originals)
-        original->setValue(0.0f);
-    copy.evaluate();
-    const QList<KMMorph *> twins = carried->liveMorphs();
+    for (const KMTagMorph *tag : tags) {
+        const QList<KMMorph *> morphs = tag->liveMorphs();
+        for (KMMorph *morph : morphs)
+            morph->setValue(0.0f);
+    }
+}
+
+/// Gives the morphs of one tag their displacements. Those of the copy, by which they are sampled, are all at 0.
+void sampleMorphs(const KMTagMorph &tag, const KMTagMorph &carried, KMChainCopy &copy, const KMMeshNode &shape,
+                  QVector<KMMorphBake::Loss> &losses)
+{
+    const QList<KMMorph *> originals = tag.liveMorphs();
+    const QList<KMMorph *> twins = carried.liveMorphs();
     for (int i = 0; i < twins.size(); ++i) {
         originals[i]->setValue(1.0f);
         copy.follow();
@@ -66,7 +66,38 @@ QVector<KMMorphBake::Loss> KMMorphBake::sample(const KMMeshNode &source, KMMeshN
         losses.append({twins[i]->name(), copy.last() ? copy.last()->vertexCount() : 0, shape.vertexCount()});
         delete twins[i];
     }
-    shape.addTagKeepName(carried);
+}
+
+} // namespace
+
+QVector<KMTagMorph *> KMMorphBake::tagsOf(const KMMeshNode &mesh)
+{
+    QVector<KMTagMorph *> found;
+    const QList<KMTagBase *> tags = mesh.tags();
+    for (KMTagBase *tag : tags) {
+        if (tag->type() == KMNodeType::TagMorph && !tag->isDeleted())
+            found.append(static_cast<KMTagMorph *>(tag));
+    }
+    return found;
+}
+
+QVector<KMMorphBake::Loss> KMMorphBake::sample(const KMMeshNode &source, KMMeshNode &shape)
+{
+    QVector<Loss> losses;
+    if (tagsOf(source).isEmpty())
+        return losses;
+    KMChainCopy copy(source);
+    const QVector<KMTagMorph *> tags = tagsOf(*copy.source());
+    QVector<KMTagMorph *> carried;
+    // The copies of the tags keep the values.
+    for (const KMTagMorph *tag : tags)
+        carried.append(tag->clone());
+    restAll(tags);
+    copy.evaluate();
+    for (int i = 0; i < tags.size(); ++i) {
+        sampleMorphs(*tags.at(i), *carried.at(i), copy, shape, losses);
+        shape.addTagKeepName(carried.at(i));
+    }
     return losses;
 }
 

@@ -4,6 +4,7 @@
 #include <QVector>
 
 class KMMeshNode;
+class KMTagMorph;
 
 /// Takes the morphs of a mesh through its chain of modifiers, which may make other vertices of it.
 namespace KMMorphBake {
@@ -17,7 +18,10 @@ struct Loss
     int expected; ///< without it
 };
 
-/// Gives the shape, which is the result of the source's chain without morphs, a tag with the same morphs: each moves
+/// The tags of a mesh that hold its morphs: seldom more than one, but files may bring several.
+QVector<KMTagMorph *> tagsOf(const KMMeshNode &mesh);
+
+/// Gives the shape, which is the result of the source's chain without morphs, tags with the same morphs: each moves
 /// its vertices as the chain does when the morph alone has the value 1. Nothing for a source without a morph tag.
 QVector<Loss> sample(const KMMeshNode &source, KMMeshNode &shape);
 

@@ -118,6 +118,7 @@ void kmmainwidget::importAs(const QString &suffix, const QString &given)
 void kmmainwidget::exportAs(const QString &suffix)
 {
     commitOpenEditors();
+    m_playback->stop(); // the pose that the user sees is written, though dialogues let time go on
     const KMExchangeFormat *format = exchangeFormat(suffix);
     if (!format || !format->write)
         return;

@@ -1,0 +1,8 @@
+#include "core/KMOutlinePercent.h"
+
+#include "core/KMSolution.h"
+
+int KMOutlinePercent::current()
+{
+    return gSolution ? gSolution->fogDistance() : 0;
+}
