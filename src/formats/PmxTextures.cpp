@@ -38,12 +38,34 @@ void logFailure(const QString &path)
     qDebug().noquote() << "texture save [NG]" << path;
 }
 
+/// What tells files apart, also where the system doesn't tell cases of letters.
+QString fileKey(const QString &path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath()).toCaseFolded();
+}
+
+/// Where the file of a texture lies; empty where that isn't known, as of a relative path that isn't beside the
+/// document.
+QString placeOf(const KMFileTextureNode &texture)
+{
+    const QFileInfo file(texture.filePath());
+    return texture.path().isEmpty() || file.isRelative() ? QString() : file.absoluteFilePath();
+}
+
 } // namespace
 
 PmxTextures::PmxTextures(const QString &modelPath, const PmxExportOptions &options)
     : m_options(options)
     , m_modelPath(modelPath)
 {
+    const QList<KMNode *> textures = gProject->textures().nodes();
+    for (const KMNode *texture : textures) {
+        const QString place = texture->type() == KMNodeType::FileTexture
+                                  ? placeOf(*static_cast<const KMFileTextureNode *>(texture))
+                                  : QString();
+        if (!place.isEmpty())
+            m_taken.insert(fileKey(place));
+    }
 }
 
 void PmxTextures::take(int texture)
@@ -51,47 +73,58 @@ void PmxTextures::take(int texture)
     const QList<KMNode *> textures = gProject->textures().nodes();
     if (texture < 0 || texture >= textures.size() || m_places.contains(texture))
         return;
-    m_places.insert(texture, m_paths.size());
-    m_paths.append(written(pathOf(*static_cast<KMTextureNode *>(textures.at(texture)))));
-}
-
-/// Beside the model, under a name that no other picture of this file has got.
-QString PmxTextures::newPath(const QString &name)
-{
-    const QDir folder = QFileInfo(m_modelPath).absoluteDir();
-    const QString base = baseNameFrom(name);
-    QString path = folder.filePath(base + QStringLiteral(".png"));
-    for (int i = 1; m_stored.contains(path); ++i)
-        path = folder.filePath(QStringLiteral("%1_%2.png").arg(base).arg(i));
-    m_stored.insert(path);
-    return path;
+    const QString path = pathOf(*static_cast<KMTextureNode *>(textures.at(texture)));
+    m_places.insert(texture, path.isEmpty() ? -1 : m_paths.size());
+    if (!path.isEmpty())
+        m_paths.append(path);
 }
 
 QString PmxTextures::pathOf(const KMTextureNode &texture)
 {
-    if (texture.type() == KMNodeType::FileTexture) {
-        // A path that starts at the document has to be taken to the folder of the model.
-        const auto &file = static_cast<const KMFileTextureNode &>(texture);
-        const QString path = m_options.relativePaths ? file.filePath() : file.path();
-        return m_options.psdToPng && isOfPaintingProgram(QFileInfo(path).suffix()) ? converted(path) : path;
-    }
-    const QString path = newPath(texture.name());
-    const QImage image = texture.image();
-    if (image.isNull() || (mayWrite(path) && !image.save(path, "png")))
-        logFailure(path);
+    if (texture.type() != KMNodeType::FileTexture)
+        return written(stored(texture));
+    const auto &file = static_cast<const KMFileTextureNode &>(texture);
+    const QString place = placeOf(file);
+    if (place.isEmpty())
+        return file.path(); // of another system, or relative already to what isn't known here
+    const bool isConverted = m_options.psdToPng && isOfPaintingProgram(QFileInfo(place).suffix());
+    return written(isConverted ? converted(place) : place);
+}
+
+/// A name for a PNG that is neither that of a texture of the document nor of another PNG of this model.
+QString PmxTextures::newPath(const QDir &folder, const QString &base)
+{
+    QString path = folder.filePath(base + QStringLiteral(".png"));
+    for (int i = 1; m_taken.contains(fileKey(path)); ++i)
+        path = folder.filePath(QStringLiteral("%1_%2.png").arg(base).arg(i));
+    m_taken.insert(fileKey(path));
     return path;
 }
 
-/// The path of the PNG beside it; its own where it can't be read or the PNG not be written.
-QString PmxTextures::converted(const QString &path) const
+/// The path of a picture that lies in the document, as a PNG beside the model; empty where there is none.
+QString PmxTextures::stored(const KMTextureNode &texture)
 {
+    const QString path = newPath(QFileInfo(m_modelPath).absoluteDir(), baseNameFrom(texture.name()));
+    const QImage image = texture.image();
+    if (!image.isNull() && (!mayWrite(path) || image.save(path, "png")))
+        return path;
+    logFailure(path);
+    return {};
+}
+
+/// The path of the PNG beside it; its own where it can't be read or the PNG not be written.
+QString PmxTextures::converted(const QString &path)
+{
+    QString &made = m_converted[fileKey(path)];
+    if (!made.isEmpty())
+        return made;
     const QFileInfo file(path);
-    const QString png = file.dir().filePath(file.completeBaseName() + QStringLiteral(".png"));
     const QImage image(path);
-    if (!image.isNull() && (!mayWrite(png) || image.save(png, "png")))
-        return png;
-    logFailure(png);
-    return path;
+    const QString png = image.isNull() ? QString() : newPath(file.dir(), file.completeBaseName());
+    const bool isThere = !image.isNull() && (!mayWrite(png) || image.save(png, "png"));
+    if (!isThere)
+        logFailure(path);
+    return made = isThere ? png : path;
 }
 
 bool PmxTextures::mayWrite(const QString &path) const
@@ -108,10 +141,6 @@ bool PmxTextures::mayWrite(const QString &path) const
 
 QString PmxTextures::written(const QString &path) const
 {
-    if (!m_options.relativePaths || path.isEmpty())
-        return path;
-    const QFileInfo file(path);
-    if (file.isRelative() && !file.exists())
-        return path; // of another system, or relative already to what isn't known here
-    return QFileInfo(m_modelPath).absoluteDir().relativeFilePath(file.absoluteFilePath());
+    return m_options.relativePaths && !path.isEmpty() ? QFileInfo(m_modelPath).absoluteDir().relativeFilePath(path)
+                                                      : path;
 }
