@@ -48,6 +48,10 @@ void PmxSkin::write(const PmxVertex &vertex)
         for (const KMBoneShare &share : shares) {
             if (m_bones.at(share.bone) < 0 || count == mostBones)
                 continue;
+            if (share.weight == 0.0f && count > 0)
+                continue;
+            if (count == 1 && weights[0] == 0.0f)
+                count = 0; // it stood there only lest the vertex be without a bone
             bones[count] = m_bones.at(share.bone);
             weights[count++] = share.weight;
         }

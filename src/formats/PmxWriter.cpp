@@ -199,16 +199,19 @@ void PmxWriter::writeMorphs()
 void PmxWriter::writeDisplayFrames()
 {
     const QVector<const KMDisplayNode *> frames = writtenFrames();
-    if (frames.size() < demandedFrames)
+    QVector<QVector<FrameItem>> items;
+    for (const KMDisplayNode *frame : frames)
+        items.append(itemsOf(*frame, m_contents));
+    if (items.size() - items.count({}) < demandedFrames) // players have no use for an empty one
         qDebug("Warning: DisplayNode is insufficient to export.");
     m_out.writeI32(frames.size());
-    for (const KMDisplayNode *frame : frames) {
+    for (int i = 0; i < frames.size(); ++i) {
+        const KMDisplayNode *frame = frames.at(i);
         m_out.writeText(frame->name());
         m_out.writeText(frame->enName());
         m_out.writeU8(frame->isSpecial());
-        const QVector<FrameItem> items = itemsOf(*frame, m_contents);
-        m_out.writeI32(items.size());
-        for (const FrameItem &item : items) {
+        m_out.writeI32(items.at(i).size());
+        for (const FrameItem &item : items.at(i)) {
             m_out.writeU8(item.kind);
             m_out.writeIndex(item.index,
                              item.kind == Pmx::DisplayedBone ? m_contents.sizes.bone : m_contents.sizes.morph);
