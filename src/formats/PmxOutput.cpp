@@ -1,8 +1,19 @@
 #include "formats/PmxOutput.h"
 
+/// A disk that gets full takes a part first. Only the device's refusal of the rest says why.
+void PmxOutput::give(const char *bytes, qint64 size)
+{
+    while (m_isGood && size > 0) {
+        const qint64 taken = m_device.write(bytes, size);
+        m_isGood = taken > 0;
+        bytes += taken;
+        size -= taken;
+    }
+}
+
 void PmxOutput::flush()
 {
-    m_isGood = m_isGood && m_device.write(m_bytes.constData(), m_used) == m_used;
+    give(m_bytes.constData(), m_used);
     m_used = 0;
 }
 
@@ -15,7 +26,7 @@ bool PmxOutput::finish()
 void PmxOutput::writeBytes(const QByteArray &bytes)
 {
     flush();
-    m_isGood = m_isGood && m_device.write(bytes) == bytes.size();
+    give(bytes.constData(), bytes.size());
 }
 
 void PmxOutput::writeText(const QString &text)

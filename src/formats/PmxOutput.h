@@ -61,6 +61,7 @@ private:
     {
         return m_isMirrored ? kvm::Vector3(-value.x, value.y, value.z) : value;
     }
+    void give(const char *bytes, qint64 size);
     void flush();
 
     QIODevice &m_device;

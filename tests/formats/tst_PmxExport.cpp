@@ -8,7 +8,9 @@
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMModBoneDeformNode.h"
 #include "rig/KMMorph.h"
+#include "rig/KMTagBoneWeight.h"
 #include "support/MeshFixtures.h"
 #include "support/PmxScene.h"
 #include "support/ScriptedPrompt.h"
@@ -24,6 +26,13 @@
 #include <QUndoStack>
 
 namespace {
+
+QImage pictureOf(const QColor &color)
+{
+    QImage picture(2, 2, QImage::Format_RGB32);
+    picture.fill(color);
+    return picture;
+}
 
 /// A scene in whose folder the settings lie, with somebody at the dialogues.
 class Export : public PmxScene
@@ -63,6 +72,33 @@ public:
         };
     }
 
+    /// A texture in a file below the folder, which the document knows by that path or by another one.
+    void addFile(const QString &path, const QColor &color, const QString &known = {})
+    {
+        const QString place = folder.filePath(path);
+        if (!pictureOf(color).save(place, "png"))
+            qFatal("no test picture");
+        gProject->addTextureFile(known.isEmpty() ? place : known);
+    }
+    void addEmbedded(const QString &name, const QColor &color)
+    {
+        auto *embedded = new KMEmbeddedTextureNode;
+        embedded->setImage(pictureOf(color));
+        gProject->addNode(embedded);
+        embedded->setName(name);
+    }
+    void useAll() ///< a face with a shader of its own for each texture, in their order
+    {
+        const int count = gProject->textures().nodes().size();
+        KMMeshNode *mesh = addMesh(MeshFixtures::grid(count, 1));
+        for (int i = 0; i < count; ++i) {
+            KMBasicShader values;
+            values.textures[KMBasicShader::Diffuse] = i;
+            addShader(QString::number(i))->setValues(values);
+            mesh->setFaceShader(i, i);
+        }
+    }
+
     KMSettings settings;
     ScriptedPrompt prompt;
     const KMPromptScope scope{&prompt};
@@ -85,7 +121,9 @@ private slots:
     void answersReachTheFile();
     void rigs();
     void resetMorphs();
+    void posedRig();
     void pictures();
+    void picturesOfADocumentElsewhere();
     void pictureOverwriting();
     void universalNames();
 };
@@ -178,7 +216,10 @@ void tst_PmxExport::rigs()
          {static_cast<KMContainerNode *>(second), static_cast<KMContainerNode *>(scene.rig)})
         gProject->deleteNode(container);
     scene.form = PmxExport::form();
+    scene.answer(QStringLiteral("reset-morph"), true);
+    const int steps = gSolution->undoStack()->count();
     QVERIFY(!scene.write());
+    QCOMPARE(gSolution->undoStack()->count(), steps); // nothing was reset for a file that isn't written
     QVERIFY(scene.prompt.messages.last().text.contains(QLatin1String("RootBone not found.")));
     QVERIFY(!QFile::exists(scene.path()));
 }
@@ -198,45 +239,110 @@ void tst_PmxExport::resetMorphs()
     QCOMPARE(morph->value(), 0.5f);
 }
 
-/// What painting programs store is converted beside itself, and what lies in the document goes beside the model.
+/// Bones are written at rest, so that a player would pose once more what is posed already.
+void tst_PmxExport::posedRig()
+{
+    Export scene;
+    KMMeshNode *mesh = scene.addMesh(MeshFixtures::grid(1, 1));
+    PmxScene::weigh(mesh)->addEntry({0, 1.0f, scene.hand});
+    auto *deform = scene.addModifier(mesh, new KMModBoneDeformNode);
+    const auto questions = [&scene](QMessageBox::StandardButton answer) {
+        QFile::remove(scene.path());
+        scene.prompt.messages.clear();
+        scene.prompt.buttons = {answer};
+        const bool isWritten = scene.write();
+        return isWritten == QFile::exists(scene.path()) && isWritten == (answer == QMessageBox::Ok)
+                   ? scene.prompt.messages.size()
+                   : -1;
+    };
+    QCOMPARE(questions(QMessageBox::Ok), 0);
+    PoseTransform pose;
+    pose.rotation = kvm::Quaternion::fromEuler(0.0f, 0.0f, 0.1f);
+    scene.arm->setKeyPose(pose); // the hand goes with it
+    scene.rig->animation()->reevaluate();
+    QCOMPARE(questions(QMessageBox::Ok), 1);
+    QCOMPARE(questions(QMessageBox::Cancel), 1);
+    QCOMPARE(scene.prompt.messages[0].defaultButton, QMessageBox::Ok); // who isn't there to be asked gets his file
+    mesh->setVisible(false);
+    QCOMPARE(questions(QMessageBox::Ok), 0);
+    mesh->setVisible(true);
+    deform->setVisible(false);
+    gProject->checkModifiers();
+    QCOMPARE(questions(QMessageBox::Ok), 0);
+    deform->setVisible(true);
+    gProject->checkModifiers();
+    scene.answer(QStringLiteral("freeze-mods"), false);
+    QCOMPARE(questions(QMessageBox::Ok), 0);
+}
+
+/// What painting programs store is converted beside itself, and what lies in the document goes beside the model. None
+/// of them takes the file of another one, also where only the case of letters differs.
 void tst_PmxExport::pictures()
 {
     Export scene;
-    QImage red(2, 2, QImage::Format_RGB32);
-    red.fill(Qt::red);
     const QDir folder(scene.folder.path());
     QVERIFY(folder.mkdir(QStringLiteral("tex")));
-    QVERIFY(red.save(folder.filePath(QStringLiteral("tex/skin.psd")), "png"));
-    gProject->addTextureFile(folder.filePath(QStringLiteral("tex/skin.psd")));
-    gProject->addTextureFile(folder.filePath(QStringLiteral("tex/lost.clip")));
-    for (const Qt::GlobalColor color : {Qt::red, Qt::green}) { // of one name
-        auto *embedded = new KMEmbeddedTextureNode;
-        QImage picture(2, 2, QImage::Format_RGB32);
-        picture.fill(color);
-        embedded->setImage(picture);
-        gProject->addNode(embedded);
-        embedded->setName(QStringLiteral("cheek/left"));
-    }
-    KMBasicShader values;
-    values.textures[KMBasicShader::Diffuse] = 0;
-    values.textures[KMBasicShader::Sphere] = 1;
-    values.textures[KMBasicShader::Toon] = 2;
-    scene.addShader(QStringLiteral("s"))->setValues(values);
-    values.textures[KMBasicShader::Toon] = 3;
-    scene.addShader(QStringLiteral("t"))->setValues(values);
-    KMMeshNode *mesh = scene.addMesh(MeshFixtures::cube());
-    for (int f = 0; f < mesh->faceCount(); ++f)
-        mesh->setFaceShader(f, f % 2);
-    QCOMPARE(scene.exported().textures, QStringList({QStringLiteral("tex/skin.psd"), QStringLiteral("tex/lost.clip"),
-                                                     QStringLiteral("left.png"), QStringLiteral("left_1.png")}));
+    const auto color = [&folder](const char *file) {
+        return QImage(folder.filePath(QLatin1String(file))).pixelColor(0, 0);
+    };
+    scene.addFile(QStringLiteral("tex/skin.psd"), Qt::red);
+    scene.addFile(QStringLiteral("tex/skin.clip"), Qt::yellow);
+    scene.addFile(QStringLiteral("Face.png"), Qt::blue);
+    scene.addEmbedded(QStringLiteral("cheek/left"), Qt::red);
+    scene.addEmbedded(QStringLiteral("cheek/left"), Qt::green);
+    scene.addEmbedded(QStringLiteral("face"), Qt::white);
+    scene.addFile(QStringLiteral("lost.clip"), Qt::black);
+    QVERIFY(QFile::remove(folder.filePath(QStringLiteral("lost.clip"))));
+    scene.addFile(QStringLiteral("Left.psd"), Qt::cyan);
+    scene.addFile(QStringLiteral("tex/../tex/skin.psd"), Qt::red); // the first one once more
+    gProject->addNode(new KMEmbeddedTextureNode);                  // without a picture
+    scene.useAll();
+    scene.options.noOverwritePrompt = true;
+    QCOMPARE(scene.exported().textures.join(QLatin1Char(' ')),
+             QStringLiteral("tex/skin.psd tex/skin.clip Face.png left.png left_1.png face_1.png lost.clip Left.psd "
+                            "tex/skin.psd"));
     scene.options.psdToPng = true;
-    QCOMPARE(scene.exported().textures, QStringList({QStringLiteral("tex/skin.png"), QStringLiteral("tex/lost.clip"),
-                                                     QStringLiteral("left.png"), QStringLiteral("left_1.png")}));
-    QCOMPARE(QImage(folder.filePath(QStringLiteral("tex/skin.png"))).pixelColor(0, 0), QColor(Qt::red));
-    QCOMPARE(QImage(folder.filePath(QStringLiteral("left.png"))).pixelColor(0, 0), QColor(Qt::red));
-    QCOMPARE(QImage(folder.filePath(QStringLiteral("left_1.png"))).pixelColor(0, 0), QColor(Qt::green));
-    scene.options.relativePaths = false;
-    QCOMPARE(scene.exported().textures.first(), folder.filePath(QStringLiteral("tex/skin.png")));
+    const PmxRecords file = scene.exported();
+    QCOMPARE(file.textures.join(QLatin1Char(' ')),
+             QStringLiteral("tex/skin.png tex/skin_1.png Face.png left.png left_1.png face_1.png lost.clip "
+                            "Left_2.png tex/skin.png"));
+    QCOMPARE(file.materials.last().texture, -1);
+    QCOMPARE(color("tex/skin.png"), QColor(Qt::red));
+    QCOMPARE(color("tex/skin_1.png"), QColor(Qt::yellow));
+    QCOMPARE(color("Face.png"), QColor(Qt::blue));
+    QCOMPARE(color("left.png"), QColor(Qt::red));
+    QCOMPARE(color("left_1.png"), QColor(Qt::green));
+    QCOMPARE(color("face_1.png"), QColor(Qt::white));
+    QCOMPARE(color("Left_2.png"), QColor(Qt::cyan));
+}
+
+/// Paths of a document are meant from its folder, never from that in which the program was started.
+void tst_PmxExport::picturesOfADocumentElsewhere()
+{
+    Export scene;
+    const QDir folder(scene.folder.path());
+    for (const char *path : {"document/tex", "current/tex"})
+        QVERIFY(folder.mkpath(QLatin1String(path)));
+    gSolution->setFileName(folder.filePath(QStringLiteral("document/model.kmd")));
+    scene.addFile(QStringLiteral("document/tex/skin.psd"), Qt::red, QStringLiteral("tex/skin.psd"));
+    scene.addFile(QStringLiteral("current/tex/other.psd"), Qt::red, QStringLiteral("tex/other.psd"));
+    scene.useAll();
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(folder.filePath(QStringLiteral("current"))));
+    const auto written = [&scene](bool areRelative, bool areConverted) {
+        scene.options.relativePaths = areRelative;
+        scene.options.psdToPng = areConverted;
+        return scene.exported().textures.join(QLatin1Char(' '));
+    };
+    const QString absolute = folder.filePath(QStringLiteral("document/tex/skin"));
+    scene.options.noOverwritePrompt = true;
+    const QStringList all{written(true, false), written(true, true), written(false, false), written(false, true)};
+    QDir::setCurrent(before);
+    QCOMPARE(all, QStringList({QStringLiteral("document/tex/skin.psd tex/other.psd"),
+                               QStringLiteral("document/tex/skin.png tex/other.psd"),
+                               absolute + QStringLiteral(".psd tex/other.psd"),
+                               absolute + QStringLiteral(".png tex/other.psd")}));
+    QVERIFY(!folder.exists(QStringLiteral("current/tex/other.png")));
 }
 
 void tst_PmxExport::pictureOverwriting()

@@ -25,7 +25,12 @@
 #include <QProcess>
 #include <QTest>
 
+#include <cerrno>
+#include <csignal>
+#include <cstring>
 #include <memory>
+
+#include <sys/resource.h>
 
 using kvm::Quaternion;
 using kvm::Vector3;
@@ -36,6 +41,24 @@ bool isNear(const Vector3 &a, const Vector3 &b, float tolerance = 1e-5f)
 {
     return (a - b).length() < tolerance;
 }
+
+/// As long as it lives, files don't get longer, as on a full disk.
+class FileSizeLimit
+{
+    Q_DISABLE_COPY(FileSizeLimit)
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &m_before); }
+
+private:
+    rlimit m_before{};
+};
 
 /// A stage that has one vertex more as soon as one of the input stands above a height.
 class TestGrowth : public KMModifierNode
@@ -91,6 +114,7 @@ private slots:
     void materials();
     void morphsAcrossMeshes();
     void morphsThroughSubdivision();
+    void morphsOfTwoTags();
     void morphsThatGrow();
     void morphedMeshes();
     void posedSkin();
@@ -165,6 +189,10 @@ void tst_PmxExporter::weights_data()
     QTest::newRow("three") << Floats{0.25f, 0.5f, 0.25f} << 2 << Ints{0, 1, 2, 0} << Floats{0.25f, 0.5f, 0.25f, 0};
     QTest::newRow("five") << Floats{0.125f, 0.25f, 0.125f, 0.25f, 0.25f} << 2 << Ints{0, 1, 2, 3}
                           << Floats{0.125f, 0.25f, 0.125f, 0.5f};
+    QTest::newRow("nothing of two bones") << Floats{0, 0.5f, 0} << 0 << Ints{1} << Floats{};
+    QTest::newRow("nothing of all") << Floats{-1, 0, 0} << 0 << Ints{1} << Floats{};
+    QTest::newRow("four that count") << Floats{0.5f, 0, 0.25f, 0.125f, 0.125f} << 2 << Ints{0, 2, 3, 4}
+                                     << Floats{0.5f, 0.25f, 0.125f, 0.125f};
     // What four bones leave of 1 is written as it is, also where the user gave them more than that.
     QTest::newRow("more than 1") << Floats{0.5f, 0.5f, 0.5f, 0.5f} << 2 << Ints{0, 1, 2, 3}
                                  << Floats{0.5f, 0.5f, 0.5f, -0.5f};
@@ -503,6 +531,31 @@ void tst_PmxExporter::morphsThroughSubdivision()
     }
 }
 
+/// Files may bring more than one: all are written, and none shows in what the others do.
+void tst_PmxExporter::morphsOfTwoTags()
+{
+    PmxScene scene;
+    KMMeshNode *mesh = scene.addMesh(MeshFixtures::cube());
+    PmxScene::addMorph(mesh, QStringLiteral("a"), 2, 3.0f);
+    auto *second = new KMTagMorph;
+    auto *morph = new KMMorph;
+    morph->setName(QStringLiteral("b"));
+    second->addMorph(morph);
+    mesh->addTagKeepName(second);
+    morph->setDeltas({{3, 2.0f, {0, 1, 0}}});
+    for (const bool isChain : {false, true}) {
+        if (isChain)
+            scene.addModifier(mesh, new KMModSdvNode);
+        morph->setValue(0.0f);
+        const QByteArray before = scene.bytes();
+        const PmxRecords file(before);
+        QCOMPARE(file.morphs.size(), 2);
+        QVERIFY(!file.morphs[0].offsets.isEmpty() && !file.morphs[1].offsets.isEmpty());
+        morph->setValue(0.5f);
+        QCOMPARE(scene.bytes(), before);
+    }
+}
+
 void tst_PmxExporter::morphsThatGrow()
 {
     PmxScene scene;
@@ -605,19 +658,21 @@ void tst_PmxExporter::displayFrames()
     KMDisplayNode *frame = scene.addFrame(QStringLiteral("表情"), {second, unseen, scene.arm, first});
     frame->setSpecial(true);
     scene.addFrame(QStringLiteral("empty"), {});
+    scene.addFrame(QStringLiteral("unseen"), {unseen}); // a frame of the file, but of no use
     {
         const LogNotes notes;
         const PmxRecords file = scene.exported();
         QVERIFY(LogNotes::lines.contains(warning));
         QCOMPARE(file.fault, QString());
-        QCOMPARE(file.frames.size(), 1);
+        QCOMPARE(file.frames.size(), 2);
+        QVERIFY(file.frames[1].items.isEmpty());
         QCOMPARE(file.frames[0].special, 1);
         const QVector<QPair<int, int>> items{{1, 1}, {0, 1}, {1, 0}}; // what isn't in the file isn't counted either
         QCOMPARE(file.frames[0].items, items);
     }
     scene.addFrame(QStringLiteral("Root"), {scene.center});
     const LogNotes notes;
-    QCOMPARE(scene.exported().frames.size(), 2);
+    QCOMPARE(scene.exported().frames.size(), 3);
     QVERIFY(!LogNotes::lines.contains(warning));
 }
 
@@ -654,6 +709,14 @@ void tst_PmxExporter::failures()
     QVERIFY(!exporter.exportTo(scene.folder.filePath(QStringLiteral("no folder/model.pmx"))));
     QVERIFY(LogNotes::lines.contains(QLatin1String("file open error.")));
     QVERIFY(!exporter.error().isEmpty());
+
+    scene.addMesh(MeshFixtures::grid(40, 40));
+    {
+        const FileSizeLimit limit(4096);
+        QVERIFY(!exporter.exportTo(scene.path()));
+    }
+    QVERIFY2(exporter.error().contains(QString::fromLocal8Bit(::strerror(EFBIG))), qPrintable(exporter.error()));
+    QCOMPARE(QFileInfo(scene.path()).size(), 3);
 }
 
 /// Another program reads the file without a complaint, but for what the layout leaves open to the user's data.
