@@ -11,8 +11,6 @@ using kvm::Vector3;
 
 namespace {
 
-constexpr double degreesPerRadian = 57.29577951308232;
-
 /// Where a bone points, unit length, also when it has none of its own.
 Vector3 directionOf(const KMBone &bone)
 {
@@ -149,7 +147,7 @@ void PmxBoneWriter::writeChain(const Constraints &constraints)
     const ConstraintData &ik = constraints.ik;
     writeIndex(indexOf(ik.target));
     m_out.writeI32(ik.loop);
-    m_out.writeF32(float(double(ik.value) / degreesPerRadian));
+    m_out.writeF32(float(double(ik.value) / Pmx::DegreesPerRadian));
     const QVector<const KMBone *> links = linksOf(ik);
     m_out.writeI32(links.size());
     for (const KMBone *link : links) {

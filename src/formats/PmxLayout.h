@@ -5,6 +5,8 @@
 /// What the bytes of a PMX file mean, version 2.0: little-endian, single floats, texts as a byte count and UTF-16LE.
 namespace Pmx {
 
+constexpr double DegreesPerRadian = 57.29577951308232;
+
 enum Deform : quint8 {
     Bdef1 = 0,
     Bdef2 = 1,

@@ -2,43 +2,25 @@
 
 #include "formats/PmxContents.h"
 #include "formats/PmxOutput.h"
+#include "formats/PmxPhysics.h"
 #include "formats/PmxSkin.h"
 #include "math/EulerAngles.h"
 #include "rig/KMBone.h"
 #include "rig/KMTagJoint.h"
 
-#include <QHash>
+#include <QDebug>
+#include <QStringList>
 
 #include <cmath>
 
-using kvm::Quaternion;
 using kvm::Vector3;
 
 namespace {
-
-/// From a frame whose Y runs along the body, which players have, to ours, where Z does.
-constexpr Quaternion fromPlayer(0.7071067690849304f, -0.7071067690849304f, 0.0f, 0.0f);
-
-/// A limit of the file: where it stands in a record of the document, and with which sign.
-struct LimitPlace
-{
-    int place;
-    float sign;
-};
-
-/// Lowest x, y, z, then highest x, y, z.
-constexpr int linearPlaces[6] = {1, 4, 2, 0, 5, 3};
-constexpr LimitPlace angularPlaces[6] = {{1, -1.0f}, {5, -1.0f}, {2, 1.0f}, {0, -1.0f}, {4, -1.0f}, {3, 1.0f}};
 
 float radians(float degrees)
 {
     constexpr float perHalfTurn = 0.0055555557f;
     return float(double(degrees * perHalfTurn) * M_PI);
-}
-
-Vector3 springOf(const Vector3 &spring)
-{
-    return {spring.x, spring.z, spring.y};
 }
 
 } // namespace
@@ -49,14 +31,20 @@ void PmxPhysicsWriter::write()
     for (const auto &body : m_contents.bodies)
         writeBody(*body.tag, *body.bone);
     m_out.writeI32(m_contents.joints.size());
-    for (const auto &joint : m_contents.joints)
+    QStringList loose;
+    for (const auto &joint : m_contents.joints) {
         writeJoint(*joint.tag, *joint.bone);
+        if (m_contents.bodyIndex(joint.tag->bodyA()) < 0 || m_contents.bodyIndex(joint.tag->bodyB()) < 0)
+            loose << joint.tag->name();
+    }
+    if (!loose.isEmpty())
+        qDebug().noquote() << "joints without both bodies:" << loose.join(QStringLiteral(", "));
 }
 
 void PmxPhysicsWriter::writePlace(const PoseTransform &pose, const KMBone &bone)
 {
     m_out.writeLength(bone.rotation().rotate(pose.offset) + bone.restHead());
-    m_out.writeVector(kvm::eulerAngles(bone.rotation() * pose.rotation * fromPlayer.conjugate()));
+    m_out.writeVector(kvm::eulerAngles(bone.rotation() * pose.rotation * Pmx::PlayerAxes.conjugate()));
 }
 
 void PmxPhysicsWriter::writeBody(const KMTagRigidBody &tag, const KMBone &bone)
@@ -76,8 +64,6 @@ void PmxPhysicsWriter::writeBody(const KMTagRigidBody &tag, const KMBone &bone)
     m_out.writeU8(data.rigidType);
 }
 
-/// The linear limits leave in another order than the one in which they come: players that were fed by this program
-/// know them so.
 void PmxPhysicsWriter::writeJoint(const KMTagJoint &tag, const KMBone &bone)
 {
     const JointData &data = tag.parameters();
@@ -87,10 +73,10 @@ void PmxPhysicsWriter::writeJoint(const KMTagJoint &tag, const KMBone &bone)
     for (const KMTagRigidBody *body : {tag.bodyA(), tag.bodyB()})
         m_out.writeIndex(m_contents.bodyIndex(body), m_contents.sizes.rigid);
     writePlace(data.pose, bone);
-    for (const int place : linearPlaces)
+    for (const int place : Pmx::WrittenLinearLimits)
         m_out.writeF32(data.linearLimit[size_t(place)] * m_out.scale());
-    for (const LimitPlace &limit : angularPlaces)
+    for (const Pmx::LimitPlace &limit : Pmx::AngularLimits)
         m_out.writeF32(limit.sign * radians(data.angularLimit[size_t(limit.place)]));
-    m_out.writeVector(springOf(data.linearSpring));
-    m_out.writeVector(springOf(data.angularSpring));
+    m_out.writeVector(Pmx::exchangedSpring(data.linearSpring));
+    m_out.writeVector(Pmx::exchangedSpring(data.angularSpring));
 }

@@ -14,7 +14,6 @@
 
 namespace {
 
-constexpr double degrees = 57.29577951308232;
 constexpr float lengthOfScale = 0.01f; // a length scale is a hundredth of the length
 
 } // namespace
@@ -130,7 +129,7 @@ void PmxRigBuilder::pushConstraints()
             pushConstraint(i, {nullptr, 0.0f, 0, KMTagConstraint::Twist, 0});
         if (!(record.flags & Pmx::HasIK))
             continue;
-        const auto angle = float(double(record.ikAngle) * degrees);
+        const auto angle = float(double(record.ikAngle) * Pmx::DegreesPerRadian);
         pushConstraint(i, {bone(record.ikTarget), angle, record.ikLoop, KMTagConstraint::IK, int(record.links.size())});
         setLimits(record);
     }

@@ -1,44 +1,41 @@
 // Rigid bodies and joints, which a file places in the world and the document on bones.
 
+#include "formats/PmxPhysics.h"
 #include "formats/PmxRigBuilder.h"
 #include "rig/KMBone.h"
 #include "rig/KMTagJoint.h"
 
 #include <QDebug>
 
+#include <array>
+
 namespace {
 
-/// A quarter turn about X: the axes of a body in a player against those of a tag.
-constexpr kvm::Quaternion playerAxes{0.7071067690849304f, -0.7071067690849304f, 0.0f, 0.0f};
-
-/// In doubles, and rounded once.
-float inDegrees(float radians, double sign)
+/// The six limits in the order of the file.
+std::array<float, 6> inOrder(const kvm::Vector3 &lowest, const kvm::Vector3 &highest)
 {
-    constexpr double degrees = 57.29577951308232;
-    return float(sign * degrees * double(radians));
+    return {lowest.x, lowest.y, lowest.z, highest.x, highest.y, highest.z};
 }
 
-/// X and Y turn the other way round than in a file, so that their lowest angle becomes the highest one; the pair of Z
-/// stands second and that of Y third.
+/// In doubles, and rounded once.
 JointData::Limits angularLimits(const PmxFile::Joint &record)
 {
-    const kvm::Vector3 &min = record.angularMin;
-    const kvm::Vector3 &max = record.angularMax;
-    return {inDegrees(max.x, -1.0), inDegrees(min.x, -1.0), inDegrees(min.z, 1.0),
-            inDegrees(max.z, 1.0),  inDegrees(max.y, -1.0), inDegrees(min.y, -1.0)};
+    JointData::Limits limits{};
+    const std::array<float, 6> radians = inOrder(record.angularMin, record.angularMax);
+    for (size_t i = 0; i < radians.size(); ++i) {
+        const Pmx::LimitPlace &limit = Pmx::AngularLimits[i];
+        limits[size_t(limit.place)] = float(double(limit.sign) * Pmx::DegreesPerRadian * double(radians[i]));
+    }
+    return limits;
 }
 
 JointData::Limits linearLimits(const PmxFile::Joint &record)
 {
-    const kvm::Vector3 &min = record.linearMin;
-    const kvm::Vector3 &max = record.linearMax;
-    return {min.x, max.x, min.y, max.y, min.z, max.z};
-}
-
-/// The file's second number belongs to what is Z on a tag.
-kvm::Vector3 springOf(const kvm::Vector3 &inFile)
-{
-    return {inFile.x, inFile.z, inFile.y};
+    JointData::Limits limits{};
+    const std::array<float, 6> lengths = inOrder(record.linearMin, record.linearMax);
+    for (size_t i = 0; i < lengths.size(); ++i)
+        limits[size_t(Pmx::ReadLinearLimits[i])] = lengths[i];
+    return limits;
 }
 
 } // namespace
@@ -49,7 +46,7 @@ PoseTransform PmxRigBuilder::poseOn(const KMBone &bone, const kvm::Vector3 &posi
 {
     const kvm::Quaternion back = bone.rotation().conjugate();
     PoseTransform pose;
-    pose.rotation = back * kvm::Quaternion::fromEuler(rotation) * playerAxes;
+    pose.rotation = back * kvm::Quaternion::fromEuler(rotation) * Pmx::PlayerAxes;
     pose.offset = back.rotate(m_scale(position) - bone.restHead());
     return pose;
 }
@@ -117,8 +114,8 @@ void PmxRigBuilder::pushJoints()
         data.pose = poseOn(*owner, record.position, record.rotation);
         data.linearLimit = linearLimits(record);
         data.angularLimit = angularLimits(record);
-        data.linearSpring = m_scale(springOf(record.linearSpring));
-        data.angularSpring = springOf(record.angularSpring);
+        data.linearSpring = m_scale(Pmx::exchangedSpring(record.linearSpring));
+        data.angularSpring = Pmx::exchangedSpring(record.angularSpring);
         auto *joint = new KMTagJoint;
         joint->setName(record.name.local);
         joint->setParameters(data);
