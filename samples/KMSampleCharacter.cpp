@@ -50,7 +50,6 @@ constexpr Part parts[] = {
     {"Shoes", &KMSampleClothes::buildShoes},
 };
 
-/// Corners of a document run the other way round than those that were turned outwards.
 void addFace(KMMeshNode *mesh, const KMSampleMesh::Face &face)
 {
     const int place = mesh->addFaceRaw(face.count(), face.corners.data());
