@@ -21,6 +21,9 @@
 #include "formats/KMNativeFormat.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModSdvNode.h"
+#include "render/KMCameraNode.h"
+#include "render/KMCameraSet.h"
+#include "render/KMViewFilter.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneWeightCommands.h"
 #include "rig/KMModBoneDeformNode.h"
@@ -119,6 +122,17 @@ void addModifiers(KMMeshNode *mesh)
     }
 }
 
+/// The whole figure at first sight, with its pictures.
+void aimCamera()
+{
+    KMViewFilter::reset();
+    KMCameraNode *camera = KMCameraSet::camera(KMCameraNode::Perspective);
+    camera->setPan({0.0f, 98.0f, 0.0f});
+    camera->setPivot({0.0f, 98.0f, 0.0f});
+    camera->setDistance(420.0f);
+    camera->setAngles(-6.0f, 20.0f, 0.0f);
+}
+
 KMTagMorph *addMorphs(KMMeshNode *mesh, const QVector<KMSampleMorphs::Morph> &morphs)
 {
     auto *tag = new KMTagMorph;
@@ -194,6 +208,8 @@ bool KMSampleCharacter::write(const QDir &folder)
     build();
     bool isWritten = KMSampleTextures::write(folder);
     KMNativeFormat format;
+    const KMCameraSet cameras(&format);
+    aimCamera();
     isWritten = format.write(folder.filePath(QLatin1String(documentName)), KMVersion::WriterForm) && isWritten;
     isWritten = KMSampleMotion::writeWalk(folder.filePath(QLatin1String(motionName))) && isWritten;
     return KMSampleMotion::writeGreeting(folder.filePath(QLatin1String(poseName))) && isWritten;
