@@ -101,8 +101,10 @@ void KMBatchProgram::prepareEnvironment(int argc, char **argv)
     if (draws && qEnvironmentVariableIsEmpty("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         enterVirtualDisplay(argc, argv);
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && (!draws || qEnvironmentVariableIsEmpty("DISPLAY")))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) { // a display that is named need not be there
+        const bool hasDisplay = draws && !qEnvironmentVariableIsEmpty("DISPLAY");
+        qputenv("QT_QPA_PLATFORM", hasDisplay ? "xcb;offscreen" : "offscreen");
+    }
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     qInstallMessageHandler(logHandler);
 }
@@ -223,6 +225,7 @@ KMBatchProgram::ExitCode KMBatchProgram::pose() const
         return BadInput;
     if (m_arguments.has(QStringLiteral("frame")))
         gProject->setCurrentFrame(switches.value(QStringLiteral("frame")).toInt());
+    gSolution->update(0); // the picture is aimed at what the chains make of the frame
     const QString pose = switches.value(QStringLiteral("pose"));
     return pose.isEmpty() || (isThere(pose) && VpdImporter::load(pose)) ? Done : BadInput;
 }

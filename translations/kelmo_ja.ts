@@ -97,6 +97,10 @@
         <source>No surface with weights lies within the margin.</source>
         <translation>許容範囲内にウェイトを持つ面がありません。</translation>
     </message>
+    <message>
+        <source>The vertices have these weights already.</source>
+        <translation>頂点はすでにこのウェイトを持っています。</translation>
+    </message>
 </context>
 <context>
     <name>ComClearBuffer</name>
@@ -571,6 +575,10 @@
         <source>Hold the two selected rigid bodies together; with Ctrl the other is first</source>
         <translation>選択した二つの剛体をつなぎます。Ctrl で順序が逆になります</translation>
     </message>
+    <message>
+        <source>A rig can&apos;t be deeper than %1 bones</source>
+        <translation>リグの階層は %1 ボーンまでです</translation>
+    </message>
 </context>
 <context>
     <name>KMBoneContainer</name>
@@ -862,6 +870,16 @@
         <source>Copy Bone</source>
         <translation>ボーンを複製</translation>
     </message>
+    <message>
+        <source>A bone can&apos;t stand below itself</source>
+        <translation>ボーンを自分自身の配下には置けません</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n key(s) of the moved bones are gone</source>
+        <translation>
+            <numerusform>移動したボーンのキー %n 個が失われました</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>KMBonePage</name>
@@ -963,6 +981,16 @@
     <message>
         <source>Unselect Bone</source>
         <translation>ボーンの選択を解除</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bone(s) not deleted: locked or hidden</source>
+        <translation>
+            <numerusform>%n 個のボーンはロックまたは非表示のため削除されませんでした</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Nothing was deleted: %1 is locked or hidden</source>
+        <translation>削除されませんでした: %1 はロックまたは非表示です</translation>
     </message>
 </context>
 <context>
@@ -3052,6 +3080,10 @@
     <message>
         <source>file open error.</source>
         <translation>ファイルを開けません。</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 bones in the file were found</source>
+        <translation>ファイルのボーン %2 本のうち %1 本が見つかりました</translation>
     </message>
 </context>
 <context>
@@ -7198,10 +7230,6 @@ Overwrite the current file?</source>
         <source>%1 is locked</source>
         <translation>%1 はロックされています</translation>
     </message>
-    <message>
-        <source>A bone can&apos;t stand below itself</source>
-        <translation>ボーンを自分自身の配下には置けません</translation>
-    </message>
 </context>
 <context>
     <name>kmcoodinatewidget</name>
@@ -8129,8 +8157,8 @@ Overwrite the current file?</source>
         <translation>ボーンを囲む粗い箱でメッシュにウェイトを付けます</translation>
     </message>
     <message>
-        <source>MMD Extend Model File...</source>
-        <translation>MMD 拡張モデルファイル...</translation>
+        <source>MMD Extend Model File (.pmx)...</source>
+        <translation>MMD 拡張モデルファイル (.pmx)...</translation>
     </message>
     <message>
         <source>Add a PMX model to the document</source>
@@ -8141,16 +8169,16 @@ Overwrite the current file?</source>
         <translation>ドキュメントを PMX モデルとして書き出します</translation>
     </message>
     <message>
-        <source>MMD Motion Data...</source>
-        <translation>MMD モーションデータ...</translation>
+        <source>MMD Motion Data (.vmd)...</source>
+        <translation>MMD モーションデータ (.vmd)...</translation>
     </message>
     <message>
         <source>Move the bones by a motion, in place of the keys that they have</source>
         <translation>今あるキーに代えて、モーションでボーンを動かします</translation>
     </message>
     <message>
-        <source>MMD Pose Data...</source>
-        <translation>MMD ポーズデータ...</translation>
+        <source>MMD Pose Data (.vpd)...</source>
+        <translation>MMD ポーズデータ (.vpd)...</translation>
     </message>
     <message>
         <source>Pose the bones by a file, with keys at the current frame</source>
@@ -8441,6 +8469,14 @@ Overwrite the current file?</source>
     <message>
         <source>This tool isn&apos;t there yet.</source>
         <translation>このツールはまだありません。</translation>
+    </message>
+    <message>
+        <source>Reset Options</source>
+        <translation>設定を元に戻す</translation>
+    </message>
+    <message>
+        <source>Set the options of this tool to what they are in a new installation</source>
+        <translation>このツールの設定を新規インストール時の値に戻します</translation>
     </message>
 </context>
 <context>

@@ -36,31 +36,6 @@ private:
 
 } // namespace
 
-namespace {
-
-/// The program waits for the user now, whatever the cursor said before.
-class PlainCursor
-{
-    Q_DISABLE_COPY(PlainCursor)
-public:
-    PlainCursor()
-        : m_isNeeded(QGuiApplication::overrideCursor())
-    {
-        if (m_isNeeded)
-            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-    }
-    ~PlainCursor()
-    {
-        if (m_isNeeded)
-            QGuiApplication::restoreOverrideCursor();
-    }
-
-private:
-    bool m_isNeeded;
-};
-
-} // namespace
-
 QMessageBox::StandardButton KMWidgetPrompt::message(const KMMessage &message)
 {
     if (!qApp)
@@ -74,7 +49,6 @@ QMessageBox::StandardButton KMWidgetPrompt::message(const KMMessage &message)
         box.setDefaultButton(message.defaultButton);
     if (message.minimumSize.isValid())
         box.setMinimumSize(message.minimumSize);
-    const PlainCursor cursor;
     return QMessageBox::StandardButton(box.exec());
 }
 
@@ -120,6 +94,5 @@ bool KMWidgetPrompt::options(KMOptionForm &form)
 bool KMWidgetPrompt::dialog(QDialog &dialog)
 {
     const UsualCursor cursor;
-    const PlainCursor cursor;
     return dialog.exec() == QDialog::Accepted;
 }

@@ -9,6 +9,7 @@
 #include "formats/KMParentLoops.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -185,8 +186,8 @@ void hang(KMDReadContext &context, Records &records, KMBoneContainer *rig)
         rig->attachBone(bone, place.parent);
         if (record.expanded)
             expanded.insert(bone);
-        // Below the limit children come beside their parent: many walks recurse.
-        const bool isDeepest = place.depth >= KMD::MaxTreeDepth;
+        // Below the limit children come beside their parent.
+        const bool isDeepest = place.depth >= KMBoneEdit::MaxDepth;
         if (isDeepest && !record.children.isEmpty())
             context.in.warn(Texts::tr("A bone lies too deep in its rig and was moved up"));
         for (int c = record.children.size() - 1; c >= 0; --c)

@@ -1,9 +1,11 @@
 #include "formats/KMMotionTarget.h"
 
+#include "core/KMCommand.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
+#include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 
 #include <QCoreApplication>
@@ -80,6 +82,22 @@ bool fail(const QString &headline, const QString &path, const QString &sentence)
     qDebug().noquote() << headline << message.informativeText;
     KMPrompt::current().message(message);
     return false;
+}
+
+QSet<QString> boneNames(const KMBoneContainer &rig)
+{
+    QSet<QString> names;
+    for (const KMBone *bone : rig.bones())
+        names << bone->name();
+    return names;
+}
+
+void tellFound(int found, int named)
+{
+    gSolution->showMessage(QCoreApplication::translate("KMMotionTarget", "%1 of the %2 bones in the file were found")
+                               .arg(found)
+                               .arg(named),
+                           KMCommand::MessageLevel);
 }
 
 float sound(float number, bool &isOdd)

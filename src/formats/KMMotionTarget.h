@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QSet>
+
 class KMBoneContainer;
 class QFile;
 class QString;
@@ -16,6 +18,11 @@ bool open(QFile &file);
 
 /// Shows a message box: the headline, and below it the file and a sentence on what is wrong there. Returns false.
 bool fail(const QString &headline, const QString &path, const QString &sentence);
+
+QSet<QString> boneNames(const KMBoneContainer &rig);
+
+/// Says in the status bar for how many of the names in the file there are bones.
+void tellFound(int found, int named);
 
 constexpr float Scale = 10.0f; ///< from the positions of these files to the document's
 

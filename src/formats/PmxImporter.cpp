@@ -1,5 +1,6 @@
 #include "formats/PmxImporter.h"
 
+#include "core/KMCommand.h"
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeTreeCommands.h"
 #include "core/KMProject.h"
@@ -25,8 +26,6 @@
 #include <QFileInfo>
 
 namespace {
-
-constexpr int messageLevel = 4;
 
 /// Empty when the file can be opened.
 QString obstacle(QFile &file)
@@ -69,7 +68,7 @@ bool PmxImporter::read(const QString &path, PmxFile &file)
     const QString fault = obstacle(device);
     if (!fault.isEmpty()) {
         qDebug("file open error.");
-        gSolution->showMessage(fault, messageLevel);
+        gSolution->showMessage(fault, KMCommand::MessageLevel);
         return false;
     }
     PmxReader reader(device.readAll());

@@ -70,7 +70,9 @@ QString PmxTextures::newPath(const QString &name)
 QString PmxTextures::pathOf(const KMTextureNode &texture)
 {
     if (texture.type() == KMNodeType::FileTexture) {
-        const QString path = static_cast<const KMFileTextureNode &>(texture).path();
+        // A path that starts at the document has to be taken to the folder of the model.
+        const auto &file = static_cast<const KMFileTextureNode &>(texture);
+        const QString path = m_options.relativePaths ? file.filePath() : file.path();
         return m_options.psdToPng && isOfPaintingProgram(QFileInfo(path).suffix()) ? converted(path) : path;
     }
     const QString path = newPath(texture.name());

@@ -28,11 +28,12 @@ class VmdReader
 {
     Q_DECLARE_TR_FUNCTIONS(VmdImporter)
 public:
-    VmdReader(QIODevice *device, BoneAnimation *motion)
+    VmdReader(QIODevice *device, const KMBoneContainer *rig, BoneAnimation *motion)
         : m_device(device)
         , m_in(device)
         , m_codec(QTextCodec::codecForName("Shift-JIS"))
         , m_motion(motion)
+        , m_bones(KMMotionTarget::boneNames(*rig))
     {
         m_in.setVersion(QDataStream::Qt_5_4); // format version 16
         m_in.setByteOrder(QDataStream::LittleEndian);
@@ -43,6 +44,7 @@ public:
     bool readKeys();
     QString fault() const { return m_fault; } ///< a sentence on what is wrong and where
     int oddKeys() const { return m_oddKeys; } ///< with numbers that are none
+    int nameCount() const { return m_names.size(); }
 
 private:
     QByteArray raw(int bytes);
@@ -53,6 +55,7 @@ private:
     QDataStream m_in;
     QTextCodec *m_codec;
     BoneAnimation *m_motion;
+    QSet<QString> m_bones;              // that there are: keys of others would be dropped in the end
     QHash<QByteArray, QString> m_names; // the same few in key after key
     QString m_fault;
     int m_oddKeys = 0;
@@ -110,7 +113,8 @@ bool VmdReader::readKeys()
             m_fault = tr("Bone key %1 of %2 can't be read (byte %3).").arg(i + 1).arg(count).arg(start);
             return false;
         }
-        m_motion->setKey(key);
+        if (m_bones.contains(key.name))
+            m_motion->setKey(key);
     }
     return true;
 }
@@ -126,7 +130,8 @@ KMBoneKey VmdReader::readKey()
     key.name = *name;
     kvm::Quaternion &q = key.rotation;
     m_in >> key.frameno >> key.position.x >> key.position.y >> key.position.z >> q.x >> q.y >> q.z >> q.w;
-    bool isOdd = !std::isfinite(q.x + q.y + q.z + q.w);
+    const float length = q.length();
+    bool isOdd = !(length > 0.0f && std::isfinite(length));
     for (int axis = 0; axis < 3; ++axis)
         key.position[axis] = KMMotionTarget::sound(key.position[axis] * KMMotionTarget::Scale, isOdd);
     q = unitRotation(q);
@@ -153,15 +158,17 @@ bool VmdImporter::load(const QString &path)
 
     // In a store of its own, so that a damaged file costs no key.
     auto motion = std::make_unique<BoneAnimation>(rig);
-    VmdReader reader(&file, motion.get());
+    VmdReader reader(&file, rig, motion.get());
     if (!reader.readHeader())
         return KMMotionTarget::fail(tr("filed load header."), path, reader.fault());
     if (!reader.readKeys())
         return KMMotionTarget::fail(tr("filed load bone keys."), path, reader.fault());
     qDebug("end");
     motion->relinkTracks();
+    gProject->setCurrentFrame(0); // before the panels hear of the keys
+    const int found = motion->tracks().size();
     gSolution->push(new replaceMotionCommand(tr("Import VMD"), rig, std::move(motion)));
-    gProject->setCurrentFrame(0);
+    KMMotionTarget::tellFound(found, reader.nameCount());
     if (reader.oddKeys() > 0)
         KMPrompt::current().warn(
             tr("Keys with values that can't be used: %1. The bones stay at rest there.").arg(reader.oddKeys()));

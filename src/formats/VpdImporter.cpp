@@ -122,8 +122,16 @@ bool VpdImporter::load(const QString &path)
     KMBoneContainer *rig = KMMotionTarget::rig();
     if (!rig)
         return false;
-    const QVector<KMBoneKey> keys = readKeys(&file, quint32(std::max(gProject->currentFrame(), 0)));
+    QVector<KMBoneKey> keys = readKeys(&file, quint32(std::max(gProject->currentFrame(), 0)));
     qDebug() << "bone key count:" << keys.size();
+    const int named = keys.size();
+    const QSet<QString> bones = KMMotionTarget::boneNames(*rig);
+    keys.erase(
+        std::remove_if(keys.begin(), keys.end(), [&bones](const KMBoneKey &key) { return !bones.contains(key.name); }),
+        keys.end());
+    KMMotionTarget::tellFound(keys.size(), named);
+    if (keys.isEmpty())
+        return true;
 
     // Each end of the step poses the bones when all keys stand: on redo that is its last command, on undo its first.
     const KMUndoMacro macro(tr("Import VPD"));

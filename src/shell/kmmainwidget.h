@@ -250,7 +250,9 @@ private:
     void exportAs(const QString &suffix);
     void create(KMContainerNode *node);
     bool editInPanel(KMDockWidget::Edit edit); ///< false when the panel that has the focus leaves it to the nodes
-    bool worksOnElements() const; ///< the edit menu means the elements of meshes: the node panel hasn't the focus
+    bool
+    editBones(KMDockWidget::Edit edit); ///< false when no bones of the current rig are selected, or nodes are meant
+    bool worksOnElements() const;       ///< the edit menu means the elements of meshes: the node panel hasn't the focus
     void updateCounts();
 
     KMStyle *m_style; // the application's

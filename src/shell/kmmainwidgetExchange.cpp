@@ -7,6 +7,7 @@
 #include "formats/KMDFormat.h"
 #include "formats/KMExchangeFormat.h"
 #include "formats/KMNativeFormat.h"
+#include "shell/KMPlayback.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
 
@@ -102,6 +103,7 @@ void kmmainwidget::onMenuExportKMDVer1()
 void kmmainwidget::importAs(const QString &suffix, const QString &given)
 {
     commitOpenEditors();
+    m_playback->stop(); // keys go to the frame that the user sees
     const KMExchangeFormat *format = exchangeFormat(suffix);
     if (!format || !format->read)
         return;

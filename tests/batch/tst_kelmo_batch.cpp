@@ -1,6 +1,7 @@
 #include "core/KMSolution.h"
 #include "formats/KMNativeFormat.h"
 #include "support/KmdBytes.h"
+#include "support/PmxBytes.h"
 #include "support/RigScene.h"
 #include "support/TestPaths.h"
 #include "support/TestRegistry.h"
@@ -24,6 +25,7 @@ private slots:
     void helpIsNoFault();
     void infoTellsTheDocument();
     void infoTellsMeshes();
+    void infoTellsModels();
     void infoOfAnEmptyDocument();
     void convertWritesTheSameDocument();
     void convertFitsRelease1();
@@ -219,6 +221,29 @@ void tst_kelmo_batch::infoTellsMeshes()
     const QJsonObject empty = info(QStringLiteral("empty.kmd")).value("meshes").toArray().first().toObject();
     QCOMPARE(empty.value("vertices").toInt(-1), 0);
     QVERIFY(empty.value("bbox").isNull());
+}
+
+/// A model tells the same as the native file that it was converted to.
+void tst_kelmo_batch::infoTellsModels()
+{
+    QVERIFY(write("model.pmx", PmxBytes().bytes()));
+    QJsonObject model = info(QStringLiteral("model.pmx"));
+    QCOMPARE(model.value("weights").toObject(), (QJsonObject{{"entries", 8}, {"sdef", 1}}));
+    const QJsonObject morph{{"name", "morph 1"}, {"panel", 1}, {"deltas", 2}};
+    QCOMPARE(model.value("morphs").toArray(), QJsonArray{morph});
+    QCOMPARE(run({QStringLiteral("convert"), QStringLiteral("model.pmx"), QStringLiteral("model.kmd")}).code, 0);
+    model.insert("format", "kmd");
+    QCOMPARE(info(QStringLiteral("model.kmd")), model);
+
+    const QJsonObject large = [this] {
+        const Result result = run({"info", "model.pmx", "--import-scale", "20"});
+        return QJsonDocument::fromJson(result.out).object();
+    }();
+    const auto headOf = [](const QJsonObject &document) {
+        return document.value("bones").toArray().last().toObject().value("head").toArray().at(1).toDouble();
+    };
+    QVERIFY(headOf(model) != 0.0);
+    QCOMPARE(headOf(large), 2.0 * headOf(model));
 }
 
 void tst_kelmo_batch::infoOfAnEmptyDocument()

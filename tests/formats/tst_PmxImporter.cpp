@@ -577,7 +577,7 @@ void tst_PmxImporter::failureLeavesTheDocument()
 /// Whatever a file holds, it is refused in words or gives a sound document that undo takes away again.
 void tst_PmxImporter::mutations()
 {
-    const int rounds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 100000 : 800;
+    const int rounds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 20000 : 500;
     RandomNumbers::Random random(52);
     const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
     const QString before = modelText();
