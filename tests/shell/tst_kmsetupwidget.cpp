@@ -22,6 +22,7 @@
 #include "shell/widgets/KMNumberField.h"
 #include "shell/widgets/KMTextArea.h"
 #include "shell/widgets/KMTextField.h"
+#include "tools/KMMorphTargets.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
 
@@ -249,7 +250,7 @@ void tst_kmsetupwidget::morphsAndForeignDrops()
     auto *smile = new KMMorph;
     smile->setName(QStringLiteral("smile"));
     tag->addMorph(smile);
-    drop(kmsetupwidget::MorphMimeType, {smile});
+    drop(KMMorphTargets::MorphMimeType, {smile});
     QCOMPARE(items(), QStringList{QStringLiteral("smile")});
     QCOMPARE(moveDisplayNodeCommand::liveGroups().first()->liveItems().first().type, 1);
 }
