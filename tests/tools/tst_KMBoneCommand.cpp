@@ -470,6 +470,10 @@ void tst_KMBoneCommand::bodiesAndSideJoint()
     QCOMPARE(bodies.size(), 4);
     QCOMPARE(KMRigTags::joints(desk.rig).size(), 0);
     QCOMPARE(bodies.last()->parameters().shape, int(KMTagRigidBody::Box));
+    desk.elbow->setViewType(KMBoneShape::Point);
+    QCOMPARE(desk.run("BoneComMakeRigidBody"), 1);
+    QCOMPARE(KMRigTags::bodies(desk.rig).size(), 5); // a point has no length
+    desk.session.stack().undo();
 
     for (const int count : {1, 3}) {
         for (int i = 0; i < bodies.size(); ++i)
