@@ -1,8 +1,10 @@
 #include "core/KMFileTextureNode.h"
 
 #include "core/KMNodeType.h"
+#include "core/KMSolution.h"
 
 #include <QDebug>
+#include <QDir>
 #include <QFileInfo>
 #include <QThread>
 
@@ -21,6 +23,15 @@ void KMFileTextureNode::setPath(const QString &path)
     m_image = {};
     m_tried = false;
     emit imageChanged();
+}
+
+QString KMFileTextureNode::filePath() const
+{
+    const QString document = gSolution ? gSolution->fileName() : QString();
+    if (m_path.isEmpty() || document.isEmpty() || !QFileInfo(m_path).isRelative())
+        return m_path;
+    const QString besideDocument = QFileInfo(document).absoluteDir().filePath(m_path);
+    return QFileInfo(besideDocument).isFile() ? besideDocument : m_path;
 }
 
 QImage KMFileTextureNode::image() const
@@ -51,12 +62,13 @@ bool KMFileTextureNode::load() const
     constexpr unsigned long pauseMs = 10;
     m_tried = true;
     // A missing file won't come while we wait; a half-written one may be whole in a moment.
-    const bool present = !m_path.isEmpty() && QFileInfo(m_path).isFile();
+    const QString file = filePath();
+    const bool present = !file.isEmpty() && QFileInfo(file).isFile();
     for (int i = 0; present && i < tries; ++i) {
         if (i > 0)
             QThread::msleep(pauseMs);
         QImage image;
-        if (image.load(m_path)) {
+        if (image.load(file)) {
             m_image = image;
             return true;
         }

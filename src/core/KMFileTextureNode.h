@@ -10,7 +10,9 @@ public:
     explicit KMFileTextureNode(const QString &path = {});
 
     QString path() const { return m_path; } ///< as the file or the user gave it
-    void setPath(const QString &path);      ///< forgets the pixels; they are read when next asked for
+    /// Where the file lies: a relative path is meant from the folder of the document, if there is such a file.
+    QString filePath() const;
+    void setPath(const QString &path); ///< forgets the pixels; they are read when next asked for
 
     /// Reads the file when it wasn't yet. Another program may be writing it just now, so a failed read is
     /// tried again up to ten times, 10 ms apart; after that the log says "texture load [NG]" and the path.

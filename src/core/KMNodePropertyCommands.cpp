@@ -95,10 +95,15 @@ setVisibleCommand::setVisibleCommand(KMContainerNode *node, bool visible)
 {
 }
 
+void writeVisible(KMContainerNode *node, const KMNodeSwitch &visible)
+{
+    node->setVisible(visible.on);
+    showBox(node, KMTreeWidget::VisibleColumn, visible.box);
+}
+
 void setVisibleCommand::write(const KMNodeSwitch &visible)
 {
-    m_target->setVisible(visible.on);
-    showBox(m_target, KMTreeWidget::VisibleColumn, visible.box);
+    writeVisible(m_target, visible);
 }
 
 setLockedCommand::setLockedCommand(KMContainerNode *node, bool locked)

@@ -65,6 +65,9 @@ struct KMNodeSwitch
     Qt::CheckState box;
 };
 
+/// Writes value and box, for commands that show or hide several nodes at once.
+void writeVisible(KMContainerNode *node, const KMNodeSwitch &visible);
+
 /// Shows or hides a node in the views; the class decides what else follows.
 class setVisibleCommand : public changeValueCommand<KMNodeSwitch>
 {

@@ -6,8 +6,10 @@
 #include "formats/KMDFormat.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDTagBodies.h"
+#include "formats/KMParentLoops.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -148,18 +150,13 @@ void findParents(KMDStream &in, Records &records)
 
 void breakLoops(KMDStream &in, Records &records)
 {
-    std::vector<int> walks(records.size(), -1); // the walk upwards that came by
-    for (int i = 0; i < int(records.size()); ++i) {
-        int place = i;
-        while (place >= 0 && walks[size_t(place)] < 0) {
-            walks[size_t(place)] = i;
-            place = records[size_t(place)].parent;
-        }
-        if (place < 0 || walks[size_t(place)] != i)
-            continue;
-        records[size_t(place)].parent = -1;
-        in.warn(Texts::tr("The bone %1 stands below itself and was put at the top")
-                    .arg(records[size_t(place)].bone->name()));
+    QVector<int> parents;
+    for (const Record &record : records)
+        parents << record.parent;
+    for (const int cut : cutParentLoops(parents)) {
+        records[size_t(cut)].parent = -1;
+        in.warn(
+            Texts::tr("The bone %1 stands below itself and was put at the top").arg(records[size_t(cut)].bone->name()));
     }
 }
 
@@ -189,8 +186,8 @@ void hang(KMDReadContext &context, Records &records, KMBoneContainer *rig)
         rig->attachBone(bone, place.parent);
         if (record.expanded)
             expanded.insert(bone);
-        // Below the limit children come beside their parent: many walks recurse.
-        const bool isDeepest = place.depth >= KMD::MaxTreeDepth;
+        // Below the limit children come beside their parent.
+        const bool isDeepest = place.depth >= KMBoneEdit::MaxDepth;
         if (isDeepest && !record.children.isEmpty())
             context.in.warn(Texts::tr("A bone lies too deep in its rig and was moved up"));
         for (int c = record.children.size() - 1; c >= 0; --c)

@@ -42,7 +42,7 @@ int driverLimit()
 
 QString pathOf(const KMTextureNode *node)
 {
-    return node->type() == KMNodeType::FileTexture ? static_cast<const KMFileTextureNode *>(node)->path() : QString();
+    return node->type() == KMNodeType::FileTexture ? static_cast<const KMFileTextureNode *>(node)->filePath() : QString();
 }
 
 /// The file, or its folder as long as there is no such file; empty when there is neither.

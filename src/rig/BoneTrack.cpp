@@ -8,7 +8,7 @@ kvm::Quaternion between(const kvm::Quaternion &p, const kvm::Quaternion &n, floa
 {
     // Of the two ways round the shorter one.
     const kvm::Quaternion q = dot(p, n) >= 0.0f ? p + (n + -p) * s : p + (n + p) * -s;
-    return unitRotation(q);
+    return unitRotation(q.normalized());
 }
 
 KMBoneKey between(const KMBoneKey &p, const KMBoneKey &n, quint32 frame)

@@ -1,21 +1,9 @@
 #include "rig/KMBoneCommands.h"
 
+#include "core/KMNodePropertyCommands.h"
 #include "core/KMSolution.h"
-#include "core/KMTreeWidget.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
-
-namespace {
-
-void setShown(KMBone *bone, bool visible)
-{
-    bone->setVisible(visible);
-    if (bone->item())
-        bone->container()->tree()->setRowBox(bone->item(), KMTreeWidget::VisibleColumn,
-                                             visible ? Qt::Checked : Qt::Unchecked);
-}
-
-} // namespace
 
 template <class Value>
 KMBoneValueCommand<Value>::KMBoneValueCommand(const QString &text, KMBone *bone, Value before, Value after)
@@ -47,37 +35,13 @@ void selectBoneCommand::write(const int &mask)
     bone()->setSelectMask(mask);
 }
 
-KMBoneMasksCommand::KMBoneMasksCommand(KMBoneContainer *container, const QList<KMBone *> &bones, int mask)
-    : KMUndoCommand(selectBoneCommand::tr("Select Bone"), container)
-    , m_container(container)
-    , m_after(mask)
-    , m_currentBefore(gSolution->currentBone())
-{
-    for (KMBone *bone : bones)
-        m_before.append({bone, bone->selectMask()});
-}
-
-void KMBoneMasksCommand::apply(Direction direction)
-{
-    for (const auto &entry : std::as_const(m_before))
-        entry.first->storeSelectMask(direction == Direction::Redo ? m_after : entry.second);
-    m_container->tree()->showMasks();
-    const auto *current = m_currentBefore ? nodeAs<KMBone>(m_currentBefore) : nullptr;
-    if (!current || current->container() != m_container)
-        return;
-    if (direction == Direction::Undo)
-        gSolution->setCurrentBone(m_currentBefore);
-    else if (!current->selectMask())
-        gSolution->setCurrentBone(nullptr);
-}
-
 selectAllBoneCommand::selectAllBoneCommand(KMBoneContainer *container, bool selected)
-    : KMBoneMasksCommand(container, container->bones(), selected ? KMBone::BothSelected : 0)
+    : selectBonesCommand(container, container->bones(), selected ? KMBone::BothSelected : 0)
 {
 }
 
 selectCtrlChildCommand::selectCtrlChildCommand(KMBone *bone, bool selected)
-    : KMBoneMasksCommand(bone->container(), bone->container()->subtree(bone->item()),
+    : selectBonesCommand(bone->container(), bone->container()->subtree(bone->item()),
                          selected ? KMBone::BothSelected : 0)
 {
 }
@@ -112,8 +76,10 @@ showCtrlChildCommand::showCtrlChildCommand(KMBone *bone, bool visible)
 
 void showCtrlChildCommand::apply(Direction direction)
 {
-    for (const auto &entry : std::as_const(m_before))
-        setShown(entry.first, direction == Direction::Redo ? m_after : entry.second);
+    for (const auto &entry : std::as_const(m_before)) {
+        const bool on = direction == Direction::Redo ? m_after : entry.second;
+        writeVisible(entry.first, {on, on ? Qt::Checked : Qt::Unchecked});
+    }
 }
 
 editBoneGeometryCommand::editBoneGeometryCommand(KMBone *bone, const KMBoneRest &rest)

@@ -2,6 +2,7 @@
 
 #include "core/KMChangeValueCommand.h"
 #include "rig/BoneLimit.h"
+#include "rig/KMBoneSelectionCommand.h"
 #include "rig/KMRestBone.h"
 
 #include <QCoreApplication>
@@ -40,31 +41,15 @@ private:
     class KMNode *m_currentBefore;
 };
 
-/// Sets what is selected of several bones at once. Subclasses say of which. The current bone is none any more when
-/// nothing of it stays selected.
-class KMBoneMasksCommand : public KMUndoCommand
-{
-protected:
-    KMBoneMasksCommand(KMBoneContainer *container, const QList<KMBone *> &bones, int mask);
-
-    void apply(Direction direction) override;
-
-private:
-    KMBoneContainer *m_container;
-    QVector<QPair<KMBone *, int>> m_before;
-    int m_after;
-    class KMNode *m_currentBefore;
-};
-
 /// Selects heads and tails of all bones, or none.
-class selectAllBoneCommand : public KMBoneMasksCommand
+class selectAllBoneCommand : public selectBonesCommand
 {
 public:
     selectAllBoneCommand(KMBoneContainer *container, bool selected);
 };
 
 /// Selects a bone with all below it, or takes them out of the selection.
-class selectCtrlChildCommand : public KMBoneMasksCommand
+class selectCtrlChildCommand : public selectBonesCommand
 {
 public:
     selectCtrlChildCommand(KMBone *bone, bool selected);

@@ -6,8 +6,12 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneSelectionCommand.h"
 
 #include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
 
 namespace KMBoneEdit {
 
@@ -95,6 +99,22 @@ QList<KMBone *> selectedWithLength(const KMBoneContainer &container)
     return bones;
 }
 
+void pushSelected(KMBoneContainer *rig, const QList<KMBone *> &bones)
+{
+    const QSet<KMBone *> wanted(bones.begin(), bones.end());
+    KMBone *current = bones.isEmpty() ? nullptr : bones.last();
+    QVector<selectBonesCommand::Mask> masks;
+    for (KMBone *bone : rig->bones()) {
+        const bool isWanted = wanted.contains(bone);
+        if (bone != current && isWanted != (bone->selectMask() != 0))
+            masks.append({bone, isWanted ? KMBone::BothSelected : 0});
+    }
+    if (current && (!current->selectMask() || gSolution->currentBone() != current))
+        masks.append({current, KMBone::BothSelected});
+    if (!masks.isEmpty())
+        gSolution->push(new selectBonesCommand(rig, masks));
+}
+
 void pushChanges(const Changes &changes)
 {
     for (const Change &change : changes) {
@@ -133,16 +153,23 @@ Changes linearized(const QList<KMBone *> &bones)
 Changes symmetrized(KMBone *first, KMBone *second, const KMSymmetryPlane &plane, Fault *fault)
 {
     kvm::Vector3 heads[] = {first->restHead(), second->restHead()};
-    kvm::Vector3 tails[] = {first->rest().tail(), second->rest().tail()};
+    kvm::Vector3 tails[] = {first->restTail(), second->restTail()};
+    const bool haveTails = !first->isPoint() && !second->isPoint();
     *fault = Fault::None;
     if (!makeSymmetric(heads[0], heads[1], plane))
         *fault = Fault::Heads;
-    else if (!makeSymmetric(tails[0], tails[1], plane))
+    else if (haveTails && !makeSymmetric(tails[0], tails[1], plane))
         *fault = Fault::Tails;
     if (*fault != Fault::None)
         return {};
-    return {{first, restBone(heads[0], tails[0], first->rest())},
-            {second, restBone(heads[1], tails[1], second->rest())}};
+    Changes changes{{first, first->rest()}, {second, second->rest()}};
+    for (int i = 0; i < 2; ++i) {
+        if (haveTails)
+            changes[i].rest = restBone(heads[i], tails[i], changes[i].rest);
+        else
+            changes[i].rest.head = heads[i];
+    }
+    return changes;
 }
 
 Changes fittedTo(KMBone *bone, const KMBone *child)
@@ -191,21 +218,30 @@ void pairForEdits(KMBoneContainer *container, float tolerance)
 {
     container->pairMirrorBones(tolerance);
     const KMSymmetryPlane plane = container->mirrorPlane();
+    // Of bones at the same places several find the same partner: those that it hasn't found look on.
     QList<KMBone *> open;
     for (KMBone *bone : container->bones()) {
-        if (!bone->mirrorBone() && std::abs(plane.distance(bone->restHead())) < tolerance)
+        const KMBone *partner = bone->mirrorBone();
+        const bool isOnPlane = std::abs(plane.distance(bone->restHead())) < tolerance;
+        if (partner ? partner->mirrorBone() != bone : isOnPlane)
             open << bone;
     }
+    for (KMBone *bone : std::as_const(open))
+        bone->setMirrorBone(nullptr);
     for (KMBone *bone : std::as_const(open)) {
+        if (bone->mirrorBone())
+            continue;
         const kvm::Vector3 head = plane.reflected(bone->restHead());
         const kvm::Vector3 tail = plane.reflected(bone->restTail());
-        for (KMBone *other : std::as_const(open)) {
-            if (other == bone || other->mirrorBone() || (other->restHead() - head).length() >= tolerance
-                || (other->restTail() - tail).length() >= tolerance)
-                continue;
-            bone->setMirrorBone(other);
-            other->setMirrorBone(bone);
-        }
+        const auto isImage = [&](const KMBone *other) {
+            return other != bone && !other->mirrorBone() && (other->restHead() - head).length() < tolerance
+                   && (other->restTail() - tail).length() < tolerance;
+        };
+        const auto found = std::find_if(open.cbegin(), open.cend(), isImage);
+        if (found == open.cend())
+            continue;
+        bone->setMirrorBone(*found);
+        (*found)->setMirrorBone(bone);
     }
 }
 

@@ -29,7 +29,7 @@ void pushChanges(const Changes &changes); ///< those that are more than rounding
 Changes linearized(const QList<KMBone *> &bones);
 
 enum class Fault { None, Heads, Tails }; ///< both lie on the same side of the plane, or one on it
-/// Two bones as each other's image, halfway between where they stand now.
+/// Two bones as each other's image, halfway between where they stand now. With a point only the heads.
 Changes symmetrized(KMBone *first, KMBone *second, const KMSymmetryPlane &plane, Fault *fault);
 
 Changes fittedTo(KMBone *bone, const KMBone *child);                       ///< its tail reaches the head of the child
@@ -42,6 +42,9 @@ KMBoneRest reflected(KMBoneRest rest, const KMSymmetryPlane &plane);
 void pairForEdits(KMBoneContainer *container, float tolerance);
 
 QList<KMBone *> selectedWithLength(const KMBoneContainer &container); ///< the selected bones that are no points
+
+/// These and no others of the rig are selected from then on, the last one current. No step where it is so already.
+void pushSelected(KMBoneContainer *rig, const QList<KMBone *> &bones);
 
 /// The name of a bone's partner by the marks of the sides that are in use; empty for a name without one.
 QString mirroredName(const QString &name);
@@ -56,6 +59,9 @@ KMBoneContainer *containerForNew();
 /// The active container, or else the first one that isn't locked; hidden ones don't count. Null without.
 KMBoneContainer *containerAtHand();
 KMBoneContainer *addContainer(); ///< a new one in the scene
+/// Where a place that the views show lies at rest for what hangs on a bone, null for the top.
+kvm::Vector3 placeAtRest(const KMBone *parent, const kvm::Vector3 &shown);
+kvm::Vector3 placeAsShown(const KMBone *parent, const kvm::Vector3 &atRest); ///< the reverse
 /// A new bone between two places as the views show them, under a parent, null for the top. It becomes the selected one.
 KMBone *pushDrawnBone(KMBoneContainer *container, KMBone *parent, const kvm::Vector3 &head, const kvm::Vector3 &tail,
                       bool isFloating);
@@ -63,6 +69,9 @@ void pushCopies(KMBoneContainer *container); ///< of the selected bones with all
 void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones); ///< a partner for each
 void pushDivided(KMBone *bone); ///< into two halves; its children hang on the second
 void pushLayered(KMBone *bone); ///< a point at the same place comes above it
+/// So many bones may stand above one. Rows are walked by recursion in Qt: at many thousands the stack isn't enough.
+constexpr int MaxDepth = 4000;
+int longestRun(const KMMeshNode &mesh); ///< of selected edges
 /// A bone on each edge of the selected runs of edges, under a parent, null for the top.
 void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *parent);
 

@@ -20,13 +20,6 @@ namespace KMBoneEdit {
 
 namespace {
 
-void pushOnlySelected(KMBoneContainer *container, const QList<KMBone *> &bones)
-{
-    gSolution->push(new selectAllBoneCommand(container, false));
-    for (KMBone *bone : bones)
-        gSolution->push(new selectBoneCommand(bone, KMBone::BothSelected));
-}
-
 void pushAdd(KMBoneContainer *container, KMBoneNames &names, KMBone *bone, KMBone *parent, int position = -1)
 {
     bone->setName(names.unique(bone->name()));
@@ -71,7 +64,7 @@ KMBone *pushNewBone(KMBoneContainer *container)
         bone->setRest(rest);
     }
     pushAdd(container, bone, parent, 0);
-    pushOnlySelected(container, {bone});
+    pushSelected(container, {bone});
     return bone;
 }
 
@@ -108,18 +101,28 @@ KMBoneContainer *containerForNew()
     return container ? container : addContainer();
 }
 
+kvm::Vector3 placeAtRest(const KMBone *parent, const kvm::Vector3 &shown)
+{
+    if (!parent)
+        return shown;
+    return parent->solvedPose().rotation.conjugate().rotate(shown - parent->head()) + parent->restHead();
+}
+
+kvm::Vector3 placeAsShown(const KMBone *parent, const kvm::Vector3 &atRest)
+{
+    if (!parent)
+        return atRest;
+    return parent->solvedPose().rotation.rotate(atRest - parent->restHead()) + parent->head();
+}
+
 KMBone *pushDrawnBone(KMBoneContainer *container, KMBone *parent, const kvm::Vector3 &head, const kvm::Vector3 &tail,
                       bool isFloating)
 {
-    const auto atRest = [parent](const kvm::Vector3 &shown) {
-        return parent ? parent->solvedPose().rotation.conjugate().rotate(shown - parent->head()) + parent->restHead()
-                      : shown;
-    };
     auto *bone = new KMBone;
-    bone->setRest(restBone(atRest(head), atRest(tail)));
+    bone->setRest(restBone(placeAtRest(parent, head), placeAtRest(parent, tail)));
     bone->setFloating(isFloating);
     pushAdd(container, bone, parent);
-    pushOnlySelected(container, {bone});
+    pushSelected(container, {bone});
     return bone;
 }
 
@@ -137,7 +140,7 @@ void pushCopies(KMBoneContainer *container)
         if (!entry.parentCopy)
             copiesOfTops << entry.copy;
     }
-    pushOnlySelected(container, copiesOfTops);
+    pushSelected(container, copiesOfTops);
 }
 
 void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones)
@@ -189,6 +192,14 @@ void pushLayered(KMBone *bone)
     const int position = KMTreeWidget::positionOf(bone->item());
     gSolution->push(new addBoneCommand(bone->container(), layer, bone->parentBone(), position));
     gSolution->push(new setCtrlParentCommand(bone, layer));
+}
+
+int longestRun(const KMMeshNode &mesh)
+{
+    int longest = 0;
+    for (const KMEdgeChain &chain : edgeChains(KMSelectedElements::edges(mesh)))
+        longest = std::max(longest, chain.vertices.size());
+    return longest;
 }
 
 void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *parent)

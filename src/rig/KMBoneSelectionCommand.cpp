@@ -5,6 +5,25 @@
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 
+#include <algorithm>
+
+namespace {
+
+/// The bone that shall be current comes last.
+QVector<selectBonesCommand::Mask> alike(const QList<KMBone *> &bones, int mask)
+{
+    QVector<selectBonesCommand::Mask> masks;
+    for (int i = bones.size() - 1; i >= 0; --i)
+        masks.append({bones[i], mask});
+    const auto isCurrent = [](const selectBonesCommand::Mask &entry) { return entry.bone == gSolution->currentBone(); };
+    const auto current = std::find_if(masks.begin(), masks.end(), isCurrent);
+    if (current != masks.end())
+        std::swap(*current, masks.last());
+    return masks;
+}
+
+} // namespace
+
 selectBonesCommand::selectBonesCommand(KMBoneContainer *container, const QVector<Mask> &masks)
     : KMUndoCommand(selectBoneCommand::tr("Select Bone"), container)
     , m_container(container)
@@ -21,6 +40,11 @@ selectBonesCommand::selectBonesCommand(KMBoneContainer *container, const QVector
         if (entry.mask)
             m_currentAfter = entry.bone;
     }
+}
+
+selectBonesCommand::selectBonesCommand(KMBoneContainer *container, const QList<KMBone *> &bones, int mask)
+    : selectBonesCommand(container, alike(bones, mask))
+{
 }
 
 void selectBonesCommand::apply(Direction direction)

@@ -2,6 +2,7 @@
 
 #include "core/KMUndoCommand.h"
 
+#include <QList>
 #include <QVector>
 
 class KMBone;
@@ -19,6 +20,8 @@ public:
     /// The last bone of which anything is selected becomes the current one. Where there is none, the current bone stays
     /// unless it is among those that lose their selection.
     selectBonesCommand(KMBoneContainer *container, const QVector<Mask> &masks);
+    /// The same for all. The current bone stays so among them, else the first becomes it.
+    selectBonesCommand(KMBoneContainer *container, const QList<KMBone *> &bones, int mask);
 
 protected:
     void apply(Direction direction) override;

@@ -24,6 +24,13 @@ Vector3 tailAtRest(const KMBoneRest &rest, const KMBone &bone)
     return bone.isPoint() ? rest.head : rest.tail();
 }
 
+/// It and its partner can move as images of each other.
+bool isPaired(const KMBone &bone)
+{
+    const KMBone *partner = bone.mirrorBone();
+    return partner && partner != &bone && !bone.isLocked() && !partner->isLocked();
+}
+
 } // namespace
 
 bool KMJointMove::isAttached(const KMBone &child)
@@ -42,6 +49,7 @@ KMJointMove::KMJointMove(KMBoneContainer *container, const QVector<Grabbed> &gra
 {
     const QList<KMBone *> &bones = container->bones();
     m_points.resize(2 * bones.size());
+    m_leaders.fill(-1, bones.size());
     for (int i = 0; i < bones.size(); ++i) {
         m_points[pointOf(i, Head)].start = bones[i]->head();
         m_points[pointOf(i, Tail)].start = bones[i]->tail();
@@ -52,43 +60,60 @@ KMJointMove::KMJointMove(KMBoneContainer *container, const QVector<Grabbed> &gra
         carryChildren(bones);
     if (options.mirrors) {
         KMBoneEdit::pairForEdits(container, options.tolerance);
-        pair(bones, anchor, options.tolerance);
+        pair(bones, grabbed, anchor, options.tolerance);
     }
+    order();
     m_movedAt.fill(-1, bones.size());
-    QVector<bool> isSeen(bones.size());
-    for (int i = 0; i < bones.size(); ++i) {
-        order(i, isSeen);
-        const bool moves = m_points[pointOf(i, Head)].moves() || m_points[pointOf(i, Tail)].moves();
-        if (bones[i]->isLocked() || !moves)
+    QVector<bool> isAffected(bones.size());
+    for (const int place : std::as_const(m_order)) {
+        // What hangs on a posed bone has to change at rest to stay where it is shown.
+        for (const int before : {m_leaders[place], parentOf(place)})
+            isAffected[place] |= before >= 0 && isAffected[before];
+        isAffected[place] |= moves(place);
+        if (bones[place]->isLocked() || !isAffected[place])
             continue;
-        m_movedAt[i] = m_bones.size();
-        m_bones.append({bones[i], i, bones[i]->rest(), bones[i]->solvedPose().rotation});
+        m_movedAt[place] = m_bones.size();
+        m_bones.append({bones[place], place, bones[place]->rest(), bones[place]->solvedPose().rotation});
     }
 }
 
-void KMJointMove::order(int place, QVector<bool> &isSeen)
+/// By a stack of its own, since chains may be long.
+void KMJointMove::order()
 {
-    if (place < 0 || isSeen[place])
-        return;
-    isSeen[place] = true;
-    order(parentOf(place), isSeen);
-    order(leaderOf(place, Head), isSeen);
-    order(leaderOf(place, Tail), isSeen);
-    m_order << place;
+    enum State { Open, Begun, Done };
+    QVector<State> states(m_leaders.size(), Open);
+    QVector<int> stack;
+    for (int i = 0; i < states.size(); ++i) {
+        stack << i;
+        while (!stack.isEmpty()) {
+            const int place = stack.last();
+            if (states[place] == Open) {
+                states[place] = Begun;
+                if (m_leaders[place] >= 0 && states[m_leaders[place]] == Begun)
+                    m_leaders[place] = -1; // the leader hangs on it
+                for (const int before : {m_leaders[place], parentOf(place)}) {
+                    if (before >= 0 && states[before] == Open)
+                        stack << before;
+                }
+                continue;
+            }
+            stack.removeLast();
+            if (states[place] == Begun)
+                m_order << place;
+            states[place] = Done;
+        }
+    }
+}
+
+bool KMJointMove::moves(int place) const
+{
+    return m_points[pointOf(place, Head)].moves() || m_points[pointOf(place, Tail)].moves();
 }
 
 int KMJointMove::parentOf(int place) const
 {
     const KMBone *parent = m_container->bones().at(place)->parentBone();
     return parent ? parent->boneIndex() : -1;
-}
-
-/// An end that stays where it is shown may have to move at rest for that, as it does on the other side.
-int KMJointMove::leaderOf(int place, End end) const
-{
-    const Point &point = m_points[pointOf(place, end)];
-    const int leader = point.moves() ? point.leader : m_points[pointOf(place, end == Head ? Tail : Head)].leader;
-    return leader < 0 ? -1 : leader / 2;
 }
 
 void KMJointMove::grab(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed)
@@ -143,44 +168,72 @@ void KMJointMove::carryChildren(const QList<KMBone *> &bones)
     }
 }
 
-/// Whether what is grabbed is held by the side behind the plane: that of the grabbed ends next to the anchor.
-bool KMJointMove::isAnchorBehind(const QList<KMBone *> &bones, const Vector3 &anchor) const
+/// Of two partners one is. Those that start on the plane are told apart by their tails.
+bool KMJointMove::isBehind(const KMBone &bone, float tolerance) const
 {
-    float nearest[2] = {std::numeric_limits<float>::max(), std::numeric_limits<float>::max()};
-    for (int i = 0; i < m_points.size(); ++i) {
-        if (!m_points[i].isGrabbed)
+    const KMBone &partner = *bone.mirrorBone();
+    const float apart = m_plane.distance(bone.restHead()) - m_plane.distance(partner.restHead());
+    if (std::abs(apart) >= tolerance)
+        return apart < 0.0f;
+    return m_plane.distance(bone.restTail()) < m_plane.distance(partner.restTail());
+}
+
+/// Of the ends that have partners those next to the anchor decide. No answer where none has.
+std::optional<bool> KMJointMove::isLedFromBehind(const QVector<Grabbed> &ends, const Vector3 &anchor,
+                                                 float tolerance) const
+{
+    constexpr float nowhere = std::numeric_limits<float>::max();
+    float nearest[2] = {nowhere, nowhere};
+    for (const Grabbed &entry : ends) {
+        if (!isPaired(*entry.bone))
             continue;
-        const KMBone *bone = bones[i / 2];
-        const float side = m_plane.distance(i % 2 == Head ? bone->restHead() : bone->restTail());
-        float &least = nearest[side < 0.0f];
-        least = std::min(least, (m_points[i].start - anchor).length());
+        float &least = nearest[isBehind(*entry.bone, tolerance)];
+        if (entry.ends & KMBone::HeadSelected)
+            least = std::min(least, (entry.bone->head() - anchor).length());
+        if (entry.ends & KMBone::TailSelected)
+            least = std::min(least, (entry.bone->tail() - anchor).length());
     }
+    if (nearest[0] == nowhere && nearest[1] == nowhere)
+        return {};
     return nearest[1] < nearest[0] * (1.0f - sideShare);
 }
 
-/// What lies where is asked at rest: a pose needn't be symmetric.
-void KMJointMove::pair(const QList<KMBone *> &bones, const Vector3 &anchor, float tolerance)
+/// One side leads: that of what was grabbed, not of what only hangs on it. The other one follows bone by bone, so that
+/// each has both its ends from the same bone. What lies where is asked at rest: a pose needn't be symmetric.
+void KMJointMove::pair(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed, const Vector3 &anchor,
+                       float tolerance)
 {
-    const bool isLeaderBehind = isAnchorBehind(bones, anchor);
+    QVector<Grabbed> moving;
     for (int i = 0; i < bones.size(); ++i) {
-        for (const End end : {Head, Tail}) {
-            Point &point = m_points[pointOf(i, end)];
-            if (!point.moves() || point.leader >= 0)
-                continue;
-            const float distance = m_plane.distance(end == Head ? bones[i]->restHead() : bones[i]->restTail());
-            point.isOnPlane = std::abs(distance) < tolerance;
-            const KMBone *partner = bones[i]->mirrorBone();
-            if (!partner || partner == bones[i])
-                continue;
-            Point &image = m_points[pointOf(partner->boneIndex(), end)];
-            if (!image.moves() || (distance < 0.0f) == isLeaderBehind)
-                image.leader = pointOf(i, end);
-        }
+        Point &head = m_points[pointOf(i, Head)];
+        Point &tail = m_points[pointOf(i, Tail)];
+        head.isOnPlane = std::abs(m_plane.distance(bones[i]->restHead())) < tolerance;
+        tail.isOnPlane = std::abs(m_plane.distance(bones[i]->restTail())) < tolerance;
+        if (moves(i))
+            moving.append(
+                {bones[i], (head.moves() ? KMBone::HeadSelected : 0) | (tail.moves() ? KMBone::TailSelected : 0)});
     }
-    // A point that leads another one doesn't follow it.
-    for (Point &point : m_points) {
-        if (point.leader >= 0 && m_points[point.leader].leader >= 0)
-            m_points[point.leader].leader = -1;
+    std::optional<bool> isLeaderBehind = isLedFromBehind(grabbed, anchor, tolerance);
+    if (!isLeaderBehind)
+        isLeaderBehind = isLedFromBehind(moving, anchor, tolerance);
+    for (int i = 0; i < bones.size(); ++i) {
+        if (isPaired(*bones[i]) && isBehind(*bones[i], tolerance) == isLeaderBehind)
+            lead(i, bones[i]->mirrorBone()->boneIndex());
+    }
+}
+
+/// What moves of the follower alone, the leader has to do in its place.
+void KMJointMove::lead(int leader, int follower)
+{
+    m_leaders[follower] = leader;
+    for (const End end : {Head, Tail}) {
+        Point &point = m_points[pointOf(leader, end)];
+        const Point &image = m_points[pointOf(follower, end)];
+        if (point.moves() || !image.moves())
+            continue;
+        point.isMirrored = true;
+        point.isGrabbed = image.isGrabbed;
+        point.carrier = image.carrier;
     }
 }
 
@@ -188,13 +241,15 @@ void KMJointMove::place(const Motion &motion)
 {
     for (Point &point : m_points) {
         point.now = point.start;
-        if (point.leader >= 0 || !point.moves())
+        if (!point.moves())
             continue;
         if (point.isGrabbed || motion.isRigid) {
-            point.now = motion.map(point.start);
+            point.now = point.isMirrored ? m_plane.reflected(motion.map(m_plane.reflected(point.start)))
+                                         : motion.map(point.start);
         } else {
             const Vector3 &joint = m_points[point.carrier].start;
-            point.now = point.start + (motion.map(joint) - joint);
+            const Vector3 way = motion.map(joint) - joint;
+            point.now = point.start + (point.isMirrored ? m_plane.reflectedWay(way) : way);
         }
     }
 }
@@ -218,7 +273,7 @@ Vector3 KMJointMove::shownWay(int place, const Vector3 &atRest, const QVector<Wa
 Vector3 KMJointMove::headOf(const Moved &moved, const QVector<Way> &ways) const
 {
     const Point &point = m_points[pointOf(moved.place, Head)];
-    const int leader = leaderOf(moved.place, Head);
+    const int leader = m_leaders[moved.place];
     if (leader >= 0)
         return moved.before.head + m_plane.reflectedWay(ways[leader].head);
     Vector3 way = point.now - point.start;
@@ -235,7 +290,7 @@ Vector3 KMJointMove::headOf(const Moved &moved, const QVector<Way> &ways) const
 Vector3 KMJointMove::tailOf(const Moved &moved, const Vector3 &head, const QVector<Way> &ways) const
 {
     const Point &point = m_points[pointOf(moved.place, Tail)];
-    const int leader = leaderOf(moved.place, Tail);
+    const int leader = m_leaders[moved.place];
     if (leader >= 0)
         return moved.before.tail() + m_plane.reflectedWay(ways[leader].tail);
     const Point &start = m_points[pointOf(moved.place, Head)];
@@ -245,19 +300,28 @@ Vector3 KMJointMove::tailOf(const Moved &moved, const Vector3 &head, const QVect
     return point.isOnPlane ? tail - m_plane.normal() * m_plane.distance(tail) : tail;
 }
 
+/// Whether the motion turns a bone as a whole. One that touches the plane is held there.
+bool KMJointMove::isTurned(int place, const Motion &motion, const QVector<Way> &ways) const
+{
+    if (m_leaders[place] >= 0)
+        return ways[m_leaders[place]].isTurned;
+    const Point &head = m_points[pointOf(place, Head)];
+    const Point &tail = m_points[pointOf(place, Tail)];
+    return motion.isRigid && head.moves() && tail.moves() && head.isMirrored == tail.isMirrored && !head.isOnPlane
+           && !tail.isOnPlane;
+}
+
 KMBoneRest KMJointMove::restOf(const Moved &moved, const Motion &motion, const QVector<Way> &ways) const
 {
-    const Point &head = m_points[pointOf(moved.place, Head)];
-    const Point &tail = m_points[pointOf(moved.place, Tail)];
     KMBoneRest rest = moved.before;
     rest.head = headOf(moved, ways);
-    const bool isTurned = motion.isRigid && head.moves() && tail.moves() && !head.isOnPlane && !tail.isOnPlane;
-    if (isTurned && head.leader >= 0 && tail.leader >= 0) {
-        rest.rotation = (reflectedTurn(ways[head.leader / 2].turn) * rest.rotation).normalized();
-        return rest;
-    }
-    if (isTurned && head.leader < 0 && tail.leader < 0) {
-        rest.rotation = (moved.pose.conjugate() * motion.turn * moved.pose * rest.rotation).normalized();
+    if (isTurned(moved.place, motion, ways)) {
+        const int leader = m_leaders[moved.place];
+        const bool isMirrored = m_points[pointOf(moved.place, Head)].isMirrored;
+        const Quaternion shown = isMirrored ? reflectedTurn(motion.turn) : motion.turn;
+        const Quaternion turn =
+            leader >= 0 ? reflectedTurn(ways[leader].turn) : moved.pose.conjugate() * shown * moved.pose;
+        rest.rotation = (turn * rest.rotation).normalized();
         return rest;
     }
     if (moved.bone->isPoint())
@@ -283,7 +347,9 @@ void KMJointMove::apply(const Motion &motion)
             way.head = rest.head - moved.before.head;
             way.tail = tailAtRest(rest, *moved.bone) - tailAtRest(moved.before, *moved.bone);
             way.turn = rest.rotation * moved.before.rotation.conjugate();
-            moved.bone->setRest(rest);
+            way.isTurned = isTurned(place, motion, ways);
+            if (rest != moved.bone->rest())
+                moved.bone->setRest(rest);
         }
         way.shown = shownWay(place, way.head, ways);
         ways[place] = way;

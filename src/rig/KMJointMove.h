@@ -8,6 +8,7 @@
 #include <QVector>
 
 #include <functional>
+#include <optional>
 
 class KMBone;
 class KMBoneContainer;
@@ -40,7 +41,7 @@ public:
     };
 
     KMJointMove() = default;
-    /// Locked bones stay. With mirrors, what is grabbed on both sides goes by the side of the anchor.
+    /// Locked bones stay. With mirrors one side leads, and what is grabbed on both goes by the side of the anchor.
     KMJointMove(KMBoneContainer *container, const QVector<Grabbed> &grabbed, const Options &options,
                 const kvm::Vector3 &anchor);
 
@@ -60,9 +61,9 @@ private:
         kvm::Vector3 now;
         bool isGrabbed = false;
         bool isOnPlane = false;
-        int carrier = -1; // the joint that takes it along
-        int leader = -1;  // the point whose mirror image it is
-        bool moves() const { return isGrabbed || carrier >= 0 || leader >= 0; }
+        bool isMirrored = false; // its image is what was grabbed: it goes by the image of the motion
+        int carrier = -1;        // the joint that takes it along; with isMirrored the one that takes its image
+        bool moves() const { return isGrabbed || carrier >= 0; }
     };
     struct Moved
     {
@@ -78,21 +79,27 @@ private:
         kvm::Vector3 head;  // at rest, as the others
         kvm::Vector3 tail;
         kvm::Quaternion turn;
+        bool isTurned = false; // as a whole
     };
 
     static int pointOf(int place, End end) { return 2 * place + end; }
     void grab(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed);
     void closeJoints(const QList<KMBone *> &bones);
     void carryChildren(const QList<KMBone *> &bones);
-    void pair(const QList<KMBone *> &bones, const kvm::Vector3 &anchor, float tolerance);
-    bool isAnchorBehind(const QList<KMBone *> &bones, const kvm::Vector3 &anchor) const;
-    void order(int place, QVector<bool> &isSeen);
+    void pair(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed, const kvm::Vector3 &anchor,
+              float tolerance);
+    void lead(int leader, int follower);
+    bool isBehind(const KMBone &bone, float tolerance) const;
+    std::optional<bool> isLedFromBehind(const QVector<Grabbed> &ends, const kvm::Vector3 &anchor,
+                                        float tolerance) const;
+    bool moves(int place) const;
+    void order();
     void place(const Motion &motion);
-    int parentOf(int place) const;          // -1 without
-    int leaderOf(int place, End end) const; // the bone whose end it goes by, or -1
+    int parentOf(int place) const; // -1 without
     kvm::Vector3 shownWay(int place, const kvm::Vector3 &atRest, const QVector<Way> &ways) const;
     kvm::Vector3 headOf(const Moved &moved, const QVector<Way> &ways) const;
     kvm::Vector3 tailOf(const Moved &moved, const kvm::Vector3 &head, const QVector<Way> &ways) const;
+    bool isTurned(int place, const Motion &motion, const QVector<Way> &ways) const;
     KMBoneRest restOf(const Moved &moved, const Motion &motion, const QVector<Way> &ways) const;
     kvm::Quaternion reflectedTurn(const kvm::Quaternion &turn) const;
     bool isGrabbed(int place, End end) const { return m_points[pointOf(place, end)].isGrabbed; }
@@ -100,6 +107,7 @@ private:
     QPointer<KMBoneContainer> m_container; // the bones go with it, as a new document has it
     KMSymmetryPlane m_plane{kvm::Vector3(), kvm::Vector3(1.0f, 0.0f, 0.0f)};
     QVector<Point> m_points; // two for each bone of the container
+    QVector<int> m_leaders;  // for each the bone whose image it is, or -1
     QVector<Moved> m_bones;  // those that can change
     QVector<int> m_movedAt;  // for each bone of the container the place among these, or -1
     QVector<int> m_order;    // all bones, parents and leaders before those that go by them

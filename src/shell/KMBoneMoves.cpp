@@ -1,27 +1,29 @@
 #include "shell/KMBoneMoves.h"
 
+#include "core/KMCommand.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
-#include "rig/KMBoneSelectionCommand.h"
+#include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
 
-#include <QSet>
+#include <QCoreApplication>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
-QList<KMBone *> siblingsOf(const KMBone *bone)
+QList<KMBone *> childrenOf(const KMBoneContainer *rig, const KMBone *parent)
 {
-    if (bone->parentBone())
-        return bone->parentBone()->childBones();
+    if (parent)
+        return parent->childBones();
     QList<KMBone *> tops;
-    for (KMBone *other : bone->container()->bones()) {
-        if (!other->parentBone())
-            tops << other;
+    for (KMBone *bone : rig->bones()) {
+        if (!bone->parentBone())
+            tops << bone;
     }
     return tops;
 }
@@ -29,7 +31,7 @@ QList<KMBone *> siblingsOf(const KMBone *bone)
 /// The bone behind which or before which nothing moves: the first sibling from the target on that stays.
 KMBone *stayingSibling(KMBone *target, KMTreeWidget::Place place, const QList<KMBone *> &moved)
 {
-    const QList<KMBone *> siblings = siblingsOf(target);
+    const QList<KMBone *> siblings = childrenOf(target->container(), target->parentBone());
     for (int i = siblings.indexOf(target) + (place == KMTreeWidget::Place::After); i < siblings.size(); ++i) {
         if (!moved.contains(siblings[i]))
             return siblings[i];
@@ -48,38 +50,52 @@ int positionBefore(const KMBone *sibling, const KMBone *moved)
     return position - isBehind;
 }
 
-bool standsThere(const KMBone *bone, const KMBone *parent, int position)
+/// The bones stand below the parent and before the sibling, null for the end, in their order.
+bool standThere(const QList<KMBone *> &bones, const KMBone *parent, KMBone *sibling)
 {
-    const int last = siblingsOf(bone).size() - 1;
-    return bone->parentBone() == parent && KMTreeWidget::positionOf(bone->item()) == (position < 0 ? last : position);
+    const QList<KMBone *> now = childrenOf(bones.first()->container(), parent);
+    QList<KMBone *> wanted;
+    for (KMBone *bone : now) {
+        if (bone == sibling)
+            wanted += bones;
+        if (!bones.contains(bone))
+            wanted << bone;
+    }
+    if (!sibling)
+        wanted += bones;
+    return wanted == now;
 }
 
-void pushMoves(const QList<KMBone *> &bones, KMBone *parent, const KMBone *sibling)
+int keysOf(const KMBoneContainer &rig)
 {
-    for (KMBone *bone : bones) {
-        const int position = positionBefore(sibling, bone);
-        if (!standsThere(bone, parent, position))
-            gSolution->push(new moveCtrlNodeCommand(bone, parent, position));
-    }
+    int count = 0;
+    for (const BoneTrack *track : rig.animation()->tracks())
+        count += int(track->keys.size());
+    return count;
+}
+
+void tell(const QString &text)
+{
+    gSolution->showMessage(text, KMCommand::MessageLevel);
 }
 
 } // namespace
 
-bool KMBoneMoves::move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place place)
+void KMBoneMoves::move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place place)
 {
     const bool isInto = place == KMTreeWidget::Place::Into;
     KMBone *parent = target && !isInto ? target->parentBone() : target;
     QList<KMBone *> movable;
     std::copy_if(bones.begin(), bones.end(), std::back_inserter(movable),
                  [parent](const KMBone *bone) { return canMoveBone(bone, parent); });
-    const KMBone *sibling = target && !isInto ? stayingSibling(target, place, movable) : nullptr;
-    // Bones that stand in their order where they shall go make no step.
-    const bool isOne = movable.size() == 1;
-    if (movable.isEmpty() || (isOne && standsThere(movable[0], parent, positionBefore(sibling, movable[0]))))
-        return false;
+    if (movable.size() < bones.size())
+        tell(QCoreApplication::translate("KMBoneMoves", "A bone can't stand below itself"));
+    KMBone *sibling = target && !isInto ? stayingSibling(target, place, movable) : nullptr;
+    if (movable.isEmpty() || standThere(movable, parent, sibling))
+        return;
     const KMUndoMacro macro(moveCtrlNodeCommand::tr("Move Bone"));
-    pushMoves(movable, parent, sibling);
-    return true;
+    for (KMBone *bone : std::as_const(movable))
+        gSolution->push(new moveCtrlNodeCommand(bone, parent, positionBefore(sibling, bone)));
 }
 
 void KMBoneMoves::copy(KMBoneContainer *rig, KMBone *target, KMTreeWidget::Place place)
@@ -91,26 +107,22 @@ void KMBoneMoves::copy(KMBoneContainer *rig, KMBone *target, KMTreeWidget::Place
 
 void KMBoneMoves::moveToRig(KMBoneContainer *from, KMBoneContainer *to)
 {
-    const QList<KMBone *> bones = from->topSelectedBones();
-    if (bones.isEmpty())
+    const QList<KMBone *> tops = from->topSelectedBones();
+    if (tops.isEmpty())
         return;
+    const int keysBefore = keysOf(*from);
+    KMBoneNames names(*to);
     const KMUndoMacro macro(moveCtrlNodeCommand::tr("Move Bone"));
-    for (KMBone *bone : bones)
-        gSolution->push(new moveBoneToOtherContainerCommand(bone, to));
-}
-
-void KMBoneMoves::select(KMBoneContainer *rig, const QList<KMBone *> &bones)
-{
-    const QSet<KMBone *> wanted(bones.begin(), bones.end());
-    KMBone *current = bones.isEmpty() ? nullptr : bones.last();
-    QVector<selectBonesCommand::Mask> masks;
-    for (KMBone *bone : rig->bones()) {
-        const bool isWanted = wanted.contains(bone);
-        if (bone != current && isWanted != (bone->selectMask() != 0))
-            masks.append({bone, isWanted ? KMBone::BothSelected : 0});
+    for (KMBone *top : tops) {
+        const QList<KMBone *> bones = from->subtree(top->item());
+        gSolution->push(new moveBoneToOtherContainerCommand(top, to));
+        for (KMBone *bone : bones) { // keys find a bone by its name
+            if (names.isTaken(bone->name()))
+                bone->pushRenameCommand(names.unique(bone->name()));
+            else
+                names.take(bone->name());
+        }
     }
-    if (current && (!current->selectMask() || gSolution->currentBone() != current))
-        masks.append({current, KMBone::BothSelected});
-    if (!masks.isEmpty())
-        gSolution->push(new selectBonesCommand(rig, masks));
+    if (const int lost = keysBefore - keysOf(*from))
+        tell(QCoreApplication::translate("KMBoneMoves", "%n key(s) of the moved bones are gone", nullptr, lost));
 }

@@ -9,17 +9,14 @@ class KMBoneContainer;
 namespace KMBoneMoves {
 
 /// Moves bones, with all below them, beside or into another one of their rig, in their order; a null target moves them
-/// to the end of the top level. Those that would come to stand below themselves stay. False when nothing was moved.
-bool move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place place);
+/// to the end of the top level. Those that would come to stand below themselves stay, and a message says so.
+void move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place place);
 
 /// The same with copies of the selected bones of a rig, which become the selected ones.
 void copy(KMBoneContainer *rig, KMBone *target, KMTreeWidget::Place place);
 
-/// Moves the selected bones with all below them to the top level of another rig.
+/// Moves the selected bones with all below them to the top level of another rig. They get other names where theirs are
+/// taken there; their keys don't come along, and a message says so.
 void moveToRig(KMBoneContainer *from, KMBoneContainer *to);
-
-/// Selects bones, heads and tails, and nothing else of the rig; the last one becomes the current bone. No step when
-/// they are selected already.
-void select(KMBoneContainer *rig, const QList<KMBone *> &bones);
 
 } // namespace KMBoneMoves

@@ -256,7 +256,7 @@ void kmmainwidget::commitOpenEditors()
 
 void kmmainwidget::refreshAttributes()
 {
-    m_attributeDock->refresh();
+    m_attributeDock->followSession();
 }
 
 void kmmainwidget::refreshSetup() {}

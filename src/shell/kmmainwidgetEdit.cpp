@@ -38,6 +38,7 @@
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/kmattributewidget.h"
+#include "shell/docks/kmbonewidget.h"
 #include "shell/docks/kmnodewidget.h"
 #include "shell/docks/kmshaderwidget.h"
 #include "shell/docks/kmtexturewidget.h"
@@ -93,6 +94,11 @@ bool kmmainwidget::editInPanel(KMDockWidget::Edit edit)
     return false;
 }
 
+bool kmmainwidget::editBones(KMDockWidget::Edit edit)
+{
+    return worksOnElements() && KMBoneTargets::rigWithSelection() && m_boneDock->editRows(edit);
+}
+
 bool kmmainwidget::worksOnElements() const
 {
     return !m_nodeDock->isAncestorOf(QApplication::focusWidget());
@@ -100,7 +106,8 @@ bool kmmainwidget::worksOnElements() const
 
 void kmmainwidget::onMenuCopy()
 {
-    if (editInPanel(KMDockWidget::Edit::Copy) || (worksOnElements() && KMMeshClipboard::copyFaces()))
+    if (editInPanel(KMDockWidget::Edit::Copy) || editBones(KMDockWidget::Edit::Copy)
+        || (worksOnElements() && KMMeshClipboard::copyFaces()))
         return;
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (noneSelected(nodes))
@@ -111,7 +118,7 @@ void kmmainwidget::onMenuCopy()
 void kmmainwidget::onMenuCut()
 {
     commitOpenEditors();
-    if (editInPanel(KMDockWidget::Edit::Cut))
+    if (editInPanel(KMDockWidget::Edit::Cut) || editBones(KMDockWidget::Edit::Cut))
         return;
     if (worksOnElements() && KMMeshClipboard::copyFaces()) {
         KMMeshEdit::deleteSelection(KMMeshTargets::Faces);
@@ -148,7 +155,7 @@ void kmmainwidget::onMenuMirrorPaste()
 void kmmainwidget::onMenuDuplicate()
 {
     commitOpenEditors();
-    if (editInPanel(KMDockWidget::Edit::Duplicate))
+    if (editInPanel(KMDockWidget::Edit::Duplicate) || editBones(KMDockWidget::Edit::Duplicate))
         return;
     const QList<KMContainerNode *> nodes = KMNodeEdits::selectedNodes();
     if (!noneSelected(nodes))

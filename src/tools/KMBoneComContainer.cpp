@@ -1,5 +1,6 @@
 #include "tools/KMBoneComContainer.h"
 
+#include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "mesh/KMMeshTargets.h"
 #include "rig/KMBone.h"
@@ -7,8 +8,8 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
 #include "rig/KMBoneMMDTemplate.h"
-#include "rig/KMBoneTreeCommands.h"
 #include "tools/KMBoneCommands.h"
+#include "tools/KMBoneTargets.h"
 
 #include <QSet>
 
@@ -61,7 +62,7 @@ Work clone(KMBoneContainer &container)
 
 Work createSymmetric(KMBoneContainer &container)
 {
-    container.pairMirrorBones();
+    KMBoneEdit::pairForEdits(&container, gSettings->symmetryMargin);
     QList<KMBone *> alone;
     for (KMBone *bone : container.selectedBones()) {
         if (!bone->mirrorBone())
@@ -95,12 +96,12 @@ Work showAll(KMBoneContainer &container)
     return forEach(tops, [](KMBone *bone) { gSolution->push(new showCtrlChildCommand(bone, true)); });
 }
 
-/// Children first: fewer rows are moved.
 Work deleteSelected(KMBoneContainer &container)
 {
-    QList<KMBone *> bones = container.selectedBones();
-    std::reverse(bones.begin(), bones.end());
-    return forEach(bones, [](KMBone *bone) { gSolution->push(new deleteBoneCommand(bone)); });
+    const QList<KMBone *> bones = KMBoneTargets::deletable(container);
+    if (bones.isEmpty())
+        return {};
+    return [bones] { KMBoneTargets::pushDelete(bones); };
 }
 
 Work linearize(KMBoneContainer &container)
@@ -136,6 +137,14 @@ Work fitToFirstChild(KMBoneContainer &container)
 Work bonesFromEdges(KMBoneContainer &container)
 {
     KMBone *parent = container.selectedBones().value(0);
+    const int above = parent ? parent->depth() + 1 : 0;
+    for (const KMMeshNode *mesh : KMMeshTargets::chosen()) {
+        if (above + KMBoneEdit::longestRun(*mesh) <= KMBoneEdit::MaxDepth)
+            continue;
+        gSolution->showMessage(KMBoneCommand::tr("A rig can't be deeper than %1 bones").arg(KMBoneEdit::MaxDepth),
+                               KMCommand::MessageLevel);
+        return {};
+    }
     return [&container, parent] {
         for (const KMMeshNode *mesh : KMMeshTargets::chosen())
             KMBoneEdit::pushFromEdges(&container, *mesh, parent);

@@ -1,6 +1,7 @@
 #include "tools/KMBoneCommands.h"
 
 #include "core/KMPrompt.h"
+#include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
@@ -222,10 +223,12 @@ KMBoneCommand::Work BoneComAlignReflectBone::plan(KMBoneContainer &container)
 {
     if (!choose(text(), QStringLiteral("side"), tr("Side"), {tr("Right"), tr("Left")}, &m_side))
         return {};
-    container.pairMirrorBones();
+    const float margin = gSettings->symmetryMargin;
+    KMBoneEdit::pairForEdits(&container, margin);
     const KMSymmetryPlane plane = container.mirrorPlane();
-    const auto isOnSide = [this, &plane](const KMBone *bone) {
-        const float distance = plane.distance(bone->restHead());
+    const auto isOnSide = [&](const KMBone *bone) {
+        const float head = plane.distance(bone->restHead());
+        const float distance = std::abs(head) < margin ? plane.distance(bone->restTail()) : head;
         return m_side == 0 ? distance < 0.0f : distance > 0.0f;
     };
     KMBoneEdit::Changes changes;

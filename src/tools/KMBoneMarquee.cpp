@@ -62,11 +62,16 @@ int KMBoneMarquee::wanted(const Entry &entry) const
 
 void KMBoneMarquee::show(bool asItWas) const
 {
+    KMBoneContainer *changed = nullptr;
     for (const Entry &entry : m_bones) {
         const int mask = asItWas ? entry.before : wanted(entry);
-        if (entry.bone && entry.bone->selectMask() != mask)
-            entry.bone->setSelectMask(mask);
+        if (!entry.bone || entry.bone->selectMask() == mask)
+            continue;
+        entry.bone->storeSelectMask(mask);
+        changed = entry.bone->container();
     }
+    if (changed)
+        changed->tree()->showMasks();
 }
 
 void KMBoneMarquee::commit(const QString &text)

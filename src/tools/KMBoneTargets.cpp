@@ -1,7 +1,9 @@
 #include "tools/KMBoneTargets.h"
 
+#include "core/KMCommand.h"
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeType.h"
+#include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshTargets.h"
@@ -33,20 +35,27 @@ void pushMask(KMBone *bone, int mask)
         gSolution->push(new selectBoneCommand(bone, mask));
 }
 
-void selectAlone(KMBone *bone, int ends)
+QList<KMBoneContainer *> rigsWithSelection()
 {
-    KMBoneContainer *container = bone->container();
-    KMMeshSelect::unselectAll();
-    if (!container->selectedBones().isEmpty())
-        gSolution->push(new selectAllBoneCommand(container, false));
-    pushMask(bone, ends);
+    QList<KMBoneContainer *> rigs;
+    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
+        if (ctrl->type() == KMNodeType::BoneContainer && !nodeAs<KMBoneContainer>(ctrl)->selectedBones().isEmpty())
+            rigs << nodeAs<KMBoneContainer>(ctrl);
+    }
+    return rigs;
 }
 
-void pushDelete(const QList<KMBone *> &bones)
+void pushNothingSelected()
 {
-    // From the last to the first, so that children don't move up to a bone that goes too.
-    for (int i = bones.size() - 1; i >= 0; --i)
-        gSolution->push(new deleteBoneCommand(bones[i]));
+    KMMeshSelect::unselectAll();
+    for (KMBoneContainer *rig : rigsWithSelection())
+        gSolution->push(new selectAllBoneCommand(rig, false));
+}
+
+void selectAlone(KMBone *bone, int ends)
+{
+    pushNothingSelected();
+    pushMask(bone, ends);
 }
 
 int endsOf(const KMBonePicker::Hit &hit)
@@ -77,6 +86,15 @@ KMBonePicker::Hit pickBehind(const KMCameraNode &camera, const QPointF &position
 {
     const bool isFree = !container() && KMMeshTargets::chosen().isEmpty();
     return isFree ? KMBonePicker::pickBone(camera, position) : KMBonePicker::Hit();
+}
+
+KMBoneContainer *rigWithSelection()
+{
+    KMNode *current = gSolution->currentNode();
+    if (!current || current->type() != KMNodeType::BoneContainer)
+        return nullptr;
+    auto *rig = nodeAs<KMBoneContainer>(current);
+    return rig->selectedBones().isEmpty() ? nullptr : rig;
 }
 
 QVector<KMJointMove::Grabbed> selected()
@@ -127,24 +145,52 @@ void selectBranch(KMBone *bone, bool on)
 
 void unselectAll()
 {
-    KMBoneContainer *rig = container();
-    if (!rig || rig->selectedBones().isEmpty())
+    if (!container() || rigsWithSelection().isEmpty())
         return KMMeshSelect::unselectAll();
     const KMUndoMacro macro(QCoreApplication::translate("KMMeshSelect", "UnSelectAll"));
-    KMMeshSelect::unselectAll();
-    gSolution->push(new selectAllBoneCommand(rig, false));
+    pushNothingSelected();
+}
+
+QList<KMBone *> deletable(const KMBoneContainer &rig)
+{
+    const QList<KMBone *> selected = rig.selectedBones();
+    QList<KMBone *> bones;
+    std::copy_if(selected.begin(), selected.end(), std::back_inserter(bones),
+                 [](const KMBone *bone) { return bone->isVisible() && !bone->isLocked(); });
+    const int kept = selected.size() - bones.size();
+    if (kept > 0)
+        gSolution->showMessage(
+            QCoreApplication::translate("KMBoneTargets", "%n bone(s) not deleted: locked or hidden", nullptr, kept),
+            KMCommand::MessageLevel);
+    return bones;
+}
+
+void pushDelete(QList<KMBone *> bones)
+{
+    // From the last to the first, so that children don't move up to a bone that goes too.
+    std::sort(bones.begin(), bones.end(),
+              [](const KMBone *a, const KMBone *b) { return a->boneIndex() > b->boneIndex(); });
+    for (KMBone *bone : std::as_const(bones))
+        gSolution->push(new deleteBoneCommand(bone));
 }
 
 bool deleteSelected()
 {
-    QList<KMBone *> bones;
-    const QVector<KMJointMove::Grabbed> grabbed = selected();
-    for (const KMJointMove::Grabbed &entry : grabbed)
-        bones << entry.bone;
-    if (bones.isEmpty())
+    const KMBoneContainer *rig = rigWithSelection();
+    if (!rig)
         return false;
-    const KMUndoMacro macro(QCoreApplication::translate("KMBoneCommand", "Delete Selected Bone"));
-    pushDelete(bones);
+    if (rig != container()) {
+        gSolution->showMessage(
+            QCoreApplication::translate("KMBoneTargets", "Nothing was deleted: %1 is locked or hidden")
+                .arg(rig->name()),
+            KMCommand::MessageLevel);
+        return true;
+    }
+    const QList<KMBone *> bones = deletable(*rig);
+    if (!bones.isEmpty()) {
+        const KMUndoMacro macro(QCoreApplication::translate("KMBoneCommand", "Delete Selected Bone"));
+        pushDelete(bones);
+    }
     return true;
 }
 
@@ -157,8 +203,6 @@ void deleteBone(KMBone *bone, float mirrorTolerance)
         if (partner && partner != bone && !partner->isLocked())
             bones << partner;
     }
-    std::sort(bones.begin(), bones.end(),
-              [](const KMBone *a, const KMBone *b) { return a->boneIndex() < b->boneIndex(); });
     const KMUndoMacro macro(deleteBoneCommand::tr("Delete Bone"));
     pushDelete(bones);
 }

@@ -9,6 +9,7 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshTargets.h"
 #include "render/KMPicker.h"
+#include "tools/KMBoneTargets.h"
 #include "tools/KMWindowGeometry.h"
 
 #include <QCoreApplication>
@@ -134,6 +135,8 @@ std::optional<kvm::Matrix4> KMElementClick::symmetryFrame()
         return {};
     if (current->type() == KMNodeType::Mesh)
         return current->worldMatrix();
+    if (KMBoneTargets::container()) // bones are measured without the scale of their rig
+        return current->rotation().toMatrix() * kvm::Matrix4::fromTranslation(current->translation());
     if (!isModifier(current->type()))
         return {};
     for (const QTreeWidgetItem *row : KMTreeWidget::flatten(current->item())) {

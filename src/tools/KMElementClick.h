@@ -31,7 +31,8 @@ void log(const KMPickRequest &hit); ///< writes the fields of its record
 /// The corner of the element that lies nearest to a place of the window.
 int nearestVertex(const KMPickRequest &hit, const QPointF &position);
 
-/// The frame whose plane of symmetry the mouse works with: that of the current mesh or of what a modifier works on.
+/// The frame whose plane of symmetry the mouse works with: that of the current mesh, of what a modifier works on, or of
+/// the current rig.
 /// None while the edit filter doesn't ask for symmetry.
 std::optional<kvm::Matrix4> symmetryFrame();
 

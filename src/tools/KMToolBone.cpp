@@ -12,6 +12,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
+#include "tools/KMBoneMarquee.h"
 #include "tools/KMBoneTargets.h"
 #include "tools/KMHandleCode.h"
 #include "tools/KMToolKind.h"
@@ -118,8 +119,6 @@ void KMToolBone::cancel()
         return;
     if (m_gesture == Gesture::Moving)
         m_bones.cancel();
-    if (m_gesture == Gesture::Area)
-        m_marquee.cancel();
     end();
     gSolution->setProgress({});
     gSolution->refreshViews(allViews);
@@ -168,7 +167,6 @@ bool KMToolBone::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
         if (!isRefused())
             beginMaking({});
     } else {
-        m_marquee.begin(KMMeshSelect::marqueeMode(event->modifiers()));
         begin(Gesture::Area);
     }
     return true;
@@ -197,6 +195,7 @@ void KMToolBone::beginMaking(const KMBonePicker::Hit &hit)
         m_drawn.parent = isJoint ? hit.bone->parentBone() : hit.bone;
         m_drawn.isFloating = hit.part == KMBonePicker::Part::Head && !isJoint && !hit.bone->isPoint();
         m_drawn.head = hit.point;
+        KMBoneEdit::pairForEdits(m_drawn.container, m_mirrorTolerance); // the image hangs on the parent's partner
     } else {
         m_drawn.container = KMBoneEdit::containerAtHand();
         m_drawn.head = KMBonePlace::at(camera, m_pressPos, depthPoint(camera), m_options.place).point;
@@ -277,25 +276,33 @@ void KMToolBone::showPreview()
     addBody(restBone(m_drawn.head, m_drawn.tail), points, lines);
     if (isMirrored()) {
         const KMSymmetryPlane plane = planeOf(m_drawn.container);
-        addBody(restBone(plane.reflected(m_drawn.head), plane.reflected(m_drawn.tail)), points, lines);
+        const KMBone *parent = m_drawn.parent;
+        const KMBone *other = parent && parent->mirrorBone() ? parent->mirrorBone() : parent;
+        const auto image = [&](const Vector3 &point) {
+            return KMBoneEdit::placeAsShown(other, plane.reflected(KMBoneEdit::placeAtRest(parent, point)));
+        };
+        addBody(restBone(image(m_drawn.head), image(m_drawn.tail)), points, lines);
     }
     m_preview->setLines(points, lines);
     m_preview->setVisible(true);
 }
 
-/// What is drawn on the plane of symmetry is its own image, and stays there.
+/// What is drawn on the plane of symmetry is its own image, and stays there. The plane is that of the rest.
 void KMToolBone::onPlane(Vector3 &point) const
 {
     const KMSymmetryPlane plane = planeOf(m_drawn.container);
-    const float distance = plane.distance(point);
+    const Vector3 rest = KMBoneEdit::placeAtRest(m_drawn.parent, point);
+    const float distance = plane.distance(rest);
     if (gSolution->editFilter().symmetry && std::abs(distance) < m_mirrorTolerance)
-        point = point - plane.normal() * distance;
+        point = KMBoneEdit::placeAsShown(m_drawn.parent, rest - plane.normal() * distance);
 }
 
 bool KMToolBone::isMirrored() const
 {
     const KMSymmetryPlane plane = planeOf(m_drawn.container);
-    const auto isOnPlane = [&](const Vector3 &point) { return std::abs(plane.distance(point)) < m_mirrorTolerance; };
+    const auto isOnPlane = [&](const Vector3 &point) {
+        return std::abs(plane.distance(KMBoneEdit::placeAtRest(m_drawn.parent, point))) < m_mirrorTolerance;
+    };
     return gSolution->editFilter().symmetry && !(isOnPlane(m_drawn.head) && isOnPlane(m_drawn.tail));
 }
 
@@ -314,12 +321,8 @@ bool KMToolBone::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *widget)
         click(event->modifiers());
     else if (gesture == Gesture::Making)
         makeBone();
-    if (gesture == Gesture::Area && m_hasMoved) {
-        const QRectF rect = QRectF(m_pressPos, m_lastPos).normalized();
-        m_marquee.touch(*widget->camera(), [&rect](const QPointF &point) { return rect.contains(point); });
-        m_marquee.commit(QCoreApplication::translate("KMMarqueeSelect", "Rect Select"));
-    }
-    m_marquee.cancel();
+    else
+        selectArea(*widget->camera(), event->modifiers());
     end();
     gSolution->refreshViews(allViews);
     return true;
@@ -332,6 +335,15 @@ void KMToolBone::click(Qt::KeyboardModifiers modifiers)
         KMBoneTargets::click(m_pressed, KMMeshSelect::clickMode(modifiers));
     else if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
         KMBoneTargets::unselectAll();
+}
+
+void KMToolBone::selectArea(const KMCameraNode &camera, Qt::KeyboardModifiers modifiers)
+{
+    const QRectF rect = QRectF(m_pressPos, m_lastPos).normalized();
+    KMBoneMarquee marquee;
+    marquee.begin(KMMeshSelect::marqueeMode(modifiers));
+    marquee.touch(camera, [&rect](const QPointF &point) { return rect.contains(point); });
+    marquee.commit(QCoreApplication::translate("KMMarqueeSelect", "Rect Select"));
 }
 
 void KMToolBone::makeBone()

@@ -2,7 +2,6 @@
 
 #include "render/KMBonePicker.h"
 #include "tools/KMBoneDrag.h"
-#include "tools/KMBoneMarquee.h"
 #include "tools/KMBonePlace.h"
 #include "tools/KMTool.h"
 
@@ -68,6 +67,7 @@ private:
     void dragTo(const QPointF &position);
     void showPreview();
     void makeBone();
+    void selectArea(const KMCameraNode &camera, Qt::KeyboardModifiers modifiers);
     kvm::Vector3 depthPoint(const KMCameraNode &camera) const;
     bool isMirrored() const;
     void onPlane(kvm::Vector3 &point) const;
@@ -85,7 +85,6 @@ private:
     float m_mirrorTolerance = 0.0f;
     KMHandleDrag m_drag;
     KMBoneDrag m_bones;
-    KMBoneMarquee m_marquee;
 
     // Owned as overlays; null before initialize()
     KMToolMesh *m_preview = nullptr;

@@ -10,6 +10,7 @@
 #include "render/KMMouseEvent.h"
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
+#include "tools/KMBoneDrag.h"
 #include "tools/KMBoneTargets.h"
 #include "tools/KMElementClick.h"
 #include "tools/KMToolCross.h"
@@ -117,11 +118,10 @@ bool KMToolErase::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     const KMBonePicker::Hit bone = pickAt(*event, *widget, hit);
     KMPicker::clearHot();
     KMBonePicker::clearHot();
-    const float mirrorTolerance = widget->camera()->pixelScale(gSettings->symmetryMargin);
     if (bone.isHit())
-        KMBoneTargets::deleteBone(bone.bone, mirrorTolerance);
+        KMBoneTargets::deleteBone(bone.bone, KMBoneDrag::mirrorTolerance(*widget->camera(), bone.point));
     else if (canErase(hit))
-        erase(hit, mirrorTolerance);
+        erase(hit, widget->camera()->pixelScale(gSettings->symmetryMargin));
     else if (hit.isHit())
         KMElementClick::tellWhyFixed(*hit.mesh);
     return true;

@@ -1,6 +1,8 @@
 #include "core/KMEmbeddedTextureNode.h"
 #include "core/KMFileTextureNode.h"
+#include "core/KMHeadlessSession.h"
 #include "core/KMProcTextureNode.h"
+#include "core/KMSolution.h"
 #include "support/TestRegistry.h"
 
 #include <QBuffer>
@@ -27,6 +29,7 @@ private slots:
     void failedReloadKeepsThePicture_data();
     void failedReloadKeepsThePicture();
     void anotherPath();
+    void relativePathStartsAtTheDocument();
     void embeddedPicture();
     void clones();
 
@@ -213,6 +216,25 @@ void tst_KMTextures::anotherPath()
     QVERIFY(node.image().isNull()); // the picture of another file would be a lie
     node.setPath(path("a.png"));
     QCOMPARE(node.image().pixelColor(5, 5), QColor(Qt::red));
+}
+
+/// Wherever the program was started: documents move about together with their pictures.
+void tst_KMTextures::relativePathStartsAtTheDocument()
+{
+    const KMHeadlessSession session;
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("pictures")));
+    writePicture(path("pictures/skin.png"), Qt::green);
+    const QString relative = QStringLiteral("pictures/skin.png");
+
+    KMFileTextureNode untitled(relative);
+    QCOMPARE(untitled.filePath(), relative);
+    gSolution->setFileName(path("model.kmd"));
+    KMFileTextureNode texture(relative);
+    QCOMPARE(texture.path(), relative);
+    QCOMPARE(QDir::cleanPath(texture.filePath()), QDir::cleanPath(path("pictures/skin.png")));
+    QCOMPARE(texture.image().pixelColor(0, 0), QColor(Qt::green));
+    QCOMPARE(KMFileTextureNode(QStringLiteral("pictures/missing.png")).filePath(),
+             QStringLiteral("pictures/missing.png"));
 }
 
 void tst_KMTextures::embeddedPicture()

@@ -140,6 +140,7 @@ private slots:
     void deletedContainerMarksItsBones();
     void deletedGroupTakesItsRigAlong();
     void currentBoneIsForgotten();
+    void manySelectedHaveACurrentBone();
     void cloneOfAContainer();
     void templateOfAFigure();
     void randomWalk();
@@ -304,6 +305,26 @@ void tst_BoneCommands::currentBoneIsForgotten()
     QVERIFY(!gSolution->currentBone() && !scene.c->item());
     scene.session.stack().undo();
     QCOMPARE(gSolution->currentBone(), scene.c);
+}
+
+void tst_BoneCommands::manySelectedHaveACurrentBone()
+{
+    Figure scene;
+    const auto push = [](KMUndoCommand *command) {
+        gSolution->push(command);
+        return gSolution->currentBone();
+    };
+    QCOMPARE(push(new selectAllBoneCommand(scene.rig, true)), scene.a);
+    QCOMPARE(push(new selectBoneCommand(scene.d, KMBone::TailSelected)), scene.d);
+    QCOMPARE(push(new selectAllBoneCommand(scene.rig, true)), scene.d);
+    QCOMPARE(push(new selectCtrlChildCommand(scene.b, false)), nullptr);
+    QCOMPARE(push(new selectCtrlChildCommand(scene.b, true)), scene.b);
+    QCOMPARE(push(new selectAllBoneCommand(scene.other, false)), scene.b);
+    KMNode *const before[] = {nullptr, scene.a, scene.d, scene.d, nullptr, scene.b};
+    for (int i = 5; i >= 0; --i) {
+        scene.session.stack().undo();
+        QCOMPARE(gSolution->currentBone(), before[i]);
+    }
 }
 
 void tst_BoneCommands::cloneOfAContainer()

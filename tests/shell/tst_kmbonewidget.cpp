@@ -35,6 +35,7 @@ private slots:
     void init();
     void selectionBothWays();
     void randomDrops();
+    void dropsInPlace();
     void rowsByKeyboardAndMouse();
     void tagsOfBones();
     void severalTags();
@@ -201,6 +202,19 @@ void tst_kmbonewidget::randomDrops()
     QCOMPARE(dump.text().remove(QStringLiteral(" expanded")), QString(before).remove(QStringLiteral(" expanded")));
 }
 
+/// Rows that stand in their order where they are dropped make no step.
+void tst_kmbonewidget::dropsInPlace()
+{
+    const QRect first = cell(m_c), last = cell(m_d), parent = cell(m_b);
+    for (const QPoint &place :
+         {QPoint(first.center().x(), first.top()), QPoint(last.center().x(), last.bottom()), parent.center()})
+        drop({m_c, m_d}, place);
+    QCOMPARE(stack()->count(), 0);
+    drop({m_c, m_e}, {first.center().x(), last.bottom()});
+    QCOMPARE(shape(), QStringLiteral("0a 1b 2d 2c 2e 0f"));
+    QCOMPARE(stack()->count(), 1);
+}
+
 void tst_kmbonewidget::rowsByKeyboardAndMouse()
 {
     click(m_e, KMTreeWidget::NameColumn);
@@ -349,6 +363,9 @@ void tst_kmbonewidget::movesToAnotherRig()
 {
     auto *other = new KMBoneContainer;
     gProject->addNode(other);
+    auto *namesake = new KMBone;
+    namesake->setName(m_c->name());
+    gSolution->push(new addBoneCommand(other, namesake, nullptr));
     gProject->tree()->setCurrentItem(m_rig->item());
     m_dock->refresh();
     QCOMPARE(m_dock->rig(), m_rig);
@@ -372,8 +389,10 @@ void tst_kmbonewidget::movesToAnotherRig()
     moveByMenu(true);
     QCOMPARE(stack()->count(), steps + 1);
     QCOMPARE(shape(), QStringLiteral("0a 1e 0f"));
-    QCOMPARE(other->bones(), (QList<KMBone *>{m_b, m_c, m_d}));
+    QCOMPARE(other->bones(), (QList<KMBone *>{namesake, m_b, m_c, m_d}));
+    QCOMPARE(m_c->name(), QStringLiteral("c0")); // keys find a bone by its name
     stack()->undo();
+    QCOMPARE(m_c->name(), QStringLiteral("c"));
     // Dropped with Ctrl it is a copy that moves.
     gProject->tree()->setCurrentItem(m_rig->item());
     m_dock->refresh();

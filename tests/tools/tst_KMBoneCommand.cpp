@@ -86,6 +86,7 @@ private slots:
     void createMakesARigOnce();
     void cloneRemapsInsideTheCopy();
     void symmetricBones();
+    void deletesWhatIsAtHand();
     void linearize();
     void symmetrize();
     void fitting();
@@ -225,6 +226,24 @@ void tst_KMBoneCommand::symmetricBones()
     QVERIFY(isNear(desk.bone("elbow_R")->restTail(), {-60, 35, 8}));
     QVERIFY(isNear(desk.bone("arm_R")->restHead(), {-10, 40, 0}) && desk.bone("arm_R")->isMovable());
     QCOMPARE(desk.run("BoneComCreateSymBone"), 0); // each has a partner, the spine itself
+    KMBone *leg = desk.addBone(QStringLiteral("leg"), desk.spine, {0, 0, 0}, {20, -40, 0}); // from the plane
+    leg->setSelectMask(KMBone::BothSelected);
+    QCOMPARE(desk.run("BoneComCreateSymBone"), 1);
+    QCOMPARE(desk.run("BoneComCreateSymBone"), 0);
+}
+
+/// What nobody sees or may touch isn't lost.
+void tst_KMBoneCommand::deletesWhatIsAtHand()
+{
+    Arm desk;
+    for (KMBone *bone : desk.rig->bones())
+        bone->setSelectMask(KMBone::BothSelected);
+    desk.arm->setLocked(true);
+    desk.elbow->setVisible(false);
+    QCOMPARE(desk.run("BoneComDeleteSelBone"), 1);
+    QCOMPARE(desk.names(), QStringLiteral("0arm_L 1elbow_L"));
+    QVERIFY(desk.lastMessage().startsWith('2'));
+    QCOMPARE(desk.run("BoneComDeleteSelBone"), 0);
 }
 
 void tst_KMBoneCommand::linearize()
@@ -263,6 +282,14 @@ void tst_KMBoneCommand::symmetrize()
     left->setRest(restBone({0, 0, 0}, {10, 0, 0}));
     QCOMPARE(desk.run("BoneComSymmetrize"), 0);
     QCOMPARE(desk.lastMessage(), QStringLiteral("illegal head position"));
+    // The tail of a point is its head, whatever its hidden direction.
+    left->setRest(restBone({10, 0, 0}, {-9, 0, 0}));
+    for (KMBone *bone : {left, right})
+        bone->setViewType(KMBoneShape::Point);
+    const kvm::Quaternion rotation = left->rotation();
+    QCOMPARE(desk.run("BoneComSymmetrize"), 1);
+    QVERIFY(isNear(left->restHead(), {11, right->restHead().y, right->restHead().z}));
+    QVERIFY(left->rotation() == rotation && left->lengthScale() == 0.19f);
 }
 
 void tst_KMBoneCommand::fitting()
@@ -362,6 +389,11 @@ void tst_KMBoneCommand::reflectedPartner()
     QVERIFY(isNear(right->restHead(), {-10, 40, 0}) && isNear(right->restTail(), {-40, 30, 0}));
     QVERIFY(isNear(desk.arm->restHead(), {10, 40, 0}));
     QCOMPARE(desk.run("BoneComAlignReflectBone"), 0); // they are images now
+    desk.arm->setRest(restBone({0, 40, 0}, {40, 30, 0}));
+    right->setRest(restBone({0, 40, 0}, {-44, 30, 6}));
+    QCOMPARE(desk.run("BoneComAlignReflectBone"), 1); // also those that start on the plane
+    QVERIFY(isNear(right->restTail(), {-40, 30, 0}));
+    desk.arm->setRest(restBone({10, 40, 0}, {40, 30, 0}));
     KMBone *nameless = desk.addBone({}, nullptr, {-1, 2, 3}, {-4, 5, 6});
     desk.bone("elbow_L")->setName(QStringLiteral("bright")); // of no side
     desk.arm->setSelectMask(0);

@@ -11,6 +11,8 @@
 #include "rig/KMBoneMMDTemplate.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMJointMove.h"
+#include "shell/attributes/KMAttributePage.h"
+#include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
 #include "support/CommandProof.h"
 #include "support/RigDump.h"
@@ -110,6 +112,7 @@ class tst_KMBoneTools : public QObject
 private slots:
     void drawsAChain();
     void drawsBothSides();
+    void drawsBothSidesOfAPose();
     void snapsToVertices();
     void movesJoints_data();
     void movesJoints();
@@ -123,6 +126,9 @@ private slots:
     void marquees_data();
     void marquees();
     void transforms();
+    void clicksOnNothing();
+    void editMenuMeansBones();
+    void attributesFollowTheMouse();
     void erases();
     void poses();
     void posesInPerspective();
@@ -194,6 +200,30 @@ void tst_KMBoneTools::drawsBothSides()
         CLOSE(child(bones[0], side)->restTail(), Vector3(50 * side, 90, 0));
         CLOSE(child(bones[0], side)->childBones()[0]->restHead(), Vector3(50 * side, 90, 0));
     }
+}
+
+/// A spine bent aside stands on the plane at rest: what goes straight on from it is its own image.
+void tst_KMBoneTools::drawsBothSidesOfAPose()
+{
+    BoneWindow window(KMToolKind::Bone);
+    QVERIFY(window.isReady());
+    KMBone *spine = window.add("spine", nullptr, {0, 0, 0}, {0, 40, 0});
+    PoseTransform pose;
+    pose.rotation = Quaternion::fromAxisAngle({0, 0, 1}, 0.7f);
+    spine->setKeyPose(pose);
+    window.rig->animation()->reevaluate();
+    KMEditFilter filter;
+    filter.symmetry = true;
+    window.filter(filter);
+    const Vector3 end = spine->tail();
+    const auto shown = [&](const Vector3 &way) { return end + pose.rotation.rotate(way); };
+    STEP(window, "Add Bone", [&] { window.pull(end, shown({0.2f, 30, 0})); });
+    QCOMPARE(window.rig->bones().size(), 2);
+    QCOMPARE(window.rig->bones()[1]->restTail().x, 0.0f);
+    STEP(window, "Add Bone", [&] { window.pull(end, {0, shown({30, 0, 0}).y, 0}); }); // seen on the plane
+    QCOMPARE(window.rig->bones().size(), 4);
+    const QList<KMBone *> arms = spine->childBones().mid(1);
+    CLOSE(arms[1]->restTail(), window.rig->mirrorPlane().reflected(arms[0]->restTail()));
 }
 
 void tst_KMBoneTools::snapsToVertices()
@@ -283,60 +313,79 @@ void tst_KMBoneTools::movesWhatIsShown()
 
 void tst_KMBoneTools::mirrorsAtRest_data()
 {
-    QTest::addColumn<int>("toolId");
-    QTest::addColumn<bool>("turns");
-    QTest::newRow("joint") << int(KMToolKind::Bone) << false;
-    QTest::newRow("turn") << int(KMToolKind::Rotate) << true;
+    QTest::addColumn<float>("shoulder"); // how far from the plane
+    QTest::addColumn<bool>("isPosed");
+    QTest::newRow("arms apart") << 10.0f << false;
+    QTest::newRow("arms from the plane") << 0.0f << false;
+    QTest::newRow("arms apart, posed") << 10.0f << true;
+    QTest::newRow("arms from the plane, posed") << 0.0f << true;
 }
 
-/// With one arm raised by its pose, what the other one gets at rest is the image of what this one got there.
+/// Whatever is grabbed: the sides stay images of each other at rest, joints hold, and what the mouse has goes with it,
+/// also where each side is posed in another way.
 void tst_KMBoneTools::mirrorsAtRest()
 {
-    QFETCH(bool, turns);
+    QFETCH(float, shoulder);
+    QFETCH(bool, isPosed);
     BoneWindow window(KMToolKind::Bone);
     QVERIFY(window.isReady());
+    QRandomGenerator random(11);
+    const auto number = [&](double range) { return float((random.generateDouble() - 0.5) * range); };
+    const auto way = [&](double range) { return Vector3(number(range), number(range), number(range)); };
+    const auto quaternion = [&] { return Quaternion::fromAxisAngle(way(2.0).normalized(), number(2.0)); };
     KMBone *root = window.add("root", nullptr, {0, 0, 0}, {0, 40, 0});
     KMBone *arms[2], *hands[2];
     for (const int side : {0, 1}) {
         const float x = side ? -1.0f : 1.0f;
-        arms[side] = window.add("arm", root, {10 * x, 40, 0}, {50 * x, 40, 0});
+        arms[side] = window.add("arm", root, {shoulder * x, 40, 0}, {50 * x, 40, 0});
         hands[side] = window.add("hand", arms[side], {50 * x, 40, 0}, {80 * x, 30, 10});
     }
-    PoseTransform pose;
-    pose.rotation = Quaternion::fromAxisAngle({0, 0, 1}, 0.9f);
-    arms[0]->setKeyPose(pose);
-    hands[0]->setKeyPose(pose);
-    pose.rotation = Quaternion::fromAxisAngle({0, 1, 0}, 0.5f);
-    root->setKeyPose(pose);
-    window.rig->animation()->reevaluate();
-    const KMSymmetryPlane plane = window.rig->mirrorPlane();
-    KMJointMove::Options options;
-    options.mirrors = true;
-    options.tolerance = 0.1f;
-    const int ends = turns ? KMBone::BothSelected : KMBone::TailSelected;
-    KMJointMove move(window.rig, {{arms[0], ends}}, options, arms[0]->tail());
-    KMJointMove::Motion motion;
-    motion.isRigid = turns;
-    motion.map = [](const Vector3 &point) { return point; };
-    const KMBoneRest before = arms[1]->rest();
-    move.apply(motion);
-    QVERIFY(turns ? isClose(arms[1]->rest().tail(), before.tail(), 1e-4f) : arms[1]->rest() == before);
-    const Quaternion turn = Quaternion::fromAxisAngle(Vector3(1, 2, 3).normalized(), 0.3f);
-    motion.turn = turn;
-    const Vector3 from = arms[0]->head();
-    const Vector3 elbow = arms[0]->tail();
-    motion.map = [&](const Vector3 &point) {
-        return turns ? from + turn.rotate(point - from) : point + Vector3(3, -5, 2);
-    };
-    const Vector3 asked = motion.map(elbow);
-    move.apply(motion);
-    CLOSE(arms[0]->tail(), asked);
-    CLOSE(hands[0]->head(), asked);
-    for (KMBone **pair : {arms, hands}) {
-        CLOSE(pair[1]->restHead(), plane.reflected(pair[0]->restHead()));
-        CLOSE(pair[1]->restTail(), plane.reflected(pair[0]->restTail()));
+    if (isPosed) {
+        for (KMBone *bone : window.rig->bones()) {
+            PoseTransform pose;
+            pose.rotation = quaternion();
+            bone->setKeyPose(pose);
+        }
+        window.rig->animation()->reevaluate();
     }
-    QVERIFY(!isClose(arms[1]->restTail(), before.tail(), 1.0f));
+    const KMSymmetryPlane plane = window.rig->mirrorPlane();
+    const QList<KMBone *> bones = window.rig->bones();
+    for (int round = 0; round < 120; ++round) {
+        KMBone *bone = bones[random.bounded(1, 5)];
+        KMBone *other = bones[random.bounded(5)];
+        QVector<KMJointMove::Grabbed> grabbed{{bone, random.bounded(1, 4)}};
+        if (other != bone && random.bounded(2))
+            grabbed.append({other, random.bounded(1, 4)});
+        const bool isTail = grabbed[0].ends & KMBone::TailSelected;
+        const Vector3 anchor = isTail ? bone->tail() : bone->head();
+        const bool isFree = isTail || shoulder > 0.0f || bone->parentBone() != root; // else the plane holds it
+        KMJointMove::Options options;
+        options.mirrors = random.bounded(4);
+        options.tolerance = 0.1f;
+        options.takesChildren = random.bounded(2);
+        KMJointMove move(window.rig, grabbed, options, anchor);
+        KMJointMove::Motion motion;
+        motion.isRigid = random.bounded(2);
+        motion.turn = quaternion();
+        const Vector3 centre = way(100), delta = way(30);
+        motion.map = [&](const Vector3 &p) {
+            return motion.isRigid ? centre + motion.turn.rotate(p - centre) : p * 1.1f + delta;
+        };
+        move.apply(motion);
+        const QByteArray where =
+            QByteArray::number(round) + ' ' + bone->name().toUtf8() + ' ' + QByteArray::number(grabbed[0].ends);
+        QVERIFY2(!isFree || isClose(isTail ? bone->tail() : bone->head(), motion.map(anchor)), where);
+        for (KMBone **pair : {arms, hands}) {
+            const KMBone *image = options.mirrors ? pair[1] : nullptr;
+            QVERIFY2(!image || isClose(image->restHead(), plane.reflected(pair[0]->restHead())), where);
+            QVERIFY2(!image || isClose(image->restTail(), plane.reflected(pair[0]->restTail())), where);
+        }
+        for (const int side : {0, 1}) {
+            QVERIFY2(isClose(hands[side]->restHead(), arms[side]->restTail()), where);
+            QVERIFY2(shoulder > 0.0f || isClose(arms[side]->restHead(), root->restTail()), where);
+        }
+        move.restore();
+    }
 }
 
 /// The bones go with the old document, while the mouse still holds them.
@@ -514,6 +563,82 @@ void tst_KMBoneTools::transforms()
     QCOMPARE(window.masks(), QString("arm0 hand0"));
 }
 
+/// It takes everything out of the selection, also in other rigs, and stays so until it is undone.
+void tst_KMBoneTools::clicksOnNothing()
+{
+    for (const int toolId : {KMToolKind::Bone, KMToolKind::Universal}) {
+        BoneWindow window(toolId);
+        QVERIFY(window.isReady());
+        auto *other = new KMBoneContainer;
+        gProject->addToScene(other);
+        auto *far = new KMBone;
+        gSolution->push(new addBoneCommand(other, far, nullptr));
+        far->setSelectMask(KMBone::TailSelected);
+        KMBone *bone = window.add("a", nullptr, {0, 0, 0}, {0, 40, 0});
+        if (toolId == KMToolKind::Bone)
+            window.bar->tool(toolId)->setMode(KMToolBone::Move);
+        gSolution->push(new selectBoneCommand(bone, KMBone::BothSelected));
+        STEP(window, "UnSelectAll", [&] { ViewMouse(window.view(front)).click({15, 200}); });
+        QVERIFY(!bone->selectMask() && !far->selectMask());
+        const int steps = window.steps();
+        ViewMouse(window.view(front)).click({15, 200});
+        QCOMPARE(window.steps(), steps);
+        window->undoStack()->undo();
+        QVERIFY(bone->selectMask() == KMBone::BothSelected && far->selectMask() == KMBone::TailSelected);
+    }
+}
+
+/// While the rig is current and the user isn't at work in the tree.
+void tst_KMBoneTools::editMenuMeansBones()
+{
+    BoneWindow window(KMToolKind::Universal);
+    QVERIFY(window.isReady());
+    KMBone *a = window.add("a", nullptr, {0, 0, 0}, {0, 40, 0});
+    window.add("b", a, {0, 40, 0}, {0, 80, 0});
+    window.add("c", a, {0, 40, 0}, {50, 80, 0})->setLocked(true);
+    QVERIFY(window.focus(window.view(front)));
+    window.trigger("ComSelectAll");
+    QCOMPARE(window.masks(), QString("a3 b3 c0"));
+    for (const char *action : {"ComSelectAll", "actionCopy", "actionCut"})
+        window.trigger(action);
+    QCOMPARE(window.steps(), 1);
+    window.trigger("actionDuplicate");
+    QCOMPARE(window.steps(), 2);
+    QCOMPARE(window.onlyRig()->bones().size(), 6); // with what hangs on them
+    window.trigger("ComUnselectAll");
+    QVERIFY(window.rig->selectedBones().isEmpty());
+    QVERIFY(window.rig->item()->isSelected());
+}
+
+/// A bone that is picked in a view is the one whose values show, and that a lock holds.
+void tst_KMBoneTools::attributesFollowTheMouse()
+{
+    BoneWindow window(KMToolKind::Universal);
+    QVERIFY(window.isReady());
+    window.add("a", nullptr, {-60, 0, 0}, {-60, 40, 0});
+    KMBone *b = window.add("b", nullptr, {60, 0, 0}, {60, 40, 0});
+    const auto field = [&](const char *name) {
+        return window->attributeDock()->page()->findChild<QWidget *>(QLatin1String(name));
+    };
+    const auto lengthShown = [&] { return field("length") ? field("name")->property("text").toString() : QString(); };
+    QCOMPARE(lengthShown(), QString()); // the rig's page
+    ViewMouse(window.view(front)).click(window.place({-60, 20, 0}));
+    QCOMPARE(lengthShown(), QString("a"));
+    gProject->tree()->setCurrentItem(nullptr);
+    ViewMouse(window.view(front)).click(window.place({60, 20, 0})); // which makes the rig current as well
+    QCOMPARE(gSolution->currentNode(), window.rig);
+    QCOMPARE(lengthShown(), QString("b"));
+    QVERIFY(field("length")->isEnabled());
+    for (KMContainerNode *holder : QVector<KMContainerNode *>{b, window.rig}) {
+        holder->setLocked(true);
+        window->attributeDock()->refresh();
+        for (const char *name : {"position", "length", "viewType", "movable", "minH"})
+            QVERIFY2(!field(name)->isEnabled(), name);
+        QVERIFY(field("name")->isEnabled() && field("locked")->isEnabled());
+        holder->setLocked(false);
+    }
+}
+
 void tst_KMBoneTools::erases()
 {
     BoneWindow window(KMToolKind::Erase);
@@ -532,8 +657,23 @@ void tst_KMBoneTools::erases()
     window.bar->tool(KMToolKind::Universal)->requestActivation();
     ViewMouse(window.view(front)).click(window.place({60, 60, 0}));
     QVERIFY(window.focus(window.view(front)));
-    STEP(window, "Delete Selected Bone", [&] { QTest::keyClick(window.view(front), Qt::Key_Delete); });
+    const auto press = [&] { QTest::keyClick(window.view(front), Qt::Key_Delete); };
+    STEP(window, "Delete Selected Bone", press);
     QCOMPARE(window.masks(), QString("a0"));
+    // Where it can't, the rig isn't meant.
+    a->setSelectMask(KMBone::BothSelected);
+    const int steps = window.steps();
+    const QVector<KMContainerNode *> holders{a, window.rig};
+    for (void (KMContainerNode::*set)(bool) : {&KMContainerNode::setLocked, &KMContainerNode::setVisible}) {
+        const bool on = set == &KMContainerNode::setLocked;
+        for (KMContainerNode *holder : holders) {
+            (holder->*set)(on);
+            press();
+            (holder->*set)(!on);
+        }
+    }
+    QCOMPARE(window.steps(), steps);
+    QVERIFY(!window.rig->isDeleted() && !a->isDeleted());
 }
 
 void tst_KMBoneTools::poses()

@@ -11,9 +11,11 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QtMath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -33,10 +35,28 @@ KMBonePage::KMBonePage(KMBone *bone)
     : KMNodePage(bone)
     , m_bone(bone)
 {
+    const int first = form()->rowCount();
     addRest();
     addSwitches();
     addLimits();
+    const int last = form()->rowCount();
     addTags();
+    onRefresh([this, first, last] { showLock(first, last); });
+}
+
+/// What a lock holds can be read, but not edited.
+void KMBonePage::showLock(int first, int last)
+{
+    for (int row = first; row < last; ++row) {
+        QLayoutItem *field = form()->itemAt(row, QFormLayout::FieldRole);
+        if (field && field->widget())
+            field->widget()->setEnabled(!isLocked());
+    }
+}
+
+bool KMBonePage::isLocked() const
+{
+    return m_bone->isLocked() || (m_bone->container() && m_bone->container()->isLocked());
 }
 
 void KMBonePage::addRest()
@@ -153,9 +173,14 @@ void KMBonePage::addTags()
 
 QList<KMBone *> KMBonePage::affected() const
 {
+    if (isLocked())
+        return {};
     if (!m_bone->selectMask() || !m_bone->container())
         return {m_bone};
-    return m_bone->container()->selectedBones();
+    QList<KMBone *> bones = m_bone->container()->selectedBones();
+    bones.erase(std::remove_if(bones.begin(), bones.end(), [](const KMBone *bone) { return bone->isLocked(); }),
+                bones.end());
+    return bones;
 }
 
 void KMBonePage::edit(const std::function<void(KMBone *)> &push)

@@ -22,7 +22,9 @@ private:
     void addLimits();
     void addAngle(const QString &label, const QString &key, float BoneLimit::*angle, int field);
     void addTags();
-    QList<KMBone *> affected() const; ///< the bone, and those that are selected with it
+    void showLock(int first, int last);
+    bool isLocked() const;            ///< the bone or its rig is
+    QList<KMBone *> affected() const; ///< the bone, and those that are selected with it and aren't locked
     void edit(const std::function<void(KMBone *)> &push);
     void editLimits(const BoneLimit &limits, int fields);
 

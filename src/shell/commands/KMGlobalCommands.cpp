@@ -10,6 +10,11 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshSelect.h"
 #include "mesh/KMMeshTargets.h"
+#include "render/KMBonePicker.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneSelectionCommand.h"
+#include "tools/KMBoneTargets.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -39,13 +44,35 @@ QSet<int> usedIndices(QSet<int> (KMContainerNode::*used)() const)
     return indices;
 }
 
-/// The chosen meshes that have something to select, unless the user is at work in the tree: what is selected there are
-/// nodes.
-QList<KMMeshNode *> meshesInMind()
+/// The user is at work in the tree: what is selected there are nodes.
+bool isTreeInUse()
 {
     const QTreeWidget *tree = gProject->tree();
     const QWidget *focus = QApplication::focusWidget();
-    if (!KMMeshTargets::filteredElements() || (focus && (focus == tree || tree->isAncestorOf(focus))))
+    return focus && (focus == tree || tree->isAncestorOf(focus));
+}
+
+/// The rig whose bones are meant, before any mesh.
+KMBoneContainer *rigInMind()
+{
+    return isTreeInUse() ? nullptr : KMBoneTargets::container();
+}
+
+/// The bones of a rig that the mouse could select and that aren't selected as wholes.
+QList<KMBone *> bonesToSelect(const KMBoneContainer &rig)
+{
+    QList<KMBone *> bones;
+    for (KMBone *bone : rig.bones()) {
+        if (KMBonePicker::isPickable(*bone) && bone->selectMask() != KMBone::BothSelected)
+            bones << bone;
+    }
+    return bones;
+}
+
+/// The chosen meshes that have something to select.
+QList<KMMeshNode *> meshesInMind()
+{
+    if (!KMMeshTargets::filteredElements() || isTreeInUse())
         return {};
     QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
     meshes.erase(std::remove_if(meshes.begin(), meshes.end(),
@@ -107,11 +134,19 @@ ComSelectAll::ComSelectAll(QObject *parent)
 
 bool ComSelectAll::isOneStep() const
 {
+    if (const KMBoneContainer *rig = rigInMind())
+        return !bonesToSelect(*rig).isEmpty();
     return !meshesInMind().isEmpty();
 }
 
 void ComSelectAll::run()
 {
+    if (KMBoneContainer *rig = rigInMind()) {
+        const QList<KMBone *> bones = bonesToSelect(*rig);
+        if (!bones.isEmpty())
+            gSolution->push(new selectBonesCommand(rig, bones, KMBone::BothSelected));
+        return;
+    }
     const QList<KMMeshNode *> meshes = meshesInMind();
     if (meshes.isEmpty())
         return gProject->tree()->selectAll();
@@ -126,6 +161,8 @@ ComUnselectAll::ComUnselectAll(QObject *parent)
 
 void ComUnselectAll::run()
 {
+    if (rigInMind())
+        return KMBoneTargets::unselectAll();
     if (meshesInMind().isEmpty())
         gProject->tree()->clearSelection();
     else

@@ -5,6 +5,7 @@
 #include "core/KMTreeWidget.h"
 
 #include <QCoreApplication>
+#include <QSet>
 
 namespace {
 
@@ -36,16 +37,6 @@ bool isOf(KMNodeFilter::Family family, int type)
     return row.type ? type == row.type : (type & row.flag) != 0;
 }
 
-/// Returns whether the row or one below it is shown.
-bool showMatching(const KMNodeFilter &filter, QTreeWidgetItem *row)
-{
-    bool shown = filter.matches(KMTreeWidget::nodeOf(row));
-    for (int i = 0; i < row->childCount(); ++i)
-        shown |= showMatching(filter, row->child(i));
-    row->setHidden(!shown);
-    return shown;
-}
-
 } // namespace
 
 QString KMNodeFilter::familyName(Family family)
@@ -60,6 +51,15 @@ bool KMNodeFilter::matches(const KMContainerNode *node) const
 
 void KMNodeFilter::apply(KMTreeWidget *tree) const
 {
-    for (int i = 0; i < tree->topLevelItemCount(); ++i)
-        showMatching(*this, tree->topLevelItem(i));
+    // A row is shown for itself or for one below it: these come behind it in the list.
+    const QList<QTreeWidgetItem *> rows = KMTreeWidget::flatten(tree);
+    QSet<const QTreeWidgetItem *> isShown;
+    for (int i = rows.size() - 1; i >= 0; --i) {
+        QTreeWidgetItem *row = rows[i];
+        if (isShown.contains(row) || matches(KMTreeWidget::nodeOf(row))) {
+            isShown.insert(row);
+            isShown.insert(row->parent());
+        }
+        row->setHidden(!isShown.contains(row));
+    }
 }

@@ -5,6 +5,8 @@
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
 #include "shell/attributes/KMAttributePage.h"
 #include "shell/attributes/KMAttributePages.h"
 
@@ -38,6 +40,15 @@ void kmattributewidget::showFor(KMNode *node)
                 : isTag(type)              ? Tag
                 : type == KMNodeType::Bone ? Bone
                                            : Node);
+}
+
+void kmattributewidget::followSession()
+{
+    KMNode *bone = gSolution->currentBone();
+    if (bone && bone != m_bone && nodeAs<KMBone>(bone)->container() == gSolution->currentNode())
+        m_subject = Bone;
+    m_bone = bone;
+    refresh();
 }
 
 KMNode *kmattributewidget::subjectNode() const
@@ -97,6 +108,7 @@ void kmattributewidget::resetDocument()
 {
     dropPage();
     m_subject = Node;
+    m_bone = nullptr;
     refresh();
 }
 

@@ -19,6 +19,9 @@ public:
     void showFor(KMNode *node); ///< the kind that the node is of; the current node's where it is null
     KMAttributePage *page() const { return m_page; } ///< null while there is no document
 
+    /// After a step: a bone that the mouse has made current is what is shown, while its rig is.
+    void followSession();
+
     void commit() override;
     void refresh() override;
     void resetDocument() override;
@@ -32,6 +35,7 @@ private:
     Subject m_subject = Node;
     bool m_released = false;
     KMNode *m_node = nullptr; // what the page shows
+    KMNode *m_bone = nullptr; // current after the last step; may be gone
     KMAttributePage *m_page = nullptr;
     QScrollArea *m_area;
 };

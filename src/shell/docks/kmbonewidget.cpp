@@ -7,6 +7,7 @@
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 #include "shell/KMBoneMoves.h"
 
 #include <QAction>
@@ -114,7 +115,7 @@ void kmbonewidget::selectionChanged()
     }
     if (current && current->isSelected())
         bones << KMBoneTreeWidget::boneOf(current);
-    KMBoneMoves::select(m_rig, bones);
+    KMBoneEdit::pushSelected(m_rig, bones);
     if (!bones.isEmpty())
         emit onNodeChanged(bones.last(), KMNodeType::Bone);
 }
@@ -202,6 +203,6 @@ void kmbonewidget::dropNodes(const QList<KMContainerNode *> &nodes, KMContainerN
         return;
     if (asCopy)
         KMBoneMoves::copy(m_rig, bone, place);
-    else if (!KMBoneMoves::move(bonesOf(nodes), bone, place))
-        gSolution->showMessage(tr("A bone can't stand below itself"), KMCommand::MessageLevel);
+    else
+        KMBoneMoves::move(bonesOf(nodes), bone, place);
 }

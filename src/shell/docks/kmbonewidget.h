@@ -20,10 +20,10 @@ public:
 
     void refresh() override;
     void resetDocument() override;
+    bool editRows(Edit edit) override; ///< what it means for the selected bones, wherever the focus is
 
 protected:
     void connectTree() override;
-    bool editRows(Edit edit) override;
     void addEntries(QMenu *menu, const QTreeWidgetItem *row) override;
     void dropNodes(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place,
                    bool asCopy) override;
