@@ -79,7 +79,12 @@ bool KMMeshTargets::isEditable(const KMMeshNode &mesh)
 bool KMMeshTargets::isControl(const KMMeshNode &mesh)
 {
     const KMMeshModifier *owner = mesh.ownerModifier(); // which may have several beside its result
-    return owner && owner->controlMesh() && owner->modMesh() != &mesh;
+    return owner && owner->modMesh() != &mesh;
+}
+
+bool KMMeshTargets::hasSurface(const KMMeshNode &mesh)
+{
+    return !isControl(mesh);
 }
 
 bool KMMeshTargets::isUnderControl(const KMMeshNode &mesh)

@@ -32,6 +32,8 @@ bool isEditable(const KMMeshNode &mesh); ///< not locked, in the scene, and show
 
 /// The points that a modifier offers to be moved by hand, such as a lattice.
 bool isControl(const KMMeshNode &mesh);
+/// Its faces are drawn, and so hide, catch and hold what meets them: those of points to be moved by hand are not.
+bool hasSurface(const KMMeshNode &mesh);
 /// Of a chain with such points, while the user works at these and not at the mesh itself: the mouse means the points.
 bool isUnderControl(const KMMeshNode &mesh);
 

@@ -158,6 +158,8 @@ void KMBoneContainer::restoreOrder(BoneAnimation::Relinked &&relinked)
 void KMBoneContainer::markOrderStale()
 {
     m_orderStale = true;
+    if (gProject)
+        gProject->rebuildDerivedLists(); // helpers show as long as their bones are there
     requestPose();
 }
 

@@ -9,6 +9,7 @@
 
 #include <QVarLengthArray>
 
+#include <algorithm>
 #include <cstring>
 
 using kvm::Vector3;
@@ -88,14 +89,18 @@ KMModAnchorNode::Anchor KMModAnchorNode::makeHelper(KMBone *bone) const
 
 KMMeshNode *KMModAnchorNode::controlMesh() const
 {
-    return m_anchors.isEmpty() ? nullptr : m_anchors.first()->mesh();
+    const auto isLive = [](const Anchor &anchor) { return anchor->isLive(); };
+    const auto first = std::find_if(m_anchors.begin(), m_anchors.end(), isLive);
+    return first == m_anchors.end() ? nullptr : (*first)->mesh();
 }
 
 QList<KMContainerNode *> KMModAnchorNode::evaluatedMeshes() const
 {
     QList<KMContainerNode *> meshes{modMesh()};
-    for (const Anchor &anchor : m_anchors)
-        meshes << anchor->mesh();
+    for (const Anchor &anchor : m_anchors) {
+        if (anchor->isLive())
+            meshes << anchor->mesh();
+    }
     return meshes;
 }
 
@@ -195,8 +200,10 @@ KMModAnchorNode *KMModAnchorNode::clone() const
 {
     auto *copy = cloneOf(*this);
     Anchors anchors;
-    for (const Anchor &anchor : m_anchors)
-        anchors << Anchor(anchor->clone());
+    for (const Anchor &anchor : m_anchors) {
+        if (anchor->bone()) // else nothing can bring it back
+            anchors << Anchor(anchor->clone());
+    }
     copy->setAnchors(anchors);
     return copy;
 }

@@ -44,8 +44,8 @@ public:
     void setAnchors(const Anchors &anchors);
     Anchor makeHelper(KMBone *bone) const; ///< a box about the bone, for setAnchors()
 
-    KMMeshNode *controlMesh() const override; ///< the first helper
-    QList<KMContainerNode *> evaluatedMeshes() const override;
+    KMMeshNode *controlMesh() const override; ///< the first helper whose bone is live
+    QList<KMContainerNode *> evaluatedMeshes() const override; ///< the result, and the helpers of live bones
     void onModMeshEdited(KMMeshNode *mesh) override; ///< the weights follow the helpers
     void notifyDependents() override;                ///< likewise, after edits that change more than places
     KMModAnchorNode *clone() const override;

@@ -70,7 +70,7 @@ bool showsFaces(const KMMeshNode &mesh)
 {
     const KMMeshModifier *owner = mesh.ownerModifier();
     const bool isPassedOn = owner ? owner->next() != nullptr : !mesh.modifiers().isEmpty();
-    return !isPassedOn && KMMeshTargets::isEditable(mesh);
+    return !isPassedOn && KMMeshTargets::hasSurface(mesh) && KMMeshTargets::isEditable(mesh);
 }
 
 /// What the user sees besides a mesh. The results of its own modifiers go where it goes.
