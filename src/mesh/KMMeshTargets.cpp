@@ -105,6 +105,11 @@ bool KMMeshTargets::hasOwnVertices(const KMMeshNode &mesh)
     return !mesh.ownerNode() || isControl(mesh); // results are made anew with the next change before them
 }
 
+bool KMMeshTargets::hasOwnTopology(const KMMeshNode &mesh)
+{
+    return !mesh.ownerNode() || (isControl(mesh) && mesh.ownerModifier()->areControlsShapes());
+}
+
 KMMeshTargets::Elements KMMeshTargets::filteredElements()
 {
     const KMEditFilter &filter = gSolution->editFilter();

@@ -40,6 +40,8 @@ bool isUnderControl(const KMMeshNode &mesh);
 /// Its vertices are the user's: what a primitive makes isn't to be moved one by one, nor is the result of a modifier
 /// that has points for this.
 bool hasOwnVertices(const KMMeshNode &mesh);
+/// So are its edges and faces, and which vertices there are: steps that cut and join may work on it.
+bool hasOwnTopology(const KMMeshNode &mesh);
 
 /// The kinds of elements that the session's edit filter lets the mouse work on.
 Elements filteredElements();

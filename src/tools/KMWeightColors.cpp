@@ -74,8 +74,6 @@ void KMWeightColors::change(const QVector<int> &vertices)
     m_log += vertices;
     m_logEnds.push_back(m_log.size());
     ++m_revision;
-    for (View &view : m_views)
-        view.number = view.tag ? view.tag->knownNumberOf(m_bone) : -1;
 }
 
 /// Results that carry weights of their own show these; others, such as those that bones have moved, those of the
@@ -107,9 +105,13 @@ KMWeightColors::View KMWeightColors::makeView(const KMMeshNode &mesh) const
 
 const KMWeightColors::View &KMWeightColors::viewOf(const KMMeshNode &mesh) const
 {
-    for (const View &view : m_views) {
-        if (view.mesh == &mesh && (!view.isMapped || view.sourceOf.size() == mesh.vertexCount()))
-            return view;
+    for (View &view : m_views) {
+        if (view.mesh != &mesh || (view.isMapped && view.sourceOf.size() != mesh.vertexCount()))
+            continue;
+        // Results number their bones anew with each frame.
+        if (view.tag && view.tag->bones().value(view.number) != m_bone)
+            view.number = view.tag->knownNumberOf(m_bone);
+        return view;
     }
     m_views.erase(std::remove_if(m_views.begin(), m_views.end(), [&](const View &view) { return view.mesh == &mesh; }),
                   m_views.end());

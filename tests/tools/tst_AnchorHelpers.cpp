@@ -2,8 +2,10 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshTargets.h"
+#include "mesh/KMSelectionDelete.h"
 #include "render/KMCameraNode.h"
 #include "render/KMPicker.h"
 #include "rig/KMBone.h"
@@ -15,6 +17,7 @@
 #include "support/TestRegistry.h"
 #include "tools/KMBonePlace.h"
 #include "tools/KMNodeComContainer.h"
+#include "tools/KMSelComContainer.h"
 #include "tools/KMSnapSearch.h"
 
 #include <QTest>
@@ -76,6 +79,7 @@ private slots:
     void wiresArePickedThrough();
     void nothingStopsAtThem();
     void theyGoWithTheirBones();
+    void theyAreCut();
 };
 
 void tst_AnchorHelpers::wiresArePickedThrough()
@@ -131,6 +135,27 @@ void tst_AnchorHelpers::theyGoWithTheirBones()
     QVERIFY(!isThere() && !KMMeshTargets::isUnderControl(*scene.anchor->modMesh()));
     scene.session.stack().undo();
     QVERIFY(isThere());
+}
+
+/// Beside them the result, which is made anew with the next change, is left alone.
+void tst_AnchorHelpers::theyAreCut()
+{
+    HelperScene scene;
+    KMMeshNode &result = *scene.anchor->modMesh();
+    const QString made = meshText(result);
+    scene.helper->setFaceFlag(0, KMElementFlag::Selected);
+    result.setFaceFlag(0, KMElementFlag::Selected);
+    QVERIFY(KMMeshEdit::deleteSelection(KMMeshTargets::Faces));
+    QVERIFY(!scene.helper->face(0) && result.face(0));
+    scene.helper->setFaceFlag(1, KMElementFlag::Selected);
+    KMSelComContainer commands;
+    commands.command(QStringLiteral("SelComTriangulate"))->trigger();
+    QCOMPARE(scene.helper->liveFaces().size(), 6);
+    QVERIFY(result.face(0) && result.face(0)->count == 4);
+    scene.session.stack().setIndex(0);
+    result.face(0)->flags = 0;
+    gSolution->update(0);
+    QCOMPARE(meshText(result), made);
 }
 
 KM_TEST(tst_AnchorHelpers);
