@@ -83,10 +83,11 @@ Record readAnchor(KMDReadContext &context)
         return record;
     const int leftOut = record.anchor->setShape(points, faces);
     if (leftOut > 0)
-        in.warn(Texts::tr("%1 faces of the anchor %2 were left out: they have too few or too many corners, or such that "
-                          "it doesn't have")
-                    .arg(leftOut)
-                    .arg(mesh->name()));
+        in.warn(
+            Texts::tr("%1 faces of the anchor %2 were left out: they have too few or too many corners, or such that "
+                      "it doesn't have")
+                .arg(leftOut)
+                .arg(mesh->name()));
     return record;
 }
 

@@ -128,8 +128,7 @@ void KMPickSearch::collectMeshes()
         const bool hasElements = KMMeshTargets::isControl(*mesh)
                                  || ((!owner || m_request.includeChildren) && !KMMeshTargets::isUnderControl(*mesh));
         Nearby nearby{mesh, isPickable, hasElements, KMMeshTargets::hasSurface(*mesh), false, {}, {}};
-        nearby.isCulled =
-            nearby.hasSurface && m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
+        nearby.isCulled = nearby.hasSurface && m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
         m_nearby.push_back(nearby);
     }
 }

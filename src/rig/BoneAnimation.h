@@ -39,7 +39,10 @@ public:
 
     QString name() const { return m_name; }
     void setName(const QString &name) { m_name = name; }
-    QList<KMBoneKey> &selected() { return m_selected; } ///< for panels that let keys be chosen; the line of time doesn't
+    QList<KMBoneKey> &selected()
+    {
+        return m_selected;
+    } ///< for panels that let keys be chosen; the line of time doesn't
 
     // Tracks
 

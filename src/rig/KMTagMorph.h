@@ -39,7 +39,7 @@ public:
     const QVector<float> &offsets() const { return m_offsets; } ///< three for each vertex slot
     /// Where a vertex that is shown at a place would be shown without the offset of the tag.
     kvm::Vector3 placeWithout(int vertex, const kvm::Vector3 &shown) const;
-    int vertexCount() const { return m_vertexCount; }           ///< slots at the last apply(); -1 before
+    int vertexCount() const { return m_vertexCount; } ///< slots at the last apply(); -1 before
 
     /// Gives a morph what leads from one mesh to another, as both are without their own morphs. Vertices that faces
     /// use are paired by their rank. onlySelected: only where the target's vertex is selected.

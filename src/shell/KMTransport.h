@@ -30,5 +30,5 @@ private:
     KMTimeLine *m_line;
     QLabel *m_last;
     QVector<quint64> m_shownKeys; // the motions whose keys the line shows, and the bones that were selected
-    int m_furthest = 0; // frame that was asked for in this document
+    int m_furthest = 0;           // frame that was asked for in this document
 };

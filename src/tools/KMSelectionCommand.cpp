@@ -70,7 +70,8 @@ void KMSelectionCommand::run()
     for (KMMeshNode *mesh : meshes) {
         followFaces(*mesh);
         runOn(*mesh);
-        if (macro.hasBegun() && KMMeshTargets::hasOwnTopology(*mesh)) // a result would take itself for one that was moved by hand
+        if (macro.hasBegun()
+            && KMMeshTargets::hasOwnTopology(*mesh)) // a result would take itself for one that was moved by hand
             mesh->markDirty(KMMeshDirty::All);
     }
 }

@@ -418,9 +418,9 @@ void tst_KMModAnchorNode::onlyVerticesMove()
     RandomMath random(5);
     QStringList texts;
     for (int i = 0; i < 30; ++i) {
-        const int vertex = int(random.number(0, scene.mesh->vertexCount() - 1));
+        const int vertex = 44 + int(random.number(0, 14.9)); // in the reach of the helper and beside it
         if (i % 3)
-            KMMeshEdit::moveVertex(*scene.mesh, vertex, random.vector(20));
+            KMMeshEdit::moveVertex(*scene.mesh, vertex, random.vector(12));
         else
             KMMeshEdit::moveVertex(*scene.anchor->anchors().first()->mesh(), vertex % 8, random.vector(9));
         KMChainCopy fresh(*scene.mesh);
@@ -428,7 +428,7 @@ void tst_KMModAnchorNode::onlyVerticesMove()
         QCOMPARE(scene.textOf(*behind->modMesh()), scene.textOf(*fresh.stage(1)->modMesh()));
         texts << scene.textOf(*behind->modMesh());
     }
-    QVERIFY(texts.removeDuplicates() < 15);
+    QVERIFY(texts.removeDuplicates() < 20);
     QCOMPARE(behind->modMesh()->vertex(0), record);
 }
 

@@ -60,7 +60,8 @@ void tst_VertexFollowers::bevelTakesTwo()
 {
     SkinScene scene(MeshFixtures::grid(4, 4));
     KMMeshNode &mesh = *scene.mesh;
-    const kvm::Quaternion turn = kvm::Quaternion::fromAxisAngle({0.3f, 1.0f, 0.2f}, 0.37f); // so that shares are rounded
+    const kvm::Quaternion turn =
+        kvm::Quaternion::fromAxisAngle({0.3f, 1.0f, 0.2f}, 0.37f); // so that shares are rounded
     KMBone *side = scene.addBone(QStringLiteral("side"), nullptr, {}, {1, 0, 0});
     for (int i = 0; i < mesh.vertexCount(); ++i) {
         mesh.setPosition(i, turn.rotate(mesh.position(i)) * 0.7f);
