@@ -12,8 +12,10 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMDisplayCommands.h"
 #include "rig/KMRigTags.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
 #include "rig/KMTagJoint.h"
+#include "rig/KMTagMorph.h"
 
 #include <QJsonArray>
 
@@ -168,6 +170,41 @@ QJsonArray namesOf(QList<Tag *> (*tags)(const KMBoneContainer *))
     return list;
 }
 
+/// The live tags of a kind, one of each mesh.
+template <class Tag>
+QList<const Tag *> tagsOfMeshes(int type)
+{
+    QList<const Tag *> tags;
+    for (const KMMeshNode *mesh : gProject->meshesInTree()) {
+        if (const KMTagBase *tag = mesh->findTag(type))
+            tags << static_cast<const Tag *>(tag);
+    }
+    return tags;
+}
+
+QJsonObject weights()
+{
+    int entries = 0;
+    int flagged = 0;
+    for (const auto *tag : tagsOfMeshes<KMTagBoneWeight>(KMNodeType::TagBoneWeight)) {
+        const QVector<BoneWeightEntry> all = tag->entries();
+        entries +=
+            int(std::count_if(all.begin(), all.end(), [](const BoneWeightEntry &e) { return !e.bone->isDeleted(); }));
+        flagged += tag->sdefVertices().size();
+    }
+    return {{"entries", entries}, {"sdef", flagged}};
+}
+
+QJsonArray morphs()
+{
+    QJsonArray list;
+    for (const auto *tag : tagsOfMeshes<KMTagMorph>(KMNodeType::TagMorph)) {
+        for (const KMMorph *morph : tag->liveMorphs())
+            list << QJsonObject{{"name", morph->name()}, {"panel", morph->panel()}, {"deltas", morph->deltas().size()}};
+    }
+    return list;
+}
+
 QJsonArray displayNodes()
 {
     QJsonArray list;
@@ -207,8 +244,8 @@ QJsonObject documentInfo(const QString &format)
         {"nodes", nodes()},
         {"meshes", meshes()},
         {"bones", bones()},
-        {"weights", QJsonObject{{"entries", 0}, {"sdef", 0}}},
-        {"morphs", QJsonArray()},
+        {"weights", weights()},
+        {"morphs", morphs()},
         {"rigidBodies", namesOf(&KMRigTags::bodies)},
         {"joints", namesOf(&KMRigTags::joints)},
         {"displayNodes", displayNodes()},

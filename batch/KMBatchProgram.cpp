@@ -4,9 +4,13 @@
 #include "KMBatchPicture.h"
 #include "KMBatchPrompt.h"
 #include "core/KMHeadlessSession.h"
+#include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMVersion.h"
+#include "formats/KMExchangeFormat.h"
 #include "formats/KMNativeFormat.h"
+#include "formats/VmdImporter.h"
+#include "formats/VpdImporter.h"
 #include "render/KMCameraSet.h"
 
 #include <QCoreApplication>
@@ -18,6 +22,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <vector>
@@ -50,6 +55,27 @@ void printUnknownFormat(const QString &path, const QString &done)
             : QStringLiteral("kelmo-batch: files of the suffix \"%1\" can't be %2 in this version").arg(suffix, done));
 }
 
+/// What a format does with a file, after its questions were answered by switches.
+KMBatchProgram::ExitCode exchange(const KMExchangeFormat::Form &questions, const KMExchangeFormat::Work &work,
+                                  const QString &path, KMBatchProgram::ExitCode failure)
+{
+    KMOptionForm form;
+    if (questions)
+        form = questions();
+    if (!KMPrompt::current().options(form))
+        return KMBatchProgram::WrongUse;
+    return work(path, form) ? KMBatchProgram::Done : failure; // which has said why
+}
+
+bool isThere(const QString &path)
+{
+    if (QFileInfo(path).isFile())
+        return true;
+    KMBatchPrompt::print(QFileInfo::exists(path) ? QStringLiteral("kelmo-batch: \"%1\" is not a regular file").arg(path)
+                                                 : QStringLiteral("kelmo-batch: \"%1\" doesn't exist").arg(path));
+    return false;
+}
+
 /// Drawing needs a display. Where there is none the program starts itself anew inside a virtual one; it comes back from
 /// here only when that isn't installed.
 void enterVirtualDisplay(int argc, char **argv)
@@ -75,14 +101,17 @@ void KMBatchProgram::prepareEnvironment(int argc, char **argv)
     if (draws && qEnvironmentVariableIsEmpty("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         enterVirtualDisplay(argc, argv);
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && (!draws || qEnvironmentVariableIsEmpty("DISPLAY")))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) { // a display that is named need not be there
+        const bool hasDisplay = draws && !qEnvironmentVariableIsEmpty("DISPLAY");
+        qputenv("QT_QPA_PLATFORM", hasDisplay ? "xcb;offscreen" : "offscreen");
+    }
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     qInstallMessageHandler(logHandler);
 }
 
 int KMBatchProgram::run()
 {
+    const KMHeadlessSession session; // the questions of the formats, which are switches, may look at it
     QString error;
     m_arguments = KMBatchArguments::parse(m_argumentList, error);
     if (!error.isEmpty()) {
@@ -94,7 +123,6 @@ int KMBatchProgram::run()
 
     KMBatchPrompt prompt(m_arguments.switches);
     const KMPromptScope scope(&prompt);
-    const KMHeadlessSession session;
     m_format = installNativeFormat(gSolution);
     const KMCameraSet cameras(m_format); // so that they survive a conversion
     return runCommand(prompt);
@@ -102,24 +130,45 @@ int KMBatchProgram::run()
 
 KMBatchProgram::ExitCode KMBatchProgram::runCommand(KMBatchPrompt &prompt)
 {
+    ExitCode code = WrongUse;
     if (m_arguments.command == QLatin1String("info"))
-        return info();
-    if (m_arguments.command == QLatin1String("convert"))
-        return convert(prompt);
-    if (m_arguments.command == QLatin1String("render"))
-        return render();
-    KMBatchPrompt::print(QStringLiteral("kelmo-batch: %1 isn't possible in this version").arg(m_arguments.command));
-    return WrongUse;
+        code = info();
+    else if (m_arguments.command == QLatin1String("convert"))
+        code = convert();
+    else if (m_arguments.command == QLatin1String("render"))
+        code = render();
+    else
+        KMBatchPrompt::print(QStringLiteral("kelmo-batch: %1 isn't possible in this version").arg(m_arguments.command));
+    if (code != Done)
+        return code;
+    for (const QString &name : prompt.unusedSwitches()) {
+        if (isMeaningless(name))
+            KMBatchPrompt::print(QStringLiteral("--%1 has no meaning for these files").arg(name));
+    }
+    return Done;
+}
+
+/// Of a switch that no form has asked for.
+bool KMBatchProgram::isMeaningless(const QString &name) const
+{
+    if (name == QLatin1String("compatibility"))
+        return !isNative(m_arguments.paths.last());
+    static const char *const ofPictures[] = {"view", "size", "motion", "frame", "pose"};
+    return std::none_of(std::begin(ofPictures), std::end(ofPictures),
+                        [&name](const char *own) { return name == QLatin1String(own); });
 }
 
 KMBatchProgram::ExitCode KMBatchProgram::readInput(const QString &path) const
 {
-    const QFileInfo info(path);
-    if (info.isFile() && !isNative(path)) {
+    const KMExchangeFormat *format = exchangeFormat(suffixOf(path));
+    const bool isReadable = isNative(path) || (format && format->read);
+    if (QFileInfo(path).isFile() && !isReadable) {
         printUnknownFormat(path, QStringLiteral("read"));
         return WrongUse;
     }
-    return gSolution->load(path) ? Done : BadInput; // which has said why
+    if (!isReadable || isNative(path))
+        return gSolution->load(path) ? Done : BadInput; // which has said why
+    return isThere(path) ? exchange(format->readForm, format->read, path, BadInput) : BadInput;
 }
 
 KMBatchProgram::ExitCode KMBatchProgram::info()
@@ -131,42 +180,54 @@ KMBatchProgram::ExitCode KMBatchProgram::info()
     return writeOut(QJsonDocument(documentInfo(suffixOf(path))).toJson()) ? Done : NoOutput;
 }
 
-KMBatchProgram::ExitCode KMBatchProgram::convert(KMBatchPrompt &prompt)
+KMBatchProgram::ExitCode KMBatchProgram::convert()
 {
     const QString output = m_arguments.paths.last();
-    if (!isNative(output)) {
+    const KMExchangeFormat *format = exchangeFormat(suffixOf(output));
+    if (!isNative(output) && !(format && format->write)) {
         printUnknownFormat(output, QStringLiteral("written"));
         return WrongUse;
     }
     const ExitCode read = readInput(m_arguments.paths.first());
-    if (read != Done)
-        return read;
-    const bool compatibility = m_arguments.has(QStringLiteral("compatibility"));
-    if (!m_format->write(output, compatibility ? KMVersion::CompatibilityForm : KMVersion::WriterForm))
-        return NoOutput;
-    for (const QString &name : prompt.unusedSwitches()) {
-        if (name != QLatin1String("compatibility"))
-            KMBatchPrompt::print(QStringLiteral("--%1 has no meaning for these files").arg(name));
+    return read == Done ? write(output) : read;
+}
+
+KMBatchProgram::ExitCode KMBatchProgram::write(const QString &path) const
+{
+    if (!isNative(path)) {
+        const KMExchangeFormat *format = exchangeFormat(suffixOf(path));
+        return exchange(format->writeForm, format->write, path, NoOutput);
     }
-    return Done;
+    const bool compatibility = m_arguments.has(QStringLiteral("compatibility"));
+    return m_format->write(path, compatibility ? KMVersion::CompatibilityForm : KMVersion::WriterForm) ? Done
+                                                                                                       : NoOutput;
 }
 
 KMBatchProgram::ExitCode KMBatchProgram::render()
 {
-    for (const char *name : {"motion", "frame", "pose"}) {
-        if (!m_arguments.has(QLatin1String(name)))
-            continue;
-        KMBatchPrompt::print(
-            QStringLiteral("kelmo-batch: --%1 isn't possible in this version").arg(QLatin1String(name)));
-        return WrongUse;
-    }
     const QString output = m_arguments.paths.last();
     if (!QImageWriter::supportedImageFormats().contains(suffixOf(output).toLatin1())) {
         KMBatchPrompt::print(QStringLiteral("kelmo-batch: \"%1\" is no kind of picture").arg(suffixOf(output)));
         return WrongUse;
     }
-    const ExitCode read = readInput(m_arguments.paths.first());
-    return read == Done ? writePicture(output) : read;
+    ExitCode code = readInput(m_arguments.paths.first());
+    if (code == Done)
+        code = pose();
+    return code == Done ? writePicture(output) : code;
+}
+
+/// The pose comes last: its keys stand at the frame that is shown.
+KMBatchProgram::ExitCode KMBatchProgram::pose() const
+{
+    const QMap<QString, QString> &switches = m_arguments.switches;
+    const QString motion = switches.value(QStringLiteral("motion"));
+    if (!motion.isEmpty() && !(isThere(motion) && VmdImporter::load(motion)))
+        return BadInput;
+    if (m_arguments.has(QStringLiteral("frame")))
+        gProject->setCurrentFrame(switches.value(QStringLiteral("frame")).toInt());
+    gSolution->update(0); // the picture is aimed at what the chains make of the frame
+    const QString pose = switches.value(QStringLiteral("pose"));
+    return pose.isEmpty() || (isThere(pose) && VpdImporter::load(pose)) ? Done : BadInput;
 }
 
 KMBatchProgram::ExitCode KMBatchProgram::writePicture(const QString &path) const

@@ -25,9 +25,12 @@ public:
 private:
     ExitCode runCommand(KMBatchPrompt &prompt);
     ExitCode info();
-    ExitCode convert(KMBatchPrompt &prompt);
+    ExitCode convert();
     ExitCode render();
     ExitCode readInput(const QString &path) const;
+    ExitCode write(const QString &path) const;
+    bool isMeaningless(const QString &name) const;
+    ExitCode pose() const; ///< by the switches for motions and poses
     ExitCode writePicture(const QString &path) const;
 
     QStringList m_argumentList;

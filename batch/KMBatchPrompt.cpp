@@ -66,6 +66,8 @@ bool KMBatchPrompt::options(KMOptionForm &form)
 /// Puts the value of a switch into the option. False when it isn't of its kind or outside its limits.
 bool KMBatchPrompt::answer(KMOption &option)
 {
+    if (!option.isEnabled)
+        return true; // a switch for it counts as unknown
     const QString negative = QStringLiteral("no-") + option.key;
     if (option.kind == KMOption::Bool) {
         for (const QString &name : {option.key, negative}) {

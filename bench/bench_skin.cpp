@@ -276,7 +276,7 @@ void brush(benchmark::State &state)
         skin.tag->addEntry({v, 0.6f, skin.bones[size_t(bone) + 1]});
         skin.tag->setSdefFlag(v, v % 2);
         if (v < reached)
-            vertices.append(v * (skin.mesh.vertexCount() / reached));
+            vertices.append(v * (skin.mesh.vertexCount() / reached) | (v & 1));
     }
     skin.start();
     skin.pose(1);

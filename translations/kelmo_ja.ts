@@ -97,6 +97,10 @@
         <source>No surface with weights lies within the margin.</source>
         <translation>許容範囲内にウェイトを持つ面がありません。</translation>
     </message>
+    <message>
+        <source>The vertices have these weights already.</source>
+        <translation>頂点はすでにこのウェイトを持っています。</translation>
+    </message>
 </context>
 <context>
     <name>ComClearBuffer</name>
@@ -1710,18 +1714,6 @@
 <context>
     <name>KMDStream</name>
     <message>
-        <source>%1, byte %2</source>
-        <translation>%1、%2 バイト目</translation>
-    </message>
-    <message>
-        <source>%1, element %2 of %3, byte %4</source>
-        <translation>%1、要素 %2 / %3、%4 バイト目</translation>
-    </message>
-    <message>
-        <source>and %1 more</source>
-        <translation>ほか %1 件</translation>
-    </message>
-    <message>
         <source>The file ends too early</source>
         <translation>ファイルが途中で終わっています</translation>
     </message>
@@ -3044,6 +3036,33 @@
     </message>
 </context>
 <context>
+    <name>KMMotionTarget</name>
+    <message>
+        <source> RootBone not found.</source>
+        <translation> ルートボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>BoneNode doesn&apos;t exist.</source>
+        <translation>ボーンノードがありません。</translation>
+    </message>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 はロックされています</translation>
+    </message>
+    <message>
+        <source>This is not a regular file.</source>
+        <translation>通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>file open error.</source>
+        <translation>ファイルを開けません。</translation>
+    </message>
+    <message>
+        <source>%1 of the %2 bones in the file were found</source>
+        <translation>ファイルのボーン %2 本のうち %1 本が見つかりました</translation>
+    </message>
+</context>
+<context>
     <name>KMNativeFormat</name>
     <message>
         <source>The file can&apos;t be written: %1</source>
@@ -3999,6 +4018,21 @@
     <message>
         <source>Textures</source>
         <translation>テクスチャ</translation>
+    </message>
+</context>
+<context>
+    <name>KMReadReport</name>
+    <message>
+        <source>%1, byte %2</source>
+        <translation>%1、%2 バイト目</translation>
+    </message>
+    <message>
+        <source>%1, element %2 of %3, byte %4</source>
+        <translation>%1、要素 %2 / %3、%4 バイト目</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>ほか %1 件</translation>
     </message>
 </context>
 <context>
@@ -6220,6 +6254,314 @@ Do you want to replace it?</source>
     </message>
 </context>
 <context>
+    <name>PmxAgreement</name>
+    <message>
+        <source>IMPORTANT NOTICE, AND AGREEMENT</source>
+        <translation>重要なお知らせと同意</translation>
+    </message>
+    <message>
+        <source>Models, motions, textures and other data may belong to somebody else. Their authors decide what may be done with them.
+
+Before you export a model that contains work of other authors, read the terms that came with it. Don&apos;t change, combine, publish or pass on such data where its terms don&apos;t allow that, and name the authors where they ask for it.
+
+By going on you agree to respect the rights of all authors whose data you use.</source>
+        <translation>モデル、モーション、テクスチャなどのデータは、他の方の著作物である場合があります。その扱いは作者が決めます。
+
+他の作者の作品を含むモデルを書き出す前に、付属の利用規約をお読みください。規約で認められていない改変、組み合わせ、公開、配布は行わないでください。作者名の表示が求められている場合は表示してください。
+
+続行すると、使用するデータのすべての作者の権利を尊重することに同意したものとみなします。</translation>
+    </message>
+    <message>
+        <source>I agree</source>
+        <translation>同意する</translation>
+    </message>
+    <message>
+        <source>canecl</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
+    <name>PmxBoneWriter</name>
+    <message>
+        <source>arm</source>
+        <translation>腕</translation>
+    </message>
+</context>
+<context>
+    <name>PmxExchange</name>
+    <message>
+        <source>scale</source>
+        <translation>スケール</translation>
+    </message>
+    <message>
+        <source>Import Normals</source>
+        <translation>法線を読み込む</translation>
+    </message>
+    <message>
+        <source>MMD Extend Model File (*.pmx)</source>
+        <translation>MMD 拡張モデルファイル (*.pmx)</translation>
+    </message>
+</context>
+<context>
+    <name>PmxExport</name>
+    <message>
+        <source>view Nodes Only</source>
+        <translation>表示ノードのみ</translation>
+    </message>
+    <message>
+        <source>freeze Mods</source>
+        <translation>モディファイアを適用</translation>
+    </message>
+    <message>
+        <source>Skip Hide Face</source>
+        <translation>非表示の面を除く</translation>
+    </message>
+    <message>
+        <source>Use EnvOutline Value</source>
+        <translation>環境の輪郭線の値を使う</translation>
+    </message>
+    <message>
+        <source>Skip Physics</source>
+        <translation>物理演算を除く</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Confirm Overwrite</source>
+        <translation>上書きを確認しない</translation>
+    </message>
+    <message>
+        <source>Open with</source>
+        <translation>書き出し後に開く</translation>
+    </message>
+    <message>
+        <source>To Relative Path</source>
+        <translation>相対パスにする</translation>
+    </message>
+    <message>
+        <source>convert Operation Axis</source>
+        <translation>操作軸を変換</translation>
+    </message>
+    <message>
+        <source>PSD and CLIP to PNG</source>
+        <translation>PSD と CLIP を PNG に変換</translation>
+    </message>
+    <message>
+        <source>Development </source>
+        <translation>開発用 </translation>
+    </message>
+    <message>
+        <source>Reset Morph</source>
+        <translation>モーフをリセット</translation>
+    </message>
+    <message>
+        <source>File I/O</source>
+        <translation>ファイル入出力</translation>
+    </message>
+    <message>
+        <source>scale</source>
+        <translation>スケール</translation>
+    </message>
+    <message>
+        <source>RootBone</source>
+        <translation>RootBone</translation>
+    </message>
+</context>
+<context>
+    <name>PmxExporter</name>
+    <message>
+        <source>RootBone not found.</source>
+        <translation>ルートボーンが見つかりません。</translation>
+    </message>
+    <message>
+        <source>There is no file name</source>
+        <translation>ファイル名がありません</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be written: %1</source>
+        <translation>ファイルに書き込めません: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PmxImporter</name>
+    <message>
+        <source>This is no file</source>
+        <translation>ファイルではありません</translation>
+    </message>
+    <message>
+        <source>The file doesn&apos;t exist</source>
+        <translation>ファイルがありません</translation>
+    </message>
+    <message>
+        <source>The file is too large: %1 bytes</source>
+        <translation>ファイルが大きすぎます: %1 バイト</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be read to its end: %1</source>
+        <translation>ファイルを最後まで読み込めません: %1</translation>
+    </message>
+    <message>
+        <source>ImportPMX</source>
+        <translation>PMX の読み込み</translation>
+    </message>
+    <message>
+        <source>The scale moves %1 points out of all numbers; they were put at the origin</source>
+        <translation>スケールにより %1 個の点が数値の範囲を超えたため、原点に置きました</translation>
+    </message>
+</context>
+<context>
+    <name>PmxReader</name>
+    <message>
+        <source>header</source>
+        <translation>ヘッダー</translation>
+    </message>
+    <message>
+        <source>the file doesn&apos;t begin as a PMX file does</source>
+        <translation>ファイルの先頭が PMX のものではありません</translation>
+    </message>
+    <message>
+        <source>its texts are in UTF-8, which this program takes for UTF-16</source>
+        <translation>文字列が UTF-8 ですが、このプログラムは UTF-16 として読みます</translation>
+    </message>
+    <message>
+        <source>The texts are in UTF-8 and come out as other characters</source>
+        <translation>文字列が UTF-8 のため、別の文字になります</translation>
+    </message>
+    <message>
+        <source>Indices of %1 bytes can&apos;t be</source>
+        <translation>%1 バイトのインデックスはありえません</translation>
+    </message>
+    <message>
+        <source>%1 records are more than the file can be believed to hold</source>
+        <translation>%1 件のレコードは、このファイルには多すぎます</translation>
+    </message>
+    <message>
+        <source>vertices</source>
+        <translation>頂点</translation>
+    </message>
+    <message>
+        <source>The deform type %1, of which only 0 to 3 can be read</source>
+        <translation>変形方式 %1 です。読み込めるのは 0 から 3 だけです</translation>
+    </message>
+    <message>
+        <source>The index %1 for a bone</source>
+        <translation>ボーンのインデックスが %1 です</translation>
+    </message>
+    <message>
+        <source>faces</source>
+        <translation>面</translation>
+    </message>
+    <message>
+        <source>the faces have %1 corners, which make no triangles</source>
+        <translation>面の角が %1 個で、三角形になりません</translation>
+    </message>
+    <message>
+        <source>textures</source>
+        <translation>テクスチャ</translation>
+    </message>
+    <message>
+        <source>materials</source>
+        <translation>材質</translation>
+    </message>
+    <message>
+        <source>the material %1 has a shared toon, told in one byte where this program looks for %2</source>
+        <translation>材質 %1 の共有トゥーンは 1 バイトですが、このプログラムは %2 バイトを読みます</translation>
+    </message>
+    <message>
+        <source>The material has %1 face corners, but only %2 are left</source>
+        <translation>材質の面の角は %1 個ですが、残りは %2 個です</translation>
+    </message>
+    <message>
+        <source>bones</source>
+        <translation>ボーン</translation>
+    </message>
+    <message>
+        <source>the bone %1 inherits rotation and movement, told in one record where this program looks for two</source>
+        <translation>ボーン %1 は回転と移動の両方を付与されていて、レコードは 1 つですが、このプログラムは 2 つを読みます</translation>
+    </message>
+    <message>
+        <source>The bone %1, but there are only %2</source>
+        <translation>ボーン %1 を指していますが、%2 個しかありません</translation>
+    </message>
+    <message>
+        <source>morphs</source>
+        <translation>モーフ</translation>
+    </message>
+    <message>
+        <source>a morph of the type %1 was taken for one of materials</source>
+        <translation>種類 %1 のモーフを材質モーフとして読みました</translation>
+    </message>
+    <message>
+        <source>display frames</source>
+        <translation>表示枠</translation>
+    </message>
+    <message>
+        <source>An item of the unknown kind %1</source>
+        <translation>不明な種類 %1 の項目です</translation>
+    </message>
+    <message>
+        <source>rigid bodies</source>
+        <translation>剛体</translation>
+    </message>
+    <message>
+        <source>joints</source>
+        <translation>ジョイント</translation>
+    </message>
+</context>
+<context>
+    <name>PmxRigBuilder</name>
+    <message>
+        <source>The bone %1 stands below itself and was put at the top</source>
+        <translation>ボーン %1 は自分自身の下にあるため、最上位に置きました</translation>
+    </message>
+    <message>
+        <source>The bone %1 lies too deep in its rig and was moved up</source>
+        <translation>ボーン %1 は階層が深すぎるため、上に移しました</translation>
+    </message>
+    <message>
+        <source>The rigid body %1 has the unknown kind %2</source>
+        <translation>剛体 %1 の種類 %2 は不明です</translation>
+    </message>
+</context>
+<context>
+    <name>PmxStream</name>
+    <message>
+        <source>The file ends too early</source>
+        <translation>ファイルが途中で終わっています</translation>
+    </message>
+    <message>
+        <source>%1. It may come from this: %2</source>
+        <translation>%1。原因として考えられること: %2</translation>
+    </message>
+    <message>
+        <source>A number that is not finite was replaced</source>
+        <translation>有限でない数値を置き換えました</translation>
+    </message>
+    <message>
+        <source>A text of %1 bytes can&apos;t be: its characters take two each</source>
+        <translation>%1 バイトの文字列はありえません。1 文字は 2 バイトです</translation>
+    </message>
+    <message>
+        <source>A text of %1 bytes, but only %2 are left</source>
+        <translation>%1 バイトの文字列がありますが、残りは %2 バイトです</translation>
+    </message>
+    <message>
+        <source>The index %1, but there are only %2</source>
+        <translation>インデックス %1 がありますが、%2 個しかありません</translation>
+    </message>
+    <message>
+        <source>%1 records are promised, but only %2 bytes are left</source>
+        <translation>%1 件のレコードがあるはずですが、残りは %2 バイトです</translation>
+    </message>
+</context>
+<context>
+    <name>PmxTextures</name>
+    <message>
+        <source> is already exists.
+Overwrite the current file?</source>
+        <translation> は既に存在します。
+現在のファイルを上書きしますか?</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>KELMO2</source>
@@ -6260,6 +6602,56 @@ Do you want to replace it?</source>
     <message>
         <source>illegal vertex position.</source>
         <translation>頂点の位置が正しくありません。</translation>
+    </message>
+</context>
+<context>
+    <name>VmdImporter</name>
+    <message>
+        <source>The file ends inside of its header, which takes %1 bytes (byte %2).</source>
+        <translation>ファイルが %1 バイトのヘッダーの途中で終わっています (バイト %2)。</translation>
+    </message>
+    <message>
+        <source>The file ends before the count of its bone keys (byte %1).</source>
+        <translation>ファイルがボーンキーの数の前で終わっています (バイト %1)。</translation>
+    </message>
+    <message>
+        <source>The file says that it has %1 bone keys, but it ends in number %2 (byte %3).</source>
+        <translation>ファイルにはボーンキーが %1 個あるはずですが、%2 個目で終わっています (バイト %3)。</translation>
+    </message>
+    <message>
+        <source>Bone key %1 of %2 can&apos;t be read (byte %3).</source>
+        <translation>ボーンキー %1 / %2 を読み込めません (バイト %3)。</translation>
+    </message>
+    <message>
+        <source>filed load header.</source>
+        <translation>ヘッダーを読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>filed load bone keys.</source>
+        <translation>ボーンキーを読み込めませんでした。</translation>
+    </message>
+    <message>
+        <source>Import VMD</source>
+        <translation>VMD のインポート</translation>
+    </message>
+    <message>
+        <source>Keys with values that can&apos;t be used: %1. The bones stay at rest there.</source>
+        <translation>使えない値を持つキー: %1 個。その部分のボーンは初期姿勢のままです。</translation>
+    </message>
+    <message>
+        <source>MMD Motion Data (*.vmd)</source>
+        <translation>MMD モーションデータ (*.vmd)</translation>
+    </message>
+</context>
+<context>
+    <name>VpdImporter</name>
+    <message>
+        <source>Import VPD</source>
+        <translation>VPD のインポート</translation>
+    </message>
+    <message>
+        <source>MMD Pose Data (*.vpd)</source>
+        <translation>MMD ポーズデータ (*.vpd)</translation>
     </message>
 </context>
 <context>
@@ -7744,6 +8136,42 @@ Do you want to replace it?</source>
         <source>Weigh the mesh by coarse boxes around the bones</source>
         <translation>ボーンを囲む粗い箱でメッシュにウェイトを付けます</translation>
     </message>
+    <message>
+        <source>MMD Extend Model File...</source>
+        <translation>MMD 拡張モデルファイル...</translation>
+    </message>
+    <message>
+        <source>Add a PMX model to the document</source>
+        <translation>PMX モデルをドキュメントに追加します</translation>
+    </message>
+    <message>
+        <source>Write the document as a PMX model</source>
+        <translation>ドキュメントを PMX モデルとして書き出します</translation>
+    </message>
+    <message>
+        <source>MMD Motion Data...</source>
+        <translation>MMD モーションデータ...</translation>
+    </message>
+    <message>
+        <source>Move the bones by a motion, in place of the keys that they have</source>
+        <translation>今あるキーに代えて、モーションでボーンを動かします</translation>
+    </message>
+    <message>
+        <source>MMD Pose Data...</source>
+        <translation>MMD ポーズデータ...</translation>
+    </message>
+    <message>
+        <source>Pose the bones by a file, with keys at the current frame</source>
+        <translation>現在のフレームのキーとして、ファイルのポーズをボーンに付けます</translation>
+    </message>
+    <message>
+        <source>Reading %1...</source>
+        <translation>%1 を読み込み中...</translation>
+    </message>
+    <message>
+        <source>Writing %1...</source>
+        <translation>%1 を書き出し中...</translation>
+    </message>
 </context>
 <context>
     <name>kmmorphreoderdialog</name>
@@ -8021,6 +8449,14 @@ Do you want to replace it?</source>
     <message>
         <source>This tool isn&apos;t there yet.</source>
         <translation>このツールはまだありません。</translation>
+    </message>
+    <message>
+        <source>Reset Options</source>
+        <translation>設定を元に戻す</translation>
+    </message>
+    <message>
+        <source>Set the options of this tool to what they are in a new installation</source>
+        <translation>このツールの設定を新規インストール時の値に戻します</translation>
     </message>
 </context>
 <context>

@@ -47,6 +47,7 @@ struct KMOption
     QStringList choices = {};
     double step = 1.0; ///< of the arrows of a Float
     QString unit = {}; ///< behind the number of a Float
+    bool isEnabled = true; ///< false: the row is shown, its value stays
 };
 
 /// An option dialogue of a reader, a writer or a command, described so that it needs no window.

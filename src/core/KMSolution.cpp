@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDebug>
 #include <QFileInfo>
 #include <QUndoStack>
 
@@ -235,6 +236,8 @@ void KMSolution::showMessage(const QString &text, int level)
 {
     if (m_window)
         m_window->showMessage(text, level);
+    else
+        qCritical().noquote() << text; // nobody looks at a status bar
 }
 
 void KMSolution::setProgress(const QString &text)

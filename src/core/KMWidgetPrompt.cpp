@@ -4,14 +4,43 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QCursor>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QVector>
+
+namespace {
+
+/// The wait cursor of the work that asks stands aside while its question is open.
+class UsualCursor
+{
+    Q_DISABLE_COPY(UsualCursor)
+public:
+    UsualCursor()
+    {
+        while (const QCursor *cursor = QApplication::overrideCursor()) {
+            m_cursors.prepend(*cursor);
+            QApplication::restoreOverrideCursor();
+        }
+    }
+    ~UsualCursor()
+    {
+        for (const QCursor &cursor : std::as_const(m_cursors))
+            QApplication::setOverrideCursor(cursor);
+    }
+
+private:
+    QVector<QCursor> m_cursors; // the innermost last
+};
+
+} // namespace
 
 QMessageBox::StandardButton KMWidgetPrompt::message(const KMMessage &message)
 {
     if (!qApp)
         return QMessageBox::NoButton;
+    const UsualCursor cursor;
     QMessageBox box(message.icon, message.title.isEmpty() ? QApplication::applicationName() : message.title,
                     message.text, message.buttons, message.parent ? message.parent : QApplication::activeWindow());
     box.setInformativeText(message.informativeText);
@@ -64,5 +93,6 @@ bool KMWidgetPrompt::options(KMOptionForm &form)
 
 bool KMWidgetPrompt::dialog(QDialog &dialog)
 {
+    const UsualCursor cursor;
     return dialog.exec() == QDialog::Accepted;
 }

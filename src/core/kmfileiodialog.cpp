@@ -55,6 +55,7 @@ kmfileiodialog::kmfileiodialog(const KMOptionForm &form)
     for (const KMOption &option : form.options) {
         QWidget *editor = createEditor(option);
         editor->setObjectName(option.key);
+        editor->setEnabled(option.isEnabled);
         m_editors << editor;
         if (option.kind == KMOption::Bool)
             layout->addRow(editor);

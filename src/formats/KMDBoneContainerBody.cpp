@@ -6,6 +6,7 @@
 #include "formats/KMDFormat.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDTagBodies.h"
+#include "formats/KMParentLoops.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 
@@ -148,18 +149,13 @@ void findParents(KMDStream &in, Records &records)
 
 void breakLoops(KMDStream &in, Records &records)
 {
-    std::vector<int> walks(records.size(), -1); // the walk upwards that came by
-    for (int i = 0; i < int(records.size()); ++i) {
-        int place = i;
-        while (place >= 0 && walks[size_t(place)] < 0) {
-            walks[size_t(place)] = i;
-            place = records[size_t(place)].parent;
-        }
-        if (place < 0 || walks[size_t(place)] != i)
-            continue;
-        records[size_t(place)].parent = -1;
-        in.warn(Texts::tr("The bone %1 stands below itself and was put at the top")
-                    .arg(records[size_t(place)].bone->name()));
+    QVector<int> parents;
+    for (const Record &record : records)
+        parents << record.parent;
+    for (const int cut : cutParentLoops(parents)) {
+        records[size_t(cut)].parent = -1;
+        in.warn(
+            Texts::tr("The bone %1 stands below itself and was put at the top").arg(records[size_t(cut)].bone->name()));
     }
 }
 

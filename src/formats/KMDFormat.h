@@ -23,7 +23,6 @@ enum Take : int {
 constexpr int MaxTreeDepth = 1000; ///< rows deeper than this are kept at this level: many walks recurse
 constexpr quint32 MaxStringBytes = 1u << 26;
 constexpr int MaxLargeTags = 4; ///< normal tags of one mesh, and morph tags
-constexpr int MaxWarnings = 20;  ///< that many are told one by one, the rest are counted
 
 constexpr int ReservedInt = -1; ///< fills reserved fields
 constexpr float ReservedFloat = -1.0f;

@@ -11,44 +11,12 @@
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
 #include "formats/KMDContents.h"
+#include "formats/KMLoadingGuard.h"
 #include "rig/KMBone.h"
 
 #include <QDebug>
-#include <QSignalBlocker>
 
 namespace {
-
-/// While it lives nothing is saved by itself, and the tree shows and tells nothing. The shelves are told once, at
-/// the end: a panel makes the pictures of all its tiles anew each time.
-class LoadingGuard
-{
-    Q_DISABLE_COPY(LoadingGuard)
-public:
-    LoadingGuard()
-        : m_treeSignals(gProject->tree())
-        , m_projectSignals(gProject)
-        , m_wasBusy(gSolution->isBusy())
-        , m_wasHidden(gProject->tree()->isHidden())
-    {
-        gSolution->setBusy(true);
-        gProject->tree()->hide();
-    }
-    ~LoadingGuard()
-    {
-        if (!m_wasHidden)
-            gProject->tree()->show();
-        gSolution->setBusy(m_wasBusy);
-        m_projectSignals.unblock();
-        emit gProject->shadersChanged();
-        emit gProject->texturesChanged();
-    }
-
-private:
-    QSignalBlocker m_treeSignals;
-    QSignalBlocker m_projectSignals;
-    bool m_wasBusy;
-    bool m_wasHidden;
-};
 
 void showBoxes(QTreeWidgetItem *row, const KMContainerNode *node)
 {
@@ -99,13 +67,10 @@ void KMDSceneBuilder::build()
 
 void KMDSceneBuilder::addQuietly()
 {
-    const LoadingGuard guard;
+    const KMLoadingGuard guard;
     addEverything();
     gSolution->clearHistory();
-    gProject->tree()->clearSelection();
-    gProject->tree()->setCurrentItem(nullptr);
-    for (const QTreeWidgetItem *row : KMTreeWidget::flatten(gProject->tree()))
-        KMTreeWidget::nodeOf(row)->setSelected(false);
+    KMLoadingGuard::selectNothing();
 }
 
 void KMDSceneBuilder::addEverything()

@@ -39,45 +39,6 @@ void KMDStream::setVersion(float version)
     m_doublePrecision = version < 2.0f;
 }
 
-void KMDStream::enterSection(const QString &name)
-{
-    m_section = name;
-    m_element = -1;
-}
-
-void KMDStream::enterElement(int index, int count)
-{
-    m_element = index;
-    m_elementCount = count;
-}
-
-QString KMDStream::place() const
-{
-    if (m_element < 0)
-        return tr("%1, byte %2").arg(m_section).arg(m_lastRead);
-    return tr("%1, element %2 of %3, byte %4").arg(m_section).arg(m_element + 1).arg(m_elementCount).arg(m_lastRead);
-}
-
-void KMDStream::fail(const QString &what)
-{
-    if (ok())
-        m_error = QStringLiteral("%1 (%2)").arg(what, place());
-}
-
-void KMDStream::warn(const QString &what)
-{
-    if (++m_warningCount <= KMD::MaxWarnings)
-        m_warnings << QStringLiteral("%1 (%2)").arg(what, place());
-}
-
-QStringList KMDStream::warnings() const
-{
-    QStringList lines = m_warnings;
-    if (m_warningCount > lines.size())
-        lines << tr("and %1 more").arg(m_warningCount - lines.size());
-    return lines;
-}
-
 bool KMDStream::take(qint64 bytes, const uchar **at)
 {
     if (!ok())

@@ -1,12 +1,10 @@
 #pragma once
 
+#include "formats/KMReadReport.h"
 #include "math/Vector3.h"
 
 #include <QByteArray>
 #include <QColor>
-#include <QCoreApplication>
-#include <QString>
-#include <QStringList>
 
 class QIODevice;
 
@@ -15,7 +13,7 @@ class QIODevice;
 /// section, the element and the byte, and every read after it gives zeros without moving on.
 ///
 /// What is odd but harmless becomes a warning instead.
-class KMDStream
+class KMDStream : public KMReadReport
 {
     Q_DECLARE_TR_FUNCTIONS(KMDStream)
 public:
@@ -27,18 +25,8 @@ public:
     void setVersion(float version);
     bool since(float version) const { return m_version >= version; }
 
-    // Where the walk is, for the sentence of a failure
-
-    void enterSection(const QString &name);
-    void enterElement(int index, int count); ///< index from 0
     qint64 position() const { return m_position; }
     qint64 bytesLeft() const { return m_size - m_position; }
-
-    bool ok() const { return m_error.isEmpty(); }
-    QString error() const { return m_error; }
-    void fail(const QString &what); ///< keeps the sentence, unless the walk failed before
-    void warn(const QString &what); ///< collects a remark, with where it was
-    QStringList warnings() const;   ///< the last line counts those beyond the limit
 
     // Reading
 
@@ -69,7 +57,6 @@ private:
     bool areNext(const QByteArray &bytes) const;
     const uchar *fetch(qint64 bytes) const; ///< the bytes at the present place; null when the device fails
     bool takeFloat(double *value);
-    QString place() const;
     void noteNonFinite();
 
     QIODevice *m_device = nullptr;
@@ -77,13 +64,6 @@ private:
     mutable qint64 m_windowStart = 0;
     qint64 m_size = 0;
     qint64 m_position = 0;
-    qint64 m_lastRead = 0; // where the last element began: what is wrong lies there
     float m_version = 0.0f;
     bool m_doublePrecision = true;
-    QString m_section;
-    int m_element = -1;
-    int m_elementCount = 0;
-    QString m_error;
-    QStringList m_warnings;
-    int m_warningCount = 0;
 };

@@ -1,10 +1,21 @@
 #include "formats/KMExchangeFormat.h"
 
+#include "formats/PmxExchange.h"
+#include "formats/VmdImporter.h"
+#include "formats/VpdImporter.h"
+
 #include <algorithm>
 
 const QVector<KMExchangeFormat> &exchangeFormats()
 {
-    static const QVector<KMExchangeFormat> formats = {};
+    static const QVector<KMExchangeFormat> formats = {
+        // Models
+        pmxFormat(),
+
+        // Motions and poses
+        vmdFormat(),
+        vpdFormat(),
+    };
     return formats;
 }
 

@@ -1,28 +1,15 @@
 #include "formats/KMNativeFormat.h"
 
-#include "core/KMPrompt.h"
 #include "core/KMSolution.h"
+#include "core/KMWaitCursor.h"
 #include "formats/KMDWriter.h"
+#include "formats/KMReadReport.h"
 
-#include <QApplication>
 #include <QBuffer>
-#include <QDebug>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
 #include <QSaveFile>
-
-namespace {
-
-class WaitCursor
-{
-    Q_DISABLE_COPY(WaitCursor)
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
-
-} // namespace
 
 KMNativeFormat *installNativeFormat(KMSolution *solution)
 {
@@ -52,7 +39,7 @@ bool KMNativeFormat::readWith(const QString &path, KMDReader::Options options)
     KMDReader reader(options);
     bool isRead = false;
     {
-        const WaitCursor cursor; // gone before a box comes
+        const KMWaitCursor cursor; // gone before a box comes
         isRead = reader.read(path);
     }
     if (!isRead)
@@ -86,7 +73,7 @@ bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &e
                      parts());
     bool isWritten = false;
     {
-        const WaitCursor cursor;
+        const KMWaitCursor cursor;
         isWritten = writer.write(&file);
         if (!isWritten)
             file.cancelWriting();
@@ -117,17 +104,12 @@ QByteArray KMNativeFormat::thumbnail(const QString &path) const
 
 bool KMNativeFormat::tellFailure(const QString &path, const QString &sentence) const
 {
-    const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), sentence);
-    qDebug().noquote() << text;
-    KMPrompt::current().warn(text);
+    KMReadReport::show(path, {sentence});
     return false;
 }
 
 void KMNativeFormat::tellWarnings(const QString &path, const QStringList &warnings) const
 {
-    if (warnings.isEmpty())
-        return;
-    const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), warnings.join(QLatin1Char('\n')));
-    qDebug().noquote() << text;
-    KMPrompt::current().warn(text);
+    if (!warnings.isEmpty())
+        KMReadReport::show(path, warnings);
 }

@@ -26,6 +26,12 @@ void KMChainCopy::evaluate()
         result->refreshMesh(KMMeshDirty::All);
 }
 
+void KMChainCopy::follow()
+{
+    m_source->refreshMesh(KMMeshDirty::Moved);
+    m_source->evaluateModifiers();
+}
+
 KMMeshNode *KMChainCopy::last() const
 {
     return m_chain.empty() ? nullptr : m_chain.back()->modMesh();

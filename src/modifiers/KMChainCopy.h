@@ -17,8 +17,9 @@ public:
     KMMeshNode *source() const { return m_source.get(); }
     int stageCount() const { return int(m_chain.size()); }
     KMMeshModifier *stage(int i) const { return m_chain[size_t(i)]; }
-    void evaluate();          ///< makes the results of all stages, after the source was changed
-    KMMeshNode *last() const; ///< the refreshed result of the last stage; null without stages
+    void evaluate(); ///< makes the results of all stages and refreshes the last one, after the source was changed
+    void follow();   ///< the same after vertices of the source were moved, and nothing else; results aren't refreshed
+    KMMeshNode *last() const; ///< the result of the last stage; null without stages
 
 private:
     std::vector<std::unique_ptr<KMContainerNode>> m_stages;

@@ -1,6 +1,7 @@
 #include "render/KMOpenGLContainer.h"
 
 #include "render/KMCameraBox.h"
+#include "render/KMCameraNode.h"
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "render/KMViewFilter.h"
@@ -158,6 +159,16 @@ void KMOpenGLContainer::refreshViews(int mask)
     repaint(mask);
     if (mask == everything)
         emit currentChanged();
+}
+
+void KMOpenGLContainer::resetCamera()
+{
+    if (!m_current || !m_current->camera())
+        return;
+    endNavigation();
+    m_current->camera()->reset();
+    m_current->camera()->checkViewChanged();
+    refreshViews(everything);
 }
 
 void KMOpenGLContainer::resetViews()

@@ -56,6 +56,7 @@ public:
     KMViewTool *toolById(int id) const { return m_toolSource ? m_toolSource(id) : nullptr; }
 
     void refreshViews(int mask) override;
+    void resetCamera() override;
     void resetViews() override;
 
 signals:

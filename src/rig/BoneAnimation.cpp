@@ -111,6 +111,13 @@ void BoneAnimation::copyTo(BoneAnimation &destination) const
     }
 }
 
+void BoneAnimation::swapTracks(BoneAnimation &other)
+{
+    m_tracks.swap(other.m_tracks);
+    m_byName.swap(other.m_byName);
+    m_selected.swap(other.m_selected); // they are keys of the tracks
+}
+
 BoneAnimation::Relinked BoneAnimation::relinkTracks()
 {
     Relinked changes;
@@ -149,7 +156,7 @@ void BoneAnimation::takeBack(Relinked &&relinked)
     }
     for (Relinked::Lost &lost : relinked.lost) {
         if (m_byName.contains(lost.track->name))
-            continue; // a motion was read meanwhile
+            continue; // there are new keys meanwhile
         m_byName.insert(lost.track->name, lost.track.get());
         m_tracks.insert(std::min(lost.place, m_tracks.size()), lost.track.release());
     }

@@ -59,6 +59,7 @@ public:
     quint64 revision() const { return m_revision; }   ///< another one with each change of tracks or keys, in any rig
     quint32 lastFrame() const;                        ///< of any key; 0 without keys
     void copyTo(BoneAnimation &destination) const;    ///< in place of its tracks
+    void swapTracks(BoneAnimation &other);            ///< of the same container
 
     Relinked relinkTracks(); ///< finds the bones by name again; tracks that have none go
     void takeBack(Relinked &&relinked);

@@ -33,7 +33,7 @@ void KMBoneKeyCommand::write()
         animation->takeKey(m_name, m_frame);
 }
 
-/// Keys of a motion that was read since are left alone: it came without a step of its own.
+/// Keys that others have written since, without a step of the history, are left alone.
 void KMBoneKeyCommand::takeBack()
 {
     BoneAnimation *animation = m_container->animation();
@@ -56,6 +56,20 @@ addBoneKeyCommand::addBoneKeyCommand(KMBoneContainer *container, const KMBoneKey
 removeBoneKeyCommand::removeBoneKeyCommand(KMBoneContainer *container, const QString &name, quint32 frame)
     : KMBoneKeyCommand(tr("Remove BoneKey"), container, name, frame, std::nullopt)
 {
+}
+
+replaceMotionCommand::replaceMotionCommand(const QString &text, KMBoneContainer *container,
+                                           std::unique_ptr<BoneAnimation> motion)
+    : KMUndoCommand(text, container)
+    , m_container(container)
+    , m_other(std::move(motion))
+{
+}
+
+void replaceMotionCommand::apply(Direction)
+{
+    m_container->animation()->swapTracks(*m_other);
+    m_container->requestFrame();
 }
 
 animationBuildBoneCommand::animationBuildBoneCommand(KMBoneContainer *container)

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 
+#include <memory>
 #include <optional>
 
 class KMBoneContainer;
@@ -45,6 +46,21 @@ class removeBoneKeyCommand : public KMBoneKeyCommand
     Q_DECLARE_TR_FUNCTIONS(removeBoneKeyCommand)
 public:
     removeBoneKeyCommand(KMBoneContainer *container, const QString &name, quint32 frame);
+};
+
+/// Puts a whole motion in place of the one that the container has.
+class replaceMotionCommand : public KMUndoCommand
+{
+public:
+    /// The motion was made for the container; its tracks are taken over.
+    replaceMotionCommand(const QString &text, KMBoneContainer *container, std::unique_ptr<BoneAnimation> motion);
+
+protected:
+    void apply(Direction direction) override;
+
+private:
+    KMBoneContainer *m_container;
+    std::unique_ptr<BoneAnimation> m_other; // the one that isn't in the scene
 };
 
 /// Finds the bones of all tracks by name again. Its text is for the history of those who work on the program.

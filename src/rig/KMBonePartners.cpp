@@ -7,6 +7,15 @@
 
 #include <QVarLengthArray>
 
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr float onePlace = 1e-3f; // of the reach: as near as that is the same, however it was reckoned
+
+} // namespace
+
 bool KMBonePartners::Place::operator==(const Place &other) const
 {
     return bone == other.bone && head == other.head && tail == other.tail;
@@ -74,10 +83,39 @@ KMBone *KMBonePartners::nearest(const KMBone &bone, const KMSymmetryPlane &plane
         if (headAway >= m_cause.reach || tailAway >= m_cause.reach)
             continue;
         const float away = headAway + tailAway;
-        if (found && (away > least || (away == least && place.bone != &bone)))
+        const float nearer = least - away;
+        const bool isAsNear = std::abs(nearer) < m_cause.reach * onePlace;
+        if (found && (isAsNear ? place.bone != &bone : nearer < 0.0f))
             continue;
         found = place.bone;
         least = away;
     }
+    return found && found != &bone ? sameAmong(*found, bone) : found;
+}
+
+/// Rigs have bones in one place, to turn or follow others: the first there is the image of the first here, and so on.
+KMBone *KMBonePartners::sameAmong(const KMBone &image, const KMBone &bone) const
+{
+    const float tolerance = m_cause.reach * onePlace;
+    const auto isAt = [tolerance](const Place &place, const KMBone &at) {
+        return (place.head - at.restHead()).length() < tolerance && (place.tail - at.restTail()).length() < tolerance;
+    };
+    const auto self = std::find_if(m_places.begin(), m_places.end(), [&](const Place &p) { return p.bone == &bone; });
+    auto before = std::count_if(m_places.begin(), self, [&](const Place &place) { return isAt(place, bone); });
+    KMBone *found = nullptr;
+    for (const Place &place : m_places) {
+        if (!isAt(place, image))
+            continue;
+        found = place.bone;
+        if (before-- == 0)
+            break;
+    }
     return found;
+}
+
+KMBone *KMBonePartners::partnerOf(KMBone *bone, const KMSymmetryPlane &plane)
+{
+    KMBonePartners partners;
+    partners.follow({bone}, plane);
+    return partners.of(0);
 }

@@ -16,8 +16,11 @@ public:
     bool follow(const QVector<KMBone *> &bones, const KMSymmetryPlane &plane);
 
     /// Of a bone by its place in the list: the one whose ends lie nearest to the images of its own, itself on the
-    /// plane. Null for one without a partner, and for one that is deleted or gone.
+    /// plane. Null for one without a partner, and for one that is deleted or gone. Bones that lie in one place have one
+    /// each, where there are as many.
     KMBone *of(int i) const { return m_partners.at(i); }
+
+    static KMBone *partnerOf(KMBone *bone, const KMSymmetryPlane &plane); ///< the same for a single bone
 
 private:
     struct Place
@@ -37,6 +40,7 @@ private:
 
     bool readPlaces(const QVector<KMBone *> &bones);
     KMBone *nearest(const KMBone &bone, const KMSymmetryPlane &plane) const;
+    KMBone *sameAmong(const KMBone &image, const KMBone &bone) const;
 
     Cause m_cause;
     QVector<KMBone *> m_bones; // as given

@@ -20,8 +20,9 @@ bool KMModBoneDeformNode::updateResult(const KMMeshNode &input, KMMeshNode &resu
         KMResultCopy::copyPositions(input, result, m_vertexMap);
         return false;
     }
-    m_skinning.prepare(*tag);
-    m_sdefRevision = tag->records().sdefRevision();
+    const KMWeightRecords &records = tag->records();
+    m_skinning.prepare(*tag, records);
+    m_sdefRevision = records.sdefRevision();
     KMVertex *const *from = input.vertices().constData();
     KMVertex *const *own = result.vertices().constData();
     const int *map = m_vertexMap.constData();
@@ -41,17 +42,19 @@ bool KMModBoneDeformNode::followWeights(const QVector<int> &vertices)
     const auto *tag = from ? static_cast<const KMTagBoneWeight *>(from->findTag(KMNodeType::TagBoneWeight)) : nullptr;
     if (!tag || next() || isStale() || isBypassed() || m_vertexMap.size() != from->vertexCount())
         return false;
-    m_skinning.prepare(*tag);
+    const KMWeightRecords &records = tag->editedRecords();
+    m_skinning.prepare(*tag, records);
     const auto move = [this, from](int i) {
         KMVertex *own = modMesh()->vertex(vertexMapAt(i));
         if (own && from->vertex(i))
             own->pos = m_skinning(i, from->position(i));
     };
     std::for_each(vertices.begin(), vertices.end(), move);
-    const int revision = tag->records().sdefRevision();
-    if (revision != m_sdefRevision) // the parameters of others depend on the vertex that reaches farthest
-        std::for_each(tag->sdefVertices().begin(), tag->sdefVertices().end(), move);
-    m_sdefRevision = revision;
+    m_others.clear();
+    const bool areKnown = records.derivedSince(m_sdefRevision, m_others);
+    const QVector<int> &others = areKnown ? m_others : tag->sdefVertices();
+    std::for_each(others.begin(), others.end(), move);
+    m_sdefRevision = records.sdefRevision();
     modMesh()->markDirty(KMMeshDirty::Positions);
     return true;
 }

@@ -15,9 +15,9 @@ public:
 
     KMModBoneDeformNode *clone() const override;
 
-    /// Some vertices of the input have other weights: moves these alone, at once, and where a
-    /// spherical blend is among them those that are blended with it. False where that isn't enough, since
-    /// the result is to be made anew anyway or other stages follow it.
+    /// Some vertices of the input have other weights: moves these alone, at once, and those whose spherical blends
+    /// depend on them. False where that isn't enough, since the result is to be made anew anyway or other stages follow
+    /// it.
     bool followWeights(const QVector<int> &vertices);
 
 protected:
@@ -26,4 +26,5 @@ protected:
 private:
     KMSkinning m_skinning;
     int m_sdefRevision = -1; // of the records that the result shows
+    QVector<int> m_others;   // kept for its memory
 };

@@ -2,7 +2,6 @@
 
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
-#include "rig/KMWeightParameters.h"
 
 #include <algorithm>
 
@@ -59,18 +58,34 @@ void KMSdefPairs::place(SdefPair &pair) const
     pair.planeD = -dot(through, pair.planeNormal);
 }
 
-void KMSdefPairs::measureVertex(SdefPair &pair, int vertex, const KMMeshNode &mesh)
+void KMSdefPairs::enter(int number, int vertex)
 {
-    const Vector3 &p = mesh.position(vertex);
-    const float value = pair.planeValue(p);
-    const float fromA = ((pair.unrelated ? pair.boneA : pair.boneB)->restHead() - p).length();
-    if (value < 0.0f && fromA >= pair.farDistanceA) {
-        pair.farVertexA = vertex;
-        pair.farDistanceA = fromA;
-    }
-    const float fromB = (pair.boneB->restHead() - p).length();
-    if (value >= 0.0f && fromB >= pair.farDistanceB) {
-        pair.farVertexB = vertex;
-        pair.farDistanceB = fromB;
+    QVector<int> &vertices = m_pairs[number].vertices;
+    m_pairs[number].isMeasured = false;
+    vertices.insert(std::lower_bound(vertices.begin(), vertices.end(), vertex), vertex);
+}
+
+void KMSdefPairs::take(int number, int vertex)
+{
+    QVector<int> &vertices = m_pairs[number].vertices;
+    m_pairs[number].isMeasured = false;
+    vertices.erase(std::lower_bound(vertices.begin(), vertices.end(), vertex));
+}
+
+void KMSdefPairs::findFarthest(SdefPair &pair, const KMMeshNode &mesh)
+{
+    const Vector3 headA = (pair.unrelated ? pair.boneA : pair.boneB)->restHead(), headB = pair.boneB->restHead();
+    pair.isMeasured = true;
+    pair.farVertexA = pair.farVertexB = -1;
+    pair.farDistanceA = pair.farDistanceB = 0.0f;
+    for (const int vertex : std::as_const(pair.vertices)) {
+        const Vector3 &p = mesh.position(vertex);
+        const bool isOfA = pair.planeValue(p) < 0.0f;
+        const float distance = ((isOfA ? headA : headB) - p).length();
+        float &least = isOfA ? pair.farDistanceA : pair.farDistanceB;
+        if (!(distance >= least))
+            continue;
+        least = distance;
+        (isOfA ? pair.farVertexA : pair.farVertexB) = vertex;
     }
 }

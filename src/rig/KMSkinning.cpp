@@ -24,9 +24,9 @@ Vector3 moved(const Matrix4 &matrix, const Vector3 &point)
 
 } // namespace
 
-void KMSkinning::prepare(const KMTagBoneWeight &tag)
+void KMSkinning::prepare(const KMTagBoneWeight &tag, const KMWeightRecords &records)
 {
-    m_records = &tag.records();
+    m_records = &records;
     const QVector<KMBone *> &bones = tag.bones();
     if (m_matrices.size() != bones.size()) {
         m_matrices.resize(bones.size());

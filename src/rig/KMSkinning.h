@@ -15,8 +15,9 @@ struct KMSdefVertex;
 class KMSkinning
 {
 public:
-    /// Reads records and pose. Allocates only when the tag has more bones than before.
-    void prepare(const KMTagBoneWeight &tag);
+    /// Reads the records of a tag, which are valid until it is edited, and the pose. Allocates only when the tag has
+    /// more bones than before.
+    void prepare(const KMTagBoneWeight &tag, const KMWeightRecords &records);
 
     kvm::Vector3 operator()(int vertex, const kvm::Vector3 &rest) const; ///< of a vertex of the tag's mesh
 

@@ -29,7 +29,7 @@ void KMTagBoneWeight::setParameters(const KMWeightParameters &parameters)
         std::clamp<int>(parameters.sdefMethod, KMWeightParameters::Parent, KMWeightParameters::Both);
     if (!std::isfinite(m_parameters.sdefBlend))
         m_parameters.sdefBlend = KMWeightParameters().sdefBlend;
-    m_stale = Stale::Records;
+    m_isStale = true;
 }
 
 float KMTagBoneWeight::bounded(float weight)
@@ -61,18 +61,25 @@ void KMTagBoneWeight::forgetBone(KMNode *bone)
         return;
     m_bones[*known] = nullptr;
     m_numbers.erase(known);
-    m_stale = Stale::Records;
+    staleAll();
 }
 
 void KMTagBoneWeight::touch(int vertex)
 {
-    if (m_stale == Stale::Records)
+    ++m_revision;
+    if (m_isStale)
         return;
     m_touched.append(vertex);
     if (m_touched.size() > m_lists.vertexCount()) {
         m_touched.clear();
-        m_stale = Stale::Records;
+        m_isStale = true;
     }
+}
+
+void KMTagBoneWeight::staleAll()
+{
+    ++m_revision;
+    m_isStale = true;
 }
 
 void KMTagBoneWeight::addEntry(const BoneWeightEntry &entry)
@@ -142,7 +149,7 @@ void KMTagBoneWeight::clearEntries()
     m_lists.clear();
     m_sdefFlags.clear();
     m_areSdefVerticesKnown = false;
-    m_stale = Stale::Records;
+    staleAll();
 }
 
 void KMTagBoneWeight::setShares(int vertex, KMShareView shares)
@@ -183,7 +190,7 @@ void KMTagBoneWeight::markDirty()
 {
     m_records.clear();
     m_touched.clear();
-    m_stale = Stale::Records;
+    staleAll();
 }
 
 void KMTagBoneWeight::rebuildWeights(int mask)
@@ -193,9 +200,7 @@ void KMTagBoneWeight::rebuildWeights(int mask)
     if (mask == OnlyEditable && (!on || on->ownerModifier() || !on->modifiers().isEmpty()))
         return;
     if (quint32(mask) & KMMeshDirty::Topology)
-        m_stale = Stale::Records;
-    else if ((quint32(mask) & KMMeshDirty::SourceMoved) && m_stale == Stale::Nothing)
-        m_stale = Stale::Reach;
+        m_isStale = true;
 }
 
 KMWeightSource KMTagBoneWeight::source() const
@@ -203,32 +208,30 @@ KMWeightSource KMTagBoneWeight::source() const
     return {*mesh(), m_bones, m_lists, sdefVertices(), m_parameters};
 }
 
-void KMTagBoneWeight::ensure() const
+const KMWeightRecords &KMTagBoneWeight::editedRecords() const
 {
     if (!mesh()) {
         m_records.clear();
-        m_stale = Stale::Records;
-        return;
+        m_isStale = true;
+        return m_records;
     }
-    if (m_stale == Stale::Records) {
+    if (m_isStale) {
         m_records.rebuild(source());
         measureReach();
-    } else {
-        if (!m_touched.isEmpty()) {
-            m_records.follow(source(), m_touched);
-            extendReach(m_touched);
-        }
-        if (m_stale == Stale::Reach)
-            measureReach();
-        m_records.followPlaces(source());
+    } else if (!m_touched.isEmpty()) {
+        m_records.follow(source(), m_touched);
     }
     m_touched.clear();
-    m_stale = Stale::Nothing;
+    m_isStale = false;
+    return m_records;
 }
 
 const KMWeightRecords &KMTagBoneWeight::records() const
 {
-    ensure();
+    const bool isMadeAnew = m_isStale;
+    editedRecords();
+    if (!isMadeAnew && mesh())
+        m_records.followPlaces(source());
     return m_records;
 }
 
@@ -251,9 +254,9 @@ void KMTagBoneWeight::normalizeAll()
 /// How far the vertices of each bone are from its head; results of modifiers have no say.
 void KMTagBoneWeight::measureReach() const
 {
-    const KMMeshNode &on = *mesh();
-    if (on.ownerModifier())
+    if (!mesh() || mesh()->ownerModifier())
         return;
+    const KMMeshNode &on = *mesh();
     m_reach.resize(m_bones.size());
     for (int i = 0; i < m_bones.size(); ++i)
         m_reach[i] = {m_bones.at(i) ? m_bones.at(i)->restHead() : kvm::Vector3(), 0.0f, -1};
@@ -279,26 +282,6 @@ void KMTagBoneWeight::measureReach() const
         m_bones.at(i)->setReach(reaches[i].distance);
         m_bones.at(i)->setNearest(std::numeric_limits<float>::max());
         m_bones.at(i)->setFarVertex(reaches[i].vertex);
-    }
-}
-
-/// An edit of a few vertices can only lengthen it; what it shortens is found with the next refresh of the whole mesh.
-void KMTagBoneWeight::extendReach(const QVector<int> &vertices) const
-{
-    if (mesh()->ownerModifier())
-        return;
-    for (const int i : vertices) {
-        const KMVertex *vertex = mesh()->vertex(i);
-        for (const KMBoneShare &share : m_lists.of(i)) {
-            KMBone *bone = m_bones.at(share.bone);
-            if (!bone || !vertex || share.weight == 0.0f || share.weight == 1.0f)
-                continue;
-            const float distance = (vertex->pos - bone->restHead()).length();
-            if (bone->reach() > distance)
-                continue;
-            bone->setReach(distance);
-            bone->setFarVertex(i);
-        }
     }
 }
 

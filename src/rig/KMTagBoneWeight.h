@@ -24,7 +24,8 @@ class KMMeshNode;
 /// destroyed leaves null.
 ///
 /// Records follow when they are next asked for: all of them after a refresh of the whole mesh, else those of the
-/// vertices that were edited, and the spherical blends when bones or their vertices stand elsewhere.
+/// vertices that were edited, and the spherical blends when bones or their vertices stand elsewhere. The reach of the
+/// bones is measured with all of them only, since a drag would measure it for nobody.
 ///
 /// An empty slot of the mesh keeps its entries, so that undoing a deletion brings them back; a renumbering drops them
 /// until it is undone.
@@ -51,7 +52,8 @@ public:
     QVector<BoneWeightEntry> entriesOf(int vertex) const;
     QVector<BoneWeightEntry> entries() const; ///< vertex by vertex; without bones that are gone for good
     bool isEmpty() const { return m_lists.isEmpty(); }
-    void clearEntries(); ///< and the flags
+    void clearEntries();                        ///< and the flags
+    int revision() const { return m_revision; } ///< another whenever entries, flags or numbers may be others
 
     // The same by numbers, for steps that change many
 
@@ -75,10 +77,15 @@ public:
     void rebuildWeights(int mask) override; ///< bits of KMMeshDirty, or OnlyEditable: what the mesh's refresh changed
     VertexWeights vertexWeights(int vertex) const; ///< for one; who walks over many takes records() and viewOf()
     const KMWeightRecords &records() const;        ///< of a tag that isn't on a mesh there are none
+    /// The same for a brush, which needs them for a few other weights at each of its moves: what bones and vertices
+    /// that stand elsewhere make of them is left to whoever asks for all.
+    const KMWeightRecords &editedRecords() const;
     VertexWeights viewOf(const KMWeightRecords &derived, int vertex) const; ///< in records() as they are now
     const QVector<SdefPair> &sdefPairs() const { return records().pairs(); }
     /// Brings the weights of each record to the sum 1, where autoNormalize asks for that; the entries stay.
     void normalizeAll();
+    /// Tells the bones how far their vertices are from their heads, as they stand now: for whoever reads that.
+    void measureReach() const;
 
     void remapIndices() override;
     void
@@ -103,7 +110,6 @@ private:
         QVector<int> vertices;
         KMWeightLists lists; // by place in vertices
     };
-    enum class Stale { Nothing, Reach, Records };
     struct Reach
     {
         kvm::Vector3 head;
@@ -113,10 +119,8 @@ private:
 
     void forgetBone(KMNode *bone);
     void touch(int vertex);
-    void ensure() const;
+    void staleAll();
     KMWeightSource source() const;
-    void measureReach() const;
-    void extendReach(const QVector<int> &vertices) const;
     void restore(const Lost &lost);
     void carryShares(KMShareView shares, const QVector<int> &numbers, int vertex);
 
@@ -124,6 +128,7 @@ private:
     KMWeightLists m_lists;
     QVector<KMBone *> m_bones; // not owned
     QHash<const KMBone *, int> m_numbers;
+    int m_revision = 0;
     QVector<quint8> m_sdefFlags; // by vertex; the vertices from its end on have none
 
     // Of the tag that is carried over
@@ -135,7 +140,7 @@ private:
     mutable KMWeightRecords m_records;
     mutable QVector<int> m_sdefVertices;
     mutable bool m_areSdefVerticesKnown = false;
-    mutable Stale m_stale = Stale::Records;
+    mutable bool m_isStale = true;  // all of the records
     mutable QVector<int> m_touched; // edited since the records were derived
     mutable QVector<Reach> m_reach; // of the bones, while it is measured
 };

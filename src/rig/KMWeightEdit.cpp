@@ -5,6 +5,7 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <iterator>
 
 KMWeightEdit::KMWeightEdit(KMTagBoneWeight *tag)
     : m_tag(tag)
@@ -89,11 +90,14 @@ void KMWeightEdit::removeEntry(int vertex, KMBone *bone)
 
 void KMWeightEdit::setEntries(int vertex, const QVector<BoneWeightEntry> &entries)
 {
+    const auto stays = [this, &entries](const KMBoneShare &share) {
+        const KMBone *bone = m_tag->bones().at(share.bone);
+        const auto isOfBone = [bone](const BoneWeightEntry &entry) { return entry.bone == bone; };
+        return !m_tag->isLive(share.bone) || std::any_of(entries.begin(), entries.end(), isOfBone);
+    };
+    const KMShareView before = now(vertex);
     QVarLengthArray<KMBoneShare, 8> kept;
-    for (const KMBoneShare &share : now(vertex)) {
-        if (m_tag->bones().at(share.bone) && !m_tag->isLive(share.bone))
-            kept.append(share);
-    }
+    std::copy_if(before.begin(), before.end(), std::back_inserter(kept), stays);
     m_after.set(place(vertex), {kept.constData(), kept.size()});
     for (const BoneWeightEntry &entry : entries)
         setWeight(vertex, entry.bone, entry.weight);

@@ -30,7 +30,8 @@ public:
     QVector<BoneWeightEntry> entriesOf(int vertex) const;
     void setWeight(int vertex, KMBone *bone, float weight); ///< adds an entry where there is none
     void removeEntry(int vertex, KMBone *bone);             ///< leaves a vertex without that entry alone
-    /// In place of all that it had. Entries of deleted bones stay, for whoever takes the deletion back.
+    /// In place of all that it had; bones that it had keep their places. Entries of deleted bones stay, for whoever
+    /// takes the deletion back.
     void setEntries(int vertex, const QVector<BoneWeightEntry> &entries);
     void normalize(int vertex); ///< those of live bones to the sum 1, by the rule of KMTagBoneWeight
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "math/Vector3.h"
+#include "rig/KMSdefPairs.h"
 #include "rig/KMSdefParameters.h"
 #include "rig/KMWeightLists.h"
 #include "rig/KMWeightParameters.h"
@@ -49,8 +50,11 @@ public:
         return place < 0 ? nullptr : m_sdef.constData() + place;
     }
     bool hasSdef() const { return !m_sdef.isEmpty(); }
-    const QVector<SdefPair> &pairs() const { return m_pairs; }
+    const QVector<SdefPair> &pairs() const { return m_pairs.pairs(); }
     int sdefRevision() const { return m_sdefRevision; } ///< another whenever spherical blends were derived anew
+    /// Appends the vertices, beside those that were edited, whose spherical blends were derived anew since a revision;
+    /// false when it may be all.
+    bool derivedSince(int revision, QVector<int> &vertices) const;
 
 private:
     /// What a bone was like when the blends were derived.
@@ -66,15 +70,22 @@ private:
 
     static Rest restOf(const KMBone *bone);
     bool arePlacesOther(const KMWeightSource &source) const;
-    void takeOver(const KMWeightSource &source, int vertex);
+    void takeOver(const KMWeightSource &source, int vertex, bool blends);
+    bool count(const KMWeightSource &source, int vertex, bool isFlagged);
     void normalize(const KMWeightSource &source, int vertex);
     void rebuildSdef(const KMWeightSource &source);
-    void orderByParent(const KMWeightSource &source, KMSdefVertex &record);
+    bool followPair(const KMWeightSource &source, int vertex, bool blends, QVector<int> &touched);
+    void placeRecord(int vertex, int pair);
+    void dropRecord(int vertex);
+    bool measure(const KMWeightSource &source, int pair);
+    void derive(const KMWeightSource &source, KMSdefVertex &record);
 
     KMWeightLists m_lists;
     QVector<int> m_sdefOf; // by vertex; empty while there is none
     QVector<KMSdefVertex> m_sdef;
-    QVector<SdefPair> m_pairs;
+    KMSdefPairs m_pairs;
     int m_sdefRevision = 0;
-    QVector<Rest> m_rests; // by the number of the bone; kept while there are flagged vertices
+    QVector<int> m_derived;      // by the last step to a revision
+    bool m_areAllDerived = true; // by that step, or it is about the first
+    QVector<Rest> m_rests;       // by the number of the bone; kept while there are flagged vertices
 };

@@ -5,6 +5,8 @@
 #include <QPair>
 #include <QVector>
 
+#include <tuple>
+
 class KMBone;
 
 /// Two bones that share vertices which are blended spherically, with the vertices that reach farthest along either of
@@ -26,6 +28,12 @@ struct SdefPair
     float planeD = 0.0f;
     kvm::Vector3 planeNormal;
     QVector<int> vertices;
+    bool isMeasured = false; ///< whether the far ones are the farthest of these
 
+    using Farthest = std::tuple<int, int, float, float, float, float>;
+    Farthest farthest() const ///< all that the blends of the other vertices depend on
+    {
+        return {farVertexA, farVertexB, farDistanceA, farDistanceB, farWeightA, farWeightB};
+    }
     float planeValue(const kvm::Vector3 &point) const { return dot(point, planeNormal) + planeD; } ///< below 0 for A
 };

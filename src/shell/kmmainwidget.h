@@ -75,7 +75,8 @@ public:
     kmattributewidget *attributeDock() const { return m_attributeDock; }
     QAction *action(const char *objectName) const; ///< of the window or a command family; null for an unknown name
 
-    /// Reads a file that was dropped on the window or named otherwise: opens a model, takes a picture as a texture.
+    /// Reads a file that was dropped on the window or named otherwise: opens a model, imports what other programs
+    /// wrote, takes a picture as a texture.
     void openDroppedFile(const QString &path);
 
     QString documentTitle() const override;
@@ -116,6 +117,10 @@ private slots:
     void onMenuProject();
     void onMenuImportKMD();
     void onMenuExportKMDVer1();
+    void onMenuImportPMX();
+    void onMenuExportPMX();
+    void onMenuImportVMD();
+    void onMenuImportVPD();
     void onMenuQuit();
 
     void onMenuCopy();
@@ -241,6 +246,8 @@ private:
     QString askSavePath(const QString &title, const QString &filter,
                         const QString &addition = {});            ///< with a suffix; empty when cancelled
     void importModel(const QString &path, int mask, float scale); ///< the mask is of KMD::Take
+    void importAs(const QString &suffix, const QString &given = {}); ///< asks for the path where none is given
+    void exportAs(const QString &suffix);
     void create(KMContainerNode *node);
     bool editInPanel(KMDockWidget::Edit edit); ///< false when the panel that has the focus leaves it to the nodes
     bool worksOnElements() const; ///< the edit menu means the elements of meshes: the node panel hasn't the focus

@@ -5,6 +5,7 @@
 #include "core/KMProject.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
+#include "formats/KMExchangeFormat.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
@@ -202,6 +203,8 @@ void kmmainwidget::openDroppedFile(const QString &path)
             gSolution->load(path);
         return;
     }
+    if (const KMExchangeFormat *format = exchangeFormat(suffix); format && format->read)
+        return importAs(suffix, path);
     if (!KMImageFiles::isImage(path) || !QImageReader(path).canRead()) {
         KMPrompt::current().warn(tr("%1 is no file that can be opened here.").arg(QFileInfo(path).fileName()), this);
         return;

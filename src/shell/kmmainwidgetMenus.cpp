@@ -115,9 +115,9 @@ void kmmainwidget::createFileMenu()
     QMenu *menu = addMenu(tr("File(&F)"), "Menu File");
     fill(menu, {"actionNew", "actionOpen", nullptr, "actionSave", "actionSaveAs", nullptr});
     QMenu *imports = menu->addMenu(KMIcon::icon(QStringLiteral("import")), tr("Import"));
-    fill(imports, {"actionImportKMD"});
+    fill(imports, {"actionImportKMD", "actionImportPMX", nullptr, "actionImportVMD", "actionImportVPD"});
     QMenu *exports = menu->addMenu(KMIcon::icon(QStringLiteral("export")), tr("Export"));
-    fill(exports, {"actionExportKMDVer1"});
+    fill(exports, {"actionExportKMDVer1", "actionExportPMX"});
     menu->addSeparator();
     m_recentMenu = menu->addMenu(KMIcon::icon(QStringLiteral("recent")), tr("Recent Files"));
     m_recentMenu->setObjectName(QStringLiteral("recentFiles"));

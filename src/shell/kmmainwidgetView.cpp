@@ -184,13 +184,7 @@ void kmmainwidget::onMenuCameraOrtho()
 
 void kmmainwidget::onMenuCameraReset()
 {
-    KMOpenGLWidget *view = m_mainBox->views()->current();
-    if (!view || !view->camera())
-        return;
-    view->container()->endNavigation();
-    view->camera()->reset();
-    view->camera()->checkViewChanged();
-    m_mainBox->views()->refreshViews(everything);
+    m_mainBox->views()->resetCamera();
 }
 
 // What these switch can change elsewhere as well, so that they turn over what holds, not the check mark.

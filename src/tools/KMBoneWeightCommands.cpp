@@ -1,5 +1,6 @@
 #include "tools/KMBoneWeightCommands.h"
 
+#include "core/KMProject.h"
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
 #include "core/KMTagCommands.h"
@@ -18,12 +19,12 @@
 
 namespace {
 
-/// The chosen meshes with weights beside the one that gets them.
+/// The chosen meshes with weights beside the one that gets them. They are only read: locked ones will do.
 QList<KMMeshNode *> sourcesFor(const KMMeshNode *target)
 {
     QList<KMMeshNode *> sources;
-    for (KMMeshNode *mesh : KMMeshTargets::chosen()) {
-        if (mesh != target && !mesh->ownerNode() && KMWeightTargets::tag(*mesh))
+    for (KMMeshNode *mesh : gProject->renderMeshes()) {
+        if (mesh != target && !mesh->ownerNode() && KMMeshTargets::isChosen(*mesh) && KMWeightTargets::tag(*mesh))
             sources << mesh;
     }
     return sources;
@@ -53,7 +54,9 @@ KMBoneWeightCommand::Work BoneWeightComTransfer::plan(const Target &target)
     KMWeightEdit edit(target.tag ? target.tag : made.get());
     KMWeightTransfer(sourcesFor(target.mesh)).apply(*target.mesh, target.vertices, float(m_margin), edit);
     if (edit.isEmpty()) {
-        gSolution->showMessage(tr("No surface with weights lies within the margin."), MessageLevel);
+        gSolution->showMessage(edit.vertices().isEmpty() ? tr("No surface with weights lies within the margin.")
+                                                         : tr("The vertices have these weights already."),
+                               MessageLevel);
         return {};
     }
     KMMeshNode *mesh = target.mesh;

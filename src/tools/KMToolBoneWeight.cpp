@@ -109,8 +109,13 @@ void KMToolBoneWeight::chooseBone(KMBone *bone)
     KMBoneContainer *rig = bone->container();
     const bool isChosen = gSolution->currentBone() == bone && rig->selectedBones() == QList<KMBone *>{bone}
                           && bone->selectMask() == KMBone::BothSelected;
-    if (isChosen || rig->isLocked())
+    if (isChosen)
         return;
+    if (rig->isLocked()) {
+        gSolution->setCurrentBone(bone);
+        refresh();
+        return gSolution->refreshViews(allViews);
+    }
     const KMUndoMacro macro(tr("Select Bone"));
     gSolution->push(new selectAllBoneCommand(rig, false));
     gSolution->push(new selectBoneCommand(bone, KMBone::BothSelected));
@@ -174,23 +179,28 @@ void KMToolBoneWeight::cancel()
 {
     if (!m_stroke)
         return;
-    m_stroke->restore();
+    if (m_mesh)
+        m_stroke->restore();
     dropStroke();
     refresh();
     gSolution->refreshViews(allViews);
 }
 
-/// A mesh that got a tag for the stroke loses it: what follows puts it there as a step of the history.
+/// A mesh that got a tag for the stroke loses it: what follows puts it there as a step of the history. A mesh that went
+/// with its document took its tags along.
 void KMToolBoneWeight::dropStroke()
 {
     if (m_mesh && !m_mesh->modifiers().isEmpty())
         m_stroke->tag().markChanged();
     m_stroke.reset();
     m_mirror.reset();
-    if (m_madeTag && m_mesh)
+    if (!m_mesh)
+        m_madeTag.release();
+    else if (m_madeTag)
         m_mesh->removeTag(m_madeTag.get());
     m_madeTag.reset();
     m_mesh = nullptr;
+    m_strokeView = nullptr;
     setPainting(false);
     setEditing(false);
 }
@@ -319,7 +329,7 @@ void KMToolBoneWeight::beginStroke(const KMMouseEvent &event, const KMOpenGLWidg
     KMBone *painted = bone();
     KMBone *partner = nullptr;
     if (gSolution->editFilter().symmetry) {
-        partner = KMWeightTargets::mirrorBone(painted);
+        partner = KMWeightTargets::imageBone(painted);
         if (partner)
             m_mirror = std::make_unique<KMMirrorMap>(*m_mesh, widget.camera()->pixelScale(gSettings->symmetryMargin));
         else
@@ -329,6 +339,7 @@ void KMToolBoneWeight::beginStroke(const KMMouseEvent &event, const KMOpenGLWidg
     if (event.modifiers() & Qt::ShiftModifier)
         brush.mode = KMWeightBrush::Blur;
     m_stroke = std::make_unique<KMWeightPaintStruct>(*m_mesh, *tag, brush, painted, partner);
+    m_strokeView = &widget;
     surfaceOf(*m_mesh, widget);
     setEditing(true);
     setPainting(true);
@@ -369,6 +380,10 @@ void KMToolBoneWeight::showMoved(const QVector<int> &vertices)
 
 bool KMToolBoneWeight::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
 {
+    if (m_stroke && event->buttons() == Qt::NoButton)
+        cancel(); // the release went elsewhere
+    if (m_stroke && widget != m_strokeView)
+        return false;
     placeCircle(event->localPos(), event->pressure, widget);
     if (m_stroke) {
         strokeTo(*event);
@@ -394,18 +409,19 @@ bool KMToolBoneWeight::mouseRelease(KMMouseEvent *event, KMOpenGLWidget *)
 
 void KMToolBoneWeight::endStroke()
 {
+    if (!m_mesh)
+        return cancel();
     m_stroke->restore();
     const KMWeightEdit edit = m_stroke->edit();
     KMMeshNode *mesh = m_mesh;
     std::unique_ptr<KMWeightSurface> surface = std::move(m_surface);
-    const bool hasTag = !m_madeTag;
     KMTagBoneWeight *made = nullptr;
-    if (!hasTag && mesh && !edit.isEmpty()) {
+    if (m_madeTag && !edit.isEmpty()) {
         mesh->removeTag(m_madeTag.get());
         made = m_madeTag.release();
     }
     dropStroke();
-    if (mesh && !edit.isEmpty()) {
+    if (!edit.isEmpty()) {
         const KMUndoMacro macro(tr("Paint BoneWeight"));
         if (made)
             gSolution->push(new addTagCommand(mesh, made));
@@ -413,7 +429,7 @@ void KMToolBoneWeight::endStroke()
     }
     refresh();
     // Weights move no vertex of a mesh without modifiers: the next stroke finds them where they are.
-    if (mesh && mesh->modifiers().isEmpty())
+    if (mesh->modifiers().isEmpty())
         m_surface = std::move(surface);
 }
 
@@ -429,7 +445,7 @@ void KMToolBoneWeight::tellVertex(const QPointF &at, KMOpenGLWidget *widget)
     QStringList parts;
     for (const BoneWeightEntry &entry : vertex < 0 ? QVector<BoneWeightEntry>() : tag->entriesOf(vertex)) {
         if (!entry.bone->isDeleted())
-            parts << tr("%1: %2").arg(entry.bone->name()).arg(double(entry.weight), 0, 'f', 3);
+            parts << tr("%1: %2").arg(entry.bone->name(), QString::number(double(entry.weight), 'f', 3));
     }
     if (vertex >= 0 && parts.isEmpty())
         parts << tr("no weight");

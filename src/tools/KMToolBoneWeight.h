@@ -33,9 +33,11 @@ public:
     const KMWeightBrush &brush() const { return m_brush; } ///< its mode is that of the tool
     void setBrush(const KMWeightBrush &brush);             ///< values out of their range become the nearest
 
-    KMBone *bone() const;                 ///< that is painted; null for none
-    QList<KMBone *> bones() const;        ///< of the rig to which it belongs, or of the first rig there is
-    static void chooseBone(KMBone *bone); ///< selects it alone, as a step of the history where it isn't yet
+    KMBone *bone() const;          ///< that is painted; null for none
+    QList<KMBone *> bones() const; ///< of the rig to which it belongs, or of the first rig there is
+    /// Selects it alone, as a step of the history where it isn't yet. In a locked rig, where nothing can be selected,
+    /// it becomes the one that is painted all the same.
+    void chooseBone(KMBone *bone);
 
     void initialize() override;
     void finalize() override;
@@ -88,7 +90,8 @@ private:
     int m_toldVertex = -1;                      // whose weights the status text has
 
     // The stroke
-    QPointer<KMMeshNode> m_mesh;
+    QPointer<KMMeshNode> m_mesh;                  // null when it went with its document
+    const KMOpenGLWidget *m_strokeView = nullptr; // compared, never used
     std::unique_ptr<KMWeightPaintStruct> m_stroke;
     std::unique_ptr<KMMirrorMap> m_mirror;      // null where nothing is mirrored
     std::unique_ptr<KMTagBoneWeight> m_madeTag; // for a mesh without one; the mesh has it until the stroke is over

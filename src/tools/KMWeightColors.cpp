@@ -25,6 +25,17 @@ const Stop stops[] = {
     {0.75f, {0.95f, 0.85f, 0.10f, 1.0f}}, {1.0f, {0.90f, 0.10f, 0.08f, 1.0f}},
 };
 
+/// Results that carry weights of their own show these; others, such as those that bones have moved, those of the
+/// vertices that they came of.
+const KMTagBoneWeight *shownTag(const KMMeshNode &mesh)
+{
+    const KMTagBoneWeight *own = KMWeightTargets::tag(mesh);
+    if (!mesh.ownerModifier() || (own && !own->isEmpty()))
+        return own;
+    const auto *modifier = qobject_cast<const KMModifierNode *>(mesh.ownerNode());
+    return modifier && modifier->input() ? shownTag(*modifier->input()) : nullptr;
+}
+
 } // namespace
 
 KMWeightColors::KMWeightColors(bool arePoints)
@@ -74,17 +85,15 @@ void KMWeightColors::change(const QVector<int> &vertices)
     m_log += vertices;
     m_logEnds.push_back(m_log.size());
     ++m_revision;
+    for (View &view : m_views)
+        view.isSure = false; // results get their weights with the next frame
 }
 
-/// Results that carry weights of their own show these; others, such as those that bones have moved, those of the
-/// vertices that they came of.
 KMWeightColors::View KMWeightColors::makeView(const KMMeshNode &mesh) const
 {
-    const KMTagBoneWeight *own = KMWeightTargets::tag(mesh);
     View view;
-    if (!mesh.ownerModifier() || (own && !own->isEmpty())) {
-        view.tag = own;
-    } else {
+    view.tag = shownTag(mesh);
+    if (mesh.ownerModifier() && (!view.tag || view.tag->mesh() != &mesh)) {
         const auto *modifier = qobject_cast<const KMModifierNode *>(mesh.ownerNode());
         const KMMeshNode *input = modifier ? modifier->input() : nullptr;
         if (input)
@@ -100,18 +109,28 @@ KMWeightColors::View KMWeightColors::makeView(const KMMeshNode &mesh) const
     }
     view.mesh = &mesh;
     view.number = view.tag ? view.tag->knownNumberOf(m_bone) : -1;
+    view.madeAt = m_revision;
+    view.isSure = true;
     return view;
+}
+
+/// A result has weights of its own from the first ones on, and other numbers for its bones with each carrying.
+bool KMWeightColors::isRight(View &view) const
+{
+    if (view.isMapped && view.sourceOf.size() != view.mesh->vertexCount())
+        return false;
+    if (view.isSure)
+        return true;
+    view.isSure = view.tag == shownTag(*view.mesh);
+    view.number = view.isSure && view.tag ? view.tag->knownNumberOf(m_bone) : -1;
+    return view.isSure;
 }
 
 const KMWeightColors::View &KMWeightColors::viewOf(const KMMeshNode &mesh) const
 {
     for (View &view : m_views) {
-        if (view.mesh != &mesh || (view.isMapped && view.sourceOf.size() != mesh.vertexCount()))
-            continue;
-        // Results number their bones anew with each frame.
-        if (view.tag && view.tag->bones().value(view.number) != m_bone)
-            view.number = view.tag->knownNumberOf(m_bone);
-        return view;
+        if (view.mesh == &mesh && isRight(view))
+            return view;
     }
     m_views.erase(std::remove_if(m_views.begin(), m_views.end(), [&](const View &view) { return view.mesh == &mesh; }),
                   m_views.end());
@@ -124,13 +143,15 @@ kvm::Vector4 KMWeightColors::vertexColor(const KMMeshNode &mesh, int vertex) con
     const View &view = viewOf(mesh);
     const int source = view.isMapped ? view.sourceOf.at(vertex) : vertex;
     const KMShareView shares = view.tag && source >= 0 ? view.tag->lists().of(source) : KMShareView();
-    if (shares.isEmpty())
-        return m_arePoints ? barePoint : bareFace;
+    bool isBare = true;
     float weight = 0.0f;
     for (const KMBoneShare &share : shares) {
+        isBare = isBare && !view.tag->isLive(share.bone);
         if (share.bone == view.number)
             weight = share.weight;
     }
+    if (isBare)
+        return m_arePoints ? barePoint : bareFace;
     kvm::Vector4 color = ramp(weight);
     color.w = m_arePoints ? 1.0f : opacity;
     return color;
@@ -147,8 +168,11 @@ bool KMWeightColors::changedSince(const KMMeshNode &mesh, qint64 revision, QVect
     const KMModifierNode *stage = nullptr;
     if (&mesh != m_mesh)
         stage = qobject_cast<const KMModifierNode *>(mesh.ownerNode());
-    const bool canTell = &mesh == m_mesh || (stage && stage->input() == m_mesh && viewOf(mesh).isMapped);
-    if (revision < m_logStart || !canTell)
+    const auto canTell = [&] {
+        const View &view = viewOf(mesh);
+        return stage && stage->input() == m_mesh && view.isMapped && view.madeAt <= revision;
+    };
+    if (revision < m_logStart || (&mesh != m_mesh && !canTell()))
         return false;
     const size_t step = size_t(revision - m_logStart);
     const int first = step == 0 ? 0 : m_logEnds[step - 1];

@@ -13,7 +13,8 @@ class KMMeshNode;
 class KMTagBoneWeight;
 
 /// The weights of a bone as colours on a mesh and on what its modifiers make of it: from blue for 0 over green and
-/// yellow to red for 1. Vertices without any weight stand out by being dark, as points in magenta.
+/// yellow to red for 1. Vertices without any weight of a bone that is there stand out by being dark, as points in
+/// magenta.
 ///
 /// It keeps account of what has changed, so that a stroke has only that painted anew which it touched.
 class KMWeightColors : public KMVertexColors
@@ -37,12 +38,15 @@ private:
     struct View
     {
         const KMMeshNode *mesh = nullptr;
+        qint64 madeAt = 0;                    ///< revision
+        bool isSure = false;                  ///< nothing has changed since it was looked over
         const KMTagBoneWeight *tag = nullptr; ///< null without weights
         int number = -1;                      ///< of the bone in the tag
         bool isMapped = false;                ///< the tag is that of another mesh
         QVector<int> sourceOf;                ///< vertices of that, by those of this one
     };
     View makeView(const KMMeshNode &mesh) const;
+    bool isRight(View &view) const;
     const View &viewOf(const KMMeshNode &mesh) const;
 
     bool m_arePoints;

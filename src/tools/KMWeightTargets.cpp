@@ -5,8 +5,10 @@
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMMeshTargets.h"
+#include "mesh/KMSymmetryPlane.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBonePartners.h"
 #include "rig/KMBoneWeightCommands.h"
 #include "rig/KMTagBoneWeight.h"
 
@@ -99,6 +101,11 @@ KMBone *KMWeightTargets::mirrorBone(KMBone *bone)
         return nullptr;
     bone->container()->pairMirrorBones();
     return bone->mirrorBone();
+}
+
+KMBone *KMWeightTargets::imageBone(KMBone *bone)
+{
+    return bone && bone->container() ? KMBonePartners::partnerOf(bone, bone->container()->mirrorPlane()) : nullptr;
 }
 
 void KMWeightTargets::push(KMMeshNode *mesh, const KMWeightEdit &edit)

@@ -19,6 +19,7 @@ QVector<int> selectedVertices(const KMMeshNode &mesh); ///< touched by any selec
 /// The bone that is meant: the current one, else the first selected one of the rigs in the tree. Null for none.
 KMBone *bone();
 KMBone *mirrorBone(KMBone *bone); ///< its partner, looked for now; the bone itself on the plane, null without one
+KMBone *imageBone(KMBone *bone);  ///< the same, but of bones that lie in one place each has its own
 
 /// Pushes an edit as one command that says what it is: only added entries, only deleted ones, or anything. Nothing
 /// where nothing would change.

@@ -1,6 +1,11 @@
+#include "core/KMSolution.h"
+#include "formats/KMNativeFormat.h"
 #include "support/KmdBytes.h"
+#include "support/PmxBytes.h"
+#include "support/RigScene.h"
 #include "support/TestPaths.h"
 #include "support/TestRegistry.h"
+#include "support/VmdBytes.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -20,6 +25,7 @@ private slots:
     void helpIsNoFault();
     void infoTellsTheDocument();
     void infoTellsMeshes();
+    void infoTellsModels();
     void infoOfAnEmptyDocument();
     void convertWritesTheSameDocument();
     void convertFitsRelease1();
@@ -37,6 +43,7 @@ private:
     Result run(const QStringList &arguments, const QStringList &environment = {}) const;
     QString path(const char *name) const { return m_dir->filePath(QString::fromUtf8(name)); }
     bool write(const char *name, const QByteArray &bytes) const;
+    bool writeRig(const char *name) const; ///< of one bone, "arm"
     QByteArray read(const char *name) const;
     QJsonObject info(const QString &file) const;
 
@@ -53,6 +60,14 @@ bool tst_kelmo_batch::write(const char *name, const QByteArray &bytes) const
 {
     QFile file(path(name));
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+bool tst_kelmo_batch::writeRig(const char *name) const
+{
+    RigScene scene;
+    installNativeFormat(gSolution);
+    scene.addBone(QStringLiteral("arm"), nullptr, {0, 0, 0}, {0, 10, 0});
+    return gSolution->saveBackup(path(name));
 }
 
 QByteArray tst_kelmo_batch::read(const char *name) const
@@ -122,7 +137,13 @@ void tst_kelmo_batch::exitCodes_data()
     row("convert good.kmd .", 1, "no suffix");
     row("info letter.docx", 1, "docx");
     row("render good.kmd out.docx", 1, "docx");
-    row("render good.kmd out.png --pose wave.vpd", 1, "--pose");
+    row("render good.kmd out.png --pose missing.vpd", 2, "exist");
+    row("render good.kmd out.png --motion walk.vmd", 2, "RootBone");
+    row("render rig.kmd out.png --motion short.vmd", 2, "filed load bone keys.");
+    row("render rig.kmd out.png --motion .", 2, "regular");
+    row("info walk.vmd", 2, "RootBone");
+    row("info missing.vmd", 2, "exist");
+    row("convert rig.kmd out.vmd", 1, "vmd");
     row("render short.kmd out.png", 2, "damaged");
     row("render good.kmd out.png --size 0x10", 1, "--size");
     row("run script.js", 1, "run");
@@ -144,6 +165,8 @@ void tst_kelmo_batch::exitCodes()
     QFETCH(int, code);
     QFETCH(QString, words);
     QVERIFY(write("empty.kmd", {}) && write("letter.kmd", "Dear Sir,") && write("letter.docx", "Dear Sir,"));
+    QVERIFY(write("walk.vmd", VmdBytes::file({{"arm", 0}})) && write("short.vmd", VmdBytes::file({}).left(52)));
+    QVERIFY(writeRig("rig.kmd"));
     QVERIFY(write("short.kmd", KmdBytes(4.4).bytes().left(900)));
     QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder.kmd")));
     const Result result = run(arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
@@ -198,6 +221,29 @@ void tst_kelmo_batch::infoTellsMeshes()
     const QJsonObject empty = info(QStringLiteral("empty.kmd")).value("meshes").toArray().first().toObject();
     QCOMPARE(empty.value("vertices").toInt(-1), 0);
     QVERIFY(empty.value("bbox").isNull());
+}
+
+/// A model tells the same as the native file that it was converted to.
+void tst_kelmo_batch::infoTellsModels()
+{
+    QVERIFY(write("model.pmx", PmxBytes().bytes()));
+    QJsonObject model = info(QStringLiteral("model.pmx"));
+    QCOMPARE(model.value("weights").toObject(), (QJsonObject{{"entries", 8}, {"sdef", 1}}));
+    const QJsonObject morph{{"name", "morph 1"}, {"panel", 1}, {"deltas", 2}};
+    QCOMPARE(model.value("morphs").toArray(), QJsonArray{morph});
+    QCOMPARE(run({QStringLiteral("convert"), QStringLiteral("model.pmx"), QStringLiteral("model.kmd")}).code, 0);
+    model.insert("format", "kmd");
+    QCOMPARE(info(QStringLiteral("model.kmd")), model);
+
+    const QJsonObject large = [this] {
+        const Result result = run({"info", "model.pmx", "--import-scale", "20"});
+        return QJsonDocument::fromJson(result.out).object();
+    }();
+    const auto headOf = [](const QJsonObject &document) {
+        return document.value("bones").toArray().last().toObject().value("head").toArray().at(1).toDouble();
+    };
+    QVERIFY(headOf(model) != 0.0);
+    QCOMPARE(headOf(large), 2.0 * headOf(model));
 }
 
 void tst_kelmo_batch::infoOfAnEmptyDocument()

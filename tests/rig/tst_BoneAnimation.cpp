@@ -73,8 +73,8 @@ private slots:
     void offsetsFollowTheParent();
     void firstBoneOfANameIsLinked();
     void tracksWithoutBones();
-    void importedMotionSurvivesUndo();
-    void importedKeysSurviveUndo();
+    void foreignMotionSurvivesUndo();
+    void foreignKeysSurviveUndo();
 };
 
 void tst_BoneAnimation::curves()
@@ -322,7 +322,6 @@ void tst_BoneAnimation::firstBoneOfANameIsLinked()
     QVERIFY(first->tail() == driven && second->tail() == rest);
 }
 
-/// A motion that is read replaces all tracks without a step of the history: steps before it keep off the new ones.
 void tst_BoneAnimation::tracksWithoutBones()
 {
     RigScene scene;
@@ -336,7 +335,8 @@ void tst_BoneAnimation::tracksWithoutBones()
     QVERIFY(animation->hasKey(QStringLiteral("arm"), 3) && !animation->track(QStringLiteral("nobody")));
 }
 
-void tst_BoneAnimation::importedMotionSurvivesUndo()
+/// Tracks that were replaced without a step of the history: steps before that keep off the new ones.
+void tst_BoneAnimation::foreignMotionSurvivesUndo()
 {
     RigScene scene;
     scene.addBone(QStringLiteral("a"), nullptr, {}, {1, 0, 0});
@@ -354,32 +354,32 @@ void tst_BoneAnimation::importedMotionSurvivesUndo()
 }
 
 /// Likewise for steps that set and took single keys.
-void tst_BoneAnimation::importedKeysSurviveUndo()
+void tst_BoneAnimation::foreignKeysSurviveUndo()
 {
     RigScene scene;
     scene.addBone(QStringLiteral("b"), nullptr, {}, {1, 0, 0});
     BoneAnimation *animation = scene.rig->animation();
-    const auto import = [animation](const kvm::Vector3 &position) {
+    const auto replace = [animation](const kvm::Vector3 &position) {
         animation->clear();
         for (quint32 frame : {3u, 8u})
             animation->setKey(keyOf(QStringLiteral("b"), frame, position));
     };
-    const auto isImport = [animation](const kvm::Vector3 &position) {
+    const auto isReplaced = [animation](const kvm::Vector3 &position) {
         const BoneTrack *track = animation->track(QStringLiteral("b"));
         return track && track->keys.size() == 2 && track->keys.count(3) && track->keys.at(3).position == position;
     };
     gSolution->push(new addBoneKeyCommand(scene.rig, keyOf(QStringLiteral("b"), 3)));
-    import({1, 0, 0});
+    replace({1, 0, 0});
     scene.session.stack().undo();
-    QVERIFY(isImport({1, 0, 0}));
+    QVERIFY(isReplaced({1, 0, 0}));
     scene.session.stack().redo(); // over the key that came meanwhile
-    QVERIFY(isImport({0, 0, 0}));
+    QVERIFY(isReplaced({0, 0, 0}));
     scene.session.stack().undo();
-    QVERIFY(isImport({1, 0, 0}));
+    QVERIFY(isReplaced({1, 0, 0}));
     gSolution->push(new removeBoneKeyCommand(scene.rig, QStringLiteral("b"), 3));
-    import({2, 0, 0});
+    replace({2, 0, 0});
     scene.session.stack().undo();
-    QVERIFY(isImport({2, 0, 0}));
+    QVERIFY(isReplaced({2, 0, 0}));
 }
 
 KM_TEST(tst_BoneAnimation);

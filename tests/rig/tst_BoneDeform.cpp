@@ -134,6 +134,7 @@ private slots:
     void weightsThroughTheChain();
     void mirroredWeights_data();
     void mirroredWeights();
+    void coincidentBones();
     void mirrorFollowsBones();
     void freezing();
     void allocatesNothing();
@@ -290,6 +291,29 @@ void tst_BoneDeform::mirroredWeights_data()
     QTest::newRow("moved away") << int(KMModSymNode::PlusX) << Vector3(9, 0, 0) << 0.0f << 0;
 }
 
+/// Of two bones in one place each has its own image.
+void tst_BoneDeform::coincidentBones()
+{
+    ArmScene scene;
+    gSettings->symmetryMargin = 0.5f;
+    for (int i = 0; i < 4; ++i) {
+        const KMBone *bone = scene.bones.at(i);
+        scene.bones << scene.addBone(QStringLiteral("twin"), nullptr, bone->restHead(), bone->restTail());
+        if (i < 2)
+            scene.tag->addEntry({7, 0.2f, scene.bones.last()});
+    }
+    auto *symmetry = new KMModSymNode;
+    KMModSymNode::Parameters plane;
+    plane.axis = KMModSymNode::PlusX;
+    symmetry->setParameters(plane);
+    scene.add(symmetry);
+    const QVector<BoneWeightEntry> here = scene.tag->entriesOf(7);
+    const QVector<BoneWeightEntry> there = weightsOf(*symmetry->modMesh())->entriesOf(7 + scene.mesh->vertexCount());
+    QCOMPARE(there.size(), here.size());
+    for (int i = 0; i < here.size(); ++i)
+        QCOMPARE(there.at(i).bone, scene.bones.at(scene.bones.indexOf(here.at(i).bone) + 2));
+}
+
 void tst_BoneDeform::mirroredWeights()
 {
     QFETCH(int, axis);
@@ -355,6 +379,10 @@ void tst_BoneDeform::mirrorFollowsBones()
     };
     for (const int step : {5, 4, 3, 2, 1, 0, 1, 2, 3, 4, 5, 0, 4})
         check(step);
+    // A bone that moves and keeps its partner has nothing carried anew.
+    const int carried = weightsOf(*symmetry->modMesh())->revision();
+    gSolution->push(new editBoneGeometryCommand(made, restBone({-1, 0, 1.1f}, {-3, 0, 1})));
+    QCOMPARE(weightsOf(*symmetry->modMesh())->revision(), carried);
 }
 
 /// The plain mesh has the weights of what it was made of, past a stage that moves by bones and through those behind it.

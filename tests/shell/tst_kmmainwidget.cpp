@@ -7,6 +7,8 @@
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModSymNode.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
 #include "shell/KMMainBox.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
@@ -18,6 +20,7 @@
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
+#include "support/VmdBytes.h"
 #include "tools/KMPanelBar.h"
 
 #include <QCheckBox>
@@ -59,6 +62,7 @@ private slots:
     void droppedModelAsksFirst_data();
     void droppedModelAsksFirst();
     void droppedPicture();
+    void motionsAndPoses();
     void windowState();
     void shortcutFile();
     void menuTitlesAndActions();
@@ -405,6 +409,47 @@ void tst_kmmainwidget::droppedPicture()
     QCOMPARE(gSolution->currentTexture(), gProject->textures().nodes().first());
     QCOMPARE(window->undoStack()->count(), 1);
     QVERIFY(window.prompt.messages.isEmpty());
+}
+
+void tst_kmmainwidget::motionsAndPoses()
+{
+    TestWindow window;
+    auto *rig = new KMBoneContainer;
+    gProject->addToScene(rig);
+    auto *arm = new KMBone;
+    arm->setName(QStringLiteral("arm"));
+    arm->setRest(restBone({0, 0, 0}, {0, 10, 0}));
+    rig->attachBone(arm, nullptr);
+    rig->rebuildOrder();
+    gSolution->clearHistory();
+    const auto write = [&window](const char *name, const QByteArray &bytes) {
+        QFile file(window.filePath(name));
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    };
+    QVERIFY(write("Walk.VMD", VmdBytes::file({{"arm", 0, {1, 0, 0}}, {"arm", 30, {2, 0, 0}}})));
+    QVERIFY(write("wave.vpd", "Bone0{arm\n3,0,0;\n0,0,0,1;\n}"));
+
+    window.trigger("actionImportVMD"); // the dialogue is left by Escape
+    QVERIFY(rig->animation()->tracks().isEmpty());
+    QCOMPARE(window.prompt.fileRequests.last().filter, QStringLiteral("MMD Motion Data (*.vmd)"));
+    window.prompt.paths << window.filePath("Walk.VMD");
+    window.trigger("actionImportVMD");
+    QVERIFY(rig->animation()->hasKey(arm->name(), 30) && gSolution->isModified());
+    QCOMPARE(arm->tail(), kvm::Vector3(10, 10, 0));
+    QCOMPARE(gSolution->directory().absolutePath(), QFileInfo(window.filePath("Walk.VMD")).absolutePath());
+
+    gProject->setCurrentFrame(20);
+    window.prompt.paths << window.filePath("wave.vpd");
+    window.trigger("actionImportVPD");
+    QCOMPARE(arm->tail(), kvm::Vector3(30, 10, 0));
+    window->undoStack()->undo();
+    QVERIFY(!rig->animation()->hasKey(arm->name(), 20));
+    drop(*window, window.filePath("wave.vpd"));
+    QCOMPARE(arm->tail(), kvm::Vector3(30, 10, 0));
+    drop(*window, window.filePath("Walk.VMD"));
+    QVERIFY(!rig->animation()->hasKey(arm->name(), 20));
+    QCOMPARE(window->undoStack()->count(), 3);
+    QVERIFY(window.prompt.messages.isEmpty() && !QApplication::overrideCursor());
 }
 
 void tst_kmmainwidget::windowState()

@@ -55,6 +55,7 @@ public:
     {
     }
     void refreshViews(int mask) override { *m_log << QStringLiteral("refreshViews %1").arg(mask); }
+    void resetCamera() override { *m_log << QStringLiteral("resetCamera"); }
     void resetViews() override { *m_log << QStringLiteral("resetViews"); }
 
 private:

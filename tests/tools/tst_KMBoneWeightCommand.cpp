@@ -350,13 +350,24 @@ void tst_KMBoneWeightCommand::deletedBones()
     Desk desk;
     KMBone *dead = run(desk);
     QVector<float> ofDead;
-    for (int i = 0; i < desk.mesh->vertexCount(); ++i)
+    QVector<QVector<BoneWeightEntry>> before;
+    for (int i = 0; i < desk.mesh->vertexCount(); ++i) {
         ofDead << desk.tag->weight(i, dead);
+        before << desk.tag->entriesOf(i);
+    }
     QCOMPARE(desk.run(QTest::currentDataTag()), 1);
     for (int i = 0; i < desk.mesh->vertexCount(); ++i) {
         for (int b = 0; b < desk.bones.size(); ++b)
             QVERIFY(std::abs(desk.tag->weight(i, desk.bones[b]) - without.at(i).at(b)) < 1e-5f);
         QCOMPARE(desk.tag->weight(i, dead), ofDead.at(i));
+        QVector<KMBone *> order, orderBefore; // of what is left of the entries
+        for (const BoneWeightEntry &entry : before.at(i)) {
+            if (desk.tag->hasEntry(i, entry.bone))
+                orderBefore << entry.bone;
+        }
+        for (const BoneWeightEntry &entry : desk.tag->entriesOf(i))
+            order << entry.bone;
+        QCOMPARE(order.mid(0, orderBefore.size()), orderBefore);
     }
 }
 
@@ -379,7 +390,7 @@ void tst_KMBoneWeightCommand::transferToOther()
     }
 }
 
-/// Against the nearest of all triangles, each searched by itself.
+/// Against the nearest of all triangles, each searched by itself. The source is locked, and one of its bones deleted.
 void tst_KMBoneWeightCommand::transferFromSurface()
 {
     Desk desk(MeshFixtures::torus(7, 5));
@@ -395,6 +406,9 @@ void tst_KMBoneWeightCommand::transferFromSurface()
     gProject->tree()->setCurrentItem(target->item());
     target->setSelected(true);
     desk.mesh->setSelected(true);
+    desk.mesh->setLocked(true);
+    gSolution->push(new deleteBoneCommand(desk.bones[4]));
+    gSolution->setCurrentNode(target);
     target->refreshMesh(KMMeshDirty::All);
     for (int i = 1; i < target->vertexCount(); ++i) // all but the first
         target->setVertexFlag(i, KMElementFlag::Selected);
@@ -426,7 +440,7 @@ void tst_KMBoneWeightCommand::transferFromSurface()
                 nearest = distance2(place, to);
                 for (int b = 0; b < expected.size(); ++b) {
                     expected[b] = 0.0;
-                    for (size_t c = 0; c < 3; ++c)
+                    for (size_t c = 0; c < 3 && !desk.bones[b]->isDeleted(); ++c)
                         expected[b] += shares[c] * double(desk.tag->weight(corners[c], desk.bones[b]));
                 }
             }
@@ -445,6 +459,8 @@ void tst_KMBoneWeightCommand::transferFromSurface()
         }
     }
     QVERIFY(within > 5 && within < target->vertexCount() - 1);
+    QCOMPARE(desk.run("BoneWeightComTransfer"), 0);
+    QCOMPARE(desk.lastMessage(), QStringLiteral("The vertices have these weights already."));
     desk.session.stack().undo();
     QVERIFY(!target->findTag(KMNodeType::TagBoneWeight));
 }

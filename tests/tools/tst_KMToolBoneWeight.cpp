@@ -5,6 +5,7 @@
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMModSymNode.h"
 #include "render/KMCameraNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
@@ -52,7 +53,7 @@ struct WeightWindow : ToolWindow
             gSolution->push(new addBoneCommand(rig, bone, bones.value(0)));
             bones << bone;
         }
-        KMToolBoneWeight::chooseBone(bones[1]);
+        tool->chooseBone(bones[1]);
         centre();
         gSolution->clearHistory();
         gProject->tree()->setCurrentItem(mesh->item());
@@ -81,6 +82,16 @@ struct WeightWindow : ToolWindow
         auto *tag = new KMTagBoneWeight;
         mesh->addTag(tag);
         return tag;
+    }
+    void append(KMModifierNode *stage)
+    {
+        {
+            const KMUndoMacro macro(QStringLiteral("add"));
+            gProject->addToScene(stage);
+            gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, mesh, stage, KMRowFocus::Keep));
+            gProject->checkModifiers();
+        }
+        gProject->tree()->setCurrentItem(mesh->item());
     }
     const KMTagBoneWeight *tag() const
     {
@@ -143,7 +154,11 @@ private slots:
     void blurringAndErasing();
     void firstStrokeMakesTheTag();
     void choosingTheBone();
+    void newDocumentInAStroke();
+    void lostRelease();
+    void colorsFollowTheStroke_data();
     void colorsFollowTheStroke();
+    void colorsOfDeletedBones();
     void posedSurfaceFollowsTheStroke();
 };
 
@@ -239,12 +254,20 @@ void tst_KMToolBoneWeight::othersGiveWay()
         tag->addEntry({i, 0.75f, window.bones[0]});
         tag->addEntry({i, 0.25f, window.bones[2]});
     }
+    auto *dead = new KMBone; // has no say, and keeps what it had
+    gSolution->push(new addBoneCommand(window.bones[0]->container(), dead, nullptr));
+    for (int i = 0; i < window.mesh->vertexCount(); ++i)
+        tag->addEntry({i, 0.5f, dead});
+    gSolution->push(new deleteBoneCommand(dead));
+    gProject->tree()->setCurrentItem(window.mesh->item());
+    window.tool->chooseBone(window.bones[1]);
     window.setBrush(KMWeightBrush::Add, 1.0f, 1.0f, KMWeightBrush::Falloff::Linear);
     const QPointF at = window.at(ToolWindow::Top, 45);
     window.stroke(ToolWindow::Top, at, at + QPointF(30, 0), 6);
     int shared = 0;
     for (int i = 0; i < window.mesh->vertexCount(); ++i) {
-        QVERIFY(std::abs(window.sum(i) - 1.0) < 1e-5);
+        QCOMPARE(tag->weight(i, dead), 0.5f);
+        QVERIFY(std::abs(window.sum(i) - 1.5) < 1e-5);
         const double spine = double(tag->weight(i, window.bones[0])), arm = double(tag->weight(i, window.bones[2]));
         const double painted = double(tag->weight(i, window.bones[1]));
         shared += painted > 0.0 && painted < 0.99;
@@ -253,7 +276,7 @@ void tst_KMToolBoneWeight::othersGiveWay()
     }
     QVERIFY(shared > 3);
     QVERIFY(std::abs(double(tag->weight(45, window.bones[1])) - 1.0) < 1e-3);
-    QVERIFY(tag->entriesOf(45).size() == 1 || tag->weight(45, window.bones[1]) < 1.0f); // no weights of 0 stay
+    QVERIFY(tag->entriesOf(45).size() == 2 || tag->weight(45, window.bones[1]) < 1.0f); // no weights of 0 stay
 }
 
 void tst_KMToolBoneWeight::mirrored()
@@ -368,20 +391,91 @@ void tst_KMToolBoneWeight::choosingTheBone()
     QCOMPARE(window.bones[2]->selectMask(), 0);
     gSolution->undoStack()->undo();
     QCOMPARE(list->currentRow(), 2);
+    // A locked rig can't be selected in, but painted with.
+    window.bones[0]->container()->setLocked(true);
+    const int steps = gSolution->undoStack()->index();
+    list->setCurrentRow(1);
+    QCOMPARE(window.tool->bone(), window.bones[1]);
+    QCOMPARE(list->currentRow(), 1);
+    QCOMPARE(gSolution->undoStack()->index(), steps);
+}
+
+/// Mesh and tag go with the old document, while the brush still holds them.
+void tst_KMToolBoneWeight::newDocumentInAStroke()
+{
+    for (const bool hasTag : {true, false}) {
+        WeightWindow window;
+        QVERIFY(window.isReady());
+        if (hasTag)
+            window.addTag();
+        const QPointF at = window.at(ToolWindow::Top, 30);
+        ViewMouse mouse(window.view(ToolWindow::Top));
+        mouse.move(at);
+        mouse.press(Qt::LeftButton, at);
+        mouse.move(at + QPointF(20, 5));
+        QVERIFY(window.tool->isEditing());
+        gSolution->newDocument();
+        QVERIFY(!window.tool->isEditing());
+        mouse.move(at + QPointF(40, 5));
+        mouse.release(Qt::LeftButton, at + QPointF(40, 5));
+        QCOMPARE(gSolution->undoStack()->count(), 0);
+        window.mesh = nullptr;
+    }
+}
+
+/// A window that opened under the mouse took it: what moves without a button paints nothing.
+void tst_KMToolBoneWeight::lostRelease()
+{
+    WeightWindow window;
+    QVERIFY(window.isReady());
+    window.addTag()->addEntry({5, 0.5f, window.bones[1]});
+    const QString before = window.weights();
+    const QPointF at = window.at(ToolWindow::Top, 30);
+    ViewMouse mouse(window.view(ToolWindow::Top)), later(window.view(ToolWindow::Top));
+    mouse.move(at);
+    mouse.press(Qt::LeftButton, at);
+    later.move(at + QPointF(30, 0));
+    QVERIFY(!window.tool->isEditing());
+    QCOMPARE(window.weights(), before);
+    window.stroke(ToolWindow::Top, at, at, 1);
+    QCOMPARE(gSolution->undoStack()->count(), 1);
+}
+
+void tst_KMToolBoneWeight::colorsFollowTheStroke_data()
+{
+    QTest::addColumn<bool>("hasImage"); // of the half that is painted
+    QTest::addColumn<int>("weighed");   // bone; -1 for no tag
+    QTest::newRow("alone") << false << 1;
+    QTest::newRow("with an image half") << true << 1;
+    QTest::newRow("image half, first weights of the bone") << true << 0;
+    QTest::newRow("image half, first weights of all") << true << -1;
 }
 
 /// What a stroke paints anew looks like all painted anew.
 void tst_KMToolBoneWeight::colorsFollowTheStroke()
 {
+    QFETCH(bool, hasImage);
+    QFETCH(int, weighed);
     WeightWindow window;
     QVERIFY(window.isReady());
-    KMTagBoneWeight *tag = window.addTag();
-    for (int i = 0; i < window.mesh->vertexCount() / 2; ++i)
-        tag->addEntry({i, 0.2f, window.bones[1]});
+    KMTagBoneWeight *tag = weighed < 0 ? nullptr : window.addTag();
+    for (int i = 0; tag && i < window.mesh->vertexCount() / 2; ++i)
+        tag->addEntry({i, 0.2f, window.bones[weighed]});
+    if (hasImage) {
+        auto *symmetry = new KMModSymNode;
+        KMModSymNode::Parameters parameters;
+        parameters.axis = KMModSymNode::PlusZ;
+        symmetry->setParameters(parameters);
+        symmetry->setTransform({{1, 1, 1}, {}, {0, 0, -100}});
+        window.append(symmetry);
+    }
     window.tool->refresh();
     const auto picture = [&window] { return window.view(ToolWindow::Top)->grabFramebuffer(); };
     const QImage before = picture();
-    const QPointF from = window.at(ToolWindow::Top, 40), to = window.at(ToolWindow::Top, 100);
+    QPointF from = window.at(ToolWindow::Top, 40);
+    const QPointF to = window.at(ToolWindow::Top, 100);
+    for (int i = 0; !tag && i < window.mesh->vertexCount(); ++i) // beside the mesh, which gets its tag all the same
+        from.setX(std::max(from.x(), window.at(ToolWindow::Top, i).x() + double(window.tool->brush().radius) + 4.0));
     ViewMouse mouse(window.view(ToolWindow::Top));
     mouse.move(from);
     mouse.press(Qt::LeftButton, from);
@@ -394,27 +488,40 @@ void tst_KMToolBoneWeight::colorsFollowTheStroke()
     QCOMPARE(after, during);
 }
 
-/// The vertices that a stroke moves on its way stand where a whole evaluation puts them.
+/// As those without weights, which they are after the next save.
+void tst_KMToolBoneWeight::colorsOfDeletedBones()
+{
+    WeightWindow window;
+    QVERIFY(window.isReady());
+    window.addTag()->addEntry({1, 1.0f, window.bones[2]});
+    gSolution->push(new deleteBoneCommand(window.bones[2]));
+    gProject->tree()->setCurrentItem(window.mesh->item());
+    window.tool->refresh();
+    const KMVertexColors *colors = window.tool->faceColors(*window.mesh);
+    QVERIFY(colors);
+    const kvm::Vector4 dead = colors->vertexColor(*window.mesh, 1), bare = colors->vertexColor(*window.mesh, 2);
+    QVERIFY(dead.x == bare.x && dead.y == bare.y && dead.z == bare.z);
+}
+
+/// The vertices that a stroke moves on its way, and those that are blended with them, stand where a whole evaluation
+/// puts them.
 void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke()
 {
     WeightWindow window;
     QVERIFY(window.isReady());
     KMTagBoneWeight *tag = window.addTag();
-    for (int i = 0; i < window.mesh->vertexCount(); ++i)
-        tag->addEntry({i, 1.0f, window.bones[0]});
-    auto *deform = new KMModBoneDeformNode;
-    {
-        const KMUndoMacro macro(QStringLiteral("add"));
-        gProject->addToScene(deform);
-        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, window.mesh, deform, KMRowFocus::Keep));
-        gProject->checkModifiers();
+    for (int i = 0; i < window.mesh->vertexCount(); ++i) {
+        tag->addEntry({i, 0.8f, window.bones[0]});
+        tag->addEntry({i, 0.2f, window.bones[1]});
+        tag->setSdefFlag(i, i % 2);
     }
+    auto *deform = new KMModBoneDeformNode;
+    window.append(deform);
     PoseTransform pose;
     pose.rotation = kvm::Quaternion::fromAxisAngle({0, 1, 0}, 0.8f);
     window.bones[1]->setKeyPose(pose);
     window.bones[1]->container()->animation()->reevaluate();
     gSolution->update(0);
-    gProject->tree()->setCurrentItem(window.mesh->item());
     const auto places = [deform] {
         QVector<Vector3> places;
         for (const KMVertex *vertex : deform->modMesh()->vertices())
@@ -427,7 +534,8 @@ void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke()
     ViewMouse mouse(window.view(ToolWindow::Top));
     mouse.move(from);
     mouse.press(Qt::LeftButton, from);
-    mouse.move(from + QPointF(30, 30));
+    for (const double way : {10.0, 20.0, 30.0})
+        mouse.move(from + QPointF(way, way));
     const QVector<Vector3> during = places();
     QVERIFY(during != before);
     mouse.release(Qt::LeftButton, from + QPointF(30, 30));

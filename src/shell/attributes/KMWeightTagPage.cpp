@@ -8,7 +8,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
-#include <QSet>
+
+#include <numeric>
 
 KMWeightTagPage::KMWeightTagPage(KMTagBoneWeight *tag)
     : KMTagPage(tag)
@@ -58,12 +59,26 @@ void KMWeightTagPage::refresh()
     m_method->setCurrentIndex(parameters.sdefMethod);
     m_blend->showNumber(double(parameters.sdefBlend));
     m_autoNormalize->setChecked(parameters.autoNormalize);
-    QSet<int> bones;
+    showCounts();
+}
+
+/// Of the bones that are there. A tag has hundreds of thousands of entries, and most edits are about something else.
+void KMWeightTagPage::showCounts()
+{
+    QVector<bool> live;
+    for (int i = 0; i < m_tag->bones().size(); ++i)
+        live.append(m_tag->isLive(i));
+    if (m_shownRevision == m_tag->revision() && m_shownLive == live)
+        return;
+    m_shownRevision = m_tag->revision();
+    m_shownLive = live;
+    QVector<int> entries(live.size());
     for (int i = 0; i < m_tag->lists().vertexCount(); ++i) {
         for (const KMBoneShare &share : m_tag->lists().of(i))
-            bones.insert(share.bone);
+            entries[share.bone] += live.at(share.bone);
     }
-    m_entries->setText(QString::number(m_tag->lists().shareCount()));
-    m_bones->setText(QString::number(bones.size()));
+    const auto bones = entries.size() - entries.count(0);
+    m_entries->setText(QString::number(std::accumulate(entries.begin(), entries.end(), 0)));
+    m_bones->setText(QString::number(bones));
     m_sdefVertices->setText(QString::number(m_tag->sdefVertices().size()));
 }

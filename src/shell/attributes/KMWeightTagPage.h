@@ -2,6 +2,8 @@
 
 #include "shell/attributes/KMTagPage.h"
 
+#include <QVector>
+
 #include <functional>
 
 class KMTagBoneWeight;
@@ -21,6 +23,7 @@ private:
     void addSettings();
     QLabel *addCount(const QString &label, const QString &objectName);
     void edit(const std::function<void(KMWeightParameters &)> &change); ///< nothing when it makes no difference
+    void showCounts();
 
     KMTagBoneWeight *m_tag;
     QComboBox *m_method = nullptr;
@@ -29,4 +32,6 @@ private:
     QLabel *m_entries;
     QLabel *m_bones;
     QLabel *m_sdefVertices;
+    int m_shownRevision = -1;  // of the tag, whose entries are counted
+    QVector<bool> m_shownLive; // its bones then, by number
 };

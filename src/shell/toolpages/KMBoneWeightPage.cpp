@@ -209,5 +209,5 @@ void KMBoneWeightPage::showBones()
 void KMBoneWeightPage::chooseBone(int row)
 {
     if (row >= 0 && m_tool->bones() == m_bones)
-        KMToolBoneWeight::chooseBone(m_bones.at(row));
+        m_tool->chooseBone(m_bones.at(row));
 }

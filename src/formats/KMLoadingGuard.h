@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QSignalBlocker>
+
+/// While it lives nothing is saved by itself, and the tree shows and tells nothing. The shelves are told once, at
+/// the end: a panel makes the pictures of all its tiles anew each time.
+class KMLoadingGuard
+{
+    Q_DISABLE_COPY(KMLoadingGuard)
+public:
+    KMLoadingGuard();
+    ~KMLoadingGuard();
+
+    static void selectNothing(); ///< no node of the tree is selected or its current one any more
+
+private:
+    QSignalBlocker m_treeSignals;
+    QSignalBlocker m_projectSignals;
+    bool m_wasBusy;
+    bool m_wasHidden;
+};

@@ -1,0 +1,97 @@
+#include "formats/PmxMaterials.h"
+
+#include "core/KMBasicShaderNode.h"
+#include "core/KMFileTextureNode.h"
+#include "core/KMProject.h"
+#include "formats/PmxFile.h"
+#include "formats/PmxLayout.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int multipliedSphere = 1; // of the sphere modes
+
+QColor colorOf(const kvm::Vector3 &v, float alpha = 1.0f)
+{
+    const auto bounded = [](float channel) { return double(std::clamp(channel, 0.0f, 1.0f)); };
+    return QColor::fromRgbF(bounded(v.x), bounded(v.y), bounded(v.z), bounded(alpha));
+}
+
+QColor colorOf(const kvm::Vector4 &v)
+{
+    return colorOf({v.x, v.y, v.z}, v.w);
+}
+
+int shininessOf(float power)
+{
+    constexpr float least = 2.0f;
+    constexpr float most = 1000.0f;
+    return power < least ? 1 : int(std::min(power, most));
+}
+
+/// Models come from a system that doesn't tell upper from lower case: where a path isn't found as it is written, the
+/// first one counts that differs in nothing else.
+QString foundPath(const QDir &folder, const QString &written)
+{
+    const QString path = QDir::cleanPath(folder.filePath(written));
+    if (written.isEmpty() || QFileInfo::exists(path))
+        return path;
+    QDir walk = folder;
+    const QStringList parts = QDir::cleanPath(written).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString &part : parts) {
+        const QStringList entries = walk.entryList(QDir::AllEntries | QDir::NoDot);
+        const auto isPart = [&part](const QString &entry) { return entry.compare(part, Qt::CaseInsensitive) == 0; };
+        const auto found = std::find_if(entries.begin(), entries.end(), isPart);
+        if (found == entries.end())
+            return path;
+        walk.setPath(walk.filePath(*found));
+    }
+    return QDir::cleanPath(walk.path());
+}
+
+void pushTextures(const PmxFile &file, const QDir &folder)
+{
+    for (QString written : file.textures) {
+        written.replace(QLatin1Char('\\'), QLatin1Char('/'));
+        // Equal paths make nodes of their own: materials count on the number of the file.
+        gProject->addToScene(new KMFileTextureNode(written.isEmpty() ? QString() : foundPath(folder, written)),
+                             KMProject::Naming::Keep);
+    }
+}
+
+KMBasicShader valuesOf(const PmxFile::Material &material, int firstTexture)
+{
+    const auto inDocument = [firstTexture](int texture) { return texture < 0 ? -1 : firstTexture + texture; };
+    KMBasicShader values;
+    values.diffuse = colorOf(material.diffuse);
+    values.specular = colorOf(material.specular);
+    values.ambient = colorOf(material.ambient);
+    values.shininess = shininessOf(material.power);
+    values.textures[KMBasicShader::Diffuse] = inDocument(material.texture);
+    values.textures[KMBasicShader::Sphere] = inDocument(material.sphere);
+    values.textures[KMBasicShader::Toon] = inDocument(material.toon);
+    values.sphereAdd = material.sphereMode == multipliedSphere;
+    values.outlineEnabled = material.flags & Pmx::MaterialEdge;
+    values.outlineColor = colorOf(material.edgeColor);
+    values.outlineSize = material.edgeSize;
+    return values;
+}
+
+} // namespace
+
+void PmxMaterials::push(const PmxFile &file, const QDir &folder)
+{
+    const int firstTexture = gProject->textures().size();
+    pushTextures(file, folder);
+    for (const PmxFile::Material &material : file.materials) {
+        auto *shader = new KMBasicShaderNode;
+        shader->setName(material.name.local);
+        shader->setEnName(material.name.universal);
+        shader->setValues(valuesOf(material, firstTexture));
+        gProject->addToScene(shader, KMProject::Naming::Keep);
+    }
+}

@@ -1,0 +1,129 @@
+// Rigid bodies and joints, which a file places in the world and the document on bones.
+
+#include "formats/PmxRigBuilder.h"
+#include "rig/KMBone.h"
+#include "rig/KMTagJoint.h"
+
+#include <QDebug>
+
+namespace {
+
+/// A quarter turn about X: the axes of a body in a player against those of a tag.
+constexpr kvm::Quaternion playerAxes{0.7071067690849304f, -0.7071067690849304f, 0.0f, 0.0f};
+
+/// In doubles, and rounded once.
+float inDegrees(float radians, double sign)
+{
+    constexpr double degrees = 57.29577951308232;
+    return float(sign * degrees * double(radians));
+}
+
+/// X and Y turn the other way round than in a file, so that their lowest angle becomes the highest one; the pair of Z
+/// stands second and that of Y third.
+JointData::Limits angularLimits(const PmxFile::Joint &record)
+{
+    const kvm::Vector3 &min = record.angularMin;
+    const kvm::Vector3 &max = record.angularMax;
+    return {inDegrees(max.x, -1.0), inDegrees(min.x, -1.0), inDegrees(min.z, 1.0),
+            inDegrees(max.z, 1.0),  inDegrees(max.y, -1.0), inDegrees(min.y, -1.0)};
+}
+
+JointData::Limits linearLimits(const PmxFile::Joint &record)
+{
+    const kvm::Vector3 &min = record.linearMin;
+    const kvm::Vector3 &max = record.linearMax;
+    return {min.x, max.x, min.y, max.y, min.z, max.z};
+}
+
+/// The file's second number belongs to what is Z on a tag.
+kvm::Vector3 springOf(const kvm::Vector3 &inFile)
+{
+    return {inFile.x, inFile.z, inFile.y};
+}
+
+} // namespace
+
+/// On writing the rotation becomes that of the bone times that of the tag times the reverse of the quarter turn.
+PoseTransform PmxRigBuilder::poseOn(const KMBone &bone, const kvm::Vector3 &position,
+                                    const kvm::Vector3 &rotation) const
+{
+    const kvm::Quaternion back = bone.rotation().conjugate();
+    PoseTransform pose;
+    pose.rotation = back * kvm::Quaternion::fromEuler(rotation) * playerAxes;
+    pose.offset = back.rotate(m_scale(position) - bone.restHead());
+    return pose;
+}
+
+void PmxRigBuilder::pushBodies()
+{
+    for (const PmxFile::Body &record : m_file.bodies) {
+        KMBone *owner = bone(record.bone);
+        m_bodies << (owner ? makeBody(record, *owner) : nullptr);
+        if (owner)
+            pushTag(owner, m_bodies.last());
+    }
+    if (m_bodies.contains(nullptr))
+        qDebug() << "rigid bodies without a bone, left out:" << m_bodies.count(nullptr);
+}
+
+KMTagRigidBody *PmxRigBuilder::makeBody(const PmxFile::Body &record, const KMBone &bone)
+{
+    const kvm::Vector3 size = m_scale(record.size * 2.0f);
+    RigidBodyData data;
+    data.shape = kind(record.shape, KMTagRigidBody::Capsule + 1, record);
+    data.rigidType = kind(record.mode, KMTagRigidBody::PhysFix + 1, record);
+    data.group = kind(record.group, KMTagRigidBody::GroupCount, record);
+    data.collisionMask = quint16(~record.mask);
+    data.width = size.x;
+    data.height = size.y;
+    data.depth = size.z;
+    data.mass = record.mass;
+    data.linearDamping = record.linearDamping;
+    data.angularDamping = record.angularDamping;
+    data.restitution = record.restitution;
+    data.friction = record.friction;
+    data.pose = poseOn(bone, record.position, record.rotation);
+    auto *body = new KMTagRigidBody;
+    body->setName(record.name.local);
+    body->setParameters(data);
+    return body;
+}
+
+/// One of so many kinds, else the first one.
+int PmxRigBuilder::kind(int value, int count, const PmxFile::Body &record)
+{
+    if (value < count)
+        return value;
+    m_warnings << tr("The rigid body %1 has the unknown kind %2").arg(record.name.local).arg(value);
+    return 0;
+}
+
+/// A joint hangs on the bone of its second body, as those do that are made for a chain of bones, else on that of the
+/// first.
+void PmxRigBuilder::pushJoints()
+{
+    int left = 0;
+    for (const PmxFile::Joint &record : m_file.joints) {
+        KMTagRigidBody *a = m_bodies.value(record.bodyA, nullptr);
+        KMTagRigidBody *b = m_bodies.value(record.bodyB, nullptr);
+        if (!a && !b) {
+            ++left;
+            continue;
+        }
+        KMBone *owner = (b ? b : a)->bone();
+        JointData data;
+        data.bodyA = a;
+        data.bodyB = b;
+        data.pose = poseOn(*owner, record.position, record.rotation);
+        data.linearLimit = linearLimits(record);
+        data.angularLimit = angularLimits(record);
+        data.linearSpring = m_scale(springOf(record.linearSpring));
+        data.angularSpring = springOf(record.angularSpring);
+        auto *joint = new KMTagJoint;
+        joint->setName(record.name.local);
+        joint->setParameters(data);
+        pushTag(owner, joint);
+    }
+    if (left > 0)
+        qDebug() << "joints without a body, left out:" << left;
+}
