@@ -116,6 +116,8 @@ void BoneAnimation::swapTracks(BoneAnimation &other)
     m_tracks.swap(other.m_tracks);
     m_byName.swap(other.m_byName);
     m_selected.swap(other.m_selected); // they are keys of the tracks
+    noteChange();
+    other.noteChange();
 }
 
 BoneAnimation::Relinked BoneAnimation::relinkTracks()
