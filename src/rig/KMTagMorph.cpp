@@ -222,6 +222,15 @@ void KMTagMorph::unapply()
     }
 }
 
+Vector3 KMTagMorph::placeWithout(int vertex, const Vector3 &shown) const
+{
+    const Vector3 offset = m_isOn && vertex < m_vertexCount ? offsetAt(vertex) : Vector3();
+    if (offset == Vector3())
+        return shown;
+    const Vector3 base = vectorAt(m_base, vertex);
+    return isSame(shown, base + offset) ? base : shown - offset;
+}
+
 Vector3 KMTagMorph::baseOf(int i, const Vector3 &shown)
 {
     const Vector3 base = vectorAt(m_base, i);

@@ -37,7 +37,9 @@ public:
     /// Brings the positions up to values and displacements as they are now, where the tag hangs on a mesh.
     void layAnew();
     const QVector<float> &offsets() const { return m_offsets; } ///< three for each vertex slot
-    int vertexCount() const { return m_vertexCount; }           ///< slots at the last apply(); -1 before
+    /// Where a vertex that is shown at a place would be shown without the offset of the tag.
+    kvm::Vector3 placeWithout(int vertex, const kvm::Vector3 &shown) const;
+    int vertexCount() const { return m_vertexCount; } ///< slots at the last apply(); -1 before
 
     /// The vertices that faces use, ascending: by their rank in this list those of different meshes are paired.
     static QVector<int> rankedVertices(const KMMeshNode &mesh);

@@ -1,7 +1,6 @@
 #include "shell/KMPhysicsSheet.h"
 
 #include "core/KMDpi.h"
-#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMTagBase.h"
 #include "rig/KMBoneContainer.h"
@@ -70,11 +69,7 @@ KMBoneContainer *shownRig()
 {
     if (KMBoneContainer *active = KMBoneContainer::activeBoneContainer())
         return active;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer)
-            return nodeAs<KMBoneContainer>(ctrl);
-    }
-    return nullptr;
+    return KMBoneContainer::inTree().value(0);
 }
 
 template <class Tag>

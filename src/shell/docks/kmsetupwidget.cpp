@@ -56,10 +56,9 @@ void pushText(int slot, const QString &text)
 QList<KMContainerNode *> allBones()
 {
     QList<KMContainerNode *> bones;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() != KMNodeType::BoneContainer)
-            continue;
-        for (KMBone *bone : nodeAs<KMBoneContainer>(ctrl)->bones())
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    for (const KMBoneContainer *rig : rigs) {
+        for (KMBone *bone : rig->bones())
             bones << bone;
     }
     return bones;
