@@ -3352,6 +3352,10 @@
         <source>No mesh was current: move the modifier below the mesh that it shall change</source>
         <translation>現在のメッシュがありません。モディファイアを対象のメッシュの下へ移動してください</translation>
     </message>
+    <message>
+        <source>Delete Tag</source>
+        <translation>タグの削除</translation>
+    </message>
 </context>
 <context>
     <name>KMNodeFilter</name>
@@ -5711,6 +5715,10 @@ Trying to Recover Files?</source>
     <message>
         <source>%1 can&apos;t hold another %2</source>
         <translation>%1 に %2 をこれ以上付けられません</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>複製</translation>
     </message>
 </context>
 <context>
