@@ -21,6 +21,9 @@
 #include "formats/KMNativeFormat.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModSdvNode.h"
+#include "render/KMCameraNode.h"
+#include "render/KMCameraSet.h"
+#include "render/KMViewFilter.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneWeightCommands.h"
 #include "rig/KMModBoneDeformNode.h"
@@ -50,7 +53,6 @@ constexpr Part parts[] = {
     {"Shoes", &KMSampleClothes::buildShoes},
 };
 
-/// Corners of a document run the other way round than those that were turned outwards.
 void addFace(KMMeshNode *mesh, const KMSampleMesh::Face &face)
 {
     const int place = mesh->addFaceRaw(face.count(), face.corners.data());
@@ -118,6 +120,17 @@ void addModifiers(KMMeshNode *mesh)
         gProject->addRaw(modifier);
         gSolution->push(new insertNodeCommand(modifier, mesh, -1, KMRowFocus::Keep));
     }
+}
+
+/// The whole figure at first sight, with its pictures.
+void aimCamera()
+{
+    KMViewFilter::reset();
+    KMCameraNode *camera = KMCameraSet::camera(KMCameraNode::Perspective);
+    camera->setPan({0.0f, 98.0f, 0.0f});
+    camera->setPivot({0.0f, 98.0f, 0.0f});
+    camera->setDistance(420.0f);
+    camera->setAngles(-6.0f, 20.0f, 0.0f);
 }
 
 KMTagMorph *addMorphs(KMMeshNode *mesh, const QVector<KMSampleMorphs::Morph> &morphs)
@@ -195,6 +208,8 @@ bool KMSampleCharacter::write(const QDir &folder)
     build();
     bool isWritten = KMSampleTextures::write(folder);
     KMNativeFormat format;
+    const KMCameraSet cameras(&format);
+    aimCamera();
     isWritten = format.write(folder.filePath(QLatin1String(documentName)), KMVersion::WriterForm) && isWritten;
     isWritten = KMSampleMotion::writeWalk(folder.filePath(QLatin1String(motionName))) && isWritten;
     return KMSampleMotion::writeGreeting(folder.filePath(QLatin1String(poseName))) && isWritten;

@@ -11,7 +11,7 @@ namespace {
 
 using Edge = QPair<int, int>;
 
-/// Turns faces so that neighbours agree, and each closed surface so that its volume counts as positive.
+/// Turns faces so that neighbours agree, and each closed surface so that its corners run clockwise seen from outside.
 class Orientation
 {
 public:

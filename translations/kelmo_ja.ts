@@ -1479,8 +1479,8 @@
         <translation>ファイルのアンカーの数が多すぎて信用できません</translation>
     </message>
     <message>
-        <source>%1 faces of the anchor %2 have corners that it doesn&apos;t have</source>
-        <translation>アンカー %2 の %1 個の面に、存在しない頂点が指定されています</translation>
+        <source>%1 faces of the anchor %2 were left out: they have too few or too many corners, or such that it doesn&apos;t have</source>
+        <translation>アンカー %2 の %1 個の面を省きました。頂点が少なすぎるか多すぎるか、存在しない頂点が指定されています</translation>
     </message>
     <message>
         <source>The anchor %1 is of a bone that the file doesn&apos;t have</source>
@@ -2655,8 +2655,8 @@
         <translation>上書き</translation>
     </message>
     <message>
-        <source>The bones whose helpers weigh the mesh; a right click adds the current bone</source>
-        <translation>補助形状でメッシュにウェイトを付けるボーンです。右クリックで現在のボーンを追加します</translation>
+        <source>The bones whose helpers weigh the mesh; a right click adds bones</source>
+        <translation>補助形状でメッシュにウェイトを付けるボーンです。右クリックでボーンを追加します</translation>
     </message>
     <message>
         <source>Relations</source>
@@ -2669,6 +2669,26 @@
     <message>
         <source>Put a helper around the current bone</source>
         <translation>現在のボーンの周りに補助形状を置きます</translation>
+    </message>
+    <message>
+        <source>Add Selected Bones</source>
+        <translation>選択したボーンを追加</translation>
+    </message>
+    <message>
+        <source>Put a helper around each selected bone</source>
+        <translation>選択した各ボーンの周りに補助形状を置きます</translation>
+    </message>
+    <message>
+        <source>Fit to Bone</source>
+        <translation>ボーンに合わせる</translation>
+    </message>
+    <message>
+        <source>Put new helpers around the chosen bones, as these stand now</source>
+        <translation>選んだボーンの現在の位置に合わせて補助形状を置き直します</translation>
+    </message>
+    <message>
+        <source>%1 has no bone weight tag here: the anchor does nothing</source>
+        <translation>%1 にはここにボーンウェイトタグがないため、アンカーは何もしません</translation>
     </message>
     <message>
         <source>Remove</source>
@@ -3331,6 +3351,10 @@
     <message>
         <source>No mesh was current: move the modifier below the mesh that it shall change</source>
         <translation>現在のメッシュがありません。モディファイアを対象のメッシュの下へ移動してください</translation>
+    </message>
+    <message>
+        <source>Delete Tag</source>
+        <translation>タグの削除</translation>
     </message>
 </context>
 <context>
@@ -5691,6 +5715,10 @@ Trying to Recover Files?</source>
     <message>
         <source>%1 can&apos;t hold another %2</source>
         <translation>%1 に %2 をこれ以上付けられません</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>複製</translation>
     </message>
 </context>
 <context>

@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QSet>
 
+#include <algorithm>
 #include <vector>
 
 const QString KMTreeWidget::NodeMimeType = QStringLiteral("application/kmnode");
@@ -120,6 +121,14 @@ void leadTo(QTreeWidgetItem *row, KMContainerNode *node)
     const QVariant pointer{pointerTo(node)};
     row->setData(KMTreeWidget::NameColumn, Qt::UserRole, pointer);
     row->setData(KMTreeWidget::TagColumn, Qt::UserRole, pointer);
+}
+
+bool hasAncestorAmong(const QSet<KMContainerNode *> &nodes, const KMContainerNode *node)
+{
+    const KMContainerNode *up = KMTreeWidget::parentNodeOf(node);
+    while (up && !nodes.contains(const_cast<KMContainerNode *>(up)))
+        up = KMTreeWidget::parentNodeOf(up);
+    return up;
 }
 
 bool hasSelectedAncestor(const QTreeWidgetItem *row)
@@ -290,9 +299,11 @@ QMimeData *KMTreeWidget::mimeData(const QList<QTreeWidgetItem *> items) const
 {
     if (items.isEmpty())
         return nullptr;
-    QList<KMContainerNode *> nodes;
-    for (const QTreeWidgetItem *row : topSelectedItems(this))
-        nodes << nodeOf(row);
+    QList<KMContainerNode *> nodes; // all of them: what takes children along is the receiver's affair
+    for (const QTreeWidgetItem *row : flatten(this)) {
+        if (row->isSelected())
+            nodes << nodeOf(row);
+    }
     return mimeDataOf(nodes, nodeMimeType());
 }
 
@@ -322,12 +333,17 @@ QList<KMContainerNode *> KMTreeWidget::nodesAmong(const QList<KMContainerNode *>
     return nodes;
 }
 
+/// Without those below another one, which go along with it.
 QList<KMContainerNode *> KMTreeWidget::nodesOf(const QMimeData *data) const
 {
     QList<KMContainerNode *> inTree;
     for (const QTreeWidgetItem *row : flatten(this))
         inTree << nodeOf(row);
-    return nodesAmong(inTree, data, nodeMimeType());
+    QList<KMContainerNode *> nodes = nodesAmong(inTree, data, nodeMimeType());
+    const QSet<KMContainerNode *> dragged(nodes.cbegin(), nodes.cend());
+    const auto goesAlong = [&dragged](const KMContainerNode *node) { return hasAncestorAmong(dragged, node); };
+    nodes.erase(std::remove_if(nodes.begin(), nodes.end(), goesAlong), nodes.end());
+    return nodes;
 }
 
 QMimeData *KMTreeWidget::mimeDataOf(const KMTagBase *tag) const

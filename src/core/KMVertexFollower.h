@@ -4,6 +4,8 @@
 
 #include <array>
 
+class KMSymmetryPlane;
+
 /// What a new vertex was made from: the mean of up to four others of its mesh, by shares that have the sum 1.
 struct KMVertexOrigin
 {
@@ -15,12 +17,16 @@ struct KMVertexOrigin
 
     int vertex = -1;
     std::array<Source, 4> sources;
+    const KMSymmetryPlane *mirror = nullptr; ///< the vertex is the image across it; not owned
 
     static KMVertexOrigin copyOf(int source, int vertex) { return {vertex, {{{source, 1.0f}}}}; }
     static KMVertexOrigin between(int a, int b, float ratio, int vertex) ///< at a for the ratio 0
     {
         return {vertex, {{{a, 1.0f - ratio}, {b, ratio}}}};
     }
+
+    /// Without the sources that have next to no share, as rounding leaves them; the others make up for these.
+    KMVertexOrigin settled() const;
 
     /// The mean of what its sources have: valueOf() answers that for a vertex.
     template <class ValueOf>

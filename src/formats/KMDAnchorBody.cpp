@@ -70,6 +70,8 @@ Record readAnchor(KMDReadContext &context)
     Record record{in.readU64(), std::make_shared<KMDisplayAnchorNode>()};
     KMMeshNode *mesh = record.anchor->mesh();
     KMDNodeBodies::readTransform(context, mesh);
+    mesh->setVisible(true); // helpers show and are edited with their modifier: nothing could switch them
+    mesh->setLocked(false);
     QVector<kvm::Vector3> points(in.readCount(3 * in.floatBytes()));
     for (kvm::Vector3 &point : points)
         point = context.readPosition();
@@ -82,7 +84,10 @@ Record readAnchor(KMDReadContext &context)
     const int leftOut = record.anchor->setShape(points, faces);
     if (leftOut > 0)
         in.warn(
-            Texts::tr("%1 faces of the anchor %2 have corners that it doesn't have").arg(leftOut).arg(mesh->name()));
+            Texts::tr("%1 faces of the anchor %2 were left out: they have too few or too many corners, or such that "
+                      "it doesn't have")
+                .arg(leftOut)
+                .arg(mesh->name()));
     return record;
 }
 

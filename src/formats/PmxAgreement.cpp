@@ -40,12 +40,12 @@ PmxAgreement::PmxAgreement(QWidget *parent)
     buttons->addButton(tr("I agree"), QDialogButtonBox::AcceptRole)->setObjectName(QStringLiteral("agree"));
     QPushButton *cancel = buttons->addButton(tr("canecl"), QDialogButtonBox::RejectRole);
     cancel->setObjectName(QStringLiteral("cancel"));
-    cancel->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(text);
     layout->addWidget(buttons);
+    cancel->setDefault(true); // nobody agrees by pressing Enter too often
 }
 
 bool PmxAgreement::obtain()

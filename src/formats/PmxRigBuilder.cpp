@@ -2,11 +2,11 @@
 
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
-#include "formats/KMDFormat.h"
 #include "formats/KMParentLoops.h"
 #include "formats/PmxLayout.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMTagConstraint.h"
 
@@ -102,7 +102,7 @@ void PmxRigBuilder::hangBones()
 void PmxRigBuilder::hang(int bone, int parent)
 {
     // Below the limit children come beside their parent: many walks recurse.
-    if (parent >= 0 && m_depths[parent] >= KMD::MaxTreeDepth) {
+    if (parent >= 0 && m_depths[parent] >= KMBoneEdit::MaxDepth) {
         m_warnings << tr("The bone %1 lies too deep in its rig and was moved up").arg(m_bones[bone]->name());
         parent = m_parents[parent];
     }

@@ -23,7 +23,7 @@ struct Texts
 
 bool isEditable(const KMMeshNode &mesh)
 {
-    return !mesh.ownerNode() && KMMeshTargets::isEditable(mesh);
+    return KMMeshTargets::hasOwnTopology(mesh) && KMMeshTargets::isEditable(mesh);
 }
 
 /// What nobody sees isn't erased on the way.

@@ -193,11 +193,15 @@ void tellVerticesMade(KMMeshNode &mesh, const QVector<KMVertexOrigin> &origins)
 {
     if (origins.isEmpty())
         return;
+    QVector<KMVertexOrigin> settled;
+    settled.reserve(origins.size());
+    for (const KMVertexOrigin &origin : origins)
+        settled << origin.settled();
     const QList<KMTagBase *> tags = mesh.tags();
     for (KMTagBase *tag : tags) {
         auto *follower = tag->isDeleted() ? nullptr : dynamic_cast<KMVertexFollower *>(tag);
         if (follower)
-            follower->pushVerticesMade(origins);
+            follower->pushVerticesMade(settled);
     }
 }
 

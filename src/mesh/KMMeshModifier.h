@@ -13,9 +13,10 @@ class KMMeshModifier
 public:
     virtual ~KMMeshModifier() = default;
 
-    virtual KMContainerNode *modifierNode() = 0;  ///< the stage as a node of the tree
-    virtual KMMeshNode *modMesh() const = 0;      ///< its result; may be null
+    virtual KMContainerNode *modifierNode() = 0;                ///< the stage as a node of the tree
+    virtual KMMeshNode *modMesh() const = 0;                    ///< its result; may be null
     virtual KMMeshNode *controlMesh() const { return nullptr; } ///< points to be moved by hand in place of the result
+    virtual bool areControlsShapes() const { return false; }    ///< these are meshes to be cut and joined as well
     virtual KMMeshNode *source() const = 0;       ///< the mesh at the start of the chain; null while detached
     virtual KMMeshModifier *previous() const = 0; ///< null for the first stage
     virtual KMMeshModifier *next() const = 0;     ///< null for the last stage

@@ -147,8 +147,11 @@ void Pasting::push()
         record.weight = vertex.weight;
         record.flags = KMElementFlag::Selected;
         const int made = KMMeshEdit::addVertex(m_mesh, record);
-        if (vertex.index >= 0)
-            origins << KMVertexOrigin::copyOf(vertex.index, made);
+        if (vertex.index < 0)
+            continue;
+        origins << KMVertexOrigin::copyOf(vertex.index, made);
+        if (m_kind == KMMeshPaste::Kind::Mirror)
+            origins.last().mirror = &m_plane;
     }
     KMMeshEdit::tellVerticesMade(m_mesh, origins);
     for (const KMCopyBuffer::Face &added : std::as_const(m_faces))

@@ -79,7 +79,12 @@ bool KMMeshTargets::isEditable(const KMMeshNode &mesh)
 bool KMMeshTargets::isControl(const KMMeshNode &mesh)
 {
     const KMMeshModifier *owner = mesh.ownerModifier(); // which may have several beside its result
-    return owner && owner->controlMesh() && owner->modMesh() != &mesh;
+    return owner && owner->modMesh() != &mesh;
+}
+
+bool KMMeshTargets::hasSurface(const KMMeshNode &mesh)
+{
+    return !isControl(mesh);
 }
 
 bool KMMeshTargets::isUnderControl(const KMMeshNode &mesh)
@@ -98,6 +103,11 @@ bool KMMeshTargets::isUnderControl(const KMMeshNode &mesh)
 bool KMMeshTargets::hasOwnVertices(const KMMeshNode &mesh)
 {
     return !mesh.ownerNode() || isControl(mesh); // results are made anew with the next change before them
+}
+
+bool KMMeshTargets::hasOwnTopology(const KMMeshNode &mesh)
+{
+    return !mesh.ownerNode() || (isControl(mesh) && mesh.ownerModifier()->areControlsShapes());
 }
 
 KMMeshTargets::Elements KMMeshTargets::filteredElements()

@@ -32,12 +32,16 @@ bool isEditable(const KMMeshNode &mesh); ///< not locked, in the scene, and show
 
 /// The points that a modifier offers to be moved by hand, such as a lattice.
 bool isControl(const KMMeshNode &mesh);
+/// Its faces are drawn, and so hide, catch and hold what meets them: those of points to be moved by hand are not.
+bool hasSurface(const KMMeshNode &mesh);
 /// Of a chain with such points, while the user works at these and not at the mesh itself: the mouse means the points.
 bool isUnderControl(const KMMeshNode &mesh);
 
 /// Its vertices are the user's: what a primitive makes isn't to be moved one by one, nor is the result of a modifier
 /// that has points for this.
 bool hasOwnVertices(const KMMeshNode &mesh);
+/// So are its edges and faces, and which vertices there are: steps that cut and join may work on it.
+bool hasOwnTopology(const KMMeshNode &mesh);
 
 /// The kinds of elements that the session's edit filter lets the mouse work on.
 Elements filteredElements();

@@ -61,7 +61,8 @@ bool KMMeshEdit::deleteSelection(Elements kinds)
 {
     QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
     const auto hasNothing = [kinds](const KMMeshNode *mesh) {
-        return mesh->ownerNode() || !KMMeshTargets::isEditable(*mesh) || !KMMeshTargets::hasSelected(*mesh, kinds);
+        return !KMMeshTargets::hasOwnTopology(*mesh) || !KMMeshTargets::isEditable(*mesh)
+               || !KMMeshTargets::hasSelected(*mesh, kinds);
     };
     meshes.erase(std::remove_if(meshes.begin(), meshes.end(), hasNothing), meshes.end());
     if (meshes.isEmpty())

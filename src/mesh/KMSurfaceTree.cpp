@@ -72,6 +72,11 @@ KMSurfaceTree::KMSurfaceTree(const QList<KMMeshNode *> &meshes)
         build(0, int(m_triangles.size()));
 }
 
+float KMSurfaceTree::boxDistance2(const Vector3 &point) const
+{
+    return distance2(low(), high(), point);
+}
+
 void KMSurfaceTree::addTriangles(const KMMeshNode &mesh)
 {
     for (const KMFace *face : mesh.faces()) {

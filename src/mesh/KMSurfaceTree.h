@@ -28,6 +28,9 @@ public:
     explicit KMSurfaceTree(const QList<KMMeshNode *> &meshes); ///< triangles and quads, drawn or not
 
     bool isEmpty() const { return m_triangles.empty(); }
+    const kvm::Vector3 &low() const { return m_nodes.front().low; } ///< of the box about a surface that isn't empty
+    const kvm::Vector3 &high() const { return m_nodes.front().high; }
+    float boxDistance2(const kvm::Vector3 &point) const; ///< squared, 0 inside
     /// An invalid one when there is no surface. Of several that are just as near, that on the earliest face.
     Hit nearest(const kvm::Vector3 &point) const;
     /// The nearest point of each triangle that comes within the reach, in no order.

@@ -6,6 +6,7 @@
 #include "mesh/KMEdgeState.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "mesh/KMVertexCommands.h"
 
 #include <QCoreApplication>
@@ -228,7 +229,7 @@ int KMMeshEdit::mergeVertices(KMMeshNode &mesh, const QVector<KMVertexPair> &pai
     const auto canMerge = [&mesh](const KMVertexPair &pair) {
         return pair.remove != pair.keep && mesh.vertex(pair.remove) && mesh.vertex(pair.keep);
     };
-    if (mesh.isLocked() || mesh.ownerNode() || std::none_of(pairs.begin(), pairs.end(), canMerge))
+    if (mesh.isLocked() || !KMMeshTargets::hasOwnTopology(mesh) || std::none_of(pairs.begin(), pairs.end(), canMerge))
         return 0;
     const KMUndoMacro macro(QCoreApplication::translate("KMMeshEdit", "Merge Vertex"));
     CarriedEdges edges(mesh);

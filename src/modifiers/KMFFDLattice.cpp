@@ -2,15 +2,11 @@
 
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModifierNode.h"
+#include "modifiers/KMObjectTransform.h"
 
 using kvm::Vector3;
 
 namespace {
-
-bool isSame(const KMTransform &a, const KMTransform &b)
-{
-    return a.scale == b.scale && a.rotation == b.rotation && a.translation == b.translation;
-}
 
 template <class Record>
 bool isSelected(const Record *record)
@@ -110,9 +106,9 @@ void KMFFDLattice::readMoves()
 QVector<Vector3> KMFFDLattice::positionsAt(const KMTransform &transform)
 {
     readMoves();
-    if (isSame(transform, m_transform))
+    if (KMObjectTransform::isSame(transform, m_transform))
         return m_world;
-    if (isSame(transform, m_home))
+    if (KMObjectTransform::isSame(transform, m_home))
         return m_homeWorld;
     QVector<Vector3> positions(m_local.size());
     for (int i = 0; i < positions.size(); ++i)
@@ -122,7 +118,7 @@ QVector<Vector3> KMFFDLattice::positionsAt(const KMTransform &transform)
 
 void KMFFDLattice::carryTo(const KMTransform &transform)
 {
-    if (isSame(transform, m_transform))
+    if (KMObjectTransform::isSame(transform, m_transform))
         return;
     const QVector<Vector3> carried = positionsAt(transform);
     m_transform = transform;

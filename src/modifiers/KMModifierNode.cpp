@@ -112,11 +112,23 @@ void KMModifierNode::updateTags()
         carryWeights(*from, m_weights);
 }
 
-/// While the result is made anew the stages behind wait for the same.
-void KMModifierNode::passUVsOn()
+/// The next one that has a result to be kept. While that of this stage is made anew those behind wait for the same.
+KMModifierNode *KMModifierNode::stageBehind() const
 {
     auto *behind = m_next && !m_isRebuilding ? qobject_cast<KMModifierNode *>(m_next->modifierNode()) : nullptr;
-    if (!behind || behind->m_isStale)
+    return behind && !behind->m_isStale ? behind : nullptr;
+}
+
+void KMModifierNode::passWeightsOn()
+{
+    for (KMModifierNode *behind = stageBehind(); behind; behind = behind->stageBehind())
+        behind->carryWeights(*behind->input(), behind->m_weights);
+}
+
+void KMModifierNode::passUVsOn()
+{
+    KMModifierNode *behind = stageBehind();
+    if (!behind)
         return;
     if (behind->takeUVs(*m_modMesh, *behind->m_modMesh))
         behind->passUVsOn();

@@ -82,6 +82,7 @@ protected:
     /// Gives the weights of the input to the vertices of the result that came of them.
     virtual void carryWeights(const KMMeshNode &, KMResultWeights &) {}
     void passUVsOn();            ///< the result has other UVs on the same faces: the stages behind take them over
+    void passWeightsOn();        ///< the result has other weights on the same vertices: likewise
     virtual void freeTables() {} ///< of the subclass: there is no result any more
 
     void markMoved(); ///< the result has to follow, with the topology that it has
@@ -104,6 +105,7 @@ protected:
 
 private:
     void clearTables();
+    KMModifierNode *stageBehind() const;
 
     KMMeshNode *m_modMesh; // owned
     KMResultWeights m_weights;

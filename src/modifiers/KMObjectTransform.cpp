@@ -114,6 +114,11 @@ KMTransform KMObjectTransform::sound(const KMTransform &transform)
     return result;
 }
 
+bool KMObjectTransform::isSame(const KMTransform &a, const KMTransform &b)
+{
+    return a.scale == b.scale && a.rotation == b.rotation && a.translation == b.translation;
+}
+
 bool KMObjectTransform::wouldFlatten(const KMNullNode *node, const KMTransform &transform)
 {
     const kvm::Vector3 &scale = transform.scale;

@@ -16,6 +16,8 @@ bool wouldFlatten(const KMNullNode *node, const KMTransform &transform);
 /// With what is no number, or no rotation, as it is at rest.
 KMTransform sound(const KMTransform &transform);
 
+bool isSame(const KMTransform &a, const KMTransform &b); ///< to the last digit
+
 /// Sets the transform of a node and moves the vertices of the mesh that it is and of the meshes below it, and the
 /// primitives and modifiers below it. Pushes several commands; the caller opens the macro. An axis that the old or
 /// the new scale presses flat is taken over as it is.

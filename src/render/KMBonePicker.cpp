@@ -1,7 +1,5 @@
 #include "render/KMBonePicker.h"
 
-#include "core/KMNodeType.h"
-#include "core/KMProject.h"
 #include "render/KMCameraNode.h"
 #include "render/KMPickRay.h"
 #include "rig/KMBone.h"
@@ -138,14 +136,10 @@ bool operator==(const Hit &a, const Hit &b)
 
 QList<KMBoneContainer *> shownContainers()
 {
-    QList<KMBoneContainer *> shown;
-    if (!gProject)
-        return shown;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer && ctrl->isVisible())
-            shown << static_cast<KMBoneContainer *>(ctrl);
-    }
-    return shown;
+    QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    const auto isHidden = [](const KMBoneContainer *rig) { return !rig->isVisible(); };
+    rigs.erase(std::remove_if(rigs.begin(), rigs.end(), isHidden), rigs.end());
+    return rigs;
 }
 
 bool isShown(const KMBone &bone)

@@ -127,8 +127,8 @@ void KMPickSearch::collectMeshes()
         const bool isPickable = m_request.only ? mesh == m_request.only : active || !m_request.testActiveOnly;
         const bool hasElements = KMMeshTargets::isControl(*mesh)
                                  || ((!owner || m_request.includeChildren) && !KMMeshTargets::isUnderControl(*mesh));
-        Nearby nearby{mesh, isPickable, hasElements, false, {}, {}};
-        nearby.isCulled = m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
+        Nearby nearby{mesh, isPickable, hasElements, KMMeshTargets::hasSurface(*mesh), false, {}, {}};
+        nearby.isCulled = nearby.hasSurface && m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
         m_nearby.push_back(nearby);
     }
 }
@@ -201,7 +201,7 @@ KMPickSearch::Surface KMPickSearch::surfaceUnderCursor(bool pickableOnly) const
 {
     Surface nearest;
     for (const Nearby &nearby : m_nearby) {
-        if (pickableOnly && !nearby.isPickable)
+        if (!nearby.hasSurface || (pickableOnly && !nearby.isPickable))
             continue;
         for (const KMFace *face : nearby.faces) {
             double depth = 0.0;

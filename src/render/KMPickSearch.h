@@ -26,6 +26,7 @@ private:
         KMMeshNode *mesh;
         bool isPickable;  // and not only in the way
         bool hasElements; // its vertices and edges may be picked
+        bool hasSurface;  // its faces are drawn
         bool isCulled;    // the view leaves out what is turned away
         QVector<KMVertex *> vertices;
         QVector<KMFace *> faces;

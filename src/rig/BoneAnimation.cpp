@@ -32,6 +32,13 @@ void visitConstraints(KMBone &bone, bool ofIK)
 BoneAnimation::BoneAnimation(KMBoneContainer *container)
     : m_container(container)
 {
+    noteChange();
+}
+
+void BoneAnimation::noteChange()
+{
+    static quint64 latest = 0;
+    m_revision = ++latest;
 }
 
 BoneAnimation::~BoneAnimation()
@@ -58,12 +65,14 @@ void BoneAnimation::setKey(const KMBoneKey &key)
         m_tracks << track;
     }
     track->keys[key.frameno] = key;
+    noteChange();
 }
 
 void BoneAnimation::takeKey(const QString &name, quint32 frame)
 {
     if (BoneTrack *found = track(name))
         found->keys.erase(frame);
+    noteChange();
 }
 
 void BoneAnimation::removeKey(const QString &name)
@@ -71,6 +80,7 @@ void BoneAnimation::removeKey(const QString &name)
     BoneTrack *found = m_byName.take(name);
     m_tracks.removeOne(found);
     delete found;
+    noteChange();
 }
 
 void BoneAnimation::clear()
@@ -78,6 +88,7 @@ void BoneAnimation::clear()
     m_byName.clear();
     qDeleteAll(m_tracks);
     m_tracks.clear();
+    noteChange();
 }
 
 quint32 BoneAnimation::lastFrame() const
@@ -105,6 +116,8 @@ void BoneAnimation::swapTracks(BoneAnimation &other)
     m_tracks.swap(other.m_tracks);
     m_byName.swap(other.m_byName);
     m_selected.swap(other.m_selected); // they are keys of the tracks
+    noteChange();
+    other.noteChange();
 }
 
 BoneAnimation::Relinked BoneAnimation::relinkTracks()
@@ -117,6 +130,7 @@ BoneAnimation::Relinked BoneAnimation::relinkTracks()
         if (!bones.contains(bone->name()))
             bones.insert(bone->name(), bone); // the first of a name is the one
     }
+    noteChange();
     m_byName.clear();
     const QList<BoneTrack *> before = std::exchange(m_tracks, {});
     for (int i = 0; i < before.size(); ++i) {
@@ -137,6 +151,7 @@ BoneAnimation::Relinked BoneAnimation::relinkTracks()
 
 void BoneAnimation::takeBack(Relinked &&relinked)
 {
+    noteChange();
     for (const auto &link : std::as_const(relinked.formerBones)) {
         if (BoneTrack *found = track(link.first))
             found->bone = link.second;

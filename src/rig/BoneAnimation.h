@@ -39,7 +39,10 @@ public:
 
     QString name() const { return m_name; }
     void setName(const QString &name) { m_name = name; }
-    QList<KMBoneKey> &selected() { return m_selected; } ///< keys that are chosen in a panel
+    QList<KMBoneKey> &selected()
+    {
+        return m_selected;
+    } ///< for panels that let keys be chosen; the line of time doesn't
 
     // Tracks
 
@@ -53,6 +56,7 @@ public:
     void takeKey(const QString &name, quint32 frame); ///< the track stays, even without keys
     void removeKey(const QString &name);              ///< the track of the name with all its keys
     void clear();                                     ///< all tracks
+    quint64 revision() const { return m_revision; }   ///< another one with each change of tracks or keys, in any rig
     quint32 lastFrame() const;                        ///< of any key; 0 without keys
     void copyTo(BoneAnimation &destination) const;    ///< in place of its tracks
     void swapTracks(BoneAnimation &other);            ///< of the same container
@@ -72,10 +76,12 @@ public:
 private:
     void prepareConstraints();
     void markWeightedMeshes();
+    void noteChange();
 
     KMBoneContainer *m_container;
     QString m_name;
     QList<BoneTrack *> m_tracks; // owned
     QList<KMBoneKey> m_selected;
     QHash<QString, BoneTrack *> m_byName;
+    quint64 m_revision = 0;
 };

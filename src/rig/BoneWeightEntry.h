@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QMetaType>
+#include <QVector>
+
+#include <algorithm>
 
 class KMBone;
 
@@ -18,3 +21,14 @@ struct BoneWeightEntry
 };
 
 Q_DECLARE_TYPEINFO(BoneWeightEntry, Q_MOVABLE_TYPE);
+
+/// Adds an entry to that of its bone, or as a new one.
+inline void addTo(QVector<BoneWeightEntry> &sums, const BoneWeightEntry &entry)
+{
+    const auto isOfBone = [&entry](const BoneWeightEntry &sum) { return sum.bone == entry.bone; };
+    const auto known = std::find_if(sums.begin(), sums.end(), isOfBone);
+    if (known == sums.end())
+        sums.append(entry);
+    else
+        known->weight += entry.weight;
+}

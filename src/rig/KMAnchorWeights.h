@@ -33,19 +33,19 @@ public:
     KMAnchorWeights(const QList<KMDisplayAnchorNode *> &helpers, Method method, Reach reach);
 
     bool isEmpty() const { return m_helpers.empty(); }
-    /// By bone; none where no helper reaches. The vertex is what the entries are to name.
-    QVector<BoneWeightEntry> at(const kvm::Vector3 &place, int vertex) const;
+    /// By bone, in place of what the list holds; none where no helper reaches. Which vertices the entries name says
+    /// nothing.
+    void at(const kvm::Vector3 &place, QVector<BoneWeightEntry> &sums) const;
 
 private:
     struct Helper
     {
         const KMTagBoneWeight *tag;
         KMSurfaceTree surface;
-        kvm::Vector3 low; ///< of the box as it was measured
-        kvm::Vector3 high;
         float margin;
     };
 
+    void addAllWithin(float least, const kvm::Vector3 &place, QVector<BoneWeightEntry> &sums) const;
     bool hasSay(const Helper &helper, const kvm::Vector3 &place) const;
 
     Method m_method;

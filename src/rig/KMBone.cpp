@@ -77,6 +77,7 @@ void KMBone::setTransform(const KMTransform &transform)
 {
     KMCtrlNode::setTransform(transform);
     updateShape();
+    refreshGizmos();
     if (container())
         container()->requestPose();
 }
@@ -190,10 +191,9 @@ void KMBone::updateShape()
     m_shownPose = m_solvedPose;
     m_restHead = translation();
     m_restTail = isPoint() ? m_restHead : rest().tail();
-    refreshGizmos();
 }
 
-/// Rigid bodies and joints stand where their bone does at rest.
+/// Rigid bodies and joints stand where their bone does at rest: poses leave them alone.
 void KMBone::refreshGizmos()
 {
     for (int i = 0; i < tagCount(); ++i) {

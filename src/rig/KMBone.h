@@ -113,7 +113,7 @@ public:
     void pushAddCommand() override;                       ///< into container(), under parentBone(), both set before
     void pushDeleteCommand() override;                    ///< its children stay
     void pushRenameCommand(const QString &name) override; ///< tracks go by the name: those of the rig follow
-    void tagsChanged() override { updateShape(); }
+    void tagsChanged() override { refreshGizmos(); }
 
     /// Takes a rigid body that goes away out of all joints of the container. Answers which sides had it.
     QVector<KMJointSide> clearJointRefs(KMTagRigidBody *body);

@@ -54,6 +54,18 @@ KMBoneContainer *KMBoneContainer::activeBoneContainer()
     return container && !container->isLocked() && !container->isDeleted() ? container : nullptr;
 }
 
+QList<KMBoneContainer *> KMBoneContainer::inTree()
+{
+    QList<KMBoneContainer *> rigs;
+    if (!gProject)
+        return rigs;
+    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
+        if (ctrl->type() == KMNodeType::BoneContainer)
+            rigs << nodeAs<KMBoneContainer>(ctrl);
+    }
+    return rigs;
+}
+
 KMBone *KMBoneContainer::bone(const QString &name) const
 {
     const auto isOfName = [&name](const KMBone *bone) { return bone->name() == name; };
@@ -158,6 +170,8 @@ void KMBoneContainer::restoreOrder(BoneAnimation::Relinked &&relinked)
 void KMBoneContainer::markOrderStale()
 {
     m_orderStale = true;
+    if (gProject)
+        gProject->rebuildDerivedLists(); // helpers show as long as their bones are there
     requestPose();
 }
 

@@ -20,6 +20,7 @@ public:
     /// The rig that commands work on: the current node when it is one, else that of the current bone. Null when there
     /// is none, or it is locked.
     static KMBoneContainer *activeBoneContainer();
+    static QList<KMBoneContainer *> inTree(); ///< the rigs of the scene, in the order of the tree
 
     const QList<KMBone *> &allBones() const { return m_allBones; } ///< with those that are deleted
     const QList<KMBone *> &bones() const;                          ///< live ones, in the order of evaluation

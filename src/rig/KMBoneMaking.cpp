@@ -1,6 +1,5 @@
 // How bones are made: new ones, copies, images and parts of others.
 
-#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
@@ -79,11 +78,10 @@ KMBoneContainer *containerAtHand()
     KMBoneContainer *active = KMBoneContainer::activeBoneContainer();
     if (active && active->isVisible())
         return active;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer && !ctrl->isLocked() && ctrl->isVisible())
-            return static_cast<KMBoneContainer *>(ctrl);
-    }
-    return nullptr;
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    const auto isOpen = [](const KMBoneContainer *rig) { return !rig->isLocked() && rig->isVisible(); };
+    const auto found = std::find_if(rigs.begin(), rigs.end(), isOpen);
+    return found == rigs.end() ? nullptr : *found;
 }
 
 KMBoneContainer *addContainer()

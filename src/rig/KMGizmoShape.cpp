@@ -2,7 +2,9 @@
 
 #include "mesh/KMMeshNode.h"
 
+#include <array>
 #include <cmath>
+#include <utility>
 
 namespace KMGizmoShape {
 
@@ -11,14 +13,28 @@ namespace {
 constexpr int ringPoints = 24;
 constexpr double pi = 3.14159265358979323846;
 
+/// The points of a ring of radius 1, from its first axis on.
+const std::array<std::pair<float, float>, ringPoints> &turns()
+{
+    static const auto points = [] {
+        std::array<std::pair<float, float>, ringPoints> made;
+        for (int i = 0; i < ringPoints; ++i) {
+            const double angle = 2.0 * pi * i / ringPoints;
+            made[size_t(i)] = {float(std::cos(angle)), float(std::sin(angle))};
+        }
+        return made;
+    }();
+    return points;
+}
+
 /// An arc about the origin in the plane of two axes, from the first one on.
 void addArc(Wire &wire, const kvm::Vector3 &first, const kvm::Vector3 &second, const kvm::Vector3 &centre, int steps)
 {
     const int start = wire.points.size();
     const bool isClosed = steps == ringPoints;
     for (int i = 0; i < steps + (isClosed ? 0 : 1); ++i) {
-        const double angle = 2.0 * pi * i / ringPoints;
-        wire.points << centre + first * float(std::cos(angle)) + second * float(std::sin(angle));
+        const auto &turn = turns()[size_t(i)];
+        wire.points << centre + first * turn.first + second * turn.second;
     }
     for (int i = 0; i < steps; ++i)
         wire.lines.append({start + i, isClosed && i == steps - 1 ? start : start + i + 1});

@@ -3,13 +3,15 @@
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMFFDBox.h"
+#include "modifiers/KMObjectTransform.h"
+#include "modifiers/KMResultCopy.h"
 #include "rig/KMBone.h"
 #include "rig/KMDisplayAnchorNode.h"
 #include "rig/KMTagBoneWeight.h"
 
-#include <QVarLengthArray>
-
-#include <cstring>
+#include <algorithm>
+#include <utility>
 
 using kvm::Vector3;
 
@@ -40,15 +42,11 @@ void addShape(Stamp &stamp, const KMMeshNode &mesh)
             stamp.add(vertex->pos);
     }
     for (const KMFace *face : mesh.faces()) {
+        stamp.add(face); // the weights refer to the records
         stamp.add(face ? face->count : 0);
         for (int c = 0; face && c < face->count; ++c)
             stamp.add(face->indices[c]);
     }
-}
-
-bool isSame(const Vector3 &a, const Vector3 &b)
-{
-    return std::memcmp(a.data(), b.data(), sizeof a) == 0;
 }
 
 } // namespace
@@ -65,12 +63,14 @@ void KMModAnchorNode::setParameters(const Parameters &parameters)
     m_parameters = parameters;
     if (m_parameters.calcMethod != KMAnchorWeights::FacesInRange)
         m_parameters.calcMethod = KMAnchorWeights::NearestFace;
+    m_weigher.setHelpers(nullptr);
     refresh();
 }
 
 void KMModAnchorNode::setAnchors(const Anchors &anchors)
 {
     m_anchors = anchors;
+    m_weigher.setHelpers(nullptr);
     for (const Anchor &anchor : std::as_const(m_anchors))
         anchor->mesh()->setOwner(this, this);
     if (item())
@@ -88,14 +88,18 @@ KMModAnchorNode::Anchor KMModAnchorNode::makeHelper(KMBone *bone) const
 
 KMMeshNode *KMModAnchorNode::controlMesh() const
 {
-    return m_anchors.isEmpty() ? nullptr : m_anchors.first()->mesh();
+    const auto isLive = [](const Anchor &anchor) { return anchor->isLive(); };
+    const auto first = std::find_if(m_anchors.begin(), m_anchors.end(), isLive);
+    return first == m_anchors.end() ? nullptr : (*first)->mesh();
 }
 
 QList<KMContainerNode *> KMModAnchorNode::evaluatedMeshes() const
 {
     QList<KMContainerNode *> meshes{modMesh()};
-    for (const Anchor &anchor : m_anchors)
-        meshes << anchor->mesh();
+    for (const Anchor &anchor : m_anchors) {
+        if (anchor->isLive())
+            meshes << anchor->mesh();
+    }
     return meshes;
 }
 
@@ -120,7 +124,7 @@ quint64 KMModAnchorNode::stamp() const
 void KMModAnchorNode::onModMeshEdited(KMMeshNode *mesh)
 {
     if (mesh != modMesh() && stamp() != m_stamp)
-        refresh();
+        markMoved();
 }
 
 /// Steps that cut or join faces of a helper mark the helper alone, which no mesh of the document waits for.
@@ -128,7 +132,7 @@ void KMModAnchorNode::notifyDependents()
 {
     if (!source() || stamp() == m_stamp)
         return;
-    refresh();
+    markMoved();
     source()->refreshAfterEdit();
     source()->notifyDependents();
 }
@@ -137,32 +141,30 @@ void KMModAnchorNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     KMElementwiseModifier::rebuildResult(input, result);
     m_stamp = stamp(); // the weights come after the positions
+    m_weigher.forgetPlaces();
 }
 
-/// Weights are looked for only when something has moved: a pose that changes moves nothing here.
+/// Weights are looked for only where something has moved: a pose that changes moves nothing here.
 bool KMModAnchorNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
 {
-    bool isOther = false;
-    KMVertex *const *from = input.vertices().constData();
-    KMVertex *const *own = result.vertices().constData();
-    for (int i = 0, n = qMin(m_vertexMap.size(), input.vertexCount()); i < n; ++i) {
-        if (!from[i] || m_vertexMap.at(i) < 0)
-            continue;
-        Vector3 &place = own[m_vertexMap.at(i)]->pos;
-        isOther = isOther || !isSame(place, from[i]->pos);
-        place = from[i]->pos;
-    }
-    if (m_anchors.isEmpty() || (!isOther && stamp() == m_stamp))
+    KMResultCopy::copyPositions(input, result, m_vertexMap);
+    const auto *from = static_cast<const KMTagBoneWeight *>(input.findTag(KMNodeType::TagBoneWeight));
+    auto *tag = static_cast<KMTagBoneWeight *>(result.findTag(KMNodeType::TagBoneWeight));
+    if (!from || !tag)
         return false;
-    if (next() && next()->modifierNode()->type() != KMNodeType::ModBoneDeform)
-        return true; // it has copies of the weights
-    KMModifierNode::updateTags();
+    if (stamp() != m_stamp)
+        KMModifierNode::updateTags();
+    else if (!m_weigher.follow(input, *from, m_vertexMap, *tag))
+        return false;
+    passWeightsOn();
     return false;
 }
 
 void KMModAnchorNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
 {
-    m_stamp = stamp();
+    const quint64 former = std::exchange(m_stamp, stamp());
+    if (former != m_stamp)
+        m_weigher.setHelpers(nullptr);
     if (!weights.begin(input))
         return;
     weights.carry(m_vertexMap);
@@ -172,31 +174,76 @@ void KMModAnchorNode::carryWeights(const KMMeshNode &input, KMResultWeights &wei
 void KMModAnchorNode::buildAnchors(const KMMeshNode &input)
 {
     using Reach = KMAnchorWeights::Reach;
-    const KMAnchorWeights anchored(helpers(), KMAnchorWeights::Method(m_parameters.calcMethod),
-                                   m_parameters.overwrite ? Reach::Everywhere : Reach::InBoxes);
-    if (anchored.isEmpty())
-        return;
+    if (!m_weigher.hasHelpers())
+        m_weigher.setHelpers(
+            std::make_unique<KMAnchorWeights>(helpers(), KMAnchorWeights::Method(m_parameters.calcMethod),
+                                              m_parameters.overwrite ? Reach::Everywhere : Reach::InBoxes));
     auto *tag = static_cast<KMTagBoneWeight *>(modMesh()->findTag(KMNodeType::TagBoneWeight));
-    QVarLengthArray<KMBoneShare, 16> shares;
-    for (int i = 0, n = qMin(m_vertexMap.size(), input.vertexCount()); i < n; ++i) {
-        if (!input.vertex(i) || m_vertexMap.at(i) < 0)
-            continue;
-        const QVector<BoneWeightEntry> entries = anchored.at(input.position(i), i);
-        if (entries.isEmpty())
-            continue;
-        shares.clear();
-        for (const BoneWeightEntry &entry : entries)
-            shares.append({tag->numberOf(entry.bone), KMTagBoneWeight::bounded(entry.weight)});
-        tag->setShares(m_vertexMap.at(i), {shares.constData(), shares.size()});
+    m_weigher.weigh(input, m_vertexMap, *tag);
+}
+
+QVector<KMVertex *> KMModAnchorNode::helperVertices() const
+{
+    QVector<KMVertex *> vertices;
+    for (const Anchor &anchor : m_anchors) {
+        for (KMVertex *vertex : anchor->mesh()->vertices()) {
+            if (vertex)
+                vertices << vertex;
+        }
     }
+    return vertices;
+}
+
+/// From where others left them, so that nothing is lost on the way, not even by a scale of 0.
+QVector<Vector3> KMModAnchorNode::carriedPointsAt(const KMTransform &transform)
+{
+    QVector<Vector3> points;
+    for (const KMVertex *vertex : helperVertices())
+        points << vertex->pos;
+    const KMTransform place = KMObjectTransform::sound(this->transform());
+    if (points != m_carried) {
+        m_carried = m_home = points;
+        m_homeTransform = place;
+    }
+    const KMTransform goal = KMObjectTransform::sound(transform);
+    if (KMObjectTransform::isSame(goal, place))
+        return points;
+    if (KMObjectTransform::isSame(goal, m_homeTransform))
+        return m_home;
+    points = m_home;
+    for (Vector3 &point : points)
+        point = KMFFDBox::toWorld(goal, KMFFDBox::toLocal(m_homeTransform, point));
+    return points;
+}
+
+void KMModAnchorNode::setCarriedPoints(const QVector<Vector3> &points)
+{
+    const QVector<KMVertex *> vertices = helperVertices();
+    if (vertices.size() != points.size())
+        return;
+    for (int i = 0; i < points.size(); ++i)
+        vertices.at(i)->pos = points.at(i);
+    for (const Anchor &anchor : std::as_const(m_anchors))
+        anchor->mesh()->markDirty(KMMeshDirty::Positions);
+    markMoved();
+}
+
+void KMModAnchorNode::setTransform(const KMTransform &transform)
+{
+    const QVector<Vector3> carried = carriedPointsAt(transform);
+    KMElementwiseModifier::setTransform(transform);
+    setCarriedPoints(carried);
+    m_carried = carried;
 }
 
 KMModAnchorNode *KMModAnchorNode::clone() const
 {
     auto *copy = cloneOf(*this);
     Anchors anchors;
-    for (const Anchor &anchor : m_anchors)
-        anchors << Anchor(anchor->clone());
+    for (const Anchor &anchor : m_anchors) {
+        if (anchor->bone()) // else nothing can bring it back
+            anchors << Anchor(anchor->clone());
+    }
     copy->setAnchors(anchors);
     return copy;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "core/KMPointCarrier.h"
 #include "modifiers/KMElementwiseModifier.h"
 #include "modifiers/KMModifierCommand.h"
+#include "rig/KMAnchorWeigher.h"
 #include "rig/KMAnchorWeights.h"
 
 #include <QCoreApplication>
@@ -11,13 +13,15 @@
 
 class KMBone;
 class KMDisplayAnchorNode;
+struct KMVertex;
 
 /// Weighs its input by coarse helpers about the bones. The result has the weights of the input, but for the vertices
 /// that helpers reach: these get what KMAnchorWeights says, in place of their own. An input without a weight tag stays
 /// without weights. Stages behind work with the weights of the result, as a bone deform does.
 ///
-/// The helpers stand in the world and show while the node is selected; the ordinary tools move their vertices.
-class KMModAnchorNode : public KMElementwiseModifier
+/// The helpers stand in the world, and the transform of the node takes them along. They show while the node is
+/// selected; the ordinary tools move their vertices, and cut and join them.
+class KMModAnchorNode : public KMElementwiseModifier, public KMPointCarrier
 {
     Q_OBJECT
 public:
@@ -44,10 +48,15 @@ public:
     void setAnchors(const Anchors &anchors);
     Anchor makeHelper(KMBone *bone) const; ///< a box about the bone, for setAnchors()
 
-    KMMeshNode *controlMesh() const override; ///< the first helper
-    QList<KMContainerNode *> evaluatedMeshes() const override;
-    void onModMeshEdited(KMMeshNode *mesh) override; ///< the weights follow the helpers
-    void notifyDependents() override;                ///< likewise, after edits that change more than places
+    KMMeshNode *controlMesh() const override; ///< the first helper whose bone is live
+    bool areControlsShapes() const override { return true; }
+    QVector<kvm::Vector3>
+    carriedPointsAt(const KMTransform &transform) override; ///< of all helpers, one after the other
+    void setCarriedPoints(const QVector<kvm::Vector3> &points) override;
+    void setTransform(const KMTransform &transform) override;
+    QList<KMContainerNode *> evaluatedMeshes() const override; ///< the result, and the helpers of live bones
+    void onModMeshEdited(KMMeshNode *mesh) override;           ///< the weights follow the helpers
+    void notifyDependents() override;                          ///< likewise, after edits that change more than places
     KMModAnchorNode *clone() const override;
 
 protected:
@@ -58,11 +67,16 @@ protected:
 private:
     QList<KMDisplayAnchorNode *> helpers() const;
     quint64 stamp() const;
+    QVector<KMVertex *> helperVertices() const;
     void buildAnchors(const KMMeshNode &input);
 
     Parameters m_parameters;
     Anchors m_anchors;
     quint64 m_stamp = 0; // of the helpers by which the result was weighed
+    KMAnchorWeigher m_weigher;
+    QVector<kvm::Vector3> m_carried; // where the transform has taken the vertices of the helpers
+    QVector<kvm::Vector3> m_home;    // and from where: they were last moved by others
+    KMTransform m_homeTransform;     // at which that was
 };
 
 /// Sets method and overwriting.

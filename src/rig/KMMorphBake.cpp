@@ -33,8 +33,10 @@ MorphDeltas deltasBetween(const KMMeshNode &base, const KMMeshNode &target)
         if (!base.vertex(i))
             continue;
         const kvm::Vector3 d = target.position(i) - base.position(i);
+        if (d == kvm::Vector3())
+            continue;
         const double length = std::sqrt(double(d.x) * d.x + double(d.y) * d.y + double(d.z) * d.z);
-        if (length > 0.0 && std::isfinite(float(length)))
+        if (float(length) > 0.0f && std::isfinite(float(length)))
             deltas.append({i, float(length), {float(d.x / length), float(d.y / length), float(d.z / length)}});
     }
     return deltas;

@@ -6,7 +6,6 @@ namespace {
 
 constexpr float epsilon = 1.1920929e-7f; // the step of a float at 1
 constexpr float halfPi = 1.5707964f;
-constexpr float unitLength = 100.0f; // of a bone with the length scale 1
 
 float snapped(float value)
 {
@@ -17,7 +16,7 @@ float snapped(float value)
 
 kvm::Vector3 KMBoneRest::tail() const
 {
-    return head + rotation.rotate({0.0f, 0.0f, -unitLength}) * lengthScale;
+    return head + rotation.rotate({0.0f, 0.0f, -UnitLength}) * lengthScale;
 }
 
 bool operator==(const KMBoneRest &a, const KMBoneRest &b)
@@ -60,7 +59,7 @@ KMBoneRest restBone(const kvm::Vector3 &head, const kvm::Vector3 &tail, const KM
 {
     KMBoneRest rest = before;
     rest.head = head;
-    rest.lengthScale = (tail - head).length() / unitLength;
+    rest.lengthScale = (tail - head).length() / KMBoneRest::UnitLength;
     if (rest.lengthScale > 0.0f)
         rest.rotation = directionToQuaternion(head - tail, {0.0f, 0.0f, -1.0f});
     return rest;

@@ -6,10 +6,12 @@
 /// Where a bone stands at rest and how long it is. It points along the negative Z axis of its rotation.
 struct KMBoneRest
 {
+    static constexpr float UnitLength = 100.0f; ///< of a bone with the length scale 1
+
     kvm::Vector3 head;
     kvm::Quaternion rotation;
     kvm::Vector3 scale{1.0f, 1.0f, 1.0f};
-    float lengthScale = 1.0f; ///< a hundredth of the length
+    float lengthScale = 1.0f; ///< the length in UnitLength
 
     kvm::Vector3 tail() const; ///< of a bone that has a length: points have theirs at the head
 };

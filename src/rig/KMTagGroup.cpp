@@ -2,6 +2,7 @@
 
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeType.h"
+#include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
@@ -42,4 +43,5 @@ void KMTagGroup::applyToChildren() const
     const KMUndoMacro macro(tr("TagGroup Done"));
     for (KMContainerNode *child : std::as_const(switched))
         gSolution->push(new setVisibleCommand(child, !child->isVisible()));
+    gProject->checkModifiers(); // the children of a mesh are its chain
 }

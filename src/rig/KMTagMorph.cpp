@@ -38,16 +38,6 @@ bool isSame(const Vector3 &a, const Vector3 &b)
     return std::memcmp(a.data(), b.data(), sizeof a) == 0;
 }
 
-QVector<const KMVertex *> usedVertices(const KMMeshNode &mesh)
-{
-    QVector<const KMVertex *> used;
-    for (const KMVertex *vertex : mesh.vertices()) {
-        if (vertex && !vertex->faceRefs.isEmpty())
-            used.append(vertex);
-    }
-    return used;
-}
-
 } // namespace
 
 KMTagMorph::KMTagMorph()
@@ -232,6 +222,15 @@ void KMTagMorph::unapply()
     }
 }
 
+Vector3 KMTagMorph::placeWithout(int vertex, const Vector3 &shown) const
+{
+    const Vector3 offset = m_isOn && vertex < m_vertexCount ? offsetAt(vertex) : Vector3();
+    if (offset == Vector3())
+        return shown;
+    const Vector3 base = vectorAt(m_base, vertex);
+    return isSame(shown, base + offset) ? base : shown - offset;
+}
+
 Vector3 KMTagMorph::baseOf(int i, const Vector3 &shown)
 {
     const Vector3 base = vectorAt(m_base, i);
@@ -306,7 +305,7 @@ KMTagMorph *KMTagMorph::clone() const
     for (const KMMorph *morph : liveMorphs()) {
         MorphDeltas deltas;
         std::copy_if(morph->deltas().begin(), morph->deltas().end(), std::back_inserter(deltas),
-                     [store](const MorphDelta &delta) { return store && store->vertex(delta.vertex); });
+                     [store](const MorphDelta &delta) { return !store || store->vertex(delta.vertex); });
         auto *twin = new KMMorph;
         twin->setName(morph->name());
         twin->setEnName(morph->enName());
@@ -318,22 +317,30 @@ KMTagMorph *KMTagMorph::clone() const
     return copy;
 }
 
+QVector<int> KMTagMorph::rankedVertices(const KMMeshNode &mesh)
+{
+    QVector<int> ranked;
+    for (int i = 0; i < mesh.vertexCount(); ++i) {
+        if (mesh.vertex(i) && !mesh.vertex(i)->faceRefs.isEmpty())
+            ranked << i;
+    }
+    return ranked;
+}
+
 void KMTagMorph::buildDeltas(KMMorph *morph, const KMMeshNode &baseMesh, const KMMeshNode &targetMesh,
                              bool onlySelected, float ratio)
 {
     const KMBasePositions base(&baseMesh);
     const KMBasePositions target(&targetMesh);
-    const QVector<const KMVertex *> from = usedVertices(baseMesh);
-    const QVector<const KMVertex *> to = usedVertices(targetMesh);
+    const QVector<int> from = rankedVertices(baseMesh);
+    const QVector<int> to = rankedVertices(targetMesh);
     MorphDeltas deltas = morph->deltas();
-    int slot = -1;
     for (int rank = 0, count = std::min(from.size(), to.size()); rank < count; ++rank) {
-        do
-            ++slot;
-        while (baseMesh.vertex(slot) != from.at(rank));
-        if (onlySelected && !to.at(rank)->hasFlag(KMElementFlag::Selected))
+        const int slot = from.at(rank);
+        const KMVertex *shaped = targetMesh.vertex(to.at(rank));
+        if (onlySelected && !shaped->hasFlag(KMElementFlag::Selected))
             continue;
-        const Vector3 d = withoutDust((to.at(rank)->pos - from.at(rank)->pos) * ratio);
+        const Vector3 d = withoutDust((shaped->pos - baseMesh.position(slot)) * ratio);
         const double length = std::sqrt(double(d.x) * d.x + double(d.y) * d.y + double(d.z) * d.z);
         if (length == 0.0 || !isFinite(d) || !std::isfinite(float(length)))
             continue;

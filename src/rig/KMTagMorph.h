@@ -37,10 +37,14 @@ public:
     /// Brings the positions up to values and displacements as they are now, where the tag hangs on a mesh.
     void layAnew();
     const QVector<float> &offsets() const { return m_offsets; } ///< three for each vertex slot
-    int vertexCount() const { return m_vertexCount; }           ///< slots at the last apply(); -1 before
+    /// Where a vertex that is shown at a place would be shown without the offset of the tag.
+    kvm::Vector3 placeWithout(int vertex, const kvm::Vector3 &shown) const;
+    int vertexCount() const { return m_vertexCount; } ///< slots at the last apply(); -1 before
 
-    /// Gives a morph what leads from one mesh to another, as both are without their own morphs. Vertices that faces
-    /// use are paired by their rank. onlySelected: only where the target's vertex is selected.
+    /// The vertices that faces use, ascending: by their rank in this list those of different meshes are paired.
+    static QVector<int> rankedVertices(const KMMeshNode &mesh);
+    /// Gives a morph what leads from one mesh to another, as both are without their own morphs. Vertices are
+    /// paired by their rank. onlySelected: only where the target's vertex is selected.
     static void buildDeltas(KMMorph *morph, const KMMeshNode &baseMesh, const KMMeshNode &targetMesh, bool onlySelected,
                             float ratio);
 

@@ -3,6 +3,7 @@
 #include "core/KMSolution.h"
 #include "math/Finite.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMSymmetryPlane.h"
 #include "mesh/KMVertexCommands.h"
 #include "rig/KMMorphCommands.h"
 #include "rig/KMTagMorph.h"
@@ -45,8 +46,10 @@ MorphDeltas withMeans(const MorphDeltas &deltas, const QVector<KMVertexOrigin> &
     // what stands there of vertices that the mesh never had
     std::copy_if(deltas.begin(), deltas.end(), std::back_inserter(after),
                  [&made](const MorphDelta &delta) { return !made.contains(delta.vertex); });
-    for (const KMVertexOrigin &origin : origins)
-        append(after, origin.vertex, origin.mean([&offsets](int i) { return offsets.value(i); }));
+    for (const KMVertexOrigin &origin : origins) {
+        const Vector3 mean = origin.mean([&offsets](int i) { return offsets.value(i); });
+        append(after, origin.vertex, origin.mirror ? origin.mirror->reflectedWay(mean) : mean);
+    }
     return after;
 }
 

@@ -104,10 +104,10 @@ void KMTagSelection::recall(Recall recall) const
     KMMeshNode *target = mesh();
     if (!target || target->isLocked())
         return;
+    const KMWaitingMacro macro(tr("Restore Selection"));
+    KMMeshEdit::settleEdges(*target);
     const KMStoredSelection before = recall == Recall::Replace ? selectionOf(*target) : KMStoredSelection();
     const KMStoredSelection &after = m_selection;
-    KMMeshEdit::settleEdges(*target);
-    const KMWaitingMacro macro(tr("Restore Selection"));
     switchOver(before.vertices, after.vertices, [&](int v, bool on) { KMMeshEdit::selectVertex(*target, v, on); });
     switchOver(before.edges, after.edges,
                [&](const Pair &edge, bool on) { KMMeshEdit::selectEdge(*target, edge.first, edge.second, on); });

@@ -10,30 +10,46 @@ namespace {
 
 using Entries = QVector<BoneWeightEntry>;
 
-void add(Entries &sums, const BoneWeightEntry &entry, float share)
-{
-    const auto isOfBone = [&entry](const BoneWeightEntry &sum) { return sum.bone == entry.bone; };
-    const auto known = std::find_if(sums.begin(), sums.end(), isOfBone);
-    if (known == sums.end())
-        sums.append({entry.vertex, entry.weight * share, entry.bone});
-    else
-        known->weight += entry.weight * share;
-}
-
 Entries meanOf(const KMTagBoneWeight &tag, const KMVertexOrigin &origin)
 {
     Entries sums;
     for (const KMVertexOrigin::Source &source : origin.sources) {
         if (source.vertex < 0)
             break;
-        if (source.share == 0.0f)
-            continue;
         const Entries entries = tag.entriesOf(source.vertex);
         for (const BoneWeightEntry &entry : entries)
-            add(sums, entry, source.share);
+            addTo(sums, {entry.vertex, entry.weight * source.share, entry.bone});
     }
     return sums;
 }
+
+/// What the bones bear on the other side of a plane is their partners'; a bone without one stands for itself.
+class Images
+{
+public:
+    explicit Images(const KMTagBoneWeight &tag)
+        : m_tag(tag)
+    {
+    }
+    Entries of(const Entries &entries, const KMSymmetryPlane &plane)
+    {
+        if (&plane != m_plane)
+            m_partners.follow(m_tag.bones(), plane);
+        m_plane = &plane;
+        Entries images;
+        for (BoneWeightEntry entry : entries) {
+            if (KMBone *partner = m_partners.of(m_tag.knownNumberOf(entry.bone)))
+                entry.bone = partner;
+            addTo(images, entry);
+        }
+        return images;
+    }
+
+private:
+    const KMTagBoneWeight &m_tag;
+    KMBonePartners m_partners;
+    const KMSymmetryPlane *m_plane = nullptr; // of the partners
+};
 
 bool areAllFlagged(const KMTagBoneWeight &tag, const KMVertexOrigin &origin)
 {
@@ -50,9 +66,11 @@ void KMTagBoneWeight::pushVerticesMade(const QVector<KMVertexOrigin> &origins)
     if (!store)
         return;
     KMWeightEdit edit(this);
+    Images images(*this);
     QVector<int> flagged;
     for (const KMVertexOrigin &origin : origins) {
-        edit.setEntries(origin.vertex, meanOf(*this, origin));
+        const Entries mean = meanOf(*this, origin);
+        edit.setEntries(origin.vertex, origin.mirror ? images.of(mean, *origin.mirror) : mean);
         if (areAllFlagged(*this, origin))
             flagged.append(origin.vertex);
     }

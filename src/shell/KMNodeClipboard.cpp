@@ -7,6 +7,7 @@
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "shell/KMNodeEdits.h"
@@ -59,12 +60,14 @@ void KMNodeClipboard::copy(const QList<KMContainerNode *> &nodes)
     mark(KMTreeWidget::NodeMimeType);
 }
 
-void KMNodeClipboard::copyTag(const KMTagBase *tag)
+void KMNodeClipboard::copyTags(const QList<KMTagBase *> &tags)
 {
     clear();
-    m_tag.reset(tag->clone());
-    m_tag->setName(tag->name());
-    m_isOfBone = tag->owner() && tag->owner()->type() == KMNodeType::Bone;
+    for (const KMTagBase *tag : tags) {
+        m_tags.emplace_back(tag->clone());
+        m_tags.back()->setName(tag->name());
+        m_isOfBone = tag->owner() && tag->owner()->type() == KMNodeType::Bone;
+    }
     mark(m_isOfBone ? KMBoneTreeWidget::BoneTagMimeType : KMTreeWidget::TagMimeType);
 }
 
@@ -83,15 +86,15 @@ bool KMNodeClipboard::isEmpty() const
     const bool hasNodes = !m_templates.empty() && data->hasFormat(KMTreeWidget::NodeMimeType);
     const bool hasTag =
         data->hasFormat(KMTreeWidget::TagMimeType) || data->hasFormat(KMBoneTreeWidget::BoneTagMimeType);
-    return !hasNodes && !(m_tag && hasTag);
+    return !hasNodes && !(!m_tags.empty() && hasTag);
 }
 
 void KMNodeClipboard::paste()
 {
     if (isEmpty())
         return;
-    if (m_tag)
-        pasteTag();
+    if (!m_tags.empty())
+        pasteTags();
     else
         pasteNodes();
 }
@@ -110,22 +113,20 @@ void KMNodeClipboard::pasteNodes()
         KMNodeEdits::selectOnly(rows);
 }
 
-void KMNodeClipboard::pasteTag()
+void KMNodeClipboard::pasteTags()
 {
-    QList<KMContainerNode *> takers;
+    const KMWaitingMacro macro(tr("Paste"));
     for (KMContainerNode *node : m_isOfBone ? selectedBones() : selectedNodes()) {
-        if (KMNodeEdits::canTake(node, m_tag.get()))
-            takers << node;
+        for (const auto &tag : m_tags)
+            KMNodeEdits::copyTag(tag.get(), node);
     }
-    if (takers.isEmpty())
-        return gSolution->showMessage(tr("Select a node that can hold %1").arg(m_tag->name()), KMCommand::MessageLevel);
-    const KMUndoMacro macro(tr("Paste"));
-    for (KMContainerNode *node : std::as_const(takers))
-        KMNodeEdits::copyTag(m_tag.get(), node);
+    if (!macro.hasBegun())
+        gSolution->showMessage(tr("Select a node that can hold %1").arg(m_tags.front()->name()),
+                               KMCommand::MessageLevel);
 }
 
 void KMNodeClipboard::clear()
 {
     m_templates.clear();
-    m_tag.reset();
+    m_tags.clear();
 }

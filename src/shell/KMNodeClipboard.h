@@ -12,7 +12,7 @@ namespace KMNodeEdits {
 class Template;
 }
 
-/// Nodes of the tree, shaders, textures or a tag that were copied or cut. The system's clipboard gets a mark only: what
+/// Nodes of the tree, shaders, textures or tags that were copied or cut. The system's clipboard gets a mark only: what
 /// was copied elsewhere since then counts instead.
 class KMNodeClipboard : public QObject
 {
@@ -22,10 +22,10 @@ public:
     ~KMNodeClipboard() override;
 
     void copy(const QList<KMContainerNode *> &nodes);
-    void copyTag(const KMTagBase *tag);
+    void copyTags(const QList<KMTagBase *> &tags); ///< of one tree
 
-    /// New copies in the document, as one step; nodes of the tree stay selected. A tag goes to each of the selected
-    /// nodes, or, if a bone had it, of the selected bones that can hold it, or it is said that none can.
+    /// New copies in the document, as one step; nodes of the tree stay selected. Tags go to each of the selected
+    /// nodes, or, if bones had them, of the selected bones that can hold them, or it is said that none can.
     void paste();
     bool isEmpty() const; ///< nothing was copied here, or something elsewhere since then
     void clear();         ///< another document comes: copies may refer to shaders of this one
@@ -33,9 +33,9 @@ public:
 private:
     void mark(const QString &format);
     void pasteNodes();
-    void pasteTag();
+    void pasteTags();
 
     std::vector<std::unique_ptr<KMNodeEdits::Template>> m_templates;
-    std::unique_ptr<KMTagBase> m_tag;
+    std::vector<std::unique_ptr<KMTagBase>> m_tags;
     bool m_isOfBone = false; ///< tags of bones go to bones
 };

@@ -1,5 +1,6 @@
 #include "shell/KMNodeEdits.h"
 
+#include "core/KMBlockModel.h"
 #include "core/KMCommand.h"
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeTreeCommands.h"
@@ -25,6 +26,12 @@ namespace {
 QString tr(const char *text)
 {
     return QCoreApplication::translate("KMNodeEdits", text);
+}
+
+void deleteBlocks(const QList<KMNode *> &nodes)
+{
+    for (KMNode *node : gProject->blockModel() ? nodes : QList<KMNode *>())
+        gProject->blockModel()->pushDeleteBlock(node);
 }
 
 /// The row behind a node that is none of those on the move.
@@ -294,13 +301,17 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
     return true;
 }
 
-void KMNodeEdits::deleteTag(KMTagBase *tag)
+void KMNodeEdits::deleteTags(const QList<KMTagBase *> &tags)
 {
-    KMNode *owner = tag->owner();
-    if (owner->type() == KMNodeType::Bone)
-        gSolution->push(new deleteTagBoneContainerCommand(nodeAs<KMBone>(owner), tag));
-    else
-        gSolution->push(new deleteTagCommand(nodeAs<KMContainerNode>(owner), tag));
+    const KMUndoMacro macro(tr("Delete Tag"));
+    for (KMTagBase *tag : tags) {
+        deleteBlocks(tag->blockNodes());
+        KMNode *owner = tag->owner();
+        if (owner->type() == KMNodeType::Bone)
+            gSolution->push(new deleteTagBoneContainerCommand(nodeAs<KMBone>(owner), tag));
+        else
+            gSolution->push(new deleteTagCommand(nodeAs<KMContainerNode>(owner), tag));
+    }
 }
 
 void KMNodeEdits::setVisible(const QList<KMContainerNode *> &nodes, bool visible)

@@ -55,7 +55,7 @@ bool canTake(const KMContainerNode *node, const KMTagBase *tag); ///< a second t
 /// Hangs a tag, or a copy of it, on a node, at a place among the live tags; -1 puts it last. False where it can't.
 bool moveTag(KMTagBase *tag, KMContainerNode *node, int place = -1);
 bool copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1);
-void deleteTag(KMTagBase *tag);
+void deleteTags(const QList<KMTagBase *> &tags); ///< with the blocks of what they hold
 
 void setVisible(const QList<KMContainerNode *> &nodes, bool visible);
 void setLocked(const QList<KMContainerNode *> &nodes, bool locked);

@@ -1,12 +1,12 @@
 #include "shell/KMPhysicsSheet.h"
 
 #include "core/KMDpi.h"
-#include "core/KMNodeType.h"
 #include "core/KMProject.h"
-#include "core/KMSolution.h"
+#include "core/KMTagBase.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMRigTags.h"
 #include "rig/KMTagJoint.h"
+#include "shell/KMNodeEdits.h"
 #include "shell/KMPhysicsColumns.h"
 
 #include <QComboBox>
@@ -69,11 +69,7 @@ KMBoneContainer *shownRig()
 {
     if (KMBoneContainer *active = KMBoneContainer::activeBoneContainer())
         return active;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer)
-            return nodeAs<KMBoneContainer>(ctrl);
-    }
-    return nullptr;
+    return KMBoneContainer::inTree().value(0);
 }
 
 template <class Tag>
@@ -159,7 +155,28 @@ void KMPhysicsSheet::takeSelection(const QTableView *table, const KMSheetModel *
     const QList<int> rows = selectedRows(table);
     for (int row = 0; row < model->rowCount(); ++row)
         model->tag(row)->setSelected(rows.contains(row));
-    gSolution->refreshViews(31);
+    const int row = table->currentIndex().row();
+    emit tagChosen(rows.contains(row) ? model->tag(row) : chosenTags().value(0));
+}
+
+QList<KMTagBase *> KMPhysicsSheet::chosenTags() const
+{
+    QList<KMTagBase *> chosen;
+    for (const KMSheetModel *model : {m_bodies, m_joints}) {
+        for (int row = 0; row < model->rowCount(); ++row) {
+            if (model->tag(row)->isSelected())
+                chosen << model->tag(row);
+        }
+    }
+    return chosen;
+}
+
+bool KMPhysicsSheet::deleteChosen()
+{
+    const QList<KMTagBase *> chosen = chosenTags();
+    if (!chosen.isEmpty())
+        KMNodeEdits::deleteTags(chosen);
+    return !chosen.isEmpty();
 }
 
 /// Tags that were selected elsewhere; cells that are selected stay as they are.

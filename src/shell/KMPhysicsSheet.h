@@ -17,9 +17,14 @@ public:
 
     void refresh();       ///< shows the active rig, else the first one
     void resetDocument(); ///< forgets what it shows
+    bool deleteChosen();  ///< bodies and joints, as one step of the history; false when none is selected
+
+signals:
+    void tagChosen(KMTagBase *tag); ///< the user selected others; null when none is left
 
 private:
     QTableView *addTable(const QString &objectName, KMSheetModel *model);
+    QList<KMTagBase *> chosenTags() const;
     void takeSelection(const QTableView *table, const KMSheetModel *model);
     void showSelection(QTableView *table, const KMSheetModel *model);
 

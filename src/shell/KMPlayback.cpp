@@ -2,7 +2,6 @@
 
 #include "core/KMCommand.h"
 #include "core/KMIcon.h"
-#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSessionTool.h"
 #include "core/KMSolution.h"
@@ -70,10 +69,9 @@ void KMPlayback::createActions()
 int KMPlayback::lastFrame()
 {
     quint32 last = 0;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer)
-            last = std::max(last, nodeAs<KMBoneContainer>(ctrl)->animation()->lastFrame());
-    }
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    for (const KMBoneContainer *rig : rigs)
+        last = std::max(last, rig->animation()->lastFrame());
     return int(std::min(last, quint32(std::numeric_limits<int>::max())));
 }
 

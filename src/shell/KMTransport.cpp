@@ -1,7 +1,6 @@
 #include "shell/KMTransport.h"
 
 #include "core/KMDpi.h"
-#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
@@ -95,14 +94,23 @@ void KMTransport::refresh()
     showFrame(gProject->currentFrame());
 }
 
+/// A motion may have millions of keys, and few steps of the history change one.
 void KMTransport::showKeys()
 {
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    QVector<quint64> shown;
+    for (const KMBoneContainer *rig : rigs) {
+        shown << rig->animation()->revision();
+        for (const BoneTrack *track : rig->animation()->tracks())
+            shown << (track->bone && track->bone->selectMask());
+    }
+    if (shown == m_shownKeys)
+        return;
+    m_shownKeys = shown;
     QVector<int> all;
     QVector<int> selected;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() != KMNodeType::BoneContainer)
-            continue;
-        for (const BoneTrack *track : nodeAs<KMBoneContainer>(ctrl)->animation()->tracks()) {
+    for (const KMBoneContainer *rig : rigs) {
+        for (const BoneTrack *track : rig->animation()->tracks()) {
             const bool isSelected = track->bone && track->bone->selectMask();
             for (const auto &entry : track->keys) {
                 const int frame = int(std::min(entry.first, quint32(mostFrames)));

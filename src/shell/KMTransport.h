@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QVector>
 #include <QWidget>
 
 class KMPlayback;
@@ -28,5 +29,6 @@ private:
     QSpinBox *m_frame;
     KMTimeLine *m_line;
     QLabel *m_last;
-    int m_furthest = 0; // frame that was asked for in this document
+    QVector<quint64> m_shownKeys; // the motions whose keys the line shows, and the bones that were selected
+    int m_furthest = 0;           // frame that was asked for in this document
 };

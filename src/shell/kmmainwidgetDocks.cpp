@@ -91,11 +91,15 @@ void kmmainwidget::connectDocks()
                                static_cast<KMDockWidget *>(m_textureDock), static_cast<KMDockWidget *>(m_shaderDock)})
         connect(dock, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
 
+    auto *setup = findChild<kmsetupwidget *>();
+    connect(setup, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
+    connect(setup, &KMDockWidget::onNodeChanged, this, &kmmainwidget::repaintTrees); // they mark the selected tags
+
     // The tag that is chosen in the tree is the one whose morphs are shown.
     auto *morphs = findChild<kmmorphwidget *>();
     connect(m_nodeDock, &KMDockWidget::onNodeChanged, morphs, &kmmorphwidget::refresh);
     for (KMTreeDock *dock : {static_cast<KMTreeDock *>(m_nodeDock), static_cast<KMTreeDock *>(m_boneDock)})
-        connect(dock, &KMTreeDock::tagSelectionChanged, findChild<kmsetupwidget *>(), &kmsetupwidget::refreshSheet);
+        connect(dock, &KMTreeDock::tagSelectionChanged, setup, &kmsetupwidget::refreshSheet);
 
     const auto actions = [this](const QList<const char *> &items) {
         QList<QAction *> list;

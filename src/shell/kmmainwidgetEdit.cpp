@@ -88,7 +88,7 @@ bool kmmainwidget::editInPanel(KMDockWidget::Edit edit)
 {
     const QWidget *focus = QApplication::focusWidget();
     for (KMDockWidget *dock : std::as_const(m_docks)) {
-        if (dock->isAncestorOf(focus))
+        if (dock->holds(focus))
             return dock->edit(edit);
     }
     return false;

@@ -3,6 +3,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "render/KMCameraNode.h"
 #include "render/KMPickRay.h"
 #include "render/KMRenderMask.h"
@@ -37,7 +38,7 @@ std::optional<kvm::Vector3> middleAt(const KMCameraNode &camera, const QPointF &
     std::optional<double> nearest;
     double middle = 0.0;
     for (const KMMeshNode *mesh : gProject->renderMeshes()) {
-        if (!KMRenderMask::isShown(*mesh))
+        if (!KMRenderMask::isShown(*mesh) || !KMMeshTargets::hasSurface(*mesh))
             continue;
         QVector<double> depths;
         collectDepths(ray, *mesh, depths);

@@ -27,16 +27,6 @@ bool isReplaceWanted(const QString &name)
     return KMPrompt::current().message(question) == QMessageBox::Yes;
 }
 
-QVector<int> usedSlots(const KMMeshNode &mesh)
-{
-    QVector<int> used;
-    for (int i = 0; i < mesh.vertexCount(); ++i) {
-        if (mesh.vertex(i) && !mesh.vertex(i)->faceRefs.isEmpty())
-            used << i;
-    }
-    return used;
-}
-
 /// What leads from the base to the target, for the vertices of the owner, which are those of the base by rank.
 MorphDeltas deltasOf(const KMMeshNode &owner, const KMMeshNode &base, const KMMeshNode &target, bool onlySelected,
                      float ratio)
@@ -45,8 +35,8 @@ MorphDeltas deltasOf(const KMMeshNode &owner, const KMMeshNode &base, const KMMe
     KMTagMorph::buildDeltas(&morph, base, target, onlySelected, ratio);
     if (&base == &owner)
         return morph.deltas();
-    const QVector<int> from = usedSlots(base);
-    const QVector<int> to = usedSlots(owner);
+    const QVector<int> from = KMTagMorph::rankedVertices(base);
+    const QVector<int> to = KMTagMorph::rankedVertices(owner);
     MorphDeltas deltas;
     for (MorphDelta delta : morph.deltas()) {
         const auto rank = std::lower_bound(from.begin(), from.end(), delta.vertex) - from.begin();

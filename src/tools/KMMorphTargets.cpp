@@ -46,13 +46,6 @@ bool isInScene(const KMTagMorph &tag)
     return mesh && !tag.isDeleted() && !mesh->isDeleted() && mesh->item() && mesh->hasTag(&tag);
 }
 
-int usedCount(const KMMeshNode &mesh)
-{
-    const QVector<KMVertex *> &vertices = mesh.vertices();
-    return int(std::count_if(vertices.begin(), vertices.end(),
-                             [](const KMVertex *vertex) { return vertex && !vertex->faceRefs.isEmpty(); }));
-}
-
 } // namespace
 
 KMTagMorph *KMMorphTargets::tag()
@@ -74,9 +67,9 @@ QList<KMMorph *> KMMorphTargets::selectedMorphs(const KMTagMorph &tag)
 QList<KMMeshNode *> KMMorphTargets::candidates(const KMTagMorph &tag)
 {
     QList<KMMeshNode *> meshes;
-    const int wanted = tag.mesh() ? usedCount(*tag.mesh()) : -1;
+    const int wanted = tag.mesh() ? KMTagMorph::rankedVertices(*tag.mesh()).size() : -1;
     for (KMMeshNode *mesh : gProject->meshesInTree()) {
-        if (mesh->isSelected() && mesh != tag.mesh() && usedCount(*mesh) == wanted)
+        if (mesh->isSelected() && mesh != tag.mesh() && KMTagMorph::rankedVertices(*mesh).size() == wanted)
             meshes << mesh;
     }
     return meshes;

@@ -70,7 +70,7 @@ bool showsFaces(const KMMeshNode &mesh)
 {
     const KMMeshModifier *owner = mesh.ownerModifier();
     const bool isPassedOn = owner ? owner->next() != nullptr : !mesh.modifiers().isEmpty();
-    return !isPassedOn && KMMeshTargets::isEditable(mesh);
+    return !isPassedOn && KMMeshTargets::hasSurface(mesh) && KMMeshTargets::isEditable(mesh);
 }
 
 /// What the user sees besides a mesh. The results of its own modifiers go where it goes.
@@ -232,7 +232,7 @@ KMNodeCommand::Work NodeComProjection::plan()
 QString NodeComViewHideFace::obstacle() const
 {
     const QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
-    const auto isOwn = [](const KMMeshNode *mesh) { return !mesh->ownerNode(); };
+    const auto isOwn = [](const KMMeshNode *mesh) { return KMMeshTargets::hasOwnTopology(*mesh); };
     return std::any_of(meshes.begin(), meshes.end(), isOwn) ? QString() : tr("Node Selection not found.");
 }
 
@@ -241,7 +241,7 @@ KMNodeCommand::Work NodeComViewHideFace::plan()
     QVector<QPair<KMMeshNode *, int>> hidden;
     const QList<KMMeshNode *> meshes = KMMeshTargets::chosen();
     for (KMMeshNode *chosen : meshes) {
-        for (int f = 0; !chosen->ownerNode() && f < chosen->faceCount(); ++f) {
+        for (int f = 0; KMMeshTargets::hasOwnTopology(*chosen) && f < chosen->faceCount(); ++f) {
             if (chosen->face(f) && chosen->face(f)->hasFlag(KMElementFlag::Hidden))
                 hidden.append({chosen, f});
         }

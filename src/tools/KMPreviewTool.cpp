@@ -149,7 +149,7 @@ void KMPreviewTool::repaint() const
 bool KMPreviewTool::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest *request) const
 {
     *request = pickRequest();
-    return KMElementClick::pick(camera, position, *request) && !request->mesh->ownerNode()
+    return KMElementClick::pick(camera, position, *request) && KMMeshTargets::hasOwnTopology(*request->mesh)
            && KMMeshTargets::isEditable(*request->mesh);
 }
 
@@ -257,7 +257,7 @@ QList<KMMeshNode *> KMPreviewTool::targets() const
 {
     QList<KMMeshNode *> editable;
     for (KMMeshNode *mesh : KMMeshTargets::chosen()) {
-        if (!mesh->ownerNode() && KMMeshTargets::isEditable(*mesh))
+        if (KMMeshTargets::hasOwnTopology(*mesh) && KMMeshTargets::isEditable(*mesh))
             editable << mesh;
     }
     return editable;

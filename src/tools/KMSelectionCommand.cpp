@@ -20,7 +20,7 @@ bool KMSelectionCommand::isInReach(const KMMeshNode &mesh) const
 {
     switch (m_row.reach) {
     case Reach::Own:
-        return !mesh.ownerNode();
+        return KMMeshTargets::hasOwnTopology(mesh);
     case Reach::Points:
         return KMMeshTargets::hasOwnVertices(mesh);
     case Reach::WithResults:
@@ -70,7 +70,8 @@ void KMSelectionCommand::run()
     for (KMMeshNode *mesh : meshes) {
         followFaces(*mesh);
         runOn(*mesh);
-        if (macro.hasBegun() && !mesh->ownerNode()) // a result would take itself for one that was moved by hand
+        if (macro.hasBegun()
+            && KMMeshTargets::hasOwnTopology(*mesh)) // a result would take itself for one that was moved by hand
             mesh->markDirty(KMMeshDirty::All);
     }
 }

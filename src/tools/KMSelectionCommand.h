@@ -11,7 +11,7 @@ class KMSelectionCommand : public KMRowCommand
     Q_OBJECT
 public:
     enum class Reach {
-        Own,        ///< meshes of the user: what it edits would be lost with the next result of a modifier
+        Own,        ///< meshes of the user, and helpers: what it edits would be lost with the next result of a modifier
         Points,     ///< and the points of a lattice: it moves vertices, which a result doesn't keep
         WithResults ///< also what modifiers and primitives make: it selects
     };

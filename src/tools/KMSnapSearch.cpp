@@ -6,6 +6,7 @@
 #include "core/KMSolution.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
+#include "mesh/KMMeshTargets.h"
 #include "render/KMCameraNode.h"
 #include "render/KMPickRay.h"
 #include "render/KMRenderMask.h"
@@ -180,6 +181,8 @@ std::vector<KMSnapSearch::Surface> KMSnapSearch::surfacesAbout(const QPointF &po
 {
     std::vector<Surface> surfaces;
     for (const Source &screen : m_screens) {
+        if (!KMMeshTargets::hasSurface(*screen.mesh))
+            continue;
         const auto moves = [&](int vertex) { return screen.moves(vertex); };
         for (const KMFace *face : screen.mesh->liveFaces()) {
             if (face->isPolygon() && face->drawn && isNear(*screen.mesh, *face, position, gSettings->snapMargin)
@@ -211,6 +214,8 @@ std::optional<KMSnapSearch::Target> KMSnapSearch::surfaceAt(const KMCameraNode &
     std::optional<Target> nearest;
     double nearestDepth = 0.0;
     for (const Source &source : m_sources) {
+        if (!KMMeshTargets::hasSurface(*source.mesh))
+            continue;
         for (const KMFace *face : source.mesh->liveFaces()) {
             double depth = 0.0;
             const auto moves = [&](int vertex) { return source.moves(vertex); };

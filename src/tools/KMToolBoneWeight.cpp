@@ -1,6 +1,5 @@
 #include "tools/KMToolBoneWeight.h"
 
-#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
@@ -43,12 +42,10 @@ constexpr const char *modeNames[] = {
 /// The first rig in the tree that has bones.
 KMBoneContainer *firstRig()
 {
-    for (KMCtrlNode *node : gProject->ctrlsInTree()) {
-        auto *rig = node->type() == KMNodeType::BoneContainer ? static_cast<KMBoneContainer *>(node) : nullptr;
-        if (rig && !rig->bones().isEmpty())
-            return rig;
-    }
-    return nullptr;
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    const auto hasBones = [](const KMBoneContainer *rig) { return !rig->bones().isEmpty(); };
+    const auto found = std::find_if(rigs.begin(), rigs.end(), hasBones);
+    return found == rigs.end() ? nullptr : *found;
 }
 
 } // namespace

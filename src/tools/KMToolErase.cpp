@@ -38,7 +38,7 @@ KMBonePicker::Hit pickAt(const KMMouseEvent &event, const KMOpenGLWidget &widget
 
 bool canErase(const KMPickRequest &hit)
 {
-    return hit.isHit() && !hit.mesh->ownerNode() && KMMeshTargets::isEditable(*hit.mesh);
+    return hit.isHit() && KMMeshTargets::hasOwnTopology(*hit.mesh) && KMMeshTargets::isEditable(*hit.mesh);
 }
 
 } // namespace

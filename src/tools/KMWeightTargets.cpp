@@ -1,7 +1,6 @@
 #include "tools/KMWeightTargets.h"
 
 #include "core/KMNodeType.h"
-#include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
@@ -88,10 +87,9 @@ KMBone *KMWeightTargets::bone()
     auto *current = static_cast<KMBone *>(gSolution->currentBone());
     if (current && !current->isDeleted())
         return current;
-    for (KMCtrlNode *node : gProject->ctrlsInTree()) {
-        if (node->type() != KMNodeType::BoneContainer)
-            continue;
-        if (KMBone *selected = static_cast<KMBoneContainer *>(node)->selectedBones().value(0))
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    for (const KMBoneContainer *rig : rigs) {
+        if (KMBone *selected = rig->selectedBones().value(0))
             return selected;
     }
     return nullptr;

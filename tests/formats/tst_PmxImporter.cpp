@@ -13,6 +13,7 @@
 #include "modifiers/KMModifierNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 #include "rig/KMDisplayCommands.h"
 #include "rig/KMRigTags.h"
 #include "rig/KMTagBoneWeight.h"
@@ -56,6 +57,7 @@ private slots:
     void joints();
     void parents_data();
     void parents();
+    void deepRig();
     void poseShows();
     void normals();
     void oneStep();
@@ -485,6 +487,20 @@ void tst_PmxImporter::parents()
         }
     }
     QCOMPARE(text, tree);
+}
+
+void tst_PmxImporter::deepRig()
+{
+    PmxFile file;
+    file.bones.resize(KMBoneEdit::MaxDepth + 10);
+    for (size_t i = 0; i < file.bones.size(); ++i)
+        file.bones[i].parent = int(i) - 1;
+    PmxBytes bytes(file);
+    bytes.sizes = PmxBytes::wide(2);
+    QVERIFY2(importBytes(bytes.bytes()), qPrintable(shown()));
+    QVERIFY2(shown().contains(QStringLiteral("too deep")), qPrintable(shown()));
+    QCOMPARE(rig()->bones().size(), int(file.bones.size()));
+    QCOMPARE(rig()->bones().last()->depth(), KMBoneEdit::MaxDepth);
 }
 
 /// The mesh hangs on its rig from the start.

@@ -5,6 +5,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTagCommands.h"
+#include "core/KMTransformCommands.h"
 #include "core/KMUndoMacro.h"
 #include "mesh/KMEdgeCut.h"
 #include "mesh/KMFaceNormal.h"
@@ -20,6 +21,7 @@
 #include "rig/KMDisplayAnchorNode.h"
 #include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
+#include "rig/KMTagMorph.h"
 #include "support/MeshFixtures.h"
 #include "support/RigScene.h"
 #include "support/SkinReference.h"
@@ -210,6 +212,8 @@ private slots:
     void weightsByWords();
     void everyStepIsFollowed();
     void poseThroughTheChain();
+    void onlyVerticesMove();
+    void carriedByTheTransform();
     void helperBox();
 };
 
@@ -303,7 +307,9 @@ void tst_KMModAnchorNode::weightsByWords()
         }
         for (auto &entry : expected)
             entry.second /= total;
-        for (const BoneWeightEntry &entry : weights.at(place, 1))
+        QVector<BoneWeightEntry> found;
+        weights.at(place, found);
+        for (const BoneWeightEntry &entry : std::as_const(found))
             got[entry.bone] += double(entry.weight);
         if (!isClear)
             continue;
@@ -388,6 +394,70 @@ void tst_KMModAnchorNode::poseThroughTheChain()
     scene.session.stack().undo();
     scene.session.stack().undo();
     QVERIFY(scene.anchor->anchors().isEmpty());
+}
+
+/// Vertices that leave a helper and come back, with a subdivision behind that is never made anew; a morph is no move.
+void tst_KMModAnchorNode::onlyVerticesMove()
+{
+    StripScene scene;
+    auto *morphs = new KMTagMorph;
+    scene.mesh->addTagKeepName(morphs);
+    auto *morph = new KMMorph;
+    morphs->addMorph(morph);
+    morph->setDeltas({{50, 40.0f, {0, 1, 0}}});
+    auto *behind = new KMModSdvNode;
+    scene.add(behind);
+    gSolution->push(new modAnchorAddBoneCommand(scene.anchor, scene.first));
+    const QString before = scene.textOf(*behind->modMesh());
+    const KMVertex *record = behind->modMesh()->vertex(0);
+    morph->setValue(1.0f);
+    gSolution->update(0);
+    QCOMPARE(scene.textOf(*behind->modMesh()), before);
+    QCOMPARE(behind->modMesh()->vertex(0), record);
+
+    RandomMath random(5);
+    QStringList texts;
+    for (int i = 0; i < 30; ++i) {
+        const int vertex = 44 + int(random.number(0, 14.9)); // in the reach of the helper and beside it
+        if (i % 3)
+            KMMeshEdit::moveVertex(*scene.mesh, vertex, random.vector(12));
+        else
+            KMMeshEdit::moveVertex(*scene.anchor->anchors().first()->mesh(), vertex % 8, random.vector(9));
+        KMChainCopy fresh(*scene.mesh);
+        fresh.evaluate();
+        QCOMPARE(scene.textOf(*behind->modMesh()), scene.textOf(*fresh.stage(1)->modMesh()));
+        texts << scene.textOf(*behind->modMesh());
+    }
+    QVERIFY(texts.removeDuplicates() < 20);
+    QCOMPARE(behind->modMesh()->vertex(0), record);
+}
+
+/// There and back leaves every corner where it was, also by way of a scale of 0.
+void tst_KMModAnchorNode::carriedByTheTransform()
+{
+    StripScene scene;
+    gSolution->push(new modAnchorAddBoneCommand(scene.anchor, scene.first));
+    const KMMeshNode &helper = *scene.anchor->anchors().first()->mesh();
+    const QString before = meshText(helper);
+    const QString weights = scene.weightsText();
+    KMTransform goal;
+    goal.translation = {20, 0, 0};
+    const Vector3 corner = helper.position(3);
+    gSolution->push(new editSRTCommand(scene.anchor, goal));
+    QCOMPARE(helper.position(3), corner + goal.translation);
+    QCOMPARE(scene.weightAt(25, scene.first), 1.0f);
+    QCOMPARE(scene.weightAt(5, scene.own), 1.0f);
+    goal.scale = {0, 1, 1};
+    goal.rotation = kvm::Quaternion::fromAxisAngle({0, 1, 0}, 0.4f);
+    scene.anchor->setTransform(goal);
+    scene.anchor->setTransform({});
+    QCOMPARE(meshText(helper), before);
+    gSolution->push(new editSRTCommand(scene.anchor, goal));
+    scene.session.stack().undo();
+    scene.session.stack().undo();
+    gSolution->update(0);
+    QCOMPARE(meshText(helper), before);
+    QCOMPARE(scene.weightsText(), weights);
 }
 
 /// Along the bone, centred on it, with faces outward.

@@ -5,6 +5,7 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
+#include "modifiers/KMModSymNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneCopy.h"
@@ -154,6 +155,7 @@ private slots:
     void solverAgainstDoubles();
     void solverLeavesAlone();
     void groupSwitchesChildren();
+    void groupSwitchesModifiers();
     void rememberedSelection();
     void displayOrder();
     void itemsOfMorphs();
@@ -437,6 +439,30 @@ void tst_PhysicsTags::groupSwitchesChildren()
     scene.session.stack().undo();
     scene.session.stack().undo();
     QCOMPARE(shown(), QStringLiteral("111"));
+}
+
+/// The children of a mesh are its chain, which follows within the same step.
+void tst_PhysicsTags::groupSwitchesModifiers()
+{
+    RigScene scene;
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addNode(mesh);
+    auto *symmetry = new KMModSymNode;
+    gProject->addNode(symmetry);
+    QTreeWidgetItem *row = symmetry->item();
+    gProject->tree()->takeRow(row);
+    gProject->tree()->insertRow(mesh->item(), -1, row);
+    gProject->checkModifiers();
+    scene.forget();
+    QCOMPARE(mesh->modifiers().size(), 1);
+    auto *tag = new KMTagGroup;
+    mesh->addTag(tag);
+    tag->setMode(KMTagGroup::Hide);
+    tag->applyToChildren();
+    QCOMPARE(mesh->modifiers().size(), 0);
+    QCOMPARE(scene.session.stack().count(), 1);
+    scene.session.stack().undo();
+    QCOMPARE(mesh->modifiers().size(), 1);
 }
 
 void tst_PhysicsTags::rememberedSelection()

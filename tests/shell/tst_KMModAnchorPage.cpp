@@ -56,11 +56,25 @@ void tst_KMModAnchorPage::menuOfTheList()
     QVERIFY(!entry(page, list, "anchorAdd")->isEnabled()); // it has one
     QVERIFY(!entry(page, list, "anchorRemove")->isEnabled());
     list->item(0)->setSelected(true);
+    const KMModAnchorNode::Anchor before = node.anchors().first();
+    entry(page, list, "anchorFit")->trigger();
+    page.refresh();
+    QVERIFY(node.anchors().first() != before && node.anchors().first()->bone() == bones[0]);
+    list->item(0)->setSelected(true);
     entry(page, list, "anchorRemove")->trigger();
     page.refresh();
     QCOMPARE(node.anchors().size(), 1);
     QCOMPARE(node.anchors().first()->bone(), bones[1]);
     QCOMPARE(list->count(), 1);
+    QVERIFY(list->selectedItems().isEmpty()); // the next removal is not for the one that moved up
+    bones[0]->setSelectMask(1);
+    bones[1]->setSelectMask(1);
+    entry(page, list, "anchorAddSelected")->trigger();
+    page.refresh();
+    QCOMPARE(list->count(), 2);
+    QCOMPARE(node.anchors().last()->bone(), bones[0]);
+    scene.session.stack().undo();
+    page.refresh();
     scene.session.stack().undo();
     page.refresh();
     QCOMPARE(list->count(), 2);

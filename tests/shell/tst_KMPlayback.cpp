@@ -65,6 +65,7 @@ class tst_KMPlayback : public QObject
 private slots:
     void followsTheClock_data();
     void followsTheClock();
+    void runsByTheTimer();
     void nothingToPlay();
     void transport();
     void curvesOfAKey();
@@ -114,6 +115,28 @@ void tst_KMPlayback::followsTheClock()
     QCOMPARE(gProject->currentFrame(), 0);
 }
 
+void tst_KMPlayback::runsByTheTimer()
+{
+    Motion scene;
+    qint64 now = 0;
+    KMPlayback playback(nullptr, [&now] { return now; });
+    const QAction &play = *playback.actions().at(2);
+    const auto shown = [&play] { return play.icon().pixmap(16, 16).toImage(); };
+    const QImage idle = shown();
+    playback.play();
+    QVERIFY(play.text() == QStringLiteral("Pause") && shown() != idle);
+    now = 1000;
+    QTRY_COMPARE(gProject->currentFrame(), 30);
+    now = 5000;
+    QTRY_VERIFY(!playback.isPlaying());
+    QCOMPARE(gProject->currentFrame(), 60);
+    QVERIFY(play.text() == QStringLiteral("Play") && shown() == idle);
+    playback.play();
+    QVERIFY(playback.isPlaying());
+    emit gSolution->documentReset();
+    QVERIFY(!playback.isPlaying());
+}
+
 void tst_KMPlayback::nothingToPlay()
 {
     RigScene scene;
@@ -126,7 +149,7 @@ void tst_KMPlayback::nothingToPlay()
     gSolution->setWindow(nullptr);
     QVERIFY(!playback.isPlaying());
     QCOMPARE(gProject->currentFrame(), 4);
-    QCOMPARE(window.messages.size(), 1);
+    QCOMPARE(window.messages, QStringList{QStringLiteral("There are no keys to play")});
 }
 
 void tst_KMPlayback::transport()

@@ -299,6 +299,38 @@ void tst_kmbonewidget::severalTags()
     QVERIFY(joints.first()->bodyA() == bodies[2] && joints.first()->bodyB() == bodies[1]);
     clickTag(m_c, Qt::ControlModifier);
     QCOMPARE(selected(), (QVector<bool>{false, false, true}));
+    QCOMPARE(gSolution->currentTag(), bodies[2]); // what is still selected, and not the rows
+    clickTag(m_b, Qt::ControlModifier);
+    clickTag(m_c, Qt::ControlModifier);
+    clickTag(m_c, Qt::ControlModifier);
+    QVERIFY(m_window->focus(tree()));
+    const int steps = stack()->count();
+    m_window->trigger("actionCut");
+    QCOMPARE(KMRigTags::bodies(m_rig), QList<KMTagRigidBody *>{bodies[1]});
+    QCOMPARE(shape(), QStringLiteral("0a 1b 2c 2d 1e 0f"));
+    QCOMPARE(stack()->count(), steps + 1);
+    click(m_f, KMTreeWidget::NameColumn);
+    m_window->trigger("actionPaste");
+    QCOMPARE(m_f->liveTagCount(), 2);
+    while (stack()->count() > steps && stack()->index() > steps)
+        stack()->undo();
+    QCOMPARE(KMRigTags::bodies(m_rig).size(), 3);
+
+    // Rows may be selected besides. What was clicked last is meant.
+    clickTag(m_c);
+    clickTag(m_d, Qt::ControlModifier);
+    click(m_f, KMTreeWidget::NameColumn, Qt::ControlModifier);
+    QCOMPARE(selected(), (QVector<bool>{false, true, true}));
+    QCOMPARE(gSolution->currentTag(), nullptr);
+    const QPoint icon = KMNodeRowDelegate::tagRect(cell(m_c, KMTreeWidget::TagColumn), 0).center();
+    KMNode *shown = nullptr;
+    const auto connection =
+        connect(m_dock, &KMDockWidget::onNodeChanged, this, [&shown](KMNode *node) { shown = node; });
+    emit tree()->customContextMenuRequested(icon);
+    QCOMPARE(gSolution->currentTag(), bodies[1]);
+    disconnect(connection);
+    QCOMPARE(shown, static_cast<KMNode *>(bodies[1]));
+    delete QApplication::activePopupWidget();
     click(m_f, KMTreeWidget::NameColumn);
     QCOMPARE(selected(), QVector<bool>(3, false));
     QCOMPARE(gSolution->currentTag(), nullptr);

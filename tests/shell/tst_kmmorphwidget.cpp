@@ -11,12 +11,17 @@
 #include "shell/kmmainwidget.h"
 #include "shell/widgets/KMMessageLabel.h"
 #include "support/MeshFixtures.h"
+#include "support/RecordingSession.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
 #include "tools/KMMorphTargets.h"
 
+#include <QAction>
+#include <QListWidget>
 #include <QMimeData>
+#include <QPushButton>
 #include <QSlider>
+#include <QSpinBox>
 #include <QTest>
 #include <QUndoStack>
 #include <QWheelEvent>
@@ -34,6 +39,8 @@ private slots:
     void assign();
     void slider();
     void reorder();
+    void dialogues();
+    void copiedTag();
     void removeAndSelect();
     void otherBase();
     void refusals();
@@ -185,6 +192,67 @@ void tst_kmmorphwidget::reorder()
     gSolution->undoStack()->undo();
     gSolution->undoStack()->undo();
     QCOMPARE(names(), QStringLiteral("abc"));
+}
+
+void tst_kmmorphwidget::dialogues()
+{
+    for (const char *name : {"a", "b", "c", "d"})
+        assignAs(name);
+    for (const int row : {2, 3})
+        m_rows->topLevelItem(row)->setSelected(true);
+    m_window->prompt.onDialog = [](QDialog &dialog) {
+        auto *rows = dialog.findChild<QTreeWidget *>(QStringLiteral("morphRows"));
+        rows->topLevelItem(1)->setData(0, Qt::EditRole, int(KMMorph::RightTop));
+        rows->topLevelItem(1)->setText(1, QStringLiteral("x"));
+        return true;
+    };
+    const int before = steps();
+    m_window->trigger("MorphComEditAttr");
+    QCOMPARE(names(), QStringLiteral("abcx"));
+    QCOMPARE(m_tag->liveMorphs()[3]->panel(), int(KMMorph::RightTop));
+    QCOMPARE(steps(), before + 1);
+    m_window->prompt.onDialog = [](QDialog &dialog) {
+        auto *list = dialog.findChild<QListWidget *>(QStringLiteral("morphOrderList"));
+        list->item(0)->setSelected(true);
+        list->item(2)->setSelected(true);
+        dialog.findChild<QSpinBox *>(QStringLiteral("morphPlace"))->setValue(4); // as far as there are others
+        dialog.findChild<QPushButton *>(QStringLiteral("selectedAs"))->click();
+        dialog.findChild<QPushButton *>(QStringLiteral("done"))->click();
+        return dialog.result() == QDialog::Accepted;
+    };
+    emit m_rows->customContextMenuRequested(QPoint(3, 3));
+    auto *entry = m_dock->findChild<QAction *>(QStringLiteral("reorderMorphs"));
+    QVERIFY(entry);
+    entry->trigger();
+    delete entry->parent();
+    QCOMPARE(names(), QStringLiteral("bxac"));
+    m_window->prompt.onDialog = nullptr;
+}
+
+/// By the Edit menu, from one mesh to another. Morphs that go take their blocks along.
+void tst_kmmorphwidget::copiedTag()
+{
+    KMMorph *smile = assignAs("smile");
+    CallLog log;
+    RecordingBlocks blocks(&log);
+    blocks.nodesWithBlock = {smile};
+    gProject->setBlockModel(&blocks);
+    const auto cutTag = [&] {
+        QVERIFY(m_window->focus(gProject->tree()));
+        m_tag->setSelected(true);
+        gSolution->setCurrentTag(m_tag);
+        m_window->trigger("actionCut");
+    };
+    cutTag();
+    gProject->setBlockModel(nullptr);
+    QCOMPARE(lastStep(), QStringLiteral("Delete Tag"));
+    QVERIFY(blocks.nodesWithBlock.isEmpty());
+    gProject->tree()->setCurrentItem(m_target->item());
+    m_window->trigger("actionPaste");
+    const auto *copy = static_cast<KMTagMorph *>(m_target->findTag(KMNodeType::TagMorph));
+    QVERIFY(copy);
+    QCOMPARE(copy->findMorph(QStringLiteral("smile"))->deltas(), smile->deltas());
+    gSolution->clearHistory();
 }
 
 void tst_kmmorphwidget::removeAndSelect()

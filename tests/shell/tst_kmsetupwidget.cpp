@@ -24,6 +24,7 @@
 #include "shell/widgets/KMTextField.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
+#include "tools/KMMorphTargets.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -53,6 +54,7 @@ private slots:
     void morphsAndForeignDrops();
     void sheetEditsAllSelectedRows();
     void sheetRefusesWhatIsNoNumber();
+    void sheetShowsAndDeletes();
     void pageOfABody();
 
 private:
@@ -199,7 +201,7 @@ void tst_kmsetupwidget::groupsAndItems()
     QCOMPARE(items(), QStringList());
 }
 
-/// A whole drag with the mouse: the rows are listed, and stay where they are.
+/// A whole drag with the mouse of a chain of bones: all are listed, and stay where they are.
 void tst_kmsetupwidget::dragFromTheBones()
 {
     choose(m_groups, "setupCreate");
@@ -210,7 +212,12 @@ void tst_kmsetupwidget::dragFromTheBones()
     QVERIFY(QTest::qWaitForWindowExposed(m_setup->window()));
     QTest::qWait(50);
     QTreeWidget *tree = m_rig->tree();
-    QTreeWidgetItem *row = bone("center")->item();
+    QTreeWidgetItem *row = bone("arm_L")->item();
+    tree->setCurrentItem(row);
+    for (const char *below : {"elbow_L", "wrist_L"}) {
+        bone(below)->item()->setSelected(true);
+        tree->scrollToItem(bone(below)->item());
+    }
     tree->scrollToItem(row);
     const int rows = KMTreeWidget::flatten(tree).size();
     const auto send = [](QWidget *to, QEvent::Type type, const QPoint &place) {
@@ -230,9 +237,9 @@ void tst_kmsetupwidget::dragFromTheBones()
     send(tree->viewport(), QEvent::MouseButtonPress, from);
     for (const int way : {5, 40})
         send(tree->viewport(), QEvent::MouseMove, from + QPoint(way, 0));
-    QCOMPARE(items(), QStringList{QStringLiteral("center")});
+    QCOMPARE(items(), (QStringList{QStringLiteral("arm_L"), QStringLiteral("elbow_L"), QStringLiteral("wrist_L")}));
     QCOMPARE(KMTreeWidget::flatten(tree).size(), rows);
-    QCOMPARE(bone("center")->item(), row);
+    QCOMPARE(bone("arm_L")->item(), row);
 }
 
 void tst_kmsetupwidget::morphsAndForeignDrops()
@@ -249,7 +256,7 @@ void tst_kmsetupwidget::morphsAndForeignDrops()
     auto *smile = new KMMorph;
     smile->setName(QStringLiteral("smile"));
     tag->addMorph(smile);
-    drop(kmsetupwidget::MorphMimeType, {smile});
+    drop(KMMorphTargets::MorphMimeType, {smile});
     QCOMPARE(items(), QStringList{QStringLiteral("smile")});
     QCOMPARE(moveDisplayNodeCommand::liveGroups().first()->liveItems().first().type, 1);
 }
@@ -323,6 +330,35 @@ void tst_kmsetupwidget::sheetRefusesWhatIsNoNumber()
     QCOMPARE(steps(), before);
     QVERIFY(bodies->model()->setData(bodies->model()->index(0, mask), QStringLiteral("0, 15")));
     QCOMPARE(KMRigTags::bodies(m_rig).first()->parameters().collisionMask, 0x8001u);
+}
+
+/// What is chosen in a table is what attributes, trees and the keys of the main window go by.
+void tst_kmsetupwidget::sheetShowsAndDeletes()
+{
+    m_setup->sheetAction()->trigger();
+    QTableView *bodies = table("rigidBodyTable");
+    QVERIFY(bodies->window()->parentWidget() == &**m_window);
+    const QList<KMTagRigidBody *> tags = KMRigTags::bodies(m_rig);
+    const int bones = m_rig->bones().size();
+    bodies->selectRow(0);
+    bodies->selectionModel()->select(bodies->model()->index(2, 0), QItemSelectionModel::Select);
+    QCOMPARE(gSolution->currentTag(), tags[0]);
+    QVERIFY((*m_window)->attributeDock()->page()->findChild<QCheckBox *>(QStringLiteral("rigid_check03")));
+    QVERIFY(QTest::qWaitFor([bodies] { // the window manager may give the focus back once
+        bodies->activateWindow();
+        bodies->setFocus();
+        return bodies->hasFocus();
+    }));
+    const int before = steps();
+    QTest::keyClick(bodies, Qt::Key_Delete);
+    QCOMPARE(KMRigTags::bodies(m_rig), QList<KMTagRigidBody *>{tags[1]});
+    QCOMPARE(m_rig->bones().size(), bones);
+    QCOMPARE(steps(), before + 1);
+    QTest::keyClick(bodies, Qt::Key_Delete); // nothing is chosen now
+    QTest::keyClick(bodies, Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(steps(), before + 1);
+    QTest::keyClick(bodies, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(KMRigTags::bodies(m_rig).size(), 3);
 }
 
 void tst_kmsetupwidget::pageOfABody()

@@ -514,6 +514,9 @@ void tst_KMBoneCommand::bodiesAndSideJoint()
     QCOMPARE(desk.run("BoneComMakeSideJoint"), 1);
     const KMTagJoint *joint = KMRigTags::joints(desk.rig).value(0);
     QVERIFY(joint && joint->bodyA() == bodies[0] && joint->bodyB() == bodies[2]);
+    desk.elbow->setViewType(KMBoneShape::Point);
+    QCOMPARE(desk.run("BoneComMakeRigidBody"), 1);
+    QCOMPARE(KMRigTags::bodies(desk.rig).size(), 5); // a point has no length
     while (desk.session.stack().canUndo())
         desk.session.stack().undo();
     QCOMPARE(KMRigTags::bodies(desk.rig).size(), 0);

@@ -21,7 +21,6 @@
 namespace {
 
 constexpr double farthest = 1e7;
-constexpr float unitLength = 100.0f; // of a length scale of 1
 
 /// In the order of KMBoneShape::ViewType.
 QStringList viewTypes()
@@ -87,11 +86,11 @@ void KMBonePage::addRest()
     length->setRange(0.0, farthest);
     connect(length, &KMNumberField::committed, this, [this](double number) {
         KMBoneRest rest = m_bone->rest();
-        rest.lengthScale = float(number) / unitLength;
+        rest.lengthScale = float(number) / KMBoneRest::UnitLength;
         if (rest != m_bone->rest())
             gSolution->push(new editBoneGeometryCommand(m_bone, rest));
     });
-    onRefresh([this, length] { length->showNumber(double(m_bone->lengthScale()) * double(unitLength)); });
+    onRefresh([this, length] { length->showNumber(double(m_bone->lengthScale()) * double(KMBoneRest::UnitLength)); });
 }
 
 void KMBonePage::addSwitches()

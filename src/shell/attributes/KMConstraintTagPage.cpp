@@ -1,7 +1,5 @@
 #include "shell/attributes/KMConstraintTagPage.h"
 
-#include "core/KMNodeType.h"
-#include "core/KMProject.h"
 #include "rig/KMBoneContainer.h"
 
 #include <algorithm>
@@ -27,10 +25,9 @@ constexpr TypeRow typeRows[] = {
 QList<KMBone *> bonesOfAllRigs()
 {
     QList<KMBone *> bones;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer)
-            bones << nodeAs<KMBoneContainer>(ctrl)->bones();
-    }
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    for (const KMBoneContainer *rig : rigs)
+        bones << rig->bones();
     return bones;
 }
 

@@ -1,9 +1,14 @@
 #include "shell/attributes/KMModAnchorPage.h"
 
+#include "core/KMCommand.h"
 #include "core/KMIcon.h"
+#include "core/KMNodeType.h"
+#include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
 #include "rig/KMDisplayAnchorNode.h"
 
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 
@@ -11,10 +16,36 @@
 
 namespace {
 
-constexpr int placeRole = Qt::UserRole; // in the modifier's list
+constexpr int entryRole = Qt::UserRole; // the helper, to be compared
 constexpr int shownRows = 6;
 
-constexpr QLatin1String addName("anchorAdd");
+using Anchors = KMModAnchorNode::Anchors;
+
+quintptr keyOf(const KMModAnchorNode::Anchor &anchor)
+{
+    return reinterpret_cast<quintptr>(anchor.get());
+}
+
+bool hasHelper(const Anchors &anchors, const KMBone *bone)
+{
+    return std::any_of(anchors.begin(), anchors.end(),
+                       [bone](const KMModAnchorNode::Anchor &anchor) { return anchor->bone() == bone; });
+}
+
+QList<KMBone *> currentBone()
+{
+    auto *bone = qobject_cast<KMBone *>(gSolution->currentBone());
+    return bone ? QList<KMBone *>{bone} : QList<KMBone *>();
+}
+
+QList<KMBone *> selectedBones()
+{
+    QList<KMBone *> bones;
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    for (const KMBoneContainer *rig : rigs)
+        bones << rig->selectedBones();
+    return bones;
+}
 
 } // namespace
 
@@ -35,84 +66,131 @@ void KMModAnchorPage::addRelations()
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
     m_list->setUniformItemSizes(true);
     m_list->setFixedHeight(m_list->fontMetrics().lineSpacing() * shownRows + 2 * m_list->frameWidth());
-    m_list->setToolTip(tr("The bones whose helpers weigh the mesh; a right click adds the current bone"));
+    m_list->setToolTip(tr("The bones whose helpers weigh the mesh; a right click adds bones"));
     addRow(tr("Relations"), m_list, QStringLiteral("relations"));
     connect(m_list, &QWidget::customContextMenuRequested, this, &KMModAnchorPage::modAnchorContextMenu);
-    onRefresh([this] { showAnchors(); });
+    auto *fault = new QLabel;
+    fault->setWordWrap(true);
+    addRow({}, fault, QStringLiteral("anchorFault"));
+    onRefresh([this, fault] {
+        showAnchors();
+        fault->setText(this->fault());
+        fault->setVisible(!fault->text().isEmpty());
+    });
 }
 
+/// Rows stand for the same helper as long as there is one, so that the choice never wanders to another.
 void KMModAnchorPage::showAnchors()
 {
-    struct Row
-    {
-        QString name;
-        int place;
-    };
-    QVector<Row> rows;
-    for (int i = 0; i < m_anchor->anchors().size(); ++i) {
-        if (m_anchor->anchors().at(i)->isLive())
-            rows.append({m_anchor->anchors().at(i)->bone()->name(), i});
-    }
-    while (m_list->count() > rows.size())
+    const QVector<quintptr> chosen = chosenEntries();
+    Anchors live = m_anchor->anchors();
+    const auto isDead = [](const KMModAnchorNode::Anchor &anchor) { return !anchor->isLive(); };
+    live.erase(std::remove_if(live.begin(), live.end(), isDead), live.end());
+    while (m_list->count() > live.size())
         delete m_list->takeItem(m_list->count() - 1);
-    for (int i = 0; i < rows.size(); ++i) {
-        if (i == m_list->count())
-            m_list->addItem(QString());
-        m_list->item(i)->setText(rows.at(i).name);
-        m_list->item(i)->setData(placeRole, rows.at(i).place);
+    while (m_list->count() < live.size())
+        m_list->addItem(QString());
+    for (int i = 0; i < live.size(); ++i) {
+        QListWidgetItem *item = m_list->item(i);
+        item->setText(live.at(i)->bone()->name());
+        item->setData(entryRole, QVariant::fromValue(keyOf(live.at(i))));
+        item->setSelected(chosen.contains(keyOf(live.at(i))));
     }
 }
 
-KMBone *KMModAnchorPage::boneToAdd() const
+QVector<quintptr> KMModAnchorPage::chosenEntries() const
 {
-    auto *bone = qobject_cast<KMBone *>(gSolution->currentBone());
-    const KMModAnchorNode::Anchors &anchors = m_anchor->anchors();
-    const bool isThere = std::any_of(anchors.begin(), anchors.end(),
-                                     [bone](const KMModAnchorNode::Anchor &anchor) { return anchor->bone() == bone; });
-    return isThere ? nullptr : bone;
+    QVector<quintptr> entries;
+    for (const QListWidgetItem *item : m_list->selectedItems())
+        entries << item->data(entryRole).value<quintptr>();
+    return entries;
+}
+
+/// Without weights there is nothing to give other weights to.
+QString KMModAnchorPage::fault() const
+{
+    const KMMeshNode *input = m_anchor->input();
+    if (!input || input->findTag(KMNodeType::TagBoneWeight))
+        return {};
+    return tr("%1 has no bone weight tag here: the anchor does nothing").arg(m_anchor->source()->name());
 }
 
 void KMModAnchorPage::modAnchorContextMenu(const QPoint &position)
 {
+    const bool isChosen = !m_list->selectedItems().isEmpty();
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    QAction *add = menu->addAction(KMIcon::icon(QStringLiteral("anchor")), tr("Add Current Bone"));
-    add->setObjectName(addName);
-    add->setStatusTip(tr("Put a helper around the current bone"));
-    add->setEnabled(boneToAdd());
-    QAction *remove = menu->addAction(tr("Remove"));
-    remove->setObjectName(QStringLiteral("anchorRemove"));
-    remove->setStatusTip(tr("Remove the helpers of the chosen bones"));
-    remove->setEnabled(!m_list->selectedItems().isEmpty());
+    const auto addEntry = [menu](const QString &text, const char *name, const QString &tip, bool isEnabled) {
+        QAction *action = menu->addAction(text);
+        action->setObjectName(QLatin1String(name));
+        action->setStatusTip(tip);
+        action->setEnabled(isEnabled);
+        return action;
+    };
+    addEntry(tr("Add Current Bone"), "anchorAdd", tr("Put a helper around the current bone"),
+             !withoutHelper(currentBone()).isEmpty())
+        ->setIcon(KMIcon::icon(QStringLiteral("anchor")));
+    addEntry(tr("Add Selected Bones"), "anchorAddSelected", tr("Put a helper around each selected bone"),
+             !withoutHelper(selectedBones()).isEmpty());
+    addEntry(tr("Fit to Bone"), "anchorFit", tr("Put new helpers around the chosen bones, as these stand now"),
+             isChosen);
+    addEntry(tr("Remove"), "anchorRemove", tr("Remove the helpers of the chosen bones"), isChosen);
     connect(menu, &QMenu::triggered, this, &KMModAnchorPage::modAnchorMenuDone);
     menu->popup(m_list->viewport()->mapToGlobal(position));
 }
 
 void KMModAnchorPage::modAnchorMenuDone(const QAction *action)
 {
-    if (action->objectName() == addName)
-        addCurrentBone();
+    const QString name = action->objectName();
+    if (name == QLatin1String("anchorAdd"))
+        addBones(currentBone());
+    else if (name == QLatin1String("anchorAddSelected"))
+        addBones(selectedBones());
+    else if (name == QLatin1String("anchorFit"))
+        fitChosen();
     else
         removeChosen();
 }
 
-void KMModAnchorPage::addCurrentBone()
+QList<KMBone *> KMModAnchorPage::withoutHelper(QList<KMBone *> bones) const
 {
-    if (KMBone *bone = boneToAdd())
-        gSolution->push(new modAnchorAddBoneCommand(m_anchor, bone));
+    const auto isThere = [this](const KMBone *bone) { return hasHelper(m_anchor->anchors(), bone); };
+    bones.erase(std::remove_if(bones.begin(), bones.end(), isThere), bones.end());
+    return bones;
+}
+
+void KMModAnchorPage::addBones(const QList<KMBone *> &bones)
+{
+    Anchors anchors = m_anchor->anchors();
+    for (KMBone *bone : withoutHelper(bones))
+        anchors << m_anchor->makeHelper(bone);
+    pushAnchors(anchors);
+    if (!fault().isEmpty())
+        gSolution->showMessage(fault(), KMCommand::MessageLevel);
+}
+
+void KMModAnchorPage::fitChosen()
+{
+    const QVector<quintptr> chosen = chosenEntries();
+    Anchors anchors = m_anchor->anchors();
+    for (KMModAnchorNode::Anchor &anchor : anchors) {
+        if (chosen.contains(keyOf(anchor)) && anchor->isLive())
+            anchor = m_anchor->makeHelper(anchor->bone());
+    }
+    pushAnchors(anchors);
 }
 
 void KMModAnchorPage::removeChosen()
 {
-    QVector<int> places;
-    for (const QListWidgetItem *item : m_list->selectedItems())
-        places << item->data(placeRole).toInt();
-    std::sort(places.rbegin(), places.rend());
-    KMModAnchorNode::Anchors left = m_anchor->anchors();
-    for (const int place : std::as_const(places)) {
-        if (place < left.size())
-            left.removeAt(place);
-    }
-    if (left.size() != m_anchor->anchors().size())
-        gSolution->push(new modAnchorAddBoneCommand(m_anchor, left));
+    const QVector<quintptr> chosen = chosenEntries();
+    Anchors left = m_anchor->anchors();
+    const auto isChosen = [&chosen](const KMModAnchorNode::Anchor &anchor) { return chosen.contains(keyOf(anchor)); };
+    left.erase(std::remove_if(left.begin(), left.end(), isChosen), left.end());
+    pushAnchors(left);
+}
+
+void KMModAnchorPage::pushAnchors(const Anchors &anchors)
+{
+    if (anchors != m_anchor->anchors())
+        gSolution->push(new modAnchorAddBoneCommand(m_anchor, anchors));
 }

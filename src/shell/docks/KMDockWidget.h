@@ -15,6 +15,8 @@ public:
     enum class Edit { Cut, Copy, Duplicate, Rename, Delete };
     /// One of them was called while the focus is in the panel. False: it is meant for the nodes of the tree.
     virtual bool edit(Edit) { return false; }
+    /// Also what is in a window of its own, but belongs to the panel.
+    virtual bool holds(const QWidget *widget) const { return isAncestorOf(widget); }
 
     virtual void commit() {}                            ///< hands over what is being typed
     virtual void refresh() {}                           ///< the history moved: what is shown may be another

@@ -7,6 +7,7 @@
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
+#include "core/KMWaitingMacro.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
@@ -43,16 +44,16 @@ QTreeWidget *treeOf(const KMTagBase *tag)
     return row ? row->treeWidget() : nullptr;
 }
 
-bool deselectTags(const QTreeWidget *tree)
+QList<KMTagBase *> selectedTags(const QTreeWidget *tree)
 {
-    bool isChanged = false;
+    QList<KMTagBase *> selected;
     for (const QTreeWidgetItem *row : KMTreeWidget::flatten(tree)) {
         for (KMTagBase *tag : KMTreeWidget::nodeOf(row)->tags()) {
-            isChanged |= tag->isSelected();
-            tag->setSelected(false);
+            if (tag->isSelected() && !tag->isDeleted())
+                selected << tag;
         }
     }
-    return isChanged;
+    return selected;
 }
 
 } // namespace
@@ -145,18 +146,21 @@ void KMTreeDock::prepareTree()
             [this](const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place,
                    bool asCopy) { dropNodes(nodes, target, place, asCopy); });
     connect(m_tree, &KMTreeWidget::tagDropped, this, &KMTreeDock::dropTag);
-    connect(m_tree, &KMTreeWidget::onNodeUpdate, this, &KMTreeDock::showRow);
+    connect(m_tree, &KMTreeWidget::onNodeUpdate, this, [this](KMNode *node) {
+        const Qt::MouseButtons held = QApplication::mouseButtons(); // the row of a tag comes before the tag itself
+        showRow(node, held & Qt::RightButton || (held && isExtending()));
+    });
     connect(m_tree, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem *row, int column) {
         if (column == KMTreeWidget::NameColumn) // the row may have been current all the time
-            showRow(KMTreeWidget::nodeOf(row));
+            showRow(KMTreeWidget::nodeOf(row), isExtending());
     });
 }
 
-/// The attributes may have shown something else meanwhile. The row of a tag becomes current before the tag is clicked.
-void KMTreeDock::showRow(KMNode *node)
+/// The attributes may have shown something else meanwhile. Without a current tag edits are meant for the rows, also
+/// where tags stay selected.
+void KMTreeDock::showRow(KMNode *node, bool keepsTags)
 {
-    const Qt::MouseButtons held = QApplication::mouseButtons();
-    if (held & Qt::RightButton || (held && isExtending()))
+    if (keepsTags)
         gSolution->setCurrentTag(nullptr);
     else
         clearTagSelection();
@@ -259,11 +263,20 @@ void KMTreeDock::selectTag(KMTagBase *tag, bool extends)
     if (!extends)
         clearTagSelection();
     tag->setSelected(isOn);
-    gSolution->setCurrentTag(isOn ? tag : nullptr);
+    KMTagBase *current = isOn ? tag : selectedTags(m_tree).value(0);
+    gSolution->setCurrentTag(current);
     m_tree->viewport()->update();
-    KMNode *shown = isOn ? tag : tag->owner();
+    KMNode *shown = current ? current : tag->owner();
     emit onNodeChanged(shown, shown->type());
     emit tagSelectionChanged();
+}
+
+bool KMTreeDock::deselectTags(const QTreeWidget *tree)
+{
+    const QList<KMTagBase *> selected = selectedTags(tree);
+    for (KMTagBase *tag : selected)
+        tag->setSelected(false);
+    return !selected.isEmpty();
 }
 
 /// Several may be selected, here or in a table of tags; the current one may be of another panel's tree.
@@ -311,10 +324,12 @@ void KMTreeDock::showMenu(const QPoint &position)
 
 void KMTreeDock::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
 {
-    if (tag->isSelected())
+    if (tag->isSelected()) {
         gSolution->setCurrentTag(tag);
-    else
+        emit onNodeChanged(tag, tag->type());
+    } else {
         selectTag(tag, false);
+    }
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addActions(m_tagActions);
@@ -323,26 +338,26 @@ void KMTreeDock::showTagMenu(KMTagBase *tag, const QPoint &globalPosition)
 
 bool KMTreeDock::edit(Edit edit)
 {
-    KMTagBase *tag = gSolution->currentTag();
-    if (!tag || !tag->isSelected() || treeOf(tag) != m_tree)
+    KMTagBase *current = gSolution->currentTag();
+    if (!current || !current->isSelected() || treeOf(current) != m_tree)
         return editRows(edit);
+    const QList<KMTagBase *> tags = selectedTags(m_tree);
     switch (edit) {
     case Edit::Cut:
-        m_clipboard->copyTag(tag);
-        deleteTag(tag);
+        m_clipboard->copyTags(tags);
+        deleteTags(tags);
         break;
     case Edit::Copy:
-        m_clipboard->copyTag(tag);
+        m_clipboard->copyTags(tags);
         break;
     case Edit::Duplicate:
-        if (!KMNodeEdits::copyTag(tag, nodeAs<KMContainerNode>(tag->owner())))
-            gSolution->showMessage(tr("A node can hold only one %1").arg(tag->name()), KMCommand::MessageLevel);
+        duplicateTags(tags);
         break;
     case Edit::Rename:
-        renameTag(tag);
+        renameTag(current);
         break;
     case Edit::Delete:
-        deleteTag(tag);
+        deleteTags(tags);
         break;
     }
     return true;
@@ -356,10 +371,19 @@ void KMTreeDock::renameTag(KMTagBase *tag)
         gSolution->push(new renameTagCommand(tag, name));
 }
 
-void KMTreeDock::deleteTag(KMTagBase *tag)
+void KMTreeDock::duplicateTags(const QList<KMTagBase *> &tags)
 {
-    auto *owner = nodeAs<KMContainerNode>(tag->owner());
-    KMNodeEdits::deleteTag(tag);
+    const KMWaitingMacro macro(tr("Duplicate"));
+    for (KMTagBase *tag : tags) {
+        if (!KMNodeEdits::copyTag(tag, nodeAs<KMContainerNode>(tag->owner())))
+            gSolution->showMessage(tr("A node can hold only one %1").arg(tag->name()), KMCommand::MessageLevel);
+    }
+}
+
+void KMTreeDock::deleteTags(const QList<KMTagBase *> &tags)
+{
+    KMNode *owner = gSolution->currentTag()->owner();
+    KMNodeEdits::deleteTags(tags);
     emit onNodeChanged(owner, owner->type());
 }
 

@@ -27,6 +27,7 @@ public:
     void setMenuActions(const QList<QAction *> &actions) { m_menuActions = actions; } ///< of the rows; a null is a line
     void setTagActions(const QList<QAction *> &actions) { m_tagActions = actions; }   ///< of the tags' menu
     void setClipboard(KMNodeClipboard *clipboard) { m_clipboard = clipboard; }        ///< not owned; outlives the dock
+    static bool deselectTags(const QTreeWidget *tree); ///< of all rows; false where none was selected
     void renameCurrent(); ///< opens the editor of the current row
 
     /// How the width of the columns comes about; the numbers stand in a file.
@@ -34,7 +35,7 @@ public:
     ResizeMode resizeMode() const { return m_resizeMode; }
     void setResizeMode(ResizeMode mode);
 
-    bool edit(Edit edit) override; ///< a selected tag takes the place of its node
+    bool edit(Edit edit) override; ///< tags take the place of nodes where one of them was clicked last
 
     void refresh() override; ///< keeps the filter true after an edit
     void resetDocument() override;
@@ -67,14 +68,15 @@ private:
     void prepareTree();
     void setUpHeader();
     void releaseTree();
-    void showRow(KMNode *node);
+    void showRow(KMNode *node, bool keepsTags);
     void selectTag(KMTagBase *tag, bool extends); ///< besides the others; one that was selected goes out then
     void showMenu(const QPoint &position);
     void showTagMenu(KMTagBase *tag, const QPoint &globalPosition);
     void showHeaderMenu(const QPoint &position);
     void dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &position, bool asCopy);
     void renameTag(KMTagBase *tag);
-    void deleteTag(KMTagBase *tag);
+    void duplicateTags(const QList<KMTagBase *> &tags);
+    void deleteTags(const QList<KMTagBase *> &tags);
 
     QString m_key;
     QPointer<KMTreeWidget> m_tree; // its owner may go first

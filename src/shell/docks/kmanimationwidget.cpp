@@ -110,7 +110,13 @@ void kmanimationwidget::showKey()
 {
     const KMBone *bone = this->bone();
     const KMBoneKey *key = this->key();
-    const QString frame = QString::number(gProject->currentFrame());
+    if (bone != m_shownBone || gProject->currentFrame() != m_shownFrame) {
+        for (KMBezierControl *curve : m_curves)
+            curve->cancel(); // a drag that runs on would end in the key of another bone
+    }
+    m_shownBone = bone;
+    m_shownFrame = gProject->currentFrame();
+    const QString frame = QString::number(m_shownFrame);
     const QString fault = bone ? KMBoneKeys::fault(*bone) : QString();
     m_title->setText(!bone              ? tr("No bone is selected")
                      : key              ? tr("Key of %1 at frame %2").arg(bone->name(), frame)

@@ -37,6 +37,8 @@ private:
     KMTransport *m_transport;
     QLabel *m_title = nullptr;
     std::array<KMBezierControl *, KMBoneKey::CurveCount> m_curves{};
+    const KMBone *m_shownBone = nullptr; // compared, never used
+    int m_shownFrame = -1;
     QPushButton *m_set = nullptr;
     QPushButton *m_remove = nullptr;
 };

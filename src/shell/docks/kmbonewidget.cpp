@@ -17,16 +17,6 @@
 
 namespace {
 
-QList<KMBoneContainer *> rigs()
-{
-    QList<KMBoneContainer *> list;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer)
-            list << nodeAs<KMBoneContainer>(ctrl);
-    }
-    return list;
-}
-
 QList<KMBone *> bonesOf(const QList<KMContainerNode *> &nodes)
 {
     QList<KMBone *> bones;
@@ -53,7 +43,7 @@ kmbonewidget::kmbonewidget(QWidget *parent)
 
 KMBoneContainer *kmbonewidget::rigToShow() const
 {
-    const QList<KMBoneContainer *> all = rigs();
+    const QList<KMBoneContainer *> all = KMBoneContainer::inTree();
     KMNode *node = gSolution->currentNode();
     if (node && node->type() == KMNodeType::BoneContainer && all.contains(nodeAs<KMBoneContainer>(node)))
         return nodeAs<KMBoneContainer>(node);
@@ -85,7 +75,7 @@ void kmbonewidget::resetDocument()
 /// One rig needs no choice.
 void kmbonewidget::listRigs()
 {
-    const QList<KMBoneContainer *> all = rigs();
+    const QList<KMBoneContainer *> all = KMBoneContainer::inTree();
     m_rigs->clear();
     for (const KMBoneContainer *rig : all)
         m_rigs->addItem(rig->name());
@@ -95,7 +85,7 @@ void kmbonewidget::listRigs()
 
 void kmbonewidget::chooseRig(int entry)
 {
-    KMBoneContainer *rig = rigs().value(entry);
+    KMBoneContainer *rig = KMBoneContainer::inTree().value(entry);
     if (rig && rig->item())
         gProject->tree()->setCurrentItem(rig->item()); // and with it the current node, which this panel follows
 }
@@ -168,7 +158,7 @@ void kmbonewidget::addEntries(QMenu *menu, const QTreeWidgetItem *row)
 
 void kmbonewidget::addMoveMenu(QMenu *menu)
 {
-    const QList<KMBoneContainer *> all = rigs();
+    const QList<KMBoneContainer *> all = KMBoneContainer::inTree();
     if (all.size() < 2)
         return;
     QMenu *others = menu->addMenu(tr("Move to Rig"));

@@ -23,6 +23,7 @@ kmmorphreoderdialog::kmmorphreoderdialog(const QList<KMMorph *> &morphs, QWidget
     m_list->setDragDropMode(QAbstractItemView::InternalMove);
     for (int i = 0; i < morphs.size(); ++i) {
         auto *row = new QListWidgetItem(morphs[i]->name(), m_list);
+        row->setFlags(row->flags() & ~Qt::ItemIsDropEnabled); // a drop on one would go to the end of the list
         row->setData(Qt::UserRole, i);
     }
     m_place->setObjectName(QStringLiteral("morphPlace"));

@@ -16,11 +16,14 @@
 #include "rig/KMDisplayCommands.h"
 #include "shell/KMPhysicsSheet.h"
 #include "shell/docks/KMSetupList.h"
+#include "shell/docks/KMTreeDock.h"
 #include "shell/widgets/KMFieldPanel.h"
 #include "shell/widgets/KMTextArea.h"
 #include "shell/widgets/KMTextField.h"
+#include "tools/KMMorphTargets.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -53,10 +56,9 @@ void pushText(int slot, const QString &text)
 QList<KMContainerNode *> allBones()
 {
     QList<KMContainerNode *> bones;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() != KMNodeType::BoneContainer)
-            continue;
-        for (KMBone *bone : nodeAs<KMBoneContainer>(ctrl)->bones())
+    const QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    for (const KMBoneContainer *rig : rigs) {
+        for (KMBone *bone : rig->bones())
             bones << bone;
     }
     return bones;
@@ -97,13 +99,11 @@ QVector<QPair<int, int>> movesTo(const QList<int> &rows, int place)
 
 } // namespace
 
-const QString kmsetupwidget::MorphMimeType = QStringLiteral("application/kmmorph");
-
 kmsetupwidget::kmsetupwidget(QWidget *parent)
     : KMDockWidget(QStringLiteral("kmsetupwidget"), tr("Setup"), QStringLiteral("setup"), parent)
     , m_information(new KMFieldPanel)
     , m_groups(new KMSetupList({}))
-    , m_items(new KMSetupList({KMBoneTreeWidget::BoneMimeType, MorphMimeType}))
+    , m_items(new KMSetupList({KMBoneTreeWidget::BoneMimeType, KMMorphTargets::MorphMimeType}))
     , m_sheetAction(new QAction(KMIcon::icon(QStringLiteral("tag-rigid")), tr("Physics Sheet"), this))
 {
     m_sheetAction->setObjectName(QStringLiteral("actionPhysicsSheet"));
@@ -188,14 +188,35 @@ QWidget *kmsetupwidget::createLists()
     return splitter;
 }
 
+/// The table is a window of the main window: this panel floats, and shortcuts reach no further than to the window above.
 void kmsetupwidget::openSheet()
 {
-    if (!m_sheet)
-        m_sheet = new KMPhysicsSheet(window());
+    if (!m_sheet) {
+        m_sheet = new KMPhysicsSheet(parentWidget()->window());
+        connect(m_sheet, &KMPhysicsSheet::tagChosen, this, &kmsetupwidget::showTag);
+    }
     m_sheet->refresh();
     m_sheet->show();
     m_sheet->raise();
     m_sheet->activateWindow();
+}
+
+bool kmsetupwidget::isInSheet(const QWidget *widget) const
+{
+    return m_sheet && m_sheet->isAncestorOf(widget);
+}
+
+bool kmsetupwidget::holds(const QWidget *widget) const
+{
+    return KMDockWidget::holds(widget) || isInSheet(widget);
+}
+
+/// Tags of the other tree that stayed selected would look as if edits were meant for them.
+void kmsetupwidget::showTag(KMTagBase *tag)
+{
+    KMTreeDock::deselectTags(gProject->tree());
+    gSolution->setCurrentTag(tag);
+    emit onNodeChanged(tag, tag ? tag->type() : 0);
 }
 
 KMDisplayNode *kmsetupwidget::group() const
@@ -351,7 +372,7 @@ void kmsetupwidget::moveItems(const QList<int> &rows, int place)
 void kmsetupwidget::dropItems(const QMimeData *data, int place)
 {
     addItems(KMTreeWidget::nodesAmong(allBones(), data, KMBoneTreeWidget::BoneMimeType)
-                 + KMTreeWidget::nodesAmong(allMorphs(), data, MorphMimeType),
+                 + KMTreeWidget::nodesAmong(allMorphs(), data, KMMorphTargets::MorphMimeType),
              place);
 }
 
@@ -393,6 +414,11 @@ void kmsetupwidget::showMenu(KMSetupList *list, const QPoint &position)
 /// The nodes of the tree are safe from here.
 bool kmsetupwidget::edit(Edit edit)
 {
+    if (isInSheet(QApplication::focusWidget())) {
+        if (edit == Edit::Delete && !m_sheet->deleteChosen())
+            gSolution->showMessage(tr("not selected."), KMCommand::MessageLevel);
+        return true;
+    }
     const bool ofItems = m_items->hasFocus();
     if (!ofItems && !m_groups->hasFocus())
         return false;

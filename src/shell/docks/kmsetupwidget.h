@@ -9,6 +9,7 @@ class KMDisplayNode;
 class KMFieldPanel;
 class KMPhysicsSheet;
 class KMSetupList;
+class KMTagBase;
 class KMTextArea;
 class KMTextField;
 class QFormLayout;
@@ -22,14 +23,13 @@ class kmsetupwidget : public KMDockWidget
 {
     Q_OBJECT
 public:
-    static const QString MorphMimeType; ///< of dragged morphs; that of bones is KMBoneTreeWidget's
-
     explicit kmsetupwidget(QWidget *parent = nullptr);
     ~kmsetupwidget() override;
 
     QAction *sheetAction() const { return m_sheetAction; } ///< opens the table of rigid bodies and joints
 
-    bool edit(Edit edit) override; ///< of the group or item whose list has the focus
+    bool edit(Edit edit) override; ///< of the group or item whose list has the focus, or of the table
+    bool holds(const QWidget *widget) const override;
     void commit() override;
     void refresh() override;
     void refreshSheet(); ///< where it is open
@@ -41,6 +41,8 @@ private:
     void addTextRow(QFormLayout *form, const QString &language, int slot);
     void addCommentRow(QFormLayout *form, const QString &language, int slot);
     void openSheet();
+    bool isInSheet(const QWidget *widget) const;
+    void showTag(KMTagBase *tag);
 
     KMDisplayNode *group() const; ///< the chosen one; null for none
     void refillGroups();

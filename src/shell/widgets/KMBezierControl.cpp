@@ -96,8 +96,10 @@ void KMBezierControl::mousePressEvent(QMouseEvent *event)
     emit pressed();
     m_before = m_curve;
     m_handle = distance(1) < distance(0) ? 1 : 0;
-    m_isHeld = distance(m_handle) <= dpiScaled(8);
-    m_grip = m_isHeld ? handlePosition(m_handle) - event->pos() : QPoint();
+    const bool isOnHandle = distance(m_handle) <= dpiScaled(8);
+    m_isHeld = false;
+    m_slack = isOnHandle ? dpiScaled(2) : QApplication::startDragDistance();
+    m_grip = isOnHandle ? handlePosition(m_handle) - event->pos() : QPoint();
     m_pressed = event->pos();
 }
 
@@ -107,7 +109,7 @@ void KMBezierControl::mouseMoveEvent(QMouseEvent *event)
         return;
     if (!(event->buttons() & Qt::LeftButton))
         return cancel(); // the release went elsewhere
-    m_isHeld = m_isHeld || (event->pos() - m_pressed).manhattanLength() >= QApplication::startDragDistance();
+    m_isHeld = m_isHeld || (event->pos() - m_pressed).manhattanLength() >= m_slack;
     if (m_isHeld)
         moveHandle(event->pos() + m_grip);
 }
@@ -130,10 +132,12 @@ void KMBezierControl::cancel()
     update();
 }
 
-void KMBezierControl::mouseDoubleClickEvent(QMouseEvent *)
+void KMBezierControl::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
     m_handle = -1;
-    if (isSame(m_curve, straight))
+    if (isSame(asShown(m_curve), straight))
         return;
     m_curve = straight;
     update();

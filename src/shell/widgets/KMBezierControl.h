@@ -47,5 +47,6 @@ private:
     int m_handle = -1;
     QPoint m_grip; // from the mouse to the handle
     QPoint m_pressed;
-    bool m_isHeld = false; // on the handle, or the press beside it has moved far enough
+    int m_slack = 0;       // how far the mouse moves before it takes the handle along: clicks tremble
+    bool m_isHeld = false; // it has moved so far
 };
