@@ -115,7 +115,7 @@ QString PmxTextures::stored(const KMTextureNode &texture)
 /// The path of the PNG beside it; its own where it can't be read or the PNG not be written.
 QString PmxTextures::converted(const QString &path)
 {
-    QString &made = m_converted[fileKey(path)];
+    QString &made = m_converted[QDir::cleanPath(path)];
     if (!made.isEmpty())
         return made;
     const QFileInfo file(path);
