@@ -6416,6 +6416,10 @@ By going on you agree to respect the rights of all authors whose data you use.</
         <source>RootBone</source>
         <translation>RootBone</translation>
     </message>
+    <message>
+        <source>The rig is posed: the surface is written in this pose, the bones at rest. &quot;Disable All BoneMod&quot; writes it at rest.</source>
+        <translation>リグにポーズが付いています。表面はこのポーズのまま、ボーンは初期姿勢で書き出されます。「ボーン変形をすべて無効」を実行すると、表面も初期姿勢で書き出されます。</translation>
+    </message>
 </context>
 <context>
     <name>PmxExporter</name>
