@@ -121,6 +121,14 @@ quint64 KMModAnchorNode::stamp() const
     return stamp.sum();
 }
 
+/// Helpers of another shape are to be looked at anew.
+void KMModAnchorNode::takeStamp()
+{
+    const quint64 former = std::exchange(m_stamp, stamp());
+    if (former != m_stamp)
+        m_weigher.setHelpers(nullptr);
+}
+
 void KMModAnchorNode::onModMeshEdited(KMMeshNode *mesh)
 {
     if (mesh != modMesh() && stamp() != m_stamp)
@@ -140,7 +148,7 @@ void KMModAnchorNode::notifyDependents()
 void KMModAnchorNode::rebuildResult(KMMeshNode &input, KMMeshNode &result)
 {
     KMElementwiseModifier::rebuildResult(input, result);
-    m_stamp = stamp(); // the weights come after the positions
+    takeStamp(); // the weights come after the positions
     m_weigher.forgetPlaces();
 }
 
@@ -162,9 +170,7 @@ bool KMModAnchorNode::updateResult(const KMMeshNode &input, KMMeshNode &result)
 
 void KMModAnchorNode::carryWeights(const KMMeshNode &input, KMResultWeights &weights)
 {
-    const quint64 former = std::exchange(m_stamp, stamp());
-    if (former != m_stamp)
-        m_weigher.setHelpers(nullptr);
+    takeStamp();
     if (!weights.begin(input))
         return;
     weights.carry(m_vertexMap);

@@ -67,6 +67,7 @@ protected:
 private:
     QList<KMDisplayAnchorNode *> helpers() const;
     quint64 stamp() const;
+    void takeStamp();
     QVector<KMVertex *> helperVertices() const;
     void buildAnchors(const KMMeshNode &input);
 
