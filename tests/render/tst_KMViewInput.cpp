@@ -120,6 +120,18 @@ struct TouchWindow : ViewWindow
         gSettings->enableTouch = true;
         reopen();
         views = (*this)->mainBox()->views();
+        rest();
+    }
+    /// The window manager moves it after it has opened, and touches find their view by their place on the screen.
+    void rest() const
+    {
+        QPoint place;
+        for (int same = 0, tries = 0; same < 4 && tries < 200; ++tries) {
+            QTest::qWait(25);
+            const QPoint now = view()->mapToGlobal({});
+            same = now == place ? same + 1 : 0;
+            place = now;
+        }
     }
     Touches fingers(int count) const
     {
