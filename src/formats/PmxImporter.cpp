@@ -110,8 +110,7 @@ void PmxImporter::build(const QString &path, PmxFile &file)
         pushFrames(file, rig, mesh);
     }
     if (scaled.lost() > 0)
-        m_warnings
-            << tr("The scale moves %1 points out of all numbers; they were put at the origin").arg(scaled.lost());
+        m_warnings << tr("%1 places or numbers left all bounds on their way in, and became 0").arg(scaled.lost());
     KMLoadingGuard::selectNothing();
     gSolution->setCurrentNode(nullptr);
     if (gSolution->views())

@@ -5,6 +5,9 @@
 /// What the bytes of a PMX file mean, version 2.0: little-endian, single floats, texts as a byte count and UTF-16LE.
 namespace Pmx {
 
+constexpr int nameBytes = 8; ///< two texts without characters
+constexpr int vector3Bytes = 12;
+
 enum Deform : quint8 {
     Bdef1 = 0,
     Bdef2 = 1,
@@ -13,7 +16,15 @@ enum Deform : quint8 {
     Qdef = 4 ///< of version 2.1, in the bytes of Bdef4
 };
 
-enum MaterialFlag : quint8 { MaterialEdge = 0x10 };
+enum MaterialFlag : quint8 { MaterialDoubleSided = 0x01, MaterialEdge = 0x10 };
+
+/// What a sphere texture does to the colour below it.
+enum SphereMode : quint8 {
+    SphereOff = 0,
+    SphereMultiplied = 1,
+    SphereAdded = 2,
+    SphereSubTexture = 3 ///< no sphere: a second texture by the first additional UV
+};
 
 enum BoneFlag : quint16 {
     TailIsBone = 0x0001,

@@ -26,19 +26,20 @@ bool isWhole(const std::array<int, 3> &triangle)
     return triangle[0] >= 0 && triangle[1] >= 0 && triangle[2] >= 0;
 }
 
-/// The entries of a vertex. A bone that is named twice bears both weights; one without a weight is left out, unless the
-/// vertex would end without any.
+/// The entries of a vertex. A bone that is named twice bears both weights; one without a weight, or with one below 0,
+/// is left out, unless the vertex would end without any.
 class Shares
 {
 public:
     Shares(const PmxFile::Vertex &vertex, const QVector<int> &numbers)
     {
         for (int b = 0; b < vertex.boneCount; ++b) {
-            if (vertex.weights[size_t(b)] != 0.0f)
-                add(numbers.value(vertex.bones[size_t(b)], -1), vertex.weights[size_t(b)]);
+            const float weight = KMTagBoneWeight::bounded(vertex.weights[size_t(b)]);
+            if (weight != 0.0f)
+                add(numbers.value(vertex.bones[size_t(b)], -1), weight);
         }
         for (int b = 0; b < vertex.boneCount && m_count == 0; ++b)
-            add(numbers.value(vertex.bones[size_t(b)], -1), vertex.weights[size_t(b)]);
+            add(numbers.value(vertex.bones[size_t(b)], -1), 0.0f);
     }
 
     KMShareView view() const { return {m_shares.data(), m_count}; }

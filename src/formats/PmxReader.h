@@ -42,6 +42,7 @@ private:
     PmxFile::Material readMaterial();
     void readBones();
     PmxFile::Bone readBone(int boneCount);
+    PmxFile::Inheritance readInheritance(int boneCount);
     void readIK(PmxFile::Bone &bone, int boneCount);
     void checkWeights(int boneCount);
     void readMorphs();

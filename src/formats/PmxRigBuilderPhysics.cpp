@@ -11,23 +11,6 @@ namespace {
 /// A quarter turn about X: the axes of a body in a player against those of a tag.
 constexpr kvm::Quaternion playerAxes{0.7071067690849304f, -0.7071067690849304f, 0.0f, 0.0f};
 
-/// In doubles, and rounded once.
-float inDegrees(float radians, double sign)
-{
-    constexpr double degrees = 57.29577951308232;
-    return float(sign * degrees * double(radians));
-}
-
-/// X and Y turn the other way round than in a file, so that their lowest angle becomes the highest one; the pair of Z
-/// stands second and that of Y third.
-JointData::Limits angularLimits(const PmxFile::Joint &record)
-{
-    const kvm::Vector3 &min = record.angularMin;
-    const kvm::Vector3 &max = record.angularMax;
-    return {inDegrees(max.x, -1.0), inDegrees(min.x, -1.0), inDegrees(min.z, 1.0),
-            inDegrees(max.z, 1.0),  inDegrees(max.y, -1.0), inDegrees(min.y, -1.0)};
-}
-
 JointData::Limits linearLimits(const PmxFile::Joint &record)
 {
     const kvm::Vector3 &min = record.linearMin;
@@ -43,6 +26,16 @@ kvm::Vector3 springOf(const kvm::Vector3 &inFile)
 
 } // namespace
 
+/// X and Y turn the other way round than in a file, so that their lowest angle becomes the highest one; the pair of Z
+/// stands second and that of Y third.
+JointData::Limits PmxRigBuilder::angularLimits(const PmxFile::Joint &record) const
+{
+    const kvm::Vector3 &min = record.angularMin;
+    const kvm::Vector3 &max = record.angularMax;
+    return {inDegrees(max.x, -1.0), inDegrees(min.x, -1.0), inDegrees(min.z),
+            inDegrees(max.z),       inDegrees(max.y, -1.0), inDegrees(min.y, -1.0)};
+}
+
 /// On writing the rotation becomes that of the bone times that of the tag times the reverse of the quarter turn.
 PoseTransform PmxRigBuilder::poseOn(const KMBone &bone, const kvm::Vector3 &position,
                                     const kvm::Vector3 &rotation) const
@@ -50,17 +43,17 @@ PoseTransform PmxRigBuilder::poseOn(const KMBone &bone, const kvm::Vector3 &posi
     const kvm::Quaternion back = bone.rotation().conjugate();
     PoseTransform pose;
     pose.rotation = back * kvm::Quaternion::fromEuler(rotation) * playerAxes;
-    pose.offset = back.rotate(m_scale(position) - bone.restHead());
+    pose.offset = m_scale.finite(back.rotate(m_scale(position) - bone.restHead()));
     return pose;
 }
 
-void PmxRigBuilder::pushBodies()
+void PmxRigBuilder::addBodies()
 {
     for (const PmxFile::Body &record : m_file.bodies) {
         KMBone *owner = bone(record.bone);
         m_bodies << (owner ? makeBody(record, *owner) : nullptr);
         if (owner)
-            pushTag(owner, m_bodies.last());
+            owner->addTagKeepName(m_bodies.last());
     }
     if (m_bodies.contains(nullptr))
         qDebug() << "rigid bodies without a bone, left out:" << m_bodies.count(nullptr);
@@ -70,9 +63,9 @@ KMTagRigidBody *PmxRigBuilder::makeBody(const PmxFile::Body &record, const KMBon
 {
     const kvm::Vector3 size = m_scale(record.size * 2.0f);
     RigidBodyData data;
-    data.shape = kind(record.shape, KMTagRigidBody::Capsule + 1, record);
-    data.rigidType = kind(record.mode, KMTagRigidBody::PhysFix + 1, record);
-    data.group = kind(record.group, KMTagRigidBody::GroupCount, record);
+    data.shape = kind(tr("shape"), record.shape, KMTagRigidBody::Capsule + 1, record);
+    data.rigidType = kind(tr("mode"), record.mode, KMTagRigidBody::PhysFix + 1, record);
+    data.group = kind(tr("group"), record.group, KMTagRigidBody::GroupCount, record);
     data.collisionMask = quint16(~record.mask);
     data.width = size.x;
     data.height = size.y;
@@ -89,18 +82,23 @@ KMTagRigidBody *PmxRigBuilder::makeBody(const PmxFile::Body &record, const KMBon
     return body;
 }
 
-/// One of so many kinds, else the first one.
-int PmxRigBuilder::kind(int value, int count, const PmxFile::Body &record)
+/// One of so many kinds of what is named, else the first one.
+int PmxRigBuilder::kind(const QString &what, int value, int count, const PmxFile::Body &record)
 {
     if (value < count)
         return value;
-    m_warnings << tr("The rigid body %1 has the unknown kind %2").arg(record.name.local).arg(value);
+    m_warnings << tr("The rigid body %1 (%2 of %3) has the unknown %4 %5")
+                      .arg(record.name.brief())
+                      .arg(m_bodies.size() + 1)
+                      .arg(m_file.bodies.size())
+                      .arg(what)
+                      .arg(value);
     return 0;
 }
 
 /// A joint hangs on the bone of its second body, as those do that are made for a chain of bones, else on that of the
 /// first.
-void PmxRigBuilder::pushJoints()
+void PmxRigBuilder::addJoints()
 {
     int left = 0;
     for (const PmxFile::Joint &record : m_file.joints) {
@@ -122,7 +120,7 @@ void PmxRigBuilder::pushJoints()
         auto *joint = new KMTagJoint;
         joint->setName(record.name.local);
         joint->setParameters(data);
-        pushTag(owner, joint);
+        owner->addTagKeepName(joint);
     }
     if (left > 0)
         qDebug() << "joints without a body, left out:" << left;
