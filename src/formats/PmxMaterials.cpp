@@ -9,6 +9,7 @@
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 
@@ -32,32 +33,60 @@ int shininessOf(float power)
     return power < least ? 1 : int(std::min(power, most));
 }
 
-/// Models come from a system that doesn't tell upper from lower case: where a path isn't found as it is written, the
-/// first one counts that differs in nothing else.
-QString foundPath(const QDir &folder, const QString &written)
+/// Models come from a system that doesn't tell upper from lower case: where a path isn't found as it is written, one
+/// counts that differs in nothing else.
+class PictureFinder
 {
-    const QString path = QDir::cleanPath(folder.filePath(written));
-    if (written.isEmpty() || QFileInfo::exists(path))
-        return path;
-    QDir walk = folder;
-    const QStringList parts = QDir::cleanPath(written).split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    for (const QString &part : parts) {
-        const QStringList entries = walk.entryList(QDir::AllEntries | QDir::NoDot);
-        const auto isPart = [&part](const QString &entry) { return entry.compare(part, Qt::CaseInsensitive) == 0; };
-        const auto found = std::find_if(entries.begin(), entries.end(), isPart);
-        if (found == entries.end())
-            return path;
-        walk.setPath(walk.filePath(*found));
+public:
+    explicit PictureFinder(const QDir &folder)
+        : m_folder(folder)
+    {
     }
-    return QDir::cleanPath(walk.path());
-}
+
+    QString pathOf(const QString &written)
+    {
+        const QString path = QDir::cleanPath(m_folder.filePath(written));
+        if (written.isEmpty() || QFileInfo::exists(path))
+            return path;
+        QDir walk = m_folder;
+        const QStringList parts = QDir::cleanPath(written).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+        for (const QString &part : parts) {
+            const QString entry = entryOf(walk, part);
+            if (entry.isEmpty())
+                return path;
+            walk.setPath(walk.filePath(entry));
+        }
+        return QDir::cleanPath(walk.path());
+    }
+
+private:
+    /// The one that is as written, else the first by name; empty for none.
+    QString entryOf(const QDir &folder, const QString &part)
+    {
+        auto known = m_entries.find(folder.path());
+        if (known == m_entries.end()) // listed once: models miss many pictures in folders with many files
+            known = m_entries.insert(folder.path(), folder.entryList(QDir::AllEntries | QDir::NoDot, QDir::Unsorted));
+        QString found;
+        for (const QString &entry : std::as_const(*known)) {
+            if (entry == part)
+                return entry;
+            if (entry.compare(part, Qt::CaseInsensitive) == 0 && (found.isEmpty() || entry < found))
+                found = entry;
+        }
+        return found;
+    }
+
+    QDir m_folder;
+    QHash<QString, QStringList> m_entries; // by the path of their folder
+};
 
 void pushTextures(const PmxFile &file, const QDir &folder)
 {
+    PictureFinder finder(folder);
     for (QString written : file.textures) {
         written.replace(QLatin1Char('\\'), QLatin1Char('/'));
         // Equal paths make nodes of their own: materials count on the number of the file.
-        gProject->addToScene(new KMFileTextureNode(written.isEmpty() ? QString() : foundPath(folder, written)),
+        gProject->addToScene(new KMFileTextureNode(written.isEmpty() ? QString() : finder.pathOf(written)),
                              KMProject::Naming::Keep);
     }
 }

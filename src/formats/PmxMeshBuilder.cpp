@@ -5,13 +5,13 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
 #include "rig/KMBoneWeightCommands.h"
+#include "rig/KMMorphDeltas.h"
 #include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagMorph.h"
 
 #include <QDebug>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -184,10 +184,8 @@ KMMorph *PmxMeshBuilder::makeMorph(const PmxFile::Morph &record) const
     MorphDeltas deltas;
     deltas.reserve(int(record.offsets.size()));
     for (const PmxFile::Offset &told : record.offsets) {
-        const kvm::Vector3 offset = m_scale(told.offset);
-        const float length = offset.length();
-        if (told.vertex >= 0 && length > 0.0f && std::isfinite(length))
-            deltas.append({told.vertex, length, offset / length});
+        if (told.vertex >= 0)
+            appendDelta(deltas, told.vertex, m_scale(told.offset));
     }
     auto *morph = new KMMorph;
     morph->setName(record.name.local);
