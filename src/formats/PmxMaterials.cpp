@@ -48,32 +48,35 @@ public:
         const QString path = QDir::cleanPath(m_folder.filePath(written));
         if (written.isEmpty() || QFileInfo::exists(path))
             return path;
-        QDir walk = m_folder;
+        QStringList places{m_folder.path()}; // more than one below folders that differ in nothing but case
         const QStringList parts = QDir::cleanPath(written).split(QLatin1Char('/'), Qt::SkipEmptyParts);
         for (const QString &part : parts) {
-            const QString entry = entryOf(walk, part);
-            if (entry.isEmpty())
+            QStringList next;
+            for (const QString &place : std::as_const(places))
+                next += matches(place, part);
+            if (next.isEmpty())
                 return path;
-            walk.setPath(walk.filePath(entry));
+            places = next;
         }
-        return QDir::cleanPath(walk.path());
+        return QDir::cleanPath(places.first());
     }
 
 private:
-    /// The one that is as written, else the first by name; empty for none.
-    QString entryOf(const QDir &folder, const QString &part)
+    /// The paths of what bears the name, the one that is as written first.
+    QStringList matches(const QString &place, const QString &name)
     {
-        auto known = m_entries.find(folder.path());
+        const QDir folder(place);
+        auto known = m_entries.find(place);
         if (known == m_entries.end()) // listed once: models miss many pictures in folders with many files
-            known = m_entries.insert(folder.path(), folder.entryList(QDir::AllEntries | QDir::NoDot, QDir::Unsorted));
-        QString found;
+            known = m_entries.insert(place, folder.entryList(QDir::AllEntries | QDir::NoDot, QDir::Name));
+        QStringList paths;
         for (const QString &entry : std::as_const(*known)) {
-            if (entry == part)
-                return entry;
-            if (entry.compare(part, Qt::CaseInsensitive) == 0 && (found.isEmpty() || entry < found))
-                found = entry;
+            if (entry == name)
+                paths.prepend(folder.filePath(entry));
+            else if (entry.compare(name, Qt::CaseInsensitive) == 0)
+                paths << folder.filePath(entry);
         }
-        return found;
+        return paths;
     }
 
     QDir m_folder;
