@@ -36,6 +36,7 @@
 
 #include <cmath>
 #include <functional>
+#include <limits>
 
 /// Models in the document.
 class tst_PmxImporter : public QObject
@@ -66,6 +67,7 @@ private slots:
     void failureLeavesTheDocument_data();
     void failureLeavesTheDocument();
     void endlessNumbers();
+    void manyRemarks();
     void manyTags();
     void mutations();
     void realFiles_data();
@@ -648,6 +650,24 @@ void tst_PmxImporter::endlessNumbers()
             QVERIFY(std::isfinite(limit));
     }
     QCOMPARE(constraint(bone("root"), KMTagConstraint::IK)->data().value, 0.0f);
+}
+
+/// The remarks of reader and rig are counted together.
+void tst_PmxImporter::manyRemarks()
+{
+    PmxFile file = PmxBytes::smallModel();
+    const float none = std::numeric_limits<float>::quiet_NaN();
+    const kvm::Vector3 noPlace(none, 0.0f, 0.0f);
+    file.joints.resize(3, file.joints[0]);
+    for (PmxFile::Joint &joint : file.joints) {
+        for (kvm::Vector3 *vector : {&joint.position, &joint.rotation, &joint.linearMin, &joint.linearMax,
+                                     &joint.angularMin, &joint.angularMax, &joint.linearSpring, &joint.angularSpring})
+            *vector = noPlace;
+    }
+    file.bodies[0].group = 200;
+    file.bodies[0].shape = 7;
+    QVERIFY(import(file));
+    QVERIFY2(shown().endsWith(QStringLiteral("and 6 more")), qPrintable(shown())); // 24 numbers, 2 of the body
 }
 
 /// A small file can hang very many bodies on one bone: work that grew with their square would take minutes.
