@@ -6459,8 +6459,8 @@ By going on you agree to respect the rights of all authors whose data you use.</
         <translation>PMX の読み込み</translation>
     </message>
     <message>
-        <source>The scale moves %1 points out of all numbers; they were put at the origin</source>
-        <translation>スケールにより %1 個の点が数値の範囲を超えたため、原点に置きました</translation>
+        <source>%1 places or numbers left all bounds on their way in, and became 0</source>
+        <translation>読み込み中に範囲を超えた %1 個の位置または数値を 0 にしました</translation>
     </message>
 </context>
 <context>
@@ -6573,8 +6573,20 @@ By going on you agree to respect the rights of all authors whose data you use.</
         <translation>ボーン %1 は階層が深すぎるため、上に移しました</translation>
     </message>
     <message>
-        <source>The rigid body %1 has the unknown kind %2</source>
-        <translation>剛体 %1 の種類 %2 は不明です</translation>
+        <source>The rigid body %1 (%2 of %3) has the unknown %4 %5</source>
+        <translation>剛体 %1（%2 / %3）の%4 %5 は不明です</translation>
+    </message>
+    <message>
+        <source>shape</source>
+        <translation>形状</translation>
+    </message>
+    <message>
+        <source>mode</source>
+        <translation>物理演算</translation>
+    </message>
+    <message>
+        <source>group</source>
+        <translation>グループ</translation>
     </message>
 </context>
 <context>

@@ -16,7 +16,7 @@ struct KMBasicShader
     QColor specular{0, 0, 0, 255};
     QColor ambient{0, 0, 0, 255};
     QColor emissive{0, 0, 0, 255};
-    int shininess = 50; ///< specular exponent, 2 to 1000
+    int shininess = 50; ///< specular exponent, 1 to 1000
     std::array<int, TextureSlotCount> textures{-1, -1, -1,
                                                -1, -1, -1}; ///< indices into KMProject::textures(), -1 for none
     int multiMode = 0;                                      ///< how the second texture is mixed with the first

@@ -28,7 +28,7 @@ void addNodeCommand::attach()
 {
     m_applied = true;
     m_target->setDeleted(false);
-    m_target->setSelected(true);
+    m_target->setSelected(false); // its row tells
     QTreeWidgetItem *row = KMTreeWidget::makeRow(m_target);
     m_target->setItem(row);
     placeRow(row);
@@ -38,6 +38,7 @@ void addNodeCommand::attach()
 void addNodeCommand::placeRow(QTreeWidgetItem *row)
 {
     gProject->tree()->addTopLevelItem(row);
+    KMTreeWidget::nodeOf(row)->setSelected(true);
     gProject->tree()->setCurrentItem(row);
 }
 

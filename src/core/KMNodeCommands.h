@@ -15,7 +15,8 @@ public:
 
 protected:
     void apply(Direction direction) override;
-    virtual void placeRow(QTreeWidgetItem *row); ///< puts the new row into the tree
+    virtual void
+    placeRow(QTreeWidgetItem *row); ///< puts the new row into the tree; selects its node if it shall be current
 
 private:
     void attach();

@@ -47,8 +47,10 @@ insertNodeCommand::insertNodeCommand(KMContainerNode *node, KMContainerNode *par
 void insertNodeCommand::placeRow(QTreeWidgetItem *row)
 {
     tree()->insertRow(rowOf(m_parentNode), m_position, row);
-    if (m_focus == KMRowFocus::Current)
-        tree()->setCurrentItem(row);
+    if (m_focus == KMRowFocus::Keep)
+        return;
+    KMTreeWidget::nodeOf(row)->setSelected(true);
+    tree()->setCurrentItem(row);
 }
 
 moveNodeCommand::moveNodeCommand(Mode mode, KMContainerNode *target, KMContainerNode *source, KMRowFocus focus)

@@ -7,7 +7,10 @@
 #include <QCursor>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLayout>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScreen>
 #include <QVector>
 
 namespace {
@@ -34,6 +37,28 @@ private:
     QVector<QCursor> m_cursors; // the innermost last
 };
 
+/// More than a box can show beside its button.
+bool isLong(const QString &text)
+{
+    constexpr int mostCharacters = 2000;
+    constexpr int mostLines = 20;
+    return text.size() > mostCharacters || text.count(QLatin1Char('\n')) >= mostLines;
+}
+
+/// A long text scrolls, in the place of the box's label, and the box stays within the screen.
+void showLong(QMessageBox &box, const QString &text)
+{
+    constexpr QSize usual(620, 420);
+    auto *page = new QPlainTextEdit(text, &box);
+    page->setObjectName(QStringLiteral("longText"));
+    page->setReadOnly(true);
+    page->setTabChangesFocus(true);
+    page->setMinimumSize(usual.boundedTo(QGuiApplication::primaryScreen()->availableSize() / 2));
+    auto *label = box.findChild<QWidget *>(QStringLiteral("qt_msgbox_label"));
+    delete box.layout()->replaceWidget(label, page);
+    label->hide();
+}
+
 } // namespace
 
 QMessageBox::StandardButton KMWidgetPrompt::message(const KMMessage &message)
@@ -42,13 +67,17 @@ QMessageBox::StandardButton KMWidgetPrompt::message(const KMMessage &message)
         return QMessageBox::NoButton;
     const UsualCursor cursor;
     QMessageBox box(message.icon, message.title.isEmpty() ? QApplication::applicationName() : message.title,
-                    message.text, message.buttons, message.parent ? message.parent : QApplication::activeWindow());
+                    isLong(message.text) ? QString() : message.text, message.buttons,
+                    message.parent ? message.parent : QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText); // texts of files aren't to be taken for markup
     box.setInformativeText(message.informativeText);
     box.setDetailedText(message.detailedText);
     if (message.defaultButton != QMessageBox::NoButton)
         box.setDefaultButton(message.defaultButton);
     if (message.minimumSize.isValid())
         box.setMinimumSize(message.minimumSize);
+    if (isLong(message.text))
+        showLong(box, message.text); // last: whatever else is set lays the box out anew
     return QMessageBox::StandardButton(box.exec());
 }
 

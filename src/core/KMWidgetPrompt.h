@@ -2,7 +2,8 @@
 
 #include "core/KMPrompt.h"
 
-/// Asks with the dialogues of Qt Widgets. Without an application object it answers as if cancelled.
+/// Asks with the dialogues of Qt Widgets. Without an application object it answers as if cancelled. The text of a
+/// message is plain, never markup, and a long one scrolls.
 class KMWidgetPrompt : public KMPrompt
 {
 public:

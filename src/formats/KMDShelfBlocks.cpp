@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int leastBytes = 16; // type, id and an empty name
-constexpr int leastShininess = 2;
+constexpr int leastShininess = 1;
 constexpr int mostShininess = 1000;
 
 struct Texts

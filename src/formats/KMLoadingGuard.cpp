@@ -9,6 +9,7 @@ KMLoadingGuard::KMLoadingGuard()
     , m_projectSignals(gProject)
     , m_wasBusy(gSolution->isBusy())
     , m_wasHidden(gProject->tree()->isHidden())
+    , m_hadFocus(gProject->tree()->hasFocus())
 {
     gSolution->setBusy(true);
     gProject->tree()->hide();
@@ -18,6 +19,8 @@ KMLoadingGuard::~KMLoadingGuard()
 {
     if (!m_wasHidden)
         gProject->tree()->show();
+    if (m_hadFocus)
+        gProject->tree()->setFocus(); // hiding had passed the keyboard on
     gSolution->setBusy(m_wasBusy);
     m_projectSignals.unblock();
     emit gProject->shadersChanged();

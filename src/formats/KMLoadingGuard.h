@@ -18,4 +18,5 @@ private:
     QSignalBlocker m_projectSignals;
     bool m_wasBusy;
     bool m_wasHidden;
+    bool m_hadFocus;
 };

@@ -51,9 +51,9 @@ QStringList KMReadReport::warnings() const
     return firstOf(m_warnings, m_warningCount);
 }
 
-void KMReadReport::show(const QString &path, const QStringList &lines)
+void KMReadReport::show(const QString &path, const QStringList &lines, int onlyCounted)
 {
-    const QString told = firstOf(lines, lines.size()).join(QLatin1Char('\n'));
+    const QString told = firstOf(lines, lines.size() + onlyCounted).join(QLatin1Char('\n'));
     const QString text = QStringLiteral("%1\n%2").arg(QDir::toNativeSeparators(path), told);
     qDebug().noquote() << text;
     KMPrompt::current().warn(text);

@@ -23,8 +23,14 @@ public:
     void warn(const QString &what); ///< collects a remark, with where it was
     QStringList warnings() const;   ///< the last line counts those beyond the limit
 
-    /// Shows a user what was said of a file, and writes it to the log.
-    static void show(const QString &path, const QStringList &lines);
+    const QStringList &firstWarnings() const { return m_warnings; } ///< without such a line
+    int moreWarnings() const
+    {
+        return m_warningCount - m_warnings.size();
+    } ///< beyond the limit: not kept, only counted
+
+    /// Shows a user what was said of a file, and writes it to the log. Those that are only counted aren't in the lines.
+    static void show(const QString &path, const QStringList &lines, int onlyCounted = 0);
 
 protected:
     ~KMReadReport() = default;

@@ -18,6 +18,12 @@ struct PmxFile
     {
         QString local;
         QString universal;
+
+        QString brief() const ///< for messages: names of damaged files may be as long as these
+        {
+            constexpr int most = 60;
+            return local.size() <= most ? local : local.left(most) + QChar(0x2026);
+        }
     };
 
     struct Vertex

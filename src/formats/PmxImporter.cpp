@@ -48,6 +48,25 @@ bool isMeshName(const QString &name)
     return false;
 }
 
+/// Ends a step in which nodes came in: a redo brings them in anew, and leaves as little selected as the import did.
+class selectNothingCommand : public KMUndoCommand
+{
+public:
+    selectNothingCommand()
+        : KMUndoCommand(PmxImporter::tr("ImportPMX"), nullptr)
+    {
+    }
+
+protected:
+    void apply(Direction direction) override
+    {
+        if (direction == Direction::Undo)
+            return;
+        KMLoadingGuard::selectNothing();
+        gSolution->setCurrentNode(nullptr);
+    }
+};
+
 } // namespace
 
 bool PmxImporter::load(const QString &path)
@@ -58,7 +77,7 @@ bool PmxImporter::load(const QString &path)
         return false;
     build(path, file);
     if (!m_warnings.isEmpty())
-        KMReadReport::show(path, m_warnings);
+        KMReadReport::show(path, m_warnings, m_moreWarnings);
     return true;
 }
 
@@ -78,6 +97,7 @@ bool PmxImporter::read(const QString &path, PmxFile &file)
         isRead = reader.readContents(importNormals);
     }
     m_warnings = reader.warnings();
+    m_moreWarnings = reader.moreWarnings();
     if (!isRead)
         KMReadReport::show(path, {tr("The file can't be read to its end: %1").arg(reader.error())});
     file = reader.takeFile();
@@ -108,12 +128,10 @@ void PmxImporter::build(const QString &path, PmxFile &file)
         PmxMeshBuilder mesh(file, scaled, rig.bones(), firstShader);
         pushMesh(file, mesh.build(), mesh);
         pushFrames(file, rig, mesh);
+        gSolution->push(new selectNothingCommand);
     }
     if (scaled.lost() > 0)
-        m_warnings
-            << tr("The scale moves %1 points out of all numbers; they were put at the origin").arg(scaled.lost());
-    KMLoadingGuard::selectNothing();
-    gSolution->setCurrentNode(nullptr);
+        m_warnings << tr("%1 places or numbers left all bounds on their way in, and became 0").arg(scaled.lost());
     if (gSolution->views())
         gSolution->views()->resetCamera();
 }

@@ -10,7 +10,6 @@ class PmxMeshBuilder;
 class PmxReader;
 class PmxRigBuilder;
 class PmxScale;
-class QDir;
 
 /// Reads a PMX model into the open document: one mesh with weights and morphs, a rig with its physics, materials,
 /// textures and display groups. What the file holds beyond that is left out.
@@ -36,4 +35,5 @@ private:
     void pushFrames(const PmxFile &file, const PmxRigBuilder &rig, const PmxMeshBuilder &mesh) const;
 
     QStringList m_warnings;
+    int m_moreWarnings = 0; // that the reader only counted
 };

@@ -6,6 +6,8 @@
 namespace Pmx {
 
 constexpr double DegreesPerRadian = 57.29577951308232;
+constexpr int nameBytes = 8; ///< two texts without characters
+constexpr int vector3Bytes = 12;
 
 enum Deform : quint8 {
     Bdef1 = 0,
@@ -15,7 +17,15 @@ enum Deform : quint8 {
     Qdef = 4 ///< of version 2.1, in the bytes of Bdef4
 };
 
-enum MaterialFlag : quint8 { MaterialEdge = 0x10 };
+enum MaterialFlag : quint8 { MaterialDoubleSided = 0x01, MaterialEdge = 0x10 };
+
+/// What a sphere texture does to the colour below it.
+enum SphereMode : quint8 {
+    SphereOff = 0,
+    SphereMultiplied = 1,
+    SphereAdded = 2,
+    SphereSubTexture = 3 ///< no sphere: a second texture by the first additional UV
+};
 
 enum BoneFlag : quint16 {
     TailIsBone = 0x0001,

@@ -6,14 +6,14 @@
 #include "formats/PmxFile.h"
 #include "formats/PmxLayout.h"
 
+#include <QDebug>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 
 namespace {
-
-constexpr int multipliedSphere = 1; // of the sphere modes
 
 QColor colorOf(const kvm::Vector3 &v, float alpha = 1.0f)
 {
@@ -33,34 +33,76 @@ int shininessOf(float power)
     return power < least ? 1 : int(std::min(power, most));
 }
 
-/// Models come from a system that doesn't tell upper from lower case: where a path isn't found as it is written, the
-/// first one counts that differs in nothing else.
-QString foundPath(const QDir &folder, const QString &written)
+/// Models come from a system that doesn't tell upper from lower case: where a path isn't found as it is written, one
+/// counts that differs in nothing else.
+class PictureFinder
 {
-    const QString path = QDir::cleanPath(folder.filePath(written));
-    if (written.isEmpty() || QFileInfo::exists(path))
-        return path;
-    QDir walk = folder;
-    const QStringList parts = QDir::cleanPath(written).split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    for (const QString &part : parts) {
-        const QStringList entries = walk.entryList(QDir::AllEntries | QDir::NoDot);
-        const auto isPart = [&part](const QString &entry) { return entry.compare(part, Qt::CaseInsensitive) == 0; };
-        const auto found = std::find_if(entries.begin(), entries.end(), isPart);
-        if (found == entries.end())
-            return path;
-        walk.setPath(walk.filePath(*found));
+public:
+    explicit PictureFinder(const QDir &folder)
+        : m_folder(folder)
+    {
     }
-    return QDir::cleanPath(walk.path());
-}
+
+    QString pathOf(const QString &written)
+    {
+        const QString path = QDir::cleanPath(m_folder.filePath(written));
+        if (written.isEmpty() || QFileInfo::exists(path))
+            return path;
+        QStringList places{m_folder.path()}; // more than one below folders that differ in nothing but case
+        const QStringList parts = QDir::cleanPath(written).split(QLatin1Char('/'), Qt::SkipEmptyParts);
+        for (const QString &part : parts) {
+            QStringList next;
+            for (const QString &place : std::as_const(places))
+                next += matches(place, part);
+            if (next.isEmpty())
+                return path;
+            places = next;
+        }
+        return QDir::cleanPath(places.first());
+    }
+
+private:
+    /// The paths of what bears the name, the one that is as written first.
+    QStringList matches(const QString &place, const QString &name)
+    {
+        const QDir folder(place);
+        auto known = m_entries.find(place);
+        if (known == m_entries.end()) // listed once: models miss many pictures in folders with many files
+            known = m_entries.insert(place, folder.entryList(QDir::AllEntries | QDir::NoDot, QDir::Name));
+        QStringList paths;
+        for (const QString &entry : std::as_const(*known)) {
+            if (entry == name)
+                paths.prepend(folder.filePath(entry));
+            else if (entry.compare(name, Qt::CaseInsensitive) == 0)
+                paths << folder.filePath(entry);
+        }
+        return paths;
+    }
+
+    QDir m_folder;
+    QHash<QString, QStringList> m_entries; // by the path of their folder
+};
 
 void pushTextures(const PmxFile &file, const QDir &folder)
 {
+    PictureFinder finder(folder);
     for (QString written : file.textures) {
         written.replace(QLatin1Char('\\'), QLatin1Char('/'));
         // Equal paths make nodes of their own: materials count on the number of the file.
-        gProject->addToScene(new KMFileTextureNode(written.isEmpty() ? QString() : foundPath(folder, written)),
+        gProject->addToScene(new KMFileTextureNode(written.isEmpty() ? QString() : finder.pathOf(written)),
                              KMProject::Naming::Keep);
     }
+}
+
+/// None where the file has it switched off, or means another kind of texture: the document knows neither, and would
+/// show a sphere map. The picture itself stays in the list.
+int sphereOf(const PmxFile::Material &material)
+{
+    if (material.sphere < 0 || material.sphereMode == Pmx::SphereMultiplied || material.sphereMode == Pmx::SphereAdded)
+        return material.sphere;
+    qDebug().noquote() << "sphere texture of the material" << material.name.local << "left out for its mode"
+                       << material.sphereMode;
+    return -1;
 }
 
 KMBasicShader valuesOf(const PmxFile::Material &material, int firstTexture)
@@ -72,9 +114,10 @@ KMBasicShader valuesOf(const PmxFile::Material &material, int firstTexture)
     values.ambient = colorOf(material.ambient);
     values.shininess = shininessOf(material.power);
     values.textures[KMBasicShader::Diffuse] = inDocument(material.texture);
-    values.textures[KMBasicShader::Sphere] = inDocument(material.sphere);
+    values.textures[KMBasicShader::Sphere] = inDocument(sphereOf(material));
     values.textures[KMBasicShader::Toon] = inDocument(material.toon);
-    values.sphereAdd = material.sphereMode == multipliedSphere;
+    values.sphereAdd = material.sphereMode == Pmx::SphereMultiplied;
+    values.doubleSided = material.flags & Pmx::MaterialDoubleSided;
     values.outlineEnabled = material.flags & Pmx::MaterialEdge;
     values.outlineColor = colorOf(material.edgeColor);
     values.outlineSize = material.edgeSize;

@@ -5,13 +5,13 @@
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
 #include "rig/KMBoneWeightCommands.h"
+#include "rig/KMMorphDeltas.h"
 #include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagMorph.h"
 
 #include <QDebug>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -26,19 +26,20 @@ bool isWhole(const std::array<int, 3> &triangle)
     return triangle[0] >= 0 && triangle[1] >= 0 && triangle[2] >= 0;
 }
 
-/// The entries of a vertex. A bone that is named twice bears both weights; one without a weight is left out, unless the
-/// vertex would end without any.
+/// The entries of a vertex. A bone that is named twice bears both weights; one without a weight, or with one below 0,
+/// is left out, unless the vertex would end without any.
 class Shares
 {
 public:
     Shares(const PmxFile::Vertex &vertex, const QVector<int> &numbers)
     {
         for (int b = 0; b < vertex.boneCount; ++b) {
-            if (vertex.weights[size_t(b)] != 0.0f)
-                add(numbers.value(vertex.bones[size_t(b)], -1), vertex.weights[size_t(b)]);
+            const float weight = KMTagBoneWeight::bounded(vertex.weights[size_t(b)]);
+            if (weight != 0.0f)
+                add(numbers.value(vertex.bones[size_t(b)], -1), weight);
         }
         for (int b = 0; b < vertex.boneCount && m_count == 0; ++b)
-            add(numbers.value(vertex.bones[size_t(b)], -1), vertex.weights[size_t(b)]);
+            add(numbers.value(vertex.bones[size_t(b)], -1), 0.0f);
     }
 
     KMShareView view() const { return {m_shares.data(), m_count}; }
@@ -183,10 +184,8 @@ KMMorph *PmxMeshBuilder::makeMorph(const PmxFile::Morph &record) const
     MorphDeltas deltas;
     deltas.reserve(int(record.offsets.size()));
     for (const PmxFile::Offset &told : record.offsets) {
-        const kvm::Vector3 offset = m_scale(told.offset);
-        const float length = offset.length();
-        if (told.vertex >= 0 && length > 0.0f && std::isfinite(length))
-            deltas.append({told.vertex, length, offset / length});
+        if (told.vertex >= 0)
+            appendDelta(deltas, told.vertex, m_scale(told.offset));
     }
     auto *morph = new KMMorph;
     morph->setName(record.name.local);

@@ -6,8 +6,9 @@
 
 namespace {
 
-constexpr int nameBytes = 8; // two texts without characters
-constexpr int vector3Bytes = 12;
+using Pmx::nameBytes;
+using Pmx::vector3Bytes;
+
 constexpr quint8 utf8 = 1;
 
 QString withLineFeeds(QString text)
@@ -223,7 +224,7 @@ PmxFile::Material PmxReader::readMaterial()
         m_in.skip(m_sizes.texture);
     if (!ownsToon && m_sizes.texture > 1)
         m_in.suspectHere(tr("the material %1 has a shared toon, told in one byte where this program looks for %2")
-                             .arg(material.name.local)
+                             .arg(material.name.brief())
                              .arg(m_sizes.texture));
     m_in.readText(); // memo
     const int corners = m_in.readI32();

@@ -20,7 +20,8 @@ public:
     const PmxFile &file() const { return m_file; }
     PmxFile takeFile() { return std::move(m_file); } ///< leaves the reader without records
     QString error() const { return m_in.error(); }
-    QStringList warnings() const { return m_in.warnings(); }
+    QStringList warnings() const { return m_in.firstWarnings(); }
+    int moreWarnings() const { return m_in.moreWarnings(); } ///< that are only counted
 
 private:
     /// The bones that the weights of the vertices name: the list that they lie in comes later.
@@ -42,6 +43,7 @@ private:
     PmxFile::Material readMaterial();
     void readBones();
     PmxFile::Bone readBone(int boneCount);
+    PmxFile::Inheritance readInheritance(int boneCount);
     void readIK(PmxFile::Bone &bone, int boneCount);
     void checkWeights(int boneCount);
     void readMorphs();

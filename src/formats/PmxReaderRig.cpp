@@ -4,12 +4,8 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr int nameBytes = 8; // two texts without characters
-constexpr int vector3Bytes = 12;
-
-} // namespace
+using Pmx::nameBytes;
+using Pmx::vector3Bytes;
 
 void PmxReader::readBones()
 {
@@ -40,14 +36,14 @@ PmxFile::Bone PmxReader::readBone(int boneCount)
     else
         bone.tailOffset = m_in.readVector3();
     if (bone.flags & Pmx::InheritsRotation)
-        bone.rotation = {m_in.readIndex(m_sizes.bone, boneCount), m_in.readF32()};
+        bone.rotation = readInheritance(boneCount);
     if (bone.flags & Pmx::InheritsTranslation) {
         if (bone.flags & Pmx::InheritsRotation)
             m_in.suspectHere(
                 tr("the bone %1 inherits rotation and movement, told in one record where this program looks "
                    "for two")
-                    .arg(bone.name.local));
-        bone.translation = {m_in.readIndex(m_sizes.bone, boneCount), m_in.readF32()};
+                    .arg(bone.name.brief()));
+        bone.translation = readInheritance(boneCount);
     }
     if (bone.flags & Pmx::HasFixedAxis)
         m_in.skip(vector3Bytes);
@@ -60,6 +56,14 @@ PmxFile::Bone PmxReader::readBone(int boneCount)
     if (bone.flags & Pmx::HasIK)
         readIK(bone, boneCount);
     return bone;
+}
+
+PmxFile::Inheritance PmxReader::readInheritance(int boneCount)
+{
+    PmxFile::Inheritance inheritance;
+    inheritance.bone = m_in.readIndex(m_sizes.bone, boneCount);
+    inheritance.ratio = m_in.readF32();
+    return inheritance;
 }
 
 void PmxReader::readIK(PmxFile::Bone &bone, int boneCount)

@@ -29,10 +29,11 @@ void PmxRigBuilder::push()
     m_rig = new KMBoneContainer;
     gProject->addToScene(m_rig);
     makeBones();
+    // Tags come and go with their new bones: a step for each would walk over all of a bone's tags each time.
+    addConstraints();
+    addBodies();
+    addJoints();
     hangBones();
-    pushConstraints();
-    pushBodies();
-    pushJoints();
 }
 
 void PmxRigBuilder::makeBones()
@@ -72,7 +73,8 @@ QVector<int> PmxRigBuilder::soundParents()
     for (const PmxFile::Bone &record : m_file.bones)
         parents << record.parent;
     for (const int cut : cutParentLoops(parents))
-        m_warnings << tr("The bone %1 stands below itself and was put at the top").arg(m_bones[cut]->name());
+        m_warnings
+            << tr("The bone %1 stands below itself and was put at the top").arg(m_file.bones[size_t(cut)].name.brief());
     return parents;
 }
 
@@ -103,7 +105,8 @@ void PmxRigBuilder::hang(int bone, int parent)
 {
     // Below the limit children come beside their parent: many walks recurse.
     if (parent >= 0 && m_depths[parent] >= KMBoneEdit::MaxDepth) {
-        m_warnings << tr("The bone %1 lies too deep in its rig and was moved up").arg(m_bones[bone]->name());
+        m_warnings
+            << tr("The bone %1 lies too deep in its rig and was moved up").arg(m_file.bones[size_t(bone)].name.brief());
         parent = m_parents[parent];
     }
     m_parents[bone] = parent;
@@ -111,36 +114,37 @@ void PmxRigBuilder::hang(int bone, int parent)
     gSolution->push(new addBoneCommand(m_rig, m_bones[bone], this->bone(parent)));
 }
 
-void PmxRigBuilder::pushTag(KMBone *bone, KMTagBase *tag)
+/// In doubles, and rounded once.
+float PmxRigBuilder::inDegrees(float radians, double sign) const
 {
-    gSolution->push(new addTagBoneContainerCommand(bone, tag, -1, addTagCommand::Name::Keep));
+    return m_scale.finite(float(sign * Pmx::DegreesPerRadian * double(radians)));
 }
 
-void PmxRigBuilder::pushConstraints()
+void PmxRigBuilder::addConstraints()
 {
     for (int i = 0; i < m_bones.size(); ++i) {
         const PmxFile::Bone &record = m_file.bones[size_t(i)];
         if (record.flags & Pmx::InheritsRotation)
-            pushConstraint(i, {bone(record.rotation.bone), record.rotation.ratio, 0, KMTagConstraint::Rotate, 0});
+            addConstraint(i, {bone(record.rotation.bone), record.rotation.ratio, 0, KMTagConstraint::Rotate, 0});
         if (record.flags & Pmx::InheritsTranslation)
-            pushConstraint(i,
-                           {bone(record.translation.bone), record.translation.ratio, 0, KMTagConstraint::Translate, 0});
+            addConstraint(i,
+                          {bone(record.translation.bone), record.translation.ratio, 0, KMTagConstraint::Translate, 0});
         if (record.flags & Pmx::HasFixedAxis)
-            pushConstraint(i, {nullptr, 0.0f, 0, KMTagConstraint::Twist, 0});
+            addConstraint(i, {nullptr, 0.0f, 0, KMTagConstraint::Twist, 0});
         if (!(record.flags & Pmx::HasIK))
             continue;
-        const auto angle = float(double(record.ikAngle) * Pmx::DegreesPerRadian);
-        pushConstraint(i, {bone(record.ikTarget), angle, record.ikLoop, KMTagConstraint::IK, int(record.links.size())});
+        const float angle = inDegrees(record.ikAngle);
+        addConstraint(i, {bone(record.ikTarget), angle, record.ikLoop, KMTagConstraint::IK, int(record.links.size())});
         setLimits(record);
     }
 }
 
-void PmxRigBuilder::pushConstraint(int bone, const ConstraintData &data)
+void PmxRigBuilder::addConstraint(int bone, const ConstraintData &data)
 {
     auto *tag = new KMTagConstraint;
     tag->setName(m_bones[bone]->name());
     tag->setData(data);
-    pushTag(m_bones[bone], tag);
+    m_bones[bone]->addTagKeepName(tag);
 }
 
 /// The bones are new: what undoes them undoes their limits.

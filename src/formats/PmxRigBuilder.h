@@ -3,6 +3,7 @@
 #include "formats/PmxFile.h"
 #include "formats/PmxScale.h"
 #include "rig/KMRestBone.h"
+#include "rig/KMTagJoint.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -10,8 +11,6 @@
 
 class KMBone;
 class KMBoneContainer;
-class KMTagBase;
-class KMTagRigidBody;
 struct ConstraintData;
 struct PoseTransform;
 
@@ -35,15 +34,16 @@ private:
     QVector<int> soundParents();
     void hangBones();
     void hang(int bone, int parent);
-    void pushConstraints();
-    void pushConstraint(int bone, const ConstraintData &data);
+    void addConstraints();
+    void addConstraint(int bone, const ConstraintData &data);
     void setLimits(const PmxFile::Bone &record);
-    void pushBodies();
+    void addBodies();
     KMTagRigidBody *makeBody(const PmxFile::Body &record, const KMBone &bone);
-    int kind(int value, int count, const PmxFile::Body &record);
-    void pushJoints();
+    int kind(const QString &what, int value, int count, const PmxFile::Body &record);
+    JointData::Limits angularLimits(const PmxFile::Joint &record) const;
+    float inDegrees(float radians, double sign = 1.0) const;
+    void addJoints();
     PoseTransform poseOn(const KMBone &bone, const kvm::Vector3 &position, const kvm::Vector3 &rotation) const;
-    static void pushTag(KMBone *bone, KMTagBase *tag);
     KMBone *bone(int index) const { return m_bones.value(index, nullptr); }
 
     const PmxFile &m_file;

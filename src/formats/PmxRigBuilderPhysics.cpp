@@ -17,18 +17,6 @@ std::array<float, 6> inOrder(const kvm::Vector3 &lowest, const kvm::Vector3 &hig
     return {lowest.x, lowest.y, lowest.z, highest.x, highest.y, highest.z};
 }
 
-/// In doubles, and rounded once.
-JointData::Limits angularLimits(const PmxFile::Joint &record)
-{
-    JointData::Limits limits{};
-    const std::array<float, 6> radians = inOrder(record.angularMin, record.angularMax);
-    for (size_t i = 0; i < radians.size(); ++i) {
-        const Pmx::LimitPlace &limit = Pmx::AngularLimits[i];
-        limits[size_t(limit.place)] = float(double(limit.sign) * Pmx::DegreesPerRadian * double(radians[i]));
-    }
-    return limits;
-}
-
 JointData::Limits linearLimits(const PmxFile::Joint &record)
 {
     JointData::Limits limits{};
@@ -40,6 +28,17 @@ JointData::Limits linearLimits(const PmxFile::Joint &record)
 
 } // namespace
 
+JointData::Limits PmxRigBuilder::angularLimits(const PmxFile::Joint &record) const
+{
+    JointData::Limits limits{};
+    const std::array<float, 6> radians = inOrder(record.angularMin, record.angularMax);
+    for (size_t i = 0; i < radians.size(); ++i) {
+        const Pmx::LimitPlace &limit = Pmx::AngularLimits[i];
+        limits[size_t(limit.place)] = inDegrees(radians[i], double(limit.sign));
+    }
+    return limits;
+}
+
 /// On writing the rotation becomes that of the bone times that of the tag times the reverse of the quarter turn.
 PoseTransform PmxRigBuilder::poseOn(const KMBone &bone, const kvm::Vector3 &position,
                                     const kvm::Vector3 &rotation) const
@@ -47,17 +46,17 @@ PoseTransform PmxRigBuilder::poseOn(const KMBone &bone, const kvm::Vector3 &posi
     const kvm::Quaternion back = bone.rotation().conjugate();
     PoseTransform pose;
     pose.rotation = back * kvm::Quaternion::fromEuler(rotation) * Pmx::PlayerAxes;
-    pose.offset = back.rotate(m_scale(position) - bone.restHead());
+    pose.offset = m_scale.finite(back.rotate(m_scale(position) - bone.restHead()));
     return pose;
 }
 
-void PmxRigBuilder::pushBodies()
+void PmxRigBuilder::addBodies()
 {
     for (const PmxFile::Body &record : m_file.bodies) {
         KMBone *owner = bone(record.bone);
         m_bodies << (owner ? makeBody(record, *owner) : nullptr);
         if (owner)
-            pushTag(owner, m_bodies.last());
+            owner->addTagKeepName(m_bodies.last());
     }
     if (m_bodies.contains(nullptr))
         qDebug() << "rigid bodies without a bone, left out:" << m_bodies.count(nullptr);
@@ -67,9 +66,9 @@ KMTagRigidBody *PmxRigBuilder::makeBody(const PmxFile::Body &record, const KMBon
 {
     const kvm::Vector3 size = m_scale(record.size * 2.0f);
     RigidBodyData data;
-    data.shape = kind(record.shape, KMTagRigidBody::Capsule + 1, record);
-    data.rigidType = kind(record.mode, KMTagRigidBody::PhysFix + 1, record);
-    data.group = kind(record.group, KMTagRigidBody::GroupCount, record);
+    data.shape = kind(tr("shape"), record.shape, KMTagRigidBody::Capsule + 1, record);
+    data.rigidType = kind(tr("mode"), record.mode, KMTagRigidBody::PhysFix + 1, record);
+    data.group = kind(tr("group"), record.group, KMTagRigidBody::GroupCount, record);
     data.collisionMask = quint16(~record.mask);
     data.width = size.x;
     data.height = size.y;
@@ -86,18 +85,23 @@ KMTagRigidBody *PmxRigBuilder::makeBody(const PmxFile::Body &record, const KMBon
     return body;
 }
 
-/// One of so many kinds, else the first one.
-int PmxRigBuilder::kind(int value, int count, const PmxFile::Body &record)
+/// One of so many kinds of what is named, else the first one.
+int PmxRigBuilder::kind(const QString &what, int value, int count, const PmxFile::Body &record)
 {
     if (value < count)
         return value;
-    m_warnings << tr("The rigid body %1 has the unknown kind %2").arg(record.name.local).arg(value);
+    m_warnings << tr("The rigid body %1 (%2 of %3) has the unknown %4 %5")
+                      .arg(record.name.brief())
+                      .arg(m_bodies.size() + 1)
+                      .arg(m_file.bodies.size())
+                      .arg(what)
+                      .arg(value);
     return 0;
 }
 
 /// A joint hangs on the bone of its second body, as those do that are made for a chain of bones, else on that of the
 /// first.
-void PmxRigBuilder::pushJoints()
+void PmxRigBuilder::addJoints()
 {
     int left = 0;
     for (const PmxFile::Joint &record : m_file.joints) {
@@ -119,7 +123,7 @@ void PmxRigBuilder::pushJoints()
         auto *joint = new KMTagJoint;
         joint->setName(record.name.local);
         joint->setParameters(data);
-        pushTag(owner, joint);
+        owner->addTagKeepName(joint);
     }
     if (left > 0)
         qDebug() << "joints without a body, left out:" << left;

@@ -2,7 +2,7 @@
 
 #include "math/Finite.h"
 
-/// Takes lengths of a file into the document. What that makes infinite becomes 0 and is counted.
+/// Takes numbers of a file into the document. What leaves the bounds of numbers on the way becomes 0 and is counted.
 class PmxScale
 {
 public:
@@ -11,17 +11,22 @@ public:
     {
     }
 
-    kvm::Vector3 operator()(const kvm::Vector3 &v) const
+    kvm::Vector3 operator()(const kvm::Vector3 &v) const { return finite(v * m_factor); }
+    kvm::Vector3 finite(const kvm::Vector3 &v) const ///< of what was reckoned without the factor
     {
-        const kvm::Vector3 scaled = v * m_factor;
-        if (isFinite(scaled))
-            return scaled;
-        ++m_lost;
-        return {};
+        return isFinite(v) ? v : lose<kvm::Vector3>();
     }
+    float finite(float number) const { return std::isfinite(number) ? number : lose<float>(); }
     int lost() const { return m_lost; }
 
 private:
+    template <typename T>
+    T lose() const
+    {
+        ++m_lost;
+        return {};
+    }
+
     float m_factor;
     mutable int m_lost = 0;
 };

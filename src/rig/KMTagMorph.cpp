@@ -4,12 +4,11 @@
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
-#include "math/Finite.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMMorphCommands.h"
+#include "rig/KMMorphDeltas.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 
 using kvm::Vector3;
@@ -340,11 +339,7 @@ void KMTagMorph::buildDeltas(KMMorph *morph, const KMMeshNode &baseMesh, const K
         const KMVertex *shaped = targetMesh.vertex(to.at(rank));
         if (onlySelected && !shaped->hasFlag(KMElementFlag::Selected))
             continue;
-        const Vector3 d = withoutDust((shaped->pos - baseMesh.position(slot)) * ratio);
-        const double length = std::sqrt(double(d.x) * d.x + double(d.y) * d.y + double(d.z) * d.z);
-        if (length == 0.0 || !isFinite(d) || !std::isfinite(float(length)))
-            continue;
-        deltas.append({slot, float(length), {float(d.x / length), float(d.y / length), float(d.z / length)}});
+        appendDelta(deltas, slot, withoutDust((shaped->pos - baseMesh.position(slot)) * ratio));
     }
     morph->setDeltas(deltas);
 }

@@ -36,6 +36,7 @@
 
 #include <cmath>
 #include <functional>
+#include <limits>
 
 /// Models in the document.
 class tst_PmxImporter : public QObject
@@ -46,8 +47,10 @@ private slots:
     void cleanup();
     void surface();
     void weights();
+    void weightsOutOfBounds();
     void morphsAndFrames();
     void materials();
+    void sphereModes();
     void specularPower_data();
     void specularPower();
     void restBones();
@@ -63,6 +66,9 @@ private slots:
     void oneStep();
     void failureLeavesTheDocument_data();
     void failureLeavesTheDocument();
+    void endlessNumbers();
+    void manyRemarks();
+    void manyTags();
     void mutations();
     void realFiles_data();
     void realFiles();
@@ -251,6 +257,20 @@ void tst_PmxImporter::weights()
     QVERIFY(weightTag().vertexWeights(3).sdef());
 }
 
+/// What is below 0 bears nothing, and what rounding took above 1 leaves no rest.
+void tst_PmxImporter::weightsOutOfBounds()
+{
+    PmxFile file = PmxBytes::smallModel();
+    file.vertices[1].weights = {1.0000001f, -1.0f, 0.0f, 0.0f};
+    file.vertices[2].bones = {0, 1, 2, 3};
+    file.vertices[2].weights = {0.5f, 0.5f, 0.25f, -0.25f};
+    file.vertices[4].weights = {-0.5f, 0.0f, 0.0f, 0.0f};
+    QVERIFY(import(file));
+    QCOMPARE(weightsOf(1), QStringLiteral("tip 1"));
+    QCOMPARE(weightsOf(2), QStringLiteral("tip 0.5 中 0.5 low 0.25"));
+    QCOMPARE(weightsOf(4), QStringLiteral("root 0"));
+}
+
 void tst_PmxImporter::morphsAndFrames()
 {
     QVERIFY(import(PmxBytes::smallModel()));
@@ -279,6 +299,7 @@ void tst_PmxImporter::materials()
     QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("Tex")));
     QFile picture(m_dir.filePath(QStringLiteral("Tex/Face.png")));
     QVERIFY(picture.open(QIODevice::WriteOnly));
+    QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("TEX"))); // without the picture
     gProject->addNode(new KMFileTextureNode(QStringLiteral("/before.png")));
     gProject->addNode(new KMBasicShaderNode);
     QVERIFY(import(PmxBytes::smallModel()));
@@ -297,13 +318,28 @@ void tst_PmxImporter::materials()
     QCOMPARE(skin.textures[KMBasicShader::Diffuse], 1);
     QCOMPARE(skin.textures[KMBasicShader::Sphere], 2);
     QCOMPARE(skin.textures[KMBasicShader::Toon], 3);
-    QVERIFY(skin.sphereAdd && skin.outlineEnabled);
+    QVERIFY(skin.sphereAdd && skin.outlineEnabled && skin.doubleSided);
     QCOMPARE(skin.outlineColor, QColor::fromRgbF(0.25, 0.0, 0.5, 0.5));
     QCOMPARE(skin.outlineSize, 1.25f);
     const KMBasicShader plain = nodeAs<KMBasicShaderNode>(gProject->shader(2))->values();
-    QVERIFY(!plain.sphereAdd && !plain.outlineEnabled);
+    QVERIFY(!plain.sphereAdd && !plain.outlineEnabled && !plain.doubleSided);
     QVERIFY(plain.textures == (std::array<int, 6>{-1, -1, -1, -1, -1, -1}));
     QCOMPARE(mesh()->face(3)->shader, 2);
+}
+
+/// A sphere map shows only where the file has it so, and its texture stays in any case.
+void tst_PmxImporter::sphereModes()
+{
+    for (int mode = 0; mode < 5; ++mode) {
+        gSolution->newDocument();
+        PmxFile file = PmxBytes::smallModel();
+        file.materials[0].sphereMode = mode;
+        QVERIFY(import(file));
+        const KMBasicShader skin = nodeAs<KMBasicShaderNode>(gProject->shader(0))->values();
+        QCOMPARE(skin.textures[KMBasicShader::Sphere], mode == 1 || mode == 2 ? 1 : -1);
+        QCOMPARE(skin.sphereAdd, mode == 1);
+        QCOMPARE(gProject->textures().size(), 3);
+    }
 }
 
 void tst_PmxImporter::specularPower_data()
@@ -554,6 +590,9 @@ void tst_PmxImporter::oneStep()
         QVERIFY(moveDisplayNodeCommand::liveGroups().isEmpty());
         m_session->stack().redo();
         QCOMPARE(modelText().split(QLatin1Char('\n')), after.split(QLatin1Char('\n')));
+        QVERIFY(!gSolution->currentNode() && !gProject->tree()->currentItem());
+        for (const QTreeWidgetItem *row : KMTreeWidget::flatten(gProject->tree()))
+            QVERIFY2(!KMTreeWidget::nodeOf(row)->isSelected(), qPrintable(row->text(0)));
     }
     QCOMPARE(documentFault(), QString());
     m_session->stack().undo();
@@ -588,6 +627,63 @@ void tst_PmxImporter::failureLeavesTheDocument()
     QCOMPARE(m_prompt.messages.size(), boxes);
     QCOMPARE(modelText(), before);
     QCOMPARE(m_session->stack().count(), steps);
+}
+
+/// Finite numbers whose product or difference is none any more.
+void tst_PmxImporter::endlessNumbers()
+{
+    PmxFile file = PmxBytes::smallModel();
+    m_importer.scale = 1.0f;
+    file.bones[2].position = {3e38f, 3e38f, 3e38f};
+    file.bodies[0].bone = 2;
+    file.bodies[0].position = {-3e38f, -3e38f, -3e38f};
+    file.joints[0].angularMin.x = -1e37f;
+    file.joints[0].angularMax.z = 1e37f;
+    for (PmxFile::Bone &bone : file.bones)
+        bone.ikAngle = 1e37f;
+    QVERIFY(import(file));
+    QVERIFY2(shown().contains(QStringLiteral("became 0")), qPrintable(shown()));
+    for (const KMTagRigidBody *body : KMRigTags::bodies(rig()))
+        QVERIFY(isFinite(body->parameters().pose.offset));
+    for (const KMTagJoint *joint : KMRigTags::joints(rig())) {
+        for (const float limit : joint->parameters().angularLimit)
+            QVERIFY(std::isfinite(limit));
+    }
+    QCOMPARE(constraint(bone("root"), KMTagConstraint::IK)->data().value, 0.0f);
+}
+
+/// The remarks of reader and rig are counted together.
+void tst_PmxImporter::manyRemarks()
+{
+    PmxFile file = PmxBytes::smallModel();
+    const float none = std::numeric_limits<float>::quiet_NaN();
+    const kvm::Vector3 noPlace(none, 0.0f, 0.0f);
+    file.joints.resize(3, file.joints[0]);
+    for (PmxFile::Joint &joint : file.joints) {
+        for (kvm::Vector3 *vector : {&joint.position, &joint.rotation, &joint.linearMin, &joint.linearMax,
+                                     &joint.angularMin, &joint.angularMax, &joint.linearSpring, &joint.angularSpring})
+            *vector = noPlace;
+    }
+    file.bodies[0].group = 200;
+    file.bodies[0].shape = 7;
+    QVERIFY(import(file));
+    QVERIFY2(shown().endsWith(QStringLiteral("and 6 more")), qPrintable(shown())); // 24 numbers, 2 of the body
+}
+
+/// A small file can hang very many bodies on one bone: work that grew with their square would take minutes.
+void tst_PmxImporter::manyTags()
+{
+    PmxFile file = PmxBytes::smallModel();
+    const PmxFile::Body body = file.bodies[0];
+    file.bodies.resize(40000, body);
+    PmxBytes bytes(file);
+    bytes.sizes = PmxBytes::wide(4);
+    QVERIFY2(importBytes(bytes.bytes()), qPrintable(shown()));
+    QVERIFY(KMRigTags::bodies(rig()).size() > 39990);
+    m_session->stack().undo();
+    QVERIFY(gProject->ctrlsInTree().isEmpty());
+    m_session->stack().redo();
+    QVERIFY(KMRigTags::bodies(rig()).size() > 39990);
 }
 
 /// Whatever a file holds, it is refused in words or gives a sound document that undo takes away again.

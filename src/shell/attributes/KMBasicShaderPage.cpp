@@ -55,7 +55,7 @@ void KMBasicShaderPage::createColors()
     bindColor(tr("Specular"), QStringLiteral("specular"), &KMBasicShader::specular);
     bindColor(tr("Ambient"), QStringLiteral("ambient"), &KMBasicShader::ambient);
     bindColor(tr("Emissive"), QStringLiteral("emissive"), &KMBasicShader::emissive);
-    KMNumberField *shininess = addWhole(tr("Shininess"), QStringLiteral("shininess"), 2, 1000);
+    KMNumberField *shininess = addWhole(tr("Shininess"), QStringLiteral("shininess"), 1, 1000);
     connect(shininess, &KMNumberField::committed, this,
             [this](double number) { edit([number](KMBasicShader &values) { values.shininess = int(number); }); });
     m_showers << [shininess](const KMBasicShader &values) { shininess->showNumber(values.shininess); };

@@ -76,6 +76,15 @@ KMContainerNode *KMShelfDock::nodeOf(const QListWidgetItem *tile)
 
 void KMShelfDock::refill()
 {
+    struct Picture
+    {
+        QByteArray key;
+        QIcon icon;
+    };
+    // A step of the history brings or takes many, one by one: those that stay keep their pictures.
+    QHash<KMContainerNode *, Picture> made;
+    for (int i = 0; i < m_list->count(); ++i)
+        made.insert(nodeOf(m_list->item(i)), {m_list->item(i)->data(KeyRole).toByteArray(), m_list->item(i)->icon()});
     const QSignalBlocker blocker(m_list);
     m_list->clear();
     for (KMContainerNode *node : nodes()) {
@@ -84,6 +93,9 @@ void KMShelfDock::refill()
         tile->setFlags(tile->flags() | Qt::ItemIsEditable);
         tile->setData(Qt::UserRole, qulonglong(reinterpret_cast<quintptr>(node)));
         tile->setTextAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+        const Picture known = made.value(node);
+        tile->setData(KeyRole, known.key);
+        tile->setIcon(known.icon);
     }
     refresh();
 }
