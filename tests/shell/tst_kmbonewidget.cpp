@@ -70,6 +70,7 @@ void tst_kmbonewidget::initTestCase()
 {
     m_window = std::make_unique<TestWindow>();
     m_dock = m_window->child<kmbonewidget>("kmbonewidget");
+    (*m_window)->setAnimated(false); // rows are where they will be
     for (const char *other : {"kmnodewidget", "kmshaderwidget", "kmtexturewidget"})
         m_window->child<QWidget>(other)->hide(); // room for all rows
     m_dock->setFloating(false);
