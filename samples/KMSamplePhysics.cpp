@@ -86,13 +86,19 @@ float lengthOf(const KMBone *bone)
     return (bone->restTail() - bone->restHead()).length();
 }
 
+/// Of a sphere or a capsule with so long a straight part: the document has diameters, and twice that part.
+void setRound(RigidBodyData &data, float radius, float straight)
+{
+    data.width = 2.0f * radius;
+    data.height = 2.0f * straight;
+}
+
 void Maker::addFixed(const FixedRow &row) const
 {
     KMBone *owner = bone(row.bone);
     RigidBodyData data;
     data.shape = row.shape;
-    data.width = row.radius;
-    data.height = lengthOf(owner) * (row.to - row.from);
+    setRound(data, row.radius, lengthOf(owner) * (row.to - row.from));
     data.group = BodyGroup;
     data.collisionMask = 1u << BodyGroup;
     data.pose.offset = {0.0f, 0.0f, -0.5f * (row.from + row.to) * lengthOf(owner)};
@@ -110,8 +116,7 @@ void Maker::addChain(const QVector<QByteArray> &names, const Softness &softness)
         RigidBodyData data;
         data.shape = KMTagRigidBody::Capsule;
         data.rigidType = KMTagRigidBody::Physics;
-        data.width = softness.radius;
-        data.height = lengthOf(owner) * 0.8f;
+        setRound(data, softness.radius, lengthOf(owner) * 0.8f);
         data.mass = softness.mass;
         data.linearDamping = data.angularDamping = softness.damping;
         data.group = softness.group;
@@ -136,7 +141,7 @@ void Maker::addSideJoint(const QByteArray &a, const QByteArray &b, const Softnes
     JointData data = jointOf(KMPhysicsMaking::firstBody(owner), KMPhysicsMaking::firstBody(other), softness);
     data.pose.offset = owner->rotation().conjugate().rotate(middle - owner->restHead());
     constexpr float give = 1.5f;
-    data.linearLimit = {-give, give, -give, give, -give, give};
+    data.linearLimit = {0.0f, 0.0f, -give, give, -give, give}; // a model file takes the two of X the other way round
     auto *joint = new KMTagJoint;
     joint->setParameters(data);
     joint->setName(owner->name() + QLatin1Char('-') + other->name());
