@@ -30,11 +30,7 @@ KMBoneContainer *currentOrFirst()
         if (!rig->isDeleted())
             return rig;
     }
-    for (KMCtrlNode *node : gProject->ctrlsInTree()) {
-        if (isRig(node))
-            return nodeAs<KMBoneContainer>(node);
-    }
-    return nullptr;
+    return KMBoneContainer::inTree().value(0);
 }
 
 QString fault(const KMBoneContainer *rig)

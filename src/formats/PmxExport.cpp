@@ -54,20 +54,10 @@ constexpr Row rows[] = {
 
 QHash<QString, QVariant> lastAnswers; // of this run, but for the rig
 
-QList<KMBoneContainer *> rigs()
-{
-    QList<KMBoneContainer *> rigs;
-    for (KMNode *node : gProject->ctrlsInTree().nodes()) {
-        if (node->type() == KMNodeType::BoneContainer)
-            rigs.append(nodeAs<KMBoneContainer>(node));
-    }
-    return rigs;
-}
-
 KMOption rigOption(const QString &label)
 {
     KMOption option{QLatin1String(rootKey), label, KMOption::Choice, 0};
-    const QList<KMBoneContainer *> all = rigs();
+    const QList<KMBoneContainer *> all = KMBoneContainer::inTree();
     for (const KMBoneContainer *rig : all)
         option.choices.append(rig->name());
     option.value = qMax(0, all.indexOf(KMBoneContainer::activeBoneContainer()));
@@ -84,7 +74,7 @@ Options optionsOf(const KMOptionForm &answers)
     }
     if (answers.value(QLatin1String(outlineKey)).toBool())
         options.edgeScale = float(KMOutlinePercent::current()) * 0.01f;
-    options.root = rigs().value(answers.value(QLatin1String(rootKey)).toInt());
+    options.root = KMBoneContainer::inTree().value(answers.value(QLatin1String(rootKey)).toInt());
     return options;
 }
 
