@@ -130,7 +130,6 @@ BoneAnimation::Relinked BoneAnimation::relinkTracks()
         if (!bones.contains(bone->name()))
             bones.insert(bone->name(), bone); // the first of a name is the one
     }
-    noteChange();
     m_byName.clear();
     const QList<BoneTrack *> before = std::exchange(m_tracks, {});
     for (int i = 0; i < before.size(); ++i) {
@@ -146,6 +145,8 @@ BoneAnimation::Relinked BoneAnimation::relinkTracks()
         m_tracks << track;
         m_byName.insert(track->name, track);
     }
+    if (!changes.isEmpty())
+        noteChange();
     return changes;
 }
 

@@ -11,6 +11,7 @@
 #include "rig/KMBoneTreeCommands.h"
 
 #include <algorithm>
+#include <limits>
 
 KMBoneContainer::KMBoneContainer()
     : m_tree(new KMBoneTreeWidget)
@@ -170,6 +171,7 @@ void KMBoneContainer::restoreOrder(BoneAnimation::Relinked &&relinked)
 void KMBoneContainer::markOrderStale()
 {
     m_orderStale = true;
+    m_linkedTracks = std::numeric_limits<quint64>::max();
     if (gProject)
         gProject->rebuildDerivedLists(); // helpers show as long as their bones are there
     requestPose();
@@ -177,7 +179,10 @@ void KMBoneContainer::markOrderStale()
 
 BoneAnimation::Relinked KMBoneContainer::relinkTracks()
 {
+    if (m_linkedTracks == m_animation->revision())
+        return {};
     BoneAnimation::Relinked relinked = m_animation->relinkTracks();
+    m_linkedTracks = m_animation->revision();
     if (!relinked.isEmpty())
         requestFrame();
     return relinked;
@@ -185,8 +190,9 @@ BoneAnimation::Relinked KMBoneContainer::relinkTracks()
 
 void KMBoneContainer::restoreTracks(BoneAnimation::Relinked &&relinked)
 {
-    if (!relinked.isEmpty())
-        requestFrame();
+    if (relinked.isEmpty())
+        return;
+    requestFrame();
     m_animation->takeBack(std::move(relinked));
 }
 

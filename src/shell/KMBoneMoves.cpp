@@ -90,6 +90,8 @@ void KMBoneMoves::move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidge
                  [parent](const KMBone *bone) { return canMoveBone(bone, parent); });
     if (movable.size() < bones.size())
         tell(QCoreApplication::translate("KMBoneMoves", "A bone can't stand below itself"));
+    const auto lacksRoom = [parent](const KMBone *bone) { return !KMBoneEdit::hasRoomFor(bone, parent); };
+    movable.erase(std::remove_if(movable.begin(), movable.end(), lacksRoom), movable.end());
     KMBone *sibling = target && !isInto ? stayingSibling(target, place, movable) : nullptr;
     if (movable.isEmpty() || standThere(movable, parent, sibling))
         return;

@@ -62,6 +62,16 @@ void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
     gSolution->push(new moveNodeCommand(mode, sibling, node));
 }
 
+/// Else the node would be moved up when the document is read again.
+bool hasRoom(const KMContainerNode *parent, const KMContainerNode *node)
+{
+    if (!parent || KMTreeWidget::hasRoom(parent->item(), node->item()))
+        return true;
+    gSolution->showMessage(tr("Nodes can't stand deeper than %1 in one another").arg(KMTreeWidget::MaxDepth),
+                           KMCommand::MessageLevel);
+    return false;
+}
+
 bool hasTagNamed(const KMContainerNode *node, const QString &name)
 {
     const QList<KMTagBase *> tags = node->tags();
@@ -124,20 +134,19 @@ QList<KMContainerNode *> KMNodeEdits::affectedBy(KMContainerNode *node)
 
 bool KMNodeEdits::move(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place)
 {
+    const bool isInto = place == KMTreeWidget::Place::Into;
+    KMContainerNode *parent = target && !isInto ? KMTreeWidget::parentNodeOf(target) : target;
     QList<KMContainerNode *> movable;
     for (KMContainerNode *node : nodes) {
-        if (canMove(node, target) || (node == target && place != KMTreeWidget::Place::Into && nodes.size() > 1))
+        const bool isPossible = canMove(node, target) || (node == target && !isInto && nodes.size() > 1);
+        if (isPossible && hasRoom(parent, node))
             movable << node;
     }
     if (movable.isEmpty())
         return false;
 
-    KMContainerNode *parent = nullptr;
     KMContainerNode *sibling = nullptr; // the nodes go before it, or last where there is none
-    if (target && place == KMTreeWidget::Place::Into) {
-        parent = target;
-    } else if (target) {
-        parent = KMTreeWidget::parentNodeOf(target);
+    if (target && !isInto) {
         const bool atTarget = place == KMTreeWidget::Place::Before && !movable.contains(target);
         sibling = atTarget ? target : nextSibling(target, movable);
     }
@@ -154,7 +163,10 @@ bool KMNodeEdits::move(const QList<KMContainerNode *> &nodes, KMContainerNode *t
 
 void KMNodeEdits::groupUnderNull(const QList<KMContainerNode *> &nodes)
 {
-    if (nodes.isEmpty())
+    const auto fits = [&nodes](const KMContainerNode *node) {
+        return hasRoom(nodes.first(), node); // the group will stand as deep
+    };
+    if (nodes.isEmpty() || !std::all_of(nodes.begin(), nodes.end(), fits))
         return;
     const KMUndoMacro macro(tr("Group"));
     auto *group = new KMNullNode;
@@ -173,11 +185,11 @@ void KMNodeEdits::addModifier(KMContainerNode *modifier)
     const KMUndoMacro macro(tr("Add Node"));
     gSolution->push(new selectNodeCommand(gSolution->currentNode())); // undone, it is current again
     gProject->addToScene(modifier);
-    if (mesh)
-        moveTo(modifier, mesh);
-    else
+    if (!mesh)
         gSolution->showMessage(tr("No mesh was current: move the modifier below the mesh that it shall change"),
                                KMCommand::MessageLevel);
+    else if (hasRoom(mesh, modifier))
+        moveTo(modifier, mesh);
     gProject->checkModifiers();
     if (mesh)
         mesh->item()->setExpanded(true);

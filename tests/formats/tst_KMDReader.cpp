@@ -403,7 +403,7 @@ void tst_KMDReader::deepTree()
             ++depth;
         deepest = qMax(deepest, depth);
     }
-    QCOMPARE(deepest, KMD::MaxTreeDepth);
+    QCOMPARE(deepest, KMTreeWidget::MaxDepth);
     QVERIFY(shownText().contains(QStringLiteral("too deep")));
     QVERIFY(shownText().contains(QStringLiteral("and 3980 more"))); // few words for many faults
 }

@@ -170,11 +170,12 @@ void tst_VmdImporter::keysComeAsTheyStand()
 {
     RandomNumbers::Random random(54);
     const auto dump = [this] { return m_scene->dump.text(); };
-    const QByteArray names[] = {VmdBytes::shiftJis(m_arm->name()), VmdBytes::shiftJis(m_hand->name()), "nobody"};
+    const QByteArray names[] = {VmdBytes::shiftJis(m_arm->name()), VmdBytes::shiftJis(m_hand->name()), "nobody",
+                                QByteArray("nobody\0rest", 11)}; // of one name
     for (int round = 0; round < 20; ++round) {
         QVector<VmdBytes::Key> keys;
         for (int i = 0; i < 60; ++i) { // of few frames, so that many come twice
-            VmdBytes::Key key{names[random() % 3], quint32(random() % 30 * 140000000), RandomNumbers::point(random)};
+            VmdBytes::Key key{names[random() % 4], quint32(random() % 30 * 140000000), RandomNumbers::point(random)};
             key.rotation = {RandomNumbers::number(random), RandomNumbers::number(random), RandomNumbers::number(random),
                             RandomNumbers::number(random)};
             for (char &byte : key.curves)
@@ -182,6 +183,7 @@ void tst_VmdImporter::keysComeAsTheyStand()
             keys << key;
         }
         const QByteArray bytes = VmdBytes::file(keys);
+        QTest::ignoreMessage(QtCriticalMsg, "2 of the 3 bones in the file were found");
         const QString fault = stepFailure(dump, QStringLiteral("Import VMD"), [&] { load(bytes); });
         QVERIFY2(fault.isEmpty(), qPrintable(fault));
         QHash<QPair<QString, quint32>, PlainKey *> last;

@@ -7,6 +7,7 @@
 #include "support/TestRegistry.h"
 
 #include <QListWidget>
+#include <QSignalSpy>
 #include <QTest>
 
 /// Tiles and their pictures.
@@ -53,11 +54,12 @@ protected:
 
 } // namespace
 
-/// A step that brings many textures, or takes them back, makes a picture of each once.
+/// A step that brings many textures, or takes them back, makes all tiles once, and a picture of each.
 void tst_KMShelfDock::picturesAreKept()
 {
     KMHeadlessSession session;
     CountingShelf shelf;
+    const QSignalSpy told(gProject, &KMProject::texturesChanged);
     constexpr int count = 12;
     {
         const KMUndoMacro macro(QStringLiteral("Textures"));
@@ -67,10 +69,13 @@ void tst_KMShelfDock::picturesAreKept()
     const auto *list = shelf.findChild<QListWidget *>();
     QCOMPARE(list->count(), count);
     QCOMPARE(std::exchange(shelf.made, 0), count);
+    QCOMPARE(told.size(), 1);
     session.stack().undo();
     QCOMPARE(list->count(), 0);
     QCOMPARE(shelf.made, 0);
+    QCOMPARE(told.size(), 2);
     session.stack().redo();
+    QCOMPARE(told.size(), 3);
     QCOMPARE(shelf.made, count);
     for (int i = 0; i < count; ++i)
         QVERIFY(!list->item(i)->icon().isNull());
