@@ -48,7 +48,7 @@ bool isLong(const QMessageBox &box, const QString &text)
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
     const QSize shown =
         box.fontMetrics().boundingRect({0, 0, usualWidth, QWIDGETSIZE_MAX}, Qt::TextWordWrap, text).size();
-    return shown.height() > screen.height() / 3 || shown.width() > screen.width() / 2;
+    return shown.height() > screen.height() / 3 || shown.width() > qMax(usualWidth, screen.width() / 2);
 }
 
 /// A long text scrolls, in the place of the box's label, and the box stays within the screen.
