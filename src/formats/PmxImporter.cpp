@@ -124,7 +124,7 @@ void PmxImporter::build(const QString &path, PmxFile &file)
         PmxMaterials::push(file, QFileInfo(path).absoluteDir());
         PmxRigBuilder rig(file, scaled);
         rig.push();
-        m_warnings += rig.warnings();
+        m_warnings = rig.warnings() + m_warnings; // few, and none of them shall hide behind many numbers
         PmxMeshBuilder mesh(file, scaled, rig.bones(), firstShader);
         pushMesh(file, mesh.build(), mesh);
         pushFrames(file, rig, mesh);

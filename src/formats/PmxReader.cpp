@@ -156,8 +156,8 @@ void PmxReader::readWeights(PmxFile::Vertex &vertex, int i)
         m_in.skip(sdefBytes); // reckoned anew from the bones
     for (int b = 0; b < vertex.boneCount; ++b) {
         const int bone = vertex.bones[size_t(b)];
-        if (vertex.weights[size_t(b)] == 0.0f)
-            continue;
+        if (vertex.weights[size_t(b)] <= 0.0f)
+            continue; // left out
         if (bone < -1)
             m_in.fail(tr("The index %1 for a bone").arg(bone));
         else if (bone > m_highestBone.index)

@@ -136,6 +136,7 @@ bool PmxTextures::mayWrite(const QString &path) const
     question.text = path + tr(" is already exists.\nOverwrite the current file?");
     question.buttons = QMessageBox::Ok | QMessageBox::Cancel;
     question.defaultButton = QMessageBox::Cancel;
+    question.parent = m_options.parent;
     return KMPrompt::current().message(question) == QMessageBox::Ok;
 }
 
