@@ -337,6 +337,8 @@ void tst_PmxExporter::armAxes()
         const Vector3 y = cross(bone.localZ, bone.localX);
         QVERIFY(y.y > 0.0f && qAbs(bone.localZ.y) < 1e-6f); // as far up as the bone allows
     }
+    scene.arm->setName(QStringLiteral("左腕"));
+    QCOMPARE(scene.exported().bones[3].localX, file.bones[3].localX);
     scene.options.convertAxis = false;
     const PmxRecords plain = scene.exported();
     QCOMPARE(file.bones[0].localX, plain.bones[0].localX);
