@@ -74,8 +74,10 @@ bool isMoved(const KMMeshNode &mesh)
     QVector<bool> posed; // by the numbers of the tag
     for (int i = 0; i < tag->bones().size(); ++i)
         posed.append(tag->isLive(i) && isPosed(*tag->bones().at(i)));
+    if (!posed.contains(true))
+        return false;
     const auto moves = [&posed](const KMBoneShare &share) { return share.weight > 0.0f && posed.at(share.bone); };
-    for (int v = 0; posed.contains(true) && v < mesh.vertexCount(); ++v) {
+    for (int v = 0; v < mesh.vertexCount(); ++v) {
         const KMShareView shares = tag->lists().of(v);
         if (mesh.vertex(v) && std::any_of(shares.begin(), shares.end(), moves))
             return true;

@@ -373,13 +373,15 @@ void tst_PmxExport::pictureOverwriting()
     scene.addMesh(MeshFixtures::grid(1, 1))->setFaceShader(0, 0);
     const QString png = folder.filePath(QStringLiteral("skin.png"));
     scene.answer(QStringLiteral("psd-to-png"), true);
+    QWidget window;
+    scene.form.parent = &window;
     picture.fill(Qt::blue);
     const auto colorAfter = [&](QMessageBox::StandardButton button, bool isAsked) {
         picture.save(png, "png");
         scene.prompt.messages.clear();
         scene.prompt.buttons = {button};
         const bool isWritten = scene.write();
-        const bool wasAsked = scene.prompt.messages.size() == 1
+        const bool wasAsked = scene.prompt.messages.size() == 1 && scene.prompt.messages[0].parent == &window
                               && scene.prompt.messages[0].text
                                      == png + QStringLiteral(" is already exists.\nOverwrite the current file?");
         return isWritten && wasAsked == isAsked ? QImage(png).pixelColor(0, 0) : QColor();
