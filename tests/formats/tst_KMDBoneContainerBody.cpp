@@ -182,11 +182,28 @@ private slots:
     void everyVersion();
     void oddParents();
     void weightsOverGaps();
+    void manyBones();
     void mutations();
 
 private:
     std::unique_ptr<KMHeadlessSession> m_session;
 };
+
+/// Whatever could be made can be read again.
+void tst_KMDBoneContainerBody::manyBones()
+{
+    constexpr int count = 12000;
+    auto *rig = new KMBoneContainer;
+    gProject->addToScene(rig);
+    for (int i = 0; i < count; ++i)
+        rig->attachBone(new KMBone, nullptr);
+    rig->rebuildOrder();
+    const QByteArray bytes = saved();
+    gSolution->newDocument();
+    KMDReader reader;
+    QVERIFY2(reader.readBytes(bytes), qPrintable(reader.error()));
+    QCOMPARE(KMBoneContainer::inTree().value(0)->bones().size(), count);
+}
 
 void tst_KMDBoneContainerBody::roundTrip()
 {
