@@ -9,8 +9,7 @@ class KMFileTextureNode : public KMTextureNode
 public:
     explicit KMFileTextureNode(const QString &path = {});
 
-    /// The place of the file. In a document without a folder of its own a relative path stays one, and no file is
-    /// known.
+    /// The place of the file. In a document that lies nowhere yet a relative path stays one, and no file is known.
     QString path() const { return m_path; }
     QString filePath() const; ///< absolute; empty as long as no file is known
     /// Another path forgets the pixels; they are read when next asked for. A relative one is meant from the folder of

@@ -49,13 +49,13 @@ QString pathOf(const KMTextureNode *node)
 /// The file, or as long as there is no such file the nearest folder above it that there is.
 QString watchedPathOf(const KMTextureNode *node)
 {
-    QString path = pathOf(node);
+    const QString path = pathOf(node);
     if (path.isEmpty() || QFileInfo(path).isFile())
         return path;
-    do
-        path = QFileInfo(path).absolutePath();
-    while (!QDir(path).exists() && !QDir(path).isRoot());
-    return path;
+    QString folder = QFileInfo(path).absolutePath();
+    while (!QDir(folder).exists() && !QDir(folder).isRoot())
+        folder = QFileInfo(folder).absolutePath();
+    return folder;
 }
 
 } // namespace

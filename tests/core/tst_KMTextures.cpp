@@ -229,28 +229,20 @@ void tst_KMTextures::pathsInFiles_data()
 {
     QTest::addColumn<QString>("place");
     QTest::addColumn<QString>("text"); // in a file of the folder /d/m
-    QTest::newRow("beside") << "/d/m/skin.png"
-                            << "skin.png";
-    QTest::newRow("below") << "/d/m/tex/肌 1.png"
-                           << "tex/肌 1.png";
-    QTest::newRow("dots in a name") << "/d/m/..tex/a.png"
-                                    << "..tex/a.png";
-    QTest::newRow("elsewhere") << "/d/n/skin.png"
-                               << "/d/n/skin.png";
-    QTest::newRow("folder of a longer name") << "/d/mm/skin.png"
-                                             << "/d/mm/skin.png";
-    QTest::newRow("above") << "/d/skin.png"
-                           << "/d/skin.png";
-    QTest::newRow("looks like a drive") << "/d/m/C:/skin.png"
-                                        << "/d/m/C:/skin.png";
-    QTest::newRow("another system") << "C:\\tex\\skin.png"
-                                    << "C:\\tex\\skin.png";
-    QTest::newRow("another network") << "\\\\host\\skin.png"
-                                     << "\\\\host\\skin.png";
-    QTest::newRow("in the program") << ":/img/skin.png"
-                                    << ":/img/skin.png";
-    QTest::newRow("none") << ""
-                          << "";
+    const auto row = [](const char *name, const char *place, const char *text) {
+        QTest::newRow(name) << QString::fromUtf8(place) << QString::fromUtf8(text);
+    };
+    row("beside", "/d/m/skin.png", "skin.png");
+    row("below", "/d/m/tex/肌 1.png", "tex/肌 1.png");
+    row("dots in a name", "/d/m/..tex/a.png", "..tex/a.png");
+    row("elsewhere", "/d/n/skin.png", "/d/n/skin.png");
+    row("folder of a longer name", "/d/mm/skin.png", "/d/mm/skin.png");
+    row("above", "/d/skin.png", "/d/skin.png");
+    row("looks like a drive", "/d/m/C:/skin.png", "/d/m/C:/skin.png");
+    row("another system", "C:\\tex\\skin.png", "C:\\tex\\skin.png");
+    row("another network", "\\\\host\\skin.png", "\\\\host\\skin.png");
+    row("in the program", ":/img/skin.png", ":/img/skin.png");
+    row("none", "", "");
 }
 
 /// A document takes along what lies at or below its folder, and finds the rest again from anywhere.
