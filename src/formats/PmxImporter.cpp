@@ -124,14 +124,14 @@ void PmxImporter::build(const QString &path, PmxFile &file)
         PmxMaterials::push(file, QFileInfo(path).absoluteDir());
         PmxRigBuilder rig(file, scaled);
         rig.push();
-        m_warnings += rig.warnings();
+        m_warnings = rig.warnings() + m_warnings; // ahead of numbers that aren't finite, which come in floods
         PmxMeshBuilder mesh(file, scaled, rig.bones(), firstShader);
         pushMesh(file, mesh.build(), mesh);
         pushFrames(file, rig, mesh);
         gSolution->push(new selectNothingCommand);
     }
     if (scaled.lost() > 0)
-        m_warnings << tr("%1 places or numbers left all bounds on their way in, and became 0").arg(scaled.lost());
+        m_warnings.prepend(tr("%1 places or numbers left all bounds on their way in, and became 0").arg(scaled.lost()));
     if (gSolution->views())
         gSolution->views()->resetCamera();
 }
