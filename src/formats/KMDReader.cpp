@@ -5,6 +5,7 @@
 #include "core/KMShaderNode.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "core/KMTexturePath.h"
 #include "formats/KMDContents.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDSceneBuilder.h"
@@ -42,7 +43,7 @@ bool KMDReader::read(const QString &path)
     if (!open(file))
         return false;
     KMDStream in(&file);
-    return readStream(in);
+    return readStream(in, KMTexturePath::folderOf(path));
 }
 
 bool KMDReader::open(QFile &file)
@@ -57,10 +58,10 @@ bool KMDReader::open(QFile &file)
 bool KMDReader::readBytes(const QByteArray &bytes)
 {
     KMDStream in(bytes);
-    return readStream(in);
+    return readStream(in, KMTexturePath::openFolder());
 }
 
-bool KMDReader::readStream(KMDStream &in)
+bool KMDReader::readStream(KMDStream &in, const QString &folder)
 {
     KMDContents contents;
     startFromSession(contents);
@@ -68,6 +69,8 @@ bool KMDReader::readStream(KMDStream &in)
     m_warnings = in.warnings();
     if (!whole)
         return false;
+    for (KMDTextureRecord &texture : contents.textures)
+        texture.path = KMTexturePath::place(texture.path, folder);
     KMDSceneBuilder(contents, m_options).build();
     return true;
 }
