@@ -103,7 +103,6 @@ private slots:
     void verticesAndFaces();
     void weights_data();
     void weights();
-    void sphericalWeights();
     void bones();
     void constraints();
     void chains();
@@ -112,7 +111,6 @@ private slots:
     void joints();
     void materials();
     void morphsAcrossMeshes();
-    void morphsThroughSubdivision();
     void morphsOfTwoTags();
     void morphsThatGrow();
     void morphedMeshes();
@@ -217,33 +215,6 @@ void tst_PmxExporter::weights()
     QTEST(file.vertices[2].bones, "bones");
     QTEST(file.vertices[2].weights, "written");
     tag->clearEntries();
-}
-
-/// The parent's bone first, and of the points the second one.
-void tst_PmxExporter::sphericalWeights()
-{
-    PmxScene scene;
-    KMMeshNode *mesh = scene.addMesh(MeshFixtures::grid(2, 2));
-    KMTagBoneWeight *tag = PmxScene::weigh(mesh);
-    for (int v = 0; v < mesh->vertexCount(); ++v) {
-        const float share = 0.25f + 0.0625f * float(v);
-        tag->addEntry({v, share, scene.elbow});
-        tag->addEntry({v, 1.0f - share, scene.arm});
-        tag->setSdefFlag(v, true);
-    }
-    const PmxRecords file = scene.exported();
-    for (int v = 0; v < mesh->vertexCount(); ++v) {
-        const PmxRecords::Vertex &vertex = file.vertices[v];
-        const VertexWeights record = tag->vertexWeights(v);
-        QCOMPARE(vertex.deform, 3);
-        QCOMPARE(vertex.bones, QVector<int>({scene.arm->boneIndex(), scene.elbow->boneIndex()}));
-        QCOMPARE(vertex.weights, QVector<float>({0.75f - 0.0625f * float(v)}));
-        QVERIFY(record.sdefR0() != record.sdefR1());
-        QVector<float> expected;
-        for (const Vector3 &point : {record.sdefC(), record.sdefR1(), record.sdefR0()})
-            expected << point.x * 0.1f << point.y * 0.1f << point.z * 0.1f;
-        QCOMPARE(vertex.sdef, expected);
-    }
 }
 
 void tst_PmxExporter::bones()
@@ -494,40 +465,6 @@ void tst_PmxExporter::morphsAcrossMeshes()
         QVERIFY(isNear(offset, {0, i < 3 ? 0.2f : 0.4f, 0}));
     }
     QCOMPARE(file.morphs[1].offsets.size(), 3);
-}
-
-/// What a morph adds is what the chain makes of the morphed mesh, less what it makes without.
-void tst_PmxExporter::morphsThroughSubdivision()
-{
-    PmxScene scene;
-    KMMeshNode *mesh = scene.addMesh(MeshFixtures::cube());
-    mesh->setSmoothAngle(180.0f); // no vertex of the surface is split
-    for (KMFace *face : mesh->faces())
-        std::fill_n(face->uvs, face->count, kvm::Vector2());
-    const auto *sdv = scene.addModifier(mesh, new KMModSdvNode);
-    KMMorph *morph = PmxScene::addMorph(mesh, QStringLiteral("up"), 2, 3.0f);
-    morph->setValue(0.5f); // the file doesn't show it
-    const PmxRecords file = scene.exported();
-    QCOMPARE(morph->value(), 0.5f);
-    const auto placesWith = [&](float value) {
-        morph->setValue(value);
-        mesh->refreshMesh(KMMeshDirty::All);
-        QVector<Vector3> places;
-        for (const KMVertex *vertex : sdv->modMesh()->vertices())
-            places << vertex->pos * 0.1f;
-        return places;
-    };
-    const QVector<Vector3> rest = placesWith(0.0f), moved = placesWith(1.0f);
-    QCOMPARE(file.vertices.size(), rest.size());
-    QCOMPARE(file.morphs.size(), 1);
-    QVector<Vector3> offsets(rest.size());
-    for (const auto &[vertex, offset] : file.morphs[0].offsets)
-        offsets[vertex] = offset;
-    for (int v = 0; v < rest.size(); ++v) {
-        QCOMPARE(file.vertices[v].position, rest[v]);
-        QVERIFY(isNear(offsets[v], moved[v] - rest[v], 1e-6f));
-        QCOMPARE(offsets[v] == Vector3(), moved[v] == rest[v]);
-    }
 }
 
 /// Files may bring more than one: all are written, and none shows in what the others do.

@@ -48,35 +48,12 @@ bool isNear(const Vec &a, const kvm::Vector3 &b, double factor = 1.0)
            && isNear(a[2] * factor, double(b.z));
 }
 
-Vec difference(const kvm::Vector3 &a, const kvm::Vector3 &b)
-{
-    return {double(a.x) - double(b.x), double(a.y) - double(b.y), double(a.z) - double(b.z)};
-}
-
-Mat matrix(const kvm::Quaternion &q)
-{
-    const Vec v = vec({q.x, q.y, q.z});
-    const double length = std::sqrt(reference::dot(v, v));
-    if (length == 0.0)
-        return reference::rotation({1, 0, 0}, 0.0);
-    return reference::rotation({v[0] / length, v[1] / length, v[2] / length}, 2.0 * std::atan2(length, double(q.w)));
-}
-
 /// About X first, then Y, then Z.
 Mat matrix(const kvm::Vector3 &angles)
 {
     return reference::product(reference::rotation({0, 0, 1}, double(angles.z)),
                               reference::product(reference::rotation({0, 1, 0}, double(angles.y)),
                                                  reference::rotation({1, 0, 0}, double(angles.x))));
-}
-
-bool isNear(const Mat &a, const Mat &b)
-{
-    for (size_t i = 0; i < 3; ++i) {
-        if (reference::distance(a[i], b[i]) > 1e-4)
-            return false;
-    }
-    return true;
 }
 
 bool isNear(const QColor &color, QVector<float> channels)
@@ -92,11 +69,13 @@ bool isNear(const QColor &color, QVector<float> channels)
 /// Where something that hangs on a bone stands in the file: Y runs along a body there, Z does in the document.
 bool isPlaced(const PoseTransform &pose, const KMBone &bone, const kvm::Vector3 &position, const kvm::Vector3 &rotation)
 {
-    const Vec way = reference::apply(matrix(bone.rotation()), vec(pose.offset)), head = vec(bone.restHead());
-    const Mat turn = reference::product(reference::product(matrix(bone.rotation()), matrix(pose.rotation)),
-                                        reference::rotation({1, 0, 0}, quarter));
+    const Vec way = reference::apply(reference::rotation(bone.rotation()), vec(pose.offset)),
+              head = vec(bone.restHead());
+    const Mat turn =
+        reference::product(reference::product(reference::rotation(bone.rotation()), reference::rotation(pose.rotation)),
+                           reference::rotation({1, 0, 0}, quarter));
     return isNear(Vec{head[0] + way[0], head[1] + way[1], head[2] + way[2]}, position, scale)
-           && isNear(turn, matrix(rotation));
+           && reference::distance(turn, matrix(rotation)) < 1e-4;
 }
 
 template <class Tag>
@@ -335,7 +314,8 @@ void tst_PmxSample::morphs()
         for (int v = 0; v < vertices.size(); ++v) {
             Vec way{};
             if (vertices.at(v).shape == &*owner)
-                way = difference(owner->mesh->position(vertices.at(v).vertex), rest.at(vertices.at(v).vertex));
+                way = reference::minus(vec(owner->mesh->position(vertices.at(v).vertex)),
+                                       vec(rest.at(vertices.at(v).vertex)));
             QVERIFY2(isNear(way, offsets.value(v), scale), qPrintable(is.name + QString::number(v)));
             moved += reference::dot(way, way) > 0.0;
         }
@@ -398,10 +378,10 @@ void tst_PmxSample::bones()
         QCOMPARE(is.name, was.name());
         QCOMPARE(is.flags, flags);
         QCOMPARE(is.parent, boneOf(was.parentBone()));
-        const Mat turn = matrix(was.rotation());
+        const Mat turn = reference::rotation(was.rotation());
         const QByteArray name = was.name().toUtf8();
         QVERIFY2(isNear(vec(was.restHead()), is.head, scale), name);
-        QVERIFY2(isNear(difference(was.restTail(), was.restHead()), is.tail, scale), name);
+        QVERIFY2(isNear(reference::minus(vec(was.restTail()), vec(was.restHead())), is.tail, scale), name);
         QVERIFY2(isNear(reference::apply(turn, {1, 0, 0}), is.localX), name);
         QVERIFY2(isNear(reference::apply(turn, {0, 0, 1}), is.localZ), name);
         if (flags & 0x300)
@@ -449,7 +429,7 @@ void tst_PmxSample::bodies()
             // Players take these as radius and length of the straight part.
             if (bone->name() == QLatin1String("head"))
                 QVERIFY(is.shape == 0 && isNear(1.0, double(is.size.x)));
-            const Vec along = difference(bone->restTail(), bone->restHead());
+            const Vec along = reference::minus(vec(bone->restTail()), vec(bone->restHead()));
             if (is.mode == 1 && ++hanging)
                 QVERIFY2(isNear(0.8 * std::sqrt(reference::dot(along, along)) * scale, double(is.size.y)), name);
         }

@@ -6,15 +6,13 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneKeyCommands.h"
 #include "support/CommandProof.h"
+#include "support/MotionScene.h"
 #include "support/RandomNumbers.h"
-#include "support/RigScene.h"
-#include "support/ScriptedPrompt.h"
 #include "support/TestPaths.h"
 #include "support/TestRegistry.h"
 #include "support/VmdBytes.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QtEndian>
 
@@ -107,7 +105,7 @@ class tst_VmdImporter : public QObject
     Q_OBJECT
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { m_scene.reset(); }
     void keysComeAsTheyStand();
     void showsFrame0();
     void rigOfTheMotion_data();
@@ -120,57 +118,34 @@ private slots:
     void realFiles();
 
 private:
-    QString write(const QByteArray &bytes) const;
-    bool load(const QByteArray &bytes) { return VmdImporter::load(write(bytes)); }
-    QString shown() const { return m_prompt.messages.isEmpty() ? QString() : m_prompt.messages.last().text; }
+    bool load(const QByteArray &bytes) { return VmdImporter::load(m_scene->write(bytes)); }
+    QString shown() const
+    {
+        return m_scene->prompt.messages.isEmpty() ? QString() : m_scene->prompt.messages.last().text;
+    }
     BoneAnimation *motion() const { return m_scene->rig->animation(); }
     QUndoStack &history() { return m_scene->session.stack(); }
 
-    QTemporaryDir m_folder;
-    ScriptedPrompt m_prompt;
-    std::unique_ptr<KMPromptScope> m_scope;
-    std::unique_ptr<RigScene> m_scene;
-    KMBone *m_arm = nullptr;
-    KMBone *m_hand = nullptr;
+    std::unique_ptr<MotionScene> m_scene;
 };
 
-/// An arm and a hand, with keys and a frame that are not those of any file.
+/// With a key and a frame that are not those of any file.
 void tst_VmdImporter::init()
 {
-    m_prompt.messages.clear();
-    m_scope = std::make_unique<KMPromptScope>(&m_prompt);
-    m_scene = std::make_unique<RigScene>();
-    m_arm = m_scene->addBone(QStringLiteral("右腕"), nullptr, {0, 0, 0}, {0, 10, 0});
-    m_hand = m_scene->addBone(QStringLiteral("1234567890abcde"), m_arm, {0, 10, 0}, {0, 20, 0}); // fills its field
+    m_scene = std::make_unique<MotionScene>(QStringLiteral("1234567890abcde"), 5); // fills its field
     KMBoneKey key;
-    key.name = m_arm->name();
+    key.name = m_scene->arm->name();
     key.frameno = 77;
     key.position = {1, 2, 3};
     motion()->setKey(key);
-    m_scene->forget();
-    gProject->setCurrentFrame(5);
-}
-
-void tst_VmdImporter::cleanup()
-{
-    m_scene.reset();
-    m_scope.reset();
-}
-
-QString tst_VmdImporter::write(const QByteArray &bytes) const
-{
-    const QString path = m_folder.filePath(QStringLiteral("motion.vmd"));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("no place for a file");
-    return path;
 }
 
 void tst_VmdImporter::keysComeAsTheyStand()
 {
     RandomNumbers::Random random(54);
     const auto dump = [this] { return m_scene->dump.text(); };
-    const QByteArray names[] = {VmdBytes::shiftJis(m_arm->name()), VmdBytes::shiftJis(m_hand->name()), "nobody"};
+    const QByteArray names[] = {VmdBytes::shiftJis(m_scene->arm->name()), VmdBytes::shiftJis(m_scene->hand->name()),
+                                "nobody"};
     for (int round = 0; round < 20; ++round) {
         QVector<VmdBytes::Key> keys;
         for (int i = 0; i < 60; ++i) { // of few frames, so that many come twice
@@ -203,26 +178,26 @@ void tst_VmdImporter::keysComeAsTheyStand()
     }
     while (history().canUndo())
         history().undo();
-    QVERIFY(motion()->hasKey(m_arm->name(), 77) && motion()->tracks().size() == 1);
-    QVERIFY(m_prompt.messages.isEmpty());
+    QVERIFY(motion()->hasKey(m_scene->arm->name(), 77) && motion()->tracks().size() == 1);
+    QVERIFY(m_scene->prompt.messages.isEmpty());
 }
 
 void tst_VmdImporter::showsFrame0()
 {
     const kvm::Quaternion turn = kvm::Quaternion::fromAxisAngle({0, 0, 1}, float(M_PI / 2));
-    QVERIFY(load(VmdBytes::file(
-        {{VmdBytes::shiftJis(m_arm->name()), 0, {}, turn}, {VmdBytes::shiftJis(m_arm->name()), 5, {9, 9, 9}}})));
+    QVERIFY(load(VmdBytes::file({{VmdBytes::shiftJis(m_scene->arm->name()), 0, {}, turn},
+                                 {VmdBytes::shiftJis(m_scene->arm->name()), 5, {9, 9, 9}}})));
     QCOMPARE(gProject->currentFrame(), 0);
-    QVERIFY((m_hand->tail() - kvm::Vector3(-20, 0, 0)).length() < 1e-4f);
+    QVERIFY((m_scene->hand->tail() - kvm::Vector3(-20, 0, 0)).length() < 1e-4f);
     // Edits go on from the motion, and lie over it in the history.
     KMBoneKey key;
-    key.name = m_arm->name();
+    key.name = m_scene->arm->name();
     gSolution->push(new addBoneKeyCommand(m_scene->rig, key));
-    QVERIFY((m_hand->tail() - kvm::Vector3(0, 20, 0)).length() < 1e-4f);
+    QVERIFY((m_scene->hand->tail() - kvm::Vector3(0, 20, 0)).length() < 1e-4f);
     history().undo();
-    QVERIFY((m_hand->tail() - kvm::Vector3(-20, 0, 0)).length() < 1e-4f);
+    QVERIFY((m_scene->hand->tail() - kvm::Vector3(-20, 0, 0)).length() < 1e-4f);
     history().undo();
-    QVERIFY((m_hand->tail() - kvm::Vector3(1, 22, 3)).length() < 1e-4f);
+    QVERIFY((m_scene->hand->tail() - kvm::Vector3(1, 22, 3)).length() < 1e-4f);
     QVERIFY(!gSolution->isModified());
 }
 
@@ -263,27 +238,27 @@ void tst_VmdImporter::whichRig()
     auto *other = new KMBoneContainer;
     gProject->addToScene(other);
     auto *bone = new KMBone;
-    bone->setName(m_arm->name());
+    bone->setName(m_scene->arm->name());
     other->attachBone(bone, nullptr);
     other->rebuildOrder();
-    const QByteArray bytes = VmdBytes::file({{VmdBytes::shiftJis(m_arm->name()), 3}});
+    const QByteArray bytes = VmdBytes::file({{VmdBytes::shiftJis(m_scene->arm->name()), 3}});
     gSolution->setCurrentNode(other);
     QVERIFY(load(bytes));
-    QVERIFY(other->animation()->hasKey(m_arm->name(), 3) && !motion()->hasKey(m_arm->name(), 3));
+    QVERIFY(other->animation()->hasKey(m_scene->arm->name(), 3) && !motion()->hasKey(m_scene->arm->name(), 3));
     gSolution->setCurrentNode(nullptr);
     QVERIFY(load(bytes));
-    QVERIFY(motion()->hasKey(m_arm->name(), 3));
+    QVERIFY(motion()->hasKey(m_scene->arm->name(), 3));
 }
 
 void tst_VmdImporter::damagedFilesChangeNothing()
 {
-    const QByteArray name = VmdBytes::shiftJis(m_arm->name());
+    const QByteArray name = VmdBytes::shiftJis(m_scene->arm->name());
     const QByteArray whole = VmdBytes::file({{name, 1}, {name, 2}});
     const QString before = m_scene->dump.text();
     const auto isRefused = [&](const QByteArray &bytes, const char *words) {
         return !load(bytes) && shown() == QLatin1String(words) && m_scene->dump.text() == before
                && gProject->currentFrame() == 5 && history().count() == 0
-               && m_prompt.messages.last().informativeText.contains(QLatin1String("byte "));
+               && m_scene->prompt.messages.last().informativeText.contains(QLatin1String("byte "));
     };
     const int end = headerBytes + 4 + 2 * keyBytes;
     for (int length = 0; length < end; ++length) {
@@ -293,7 +268,7 @@ void tst_VmdImporter::damagedFilesChangeNothing()
     QByteArray lying = whole;
     qToLittleEndian<quint32>(0xffffffff, lying.data() + headerBytes);
     QVERIFY(isRefused(lying, "filed load bone keys."));
-    for (const QString &path : {m_folder.path(), m_folder.filePath(QStringLiteral("missing.vmd"))})
+    for (const QString &path : {m_scene->folder.path(), m_scene->folder.filePath(QStringLiteral("missing.vmd"))})
         QVERIFY(!VmdImporter::load(path) && shown() == QLatin1String("file open error."));
     QCOMPARE(m_scene->dump.text(), before);
     QVERIFY(load(whole.left(end))); // without anything behind the keys
@@ -303,14 +278,14 @@ void tst_VmdImporter::numbersThatAreNone()
 {
     const float nan = std::nanf("");
     const float huge = 1e38f; // times 10 more than a number holds
-    const QByteArray name = VmdBytes::shiftJis(m_arm->name());
+    const QByteArray name = VmdBytes::shiftJis(m_scene->arm->name());
     QVERIFY(load(VmdBytes::file({{name, 0, {nan, 2, huge}, {1, 0, nan, 0}},
                                  {name, 1, {1, 1, 1}, {0, 0, 0, 0}},
                                  {name, 2, {}, {-INFINITY, 0, 0, INFINITY}}})));
-    QVERIFY(motion()->key(m_arm->name(), 0)->position == kvm::Vector3(0, 20, 0));
-    for (const auto &entry : motion()->track(m_arm->name())->keys)
+    QVERIFY(motion()->key(m_scene->arm->name(), 0)->position == kvm::Vector3(0, 20, 0));
+    for (const auto &entry : motion()->track(m_scene->arm->name())->keys)
         QVERIFY(entry.second.rotation == kvm::Quaternion());
-    QCOMPARE(m_prompt.messages.size(), 1);
+    QCOMPARE(m_scene->prompt.messages.size(), 1);
 }
 
 void tst_VmdImporter::mutations()
@@ -321,7 +296,8 @@ void tst_VmdImporter::mutations()
     const QString before = m_scene->dump.text();
     QVector<VmdBytes::Key> keys;
     for (int i = 0; i < 12; ++i)
-        keys << VmdBytes::Key{VmdBytes::shiftJis((i % 2 ? m_arm : m_hand)->name()), quint32(i), {1, 2, 3}};
+        keys << VmdBytes::Key{
+            VmdBytes::shiftJis((i % 2 ? m_scene->arm : m_scene->hand)->name()), quint32(i), {1, 2, 3}};
     const QByteArray whole = VmdBytes::file(keys);
     int accepted = 0;
     for (int round = 0; round < rounds; ++round) {
@@ -352,12 +328,12 @@ void tst_VmdImporter::mutations()
             }
             for (const int frame : {0, 3, 100}) {
                 gProject->setCurrentFrame(frame);
-                QVERIFY(std::isfinite(m_hand->tail().length()));
+                QVERIFY(std::isfinite(m_scene->hand->tail().length()));
             }
             history().undo();
         }
         QCOMPARE(m_scene->dump.text(), before);
-        m_prompt.messages.clear();
+        m_scene->prompt.messages.clear();
     }
     QVERIFY(accepted > rounds / 10 && accepted < rounds);
 }
@@ -391,11 +367,11 @@ void tst_VmdImporter::realFiles()
     if (!file.open(QIODevice::ReadOnly))
         QSKIP("the file isn't here");
     if (keys < 0) {
-        QVERIFY(!VmdImporter::load(file.fileName()) && motion()->hasKey(m_arm->name(), 77));
+        QVERIFY(!VmdImporter::load(file.fileName()) && motion()->hasKey(m_scene->arm->name(), 77));
         return;
     }
     const QVector<PlainKey> plain = plainKeys(file.readAll());
-    QSet<QString> names{m_arm->name()};
+    QSet<QString> names{m_scene->arm->name()};
     for (const PlainKey &key : plain) {
         if (!names.contains(key.name))
             m_scene->addBone(key.name, nullptr, {0, 0, 0}, {0, 1, 0});

@@ -21,16 +21,12 @@ private slots:
     void traces();
     void tubesAreTight_data();
     void tubesAreTight();
-    void straightTube();
     void ringsStandAcross();
     void mitreKeepsTheWidth();
-    void shareOfTheMitre();
     void taperGrowsFromAPoint();
     void upOfTwoVertices_data();
     void upOfTwoVertices();
-    void picture();
     void linesCarryOver();
-    void followsEdits();
     void oddInput_data();
     void oddInput();
     void refusesWhatMemoryCannotHold();
@@ -175,24 +171,6 @@ void tst_KMModPipeNode::tubesAreTight()
     }
 }
 
-void tst_KMModPipeNode::straightTube()
-{
-    constexpr int sectors = 5;
-    Pipe::Parameters parameters = thin(Pipe::Mitre, sectors);
-    parameters.radius = 2.0f;
-    ModifierStage stage(polyline({{1, 2, 3}, {2, 4, 5}, {4, 8, 9}}), pipe(parameters));
-    MeshProbe open(stage.result());
-    QCOMPARE(open.vertices, 3 * sectors);
-    QCOMPARE(open.faces, 2 * sectors);
-    QCOMPARE(open.openEdges, 2 * sectors);
-
-    parameters.fillCap = true;
-    static_cast<Pipe *>(stage.modifier)->setParameters(parameters);
-    stage.evaluate();
-    const double section = 0.5 * sectors * 2.0 * 2.0 * std::sin(2.0 * M_PI / sectors);
-    QVERIFY(isNear(MeshProbe(stage.result()).volume, section * 9.0, 1e-2));
-}
-
 void tst_KMModPipeNode::ringsStandAcross()
 {
     for (quint32 seed = 1; seed <= 30; ++seed) {
@@ -233,26 +211,6 @@ void tst_KMModPipeNode::mitreKeepsTheWidth()
     }
 }
 
-void tst_KMModPipeNode::shareOfTheMitre()
-{
-    const Places places{{0, 0, 0}, {4, 0, 0}, {4, 0, 4}, {7, 1, 8}, {9, 4, 8}};
-    const auto positions = [&places](int mode, float blend) {
-        Pipe::Parameters parameters = thin(mode);
-        parameters.blend = blend;
-        ModifierStage stage(polyline(places), pipe(parameters));
-        Places found;
-        for (const KMVertex *vertex : stage.result().vertices())
-            found.append(vertex->pos);
-        return found;
-    };
-    const Places plain = positions(Pipe::Bisector, 0.5f);
-    const Places full = positions(Pipe::Mitre, 0.5f);
-    const Places part = positions(Pipe::Blended, 0.25f);
-    QVERIFY(plain != full);
-    for (int i = 0; i < plain.size(); ++i)
-        QVERIFY((plain.at(i) + (full.at(i) - plain.at(i)) * 0.25f - part.at(i)).length() < 1e-5f);
-}
-
 void tst_KMModPipeNode::taperGrowsFromAPoint()
 {
     const Places places{{0, 0, 0}, {1, 0, 0}, {4, 0, 0}};
@@ -289,22 +247,6 @@ void tst_KMModPipeNode::upOfTwoVertices()
     QCOMPARE(chain.nodes().front().orientation.isIdentity(), way == Vector3());
 }
 
-/// Round the tube once in v with a seam, along it by length in u.
-void tst_KMModPipeNode::picture()
-{
-    ModifierStage stage(polyline({{0, 0, 0}, {1, 0, 0}, {1, 3, 0}}), pipe(thin(Pipe::Mitre, 4)));
-    const float u[] = {0.0f, 0.25f, 1.0f};
-    for (const KMPipeNode &node : pipeOf(stage).chains().front().nodes()) {
-        for (size_t s = 0; s < node.sideFaces.size(); ++s) {
-            const float u0 = u[node.vertex], u1 = u[node.vertex + 1];
-            const float v0 = 0.25f * float(s), v1 = 0.25f * float(s + 1);
-            const std::array<kvm::Vector2, 4> expected = {{{u0, v0}, {u0, v1}, {u1, v1}, {u1, v0}}};
-            const std::array<kvm::Vector2, 4> found = stage.result().faceUVs(node.sideFaces[s]);
-            QVERIFY(std::equal(found.begin(), found.end(), expected.begin()));
-        }
-    }
-}
-
 void tst_KMModPipeNode::linesCarryOver()
 {
     ModifierStage stage(polyline({{0, 0, 0}, {4, 0, 0}, {4, 4, 0}}), pipe(thin(Pipe::Mitre, 4, true)));
@@ -331,21 +273,6 @@ void tst_KMModPipeNode::linesCarryOver()
     QCOMPARE(hidden, 8);
     QCOMPARE(heavyEdges, 4);
     QCOMPARE(heavyVertices, 4);
-}
-
-void tst_KMModPipeNode::followsEdits()
-{
-    for (quint32 seed = 1; seed <= 5; ++seed) {
-        KMMeshNode *mesh = seed % 3 ? polyline(wander(seed, 12, false), seed % 2) : MeshFixtures::mixedBag();
-        ModifierStage stage(mesh, pipe(thin(int(seed % Pipe::ModeCount))));
-        const QString problem = stage.walk(seed, [&stage](std::mt19937 &random) {
-            Pipe::Parameters parameters = thin(int(random() % 5), 3 + int(random() % 4), random() % 2);
-            parameters.offset = float(random() % 360);
-            static_cast<Pipe *>(stage.modifier)->setParameters(parameters);
-        });
-        QVERIFY2(problem.isEmpty(), qPrintable(problem));
-        QCOMPARE(stage.updateAllocations(), std::size_t(0));
-    }
 }
 
 void tst_KMModPipeNode::oddInput_data()

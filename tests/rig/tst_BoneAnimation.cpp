@@ -66,13 +66,11 @@ private slots:
     void outsideOfTheKeys();
     void damagedRotations();
     void posesFollowTheKeys();
-    void frameDrivesTheBones();
     void keyEditsMoveThePose();
     void renamedBoneLosesItsTrack();
     void restoredBoneIsPosedByTheFrame();
     void offsetsFollowTheParent();
     void firstBoneOfANameIsLinked();
-    void tracksWithoutBones();
     void foreignMotionSurvivesUndo();
     void foreignKeysSurviveUndo();
 };
@@ -212,19 +210,6 @@ void tst_BoneAnimation::posesFollowTheKeys()
     QVERIFY(isPosed(arm));
 }
 
-void tst_BoneAnimation::frameDrivesTheBones()
-{
-    RigScene scene;
-    KMBone *bone = scene.addBone(QStringLiteral("b"), nullptr, {0, 0, 0}, {10, 0, 0});
-    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
-    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 10, {}, aboutZ(90)));
-    gProject->setCurrentFrame(10);
-    QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
-    QVERIFY(bone->keyPose().rotation == aboutZ(90));
-    gProject->setCurrentFrame(0);
-    QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
-}
-
 void tst_BoneAnimation::keyEditsMoveThePose()
 {
     RigScene scene;
@@ -320,19 +305,6 @@ void tst_BoneAnimation::firstBoneOfANameIsLinked()
     scene.session.stack().undo();
     QCOMPARE(track->bone, first);
     QVERIFY(first->tail() == driven && second->tail() == rest);
-}
-
-void tst_BoneAnimation::tracksWithoutBones()
-{
-    RigScene scene;
-    scene.addBone(QStringLiteral("arm"), nullptr, {}, {0, 10, 0});
-    BoneAnimation *animation = scene.rig->animation();
-    for (const char *name : {"nobody", "arm", "nothing"})
-        animation->setKey(keyOf(QLatin1String(name), 3));
-    animation->applyFrame(3);
-    animation->dropUnlinked();
-    QCOMPARE(animation->tracks().size(), 1);
-    QVERIFY(animation->hasKey(QStringLiteral("arm"), 3) && !animation->track(QStringLiteral("nobody")));
 }
 
 /// Tracks that were replaced without a step of the history: steps before that keep off the new ones.

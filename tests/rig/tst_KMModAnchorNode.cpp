@@ -34,6 +34,7 @@
 #include <map>
 
 using kvm::Vector3;
+using reference::minus;
 using reference::Vec;
 
 namespace {
@@ -99,11 +100,6 @@ public:
 };
 
 // The same in double precision, by trying every triangle.
-
-Vec minus(const Vec &a, const Vec &b)
-{
-    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
-}
 
 struct Foot
 {
@@ -211,8 +207,6 @@ private slots:
     void weightsByWords_data();
     void weightsByWords();
     void everyStepIsFollowed();
-    void poseThroughTheChain();
-    void onlyVerticesMove();
     void carriedByTheTransform();
     void helperBox();
 };
@@ -372,64 +366,6 @@ void tst_KMModAnchorNode::everyStepIsFollowed()
     texts.removeAll(QString());
     QVERIFY(texts.removeDuplicates() <= 2);
     QVERIFY(!weightsOf(*scene.anchor->modMesh()));
-}
-
-void tst_KMModAnchorNode::poseThroughTheChain()
-{
-    StripScene scene;
-    gSolution->push(new modAnchorAddBoneCommand(scene.anchor, scene.first));
-    auto *deform = new KMModBoneDeformNode;
-    scene.add(deform);
-    PoseTransform pose;
-    pose.rotation = kvm::Quaternion::fromAxisAngle({0, 0, 1}, 1.25f);
-    scene.first->setKeyPose(pose);
-    scene.rig->animation()->reevaluate();
-    gSolution->update(0);
-    for (int v = 0; v < scene.mesh->vertexCount(); ++v) {
-        const Vector3 rest = scene.mesh->position(v);
-        const bool isReached = rest.x > -0.5f && rest.x < 10.5f;
-        const Vector3 expected = isReached ? scene.first->skinMatrix() * rest : rest;
-        QVERIFY((deform->modMesh()->position(deform->vertexMapAt(v)) - expected).length() < 1e-4f);
-    }
-    scene.session.stack().undo();
-    scene.session.stack().undo();
-    QVERIFY(scene.anchor->anchors().isEmpty());
-}
-
-/// Vertices that leave a helper and come back, with a subdivision behind that is never made anew; a morph is no move.
-void tst_KMModAnchorNode::onlyVerticesMove()
-{
-    StripScene scene;
-    auto *morphs = new KMTagMorph;
-    scene.mesh->addTagKeepName(morphs);
-    auto *morph = new KMMorph;
-    morphs->addMorph(morph);
-    morph->setDeltas({{50, 40.0f, {0, 1, 0}}});
-    auto *behind = new KMModSdvNode;
-    scene.add(behind);
-    gSolution->push(new modAnchorAddBoneCommand(scene.anchor, scene.first));
-    const QString before = scene.textOf(*behind->modMesh());
-    const KMVertex *record = behind->modMesh()->vertex(0);
-    morph->setValue(1.0f);
-    gSolution->update(0);
-    QCOMPARE(scene.textOf(*behind->modMesh()), before);
-    QCOMPARE(behind->modMesh()->vertex(0), record);
-
-    RandomMath random(5);
-    QStringList texts;
-    for (int i = 0; i < 30; ++i) {
-        const int vertex = 44 + int(random.number(0, 14.9)); // in the reach of the helper and beside it
-        if (i % 3)
-            KMMeshEdit::moveVertex(*scene.mesh, vertex, random.vector(12));
-        else
-            KMMeshEdit::moveVertex(*scene.anchor->anchors().first()->mesh(), vertex % 8, random.vector(9));
-        KMChainCopy fresh(*scene.mesh);
-        fresh.evaluate();
-        QCOMPARE(scene.textOf(*behind->modMesh()), scene.textOf(*fresh.stage(1)->modMesh()));
-        texts << scene.textOf(*behind->modMesh());
-    }
-    QVERIFY(texts.removeDuplicates() < 20);
-    QCOMPARE(behind->modMesh()->vertex(0), record);
 }
 
 /// There and back leaves every corner where it was, also by way of a scale of 0.

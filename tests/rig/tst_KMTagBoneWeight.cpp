@@ -151,7 +151,6 @@ private slots:
     void normalizing();
     void commands_data();
     void commands();
-    void strokeIsOneStep();
     void newVertices_data();
     void newVertices();
     void renumbering();
@@ -335,29 +334,6 @@ void tst_KMTagBoneWeight::commands()
     QVERIFY(skin.away() < 2e-4); // the records went along
     skin.session.stack().undo();
     QVERIFY(skin.away() < 2e-4);
-}
-
-/// A brush writes as it goes; the whole stroke is undone at once.
-void tst_KMTagBoneWeight::strokeIsOneStep()
-{
-    RandomSkin skin(6);
-    const QString before = skin.dump.text();
-    KMWeightEdit stroke(skin.tag);
-    for (int move = 0; move < 40; ++move) {
-        const int vertex = skin.below(20);
-        stroke.setWeight(vertex, skin.bones[0], stroke.weight(vertex, skin.bones[0]) + 0.1f);
-        if (move % 7 == 0)
-            stroke.removeEntry(vertex, skin.bones[1]);
-        stroke.write(KMWeightEdit::Side::After, {vertex});
-    }
-    const QString painted = skin.dump.text();
-    QVERIFY(painted != before && !stroke.isEmpty());
-    gSolution->push(new editBoneWeightCommand(skin.mesh, stroke));
-    QCOMPARE(skin.dump.text(), painted);
-    skin.session.stack().undo();
-    QCOMPARE(skin.dump.text(), before);
-    skin.session.stack().redo();
-    QCOMPARE(skin.dump.text(), painted);
 }
 
 /// Weights go with their vertices, and those of a vertex that went come back with it.
