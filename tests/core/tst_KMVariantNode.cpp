@@ -1,4 +1,3 @@
-#include "core/KMContainerNode.h"
 #include "core/KMVariantNode.h"
 #include "support/TestRegistry.h"
 
@@ -15,10 +14,8 @@ private slots:
     void changesTravelDepthFirst();
     void ringsEnd_data();
     void ringsEnd();
-    void announcesItselfWithItsOwner();
     void blockedNodeChangesQuietly();
     void newTargetTakesTheValueAtOnce();
-    void removedTargetStaysAsItIs();
     void slotsMayDisconnect();
     void slotsMaySetValues();
 };
@@ -120,22 +117,6 @@ void tst_KMVariantNode::ringsEnd()
         QVERIFY(name == ' ' || net.at(name).toInt() == 3);
 }
 
-void tst_KMVariantNode::announcesItselfWithItsOwner()
-{
-    KMContainerNode owner;
-    KMBoolNode owned(&owner);
-    KMFloatNode loose;
-    QList<KMNode *> owners;
-    const auto note = [&owners](KMNode *node) { owners << node; };
-    connect(&owned, &KMVariantNode::refresh, note);
-    connect(&loose, &KMVariantNode::refresh, note);
-    owned.setBool(true);
-    loose.setFloat(0.5f);
-    loose.setFloat(0.5f); // an equal value is set all the same
-    QCOMPARE(owners, (QList<KMNode *>{&owner, nullptr, nullptr}));
-    QCOMPARE(loose.toFloat(), 0.5f);
-}
-
 void tst_KMVariantNode::blockedNodeChangesQuietly()
 {
     Network net(3);
@@ -159,19 +140,6 @@ void tst_KMVariantNode::newTargetTakesTheValueAtOnce()
     net.at('a').addTarget(&net.at('b'));
     QCOMPARE(net.values(), (QVector<int>{4, 4, 4}));
     QCOMPARE(net.takeAnnounced(), QStringLiteral("cb"));
-}
-
-void tst_KMVariantNode::removedTargetStaysAsItIs()
-{
-    Network net(3);
-    net.connect(QStringLiteral("ab ac ab"));
-    net.at('a').setInt(1);
-    net.at('a').removeTarget(&net.at('b'));
-    QCOMPARE(net.at('a').targets(), (QList<KMVariantNode *>{&net.at('c'), &net.at('b')}));
-    net.at('a').removeTarget(&net.at('b'));
-    net.at('a').removeTarget(&net.at('b')); // no longer there
-    net.at('a').setInt(2);
-    QCOMPARE(net.values(), (QVector<int>{2, 1, 2}));
 }
 
 void tst_KMVariantNode::slotsMayDisconnect()

@@ -7,7 +7,6 @@
 #include "formats/KMDModifierBodies.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDReader.h"
-#include "formats/KMNativeFormat.h"
 #include "math/Quaternion.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"

@@ -10,7 +10,6 @@
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMPrimitiveCommands.h"
 #include "support/MeshFixtures.h"
-#include "support/MeshProbe.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestRegistry.h"
 

@@ -23,9 +23,11 @@ private slots:
     void tubesAreTight();
     void ringsStandAcross();
     void mitreKeepsTheWidth();
+    void shareOfTheMitre();
     void taperGrowsFromAPoint();
     void upOfTwoVertices_data();
     void upOfTwoVertices();
+    void picture();
     void linesCarryOver();
     void oddInput_data();
     void oddInput();
@@ -211,6 +213,26 @@ void tst_KMModPipeNode::mitreKeepsTheWidth()
     }
 }
 
+void tst_KMModPipeNode::shareOfTheMitre()
+{
+    const Places places{{0, 0, 0}, {4, 0, 0}, {4, 0, 4}, {7, 1, 8}, {9, 4, 8}};
+    const auto positions = [&places](int mode, float blend) {
+        Pipe::Parameters parameters = thin(mode);
+        parameters.blend = blend;
+        ModifierStage stage(polyline(places), pipe(parameters));
+        Places found;
+        for (const KMVertex *vertex : stage.result().vertices())
+            found.append(vertex->pos);
+        return found;
+    };
+    const Places plain = positions(Pipe::Bisector, 0.5f);
+    const Places full = positions(Pipe::Mitre, 0.5f);
+    const Places part = positions(Pipe::Blended, 0.25f);
+    QVERIFY(plain != full);
+    for (int i = 0; i < plain.size(); ++i)
+        QVERIFY((plain.at(i) + (full.at(i) - plain.at(i)) * 0.25f - part.at(i)).length() < 1e-5f);
+}
+
 void tst_KMModPipeNode::taperGrowsFromAPoint()
 {
     const Places places{{0, 0, 0}, {1, 0, 0}, {4, 0, 0}};
@@ -245,6 +267,22 @@ void tst_KMModPipeNode::upOfTwoVertices()
     const KMPipeChain &chain = pipeOf(stage).chains().front();
     QCOMPARE(chain.normal(), up);
     QCOMPARE(chain.nodes().front().orientation.isIdentity(), way == Vector3());
+}
+
+/// Round the tube once in v with a seam, along it by length in u.
+void tst_KMModPipeNode::picture()
+{
+    ModifierStage stage(polyline({{0, 0, 0}, {1, 0, 0}, {1, 3, 0}}), pipe(thin(Pipe::Mitre, 4)));
+    const float u[] = {0.0f, 0.25f, 1.0f};
+    for (const KMPipeNode &node : pipeOf(stage).chains().front().nodes()) {
+        for (size_t s = 0; s < node.sideFaces.size(); ++s) {
+            const float u0 = u[node.vertex], u1 = u[node.vertex + 1];
+            const float v0 = 0.25f * float(s), v1 = 0.25f * float(s + 1);
+            const std::array<kvm::Vector2, 4> expected = {{{u0, v0}, {u0, v1}, {u1, v1}, {u1, v0}}};
+            const std::array<kvm::Vector2, 4> found = stage.result().faceUVs(node.sideFaces[s]);
+            QVERIFY(std::equal(found.begin(), found.end(), expected.begin()));
+        }
+    }
 }
 
 void tst_KMModPipeNode::linesCarryOver()

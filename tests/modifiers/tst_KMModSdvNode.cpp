@@ -1,4 +1,3 @@
-#include "core/KMVariantNode.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
 #include "modifiers/KMModSdvNode.h"

@@ -1,4 +1,3 @@
-#include "mesh/KMFaceNormal.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModSolidNode.h"
 #include "support/MeshProbe.h"

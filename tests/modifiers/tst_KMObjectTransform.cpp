@@ -5,7 +5,6 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMObjectTransform.h"
-#include "modifiers/KMPrimCubeNode.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 

@@ -1,4 +1,3 @@
-#include "core/KMHeadlessSession.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMPathMesher.h"
 #include "modifiers/KMPrim3DTextNode.h"

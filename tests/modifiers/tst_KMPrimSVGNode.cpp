@@ -5,11 +5,9 @@
 #include "modifiers/KMSvgStyle.h"
 #include "support/MeshFixtures.h"
 #include "support/MeshProbe.h"
-#include "support/TestPaths.h"
 #include "support/TestRegistry.h"
 
 #include <QBuffer>
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>

@@ -1,4 +1,3 @@
-#include "core/KMSolution.h"
 #include "math/MathReference.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"

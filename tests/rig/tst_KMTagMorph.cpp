@@ -1,7 +1,6 @@
 #include "core/KMBasePositions.h"
 #include "core/KMNodeType.h"
 #include "core/KMTagCommands.h"
-#include "core/KMUndoMacro.h"
 #include "mesh/KMEdgeCut.h"
 #include "mesh/KMExtrusion.h"
 #include "mesh/KMVertexCommands.h"
