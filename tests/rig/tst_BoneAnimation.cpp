@@ -60,7 +60,6 @@ class tst_BoneAnimation : public QObject
     Q_OBJECT
 private slots:
     void curves();
-    void curveOfAKey();
     void randomInterpolation();
     void shorterWay();
     void outsideOfTheKeys();
@@ -69,7 +68,6 @@ private slots:
     void keyEditsMoveThePose();
     void renamedBoneLosesItsTrack();
     void restoredBoneIsPosedByTheFrame();
-    void offsetsFollowTheParent();
     void firstBoneOfANameIsLinked();
     void foreignMotionSurvivesUndo();
     void foreignKeysSurviveUndo();
@@ -85,17 +83,6 @@ void tst_BoneAnimation::curves()
             QVERIFY(std::abs(double(curve.evaluate(float(i / 50.0))) - height(i / 50.0, key, KMBoneKey::XCurve))
                     < 2e-3);
     }
-}
-
-void tst_BoneAnimation::curveOfAKey()
-{
-    KMBoneKey key;
-    for (int i = 0; i < 16; ++i)
-        key.curves[size_t(i)] = float(i);
-    const CBezier y = key.curve(KMBoneKey::YCurve);
-    QVERIFY(y.x1 == 4 && y.x2 == 5 && y.y1 == 6 && y.y2 == 7);
-    key.setCurve(KMBoneKey::RotationCurve, {1, 2, 3, 4});
-    QVERIFY(key.curves[12] == 1 && key.curves[13] == 3 && key.curves[14] == 2 && key.curves[15] == 4);
 }
 
 /// The curves of a position are asked at s, the eased parameter of the rotation, and not at r.
@@ -272,19 +259,6 @@ void tst_BoneAnimation::restoredBoneIsPosedByTheFrame()
     gProject->setCurrentFrame(0);
     scene.session.stack().redo();
     QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
-}
-
-void tst_BoneAnimation::offsetsFollowTheParent()
-{
-    RigScene scene;
-    KMBone *top = scene.addBone(QStringLiteral("top"), nullptr, {0, 0, 0}, {0, 10, 0});
-    KMBone *low = scene.addBone(QStringLiteral("low"), top, {0, 10, 0}, {0, 20, 0});
-    scene.rig->animation()->setKey(keyOf(QStringLiteral("low"), 0, {1, 2, 3}));
-    scene.rig->animation()->applyFrame(0);
-    gSolution->push(new setCtrlParentCommand(low, nullptr));
-    QVERIFY(low->solvedPose().offset == kvm::Vector3(1, 2, 3));
-    scene.session.stack().undo();
-    QVERIFY(low->solvedPose().offset == kvm::Vector3());
 }
 
 void tst_BoneAnimation::firstBoneOfANameIsLinked()
