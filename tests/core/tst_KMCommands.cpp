@@ -93,45 +93,24 @@ void tst_KMCommands::move_data()
     QTest::addColumn<QString>("expected");
 
     using Move = moveNodeCommand;
-    QTest::newRow("to the end of the top") << Move::LastTopLevel << ""
-                                           << "B"
-                                           << "A(D) E B(C)";
-    QTest::newRow("top row to the end") << Move::LastTopLevel << ""
-                                        << "A"
-                                        << "E A(B(C) D)";
-    QTest::newRow("last child") << Move::LastChild << "E"
-                                << "B"
-                                << "A(D) E(B(C))";
-    QTest::newRow("last child of its own parent") << Move::LastChild << "A"
-                                                  << "B"
-                                                  << "A(D B(C)) E";
-    QTest::newRow("top row under a later one") << Move::LastChild << "E"
-                                               << "A"
-                                               << "E(A(B(C) D))";
-    QTest::newRow("before a top row") << Move::BeforeTopLevel << "E"
-                                      << "C"
-                                      << "A(B D) C E";
-    QTest::newRow("before a later top row") << Move::BeforeTopLevel << "E"
-                                            << "A"
-                                            << "A(B(C) D) E";
-    QTest::newRow("before an earlier top row") << Move::BeforeTopLevel << "A"
-                                               << "E"
-                                               << "E A(B(C) D)";
-    QTest::newRow("before the top row that holds the target") << Move::BeforeTopLevel << "C"
-                                                              << "E"
-                                                              << "E A(B(C) D)";
-    QTest::newRow("before a later sibling") << Move::BeforeSibling << "D"
-                                            << "B"
-                                            << "A(B(C) D) E";
-    QTest::newRow("before an earlier sibling") << Move::BeforeSibling << "B"
-                                               << "D"
-                                               << "A(D B(C)) E";
-    QTest::newRow("among the siblings of another") << Move::BeforeSibling << "C"
-                                                   << "E"
-                                                   << "A(B(E C) D)";
-    QTest::newRow("before a target at the top") << Move::BeforeSibling << "E"
-                                                << "D"
-                                                << "A(B(C)) D E";
+    const auto row = [](const char *name, moveNodeCommand::Mode mode, const char *target, const char *source,
+                        const char *expected) {
+        QTest::newRow(name) << mode << QString::fromUtf8(target) << QString::fromUtf8(source)
+                            << QString::fromUtf8(expected);
+    };
+    row("to the end of the top", Move::LastTopLevel, "", "B", "A(D) E B(C)");
+    row("top row to the end", Move::LastTopLevel, "", "A", "E A(B(C) D)");
+    row("last child", Move::LastChild, "E", "B", "A(D) E(B(C))");
+    row("last child of its own parent", Move::LastChild, "A", "B", "A(D B(C)) E");
+    row("top row under a later one", Move::LastChild, "E", "A", "E(A(B(C) D))");
+    row("before a top row", Move::BeforeTopLevel, "E", "C", "A(B D) C E");
+    row("before a later top row", Move::BeforeTopLevel, "E", "A", "A(B(C) D) E");
+    row("before an earlier top row", Move::BeforeTopLevel, "A", "E", "E A(B(C) D)");
+    row("before the top row that holds the target", Move::BeforeTopLevel, "C", "E", "E A(B(C) D)");
+    row("before a later sibling", Move::BeforeSibling, "D", "B", "A(B(C) D) E");
+    row("before an earlier sibling", Move::BeforeSibling, "B", "D", "A(D B(C)) E");
+    row("among the siblings of another", Move::BeforeSibling, "C", "E", "A(B(E C) D)");
+    row("before a target at the top", Move::BeforeSibling, "E", "D", "A(B(C)) D E");
 }
 
 void tst_KMCommands::move()

@@ -72,24 +72,15 @@ void tst_KMTreeWidget::topSelectedItems_data()
     QTest::addColumn<QString>("nodes");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("nothing") << ""
-                             << ""
-                             << "";
-    QTest::newRow("in order of the tree") << "FCE"
-                                          << "FCE"
-                                          << "CEF";
-    QTest::newRow("below the parent") << "BCD"
-                                      << "BCD"
-                                      << "B";
-    QTest::newRow("below a grandparent") << "AD"
-                                         << "AD"
-                                         << "A";
-    QTest::newRow("parent's row alone") << "BC"
-                                        << "C"
-                                        << "BC";
-    QTest::newRow("parent's node alone") << "C"
-                                         << "BC"
-                                         << "C";
+    const auto row = [](const char *name, const char *rows, const char *nodes, const char *result) {
+        QTest::newRow(name) << QString::fromUtf8(rows) << QString::fromUtf8(nodes) << QString::fromUtf8(result);
+    };
+    row("nothing", "", "", "");
+    row("in order of the tree", "FCE", "FCE", "CEF");
+    row("below the parent", "BCD", "BCD", "B");
+    row("below a grandparent", "AD", "AD", "A");
+    row("parent's row alone", "BC", "C", "BC");
+    row("parent's node alone", "C", "BC", "C");
 }
 
 void tst_KMTreeWidget::topSelectedItems()

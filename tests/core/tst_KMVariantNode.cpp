@@ -66,14 +66,13 @@ void tst_KMVariantNode::changesTravelDepthFirst_data()
     QTest::addColumn<QString>("wires");
     QTest::addColumn<QString>("announced");
 
-    QTest::newRow("alone") << "bc"
-                           << "a";
-    QTest::newRow("chain") << "ab bc cd"
-                           << "dcba";
-    QTest::newRow("two branches") << "ab ad bc de"
-                                  << "cbeda";
-    QTest::newRow("two ways to one") << "ab ac bd cd de"
-                                     << "edbedca";
+    const auto row = [](const char *name, const char *wires, const char *announced) {
+        QTest::newRow(name) << QString::fromUtf8(wires) << QString::fromUtf8(announced);
+    };
+    row("alone", "bc", "a");
+    row("chain", "ab bc cd", "dcba");
+    row("two branches", "ab ad bc de", "cbeda");
+    row("two ways to one", "ab ac bd cd de", "edbedca");
 }
 
 void tst_KMVariantNode::changesTravelDepthFirst()
@@ -93,16 +92,14 @@ void tst_KMVariantNode::ringsEnd_data()
     QTest::addColumn<QString>("wires");
     QTest::addColumn<QString>("announced");
 
-    QTest::newRow("itself") << "aa"
-                            << "aa";
-    QTest::newRow("two") << "ab ba"
-                         << "aba";
-    QTest::newRow("three") << "ab bc ca"
-                           << "acba";
-    QTest::newRow("beside the start") << "ab bc cb"
-                                      << "bcba";
-    QTest::newRow("further on, with a way out") << "ab bc cd dc ce"
-                                                << "cdecba";
+    const auto row = [](const char *name, const char *wires, const char *announced) {
+        QTest::newRow(name) << QString::fromUtf8(wires) << QString::fromUtf8(announced);
+    };
+    row("itself", "aa", "aa");
+    row("two", "ab ba", "aba");
+    row("three", "ab bc ca", "acba");
+    row("beside the start", "ab bc cb", "bcba");
+    row("further on, with a way out", "ab bc cd dc ce", "cdecba");
 }
 
 void tst_KMVariantNode::ringsEnd()
