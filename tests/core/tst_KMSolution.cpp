@@ -18,7 +18,6 @@ class tst_KMSolution : public QObject
     Q_OBJECT
 private slots:
     void macroCountsItsCommands();
-    void failedSaveStaysModified();
     void updateOrder();
     void updateOncePerMacro();
     void deferredRefresh_data();
@@ -69,21 +68,6 @@ void tst_KMSolution::macroCountsItsCommands()
     gSolution->countStep(+1);
     QVERIFY(!gSolution->isModified());
     gSolution->countStep(-5);
-}
-
-void tst_KMSolution::failedSaveStaysModified()
-{
-    RecordingSession scene;
-    gSolution->setFileName(QStringLiteral("/tmp/doc.kmd"));
-    push();
-    scene.format.canWrite = false;
-    QVERIFY(!gSolution->save());
-    QVERIFY(gSolution->isModified());
-    QCOMPARE(gSolution->fileName(), QStringLiteral("/tmp/doc.kmd"));
-    QVERIFY(scene.window.recentFiles.isEmpty());
-    QVERIFY(!gSolution->saveBackup(QStringLiteral("/tmp/other.kmd")));
-    QVERIFY(gSolution->isModified());
-    QCOMPARE(gSolution->fileName(), QString());
 }
 
 void tst_KMSolution::updateOrder()
