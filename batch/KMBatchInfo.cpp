@@ -11,6 +11,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMDisplayCommands.h"
+#include "rig/KMMorphBake.h"
 #include "rig/KMRigTags.h"
 #include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
@@ -170,23 +171,14 @@ QJsonArray namesOf(QList<Tag *> (*tags)(const KMBoneContainer *))
     return list;
 }
 
-/// The live tags of a kind, one of each mesh.
-template <class Tag>
-QList<const Tag *> tagsOfMeshes(int type)
-{
-    QList<const Tag *> tags;
-    for (const KMMeshNode *mesh : gProject->meshesInTree()) {
-        if (const KMTagBase *tag = mesh->findTag(type))
-            tags << static_cast<const Tag *>(tag);
-    }
-    return tags;
-}
-
 QJsonObject weights()
 {
     int entries = 0;
     int flagged = 0;
-    for (const auto *tag : tagsOfMeshes<KMTagBoneWeight>(KMNodeType::TagBoneWeight)) {
+    for (const KMMeshNode *mesh : gProject->meshesInTree()) {
+        const auto *tag = static_cast<const KMTagBoneWeight *>(mesh->findTag(KMNodeType::TagBoneWeight));
+        if (!tag)
+            continue;
         const QVector<BoneWeightEntry> all = tag->entries();
         entries +=
             int(std::count_if(all.begin(), all.end(), [](const BoneWeightEntry &e) { return !e.bone->isDeleted(); }));
@@ -198,9 +190,12 @@ QJsonObject weights()
 QJsonArray morphs()
 {
     QJsonArray list;
-    for (const auto *tag : tagsOfMeshes<KMTagMorph>(KMNodeType::TagMorph)) {
-        for (const KMMorph *morph : tag->liveMorphs())
-            list << QJsonObject{{"name", morph->name()}, {"panel", morph->panel()}, {"deltas", morph->deltas().size()}};
+    for (const KMMeshNode *mesh : gProject->meshesInTree()) {
+        for (const KMTagMorph *tag : KMMorphBake::tagsOf(*mesh)) {
+            for (const KMMorph *morph : tag->liveMorphs())
+                list << QJsonObject{
+                    {"name", morph->name()}, {"panel", morph->panel()}, {"deltas", morph->deltas().size()}};
+        }
     }
     return list;
 }

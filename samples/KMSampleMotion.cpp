@@ -38,16 +38,14 @@ struct Key
 };
 using Pose = QVector<Key>;
 
-/// A leg at a phase of its step, 0 to 1: forward, down, back, and bent through the air.
-void addLeg(Pose *pose, float phase, bool isLeft, float bodyRise)
+/// A leg that is bent at hip, knee and ankle by these angles. Where it leads the ankle there its target stands, so that
+/// solvers come to the same pose.
+void addLeg(Pose *pose, const kvm::Vector3 &bends, bool isLeft, float bodyRise)
 {
-    const float swing = std::cos(fullTurn * phase);
-    const float lift = std::pow(std::max(0.0f, std::sin(fullTurn * (phase + 0.42f))), 1.5f);
-    const kvm::Quaternion leg = turned(3.0f + 19.0f * swing + 12.0f * lift, 0.0f, 0.0f);
-    const kvm::Quaternion knee = turned(-6.0f - 48.0f * lift, 0.0f, 0.0f);
-    const kvm::Quaternion ankle = turned(-5.0f - 8.0f * swing + 12.0f * lift, 0.0f, 0.0f);
+    const kvm::Quaternion leg = turned(bends.x, 0.0f, 0.0f);
+    const kvm::Quaternion knee = turned(bends.y, 0.0f, 0.0f);
+    const kvm::Quaternion ankle = turned(bends.z, 0.0f, 0.0f);
     using namespace KMSampleMeasures;
-    // Where the leg leads the ankle there its target stands, so that solvers come to the same pose.
     const kvm::Vector3 place = hip + leg.rotate(KMSampleMeasures::knee - hip)
                                + (leg * knee).rotate(KMSampleMeasures::ankle - KMSampleMeasures::knee)
                                + kvm::Vector3(0.0f, bodyRise, 0.0f) - KMSampleMeasures::ankle;
@@ -56,6 +54,15 @@ void addLeg(Pose *pose, float phase, bool isLeft, float bodyRise)
     pose->append({"knee" + side, knee, {}});
     pose->append({"ankle" + side, ankle, {}});
     pose->append({"leg IK" + side, leg * knee * ankle, place});
+}
+
+/// A leg at a phase of its step, 0 to 1: forward, down, back, and bent through the air.
+void addStep(Pose *pose, float phase, bool isLeft, float bodyRise)
+{
+    const float swing = std::cos(fullTurn * phase);
+    const float lift = std::pow(std::max(0.0f, std::sin(fullTurn * (phase + 0.42f))), 1.5f);
+    addLeg(pose, {3.0f + 19.0f * swing + 12.0f * lift, -6.0f - 48.0f * lift, -5.0f - 8.0f * swing + 12.0f * lift},
+           isLeft, bodyRise);
 }
 
 void addArm(Pose *pose, float swing, bool isLeft)
@@ -93,8 +100,8 @@ Pose walkAt(int frame)
     pose.append({"upper body2", turned(-1.0f, 3.0f * swing, 0.0f), {}});
     pose.append({"head", turned(2.0f, -6.0f * swing, 0.0f), {}});
     addSkirt(&pose, swing);
-    addLeg(&pose, phase, true, rise);
-    addLeg(&pose, phase + 0.5f, false, rise);
+    addStep(&pose, phase, true, rise);
+    addStep(&pose, phase + 0.5f, false, rise);
     addArm(&pose, -swing, true);
     addArm(&pose, swing, false);
     return pose;
@@ -102,14 +109,15 @@ Pose walkAt(int frame)
 
 Pose greeting()
 {
-    return {
+    Pose pose = {
         {"upper body", turned(-2.0f, -6.0f, -2.0f), {}}, {"upper body2", turned(0.0f, -3.0f, -2.0f), {}},
         {"neck", turned(0.0f, 3.0f, 3.0f), {}},          {"head", turned(3.0f, 5.0f, 6.0f), {}},
         {"shoulder_R", turned(0.0f, 0.0f, -10.0f), {}},  {"arm_R", turned(0.0f, 0.0f, -22.0f), {}},
         {"elbow_R", turned(0.0f, 0.0f, -62.0f), {}},     {"wrist_R", turned(0.0f, 0.0f, 12.0f), {}},
         {"arm_L", turned(6.0f, 0.0f, -36.0f), {}},       {"elbow_L", turned(14.0f, -18.0f, 0.0f), {}},
-        {"leg_L", turned(3.0f, 0.0f, 0.0f), {}},         {"knee_L", turned(-8.0f, 0.0f, 0.0f), {}},
     };
+    addLeg(&pose, {3.0f, -8.0f, 5.0f}, true, 0.0f); // the foot stays level
+    return pose;
 }
 
 void writeText(QDataStream &out, const QString &text, int length)

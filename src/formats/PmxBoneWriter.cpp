@@ -7,6 +7,8 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMTagConstraint.h"
 
+#include <algorithm>
+
 using kvm::Vector3;
 
 namespace {
@@ -46,13 +48,17 @@ PmxBoneWriter::PmxBoneWriter(PmxOutput &out, const PmxContents &contents)
         collectArms();
 }
 
+/// Most models have Japanese names, whatever language the program speaks.
 void PmxBoneWriter::collectArms()
 {
-    const QString word = tr("arm");
+    const QString words[] = {tr("arm"), QStringLiteral("arm"), QStringLiteral("腕")};
+    const auto isArm = [&words](const QString &name) {
+        return std::any_of(std::begin(words), std::end(words),
+                           [&](const QString &word) { return name.contains(word); });
+    };
     for (const KMBone *bone : m_contents.root.bones()) {
-        const bool isArm =
-            bone->name().contains(word) || m_contents.translations.value(bone->name()).contains(QLatin1String("arm"));
-        if (isArm || m_arms.contains(bone->parentBone())) // parents come before their children
+        const bool isBelow = m_arms.contains(bone->parentBone()); // parents come before their children
+        if (isBelow || isArm(bone->name()) || isArm(m_contents.translations.value(bone->name())))
             m_arms.insert(bone);
     }
 }
@@ -156,7 +162,6 @@ void PmxBoneWriter::writeChain(const Constraints &constraints)
         m_out.writeU8(limits.enabled);
         if (!limits.enabled)
             continue;
-        m_out.writeVector(Vector3(limits.minH, limits.minP, limits.minB));
-        m_out.writeVector(Vector3(limits.maxH, limits.maxP, limits.maxB));
+        m_out.writeAngleLimits({limits.minH, limits.minP, limits.minB}, {limits.maxH, limits.maxP, limits.maxB});
     }
 }

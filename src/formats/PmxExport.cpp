@@ -74,6 +74,7 @@ Options optionsOf(const KMOptionForm &answers)
     }
     if (answers.value(QLatin1String(outlineKey)).toBool())
         options.edgeScale = float(KMOutlinePercent::current()) * 0.01f;
+    options.parent = answers.parent;
     options.root = KMBoneContainer::inTree().value(answers.value(QLatin1String(rootKey)).toInt());
     return options;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 class KMBoneContainer;
+class QWidget;
 
 /// What a PMX file shall take of the document.
 struct PmxExportOptions
@@ -17,4 +18,5 @@ struct PmxExportOptions
     bool skipPhysics = false;
     bool developmentFlip = false; ///< X runs the other way
     KMBoneContainer *root = nullptr;
+    QWidget *parent = nullptr; ///< of questions that come up on the way
 };

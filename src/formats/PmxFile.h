@@ -11,7 +11,7 @@
 #include <vector>
 
 /// What a PMX file holds, in its order and its own units. Indices are those of the file, -1 for none, and lie in their
-/// lists; those of bones in the weights of a vertex only where the weight isn't 0.
+/// lists; those of bones in the weights of a vertex only where the weight is above 0.
 struct PmxFile
 {
     struct Name

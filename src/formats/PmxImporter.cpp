@@ -104,9 +104,11 @@ bool PmxImporter::read(const QString &path, PmxFile &file)
     return isRead;
 }
 
-/// What the maker of the model has to say to those who use it.
+/// What the maker of the model has to say to those who use it; many say nothing.
 void PmxImporter::showModel(const PmxFile &file) const
 {
+    if (file.comment.local.trimmed().isEmpty())
+        return;
     KMMessage message;
     message.title = file.modelName.local;
     message.text = file.comment.local;
@@ -124,14 +126,14 @@ void PmxImporter::build(const QString &path, PmxFile &file)
         PmxMaterials::push(file, QFileInfo(path).absoluteDir());
         PmxRigBuilder rig(file, scaled);
         rig.push();
-        m_warnings += rig.warnings();
+        m_warnings = rig.warnings() + m_warnings; // ahead of numbers that aren't finite, which come in floods
         PmxMeshBuilder mesh(file, scaled, rig.bones(), firstShader);
         pushMesh(file, mesh.build(), mesh);
         pushFrames(file, rig, mesh);
         gSolution->push(new selectNothingCommand);
     }
     if (scaled.lost() > 0)
-        m_warnings << tr("%1 places or numbers left all bounds on their way in, and became 0").arg(scaled.lost());
+        m_warnings.prepend(tr("%1 places or numbers left all bounds on their way in, and became 0").arg(scaled.lost()));
     if (gSolution->views())
         gSolution->views()->resetCamera();
 }

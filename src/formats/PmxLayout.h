@@ -20,12 +20,7 @@ enum Deform : quint8 {
 enum MaterialFlag : quint8 { MaterialDoubleSided = 0x01, MaterialEdge = 0x10 };
 
 /// What a sphere texture does to the colour below it.
-enum SphereMode : quint8 {
-    SphereOff = 0,
-    SphereMultiplied = 1,
-    SphereAdded = 2,
-    SphereSubTexture = 3 ///< no sphere: a second texture by the first additional UV
-};
+enum SphereMode : quint8 { SphereOff = 0, SphereMultiplied = 1, SphereAdded = 2 };
 
 enum BoneFlag : quint16 {
     TailIsBone = 0x0001,

@@ -6,7 +6,6 @@
 #include "formats/PmxFile.h"
 #include "formats/PmxLayout.h"
 
-#include <QDebug>
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
@@ -94,17 +93,6 @@ void pushTextures(const PmxFile &file, const QDir &folder)
     }
 }
 
-/// None where the file has it switched off, or means another kind of texture: the document knows neither, and would
-/// show a sphere map. The picture itself stays in the list.
-int sphereOf(const PmxFile::Material &material)
-{
-    if (material.sphere < 0 || material.sphereMode == Pmx::SphereMultiplied || material.sphereMode == Pmx::SphereAdded)
-        return material.sphere;
-    qDebug().noquote() << "sphere texture of the material" << material.name.local << "left out for its mode"
-                       << material.sphereMode;
-    return -1;
-}
-
 KMBasicShader valuesOf(const PmxFile::Material &material, int firstTexture)
 {
     const auto inDocument = [firstTexture](int texture) { return texture < 0 ? -1 : firstTexture + texture; };
@@ -114,7 +102,7 @@ KMBasicShader valuesOf(const PmxFile::Material &material, int firstTexture)
     values.ambient = colorOf(material.ambient);
     values.shininess = shininessOf(material.power);
     values.textures[KMBasicShader::Diffuse] = inDocument(material.texture);
-    values.textures[KMBasicShader::Sphere] = inDocument(sphereOf(material));
+    values.textures[KMBasicShader::Sphere] = inDocument(material.sphere);
     values.textures[KMBasicShader::Toon] = inDocument(material.toon);
     values.sphereAdd = material.sphereMode == Pmx::SphereMultiplied;
     values.doubleSided = material.flags & Pmx::MaterialDoubleSided;

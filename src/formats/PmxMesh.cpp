@@ -1,6 +1,5 @@
 #include "formats/PmxMesh.h"
 
-#include "core/KMContainerNode.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "formats/PmxExportOptions.h"
@@ -10,6 +9,7 @@
 #include "modifiers/KMPolygonize.h"
 #include "modifiers/KMPrimitiveNode.h"
 #include "rig/KMBone.h"
+#include "rig/KMModBoneDeformNode.h"
 #include "rig/KMMorphBake.h"
 #include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagMorph.h"
@@ -43,16 +43,6 @@ bool isMorphed(const KMMeshNode &mesh)
     });
 }
 
-void restMorphs(KMMeshNode &copy)
-{
-    const QVector<KMTagMorph *> tags = KMMorphBake::tagsOf(copy);
-    for (const KMTagMorph *tag : tags) {
-        const QList<KMMorph *> morphs = tag->liveMorphs();
-        for (KMMorph *morph : morphs)
-            morph->setValue(0.0f);
-    }
-}
-
 const KMMeshModifier *lastOf(const KMMeshNode &mesh)
 {
     return mesh.modifiers().isEmpty() ? nullptr : mesh.modifiers().last().second;
@@ -75,24 +65,36 @@ bool isPosed(const KMBone &bone)
     return std::abs(dot(pose.rotation, kvm::Quaternion())) < 1.0f - turn || pose.offset.length() > length;
 }
 
-bool hasBoneDeform(const KMMeshNode &mesh)
+/// Whether bones would move the vertices of a mesh as they stand.
+bool isMoved(const KMMeshNode &mesh)
 {
-    const QList<KMMeshNode::ModifierEntry> &chain = mesh.modifiers();
-    return std::any_of(chain.begin(), chain.end(), [](const KMMeshNode::ModifierEntry &entry) {
-        return entry.first && entry.second->modifierNode()->type() == KMNodeType::ModBoneDeform;
-    });
-}
-
-bool isPosed(const KMMeshNode &mesh)
-{
-    const auto *weights = static_cast<const KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
-    if (!weights || !hasBoneDeform(mesh))
+    const auto *tag = static_cast<const KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
+    if (!tag)
         return false;
-    for (int i = 0; i < weights->bones().size(); ++i) {
-        if (weights->isLive(i) && isPosed(*weights->bones().at(i)))
+    QVector<bool> posed; // by the numbers of the tag
+    for (int i = 0; i < tag->bones().size(); ++i)
+        posed.append(tag->isLive(i) && isPosed(*tag->bones().at(i)));
+    if (!posed.contains(true))
+        return false;
+    const auto moves = [&posed](const KMBoneShare &share) { return share.weight > 0.0f && posed.at(share.bone); };
+    for (int v = 0; v < mesh.vertexCount(); ++v) {
+        const KMShareView shares = tag->lists().of(v);
+        if (mesh.vertex(v) && std::any_of(shares.begin(), shares.end(), moves))
             return true;
     }
     return false;
+}
+
+/// Each bone deform goes by the weights that the stages before it made.
+bool isPosed(KMMeshNode &mesh)
+{
+    mesh.refreshMesh(mesh.dirtyMask());
+    mesh.evaluateModifiers();
+    const QList<KMMeshNode::ModifierEntry> &chain = mesh.modifiers();
+    return std::any_of(chain.begin(), chain.end(), [](const KMMeshNode::ModifierEntry &entry) {
+        const auto *deform = qobject_cast<const KMModBoneDeformNode *>(entry.second->modifierNode());
+        return entry.first && deform && deform->input() && isMoved(*deform->input());
+    });
 }
 
 /// What a mesh can be seen as: false when nothing of it is to be written.
@@ -111,7 +113,7 @@ bool evaluate(KMMeshNode &source, const PmxExportOptions &options, PmxMesh &mesh
         source.refreshMesh(source.dirtyMask());
         return true;
     }
-    restMorphs(*mesh.evaluated);
+    KMMorphBake::rest(KMMorphBake::tagsOf(*mesh.evaluated));
     mesh.evaluated->refreshMesh(KMMeshDirty::All);
     return true;
 }
@@ -132,7 +134,7 @@ bool split(PmxMesh &mesh, const PmxExportOptions &options)
 
 bool PmxMesh::arePosed(const PmxExportOptions &options)
 {
-    for (const KMMeshNode *mesh : gProject->meshesInTree()) {
+    for (KMMeshNode *mesh : gProject->meshesInTree()) {
         if (options.freezeMods && isTaken(*mesh, options) && isPosed(*mesh))
             return true;
     }

@@ -3,6 +3,7 @@
 #include "mesh/KMMeshNode.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <numeric>
@@ -159,11 +160,11 @@ void PmxModel::append(const PmxModel &other)
 QVector<int> PmxModel::materialsInUse() const
 {
     QVector<int> materials;
-    QHash<int, bool> known;
+    QSet<int> known;
     for (const PmxFace &face : m_faces) {
         if ((!materials.isEmpty() && face.material == materials.last()) || known.contains(face.material))
             continue;
-        known.insert(face.material, true);
+        known.insert(face.material);
         materials.append(face.material);
     }
     return materials;

@@ -4,9 +4,30 @@
 #include "formats/PmxOutput.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMMorphBake.h"
+#include "rig/KMMorphDeltas.h"
 #include "rig/KMTagMorph.h"
 
+#include <QMap>
+
 #include <numeric>
+
+namespace {
+
+/// Each vertex once, as players want it.
+MorphDeltas sumOf(const MorphDeltas &a, const MorphDeltas &b)
+{
+    QMap<int, kvm::Vector3> offsets;
+    for (const MorphDeltas *deltas : {&a, &b}) {
+        for (const MorphDelta &delta : *deltas)
+            offsets[delta.vertex] += delta.offset();
+    }
+    MorphDeltas sum;
+    for (auto it = offsets.cbegin(); it != offsets.cend(); ++it)
+        appendDelta(sum, it.key(), it.value());
+    return sum;
+}
+
+} // namespace
 
 PmxMorphs::Clones::Clones(const PmxMesh &mesh)
     : firsts(mesh.shape().vertexCount() + 1, 0)
@@ -37,33 +58,27 @@ void PmxMorphs::append(const QList<KMMorph *> &morphs)
     for (const KMMorph *morph : morphs) {
         if (!m_places.contains(morph->name())) {
             m_places.insert(morph->name(), m_morphs.size());
-            m_morphs.append(QVector<Part>());
+            m_morphs.append({morph->name(), morph->panel(), {}});
         }
-        m_morphs[m_places.value(morph->name())].append({morph, m_clones.size()});
+        QVector<Part> &parts = m_morphs[m_places.value(morph->name())].parts;
+        if (!parts.isEmpty() && parts.last().mesh == m_clones.size())
+            parts.last().deltas = sumOf(parts.last().deltas, morph->deltas());
+        else
+            parts.append({m_clones.size(), morph->deltas()});
     }
-}
-
-QString PmxMorphs::name(int i) const
-{
-    return m_morphs.at(i).first().morph->name();
-}
-
-int PmxMorphs::panel(int i) const
-{
-    return m_morphs.at(i).first().morph->panel();
 }
 
 void PmxMorphs::writeOffsets(PmxOutput &out, int i, int vertexWidth) const
 {
     int count = 0;
-    for (const Part &part : m_morphs.at(i)) {
-        for (const MorphDelta &delta : part.morph->deltas())
+    for (const Part &part : m_morphs.at(i).parts) {
+        for (const MorphDelta &delta : part.deltas)
             count += m_clones.at(part.mesh).countOf(delta.vertex);
     }
     out.writeI32(count);
-    for (const Part &part : m_morphs.at(i)) {
+    for (const Part &part : m_morphs.at(i).parts) {
         const Clones &clones = m_clones.at(part.mesh);
-        for (const MorphDelta &delta : part.morph->deltas()) {
+        for (const MorphDelta &delta : part.deltas) {
             const int first = clones.firsts.value(delta.vertex);
             for (int c = 0, n = clones.countOf(delta.vertex); c < n; ++c) {
                 out.writeIndex(clones.vertices.at(first + c), vertexWidth);

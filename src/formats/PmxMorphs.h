@@ -1,17 +1,18 @@
 #pragma once
 
+#include "rig/KMMorph.h"
+
 #include <QHash>
 #include <QString>
 #include <QVector>
 
 #include <vector>
 
-class KMMorph;
 class PmxOutput;
 struct PmxMesh;
 
-/// The morphs of a file: those of one name are one, whatever meshes they are on. The first of them says where it stands
-/// and on which panel.
+/// The morphs of a file: those of one name are one, whatever meshes they are on; those of one mesh are added up, as
+/// they are in the document when they have the same value. The first of them says where it stands and on which panel.
 class PmxMorphs
 {
 public:
@@ -19,8 +20,8 @@ public:
 
     int count() const { return m_morphs.size(); }
     int indexOf(const QString &name) const { return m_places.value(name, -1); } ///< -1 when there is none
-    QString name(int i) const;
-    int panel(int i) const;
+    QString name(int i) const { return m_morphs.at(i).name; }
+    int panel(int i) const { return m_morphs.at(i).panel; }
     /// The displacements of a morph, counted, each for all vertices that came of the one that it moves.
     void writeOffsets(PmxOutput &out, int i, int vertexWidth) const;
 
@@ -34,15 +35,22 @@ private:
         QVector<int> firsts; ///< of the run of each vertex, and the end of the last one
         QVector<int> vertices;
     };
+    /// What a morph does to a mesh.
     struct Part
     {
-        const KMMorph *morph;
         int mesh; ///< place in m_clones
+        MorphDeltas deltas;
+    };
+    struct Morph
+    {
+        QString name;
+        int panel;
+        QVector<Part> parts;
     };
 
     void append(const QList<KMMorph *> &morphs);
 
-    QVector<QVector<Part>> m_morphs;
+    QVector<Morph> m_morphs;
     QHash<QString, int> m_places;
     QVector<Clones> m_clones;
 };

@@ -37,9 +37,26 @@ public:
     void writeVector(const kvm::Vector3 &value) { put(value); }                   ///< as it is
     void writeDirection(const kvm::Vector3 &value) { put(turned(value)); }        ///< with the X of the file
     void writeLength(const kvm::Vector3 &value) { put(turned(value) * m_scale); } ///< likewise, scaled
-    void writeIndex(int index, int width)                                         ///< in so many bytes: 1, 2 or 4
+    void writeAngles(const kvm::Vector3 &value)                                   ///< about X, Y, Z of the file
+    {
+        put(m_isMirrored ? kvm::Vector3(value.x, -value.y, -value.z) : value);
+    }
+    void writeIndex(int index, int width) ///< in so many bytes: 1, 2 or 4
     {
         width == 1 ? writeU8(index) : width == 2 ? writeU16(index) : writeI32(index);
+    }
+
+    /// The lowest and the highest of three, each on its way into the file. A mirror exchanges them where it turns
+    /// signs.
+    void writeLengthLimits(const kvm::Vector3 &lowest, const kvm::Vector3 &highest)
+    {
+        writeLength(m_isMirrored ? kvm::Vector3(highest.x, lowest.y, lowest.z) : lowest);
+        writeLength(m_isMirrored ? kvm::Vector3(lowest.x, highest.y, highest.z) : highest);
+    }
+    void writeAngleLimits(const kvm::Vector3 &lowest, const kvm::Vector3 &highest)
+    {
+        writeAngles(m_isMirrored ? kvm::Vector3(lowest.x, highest.y, highest.z) : lowest);
+        writeAngles(m_isMirrored ? kvm::Vector3(highest.x, lowest.y, lowest.z) : highest);
     }
 
     bool finish(); ///< what is still here goes to the device. False when it didn't take everything

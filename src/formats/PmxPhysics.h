@@ -1,14 +1,9 @@
 #pragma once
 
-#include "formats/PmxLayout.h"
-#include "math/Quaternion.h"
 #include "math/Vector3.h"
 
 /// How rigid bodies and joints of a file stand against those of the document, for both directions.
 namespace Pmx {
-
-/// A quarter turn about X: in a player Y runs along a body, on a tag Z does.
-constexpr kvm::Quaternion PlayerAxes{0.7071067690849304f, -0.7071067690849304f, 0.0f, 0.0f};
 
 /// The second number of a spring belongs to what is Z on a tag. It is its own inverse.
 constexpr kvm::Vector3 exchangedSpring(const kvm::Vector3 &spring)

@@ -6,6 +6,7 @@
 #include "formats/PmxSkin.h"
 #include "math/EulerAngles.h"
 #include "rig/KMBone.h"
+#include "rig/KMPlayerAxes.h"
 #include "rig/KMTagJoint.h"
 
 #include <QDebug>
@@ -44,7 +45,7 @@ void PmxPhysicsWriter::write()
 void PmxPhysicsWriter::writePlace(const PoseTransform &pose, const KMBone &bone)
 {
     m_out.writeLength(bone.rotation().rotate(pose.offset) + bone.restHead());
-    m_out.writeVector(kvm::eulerAngles(bone.rotation() * pose.rotation * Pmx::PlayerAxes.conjugate()));
+    m_out.writeAngles(kvm::eulerAngles(bone.rotation() * pose.rotation * KMPlayerAxes.conjugate()));
 }
 
 void PmxPhysicsWriter::writeBody(const KMTagRigidBody &tag, const KMBone &bone)
@@ -73,10 +74,13 @@ void PmxPhysicsWriter::writeJoint(const KMTagJoint &tag, const KMBone &bone)
     for (const KMTagRigidBody *body : {tag.bodyA(), tag.bodyB()})
         m_out.writeIndex(m_contents.bodyIndex(body), m_contents.sizes.rigid);
     writePlace(data.pose, bone);
-    for (const int place : Pmx::WrittenLinearLimits)
-        m_out.writeF32(data.linearLimit[size_t(place)] * m_out.scale());
-    for (const Pmx::LimitPlace &limit : Pmx::AngularLimits)
-        m_out.writeF32(limit.sign * radians(data.angularLimit[size_t(limit.place)]));
+    const auto length = [&data](int i) { return data.linearLimit[size_t(Pmx::WrittenLinearLimits[i])]; };
+    m_out.writeLengthLimits({length(0), length(1), length(2)}, {length(3), length(4), length(5)});
+    const auto angle = [&data](int i) {
+        const Pmx::LimitPlace &limit = Pmx::AngularLimits[i];
+        return limit.sign * radians(data.angularLimit[size_t(limit.place)]);
+    };
+    m_out.writeAngleLimits({angle(0), angle(1), angle(2)}, {angle(3), angle(4), angle(5)});
     m_out.writeVector(Pmx::exchangedSpring(data.linearSpring));
     m_out.writeVector(Pmx::exchangedSpring(data.angularSpring));
 }

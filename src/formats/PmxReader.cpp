@@ -68,11 +68,11 @@ int PmxReader::enter(const QString &section, int leastBytes, int documentBytes)
     constexpr qint64 freeBytes = 128 << 20;
     constexpr qint64 bytesOfByte = 50; // what vertices and faces take for theirs
     m_in.enterSection(section);
-    const int count = m_in.readCount(leastBytes);
-    m_promised += qint64(count) * documentBytes;
+    m_count = m_in.readCount(leastBytes);
+    m_promised += qint64(m_count) * documentBytes;
     if (m_promised <= freeBytes + bytesOfByte * m_in.size())
-        return count;
-    m_in.fail(tr("%1 records are more than the file can be believed to hold").arg(count));
+        return m_count;
+    m_in.fail(tr("%1 records are more than the file can be believed to hold").arg(m_count));
     return 0;
 }
 
@@ -156,8 +156,8 @@ void PmxReader::readWeights(PmxFile::Vertex &vertex, int i)
         m_in.skip(sdefBytes); // reckoned anew from the bones
     for (int b = 0; b < vertex.boneCount; ++b) {
         const int bone = vertex.bones[size_t(b)];
-        if (vertex.weights[size_t(b)] == 0.0f)
-            continue;
+        if (vertex.weights[size_t(b)] <= 0.0f)
+            continue; // left out
         if (bone < -1)
             m_in.fail(tr("The index %1 for a bone").arg(bone));
         else if (bone > m_highestBone.index)
@@ -185,22 +185,14 @@ void PmxReader::readTriangles()
 void PmxReader::readTextures()
 {
     constexpr int documentBytes = 1500;
-    const int count = enter(tr("textures"), nameBytes / 2, documentBytes);
-    for (int i = 0; i < count && m_in.ok(); ++i) {
-        m_in.enterElement(i, count);
-        m_file.textures << m_in.readText();
-    }
+    readSection(tr("textures"), nameBytes / 2, documentBytes, m_file.textures, &PmxReader::readTexture);
 }
 
 void PmxReader::readMaterials()
 {
     const int leastBytes = nameBytes + 65 + 3 * m_sizes.texture + 2 + 4 + 4; // numbers, textures, memo, count
     constexpr int documentBytes = 2000;
-    const int count = enter(tr("materials"), leastBytes, documentBytes);
-    for (int i = 0; i < count && m_in.ok(); ++i) {
-        m_in.enterElement(i, count);
-        m_file.materials.push_back(readMaterial());
-    }
+    readSection(tr("materials"), leastBytes, documentBytes, m_file.materials, &PmxReader::readMaterial);
 }
 
 PmxFile::Material PmxReader::readMaterial()

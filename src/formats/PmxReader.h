@@ -39,13 +39,14 @@ private:
     void readWeights(PmxFile::Vertex &vertex, int i);
     void readTriangles();
     void readTextures();
+    QString readTexture() { return m_in.readText(); }
     void readMaterials();
     PmxFile::Material readMaterial();
     void readBones();
-    PmxFile::Bone readBone(int boneCount);
-    PmxFile::Inheritance readInheritance(int boneCount);
-    void readIK(PmxFile::Bone &bone, int boneCount);
-    void checkWeights(int boneCount);
+    PmxFile::Bone readBone();
+    PmxFile::Inheritance readInheritance();
+    void readIK(PmxFile::Bone &bone);
+    void checkWeights();
     void readMorphs();
     PmxFile::Morph readMorph();
     void skipMorph(int type);
@@ -58,6 +59,17 @@ private:
     void tellCounts() const;
     /// A count of records of a section, each of at least so many bytes in the file, and of so many in the document.
     int enter(const QString &section, int leastBytes, int documentBytes);
+    /// A section whose records go into a list one by one.
+    template <class List, class Record>
+    void readSection(const QString &section, int leastBytes, int documentBytes, List &list,
+                     Record (PmxReader::*readRecord)())
+    {
+        const int count = enter(section, leastBytes, documentBytes);
+        for (int i = 0; i < count && m_in.ok(); ++i) {
+            m_in.enterElement(i, count);
+            list.push_back((this->*readRecord)());
+        }
+    }
 
     PmxStream m_in;
     PmxFile m_file;
@@ -65,6 +77,7 @@ private:
     int m_extraUVs = 0;
     bool m_withNormals = false;
     HighestBone m_highestBone;
+    int m_count = 0;            // of the records that the section promises
     qint64 m_trianglesLeft = 0; // for the materials to come
     qint64 m_promised = 0;      // bytes that the document will take for what the file has promised so far
 };

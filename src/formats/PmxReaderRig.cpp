@@ -12,23 +12,18 @@ void PmxReader::readBones()
     const int tailBytes = std::min<int>(m_sizes.bone, vector3Bytes);
     const int leastBytes = nameBytes + vector3Bytes + m_sizes.bone + 6 + tailBytes;
     constexpr int documentBytes = 12000;
-    const int count = enter(tr("bones"), leastBytes, documentBytes);
-    m_file.bones.reserve(size_t(count));
-    for (int i = 0; i < count && m_in.ok(); ++i) {
-        m_in.enterElement(i, count);
-        m_file.bones.push_back(readBone(count));
-    }
+    readSection(tr("bones"), leastBytes, documentBytes, m_file.bones, &PmxReader::readBone);
     if (m_in.ok())
-        checkWeights(count);
+        checkWeights();
 }
 
 /// Parents and targets may come later, so an index is compared with what is promised.
-PmxFile::Bone PmxReader::readBone(int boneCount)
+PmxFile::Bone PmxReader::readBone()
 {
     PmxFile::Bone bone;
     bone.name = readName();
     bone.position = m_in.readVector3();
-    bone.parent = m_in.readIndex(m_sizes.bone, boneCount);
+    bone.parent = m_in.readIndex(m_sizes.bone, m_count);
     m_in.skip(4); // layer
     bone.flags = m_in.readU16();
     if (bone.flags & Pmx::TailIsBone)
@@ -36,14 +31,14 @@ PmxFile::Bone PmxReader::readBone(int boneCount)
     else
         bone.tailOffset = m_in.readVector3();
     if (bone.flags & Pmx::InheritsRotation)
-        bone.rotation = readInheritance(boneCount);
+        bone.rotation = readInheritance();
     if (bone.flags & Pmx::InheritsTranslation) {
         if (bone.flags & Pmx::InheritsRotation)
             m_in.suspectHere(
                 tr("the bone %1 inherits rotation and movement, told in one record where this program looks "
                    "for two")
                     .arg(bone.name.brief()));
-        bone.translation = readInheritance(boneCount);
+        bone.translation = readInheritance();
     }
     if (bone.flags & Pmx::HasFixedAxis)
         m_in.skip(vector3Bytes);
@@ -54,28 +49,28 @@ PmxFile::Bone PmxReader::readBone(int boneCount)
     if (bone.flags & Pmx::HasExternalParent)
         m_in.skip(4);
     if (bone.flags & Pmx::HasIK)
-        readIK(bone, boneCount);
+        readIK(bone);
     return bone;
 }
 
-PmxFile::Inheritance PmxReader::readInheritance(int boneCount)
+PmxFile::Inheritance PmxReader::readInheritance()
 {
     PmxFile::Inheritance inheritance;
-    inheritance.bone = m_in.readIndex(m_sizes.bone, boneCount);
+    inheritance.bone = m_in.readIndex(m_sizes.bone, m_count);
     inheritance.ratio = m_in.readF32();
     return inheritance;
 }
 
-void PmxReader::readIK(PmxFile::Bone &bone, int boneCount)
+void PmxReader::readIK(PmxFile::Bone &bone)
 {
-    bone.ikTarget = m_in.readIndex(m_sizes.bone, boneCount);
+    bone.ikTarget = m_in.readIndex(m_sizes.bone, m_count);
     bone.ikLoop = m_in.readI32();
     bone.ikAngle = m_in.readF32();
     const int count = m_in.readCount(m_sizes.bone + 1);
     bone.links.reserve(size_t(count));
     for (int left = count; left > 0 && m_in.ok(); --left) {
         PmxFile::Link link;
-        link.bone = m_in.readIndex(m_sizes.bone, boneCount);
+        link.bone = m_in.readIndex(m_sizes.bone, m_count);
         link.isLimited = m_in.readU8() != 0;
         if (link.isLimited) {
             link.lower = m_in.readVector3();
@@ -86,8 +81,9 @@ void PmxReader::readIK(PmxFile::Bone &bone, int boneCount)
 }
 
 /// In a file without bones all weights name the first one all the same.
-void PmxReader::checkWeights(int boneCount)
+void PmxReader::checkWeights()
 {
+    const int boneCount = int(m_file.bones.size());
     if (m_highestBone.index < boneCount || boneCount == 0)
         return;
     m_in.enterSection(tr("vertices"));
@@ -100,11 +96,7 @@ void PmxReader::readMorphs()
 {
     constexpr int leastBytes = nameBytes + 2 + 4;
     constexpr int documentBytes = 1500;
-    const int count = enter(tr("morphs"), leastBytes, documentBytes);
-    for (int i = 0; i < count && m_in.ok(); ++i) {
-        m_in.enterElement(i, count);
-        m_file.morphs.push_back(readMorph());
-    }
+    readSection(tr("morphs"), leastBytes, documentBytes, m_file.morphs, &PmxReader::readMorph);
 }
 
 PmxFile::Morph PmxReader::readMorph()
@@ -143,11 +135,7 @@ void PmxReader::readFrames()
 {
     constexpr int leastBytes = nameBytes + 1 + 4;
     constexpr int documentBytes = 1000;
-    const int count = enter(tr("display frames"), leastBytes, documentBytes);
-    for (int i = 0; i < count && m_in.ok(); ++i) {
-        m_in.enterElement(i, count);
-        m_file.frames.push_back(readFrame());
-    }
+    readSection(tr("display frames"), leastBytes, documentBytes, m_file.frames, &PmxReader::readFrame);
 }
 
 PmxFile::Frame PmxReader::readFrame()
@@ -170,11 +158,7 @@ void PmxReader::readBodies()
 {
     const int leastBytes = nameBytes + m_sizes.bone + 4 + 3 * vector3Bytes + 20 + 1;
     constexpr int documentBytes = 1500;
-    const int count = enter(tr("rigid bodies"), leastBytes, documentBytes);
-    for (int i = 0; i < count && m_in.ok(); ++i) {
-        m_in.enterElement(i, count);
-        m_file.bodies.push_back(readBody());
-    }
+    readSection(tr("rigid bodies"), leastBytes, documentBytes, m_file.bodies, &PmxReader::readBody);
 }
 
 PmxFile::Body PmxReader::readBody()
@@ -201,11 +185,7 @@ void PmxReader::readJoints()
 {
     const int leastBytes = nameBytes + 1 + 2 * m_sizes.rigid + 8 * vector3Bytes;
     constexpr int documentBytes = 1500;
-    const int count = enter(tr("joints"), leastBytes, documentBytes);
-    for (int i = 0; i < count && m_in.ok(); ++i) {
-        m_in.enterElement(i, count);
-        m_file.joints.push_back(readJoint());
-    }
+    readSection(tr("joints"), leastBytes, documentBytes, m_file.joints, &PmxReader::readJoint);
 }
 
 PmxFile::Joint PmxReader::readJoint()

@@ -3,6 +3,7 @@
 #include "formats/PmxPhysics.h"
 #include "formats/PmxRigBuilder.h"
 #include "rig/KMBone.h"
+#include "rig/KMPlayerAxes.h"
 #include "rig/KMTagJoint.h"
 
 #include <QDebug>
@@ -45,7 +46,7 @@ PoseTransform PmxRigBuilder::poseOn(const KMBone &bone, const kvm::Vector3 &posi
 {
     const kvm::Quaternion back = bone.rotation().conjugate();
     PoseTransform pose;
-    pose.rotation = back * kvm::Quaternion::fromEuler(rotation) * Pmx::PlayerAxes;
+    pose.rotation = back * kvm::Quaternion::fromEuler(rotation) * KMPlayerAxes;
     pose.offset = m_scale.finite(back.rotate(m_scale(position) - bone.restHead()));
     return pose;
 }

@@ -33,11 +33,6 @@ QString baseNameFrom(const QString &name)
     return safe.isEmpty() ? QStringLiteral("texture") : safe;
 }
 
-void logFailure(const QString &path)
-{
-    qDebug().noquote() << "texture save [NG]" << path;
-}
-
 /// What tells files apart, also where the system doesn't tell cases of letters.
 QString fileKey(const QString &path)
 {
@@ -105,11 +100,7 @@ QString PmxTextures::newPath(const QDir &folder, const QString &base)
 QString PmxTextures::stored(const KMTextureNode &texture)
 {
     const QString path = newPath(QFileInfo(m_modelPath).absoluteDir(), baseNameFrom(texture.name()));
-    const QImage image = texture.image();
-    if (!image.isNull() && (!mayWrite(path) || image.save(path, "png")))
-        return path;
-    logFailure(path);
-    return {};
+    return isThere(path, texture.image()) ? path : QString();
 }
 
 /// The path of the PNG beside it; its own where it can't be read or the PNG not be written.
@@ -120,11 +111,17 @@ QString PmxTextures::converted(const QString &path)
         return made;
     const QFileInfo file(path);
     const QImage image(path);
-    const QString png = image.isNull() ? QString() : newPath(file.dir(), file.completeBaseName());
-    const bool isThere = !image.isNull() && (!mayWrite(png) || image.save(png, "png"));
-    if (!isThere)
-        logFailure(path);
-    return made = isThere ? png : path;
+    const QString png = image.isNull() ? path : newPath(file.dir(), file.completeBaseName());
+    return made = isThere(png, image) ? png : path;
+}
+
+/// Whether a picture can be referred to as a PNG: written now, or left as it was by whoever wants that.
+bool PmxTextures::isThere(const QString &path, const QImage &image) const
+{
+    const bool isStored = !image.isNull() && (!mayWrite(path) || image.save(path, "png"));
+    if (!isStored)
+        qDebug().noquote() << "texture save [NG]" << path;
+    return isStored;
 }
 
 bool PmxTextures::mayWrite(const QString &path) const
@@ -136,6 +133,7 @@ bool PmxTextures::mayWrite(const QString &path) const
     question.text = path + tr(" is already exists.\nOverwrite the current file?");
     question.buttons = QMessageBox::Ok | QMessageBox::Cancel;
     question.defaultButton = QMessageBox::Cancel;
+    question.parent = m_options.parent;
     return KMPrompt::current().message(question) == QMessageBox::Ok;
 }
 

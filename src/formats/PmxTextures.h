@@ -7,6 +7,7 @@
 
 class KMTextureNode;
 class QDir;
+class QImage;
 struct PmxExportOptions;
 
 /// The pictures that the materials of a file refer to, each once, in the order in which they are first needed. What
@@ -26,6 +27,7 @@ private:
     QString newPath(const QDir &folder, const QString &base);
     QString stored(const KMTextureNode &texture);
     QString converted(const QString &path);
+    bool isThere(const QString &path, const QImage &image) const;
     bool mayWrite(const QString &path) const;
     QString written(const QString &path) const;
 

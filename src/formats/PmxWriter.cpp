@@ -42,8 +42,7 @@ KMBasicShader blackShader()
 
 int sphereMode(const KMBasicShader &values, int texture)
 {
-    enum Mode { None, Multiply, Add };
-    return texture < 0 ? None : values.sphereAdd ? Multiply : Add;
+    return texture < 0 ? Pmx::SphereOff : values.sphereAdd ? Pmx::SphereMultiplied : Pmx::SphereAdded;
 }
 
 struct FrameItem

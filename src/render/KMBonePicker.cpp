@@ -4,11 +4,13 @@
 #include "render/KMPickRay.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneShape.h"
 
 #include <QLineF>
 #include <QPointer>
 
 #include <algorithm>
+#include <cmath>
 
 namespace KMBonePicker {
 
@@ -16,6 +18,7 @@ namespace {
 
 constexpr double leastEndRadius = 3.0;  // pixels
 constexpr double shareOfEnds = 1.0 / 3; // of the length on the screen
+constexpr double widest = 0.1;          // of a solid body, as a share of its length: so far from head and axis
 constexpr int clipSteps = 24;           // as fine as a float
 
 QPointer<KMBone> hotBone;
@@ -91,6 +94,15 @@ private:
         return away <= radius ? Hit{m_bone, part, end.point, float(away)} : Hit();
     }
 
+    /// How far the drawn body reaches from its axis there, as a share of its length. The corners of a solid one stand
+    /// at a tenth of its way.
+    double halfWidthAt(double share) const
+    {
+        if (m_bone->viewType() != KMBoneShape::Polygon)
+            return 0.0;
+        return widest * (share < widest ? share / widest : (1.0 - share) / (1.0 - widest));
+    }
+
     Hit bodyHit(const End &from, const End &to, double radius) const
     {
         const QPointF start = pointOf(from.window);
@@ -101,7 +113,7 @@ private:
         const double share = qBound(0.0, QPointF::dotProduct(m_position - start, along) / square, 1.0);
         const QPointF place = start + along * share;
         const double away = QLineF(place, m_position).length();
-        if (away > radius)
+        if (away > qMax(radius, halfWidthAt(share) * std::sqrt(square)))
             return {};
         // Depths don't run evenly along it.
         const KMPickRay ray(m_camera, place);

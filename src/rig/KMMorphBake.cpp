@@ -4,11 +4,10 @@
 #include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMChainCopy.h"
+#include "rig/KMMorphDeltas.h"
 #include "rig/KMTagMorph.h"
 
 #include <QCoreApplication>
-
-#include <cmath>
 
 namespace {
 
@@ -30,25 +29,10 @@ MorphDeltas deltasBetween(const KMMeshNode &base, const KMMeshNode &target)
 {
     MorphDeltas deltas;
     for (int i = 0; i < base.vertexCount(); ++i) {
-        if (!base.vertex(i))
-            continue;
-        const kvm::Vector3 d = target.position(i) - base.position(i);
-        if (d == kvm::Vector3())
-            continue;
-        const double length = std::sqrt(double(d.x) * d.x + double(d.y) * d.y + double(d.z) * d.z);
-        if (float(length) > 0.0f && std::isfinite(float(length)))
-            deltas.append({i, float(length), {float(d.x / length), float(d.y / length), float(d.z / length)}});
+        if (base.vertex(i))
+            appendDelta(deltas, i, target.position(i) - base.position(i));
     }
     return deltas;
-}
-
-void restAll(const QVector<KMTagMorph *> &tags)
-{
-    for (const KMTagMorph *tag : tags) {
-        const QList<KMMorph *> morphs = tag->liveMorphs();
-        for (KMMorph *morph : morphs)
-            morph->setValue(0.0f);
-    }
 }
 
 /// Gives the morphs of one tag their displacements. Those of the copy, by which they are sampled, are all at 0.
@@ -83,6 +67,15 @@ QVector<KMTagMorph *> KMMorphBake::tagsOf(const KMMeshNode &mesh)
     return found;
 }
 
+void KMMorphBake::rest(const QVector<KMTagMorph *> &tags)
+{
+    for (const KMTagMorph *tag : tags) {
+        const QList<KMMorph *> morphs = tag->liveMorphs();
+        for (KMMorph *morph : morphs)
+            morph->setValue(0.0f);
+    }
+}
+
 QVector<KMMorphBake::Loss> KMMorphBake::sample(const KMMeshNode &source, KMMeshNode &shape)
 {
     QVector<Loss> losses;
@@ -94,7 +87,7 @@ QVector<KMMorphBake::Loss> KMMorphBake::sample(const KMMeshNode &source, KMMeshN
     // The copies of the tags keep the values.
     for (const KMTagMorph *tag : tags)
         carried.append(tag->clone());
-    restAll(tags);
+    rest(tags);
     copy.evaluate();
     for (int i = 0; i < tags.size(); ++i) {
         sampleMorphs(*tags.at(i), *carried.at(i), copy, shape, losses);

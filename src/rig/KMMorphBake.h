@@ -21,6 +21,8 @@ struct Loss
 /// The tags of a mesh that hold its morphs: seldom more than one, but files may bring several.
 QVector<KMTagMorph *> tagsOf(const KMMeshNode &mesh);
 
+void rest(const QVector<KMTagMorph *> &tags); ///< brings their morphs to the value 0, without the history
+
 /// Gives the shape, which is the result of the source's chain without morphs, tags with the same morphs: each moves
 /// its vertices as the chain does when the morph alone has the value 1. Nothing for a source without a morph tag.
 QVector<Loss> sample(const KMMeshNode &source, KMMeshNode &shape);

@@ -4,14 +4,12 @@
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMPlayerAxes.h"
 #include "rig/KMTagJoint.h"
 
 #include <QHash>
 
 namespace {
-
-/// A quarter turn about X: the axes of a body in a player against those of a tag.
-constexpr kvm::Quaternion playerAxes{0.7071067690849304f, -0.7071067690849304f, 0.0f, 0.0f};
 
 struct Size
 {
@@ -89,7 +87,7 @@ void KMPhysicsMaking::pushSideJoint(KMTagRigidBody *a, KMTagRigidBody *b)
     const kvm::Quaternion end = isNear ? other->rotation() : -other->rotation();
     PoseTransform pose;
     pose.offset = back.rotate(middle - owner->restHead());
-    pose.rotation = back * (owner->rotation().slerped(end, 0.5f) * playerAxes);
+    pose.rotation = back * (owner->rotation().slerped(end, 0.5f) * KMPlayerAxes);
     auto *joint = new KMTagJoint;
     joint->linkBodies(a, b);
     joint->setPose(pose);

@@ -8,6 +8,7 @@
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMModAnchorNode.h"
 #include "rig/KMModBoneDeformNode.h"
 #include "rig/KMMorph.h"
 #include "rig/KMTagBoneWeight.h"
@@ -262,6 +263,19 @@ void tst_PmxExport::posedRig()
     gProject->checkModifiers();
     scene.answer(QStringLiteral("freeze-mods"), false);
     QCOMPARE(questions(QMessageBox::Ok), 0);
+    scene.answer(QStringLiteral("freeze-mods"), true);
+
+    // A deform goes by the weights that the stages before it made, whatever the list of the mesh's own bones.
+    PmxScene::weigh(mesh)->clearEntries();
+    QCOMPARE(questions(QMessageBox::Ok), 0);
+    KMMeshNode *helped = scene.addMesh(MeshFixtures::grid(1, 1));
+    PmxScene::weigh(helped);
+    auto *anchor = scene.addModifier(helped, new KMModAnchorNode);
+    scene.addModifier(helped, new KMModBoneDeformNode);
+    anchor->setParameters({KMAnchorWeights::NearestFace, 1});
+    QCOMPARE(questions(QMessageBox::Ok), 0);
+    anchor->setAnchors({anchor->makeHelper(scene.arm)});
+    QCOMPARE(questions(QMessageBox::Ok), 1);
 }
 
 /// What painting programs store is converted beside itself, and what lies in the document goes beside the model. None
@@ -348,13 +362,15 @@ void tst_PmxExport::pictureOverwriting()
     scene.addMesh(MeshFixtures::grid(1, 1))->setFaceShader(0, 0);
     const QString png = folder.filePath(QStringLiteral("skin.png"));
     scene.answer(QStringLiteral("psd-to-png"), true);
+    QWidget window;
+    scene.form.parent = &window;
     picture.fill(Qt::blue);
     const auto colorAfter = [&](QMessageBox::StandardButton button, bool isAsked) {
         picture.save(png, "png");
         scene.prompt.messages.clear();
         scene.prompt.buttons = {button};
         const bool isWritten = scene.write();
-        const bool wasAsked = scene.prompt.messages.size() == 1
+        const bool wasAsked = scene.prompt.messages.size() == 1 && scene.prompt.messages[0].parent == &window
                               && scene.prompt.messages[0].text
                                      == png + QStringLiteral(" is already exists.\nOverwrite the current file?");
         return isWritten && wasAsked == isAsked ? QImage(png).pixelColor(0, 0) : QColor();

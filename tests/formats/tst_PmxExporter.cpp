@@ -22,6 +22,7 @@
 #include "support/TestRegistry.h"
 
 #include <QDir>
+#include <QSet>
 #include <QTest>
 
 #include <cerrno>
@@ -109,6 +110,7 @@ private slots:
     void armAxes();
     void bodies();
     void joints();
+    void mirroredPhysics();
     void materials();
     void morphsAcrossMeshes();
     void morphsOfTwoTags();
@@ -305,6 +307,8 @@ void tst_PmxExporter::armAxes()
         const Vector3 y = cross(bone.localZ, bone.localX);
         QVERIFY(y.y > 0.0f && qAbs(bone.localZ.y) < 1e-6f); // as far up as the bone allows
     }
+    scene.arm->setName(QStringLiteral("左腕"));
+    QCOMPARE(scene.exported().bones[3].localX, file.bones[3].localX);
     scene.options.convertAxis = false;
     const PmxRecords plain = scene.exported();
     QCOMPARE(file.bones[0].localX, plain.bones[0].localX);
@@ -388,6 +392,42 @@ void tst_PmxExporter::joints()
                                   5};
     QCOMPARE(written.numbers, expected);
     QVERIFY(isNear(written.position, scene.arm->restHead() * s));
+}
+
+/// What a mirror makes of places, turns and limits.
+void tst_PmxExporter::mirroredPhysics()
+{
+    PmxScene scene;
+    KMTagRigidBody *body = PmxScene::addBody(scene.elbow, QStringLiteral("a"));
+    PoseTransform pose;
+    pose.offset = {1, 2, 3};
+    pose.rotation = Quaternion::fromEuler({0.3f, -0.4f, 0.5f});
+    body->setPose(pose);
+    KMTagJoint *joint = PmxScene::addJoint(scene.hand, body, nullptr);
+    joint->setPose(pose);
+    joint->setLinearLimit({1, 2, 3, 4, 5, 6});
+    joint->setAngularLimit({10, 20, 30, 40, 50, 60});
+    const PmxRecords plain = scene.exported();
+    scene.options.developmentFlip = true;
+    const PmxRecords mirrored = scene.exported();
+    const auto across = [](const Vector3 &v) { return Vector3(-v.x, v.y, v.z); };
+    const auto isMirrored = [&across](const auto &was, const auto &is) {
+        const Quaternion before = Quaternion::fromEuler(was.rotation), after = Quaternion::fromEuler(is.rotation);
+        for (const Vector3 &v : {Vector3(1, 0, 0), Vector3(0, 1, 0), Vector3(0, 0, 1)}) {
+            if (!isNear(after.rotate(across(v)), across(before.rotate(v))))
+                return false;
+        }
+        return is.position == across(was.position);
+    };
+    QVERIFY(isMirrored(plain.bodies[0], mirrored.bodies[0]));
+    QVERIFY(isMirrored(plain.joints[0], mirrored.joints[0]));
+    const bool turns[] = {true, false, false, false, true, true}; // shifts along and turns about x, y, z
+    for (int i = 0; i < 6; ++i) {
+        const int lowest = i < 3 ? i : i + 3;
+        const QVector<float> &was = plain.joints[0].numbers, &is = mirrored.joints[0].numbers;
+        QCOMPARE(is[lowest], turns[i] ? -was[lowest + 3] : was[lowest]);
+        QCOMPARE(is[lowest + 3], turns[i] ? -was[lowest] : was[lowest + 3]);
+    }
 }
 
 void tst_PmxExporter::materials()
@@ -479,6 +519,10 @@ void tst_PmxExporter::morphsOfTwoTags()
     second->addMorph(morph);
     mesh->addTagKeepName(second);
     morph->setDeltas({{3, 2.0f, {0, 1, 0}}});
+    auto *twin = new KMMorph; // of the first tag's: one morph in the file, with each vertex once
+    twin->setName(QStringLiteral("a"));
+    second->addMorph(twin);
+    twin->setDeltas({{2, 1.0f, {0, 1, 0}}});
     for (const bool isChain : {false, true}) {
         if (isChain)
             scene.addModifier(mesh, new KMModSdvNode);
@@ -487,6 +531,12 @@ void tst_PmxExporter::morphsOfTwoTags()
         const PmxRecords file(before);
         QCOMPARE(file.morphs.size(), 2);
         QVERIFY(!file.morphs[0].offsets.isEmpty() && !file.morphs[1].offsets.isEmpty());
+        QSet<int> moved;
+        for (const auto &[vertex, offset] : file.morphs[0].offsets) {
+            QVERIFY(isChain || isNear(offset, {0, 0.4f, 0}));
+            moved << vertex;
+        }
+        QCOMPARE(moved.size(), file.morphs[0].offsets.size());
         morph->setValue(0.5f);
         QCOMPARE(scene.bytes(), before);
     }

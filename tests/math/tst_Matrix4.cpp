@@ -4,7 +4,6 @@
 #include "support/TestRegistry.h"
 
 #include <QTest>
-#include <QVector>
 
 using kvm::Matrix4;
 using kvm::Quaternion;

@@ -4,6 +4,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "formats/KMNativeFormat.h"
+#include "formats/VpdImporter.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
@@ -114,6 +115,7 @@ private slots:
     void expressionsStandOnTheirPanels();
     void physicsHangTogether();
     void walkLeadsTargetsWithTheFeet();
+    void greetingLeadsTargetsWithTheFeet();
 
 private:
     KMBoneContainer *rig() const
@@ -292,6 +294,17 @@ void tst_KMSample::walkLeadsTargetsWithTheFeet()
             const KMBone *ankle = rig()->bone(QStringLiteral("ankle_") + key.name.right(1));
             QVERIFY((target->head() - ankle->head()).length() < 1e-2f);
         }
+    }
+}
+
+void tst_KMSample::greetingLeadsTargetsWithTheFeet()
+{
+    QVERIFY(VpdImporter::load(m_folder.filePath(QLatin1String(KMSampleCharacter::poseName))));
+    QVERIFY(rig()->bone(QStringLiteral("knee_L"))->solvedPose() != PoseTransform());
+    for (const char *side : {"_L", "_R"}) {
+        const KMBone *target = rig()->bone(QLatin1String("leg IK") + QLatin1String(side));
+        const KMBone *ankle = rig()->bone(QLatin1String("ankle") + QLatin1String(side));
+        QVERIFY((target->head() - ankle->head()).length() < 1e-2f);
     }
 }
 

@@ -1,22 +1,18 @@
 #include "core/KMSettings.h"
-#include "shell/KMStyle.h"
 #include "shell/kmpreferenceswidget.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestRegistry.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFontComboBox>
 #include <QKeySequenceEdit>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>

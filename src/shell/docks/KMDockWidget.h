@@ -25,4 +25,10 @@ public:
 
 signals:
     void onNodeChanged(KMNode *node, int type); ///< the user chose a node, a tag, a shader or a texture; null for none
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void moveOverViews();
 };
