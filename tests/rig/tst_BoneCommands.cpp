@@ -102,46 +102,34 @@ void tst_BoneCommands::proof_data()
 {
     QTest::addColumn<Make>("make");
     QTest::addColumn<QString>("names");
-    const auto row = [](const char *name, const Make &make, const char *names = "0a 1b 2c 2d 1e 0f") {
+    const char *same = "0a 1b 2c 2d 1e 0f";
+    const auto row = [](const char *name, const char *names, const Make &make) {
         QTest::newRow(name) << make << QString::fromLatin1(names);
     };
-    row(
-        "add", [](Figure &s) { return new addBoneCommand(s.rig, new KMBone, s.b); }, "0a 1b 2c 2d 2Bone 1e 0f");
-    row(
-        "add at a place", [](Figure &s) { return new addBoneCommand(s.rig, new KMBone, nullptr, 1); },
-        "0a 1b 2c 2d 1e 0Bone 0f");
-    row(
-        "delete with children", [](Figure &s) { return new deleteBoneCommand(s.b); }, "0a 1c 1d 1e 0f");
-    row(
-        "delete at the top", [](Figure &s) { return new deleteBoneCommand(s.a); }, "0b 1c 1d 0e 0f");
-    row(
-        "delete a leaf", [](Figure &s) { return new deleteBoneCommand(s.f); }, "0a 1b 2c 2d 1e");
-    row("select all", [](Figure &s) { return new selectAllBoneCommand(s.rig, true); });
-    row("select none", [](Figure &s) { return new selectAllBoneCommand(s.rig, false); });
-    row("float", [](Figure &s) { return new setFloatBoneCommand(s.c, true); });
-    row("movable", [](Figure &s) { return new setMovableBoneCommand(s.c, true); });
-    row(
-        "parent", [](Figure &s) { return new setCtrlParentCommand(s.b, s.f); }, "0a 1e 0f 1b 2c 2d");
-    row(
-        "to the top", [](Figure &s) { return new setCtrlParentCommand(s.b, nullptr); }, "0a 1e 0f 0b 1c 1d");
-    row(
-        "move among siblings", [](Figure &s) { return new moveCtrlNodeCommand(s.e, s.a, 0); }, "0a 1e 1b 2c 2d 0f");
-    row(
-        "to another rig", [](Figure &s) { return new moveBoneToOtherContainerCommand(s.b, s.other, s.x); }, "0a 1e 0f");
-    row("transform", [](Figure &s) { return new editSRTCommand(s.c, {{1, 1, 1}, {0, 1, 0, 0}, {7, 7, 7}}); });
-    row("limits", [](Figure &s) { return new editBoneLimitHPBCommand(s.c, someLimit()); });
-    row("delete tag", [](Figure &s) { return new deleteTagBoneContainerCommand(s.b, s.tag); });
-    row(
-        "rename", [](Figure &s) { return new renameNodeCommand(s.b, QStringLiteral("renamed")); },
-        "0a 1renamed 2c 2d 1e 0f");
-    row("hide one", [](Figure &s) { return new setVisibleCommand(s.b, false); });
-    row(
-        "link tracks",
-        [](Figure &s) {
-            s.b->setName(QStringLiteral("lost"));
-            return new animationBuildBoneCommand(s.rig);
-        },
-        "0a 1lost 2c 2d 1e 0f");
+    row("add", "0a 1b 2c 2d 2Bone 1e 0f", [](Figure &s) { return new addBoneCommand(s.rig, new KMBone, s.b); });
+    row("add at a place", "0a 1b 2c 2d 1e 0Bone 0f",
+        [](Figure &s) { return new addBoneCommand(s.rig, new KMBone, nullptr, 1); });
+    row("delete with children", "0a 1c 1d 1e 0f", [](Figure &s) { return new deleteBoneCommand(s.b); });
+    row("delete at the top", "0b 1c 1d 0e 0f", [](Figure &s) { return new deleteBoneCommand(s.a); });
+    row("delete a leaf", "0a 1b 2c 2d 1e", [](Figure &s) { return new deleteBoneCommand(s.f); });
+    row("select all", same, [](Figure &s) { return new selectAllBoneCommand(s.rig, true); });
+    row("select none", same, [](Figure &s) { return new selectAllBoneCommand(s.rig, false); });
+    row("float", same, [](Figure &s) { return new setFloatBoneCommand(s.c, true); });
+    row("movable", same, [](Figure &s) { return new setMovableBoneCommand(s.c, true); });
+    row("parent", "0a 1e 0f 1b 2c 2d", [](Figure &s) { return new setCtrlParentCommand(s.b, s.f); });
+    row("to the top", "0a 1e 0f 0b 1c 1d", [](Figure &s) { return new setCtrlParentCommand(s.b, nullptr); });
+    row("move among siblings", "0a 1e 1b 2c 2d 0f", [](Figure &s) { return new moveCtrlNodeCommand(s.e, s.a, 0); });
+    row("to another rig", "0a 1e 0f", [](Figure &s) { return new moveBoneToOtherContainerCommand(s.b, s.other, s.x); });
+    row("transform", same, [](Figure &s) { return new editSRTCommand(s.c, {{1, 1, 1}, {0, 1, 0, 0}, {7, 7, 7}}); });
+    row("limits", same, [](Figure &s) { return new editBoneLimitHPBCommand(s.c, someLimit()); });
+    row("delete tag", same, [](Figure &s) { return new deleteTagBoneContainerCommand(s.b, s.tag); });
+    row("rename", "0a 1renamed 2c 2d 1e 0f",
+        [](Figure &s) { return new renameNodeCommand(s.b, QStringLiteral("renamed")); });
+    row("hide one", same, [](Figure &s) { return new setVisibleCommand(s.b, false); });
+    row("link tracks", "0a 1lost 2c 2d 1e 0f", [](Figure &s) {
+        s.b->setName(QStringLiteral("lost"));
+        return new animationBuildBoneCommand(s.rig);
+    });
 }
 
 void tst_BoneCommands::proof()

@@ -221,19 +221,13 @@ void tst_BoneDeform::weightsThroughTheChain_data()
 {
     QTest::addColumn<Make>("make");
     QTest::addColumn<int>("copies"); // of each vertex in the result
-    const auto row = [](const char *name, Make make, int copies) { QTest::newRow(name) << make << copies; };
-    row(
-        "subdivision", []() -> KMModifierNode * { return new KMModSdvNode; }, 0);
-    row(
-        "symmetry", []() -> KMModifierNode * { return new KMModSymNode; }, 2);
-    row(
-        "lattice", []() -> KMModifierNode * { return new KMModFFDNode; }, 1);
-    row(
-        "solid", []() -> KMModifierNode * { return new KMModSolidNode; }, 2);
-    row(
-        "cloner", []() -> KMModifierNode * { return new KMModClonerNode; }, 4);
-    row(
-        "pipe", []() -> KMModifierNode * { return new KMModPipeNode; }, 0);
+    const auto row = [](const char *name, int copies, Make make) { QTest::newRow(name) << make << copies; };
+    row("subdivision", 0, []() -> KMModifierNode * { return new KMModSdvNode; });
+    row("symmetry", 2, []() -> KMModifierNode * { return new KMModSymNode; });
+    row("lattice", 1, []() -> KMModifierNode * { return new KMModFFDNode; });
+    row("solid", 2, []() -> KMModifierNode * { return new KMModSolidNode; });
+    row("cloner", 4, []() -> KMModifierNode * { return new KMModClonerNode; });
+    row("pipe", 0, []() -> KMModifierNode * { return new KMModPipeNode; });
 }
 
 void tst_BoneDeform::weightsThroughTheChain()

@@ -23,6 +23,7 @@
 #include <QTest>
 #include <QUndoStack>
 
+#include <functional>
 #include <memory>
 
 namespace {
@@ -270,55 +271,35 @@ void tst_KMTagBoneWeight::normalizing()
         QCOMPARE(scene.tag->entriesOf(3).at(i).weight, expected.at(i));
 }
 
-using MakeCommand = KMUndoCommand *(*)(RandomSkin &);
+using MakeCommand = std::function<KMUndoCommand *(RandomSkin &)>;
 Q_DECLARE_METATYPE(MakeCommand)
 
 void tst_KMTagBoneWeight::commands_data()
 {
     QTest::addColumn<MakeCommand>("make");
     QTest::addColumn<QString>("text");
-    const auto row = [](const char *name, MakeCommand make, const QString &text) {
-        QTest::newRow(name) << make << text;
+    const auto row = [](const char *name, const char *text, const MakeCommand &make) {
+        QTest::newRow(name) << make << QString::fromLatin1(text);
     };
-    row(
-        "add",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new addBoneWeightCommand(s.mesh, s.tag, {{5, 0.4f, s.bones[9]}, {6, 0.25f, s.bones[9]}});
-        },
-        QStringLiteral("Add BoneWeight"));
-    row(
-        "delete",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new deleteBoneWeightCommand(s.mesh, s.tag, s.tag->entriesOf(4) + s.tag->entriesOf(5).mid(0, 1));
-        },
-        QStringLiteral("Delete BoneWeight"));
-    row(
-        "edit",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            QVector<BoneWeightEntry> entries = s.tag->entries();
-            for (BoneWeightEntry &entry : entries)
-                entry.weight = 0.5f;
-            return new editBoneWeightCommand(s.mesh, s.tag, entries);
-        },
-        QStringLiteral("Edit BoneWeight"));
-    row(
-        "settings",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new editTagBoneWeightCommand(s.mesh, s.tag, {1, true, 40.0f});
-        },
-        QStringLiteral("Edit BoneWeight"));
-    row(
-        "flag",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new setSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6});
-        },
-        QStringLiteral("Set Sdef Flag"));
-    row(
-        "unflag",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new removeSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6});
-        },
-        QStringLiteral("Remove Sdef Flag"));
+    row("add", "Add BoneWeight", [](RandomSkin &s) {
+        return new addBoneWeightCommand(s.mesh, s.tag, {{5, 0.4f, s.bones[9]}, {6, 0.25f, s.bones[9]}});
+    });
+    row("delete", "Delete BoneWeight", [](RandomSkin &s) {
+        return new deleteBoneWeightCommand(s.mesh, s.tag, s.tag->entriesOf(4) + s.tag->entriesOf(5).mid(0, 1));
+    });
+    row("edit", "Edit BoneWeight", [](RandomSkin &s) {
+        QVector<BoneWeightEntry> entries = s.tag->entries();
+        for (BoneWeightEntry &entry : entries)
+            entry.weight = 0.5f;
+        return new editBoneWeightCommand(s.mesh, s.tag, entries);
+    });
+    row("settings", "Edit BoneWeight", [](RandomSkin &s) {
+        return new editTagBoneWeightCommand(s.mesh, s.tag, {1, true, 40.0f});
+    });
+    row("flag", "Set Sdef Flag", [](RandomSkin &s) { return new setSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6}); });
+    row("unflag", "Remove Sdef Flag", [](RandomSkin &s) {
+        return new removeSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6});
+    });
 }
 
 void tst_KMTagBoneWeight::commands()
