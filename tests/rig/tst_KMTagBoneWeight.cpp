@@ -16,9 +16,9 @@
 #include "rig/KMTagBoneWeight.h"
 #include "support/CommandProof.h"
 #include "support/MeshFixtures.h"
-#include "support/RigScene.h"
 #include "support/SkinReference.h"
 #include "support/TestRegistry.h"
+#include "support/WeightScene.h"
 
 #include <QTest>
 #include <QUndoStack>
@@ -27,23 +27,6 @@
 #include <memory>
 
 namespace {
-
-/// A rig, and a mesh with a weight tag in the same document.
-class WeightScene : public RigScene
-{
-public:
-    explicit WeightScene(KMMeshNode *shape)
-        : mesh(shape)
-        , tag(new KMTagBoneWeight)
-    {
-        gProject->addNode(mesh);
-        mesh->addTagKeepName(tag);
-        forget();
-    }
-
-    KMMeshNode *mesh;
-    KMTagBoneWeight *tag; // of the mesh
-};
 
 /// Bones and weights at random. Every second vertex shall be blended spherically.
 class RandomSkin : public WeightScene
@@ -436,7 +419,7 @@ void tst_KMTagBoneWeight::chainIsLeftItsSkin()
     scene.tag->addEntry({0, 0.5f, above});
     scene.tag->setSdefFlag(0, true);
     const auto isDerivedBy = [](KMMeshNode &mesh, int mask) {
-        auto *tag = static_cast<KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
+        auto *tag = WeightScene::weightsOf(mesh);
         const int before = tag->records().sdefRevision();
         tag->rebuildWeights(mask);
         return tag->records().sdefRevision() != before && tag->vertexWeights(0).count() == 2;
