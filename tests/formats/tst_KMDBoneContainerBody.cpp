@@ -302,13 +302,7 @@ void tst_KMDBoneContainerBody::mutations()
     for (int round = 0; round < rounds; ++round) {
         gSolution->newDocument();
         QByteArray bytes = whole;
-        for (int faults = 1 + int(random() % 3); faults > 0; --faults) {
-            const int at = start + int(random() % uint(bytes.size() - start));
-            if (random() % 4 == 0)
-                bytes.remove(at, 1 + int(random() % 8));
-            else
-                bytes[at] = char(random());
-        }
+        damage(bytes, random, 3, start);
         KMDReader reader;
         if (!reader.readBytes(bytes)) {
             QVERIFY(!reader.error().isEmpty() && gProject->allNodes().isEmpty());

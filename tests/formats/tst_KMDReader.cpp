@@ -16,6 +16,7 @@
 #include "support/KmdBytes.h"
 #include "support/KmdEveryKind.h"
 #include "support/MeshFixtures.h"
+#include "support/RandomNumbers.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestRegistry.h"
 
@@ -304,7 +305,7 @@ void tst_KMDReader::cutShortAnywhere()
 void tst_KMDReader::mutations()
 {
     const int rounds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 200000 : 2000;
-    std::mt19937 random(20240);
+    RandomNumbers::Random random(20240);
     const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
     const QVector<double> versions = {1.0, 1.1, 1.9, 2.0, 2.3, 4.0, 4.4};
     int accepted = 0;
@@ -315,23 +316,7 @@ void tst_KMDReader::mutations()
         if (below(4) == 0)
             addEveryKind(file);
         QByteArray bytes = file.bytes();
-        for (int faults = 1 + below(4); faults > 0; --faults) {
-            const int at = below(bytes.size() - 4);
-            switch (below(4)) {
-            case 0:
-                bytes[at] = char(random());
-                break;
-            case 1:
-                bytes = withI32(bytes, at, below(2) ? qint32(random()) : below(300) - 10);
-                break;
-            case 2:
-                bytes.remove(at, 1 + below(8));
-                break;
-            default:
-                bytes.insert(at, bytes.mid(below(bytes.size()), 1 + below(60)));
-            }
-            bytes.append("....", 4);
-        }
+        RandomNumbers::damage(bytes, random, 4);
         KMDReader reader;
         const bool read = reader.readBytes(bytes);
         accepted += read;

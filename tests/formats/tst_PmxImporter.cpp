@@ -623,23 +623,7 @@ void tst_PmxImporter::mutations()
         PmxBytes file;
         file.sizes = PmxBytes::wide(quint8(1 << below(3)));
         QByteArray bytes = file.bytes();
-        for (int faults = 1 + below(3); faults > 0; --faults) {
-            const int at = below(bytes.size() - 4);
-            switch (below(4)) {
-            case 0:
-                bytes[at] = char(random());
-                break;
-            case 1:
-                bytes.replace(at, 4, QByteArray::fromHex(QByteArray::number(0x10000000 + below(64)).rightJustified(8)));
-                break;
-            case 2:
-                bytes.remove(at, 1 + below(4));
-                break;
-            default:
-                bytes[at] = char(below(2) ? 0xff : below(6));
-            }
-            bytes.append("....", 4);
-        }
+        RandomNumbers::damage(bytes, random, 3);
         m_importer.importNormals = below(2);
         m_prompt.messages.clear();
         const bool isRead = importBytes(bytes);

@@ -292,7 +292,6 @@ void tst_VmdImporter::mutations()
 {
     const int rounds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 100000 : 400;
     RandomNumbers::Random random(5);
-    const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
     const QString before = m_scene->dump.text();
     QVector<VmdBytes::Key> keys;
     for (int i = 0; i < 12; ++i)
@@ -302,23 +301,7 @@ void tst_VmdImporter::mutations()
     int accepted = 0;
     for (int round = 0; round < rounds; ++round) {
         QByteArray bytes = whole;
-        for (int faults = 1 + below(6); faults > 0; --faults) {
-            const int at = below(bytes.size() - 4);
-            switch (below(4)) {
-            case 0:
-                bytes[at] = char(random());
-                break;
-            case 1:
-                qToLittleEndian<quint32>(random(), bytes.data() + (below(4) ? at : headerBytes));
-                break;
-            case 2:
-                bytes.remove(at, 1 + below(30));
-                break;
-            default:
-                bytes.insert(at, bytes.mid(below(bytes.size()), 1 + below(60)));
-            }
-            bytes.append("....", 4);
-        }
+        RandomNumbers::damage(bytes, random, 6);
         if (load(bytes)) {
             ++accepted;
             for (const BoneTrack *track : motion()->tracks()) {
