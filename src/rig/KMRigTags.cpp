@@ -1,6 +1,7 @@
 #include "rig/KMRigTags.h"
 
 #include "core/KMNodeType.h"
+#include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMTagJoint.h"
@@ -35,4 +36,25 @@ QList<KMTagJoint *> KMRigTags::joints(const KMBoneContainer *container)
 QList<KMTagRigidBody *> KMRigTags::bodiesBeside(const KMBone *bone)
 {
     return bodies(bone ? bone->container() : nullptr);
+}
+
+const KMContainerNode *KMRigTags::lockOf(const KMTagBase *tag)
+{
+    if (!tag->owner() || tag->owner()->type() != KMNodeType::Bone)
+        return nullptr;
+    const auto *bone = nodeAs<KMBone>(tag->owner());
+    if (bone->isLocked())
+        return bone;
+    return bone->container() && bone->container()->isLocked() ? bone->container() : nullptr;
+}
+
+KMBoneContainer *KMRigTags::currentRig()
+{
+    KMNode *node = gSolution->currentNode();
+    KMBoneContainer *rig = nullptr;
+    if (node && node->type() == KMNodeType::BoneContainer)
+        rig = nodeAs<KMBoneContainer>(node);
+    else if (KMNode *bone = gSolution->currentBone())
+        rig = nodeAs<KMBone>(bone)->container();
+    return rig && !rig->isDeleted() ? rig : nullptr;
 }

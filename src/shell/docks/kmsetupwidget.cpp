@@ -188,14 +188,16 @@ QWidget *kmsetupwidget::createLists()
     return splitter;
 }
 
-/// The table is a window of the main window: this panel floats, and shortcuts reach no further than to the window above.
+/// The table is a window of the main window: this panel floats, and shortcuts reach no further than to the window
+/// above.
 void kmsetupwidget::openSheet()
 {
     if (!m_sheet) {
         m_sheet = new KMPhysicsSheet(parentWidget()->window());
         connect(m_sheet, &KMPhysicsSheet::tagChosen, this, &kmsetupwidget::showTag);
+        // Not at once: a step that takes a rig away tells so in its midst.
+        connect(gSolution, &KMSolution::currentNodeChanged, m_sheet, &KMPhysicsSheet::refresh, Qt::QueuedConnection);
     }
-    m_sheet->refresh();
     m_sheet->show();
     m_sheet->raise();
     m_sheet->activateWindow();
@@ -250,13 +252,17 @@ void kmsetupwidget::commit()
 
 void kmsetupwidget::resetDocument()
 {
-    const QSignalBlocker quietGroups(m_groups);
-    const QSignalBlocker quietItems(m_items);
     m_group = nullptr;
-    m_groups->clear();
-    m_items->clear();
-    if (m_sheet)
-        m_sheet->resetDocument();
+    refresh(); // the document is empty by now
+}
+
+void kmsetupwidget::releaseDocument()
+{
+    m_group = nullptr;
+    if (!m_sheet)
+        return;
+    m_sheet->hide();
+    m_sheet->refresh();
 }
 
 void kmsetupwidget::refillGroups()
@@ -388,7 +394,7 @@ void kmsetupwidget::addItems(const QList<KMContainerNode *> &nodes, int place)
             added << item;
     }
     if (added.isEmpty())
-        return;
+        return gSolution->showMessage(tr("The group lists all of them already"), KMCommand::MessageLevel);
     const KMUndoMacro macro(tr("Add DisplayItem"));
     for (const DisplayItem &item : std::as_const(added))
         gSolution->push(new addDisplayItemCommand(group(), item, place++));
@@ -415,8 +421,13 @@ void kmsetupwidget::showMenu(KMSetupList *list, const QPoint &position)
 bool kmsetupwidget::edit(Edit edit)
 {
     if (isInSheet(QApplication::focusWidget())) {
-        if (edit == Edit::Delete && !m_sheet->deleteChosen())
-            gSolution->showMessage(tr("not selected."), KMCommand::MessageLevel);
+        if (edit == Edit::Delete)
+            m_sheet->deleteChosen();
+        else if (edit == Edit::Rename)
+            m_sheet->editCurrent();
+        else
+            gSolution->showMessage(tr("Bodies and joints are copied in the tree of the bones"),
+                                   KMCommand::MessageLevel);
         return true;
     }
     const bool ofItems = m_items->hasFocus();
