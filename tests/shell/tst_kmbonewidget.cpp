@@ -4,6 +4,7 @@
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMPhysicsMaking.h"
 #include "rig/KMRigTags.h"
 #include "rig/KMTagConstraint.h"
 #include "rig/KMTagJoint.h"
@@ -370,6 +371,9 @@ void tst_kmbonewidget::movesToAnotherRig()
     gProject->tree()->setCurrentItem(m_rig->item());
     m_dock->refresh();
     QCOMPARE(m_dock->rig(), m_rig);
+    KMPhysicsMaking::pushBodies({m_a, m_b}, KMTagRigidBody::Box, true);
+    const KMTagJoint *joint = KMRigTags::joints(m_rig).first();
+    const JointData data = joint->parameters();
     click(m_b, KMTreeWidget::NameColumn);
     const int steps = stack()->count();
     const auto moveByMenu = [&](bool isAllowed) {
@@ -392,7 +396,9 @@ void tst_kmbonewidget::movesToAnotherRig()
     QCOMPARE(shape(), QStringLiteral("0a 1e 0f"));
     QCOMPARE(other->bones(), (QList<KMBone *>{namesake, m_b, m_c, m_d}));
     QCOMPARE(m_c->name(), QStringLiteral("c0")); // keys find a bone by its name
+    QVERIFY(!joint->bodyA() != !joint->bodyB()); // no player holds bodies of two rigs together
     stack()->undo();
+    QVERIFY(joint->parameters() == data);
     QCOMPARE(m_c->name(), QStringLiteral("c"));
     // Dropped with Ctrl it is a copy that moves.
     gProject->tree()->setCurrentItem(m_rig->item());

@@ -194,9 +194,11 @@ void tst_kmsetupwidget::groupsAndItems()
     QCOMPARE(message(), QStringLiteral("not selected."));
     choose(m_groups, "setupCreate");
     QCOMPARE(groups(), QStringList{QStringLiteral("Disp")});
+    QCOMPARE((*m_window)->undoStack()->undoText(), QStringLiteral("Add DisplayNode"));
     drop(KMBoneTreeWidget::BoneMimeType, {bone("head"), bone("neck"), bone("center")});
     QCOMPARE(items(), (QStringList{QStringLiteral("center"), QStringLiteral("neck"), QStringLiteral("head")}));
-    drop(KMBoneTreeWidget::BoneMimeType, {bone("head")}); // is listed
+    drop(KMBoneTreeWidget::BoneMimeType, {bone("head")});
+    QCOMPARE(message(), QStringLiteral("The group lists all of them already"));
     QCOMPARE(steps(), before + 2);
     emit m_items->movesWanted({0, 1}, 3);
     QCOMPARE(items(), (QStringList{QStringLiteral("head"), QStringLiteral("center"), QStringLiteral("neck")}));
@@ -509,6 +511,8 @@ void tst_kmsetupwidget::pageOfABody()
     const kvm::Quaternion quarter(0.70710677f, 0.0f, 0.70710677f, 0.0f);
     QVERIFY(dot(body->parameters().pose.rotation, quarter) > 1.0f - 1e-6f);
     QCOMPARE(degrees->shownNumber(), 90.0);
+    gSolution->push(new setLockedCommand(body->bone(), true));
+    QVERIFY(!field("width")->isEnabled());
 }
 
 KM_TEST(tst_kmsetupwidget);
