@@ -38,11 +38,11 @@ QList<KMTagRigidBody *> KMRigTags::bodiesBeside(const KMBone *bone)
     return bodies(bone ? bone->container() : nullptr);
 }
 
-const KMContainerNode *KMRigTags::lockOf(const KMTagBase *tag)
+const KMContainerNode *KMRigTags::lockOf(const KMNode *owner)
 {
-    if (!tag->owner() || tag->owner()->type() != KMNodeType::Bone)
+    if (!owner || owner->type() != KMNodeType::Bone)
         return nullptr;
-    const auto *bone = nodeAs<KMBone>(tag->owner());
+    const auto *bone = static_cast<const KMBone *>(owner);
     if (bone->isLocked())
         return bone;
     return bone->container() && bone->container()->isLocked() ? bone->container() : nullptr;

@@ -5,7 +5,7 @@
 class KMBone;
 class KMBoneContainer;
 class KMContainerNode;
-class KMTagBase;
+class KMNode;
 class KMTagJoint;
 class KMTagRigidBody;
 
@@ -16,8 +16,8 @@ QList<KMTagRigidBody *> bodies(const KMBoneContainer *container); ///< none for 
 QList<KMTagJoint *> joints(const KMBoneContainer *container);
 QList<KMTagRigidBody *> bodiesBeside(const KMBone *bone); ///< of the rig that the bone belongs to; none for null
 
-/// What locks a tag of a bone: the bone or its rig; null for a tag that may be edited.
-const KMContainerNode *lockOf(const KMTagBase *tag);
+/// What keeps the tags of a node from being edited: a bone that is locked, or its rig; null where nothing does.
+const KMContainerNode *lockOf(const KMNode *owner);
 
 /// The rig of the current node, else of the current bone, whether it is locked or not; null for none.
 KMBoneContainer *currentRig();

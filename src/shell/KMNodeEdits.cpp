@@ -11,8 +11,10 @@
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMRigTags.h"
 
 #include <QCoreApplication>
 
@@ -301,10 +303,20 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
     return true;
 }
 
+bool KMNodeEdits::tellsLock(const KMNode *owner)
+{
+    const KMContainerNode *lock = KMRigTags::lockOf(owner);
+    if (lock)
+        gSolution->showMessage(tr("%1 is locked").arg(lock->name()), KMCommand::MessageLevel);
+    return lock;
+}
+
 void KMNodeEdits::deleteTags(const QList<KMTagBase *> &tags)
 {
-    const KMUndoMacro macro(tr("Delete Tag"));
+    const KMWaitingMacro macro(tr("Delete Tag"));
     for (KMTagBase *tag : tags) {
+        if (tellsLock(tag->owner()))
+            continue;
         deleteBlocks(tag->blockNodes());
         KMNode *owner = tag->owner();
         if (owner->type() == KMNodeType::Bone)

@@ -21,8 +21,6 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
 
 constexpr char chosenProperty[] = "isChosen"; // of a box: by the user
@@ -144,7 +142,7 @@ QTableView *KMPhysicsSheet::addTable(const QString &objectName, KMSheetModel *mo
     table->horizontalHeader()->setHighlightSections(false);
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + dpiScaled(8));
     model->setReach([table](int row) { return rowsBeside(table, row); });
-    model->setLock([](const KMTagBase *tag) { return bool(KMRigTags::lockOf(tag)); });
+    model->setLock([](const KMTagBase *tag) { return bool(KMRigTags::lockOf(tag->owner())); });
     connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this, table] { takeSelection(table); });
     return table;
@@ -199,16 +197,10 @@ QList<KMTagBase *> KMPhysicsSheet::chosenTags() const
 
 void KMPhysicsSheet::deleteChosen()
 {
-    QList<KMTagBase *> chosen = chosenTags();
+    const QList<KMTagBase *> chosen = chosenTags();
     if (chosen.isEmpty())
-        return gSolution->showMessage(tr("not selected."), KMCommand::MessageLevel);
-    const auto firstLocked = std::stable_partition(chosen.begin(), chosen.end(),
-                                                   [](const KMTagBase *tag) { return !KMRigTags::lockOf(tag); });
-    if (firstLocked != chosen.end())
-        gSolution->showMessage(tr("%1 is locked").arg(KMRigTags::lockOf(*firstLocked)->name()),
-                               KMCommand::MessageLevel);
-    chosen.erase(firstLocked, chosen.end());
-    if (!chosen.isEmpty())
+        gSolution->showMessage(tr("not selected."), KMCommand::MessageLevel);
+    else
         KMNodeEdits::deleteTags(chosen);
 }
 

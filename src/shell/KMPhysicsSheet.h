@@ -16,7 +16,7 @@ public:
     explicit KMPhysicsSheet(QWidget *window); ///< stays before this window
 
     void refresh();      ///< shows the current rig, locked or not, else the first one; nothing while it is hidden
-    void deleteChosen(); ///< as one step of the history; says so where nothing is chosen, or is locked
+    void deleteChosen(); ///< as one step of the history; says so where nothing is chosen
     void editCurrent();  ///< opens the cell of the table that has the focus; says so where it can't be typed into
 
 signals:

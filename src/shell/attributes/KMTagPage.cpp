@@ -25,5 +25,5 @@ void KMTagPage::refresh()
 {
     KMAttributePage::refresh();
     m_name->showText(m_tag->name());
-    setEnabled(!KMRigTags::lockOf(m_tag));
+    setEnabled(!KMRigTags::lockOf(m_tag->owner()));
 }

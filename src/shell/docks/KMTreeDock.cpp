@@ -384,7 +384,8 @@ void KMTreeDock::deleteTags(const QList<KMTagBase *> &tags)
 {
     KMNode *owner = gSolution->currentTag()->owner();
     KMNodeEdits::deleteTags(tags);
-    emit onNodeChanged(owner, owner->type());
+    if (!gSolution->currentTag()) // a locked bone keeps its own
+        emit onNodeChanged(owner, owner->type());
 }
 
 void KMTreeDock::dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &position, bool asCopy)
@@ -399,6 +400,8 @@ void KMTreeDock::dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &
         if (place < 0 || place == present)
             return;
     }
+    if (KMNodeEdits::tellsLock(target) || (!asCopy && KMNodeEdits::tellsLock(tag->owner())))
+        return;
     if (asCopy ? KMNodeEdits::copyTag(tag, target, place) : KMNodeEdits::moveTag(tag, target, place))
         m_tree->viewport()->update();
     else
