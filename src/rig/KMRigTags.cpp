@@ -6,6 +6,8 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMTagJoint.h"
 
+#include <QHash>
+
 namespace {
 
 template <class Tag>
@@ -36,6 +38,21 @@ QList<KMTagJoint *> KMRigTags::joints(const KMBoneContainer *container)
 QList<KMTagRigidBody *> KMRigTags::bodiesBeside(const KMBone *bone)
 {
     return bodies(bone ? bone->container() : nullptr);
+}
+
+void KMRigTags::relinkCopies(const Copies &copies)
+{
+    QHash<KMTagRigidBody *, KMTagRigidBody *> copyOf;
+    for (const auto &[source, copy] : copies) {
+        if (source->type() == KMNodeType::TagRigidBody)
+            copyOf.insert(nodeAs<KMTagRigidBody>(source), nodeAs<KMTagRigidBody>(copy));
+    }
+    for (const auto &[source, copy] : copies) {
+        if (source->type() != KMNodeType::TagJoint)
+            continue;
+        auto *joint = nodeAs<KMTagJoint>(copy);
+        joint->linkBodies(copyOf.value(joint->bodyA(), joint->bodyA()), copyOf.value(joint->bodyB(), joint->bodyB()));
+    }
 }
 
 const KMContainerNode *KMRigTags::lockOf(const KMNode *owner)

@@ -288,10 +288,10 @@ bool KMNodeEdits::moveTag(KMTagBase *tag, KMContainerNode *node, int place)
     return true;
 }
 
-bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
+KMTagBase *KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
 {
     if (!canTake(node, tag))
-        return false;
+        return nullptr;
     KMTagBase *copy = tag->clone();
     copy->setName(tag->name());
     const auto naming = hasTagNamed(node, tag->name()) ? addTagCommand::Name::Numbered : addTagCommand::Name::Keep;
@@ -300,7 +300,7 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
         gSolution->push(new addTagBoneContainerCommand(nodeAs<KMBone>(node), copy, index, naming));
     else
         gSolution->push(new addTagCommand(node, copy, index, naming));
-    return true;
+    return copy;
 }
 
 bool KMNodeEdits::tellsLock(const KMNode *owner)

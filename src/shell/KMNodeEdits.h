@@ -56,7 +56,7 @@ bool canTake(const KMContainerNode *node,
              const KMTagBase *tag); ///< a second tag of normals or weights would lie idle on a mesh
 /// Hangs a tag, or a copy of it, on a node, at a place among the live tags; -1 puts it last. False where it can't.
 bool moveTag(KMTagBase *tag, KMContainerNode *node, int place = -1);
-bool copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1);
+KMTagBase *copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1); ///< the copy, else null
 void deleteTags(const QList<KMTagBase *> &tags); ///< with the blocks of what they hold; not those of locked bones
 bool tellsLock(const KMNode *owner); ///< a bone that is locked, or whose rig is, holds its tags; then the user is told
 

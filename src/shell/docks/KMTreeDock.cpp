@@ -8,6 +8,7 @@
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMWaitingMacro.h"
+#include "rig/KMRigTags.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
@@ -374,10 +375,14 @@ void KMTreeDock::renameTag(KMTagBase *tag)
 void KMTreeDock::duplicateTags(const QList<KMTagBase *> &tags)
 {
     const KMWaitingMacro macro(tr("Duplicate"));
+    KMRigTags::Copies copies;
     for (KMTagBase *tag : tags) {
-        if (!KMNodeEdits::copyTag(tag, nodeAs<KMContainerNode>(tag->owner())))
+        if (KMTagBase *copy = KMNodeEdits::copyTag(tag, nodeAs<KMContainerNode>(tag->owner())))
+            copies << KMRigTags::Copied{tag, copy};
+        else
             gSolution->showMessage(tr("A node can hold only one %1").arg(tag->name()), KMCommand::MessageLevel);
     }
+    KMRigTags::relinkCopies(copies);
 }
 
 void KMTreeDock::deleteTags(const QList<KMTagBase *> &tags)
@@ -402,7 +407,7 @@ void KMTreeDock::dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &
     }
     if (KMNodeEdits::tellsLock(target) || (!asCopy && KMNodeEdits::tellsLock(tag->owner())))
         return;
-    if (asCopy ? KMNodeEdits::copyTag(tag, target, place) : KMNodeEdits::moveTag(tag, target, place))
+    if (asCopy ? bool(KMNodeEdits::copyTag(tag, target, place)) : KMNodeEdits::moveTag(tag, target, place))
         m_tree->viewport()->update();
     else
         gSolution->showMessage(tr("%1 can't hold another %2").arg(target->name(), tag->name()),
