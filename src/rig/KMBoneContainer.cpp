@@ -9,6 +9,7 @@
 #include "rig/KMBoneCopy.h"
 #include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMRigTags.h"
 
 #include <algorithm>
 #include <limits>
@@ -46,13 +47,8 @@ KMBoneContainer::~KMBoneContainer()
 
 KMBoneContainer *KMBoneContainer::activeBoneContainer()
 {
-    KMNode *node = gSolution->currentNode();
-    KMBoneContainer *container = nullptr;
-    if (node && node->type() == KMNodeType::BoneContainer)
-        container = nodeAs<KMBoneContainer>(node);
-    else if (KMNode *bone = gSolution->currentBone())
-        container = nodeAs<KMBone>(bone)->container();
-    return container && !container->isLocked() && !container->isDeleted() ? container : nullptr;
+    KMBoneContainer *current = KMRigTags::currentRig();
+    return current && !current->isLocked() ? current : nullptr;
 }
 
 QList<KMBoneContainer *> KMBoneContainer::inTree()

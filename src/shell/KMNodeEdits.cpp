@@ -11,8 +11,10 @@
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMRigTags.h"
 
 #include <QCoreApplication>
 
@@ -298,10 +300,10 @@ bool KMNodeEdits::moveTag(KMTagBase *tag, KMContainerNode *node, int place)
     return true;
 }
 
-bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
+KMTagBase *KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
 {
     if (!canTake(node, tag))
-        return false;
+        return nullptr;
     KMTagBase *copy = tag->clone();
     copy->setName(tag->name());
     const auto naming = hasTagNamed(node, tag->name()) ? addTagCommand::Name::Numbered : addTagCommand::Name::Keep;
@@ -310,13 +312,23 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
         gSolution->push(new addTagBoneContainerCommand(nodeAs<KMBone>(node), copy, index, naming));
     else
         gSolution->push(new addTagCommand(node, copy, index, naming));
-    return true;
+    return copy;
+}
+
+bool KMNodeEdits::tellsLock(const KMNode *owner)
+{
+    const KMContainerNode *lock = KMRigTags::lockOf(owner);
+    if (lock)
+        gSolution->showMessage(tr("%1 is locked").arg(lock->name()), KMCommand::MessageLevel);
+    return lock;
 }
 
 void KMNodeEdits::deleteTags(const QList<KMTagBase *> &tags)
 {
-    const KMUndoMacro macro(tr("Delete Tag"));
+    const KMWaitingMacro macro(tr("Delete Tag"));
     for (KMTagBase *tag : tags) {
+        if (tellsLock(tag->owner()))
+            continue;
         deleteBlocks(tag->blockNodes());
         KMNode *owner = tag->owner();
         if (owner->type() == KMNodeType::Bone)

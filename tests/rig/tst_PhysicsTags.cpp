@@ -98,6 +98,7 @@ private slots:
     void groupSwitchesModifiers();
     void rememberedSelection();
     void itemsOfMorphs();
+    void severalItemsAtOnce();
     void randomWalk();
 };
 
@@ -473,6 +474,30 @@ void tst_PhysicsTags::itemsOfMorphs()
         scene.session.stack().undo();
         QCOMPARE(group->liveItems().size(), 1);
     }
+}
+
+/// Places count the live ones, before and behind one whose bone is deleted.
+void tst_PhysicsTags::severalItemsAtOnce()
+{
+    Figure scene;
+    KMBone *toe = scene.addBone(QStringLiteral("toe"), nullptr, {}, {0, 1, 0});
+    KMBone *eye = scene.addBone(QStringLiteral("eye"), nullptr, {}, {0, 1, 0});
+    const auto names = [&scene] {
+        QString text;
+        for (const DisplayItem &item : scene.frame->liveItems())
+            text += item.node->name() + QLatin1Char(' ');
+        return text;
+    };
+    gSolution->push(new deleteBoneCommand(scene.elbow));
+    gSolution->push(new addDisplayItemCommand(scene.frame, {DisplayItem::of(toe), DisplayItem::of(eye)}, 1));
+    QCOMPARE(names(), QStringLiteral("arm toe eye hand "));
+    gSolution->push(new moveDisplayItemCommand(scene.frame, {{0, 3}, {0, 2}}));
+    QCOMPARE(names(), QStringLiteral("eye hand toe arm "));
+    gSolution->push(new removeDisplayItemCommand(scene.frame, QList<int>{0, 2}));
+    QCOMPARE(names(), QStringLiteral("hand arm "));
+    while (scene.session.stack().canUndo())
+        scene.session.stack().undo();
+    QCOMPARE(names(), QStringLiteral("arm elbow hand "));
 }
 
 void tst_PhysicsTags::randomWalk()
