@@ -147,3 +147,8 @@ moveDisplayItemCommand::moveDisplayItemCommand(KMDisplayNode *group, int from, i
                             with(without(group->items(), from), group->liveItems().at(from), to))
 {
 }
+
+relinkDisplayItemsCommand::relinkDisplayItemsCommand(KMDisplayNode *group, const Items &items)
+    : KMDisplayItemsCommand(tr("Relink DisplayItem"), group, items)
+{
+}
