@@ -24,7 +24,7 @@ using Work = KMBoneCommand::Work;
 Work forEach(const QList<KMBone *> &bones, void (*push)(KMBone *))
 {
     if (bones.isEmpty())
-        return {};
+        return KMBoneCommand::nothing(KMBoneCommand::tr("There is no bone for which this does anything."));
     return [bones, push] {
         for (KMBone *bone : bones)
             push(bone);
@@ -69,7 +69,7 @@ Work createSymmetric(KMBoneContainer &container)
             alone << bone;
     }
     if (alone.isEmpty())
-        return {};
+        return KMBoneCommand::nothing(KMBoneCommand::tr("The selected bones have their partners already."));
     return [&container, alone] { KMBoneEdit::pushMirrored(&container, alone); };
 }
 
@@ -106,7 +106,8 @@ Work deleteSelected(KMBoneContainer &container)
 
 Work linearize(KMBoneContainer &container)
 {
-    return KMBoneCommand::workOf(KMBoneEdit::linearized(container.selectedBones()));
+    return KMBoneCommand::workOf(KMBoneEdit::linearized(container.selectedBones()),
+                                 KMBoneCommand::tr("The selected bones are no chain."));
 }
 
 /// A parent of several reaches the first of them.
@@ -121,7 +122,7 @@ Work fitToParent(KMBoneContainer &container)
         fitted.insert(parent);
         changes += KMBoneEdit::fittedTo(parent, bone);
     }
-    return KMBoneCommand::workOf(changes);
+    return KMBoneCommand::workOf(changes, KMBoneCommand::tr("The selected bones have no parents."));
 }
 
 Work fitToFirstChild(KMBoneContainer &container)
@@ -131,7 +132,7 @@ Work fitToFirstChild(KMBoneContainer &container)
         if (!bone->childBones().isEmpty())
             changes += KMBoneEdit::fittedTo(bone, bone->childBones().first());
     }
-    return KMBoneCommand::workOf(changes);
+    return KMBoneCommand::workOf(changes, KMBoneCommand::tr("The selected bones have no children."));
 }
 
 Work bonesFromEdges(KMBoneContainer &container)
@@ -141,9 +142,8 @@ Work bonesFromEdges(KMBoneContainer &container)
     for (const KMMeshNode *mesh : KMMeshTargets::chosen()) {
         if (above + KMBoneEdit::longestRun(*mesh) <= KMBoneEdit::MaxDepth)
             continue;
-        gSolution->showMessage(KMBoneCommand::tr("A rig can't be deeper than %1 bones").arg(KMBoneEdit::MaxDepth),
-                               KMCommand::MessageLevel);
-        return {};
+        return KMBoneCommand::nothing(
+            KMBoneCommand::tr("A rig can't be deeper than %1 bones").arg(KMBoneEdit::MaxDepth));
     }
     return [&container, parent] {
         for (const KMMeshNode *mesh : KMMeshTargets::chosen())

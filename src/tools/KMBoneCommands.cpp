@@ -244,7 +244,7 @@ KMBoneCommand::Work BoneComAlignReflectBone::plan(KMBoneContainer &container)
         done.insert(target);
         changes.append({target, KMBoneEdit::reflected(source->rest(), plane)});
     }
-    return workOf(changes);
+    return workOf(changes, tr("No selected bone has a partner on the other side."));
 }
 
 QString BoneComMakeRigidBody::obstacle() const
