@@ -30,8 +30,7 @@ KMBoneContainer::KMBoneContainer()
         });
     }
     if (gProject)
-        connect(gProject, &KMProject::frameChanged, this,
-                [this](int frame) { m_animation->applyFrame(quint32(std::max(frame, 0))); });
+        connect(gProject, &KMProject::frameChanged, this, &KMBoneContainer::onFrameChanged);
 }
 
 KMBoneContainer::~KMBoneContainer()
@@ -253,6 +252,15 @@ void KMBoneContainer::pairMirrorBones(float tolerance)
             other->setMirrorBone(bone);
         }
     }
+}
+
+/// A rig out of the scene, in the history or the clipboard, is posed when it comes back.
+void KMBoneContainer::onFrameChanged(int frame)
+{
+    if (item())
+        m_animation->applyFrame(quint32(std::max(frame, 0)));
+    else
+        requestFrame();
 }
 
 void KMBoneContainer::refreshAfterEdit()

@@ -64,6 +64,7 @@ public:
     void pushContentsDeleted() override;     ///< its bones: what hangs on them has to follow
 
 private:
+    void onFrameChanged(int frame);
     void markOrderStale();
     void deriveOrder() const;
 

@@ -22,6 +22,7 @@ struct Change
 };
 using Changes = QVector<Change>;
 
+bool areNeeded(const Changes &changes);   ///< pushChanges() has something to push
 void pushChanges(const Changes &changes); ///< those that are more than rounding away from what the bones have
 
 /// The joints of a chain on the line from its first head to its last tail, with the shares that the lengths have now.

@@ -177,3 +177,8 @@ moveDisplayItemCommand::moveDisplayItemCommand(KMDisplayNode *group, const Moves
     : KMDisplayItemsCommand(tr("Move DisplayItem"), group, moved(group->items(), moves))
 {
 }
+
+relinkDisplayItemsCommand::relinkDisplayItemsCommand(KMDisplayNode *group, const Items &items)
+    : KMDisplayItemsCommand(tr("Relink DisplayItem"), group, items)
+{
+}

@@ -99,6 +99,14 @@ public:
     removeDisplayItemCommand(KMDisplayNode *group, const QList<int> &positions); ///< ascending
 };
 
+/// Lines name other nodes: what was copied stands for what is gone.
+class relinkDisplayItemsCommand : public KMDisplayItemsCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(relinkDisplayItemsCommand)
+public:
+    relinkDisplayItemsCommand(KMDisplayNode *group, const KMDisplayNode::Items &items);
+};
+
 class moveDisplayItemCommand : public KMDisplayItemsCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moveDisplayItemCommand)

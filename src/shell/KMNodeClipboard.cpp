@@ -12,6 +12,7 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMRigTags.h"
 #include "shell/KMNodeEdits.h"
+#include "shell/KMNodeTemplates.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -48,13 +49,8 @@ KMNodeClipboard::~KMNodeClipboard() = default;
 
 void KMNodeClipboard::copy(const QList<KMContainerNode *> &nodes)
 {
-    std::vector<std::unique_ptr<KMNodeEdits::Template>> templates;
-    for (const KMContainerNode *node : nodes) {
-        auto copied = std::make_unique<KMNodeEdits::Template>(node);
-        if (!copied->isEmpty())
-            templates.push_back(std::move(copied));
-    }
-    if (templates.empty())
+    auto templates = std::make_unique<KMNodeTemplates>(nodes);
+    if (templates->isEmpty())
         return;
     clear();
     m_templates = std::move(templates);
@@ -87,7 +83,7 @@ bool KMNodeClipboard::isEmpty() const
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
     if (!data)
         return true;
-    const bool hasNodes = !m_templates.empty() && data->hasFormat(KMTreeWidget::NodeMimeType);
+    const bool hasNodes = m_templates && data->hasFormat(KMTreeWidget::NodeMimeType);
     const bool hasTag =
         data->hasFormat(KMTreeWidget::TagMimeType) || data->hasFormat(KMBoneTreeWidget::BoneTagMimeType);
     return !hasNodes && !(!m_tags.empty() && hasTag);
@@ -107,12 +103,10 @@ void KMNodeClipboard::pasteNodes()
 {
     QList<KMContainerNode *> rows;
     const KMUndoMacro macro(tr("Paste"));
-    for (const auto &copied : m_templates) {
-        KMContainerNode *node = copied->instantiate(nullptr);
+    for (KMContainerNode *node : m_templates->instantiate()) {
         if (node->item())
             rows << node;
     }
-    gProject->checkModifiers();
     if (!rows.isEmpty())
         KMNodeEdits::selectOnly(rows);
 }
@@ -135,6 +129,6 @@ void KMNodeClipboard::pasteTags()
 
 void KMNodeClipboard::clear()
 {
-    m_templates.clear();
+    m_templates.reset();
     m_tags.clear();
 }

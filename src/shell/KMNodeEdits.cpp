@@ -15,13 +15,12 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMRigTags.h"
+#include "shell/KMNodeTemplates.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -48,14 +47,6 @@ KMContainerNode *nextSibling(KMContainerNode *node, const QList<KMContainerNode 
             return sibling;
     }
     return nullptr;
-}
-
-void moveTo(KMContainerNode *node, KMContainerNode *parent)
-{
-    if (parent)
-        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, parent, node));
-    else
-        gSolution->push(new moveNodeCommand(moveNodeCommand::LastTopLevel, nullptr, node));
 }
 
 void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
@@ -93,6 +84,14 @@ int indexAtPlace(const KMContainerNode *node, int place)
 }
 
 } // namespace
+
+void KMNodeEdits::moveTo(KMContainerNode *node, KMContainerNode *parent)
+{
+    if (parent)
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, parent, node));
+    else
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastTopLevel, nullptr, node));
+}
 
 KMContainerNode *KMNodeEdits::meshForModifier()
 {
@@ -207,55 +206,18 @@ void KMNodeEdits::remove(const QList<KMContainerNode *> &nodes)
         gProject->deleteNode(node);
 }
 
-KMNodeEdits::Template::Template(const KMContainerNode *root)
-    : m_node(root->clone())
-{
-    if (!m_node || !root->item())
-        return;
-    for (int i = 0; i < root->item()->childCount(); ++i) {
-        auto *child = new Template(KMTreeWidget::nodeOf(root->item()->child(i)));
-        if (child->isEmpty())
-            delete child;
-        else
-            m_children << child;
-    }
-}
-
-KMNodeEdits::Template::~Template()
-{
-    qDeleteAll(m_children);
-    delete m_node;
-}
-
-KMContainerNode *KMNodeEdits::Template::instantiate(KMContainerNode *parent) const
-{
-    KMContainerNode *node = m_node->clone();
-    gProject->addToScene(node);
-    if (parent)
-        moveTo(node, parent);
-    for (const Template *child : m_children)
-        child->instantiate(node);
-    return node;
-}
-
 void KMNodeEdits::duplicate(const QList<KMContainerNode *> &nodes)
 {
-    std::vector<std::pair<KMContainerNode *, std::unique_ptr<Template>>> originals;
-    for (KMContainerNode *node : nodes) {
-        auto original = std::make_unique<Template>(node);
-        if (!original->isEmpty())
-            originals.emplace_back(node, std::move(original));
-    }
-    if (originals.empty())
+    const KMNodeTemplates templates(nodes);
+    if (templates.isEmpty())
         return; // nothing here can be copied: no step that does nothing
 
-    QList<KMContainerNode *> copies;
     const KMUndoMacro macro(tr("Duplicate"));
-    for (const auto &[node, original] : originals) {
-        KMContainerNode *copy = original->instantiate(KMTreeWidget::parentNodeOf(node));
-        if (KMContainerNode *sibling = nextSibling(node, {copy}))
-            moveBefore(copy, sibling);
-        copies << copy;
+    const QList<KMContainerNode *> originals = templates.sources();
+    const QList<KMContainerNode *> copies = templates.instantiate(true);
+    for (int i = 0; i < copies.size(); ++i) {
+        if (KMContainerNode *sibling = nextSibling(originals[i], {copies[i]}))
+            moveBefore(copies[i], sibling);
     }
     gProject->checkModifiers();
     selectOnly(copies);
@@ -263,18 +225,11 @@ void KMNodeEdits::duplicate(const QList<KMContainerNode *> &nodes)
 
 bool KMNodeEdits::copyTo(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place)
 {
-    std::vector<std::unique_ptr<Template>> originals;
-    for (const KMContainerNode *node : nodes) {
-        auto original = std::make_unique<Template>(node);
-        if (!original->isEmpty())
-            originals.push_back(std::move(original));
-    }
-    if (originals.empty())
+    const KMNodeTemplates templates(nodes);
+    if (templates.isEmpty())
         return false;
     const KMUndoMacro macro(tr("Duplicate"));
-    QList<KMContainerNode *> copies;
-    for (const auto &original : originals)
-        copies << original->instantiate(nullptr);
+    const QList<KMContainerNode *> copies = templates.instantiate();
     move(copies, target, place);
     selectOnly(copies);
     return true;

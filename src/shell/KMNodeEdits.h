@@ -16,6 +16,7 @@ void selectOnly(const QList<KMContainerNode *> &nodes); ///< of the tree; the la
 /// Whom an edit of a node is meant for: all selected rows when its own is among them, else the node alone.
 QList<KMContainerNode *> affectedBy(KMContainerNode *node);
 
+void moveTo(KMContainerNode *node, KMContainerNode *parent); ///< behind its children; null: to the end of the top level
 /// Moves nodes beside or into another one, in their order; a null target moves them to the end of the top level.
 /// Nothing happens where a node would come to lie below itself. False when there was nothing to move.
 bool move(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place);
@@ -33,22 +34,6 @@ KMContainerNode *meshForModifier();
 void addModifier(KMContainerNode *modifier);
 
 void remove(const QList<KMContainerNode *> &nodes);
-
-/// A subtree of copies that stands in no document yet.
-class Template
-{
-    Q_DISABLE_COPY(Template)
-public:
-    explicit Template(const KMContainerNode *root);
-    ~Template();
-
-    bool isEmpty() const { return !m_node; }                     ///< the class of the root can't be copied
-    KMContainerNode *instantiate(KMContainerNode *parent) const; ///< brings new copies into the document
-
-private:
-    KMContainerNode *m_node;      // owned
-    QList<Template *> m_children; // owned
-};
 
 void duplicate(const QList<KMContainerNode *> &nodes); ///< each copy comes right behind its original
 

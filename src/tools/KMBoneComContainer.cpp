@@ -24,7 +24,7 @@ using Work = KMBoneCommand::Work;
 Work forEach(const QList<KMBone *> &bones, void (*push)(KMBone *))
 {
     if (bones.isEmpty())
-        return {};
+        return KMBoneCommand::nothing(KMBoneCommand::tr("There is no bone for which this does anything."));
     return [bones, push] {
         for (KMBone *bone : bones)
             push(bone);
@@ -70,7 +70,9 @@ Work createSymmetric(KMBoneContainer &container)
         if (!bone->mirrorBone())
             alone << bone;
     }
-    if (alone.isEmpty() || !KMBoneEdit::hasRoomForDoubles(container, alone))
+    if (alone.isEmpty())
+        return KMBoneCommand::nothing(KMBoneCommand::tr("The selected bones have their partners already."));
+    if (!KMBoneEdit::hasRoomForDoubles(container, alone))
         return {};
     return [&container, alone] { KMBoneEdit::pushMirrored(&container, alone); };
 }
@@ -108,7 +110,8 @@ Work deleteSelected(KMBoneContainer &container)
 
 Work linearize(KMBoneContainer &container)
 {
-    return KMBoneCommand::workOf(KMBoneEdit::linearized(container.selectedBones()));
+    return KMBoneCommand::workOf(KMBoneEdit::linearized(container.selectedBones()),
+                                 KMBoneCommand::tr("The selected bones are no chain."));
 }
 
 /// A parent of several reaches the first of them.
@@ -123,7 +126,7 @@ Work fitToParent(KMBoneContainer &container)
         fitted.insert(parent);
         changes += KMBoneEdit::fittedTo(parent, bone);
     }
-    return KMBoneCommand::workOf(changes);
+    return KMBoneCommand::workOf(changes, KMBoneCommand::tr("The selected bones have no parents."));
 }
 
 Work fitToFirstChild(KMBoneContainer &container)
@@ -133,7 +136,7 @@ Work fitToFirstChild(KMBoneContainer &container)
         if (!bone->childBones().isEmpty())
             changes += KMBoneEdit::fittedTo(bone, bone->childBones().first());
     }
-    return KMBoneCommand::workOf(changes);
+    return KMBoneCommand::workOf(changes, KMBoneCommand::tr("The selected bones have no children."));
 }
 
 Work bonesFromEdges(KMBoneContainer &container)

@@ -311,6 +311,7 @@ void KMTreeDock::showMenu(const QPoint &position)
             return showTagMenu(tag, globalPosition);
     }
     gSolution->setCurrentTag(nullptr); // entries of edits work on nodes; some others take the tags that are selected
+    emit tagSelectionChanged();
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction *action : std::as_const(m_menuActions)) {
