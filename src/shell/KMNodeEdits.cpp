@@ -62,6 +62,18 @@ void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
     gSolution->push(new moveNodeCommand(mode, sibling, node));
 }
 
+/// Before which of the modifiers below a mesh a new one belongs; null for behind them all. A bone deform takes the
+/// weights that an anchor gives, and leaves none.
+KMContainerNode *placeOfModifier(const KMContainerNode *modifier, const KMContainerNode *mesh)
+{
+    for (int i = 0; modifier->type() == KMNodeType::ModAnchor && i < mesh->item()->childCount(); ++i) {
+        KMContainerNode *child = KMTreeWidget::nodeOf(mesh->item()->child(i));
+        if (child->type() == KMNodeType::ModBoneDeform)
+            return child;
+    }
+    return nullptr;
+}
+
 bool hasTagNamed(const KMContainerNode *node, const QString &name)
 {
     const QList<KMTagBase *> tags = node->tags();
@@ -173,7 +185,9 @@ void KMNodeEdits::addModifier(KMContainerNode *modifier)
     const KMUndoMacro macro(tr("Add Node"));
     gSolution->push(new selectNodeCommand(gSolution->currentNode())); // undone, it is current again
     gProject->addToScene(modifier);
-    if (mesh)
+    if (KMContainerNode *behind = mesh ? placeOfModifier(modifier, mesh) : nullptr)
+        moveBefore(modifier, behind);
+    else if (mesh)
         moveTo(modifier, mesh);
     else
         gSolution->showMessage(tr("No mesh was current: move the modifier below the mesh that it shall change"),
