@@ -5,6 +5,7 @@
 #include "core/KMProject.h"
 #include "core/KMShaderNode.h"
 #include "core/KMTagBase.h"
+#include "core/KMTexturePath.h"
 #include "core/KMTreeWidget.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
@@ -220,19 +221,21 @@ QJsonArray shaders()
     return list;
 }
 
-QJsonArray textures()
+QJsonArray textures(const QString &folder)
 {
     QJsonArray list;
     for (KMTextureNode *texture : gProject->textures()) {
-        const bool isFile = texture->type() == KMNodeType::FileTexture;
-        list << (isFile ? nodeAs<KMFileTextureNode>(texture)->path() : texture->name());
+        if (texture->type() == KMNodeType::FileTexture)
+            list << KMTexturePath::written(nodeAs<KMFileTextureNode>(texture)->path(), folder);
+        else
+            list << texture->name();
     }
     return list;
 }
 
 } // namespace
 
-QJsonObject documentInfo(const QString &format)
+QJsonObject documentInfo(const QString &format, const QString &folder)
 {
     return {
         {"format", format},
@@ -245,7 +248,7 @@ QJsonObject documentInfo(const QString &format)
         {"joints", namesOf(&KMRigTags::joints)},
         {"displayNodes", displayNodes()},
         {"shaders", shaders()},
-        {"textures", textures()},
+        {"textures", textures(folder)},
         {"keys", keyCount()},
     };
 }

@@ -6,6 +6,7 @@
 #include "core/KMHeadlessSession.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMTexturePath.h"
 #include "core/KMVersion.h"
 #include "formats/KMExchangeFormat.h"
 #include "formats/KMNativeFormat.h"
@@ -17,6 +18,7 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QSaveFile>
 #include <QTextCodec>
 
@@ -177,7 +179,8 @@ KMBatchProgram::ExitCode KMBatchProgram::info()
     const ExitCode read = readInput(path);
     if (read != Done)
         return read;
-    return writeOut(QJsonDocument(documentInfo(suffixOf(path))).toJson()) ? Done : NoOutput;
+    const QJsonObject told = documentInfo(suffixOf(path), KMTexturePath::folderOf(path));
+    return writeOut(QJsonDocument(told).toJson()) ? Done : NoOutput;
 }
 
 KMBatchProgram::ExitCode KMBatchProgram::convert()

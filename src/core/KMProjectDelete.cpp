@@ -10,6 +10,7 @@
 #include "core/KMShelfCommands.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
+#include "core/KMTexturePath.h"
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
 
@@ -124,11 +125,12 @@ void KMProject::deleteTexture(KMTextureNode *texture)
 
 KMFileTextureNode *KMProject::addTextureFile(const QString &path)
 {
+    const QString place = KMTexturePath::place(path);
     for (KMTextureNode *texture : textures()) {
-        if (texture->type() == KMNodeType::FileTexture && nodeAs<KMFileTextureNode>(texture)->path() == path)
+        if (texture->type() == KMNodeType::FileTexture && nodeAs<KMFileTextureNode>(texture)->path() == place)
             return nodeAs<KMFileTextureNode>(texture);
     }
-    auto *texture = new KMFileTextureNode(path);
+    auto *texture = new KMFileTextureNode(place);
     addToScene(texture);
     return texture;
 }

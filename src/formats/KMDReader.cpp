@@ -3,6 +3,7 @@
 #include "core/KMProject.h"
 #include "core/KMShaderNode.h"
 #include "core/KMSolution.h"
+#include "core/KMTexturePath.h"
 #include "formats/KMDContents.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDSceneBuilder.h"
@@ -41,7 +42,7 @@ bool KMDReader::read(const QString &path)
     if (!open(file))
         return false;
     KMDStream in(&file);
-    return readStream(in);
+    return readStream(in, KMTexturePath::folderOf(path));
 }
 
 bool KMDReader::open(QFile &file)
@@ -66,10 +67,10 @@ bool KMDReader::open(QFile &file)
 bool KMDReader::readBytes(const QByteArray &bytes)
 {
     KMDStream in(bytes);
-    return readStream(in);
+    return readStream(in, KMTexturePath::openFolder());
 }
 
-bool KMDReader::readStream(KMDStream &in)
+bool KMDReader::readStream(KMDStream &in, const QString &folder)
 {
     KMDContents contents;
     startFromSession(contents);
@@ -77,6 +78,8 @@ bool KMDReader::readStream(KMDStream &in)
     m_warnings = in.warnings();
     if (!whole)
         return false;
+    for (KMDTextureRecord &texture : contents.textures)
+        texture.path = KMTexturePath::place(texture.path, folder);
     KMDSceneBuilder(contents, m_options).build();
     return true;
 }

@@ -1,6 +1,7 @@
 #include "formats/KMNativeFormat.h"
 
 #include "core/KMSolution.h"
+#include "core/KMTexturePath.h"
 #include "core/KMWaitCursor.h"
 #include "formats/KMDWriter.h"
 #include "formats/KMReadReport.h"
@@ -70,7 +71,7 @@ bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &e
         return false;
     }
     KMDWriter writer(compatibility ? KMDOutput::Form::Compatibility : KMDOutput::Form::Present, thumbnail(path),
-                     parts());
+                     parts(), KMTexturePath::folderOf(path));
     bool isWritten = false;
     {
         const KMWaitCursor cursor;

@@ -104,9 +104,11 @@ bool PmxImporter::read(const QString &path, PmxFile &file)
     return isRead;
 }
 
-/// What the maker of the model has to say to those who use it.
+/// What the maker of the model has to say to those who use it; many say nothing.
 void PmxImporter::showModel(const PmxFile &file) const
 {
+    if (file.comment.local.trimmed().isEmpty())
+        return;
     KMMessage message;
     message.title = file.modelName.local;
     message.text = file.comment.local;

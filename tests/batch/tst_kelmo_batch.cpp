@@ -28,6 +28,7 @@ private slots:
     void infoTellsModels();
     void infoOfAnEmptyDocument();
     void convertWritesTheSameDocument();
+    void convertElsewhereKeepsPictures();
     void convertFitsRelease1();
     void pathsInAnyLanguageAndLocale();
     void warningsGoToStderr();
@@ -269,6 +270,19 @@ void tst_kelmo_batch::convertWritesTheSameDocument()
     QCOMPARE(info(QStringLiteral("a.kmd")), info(QStringLiteral("good.kmd")));
     QVERIFY(!read("a.kmd").isEmpty());
     QCOMPARE(read("b.kmd"), read("a.kmd"));
+}
+
+void tst_kelmo_batch::convertElsewhereKeepsPictures()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("b")));
+    const auto convert = [this](const char *from, const char *to) {
+        return run({QStringLiteral("convert"), QLatin1String(from), QLatin1String(to)}).code;
+    };
+    QCOMPARE(convert("good.kmd", "b/good.kmd"), 0);
+    QCOMPARE(info(QStringLiteral("b/good.kmd")).value("textures").toArray(),
+             QJsonArray({path("tex/skin.png"), "inside"}));
+    QCOMPARE(convert("b/good.kmd", "back.kmd"), 0);
+    QCOMPARE(info(QStringLiteral("back.kmd")), info(QStringLiteral("good.kmd")));
 }
 
 void tst_kelmo_batch::convertFitsRelease1()

@@ -55,6 +55,7 @@ private slots:
     void unknownMaterialKeepsItsPlace();
     void packedPicture();
     void pictureBefore42();
+    void importAddsToTheDocument_data();
     void importAddsToTheDocument();
     void failedImportLeavesTheDocument();
 
@@ -482,15 +483,33 @@ void tst_KMDReader::pictureBefore42()
     }
 }
 
+void tst_KMDReader::importAddsToTheDocument_data()
+{
+    QTest::addColumn<QString>("document");
+    QTest::addColumn<QString>("skin"); // of the document, that of the file being tex/skin.png in its folder
+    QTest::addColumn<int>("place");    // of the file's
+    const QString beside = m_dir.filePath(QStringLiteral("mine.kmd"));
+    const QString relative = QStringLiteral("tex/skin.png");
+    QTest::newRow("beside the file") << beside << relative << 1;
+    QTest::newRow("beside the file, by its place") << beside << m_dir.filePath(relative) << 1;
+    QTest::newRow("elsewhere, of the same name") << QStringLiteral("/elsewhere/mine.kmd") << relative << 2;
+    QTest::newRow("elsewhere, that of the file")
+        << QStringLiteral("/elsewhere/mine.kmd") << m_dir.filePath(relative) << 1;
+    QTest::newRow("untitled") << QString() << relative << 2;
+}
+
 void tst_KMDReader::importAddsToTheDocument()
 {
+    QFETCH(QString, document);
+    QFETCH(QString, skin);
+    QFETCH(int, place);
+    gSolution->setFileName(document);
     gProject->addTextureFile(QStringLiteral("other.png"));
-    gProject->addTextureFile(QStringLiteral("tex/skin.png"));
+    gProject->addTextureFile(skin);
     gProject->addNode(new KMBasicShaderNode);
     auto *old = new KMNullNode;
     gProject->addNode(old);
     gProject->setName(QStringLiteral("mine"));
-    gSolution->setFileName(QStringLiteral("mine.kmd"));
 
     const QString path = m_dir.filePath(QStringLiteral("second.kmd"));
     QFile file(path);
@@ -500,15 +519,16 @@ void tst_KMDReader::importAddsToTheDocument()
     QVERIFY(installNativeFormat(gSolution)->importFile(path, KMD::TakeCameras, 10.0f));
 
     QCOMPARE(gProject->name(), QStringLiteral("mine"));
-    QCOMPARE(gSolution->fileName(), QStringLiteral("mine.kmd"));
+    QCOMPARE(gSolution->fileName(), document);
     QCOMPARE(gSolution->displayMask(), int(KMSolution::DefaultDisplayMask));
     QCOMPARE(KMTreeWidget::nodeOf(gProject->tree()->topLevelItem(0)), static_cast<KMContainerNode *>(old));
     QCOMPARE(KMTreeWidget::flatten(gProject->tree()).size(), 5);
     QCOMPARE(nodeAs<KMNullNode>(nodeNamed(QStringLiteral("group")))->translation().x, 25.0f);
-    QCOMPARE(gProject->textures().size(), 3); // one path is shared
     const KMBasicShader values = nodeAs<KMBasicShaderNode>(gProject->shader(1))->values();
-    QCOMPARE(values.textures[0], 1);
-    QCOMPARE(values.textures[1], 2);
+    QCOMPARE(values.textures[0], place);
+    QCOMPARE(values.textures[1], place == 1 ? 2 : 3);
+    QCOMPARE(nodeAs<KMFileTextureNode>(gProject->textures().at(place))->filePath(),
+             m_dir.filePath(QStringLiteral("tex/skin.png")));
     QCOMPARE(m_session->stack().count(), 0);
     QCOMPARE(documentFault(), QString());
 }
