@@ -19,6 +19,7 @@ struct KMPickRequest
     bool refreshWindowCoords = false; ///< those that the meshes keep may be of another camera, or from before an
                                       ///< edit; in the program only those of hidden meshes are
     bool includeChildren = false;     ///< vertices and edges also of what modifiers and primitives made
+    bool includeShapes = false;       ///< faces also of the shapes that the current modifier offers to be edited
     bool includeHidden = false;       ///< also hidden meshes and faces
     bool visibleOnly = false;         ///< only elements that the view drew
     float margin = 10.0f;             ///< pixels; how far from the cursor a vertex or an edge may be

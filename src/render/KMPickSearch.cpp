@@ -127,7 +127,9 @@ void KMPickSearch::collectMeshes()
         const bool isPickable = m_request.only ? mesh == m_request.only : active || !m_request.testActiveOnly;
         const bool hasElements = KMMeshTargets::isControl(*mesh)
                                  || ((!owner || m_request.includeChildren) && !KMMeshTargets::isUnderControl(*mesh));
-        Nearby nearby{mesh, isPickable, hasElements, KMMeshTargets::hasSurface(*mesh), false, {}, {}};
+        const bool hasSurface = KMMeshTargets::hasSurface(*mesh);
+        const bool isShape = !hasSurface && m_request.includeShapes && KMMeshTargets::hasOwnTopology(*mesh);
+        Nearby nearby{mesh, isPickable, hasElements, hasSurface, isShape, false, {}, {}};
         nearby.isCulled = nearby.hasSurface && m_camera.viewFlag(KMCameraNode::FrontOnly) && (active || !currentOnly);
         m_nearby.push_back(nearby);
     }
@@ -199,9 +201,16 @@ bool KMPickSearch::isShown(const Nearby &nearby, const KMVertex &vertex) const
 
 KMPickSearch::Surface KMPickSearch::surfaceUnderCursor(bool pickableOnly) const
 {
+    if (pickableOnly)
+        return nearestFace([](const Nearby &nearby) { return nearby.hasSurface && nearby.isPickable; });
+    return nearestFace([](const Nearby &nearby) { return nearby.hasSurface; });
+}
+
+KMPickSearch::Surface KMPickSearch::nearestFace(bool (*counts)(const Nearby &)) const
+{
     Surface nearest;
     for (const Nearby &nearby : m_nearby) {
-        if (!nearby.hasSurface || (pickableOnly && !nearby.isPickable))
+        if (!counts(nearby))
             continue;
         for (const KMFace *face : nearby.faces) {
             double depth = 0.0;
@@ -350,7 +359,11 @@ bool KMPickSearch::segmentOf(const KMMeshNode &mesh, int a, int b, Segment &segm
 
 void KMPickSearch::findFace()
 {
-    const Surface surface = surfaceUnderCursor(true);
+    Surface surface = surfaceUnderCursor(true);
+    const Surface shape = nearestFace([](const Nearby &nearby) { return nearby.isShape && nearby.isPickable; });
+    // What the user shapes by it stands back, wherever it is.
+    if (shape.face && (!surface.face || shape.depth < surface.depth || KMMeshTargets::isUnderControl(*surface.mesh)))
+        surface = shape;
     if (!surface.face)
         return;
     m_request.mesh = surface.mesh;

@@ -27,6 +27,7 @@ private:
         bool isPickable;  // and not only in the way
         bool hasElements; // its vertices and edges may be picked
         bool hasSurface;  // its faces are drawn
+        bool isShape;     // they aren't, but may be picked
         bool isCulled;    // the view leaves out what is turned away
         QVector<KMVertex *> vertices;
         QVector<KMFace *> faces;
@@ -52,6 +53,7 @@ private:
     bool isTurnedAway(const KMMeshNode &mesh, const KMFace &face) const;
     bool isShown(const Nearby &nearby, const KMVertex &vertex) const;
     Surface surfaceUnderCursor(bool pickableOnly) const;
+    Surface nearestFace(bool (*counts)(const Nearby &)) const;
     bool depthAtCursor(const KMMeshNode &mesh, const KMFace &face, double &depth) const;
     double occluderDepth(const Surface &surface) const;
     bool isHidden(double depth) const;

@@ -89,7 +89,9 @@ quint32 KMRenderMask::of(const KMMeshNode &mesh, const KMCameraNode &camera)
         if (!mesh.modifiers().isEmpty())
             mask |= BoundsOnly;
     }
-    if (KMMeshTargets::isControl(mesh))
-        return mask & (Vertices | Edges);
+    if (KMMeshTargets::isControl(mesh)) {
+        const bool hasMarks = mask & Faces && KMMeshTargets::hasOwnTopology(mesh);
+        return (mask & (Vertices | Edges)) | (hasMarks ? MarkedFaces : 0u);
+    }
     return mesh.ownerModifier() ? resultMask(mesh, camera, mask) : mask;
 }

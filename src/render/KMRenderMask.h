@@ -17,6 +17,7 @@ enum Mask : quint32 {
     FrontOnly = 32,  ///< elements that face the view
     UVVertices = 64,
     CageEdges = 128,
+    MarkedFaces = 256, ///< of the faces those that are selected or under the cursor
     CullBack = 512, ///< the faces alone lose those that look away
     ActiveChanged = 0x400
 };

@@ -3,6 +3,7 @@
 #include "core/KMResources.h"
 #include "core/KMSettings.h"
 #include "render/KMBufferMap.h"
+#include "render/KMGuideBatch.h"
 #include "render/KMShareContext.h"
 
 #include <QCoreApplication>
@@ -54,6 +55,7 @@ KMRenderer::~KMRenderer()
         m_background.reset();
         m_plate.reset();
         m_blueprint.reset();
+        m_marks.reset();
         m_programs.clear();
     }
     gRenderer = nullptr;
@@ -79,6 +81,7 @@ bool KMRenderer::initialize()
     m_background = std::make_unique<RenderGroup>();
     m_plate = std::make_unique<RenderGroup>();
     m_blueprint = std::make_unique<RenderGroup>();
+    m_marks = std::make_unique<KMGuideBatch>();
     glFlush(); // other contexts draw with all this from now on
     return true;
 }

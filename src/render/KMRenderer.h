@@ -14,6 +14,7 @@
 #include <memory>
 
 class KMBluePrint;
+class KMGuideBatch;
 class KMNode;
 class QOffscreenSurface;
 class QOpenGLContext;
@@ -66,6 +67,7 @@ public:
     bool drawBackground(const KMCameraNode &camera, const QColor &color);
     void drawBlueprints(const KMCameraNode &camera, bool foreground); ///< behind the model or in front of it
     void drawFaces(const KMCameraNode &camera);
+    void drawMarkedFaces(const KMCameraNode &camera); ///< of shapes that are wires; they hide nothing
     void drawEdges(const KMCameraNode &camera);
     void drawVertices(const KMCameraNode &camera);
     void drawNormals(const KMCameraNode &camera); ///< while the normal tool is in the hand
@@ -142,6 +144,7 @@ private:
     std::unique_ptr<RenderGroup> m_background;
     std::unique_ptr<RenderGroup> m_plate;
     std::unique_ptr<RenderGroup> m_blueprint;
+    std::unique_ptr<KMGuideBatch> m_marks;
 
     const KMFrame *m_frame = nullptr; // while it is painted
     QVector<Item> m_items;            // of the frame, the active mesh last

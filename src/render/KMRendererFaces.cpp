@@ -7,6 +7,7 @@
 #include "core/KMSettings.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
+#include "render/KMGuideBatch.h"
 #include "render/KMRenderMask.h"
 #include "render/KMRenderer.h"
 #include "render/KMViewFilter.h"
@@ -66,6 +67,33 @@ void KMRenderer::drawFaces(const KMCameraNode &camera)
     for (const Item &item : std::as_const(shown))
         drawReal(item);
     real.release();
+}
+
+void KMRenderer::drawMarkedFaces(const KMCameraNode &camera)
+{
+    m_marks->clear();
+    const auto markColor = [](DisplayColor index) {
+        QColor color = gSettings->displayColor(index);
+        color.setAlphaF(qreal(gSettings->faceBlendRatio));
+        return color;
+    };
+    const QColor selected = markColor(DP_SEL_FACE);
+    const QColor hot = markColor(DP_HOT_FACE);
+    for (const Item &item : std::as_const(m_items)) {
+        const bool hasMarks = item.mesh->renderFlags() & KMRenderMask::MarkedFaces;
+        for (const KMFace *face : hasMarks ? item.mesh->liveFaces() : QVector<KMFace *>()) {
+            const bool isHot = face->hasFlag(KMElementFlag::Hot | KMElementFlag::HotSecond);
+            if (!face->drawn || !face->isPolygon() || !(isHot || face->hasFlag(KMElementFlag::Selected)))
+                continue;
+            const auto corner = [&](int c) { return item.mesh->position(face->indices[c]); };
+            m_marks->addTriangle(corner(0), corner(1), corner(2), isHot ? hot : selected);
+            if (face->count == 4)
+                m_marks->addTriangle(corner(2), corner(3), corner(0), isHot ? hot : selected);
+        }
+    }
+    glDepthMask(GL_FALSE);
+    m_marks->draw(*this, camera);
+    glDepthMask(GL_TRUE);
 }
 
 void KMRenderer::drawOutlines(const KMCameraNode &camera, const QVector<Item> &items)

@@ -64,6 +64,7 @@ void KMRenderer::drawParts(const KMCameraNode &camera)
 void KMRenderer::drawScene(const KMCameraNode &camera)
 {
     drawFaces(camera);
+    drawMarkedFaces(camera);
     clearFaceDepth();
     drawEdges(camera);
     clearFaceDepth();

@@ -53,38 +53,63 @@ void KMAnchorWeigher::setHelpers(std::unique_ptr<KMAnchorWeights> helpers)
     forgetPlaces();
 }
 
-bool KMAnchorWeigher::weighOne(int vertex, const Vector3 &place, KMTagBoneWeight &tag)
+void KMAnchorWeigher::forgetPlaces()
 {
-    m_helpers->at(place, m_sums);
-    m_shares.clear();
-    for (const BoneWeightEntry &sum : std::as_const(m_sums))
-        m_shares.append({tag.numberOf(sum.bone), KMTagBoneWeight::bounded(sum.weight)});
-    if (!m_shares.isEmpty())
-        tag.setShares(vertex, {m_shares.constData(), m_shares.size()});
-    return !m_shares.isEmpty();
+    m_places.clear();
+    m_given.clear();
+    m_bones.clear();
 }
 
-void KMAnchorWeigher::carryOne(KMShareView shares, const KMTagBoneWeight &from, int vertex, KMTagBoneWeight &tag)
+void KMAnchorWeigher::weighOne(int vertex, const Vector3 &place)
+{
+    m_places[vertex] = place;
+    m_helpers->at(place, m_sums);
+    m_shares.clear();
+    for (const BoneWeightEntry &sum : std::as_const(m_sums)) {
+        int number = m_bones.indexOf(sum.bone); // there are few
+        if (number < 0) {
+            number = m_bones.size();
+            m_bones.append(sum.bone);
+        }
+        m_shares.append({number, sum.weight});
+    }
+    m_given.set(vertex, {m_shares.constData(), m_shares.size()});
+}
+
+void KMAnchorWeigher::give(KMShareView shares, const QVector<KMBone *> &bones, int vertex, KMTagBoneWeight &tag)
 {
     m_shares.clear();
     for (const KMBoneShare &share : shares) {
-        if (KMBone *bone = from.bones().at(share.bone))
+        if (KMBone *bone = bones.at(share.bone))
             m_shares.append({tag.numberOf(bone), share.weight});
     }
     tag.setShares(vertex, {m_shares.constData(), m_shares.size()});
 }
 
+void KMAnchorWeigher::carryOne(int from, const KMTagBoneWeight &fromTag, int vertex, KMTagBoneWeight &tag)
+{
+    if (!reaches(from))
+        give(fromTag.lists().of(from), fromTag.bones(), vertex, tag);
+}
+
 void KMAnchorWeigher::weigh(const KMMeshNode &input, const QVector<int> &vertexMap, KMTagBoneWeight &tag)
 {
-    m_places.fill({}, input.vertexCount());
+    const bool areKnown = m_places.size() == input.vertexCount();
+    if (!areKnown) {
+        forgetPlaces();
+        m_places.resize(input.vertexCount());
+    }
     if (!m_helpers || m_helpers->isEmpty())
         return;
     const RestPlaces rest(input);
     for (int i = 0, n = qMin(vertexMap.size(), input.vertexCount()); i < n; ++i) {
         if (!input.vertex(i) || vertexMap.at(i) < 0)
             continue;
-        m_places[i] = rest.of(i);
-        weighOne(vertexMap.at(i), m_places.at(i), tag);
+        const Vector3 place = rest.of(i);
+        if (!areKnown || !isSame(place, m_places.at(i)))
+            weighOne(i, place);
+        if (reaches(i))
+            give(m_given.of(i), m_bones, vertexMap.at(i), tag);
     }
 }
 
@@ -101,10 +126,12 @@ bool KMAnchorWeigher::follow(const KMMeshNode &input, const KMTagBoneWeight &fro
         const Vector3 place = rest.of(i);
         if (isSame(place, m_places.at(i)))
             continue;
-        m_places[i] = place;
         isOther = true;
-        if (!weighOne(vertexMap.at(i), place, tag))
-            carryOne(from.lists().of(i), from, vertexMap.at(i), tag);
+        weighOne(i, place);
+        if (reaches(i))
+            give(m_given.of(i), m_bones, vertexMap.at(i), tag);
+        else
+            carryOne(i, from, vertexMap.at(i), tag);
     }
     return isOther;
 }

@@ -47,6 +47,8 @@ void addShape(Stamp &stamp, const KMMeshNode &mesh)
         for (int c = 0; face && c < face->count; ++c)
             stamp.add(face->indices[c]);
     }
+    if (const auto *tag = static_cast<const KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight)))
+        stamp.add(tag->revision());
 }
 
 } // namespace
@@ -186,6 +188,26 @@ void KMModAnchorNode::buildAnchors(const KMMeshNode &input)
                                               m_parameters.overwrite ? Reach::Everywhere : Reach::InBoxes));
     auto *tag = static_cast<KMTagBoneWeight *>(modMesh()->findTag(KMNodeType::TagBoneWeight));
     m_weigher.weigh(input, m_vertexMap, *tag);
+}
+
+bool KMModAnchorNode::followWeights(const QVector<int> &vertices)
+{
+    const KMMeshNode *from = input();
+    const auto *fromTag =
+        from ? static_cast<const KMTagBoneWeight *>(from->findTag(KMNodeType::TagBoneWeight)) : nullptr;
+    auto *tag = static_cast<KMTagBoneWeight *>(modMesh()->findTag(KMNodeType::TagBoneWeight));
+    if (!fromTag || !tag || isStale() || isBypassed() || m_vertexMap.size() != from->vertexCount()
+        || stamp() != m_stamp)
+        return false;
+    QVector<int> others;
+    for (const int i : vertices) {
+        if (reaches(i) || vertexMapAt(i) < 0)
+            continue;
+        m_weigher.carryOne(i, *fromTag, vertexMapAt(i), *tag);
+        others.append(vertexMapAt(i));
+    }
+    auto *behind = dynamic_cast<KMWeightStage *>(next());
+    return behind ? behind->followWeights(others) : !next();
 }
 
 QVector<KMVertex *> KMModAnchorNode::helperVertices() const

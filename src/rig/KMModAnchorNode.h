@@ -5,6 +5,7 @@
 #include "modifiers/KMModifierCommand.h"
 #include "rig/KMAnchorWeigher.h"
 #include "rig/KMAnchorWeights.h"
+#include "rig/KMWeightStage.h"
 
 #include <QCoreApplication>
 #include <QVector>
@@ -21,7 +22,7 @@ struct KMVertex;
 ///
 /// The helpers stand in the world, and the transform of the node takes them along. They show while the node is
 /// selected; the ordinary tools move their vertices, and cut and join them.
-class KMModAnchorNode : public KMElementwiseModifier, public KMPointCarrier
+class KMModAnchorNode : public KMElementwiseModifier, public KMPointCarrier, public KMWeightStage
 {
     Q_OBJECT
 public:
@@ -58,6 +59,9 @@ public:
     void onModMeshEdited(KMMeshNode *mesh) override;           ///< the weights follow the helpers
     void notifyDependents() override;                          ///< likewise, after edits that change more than places
     KMModAnchorNode *clone() const override;
+
+    bool followWeights(const QVector<int> &vertices) override;
+    bool reaches(int vertex) const { return m_weigher.reaches(vertex); } ///< of the input: its own weights don't count
 
 protected:
     void rebuildResult(KMMeshNode &input, KMMeshNode &result) override;

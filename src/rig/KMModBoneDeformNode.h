@@ -2,12 +2,13 @@
 
 #include "modifiers/KMElementwiseModifier.h"
 #include "rig/KMSkinning.h"
+#include "rig/KMWeightStage.h"
 
 /// Deforms its input by the present pose of the bones that the input's weight tag binds it to: the mesh's own tag for
 /// the first stage, that of the result before for the others. Without weights the result is a copy of the input.
 ///
 /// The result has no weights: its vertices have moved already.
-class KMModBoneDeformNode : public KMElementwiseModifier
+class KMModBoneDeformNode : public KMElementwiseModifier, public KMWeightStage
 {
     Q_OBJECT
 public:
@@ -15,10 +16,8 @@ public:
 
     KMModBoneDeformNode *clone() const override;
 
-    /// Some vertices of the input have other weights: moves these alone, at once, and those whose spherical blends
-    /// depend on them. False where that isn't enough, since the result is to be made anew anyway or other stages follow
-    /// it.
-    bool followWeights(const QVector<int> &vertices);
+    /// Moves these, and those whose spherical blends depend on them.
+    bool followWeights(const QVector<int> &vertices) override;
 
 protected:
     bool updateResult(const KMMeshNode &input, KMMeshNode &result) override;

@@ -68,8 +68,7 @@ KMBone *KMTagRigidBody::bone() const
 
 kvm::Matrix4 KMTagRigidBody::placeOn(const KMBone *bone, const PoseTransform &pose)
 {
-    const kvm::Matrix4 place =
-        kvm::Matrix4::fromScale(pose.scale) * pose.rotation.toMatrix() * kvm::Matrix4::fromTranslation(pose.offset);
+    const kvm::Matrix4 place = pose.rotation.toMatrix() * kvm::Matrix4::fromTranslation(pose.offset);
     if (!bone)
         return place;
     return place * bone->rotation().toMatrix() * kvm::Matrix4::fromTranslation(bone->translation());

@@ -79,7 +79,8 @@ public:
     void onFullRefresh() override { updateGizmo(); } ///< the bone has moved
     KMTagRigidBody *clone() const override;
 
-    /// Where something that hangs on a bone stands while the bone is at rest; a null bone is the origin.
+    /// Where something that hangs on a bone stands while the bone is at rest; a null bone is the origin. The scale has
+    /// no say: a player, who isn't told of it, wouldn't show the same.
     static kvm::Matrix4 placeOn(const KMBone *bone, const PoseTransform &pose);
 
 private:

@@ -65,6 +65,18 @@ bool hasRoom(const KMContainerNode *parent, const KMContainerNode *node)
     return false;
 }
 
+/// Before which of the modifiers below a mesh a new one belongs; null for behind them all. A bone deform takes the
+/// weights that an anchor gives, and leaves none.
+KMContainerNode *placeOfModifier(const KMContainerNode *modifier, const KMContainerNode *mesh)
+{
+    for (int i = 0; modifier->type() == KMNodeType::ModAnchor && i < mesh->item()->childCount(); ++i) {
+        KMContainerNode *child = KMTreeWidget::nodeOf(mesh->item()->child(i));
+        if (child->type() == KMNodeType::ModBoneDeform)
+            return child;
+    }
+    return nullptr;
+}
+
 bool hasTagNamed(const KMContainerNode *node, const QString &name)
 {
     const QList<KMTagBase *> tags = node->tags();
@@ -189,6 +201,8 @@ void KMNodeEdits::addModifier(KMContainerNode *modifier)
     if (!mesh)
         gSolution->showMessage(tr("No mesh was current: move the modifier below the mesh that it shall change"),
                                KMCommand::MessageLevel);
+    else if (KMContainerNode *behind = placeOfModifier(modifier, mesh))
+        moveBefore(modifier, behind);
     else if (hasRoom(mesh, modifier))
         moveTo(modifier, mesh);
     gProject->checkModifiers();

@@ -29,8 +29,8 @@ void groupUnderNull(const QList<KMContainerNode *> &nodes);
 
 /// The current mesh or the one above the current modifier, else the first chosen one; null when there is none.
 KMContainerNode *meshForModifier();
-/// Brings a new modifier into the document, as the last below that mesh, and links the mesh's chain. Without a mesh it
-/// comes to stand on the top level, and the user is told.
+/// Brings a new modifier into the document, as the last below that mesh, and links the mesh's chain. An anchor comes
+/// before the first bone deform there is. Without a mesh it comes to stand on the top level, and the user is told.
 void addModifier(KMContainerNode *modifier);
 
 void remove(const QList<KMContainerNode *> &nodes);

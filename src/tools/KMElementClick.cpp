@@ -50,6 +50,7 @@ QString clickText(const KMPickRequest &hit)
 
 bool KMElementClick::pick(const KMCameraNode &camera, const QPointF &position, KMPickRequest &request)
 {
+    request.includeShapes = true;
     if (KMPicker::pick(camera, position, request)) {
         if (KMMeshTargets::isUnderControl(*request.mesh)) {
             KMPicker::clearHot();

@@ -15,7 +15,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneSelectionCommand.h"
-#include "rig/KMModBoneDeformNode.h"
+#include "rig/KMModAnchorNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "tools/KMToolCircle.h"
 #include "tools/KMToolKind.h"
@@ -353,6 +353,7 @@ void KMToolBoneWeight::beginStroke(const KMMouseEvent &event, const KMOpenGLWidg
         brush.mode = KMWeightBrush::Blur;
     m_stroke = std::make_unique<KMWeightPaintStruct>(*m_mesh, *tag, brush, painted, partner);
     m_strokeView = &widget;
+    m_isReachTold = false;
     surfaceOf(*m_mesh, widget);
     setEditing(true);
     setPainting(true);
@@ -380,15 +381,35 @@ void KMToolBoneWeight::strokeTo(const KMMouseEvent &event)
     showMoved(changed);
 }
 
-/// In a chain of nothing but a deformation by bones the few vertices can follow alone.
+/// In a chain of nothing but anchors and a deformation by bones the few vertices can follow alone.
 void KMToolBoneWeight::showMoved(const QVector<int> &vertices)
 {
     const QList<KMMeshNode::ModifierEntry> &chain = m_mesh->modifiers();
     if (chain.isEmpty())
         return;
-    auto *deform = qobject_cast<KMModBoneDeformNode *>(chain.first().second->modifierNode());
-    if (!deform || !deform->followWeights(vertices))
+    auto *first = dynamic_cast<KMWeightStage *>(chain.first().second);
+    if (!first || !first->followWeights(vertices))
         m_stroke->tag().markChanged();
+    if (!m_isReachTold)
+        tellReached(vertices);
+}
+
+/// Where helpers reach, what is painted doesn't show.
+void KMToolBoneWeight::tellReached(QVector<int> vertices)
+{
+    for (const KMMeshNode::ModifierEntry &entry : m_mesh->modifiers()) {
+        const auto *stage = qobject_cast<const KMModifierNode *>(entry.second->modifierNode());
+        const auto *anchor = qobject_cast<const KMModAnchorNode *>(stage);
+        if (anchor && std::any_of(vertices.begin(), vertices.end(), [anchor](int i) { return anchor->reaches(i); })) {
+            gSolution->showMessage(
+                tr("%1 gives this place its weights: what is painted here has no effect.").arg(anchor->name()),
+                warning);
+            m_isReachTold = true;
+            return;
+        }
+        for (int &vertex : vertices)
+            vertex = stage ? stage->vertexMapAt(vertex) : -1;
+    }
 }
 
 bool KMToolBoneWeight::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)

@@ -75,6 +75,7 @@ private:
     void beginStroke(const KMMouseEvent &event, const KMOpenGLWidget &widget);
     void strokeTo(const KMMouseEvent &event);
     void showMoved(const QVector<int> &vertices);
+    void tellReached(QVector<int> vertices);
     void endStroke();
     void dropStroke();
     void showColors();
@@ -96,5 +97,6 @@ private:
     std::unique_ptr<KMWeightPaintStruct> m_stroke;
     std::unique_ptr<KMMirrorMap> m_mirror;      // null where nothing is mirrored
     std::unique_ptr<KMTagBoneWeight> m_madeTag; // for a mesh without one; the mesh has it until the stroke is over
+    bool m_isReachTold = false;                 // that helpers of an anchor have the say
     QPointF m_lastPos;
 };

@@ -152,6 +152,7 @@ void tst_PhysicsTags::gizmoStandsOnTheBoneAtRest()
     data.height = 4.0f;
     data.depth = 6.0f;
     data.pose.rotation = kvm::Quaternion::fromEuler(0.0f, 0.3f, 0.0f);
+    data.pose.scale = {5.0f, 5.0f, 5.0f}; // which no player is told
     body->setParameters(data);
     const auto expected = [&](float x, float y, float z) {
         const KMBoneRest rest = scene.elbow->rest();

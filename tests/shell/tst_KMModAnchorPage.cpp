@@ -1,11 +1,21 @@
 #include "shell/attributes/KMModAnchorPage.h"
 
+#include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMTagCommands.h"
+#include "mesh/KMMeshNode.h"
+#include "modifiers/KMModSdvNode.h"
+#include "modifiers/KMModSolidNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMDisplayAnchorNode.h"
+#include "rig/KMModBoneDeformNode.h"
+#include "rig/KMTagBoneWeight.h"
+#include "shell/KMNodeEdits.h"
+#include "support/MeshFixtures.h"
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
 
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QTest>
@@ -16,6 +26,7 @@ class tst_KMModAnchorPage : public QObject
     Q_OBJECT
 private slots:
     void menuOfTheList();
+    void placeInTheChain();
 };
 
 namespace {
@@ -80,6 +91,34 @@ void tst_KMModAnchorPage::menuOfTheList()
     QCOMPARE(list->count(), 2);
     scene.session.stack().setIndex(0);
     scene.session.stack().clear();
+}
+
+/// Behind a bone deform there are no weights left to be replaced.
+void tst_KMModAnchorPage::placeInTheChain()
+{
+    RigScene scene;
+    KMMeshNode *mesh = MeshFixtures::cube();
+    gProject->addToScene(mesh);
+    gProject->tree()->setCurrentItem(mesh->item());
+    auto *deform = new KMModBoneDeformNode;
+    auto *anchor = new KMModAnchorNode;
+    for (KMContainerNode *modifier : QList<KMContainerNode *>{new KMModSdvNode, deform, new KMModSolidNode, anchor})
+        KMNodeEdits::addModifier(modifier);
+    QCOMPARE(mesh->item()->indexOfChild(anchor->item()), 1);
+    QCOMPARE(mesh->item()->indexOfChild(deform->item()), 2);
+
+    KMModAnchorPage page(anchor);
+    auto *fault = page.findChild<QLabel *>(QStringLiteral("anchorFault"));
+    const auto shown = [&] {
+        gSolution->update(0);
+        page.refresh();
+        return fault->text();
+    };
+    QVERIFY(shown().contains(mesh->name()));
+    gSolution->push(new addTagCommand(mesh, new KMTagBoneWeight));
+    QCOMPARE(shown(), QString());
+    KMNodeEdits::move({anchor}, mesh, KMTreeWidget::Place::Into);
+    QVERIFY(shown().contains(deform->name()));
 }
 
 KM_TEST(tst_KMModAnchorPage);

@@ -16,6 +16,7 @@
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
 #include "tools/KMBonePlace.h"
+#include "tools/KMElementClick.h"
 #include "tools/KMNodeComContainer.h"
 #include "tools/KMSelComContainer.h"
 #include "tools/KMSnapSearch.h"
@@ -95,7 +96,9 @@ void tst_AnchorHelpers::wiresArePickedThrough()
     }
     KMPickRequest face;
     face.wantFace = face.refreshWindowCoords = true;
-    QVERIFY(!KMPicker::pick(scene.camera, scene.at(5, 5), face) || face.mesh != scene.helper);
+    QVERIFY(KMPicker::pick(scene.camera, scene.at(5, 5), face) && face.mesh != scene.helper);
+    QVERIFY(KMElementClick::pick(scene.camera, scene.at(5, 5), face)); // who works on elements means it
+    QCOMPARE(face.mesh, scene.helper);
 }
 
 void tst_AnchorHelpers::nothingStopsAtThem()

@@ -1,3 +1,4 @@
+#include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
@@ -6,7 +7,14 @@
 #include "render/KMOpenGLContainer.h"
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
+#include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
+#include "rig/KMBoneTreeCommands.h"
+#include "rig/KMDisplayAnchorNode.h"
+#include "rig/KMModAnchorNode.h"
+#include "rig/KMTagBoneWeight.h"
 #include "shell/KMMainBox.h"
+#include "shell/KMNodeEdits.h"
 #include "shell/docks/kmtoolwidget.h"
 #include "shell/kmmainwidget.h"
 #include "support/MeshFixtures.h"
@@ -114,6 +122,7 @@ class tst_KMPreviewTools : public QObject
     Q_OBJECT
 private slots:
     void extrudeByDrag();
+    void extrudeAHelper();
     void extrudeByPanel_data();
     void extrudeByPanel();
     void bevelByDrag();
@@ -151,6 +160,50 @@ void tst_KMPreviewTools::extrudeByDrag()
     QCOMPARE(stage.text(), after);
     stage.click("extrudeApply"); // there is nothing to apply any more
     QCOMPARE(gSolution->undoStack()->count(), 2);
+}
+
+/// A limb out of a box that weighs the mesh within: its faces are wires, but lit up, chosen and drawn out as any.
+void tst_KMPreviewTools::extrudeAHelper()
+{
+    ExtrudeStage stage;
+    QVERIFY(stage.isReady());
+    auto *rig = new KMBoneContainer;
+    gProject->addNode(rig);
+    auto *bone = new KMBone;
+    bone->setRest(restBone({0, 0, -4}, {0, 0, 4}));
+    gSolution->push(new addBoneCommand(rig, bone, nullptr));
+    gProject->tree()->setCurrentItem(stage.mesh->item());
+    auto *anchor = new KMModAnchorNode;
+    KMNodeEdits::addModifier(anchor);
+    gSolution->push(new modAnchorAddBoneCommand(anchor, bone));
+    const KMMeshNode &helper = *anchor->anchors().first()->mesh();
+    const auto *weights = static_cast<const KMTagBoneWeight *>(helper.findTag(KMNodeType::TagBoneWeight));
+    const QString before = meshText(helper);
+    gSolution->clearHistory();
+    gProject->tree()->setCurrentItem(anchor->item());
+    stage.view->camera()->setDistance(20.0f);
+    stage.view->repaint();
+
+    kvm::Vector3 point = facing(*stage.view->camera(), 1);
+    for (int k = 0; k < 3; ++k)
+        point[k] *= (k == 2 ? 3.0f : 1.5f);
+    const auto picture = [&stage](const QPointF &cursor) {
+        stage.send(QEvent::MouseMove, cursor, Qt::NoButton, Qt::NoButton);
+        return stage.view->grabFramebuffer();
+    };
+    const QImage plain = picture({1, 1});
+    QVERIFY(picture(stage.pixelOf(point)) != plain);
+    stage.drag(point, 40.0);
+    QVERIFY(picture({1, 1}) != plain);
+    QCOMPARE(stage.lastStep(), QStringLiteral("Select Face"));
+    stage.click("extrudeApply");
+    QCOMPARE(stage.liveFaces(), 6);
+    QCOMPARE(helper.faceCount() - helper.faces().count(nullptr), 10); // there may have been no frame since
+    for (const KMVertex *vertex : helper.vertices())
+        QVERIFY(!vertex || weights->weight(vertex->index, bone) == 1.0f);
+    gSolution->undoStack()->setIndex(0);
+    KMPicker::clearHot();
+    QCOMPARE(meshText(helper), before);
 }
 
 void tst_KMPreviewTools::extrudeByPanel_data()

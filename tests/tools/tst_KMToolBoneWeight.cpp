@@ -12,10 +12,12 @@
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMModAnchorNode.h"
 #include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "shell/kmmainwidget.h"
 #include "shell/widgets/KMMessageLabel.h"
+#include "support/RecordingSession.h"
 #include "support/TestRegistry.h"
 #include "support/ToolWindow.h"
 #include "tools/KMToolBar.h"
@@ -161,6 +163,7 @@ private slots:
     void colorsFollowTheStroke_data();
     void colorsFollowTheStroke();
     void colorsOfDeletedBones();
+    void posedSurfaceFollowsTheStroke_data();
     void posedSurfaceFollowsTheStroke();
 };
 
@@ -514,10 +517,18 @@ void tst_KMToolBoneWeight::colorsOfDeletedBones()
     QVERIFY(dead.x == bare.x && dead.y == bare.y && dead.z == bare.z);
 }
 
+void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke_data()
+{
+    QTest::addColumn<bool>("hasAnchor");
+    QTest::newRow("deform alone") << false;
+    QTest::newRow("behind an anchor") << true;
+}
+
 /// The vertices that a stroke moves on its way, and those that are blended with them, stand where a whole evaluation
-/// puts them.
+/// puts them. Where a helper has the say the user is told once.
 void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke()
 {
+    QFETCH(bool, hasAnchor);
     WeightWindow window;
     QVERIFY(window.isReady());
     KMTagBoneWeight *tag = window.addTag();
@@ -526,8 +537,17 @@ void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke()
         tag->addEntry({i, 0.2f, window.bones[1]});
         tag->setSdefFlag(i, i % 2);
     }
+    auto *anchor = new KMModAnchorNode;
     auto *deform = new KMModBoneDeformNode;
+    window.append(anchor);
     window.append(deform);
+    if (hasAnchor) {
+        gSolution->push(new modAnchorAddBoneCommand(anchor, window.bones[1]));
+        anchor->setTransform({{1, 1, 1}, {}, {0, -50, 0}}); // into the plane of the mesh
+    } else {
+        anchor->setVisible(false);
+        gProject->checkModifiers();
+    }
     PoseTransform pose;
     pose.rotation = kvm::Quaternion::fromAxisAngle({0, 1, 0}, 0.8f);
     window.bones[1]->setKeyPose(pose);
@@ -541,15 +561,21 @@ void tst_KMToolBoneWeight::posedSurfaceFollowsTheStroke()
     };
     window.setBrush(KMWeightBrush::Add, 1.0f, 0.6f, KMWeightBrush::Falloff::Smooth);
     const QVector<Vector3> before = places();
-    const QPointF from = window.at(ToolWindow::Top, 40);
+    const auto at = [&window](float x) { return window.at(ToolWindow::Top, Vector3(x, 0, 0)); };
+    CallLog log;
+    RecordingWindow told(&log);
+    gSolution->setWindow(&told);
     ViewMouse mouse(window.view(ToolWindow::Top));
-    mouse.move(from);
-    mouse.press(Qt::LeftButton, from);
-    for (const double way : {10.0, 20.0, 30.0})
-        mouse.move(from + QPointF(way, way));
+    mouse.move(at(-40));
+    mouse.press(Qt::LeftButton, at(-40));
+    for (const float x : {0.0f, 30.0f, 80.0f})
+        mouse.move(at(x));
+    gSolution->setWindow(window.operator->());
+    QCOMPARE(told.messages.size(), int(hasAnchor));
+    QCOMPARE(window.mesh->dirtyMask(), 0u); // nothing is left to be made anew
     const QVector<Vector3> during = places();
     QVERIFY(during != before);
-    mouse.release(Qt::LeftButton, from + QPointF(30, 30));
+    mouse.release(Qt::LeftButton, at(80));
     window.mesh->markDirty(KMMeshDirty::All);
     gSolution->update(0);
     const QVector<Vector3> after = places();

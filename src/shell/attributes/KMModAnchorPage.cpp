@@ -112,6 +112,11 @@ QString KMModAnchorPage::fault() const
     const KMMeshNode *input = m_anchor->input();
     if (!input || input->findTag(KMNodeType::TagBoneWeight))
         return {};
+    for (KMMeshModifier *stage = m_anchor->previous(); stage; stage = stage->previous()) {
+        const KMContainerNode *node = stage->modifierNode();
+        if (node->type() == KMNodeType::ModBoneDeform)
+            return tr("The anchor stands behind %1 and does nothing: move it before that").arg(node->name());
+    }
     return tr("%1 has no bone weight tag here: the anchor does nothing").arg(m_anchor->source()->name());
 }
 

@@ -25,9 +25,10 @@ constexpr int highEnd = 1;
 } // namespace
 
 template <class Tag, class Command>
-void KMPosedTagPage<Tag, Command>::bindVector(const QString &label, const QString &key,
-                                              const std::function<kvm::Vector3(const Parameters &)> &get,
-                                              const std::function<void(Parameters &, const kvm::Vector3 &)> &set)
+KMVectorField *
+KMPosedTagPage<Tag, Command>::bindVector(const QString &label, const QString &key,
+                                         const std::function<kvm::Vector3(const Parameters &)> &get,
+                                         const std::function<void(Parameters &, const kvm::Vector3 &)> &set)
 {
     auto *field = new KMVectorField;
     for (int axis = 0; axis < 3; ++axis)
@@ -36,6 +37,7 @@ void KMPosedTagPage<Tag, Command>::bindVector(const QString &label, const QStrin
     QObject::connect(field, &KMVectorField::committed, this,
                      [this, set](const kvm::Vector3 &vector) { this->edit([&](Parameters &p) { set(p, vector); }); });
     this->onRefresh([this, field, get] { field->showVector(get(this->parameters())); });
+    return field;
 }
 
 template <class Tag, class Command>
@@ -54,7 +56,8 @@ void KMPosedTagPage<Tag, Command>::addPose()
     this->onRefresh([this, angles] { angles->showVector(m_angles.show(this->parameters().pose.rotation)); });
     bindVector(
         Texts::tr("Scale"), QStringLiteral("scale"), [](const Parameters &p) { return p.pose.scale; },
-        [](Parameters &p, const kvm::Vector3 &scale) { p.pose.scale = scale; });
+        [](Parameters &p, const kvm::Vector3 &scale) { p.pose.scale = scale; })
+        ->setToolTip(Texts::tr("Kept with the document: sizes alone go into a model"));
     for (int axis = 0; axis < 3; ++axis)
         angles->field(axis)->setRange(-Base::Longest, Base::Longest);
 }

@@ -5,6 +5,8 @@
 #include "shell/attributes/KMTagPage.h"
 #include "shell/widgets/KMShownAngles.h"
 
+class KMVectorField;
+
 /// Where a tag stands against its bone, besides its other parameters.
 template <class Tag, class Command>
 class KMPosedTagPage : public KMParameterPage<KMTagPage, Tag, Command>
@@ -16,9 +18,9 @@ protected:
 
     void addPose();
     /// Three numbers of the parameters in one row.
-    void bindVector(const QString &label, const QString &key,
-                    const std::function<kvm::Vector3(const Parameters &)> &get,
-                    const std::function<void(Parameters &, const kvm::Vector3 &)> &set);
+    KMVectorField *bindVector(const QString &label, const QString &key,
+                              const std::function<kvm::Vector3(const Parameters &)> &get,
+                              const std::function<void(Parameters &, const kvm::Vector3 &)> &set);
 
 private:
     KMShownAngles m_angles;
