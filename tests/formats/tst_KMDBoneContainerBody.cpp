@@ -189,7 +189,7 @@ void tst_KMDBoneContainerBody::manyBones()
     for (int i = 0; i < count; ++i)
         rig->attachBone(new KMBone, nullptr);
     rig->rebuildOrder();
-    const QByteArray bytes = saved();
+    const QByteArray bytes = savedDocument();
     gSolution->newDocument();
     KMDReader reader;
     QVERIFY2(reader.readBytes(bytes), qPrintable(reader.error()));
