@@ -223,6 +223,15 @@ void tst_BoneAnimation::frameDrivesTheBones()
     QVERIFY(bone->keyPose().rotation == aboutZ(90));
     gProject->setCurrentFrame(0);
     QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+
+    // Frames pass by a rig that is out of the scene, and it comes back at the present one.
+    KMBoneContainer *copy = scene.rig->clone();
+    gProject->addToScene(copy);
+    scene.session.stack().undo();
+    gProject->setCurrentFrame(10);
+    QVERIFY((copy->bones().first()->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+    scene.session.stack().redo();
+    QVERIFY((copy->bones().first()->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
 }
 
 void tst_BoneAnimation::keyEditsMoveThePose()
