@@ -65,6 +65,7 @@ private slots:
     void outsideOfTheKeys();
     void damagedRotations();
     void posesFollowTheKeys();
+    void frameDrivesTheBones();
     void keyEditsMoveThePose();
     void renamedBoneLosesItsTrack();
     void restoredBoneIsPosedByTheFrame();
@@ -195,6 +196,28 @@ void tst_BoneAnimation::posesFollowTheKeys()
     QCOMPARE(arm->tail(), kvm::Vector3(0, 10, 0));
     scene.session.stack().undo();
     QVERIFY(isPosed(arm));
+}
+
+void tst_BoneAnimation::frameDrivesTheBones()
+{
+    RigScene scene;
+    KMBone *bone = scene.addBone(QStringLiteral("b"), nullptr, {0, 0, 0}, {10, 0, 0});
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
+    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 10, {}, aboutZ(90)));
+    gProject->setCurrentFrame(10);
+    QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
+    QVERIFY(bone->keyPose().rotation == aboutZ(90));
+    gProject->setCurrentFrame(0);
+    QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+
+    // Frames pass by a rig that is out of the scene, and it comes back at the present one.
+    KMBoneContainer *copy = scene.rig->clone();
+    gProject->addToScene(copy);
+    scene.session.stack().undo();
+    gProject->setCurrentFrame(10);
+    QVERIFY((copy->bones().first()->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
+    scene.session.stack().redo();
+    QVERIFY((copy->bones().first()->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
 }
 
 void tst_BoneAnimation::keyEditsMoveThePose()
