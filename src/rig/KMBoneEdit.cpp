@@ -45,7 +45,7 @@ bool makeSymmetric(kvm::Vector3 &a, kvm::Vector3 &b, const KMSymmetryPlane &plan
 bool isSame(const KMBoneRest &a, const KMBoneRest &b)
 {
     constexpr float step = 1e-6f;
-    const float margin = step * (1.0f + a.head.length() + a.tail().length());
+    const float margin = step * (a.head.length() + a.tail().length());
     return (a.head - b.head).length() <= margin && (a.tail() - b.tail()).length() <= margin
            && (a.rotation + -b.rotation).length() <= 2.0f * step && a.scale == b.scale;
 }
