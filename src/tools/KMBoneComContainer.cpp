@@ -163,12 +163,12 @@ Work nothing(KMBoneContainer &)
 
 Work divide(KMBoneContainer &container)
 {
-    return forEach(KMBoneEdit::selectedWithLength(container), &KMBoneEdit::pushDivided);
+    return forEach(KMBoneEdit::unlocked(KMBoneEdit::selectedWithLength(container)), &KMBoneEdit::pushDivided);
 }
 
 Work layer(KMBoneContainer &container)
 {
-    return forEach(KMBoneEdit::selectedWithLength(container), &KMBoneEdit::pushLayered);
+    return forEach(KMBoneEdit::unlocked(KMBoneEdit::selectedWithLength(container)), &KMBoneEdit::pushLayered);
 }
 
 struct Entry
@@ -280,15 +280,6 @@ KMBoneComContainer::KMBoneComContainer(QObject *parent)
         auto *command = new KMBoneCommand(row, this);
         command->setObjectName(QString::fromLatin1(row.objectName));
         connect(command, &KMCommand::done, gSolution, &KMSolution::doCommand);
+        m_unlisted << command;
     }
-}
-
-KMCommand *KMBoneComContainer::unlisted(const QString &className) const
-{
-    const auto isListed = [this](KMCommand *command) { return commands().contains(command); };
-    for (KMCommand *command : findChildren<KMCommand *>(className)) {
-        if (!isListed(command))
-            return command;
-    }
-    return nullptr;
 }

@@ -125,6 +125,7 @@ private slots:
     void picks();
     void marquees_data();
     void marquees();
+    void areaWithoutRig();
     void transforms();
     void clicksOnNothing();
     void editMenuMeansBones();
@@ -593,6 +594,27 @@ void tst_KMBoneTools::marquees()
 }
 
 /// The handle of the tools for elements stands at the selected ends, and SRT takes whole branches.
+/// While a mesh is current the tool's area is for the rig at hand, and leaves the mesh alone.
+void tst_KMBoneTools::areaWithoutRig()
+{
+    BoneWindow window(KMToolKind::Bone, MeshFixtures::cube());
+    QVERIFY(window.isReady());
+    KMBone *bone = window.add("a", nullptr, {-60, -60, 0}, {-60, -40, 0});
+    gProject->tree()->setCurrentItem(window.mesh->item());
+    window.mesh->setVertexFlag(0, KMElementFlag::Selected);
+    window.bar->tool(KMToolKind::Bone)->setMode(KMToolBone::Move);
+    STEP(window, "Rect Select", [&] { window.pull({-80, -30, 0}, {-50, -80, 0}); });
+    QCOMPARE(bone->selectMask(), int(KMBone::BothSelected));
+    QCOMPARE(gSolution->currentNode(), window.rig);
+    window.rig->setLocked(true);
+    const int steps = window.steps();
+    window.pull({-80, -30, 0}, {-50, -80, 0}, Qt::ControlModifier);
+    QCOMPARE(window.steps(), steps);
+    window.rig->setLocked(false);
+    STEP(window, "UnSelectAll", [&] { ViewMouse(window.view(front)).click({15, 200}); });
+    QVERIFY(window.mesh->vertex(0)->hasFlag(KMElementFlag::Selected));
+}
+
 void tst_KMBoneTools::transforms()
 {
     BoneWindow window(KMToolKind::Universal);
@@ -709,6 +731,12 @@ void tst_KMBoneTools::erases()
     STEP(window, "Delete Bone", [&] { ViewMouse(window.view(front)).click(window.place({20, 50, 0})); });
     QVERIFY(b->isDeleted() && c->isDeleted());
     QCOMPARE(window.masks(), QString("a0 d0"));
+    // A hidden partner stays.
+    window->undoStack()->undo();
+    c->setVisible(false);
+    STEP(window, "Delete Bone", [&] { ViewMouse(window.view(front)).click(window.place({20, 50, 0})); });
+    QVERIFY(b->isDeleted() && !c->isDeleted());
+    gSolution->push(new deleteBoneCommand(c));
     // The key deletes what is selected.
     window.bar->tool(KMToolKind::Universal)->requestActivation();
     ViewMouse(window.view(front)).click(window.place({60, 60, 0}));
