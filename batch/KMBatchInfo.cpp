@@ -5,7 +5,9 @@
 #include "core/KMProject.h"
 #include "core/KMShaderNode.h"
 #include "core/KMTagBase.h"
+#include "core/KMTexturePath.h"
 #include "core/KMTreeWidget.h"
+#include "math/Box3.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
@@ -45,17 +47,10 @@ QJsonArray array(const kvm::Vector3 &v)
 /// Null for a mesh without vertices.
 QJsonValue bounds(const KMMeshNode &mesh)
 {
-    kvm::Vector3 low, high;
-    bool isFirst = true;
-    for (const KMVertex *vertex : mesh.vertices()) {
-        if (!vertex)
-            continue;
-        const kvm::Vector3 &p = vertex->pos;
-        low = isFirst ? p : kvm::Vector3(std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z));
-        high = isFirst ? p : kvm::Vector3(std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z));
-        isFirst = false;
-    }
-    return isFirst ? QJsonValue() : QJsonArray{array(low), array(high)};
+    kvm::Box3 box;
+    for (const KMVertex *vertex : mesh.liveVertices())
+        box.add(vertex->pos);
+    return box.isEmpty() ? QJsonValue() : QJsonArray{array(box.low), array(box.high)};
 }
 
 /// By name, in the order of their indices; faces without a shader add nothing.
@@ -220,19 +215,21 @@ QJsonArray shaders()
     return list;
 }
 
-QJsonArray textures()
+QJsonArray textures(const QString &folder)
 {
     QJsonArray list;
     for (KMTextureNode *texture : gProject->textures()) {
-        const bool isFile = texture->type() == KMNodeType::FileTexture;
-        list << (isFile ? nodeAs<KMFileTextureNode>(texture)->path() : texture->name());
+        if (texture->type() == KMNodeType::FileTexture)
+            list << KMTexturePath::written(nodeAs<KMFileTextureNode>(texture)->path(), folder);
+        else
+            list << texture->name();
     }
     return list;
 }
 
 } // namespace
 
-QJsonObject documentInfo(const QString &format)
+QJsonObject documentInfo(const QString &format, const QString &folder)
 {
     return {
         {"format", format},
@@ -245,7 +242,7 @@ QJsonObject documentInfo(const QString &format)
         {"joints", namesOf(&KMRigTags::joints)},
         {"displayNodes", displayNodes()},
         {"shaders", shaders()},
-        {"textures", textures()},
+        {"textures", textures(folder)},
         {"keys", keyCount()},
     };
 }

@@ -4,8 +4,10 @@
 #include "KMBatchPicture.h"
 #include "KMBatchPrompt.h"
 #include "core/KMHeadlessSession.h"
+#include "core/KMInputFile.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMTexturePath.h"
 #include "core/KMVersion.h"
 #include "formats/KMExchangeFormat.h"
 #include "formats/KMNativeFormat.h"
@@ -17,6 +19,7 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QSaveFile>
 #include <QTextCodec>
 
@@ -60,20 +63,17 @@ KMBatchProgram::ExitCode exchange(const KMExchangeFormat::Form &questions, const
                                   const QString &path, KMBatchProgram::ExitCode failure)
 {
     KMOptionForm form;
-    if (questions)
-        form = questions();
-    if (!KMPrompt::current().options(form))
+    if (!KMExchangeFormat::ask(questions, form))
         return KMBatchProgram::WrongUse;
     return work(path, form) ? KMBatchProgram::Done : failure; // which has said why
 }
 
 bool isThere(const QString &path)
 {
-    if (QFileInfo(path).isFile())
-        return true;
-    KMBatchPrompt::print(QFileInfo::exists(path) ? QStringLiteral("kelmo-batch: \"%1\" is not a regular file").arg(path)
-                                                 : QStringLiteral("kelmo-batch: \"%1\" doesn't exist").arg(path));
-    return false;
+    const QString fault = KMInputFile::obstacle(path);
+    if (!fault.isEmpty())
+        KMBatchPrompt::print(QStringLiteral("kelmo-batch: \"%1\": %2").arg(path, fault));
+    return fault.isEmpty();
 }
 
 /// Drawing needs a display. Where there is none the program starts itself anew inside a virtual one; it comes back from
@@ -177,7 +177,8 @@ KMBatchProgram::ExitCode KMBatchProgram::info()
     const ExitCode read = readInput(path);
     if (read != Done)
         return read;
-    return writeOut(QJsonDocument(documentInfo(suffixOf(path))).toJson()) ? Done : NoOutput;
+    const QJsonObject told = documentInfo(suffixOf(path), KMTexturePath::folderOf(path));
+    return writeOut(QJsonDocument(told).toJson()) ? Done : NoOutput;
 }
 
 KMBatchProgram::ExitCode KMBatchProgram::convert()

@@ -32,11 +32,17 @@
 #include "rig/KMTagMorph.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 constexpr kvm::Vector3 lightAngles{32.0f, -18.0f, 0.0f}; // degrees, against the view
 constexpr int outlineWidth = 220;                        // percent of the width that the materials name
+
+/// Name and comment in Japanese, then both in English.
+constexpr const char *modelTexts[] = {
+    "Kelmo", "kelmo2 のサンプルキャラクターです。\n表情、SDEF、髪とスカートの物理演算が入っています。", "Kelmo",
+    "The sample character of kelmo2,\nwith shapes of the face, spherical blends, and physics for hair and skirt."};
 
 struct Part
 {
@@ -195,8 +201,8 @@ void KMSampleCharacter::build()
         rig->tree()->setCurrentItem(nullptr);
     }
     gProject->setName(QStringLiteral("Kelmo"));
-    for (const int number : {1, 3}) // the name in both languages
-        gProject->setTextInfo(number, QStringLiteral("Kelmo"));
+    for (int i = 0; i < int(std::size(modelTexts)); ++i)
+        gProject->setTextInfo(i + 1, QString::fromUtf8(modelTexts[i]));
     gSolution->setFogDistance(outlineWidth);
     gSolution->setLightAngles(lightAngles);
     gSolution->setCurrentNode(nullptr);

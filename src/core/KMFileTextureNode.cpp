@@ -1,15 +1,14 @@
 #include "core/KMFileTextureNode.h"
 
 #include "core/KMNodeType.h"
-#include "core/KMSolution.h"
+#include "core/KMTexturePath.h"
 
 #include <QDebug>
-#include <QDir>
 #include <QFileInfo>
 #include <QThread>
 
 KMFileTextureNode::KMFileTextureNode(const QString &path)
-    : m_path(path)
+    : m_path(KMTexturePath::place(path))
 {
     setType(KMNodeType::FileTexture);
     setName(path.isEmpty() ? tr("Texture") : QFileInfo(path).fileName());
@@ -17,9 +16,10 @@ KMFileTextureNode::KMFileTextureNode(const QString &path)
 
 void KMFileTextureNode::setPath(const QString &path)
 {
-    if (m_path == path)
+    const QString place = KMTexturePath::place(path);
+    if (m_path == place)
         return;
-    m_path = path;
+    m_path = place;
     m_image = {};
     m_tried = false;
     emit imageChanged();
@@ -27,11 +27,7 @@ void KMFileTextureNode::setPath(const QString &path)
 
 QString KMFileTextureNode::filePath() const
 {
-    const QString document = gSolution ? gSolution->fileName() : QString();
-    if (m_path.isEmpty() || document.isEmpty() || !QFileInfo(m_path).isRelative())
-        return m_path;
-    const QString besideDocument = QFileInfo(document).absoluteDir().filePath(m_path);
-    return QFileInfo(besideDocument).isFile() ? besideDocument : m_path;
+    return QFileInfo(m_path).isRelative() ? QString() : m_path;
 }
 
 QImage KMFileTextureNode::image() const

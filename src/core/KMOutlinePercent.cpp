@@ -4,5 +4,5 @@
 
 int KMOutlinePercent::current()
 {
-    return gSolution ? gSolution->fogDistance() : 0;
+    return gSolution ? gSolution->fogDistance() : Usual;
 }

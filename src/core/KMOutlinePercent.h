@@ -7,6 +7,6 @@ namespace KMOutlinePercent {
 
 constexpr int Usual = 100;
 
-int current(); ///< of the session; 0 without one
+int current(); ///< of the session
 
 } // namespace KMOutlinePercent

@@ -10,8 +10,11 @@
 #include "core/KMShelfCommands.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
+#include "core/KMTexturePath.h"
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
+
+#include <utility>
 
 namespace {
 
@@ -124,11 +127,12 @@ void KMProject::deleteTexture(KMTextureNode *texture)
 
 KMFileTextureNode *KMProject::addTextureFile(const QString &path)
 {
+    const QString place = KMTexturePath::place(path);
     for (KMTextureNode *texture : textures()) {
-        if (texture->type() == KMNodeType::FileTexture && nodeAs<KMFileTextureNode>(texture)->path() == path)
+        if (texture->type() == KMNodeType::FileTexture && nodeAs<KMFileTextureNode>(texture)->path() == place)
             return nodeAs<KMFileTextureNode>(texture);
     }
-    auto *texture = new KMFileTextureNode(path);
+    auto *texture = new KMFileTextureNode(place);
     addToScene(texture);
     return texture;
 }
@@ -138,11 +142,18 @@ QList<KMNode *> &KMProject::shelfList(Shelf shelf)
     return m_lists[shelf == Shelf::Shaders ? Shaders : Textures];
 }
 
-void KMProject::announceShelf(Shelf shelf)
+void KMProject::markShelf(Shelf shelf)
 {
-    if (shelf == Shelf::Shaders)
+    (shelf == Shelf::Shaders ? m_shadersTold : m_texturesTold) = false;
+}
+
+void KMProject::announceShelves()
+{
+    if (signalsBlocked())
+        return; // who blocks them asks again at the end
+    if (!std::exchange(m_shadersTold, true))
         emit shadersChanged();
-    else
+    if (!std::exchange(m_texturesTold, true))
         emit texturesChanged();
 }
 
@@ -150,13 +161,13 @@ void KMProject::attachToShelf(Shelf shelf, int index, KMContainerNode *node)
 {
     QList<KMNode *> &list = shelfList(shelf);
     list.insert(index < 0 ? list.size() : index, node);
-    announceShelf(shelf);
+    markShelf(shelf);
 }
 
 int KMProject::detachFromShelf(Shelf shelf, KMContainerNode *node)
 {
     const int index = shelfList(shelf).indexOf(node);
     shelfList(shelf).removeOne(node);
-    announceShelf(shelf);
+    markShelf(shelf);
     return index;
 }

@@ -68,11 +68,16 @@ QString KMSettings::filePath(const QString &fileName) const
     return QDir(m_directory.isEmpty() ? QCoreApplication::applicationDirPath() : m_directory).filePath(fileName);
 }
 
+QString KMSettings::kelmoFile() const
+{
+    return filePath(QLatin1String(KelmoFile));
+}
+
 void KMSettings::load()
 {
     KMSettingsValues read(dpiScale);
     {
-        const QSettings file(filePath(QLatin1String(KelmoFile)), QSettings::IniFormat);
+        const QSettings file(kelmoFile(), QSettings::IniFormat);
         readRows(file, KMSettingsRow::File::Kelmo, read);
         readColors(file, read.displayColors);
     }
@@ -84,7 +89,7 @@ void KMSettings::load()
 
 void KMSettings::save()
 {
-    QSettings file(filePath(QLatin1String(KelmoFile)), QSettings::IniFormat);
+    QSettings file(kelmoFile(), QSettings::IniFormat);
     file.setValue(QStringLiteral("Version/AppVer"), double(KMVersion::Number));
     for (const char *key : keysOfOlderReleases)
         file.remove(QLatin1String(key));

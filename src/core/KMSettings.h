@@ -45,6 +45,7 @@ public:
     void setHandleZRev(bool reversed);
 
     QString filePath(const QString &fileName) const; ///< where a file that lies beside the program is
+    QString kelmoFile() const;                       ///< where "kelmo.ini" is
 
     /// How the shell makes the preferences dialogue. Without one the window gets no dialogue.
     using PreferencesFactory = kmpreferenceswidget *(*)(kmmainwidget *window);

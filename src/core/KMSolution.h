@@ -2,6 +2,7 @@
 
 #include "core/KMContainerNode.h"
 #include "core/KMEditFilter.h"
+#include "core/KMOutlinePercent.h"
 #include "math/Matrix4.h"
 #include "math/Vector3.h"
 
@@ -70,7 +71,8 @@ public:
     bool saveBackup(const QString &path); ///< to any path, which becomes the file name; a failure clears that
     void newDocument();                   ///< an empty, untitled document; asks nothing
     QString fileName() const { return m_fileName; }
-    void setFileName(const QString &path);         ///< sets the window title too
+    /// Sets the window title too. Relative paths of textures are meant from the folder of that file from now on.
+    void setFileName(const QString &path);
     QDir directory() const { return m_directory; } ///< last used
     void setDirectory(const QDir &directory) { m_directory = directory; }
     /// Writes the log, the history and the text to a file, for the author of a fault report.
@@ -160,6 +162,7 @@ private:
     bool write(const QString &path);
     bool askAutoSave();
     void writeAutoSave();
+    void settleTextures();
     void updateTitle();
 
     int m_commandCount = 0;
@@ -186,7 +189,7 @@ private:
     kvm::Vector3 m_lightAngles;
     kvm::Matrix4 m_lightMatrix;
     QColor m_backgroundColor{127, 127, 127};
-    int m_fogDistance = 100;
+    int m_fogDistance = KMOutlinePercent::Usual;
     bool m_fogEnabled = false;
     int m_macroDepth = 0;
     KMEditFilter m_editFilter;

@@ -2,7 +2,9 @@
 
 #include "core/KMBackupArchive.h"
 #include "core/KMDocumentFormat.h"
+#include "core/KMFileTextureNode.h"
 #include "core/KMMessageBox.h"
+#include "core/KMNodeType.h"
 #include "core/KMOutlinePercent.h"
 #include "core/KMOutput.h"
 #include "core/KMProject.h"
@@ -57,7 +59,19 @@ void KMSolution::newDocument()
 void KMSolution::setFileName(const QString &path)
 {
     m_fileName = path;
+    settleTextures();
     updateTitle();
+}
+
+/// Those of the history too, since undo brings them back.
+void KMSolution::settleTextures()
+{
+    if (m_fileName.isEmpty() || !m_project)
+        return;
+    for (KMTextureNode *texture : m_project->allTextures()) {
+        if (texture->type() == KMNodeType::FileTexture)
+            nodeAs<KMFileTextureNode>(texture)->settle();
+    }
 }
 
 bool KMSolution::load(const QString &path)
@@ -135,8 +149,12 @@ bool KMSolution::askAutoSave()
 
 void KMSolution::writeAutoSave()
 {
+    if (m_format)
+        m_format->setQuiet(true);
     if (write(m_fileName))
         qDebug().noquote() << "Auto Saved." << QTime::currentTime().toString(QStringLiteral("hh:mm:ss"));
+    if (m_format)
+        m_format->setQuiet(false);
 }
 
 bool KMSolution::writeDump(const QString &path, const QString &text)

@@ -2,9 +2,10 @@
 
 #include "core/KMEmbeddedTextureNode.h"
 #include "core/KMFileTextureNode.h"
+#include "core/KMTexturePath.h"
 
 editTextureFilenameCommand::editTextureFilenameCommand(KMFileTextureNode *texture, const QString &path)
-    : changeValueCommand(tr("Edit Filename"), texture, texture->path(), path)
+    : changeValueCommand(tr("Edit Filename"), texture, texture->path(), KMTexturePath::place(path))
     , m_texture(texture)
 {
 }

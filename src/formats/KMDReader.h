@@ -43,7 +43,7 @@ public:
 
 private:
     bool open(QFile &file);
-    bool readStream(KMDStream &in);
+    bool readStream(KMDStream &in, const QString &folder);
     bool parse(KMDStream &in, KMDContents &contents);
     bool readHeader(KMDStream &in);
     void readProject(KMDStream &in, KMDContents &contents);

@@ -6,6 +6,7 @@
 #include "core/KMNodeType.h"
 #include "core/KMPbrShaderNode.h"
 #include "core/KMProject.h"
+#include "core/KMTexturePath.h"
 #include "formats/KMDContents.h"
 #include "formats/KMDNodeBodies.h"
 
@@ -43,11 +44,11 @@ void skipTiles(KMDStream &in)
     in.skip(qint64(in.readCount(idBytes)) * idBytes);
 }
 
-void writeTextureBody(KMDOutput &out, KMTextureNode *texture)
+void writeTextureBody(KMDOutput &out, KMTextureNode *texture, const QString &folder)
 {
     switch (texture->type()) {
     case KMNodeType::FileTexture:
-        out.writeString(nodeAs<KMFileTextureNode>(texture)->path());
+        out.writeString(KMTexturePath::written(nodeAs<KMFileTextureNode>(texture)->path(), folder));
         out.writeReserved();
         break;
     case KMNodeType::EmbeddedTexture:
@@ -146,7 +147,7 @@ KMDShaderRecord readShader(KMDStream &in)
 
 } // namespace
 
-void KMDShelfBlocks::writeTextures(KMDOutput &out)
+void KMDShelfBlocks::writeTextures(KMDOutput &out, const QString &folder)
 {
     const KMNodeListView<KMTextureNode> textures = gProject->textures();
     out.writeI32(textures.size());
@@ -154,7 +155,7 @@ void KMDShelfBlocks::writeTextures(KMDOutput &out)
         out.writeI32(texture->type());
         out.writeId(texture);
         out.writeString(texture->name());
-        writeTextureBody(out, texture);
+        writeTextureBody(out, texture, folder);
     }
     writeTiles(out, textures);
 }

@@ -36,10 +36,12 @@ const QTreeWidgetItem *parentInFile(const QTreeWidgetItem *row)
 
 } // namespace
 
-KMDWriter::KMDWriter(KMDOutput::Form form, const QByteArray &thumbnail, const KMDViewParts *parts)
+KMDWriter::KMDWriter(KMDOutput::Form form, const QByteArray &thumbnail, const KMDViewParts *parts,
+                     const QString &folder)
     : m_form(form)
     , m_thumbnail(thumbnail)
     , m_parts(parts)
+    , m_folder(folder)
 {
 }
 
@@ -49,7 +51,7 @@ bool KMDWriter::write(QIODevice *device)
     writeHeader(out);
     writeProject(out);
     writeDisplay(out);
-    KMDShelfBlocks::writeTextures(out);
+    KMDShelfBlocks::writeTextures(out, m_folder);
     KMDShelfBlocks::writeShaders(out);
     writeNodes(out);
     KMDDisplayBlock::write(out);

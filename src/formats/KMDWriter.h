@@ -14,8 +14,9 @@ class KMDWriter
 {
     Q_DECLARE_TR_FUNCTIONS(KMDWriter)
 public:
-    /// The thumbnail is a PNG, empty for none. Without parts the file holds no cameras and views.
-    KMDWriter(KMDOutput::Form form, const QByteArray &thumbnail, const KMDViewParts *parts);
+    /// The thumbnail is a PNG, empty for none. Without parts the file holds no cameras and views. The folder is that
+    /// of the file, empty for none: what lies at or below it is named by a relative path.
+    KMDWriter(KMDOutput::Form form, const QByteArray &thumbnail, const KMDViewParts *parts, const QString &folder = {});
 
     bool write(QIODevice *device);                      ///< false when the device didn't take all of it
     QStringList warnings() const { return m_warnings; } ///< what of the document isn't in the file
@@ -32,5 +33,6 @@ private:
     KMDOutput::Form m_form;
     QByteArray m_thumbnail;
     const KMDViewParts *m_parts;
+    QString m_folder;
     QStringList m_warnings;
 };

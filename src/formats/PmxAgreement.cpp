@@ -16,7 +16,7 @@ constexpr char settingsKey[] = "PMX/Agreement";
 
 QSettings *openSettings(QObject *parent)
 {
-    return new QSettings(gSettings->filePath(QStringLiteral("kelmo.ini")), QSettings::IniFormat, parent);
+    return new QSettings(gSettings->kelmoFile(), QSettings::IniFormat, parent);
 }
 
 bool hasAgreed = false; // in this run

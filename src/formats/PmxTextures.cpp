@@ -39,14 +39,6 @@ QString fileKey(const QString &path)
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath()).toCaseFolded();
 }
 
-/// Where the file of a texture lies; empty where that isn't known, as of a relative path that isn't beside the
-/// document.
-QString placeOf(const KMFileTextureNode &texture)
-{
-    const QFileInfo file(texture.filePath());
-    return texture.path().isEmpty() || file.isRelative() ? QString() : file.absoluteFilePath();
-}
-
 } // namespace
 
 PmxTextures::PmxTextures(const QString &modelPath, const PmxExportOptions &options)
@@ -56,7 +48,7 @@ PmxTextures::PmxTextures(const QString &modelPath, const PmxExportOptions &optio
     const QList<KMNode *> textures = gProject->textures().nodes();
     for (const KMNode *texture : textures) {
         const QString place = texture->type() == KMNodeType::FileTexture
-                                  ? placeOf(*static_cast<const KMFileTextureNode *>(texture))
+                                  ? static_cast<const KMFileTextureNode *>(texture)->filePath()
                                   : QString();
         if (!place.isEmpty())
             m_taken.insert(fileKey(place));
@@ -79,7 +71,7 @@ QString PmxTextures::pathOf(const KMTextureNode &texture)
     if (texture.type() != KMNodeType::FileTexture)
         return written(stored(texture));
     const auto &file = static_cast<const KMFileTextureNode &>(texture);
-    const QString place = placeOf(file);
+    const QString place = file.filePath();
     if (place.isEmpty())
         return file.path(); // of another system, or relative already to what isn't known here
     const bool isConverted = m_options.psdToPng && isOfPaintingProgram(QFileInfo(place).suffix());

@@ -42,17 +42,20 @@ int driverLimit()
 
 QString pathOf(const KMTextureNode *node)
 {
-    return node->type() == KMNodeType::FileTexture ? static_cast<const KMFileTextureNode *>(node)->filePath() : QString();
+    return node->type() == KMNodeType::FileTexture ? static_cast<const KMFileTextureNode *>(node)->filePath()
+                                                   : QString();
 }
 
-/// The file, or its folder as long as there is no such file; empty when there is neither.
+/// The file, or as long as there is no such file the nearest folder above it that there is.
 QString watchedPathOf(const KMTextureNode *node)
 {
     const QString path = pathOf(node);
-    const QFileInfo file(path);
-    if (path.isEmpty() || file.isFile())
+    if (path.isEmpty() || QFileInfo(path).isFile())
         return path;
-    return file.dir().exists() ? file.absolutePath() : QString();
+    QString folder = QFileInfo(path).absolutePath();
+    while (!QDir(folder).exists() && !QDir(folder).isRoot())
+        folder = QFileInfo(folder).absolutePath();
+    return folder;
 }
 
 } // namespace
@@ -146,7 +149,7 @@ void KMTextureCache::forget(KMTextureNode *node)
     m_tidy.start();
 }
 
-/// A file that isn't there is waited for by way of its folder.
+/// A file that isn't there is waited for by way of its folder, and that by way of the one above it.
 void KMTextureCache::watch(const KMTextureNode *node)
 {
     const QString path = watchedPathOf(node);
@@ -177,9 +180,13 @@ void KMTextureCache::onFolderChanged()
     const QStringList watched = m_watcher.files();
     for (auto entry = m_entries.cbegin(); entry != m_entries.cend(); ++entry) {
         const QString path = pathOf(entry.key());
-        if (!path.isEmpty() && !watched.contains(path) && QFileInfo(path).isFile())
+        if (path.isEmpty() || watched.contains(path))
+            continue;
+        watch(entry.key()); // a folder may have come, with or without the file
+        if (QFileInfo(path).isFile())
             onFileChanged(path);
     }
+    m_tidy.start();
 }
 
 void KMTextureCache::readChangedFiles()

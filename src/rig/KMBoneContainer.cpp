@@ -10,8 +10,10 @@
 #include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
 #include "rig/KMRigCarry.h"
+#include "rig/KMRigTags.h"
 
 #include <algorithm>
+#include <limits>
 
 KMBoneContainer::KMBoneContainer()
     : m_tree(new KMBoneTreeWidget)
@@ -46,13 +48,8 @@ KMBoneContainer::~KMBoneContainer()
 
 KMBoneContainer *KMBoneContainer::activeBoneContainer()
 {
-    KMNode *node = gSolution->currentNode();
-    KMBoneContainer *container = nullptr;
-    if (node && node->type() == KMNodeType::BoneContainer)
-        container = nodeAs<KMBoneContainer>(node);
-    else if (KMNode *bone = gSolution->currentBone())
-        container = nodeAs<KMBone>(bone)->container();
-    return container && !container->isLocked() && !container->isDeleted() ? container : nullptr;
+    KMBoneContainer *current = KMRigTags::currentRig();
+    return current && !current->isLocked() ? current : nullptr;
 }
 
 QList<KMBoneContainer *> KMBoneContainer::inTree()
@@ -171,6 +168,7 @@ void KMBoneContainer::restoreOrder(BoneAnimation::Relinked &&relinked)
 void KMBoneContainer::markOrderStale()
 {
     m_orderStale = true;
+    m_linkedTracks = std::numeric_limits<quint64>::max();
     if (gProject)
         gProject->rebuildDerivedLists(); // helpers show as long as their bones are there
     requestPose();
@@ -178,7 +176,10 @@ void KMBoneContainer::markOrderStale()
 
 BoneAnimation::Relinked KMBoneContainer::relinkTracks()
 {
+    if (m_linkedTracks == m_animation->revision())
+        return {};
     BoneAnimation::Relinked relinked = m_animation->relinkTracks();
+    m_linkedTracks = m_animation->revision();
     if (!relinked.isEmpty())
         requestFrame();
     return relinked;
@@ -186,8 +187,9 @@ BoneAnimation::Relinked KMBoneContainer::relinkTracks()
 
 void KMBoneContainer::restoreTracks(BoneAnimation::Relinked &&relinked)
 {
-    if (!relinked.isEmpty())
-        requestFrame();
+    if (relinked.isEmpty())
+        return;
+    requestFrame();
     m_animation->takeBack(std::move(relinked));
 }
 

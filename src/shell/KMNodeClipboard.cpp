@@ -10,6 +10,7 @@
 #include "core/KMWaitingMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMRigTags.h"
 #include "shell/KMNodeEdits.h"
 
 #include <QClipboard>
@@ -63,11 +64,14 @@ void KMNodeClipboard::copy(const QList<KMContainerNode *> &nodes)
 void KMNodeClipboard::copyTags(const QList<KMTagBase *> &tags)
 {
     clear();
-    for (const KMTagBase *tag : tags) {
+    KMRigTags::Copies copies;
+    for (KMTagBase *tag : tags) {
         m_tags.emplace_back(tag->clone());
         m_tags.back()->setName(tag->name());
         m_isOfBone = tag->owner() && tag->owner()->type() == KMNodeType::Bone;
+        copies << KMRigTags::Copied{tag, m_tags.back().get()};
     }
+    KMRigTags::relinkCopies(copies);
     mark(m_isOfBone ? KMBoneTreeWidget::BoneTagMimeType : KMTreeWidget::TagMimeType);
 }
 
@@ -117,8 +121,12 @@ void KMNodeClipboard::pasteTags()
 {
     const KMWaitingMacro macro(tr("Paste"));
     for (KMContainerNode *node : m_isOfBone ? selectedBones() : selectedNodes()) {
-        for (const auto &tag : m_tags)
-            KMNodeEdits::copyTag(tag.get(), node);
+        KMRigTags::Copies copies;
+        for (const auto &tag : m_tags) {
+            if (KMTagBase *copy = KMNodeEdits::copyTag(tag.get(), node))
+                copies << KMRigTags::Copied{tag.get(), copy};
+        }
+        KMRigTags::relinkCopies(copies);
     }
     if (!macro.hasBegun())
         gSolution->showMessage(tr("Select a node that can hold %1").arg(m_tags.front()->name()),

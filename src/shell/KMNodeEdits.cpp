@@ -11,8 +11,10 @@
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMRigTags.h"
 
 #include <QCoreApplication>
 
@@ -60,6 +62,16 @@ void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
 {
     const auto mode = sibling->item()->parent() ? moveNodeCommand::BeforeSibling : moveNodeCommand::BeforeTopLevel;
     gSolution->push(new moveNodeCommand(mode, sibling, node));
+}
+
+/// Else the node would be moved up when the document is read again.
+bool hasRoom(const KMContainerNode *parent, const KMContainerNode *node)
+{
+    if (!parent || KMTreeWidget::hasRoom(parent->item(), node->item()))
+        return true;
+    gSolution->showMessage(tr("Nodes can't stand deeper than %1 in one another").arg(KMTreeWidget::MaxDepth),
+                           KMCommand::MessageLevel);
+    return false;
 }
 
 bool hasTagNamed(const KMContainerNode *node, const QString &name)
@@ -124,20 +136,19 @@ QList<KMContainerNode *> KMNodeEdits::affectedBy(KMContainerNode *node)
 
 bool KMNodeEdits::move(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place)
 {
+    const bool isInto = place == KMTreeWidget::Place::Into;
+    KMContainerNode *parent = target && !isInto ? KMTreeWidget::parentNodeOf(target) : target;
     QList<KMContainerNode *> movable;
     for (KMContainerNode *node : nodes) {
-        if (canMove(node, target) || (node == target && place != KMTreeWidget::Place::Into && nodes.size() > 1))
+        const bool isPossible = canMove(node, target) || (node == target && !isInto && nodes.size() > 1);
+        if (isPossible && hasRoom(parent, node))
             movable << node;
     }
     if (movable.isEmpty())
         return false;
 
-    KMContainerNode *parent = nullptr;
     KMContainerNode *sibling = nullptr; // the nodes go before it, or last where there is none
-    if (target && place == KMTreeWidget::Place::Into) {
-        parent = target;
-    } else if (target) {
-        parent = KMTreeWidget::parentNodeOf(target);
+    if (target && !isInto) {
         const bool atTarget = place == KMTreeWidget::Place::Before && !movable.contains(target);
         sibling = atTarget ? target : nextSibling(target, movable);
     }
@@ -154,7 +165,10 @@ bool KMNodeEdits::move(const QList<KMContainerNode *> &nodes, KMContainerNode *t
 
 void KMNodeEdits::groupUnderNull(const QList<KMContainerNode *> &nodes)
 {
-    if (nodes.isEmpty())
+    const auto fits = [&nodes](const KMContainerNode *node) {
+        return hasRoom(nodes.first(), node); // the group will stand as deep
+    };
+    if (nodes.isEmpty() || !std::all_of(nodes.begin(), nodes.end(), fits))
         return;
     const KMUndoMacro macro(tr("Group"));
     auto *group = new KMNullNode;
@@ -173,11 +187,11 @@ void KMNodeEdits::addModifier(KMContainerNode *modifier)
     const KMUndoMacro macro(tr("Add Node"));
     gSolution->push(new selectNodeCommand(gSolution->currentNode())); // undone, it is current again
     gProject->addToScene(modifier);
-    if (mesh)
-        moveTo(modifier, mesh);
-    else
+    if (!mesh)
         gSolution->showMessage(tr("No mesh was current: move the modifier below the mesh that it shall change"),
                                KMCommand::MessageLevel);
+    else if (hasRoom(mesh, modifier))
+        moveTo(modifier, mesh);
     gProject->checkModifiers();
     if (mesh)
         mesh->item()->setExpanded(true);
@@ -286,10 +300,10 @@ bool KMNodeEdits::moveTag(KMTagBase *tag, KMContainerNode *node, int place)
     return true;
 }
 
-bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
+KMTagBase *KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
 {
     if (!canTake(node, tag))
-        return false;
+        return nullptr;
     KMTagBase *copy = tag->clone();
     copy->setName(tag->name());
     const auto naming = hasTagNamed(node, tag->name()) ? addTagCommand::Name::Numbered : addTagCommand::Name::Keep;
@@ -298,13 +312,23 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
         gSolution->push(new addTagBoneContainerCommand(nodeAs<KMBone>(node), copy, index, naming));
     else
         gSolution->push(new addTagCommand(node, copy, index, naming));
-    return true;
+    return copy;
+}
+
+bool KMNodeEdits::tellsLock(const KMNode *owner)
+{
+    const KMContainerNode *lock = KMRigTags::lockOf(owner);
+    if (lock)
+        gSolution->showMessage(tr("%1 is locked").arg(lock->name()), KMCommand::MessageLevel);
+    return lock;
 }
 
 void KMNodeEdits::deleteTags(const QList<KMTagBase *> &tags)
 {
-    const KMUndoMacro macro(tr("Delete Tag"));
+    const KMWaitingMacro macro(tr("Delete Tag"));
     for (KMTagBase *tag : tags) {
+        if (tellsLock(tag->owner()))
+            continue;
         deleteBlocks(tag->blockNodes());
         KMNode *owner = tag->owner();
         if (owner->type() == KMNodeType::Bone)

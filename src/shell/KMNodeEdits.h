@@ -5,6 +5,7 @@
 #include <QList>
 
 class KMContainerNode;
+class KMNode;
 class KMTagBase;
 
 /// What the user does to nodes of the tree, each as one step of the history. Menus and the node panel share it.
@@ -51,11 +52,13 @@ private:
 
 void duplicate(const QList<KMContainerNode *> &nodes); ///< each copy comes right behind its original
 
-bool canTake(const KMContainerNode *node, const KMTagBase *tag); ///< a second tag of normals or weights would lie idle on a mesh
+bool canTake(const KMContainerNode *node,
+             const KMTagBase *tag); ///< a second tag of normals or weights would lie idle on a mesh
 /// Hangs a tag, or a copy of it, on a node, at a place among the live tags; -1 puts it last. False where it can't.
 bool moveTag(KMTagBase *tag, KMContainerNode *node, int place = -1);
-bool copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1);
-void deleteTags(const QList<KMTagBase *> &tags); ///< with the blocks of what they hold
+KMTagBase *copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1); ///< the copy, else null
+void deleteTags(const QList<KMTagBase *> &tags); ///< with the blocks of what they hold; not those of locked bones
+bool tellsLock(const KMNode *owner); ///< a bone that is locked, or whose rig is, holds its tags; then the user is told
 
 void setVisible(const QList<KMContainerNode *> &nodes, bool visible);
 void setLocked(const QList<KMContainerNode *> &nodes, bool locked);

@@ -14,7 +14,7 @@ constexpr const char *keys[] = {"Online/Manual", "Online/Update"};
 
 QUrl KMOnlinePages::address(Page page)
 {
-    const QSettings file(gSettings->filePath(QStringLiteral("kelmo.ini")), QSettings::IniFormat);
+    const QSettings file(gSettings->kelmoFile(), QSettings::IniFormat);
     const QUrl url(file.value(QLatin1String(keys[page])).toString().trimmed(), QUrl::StrictMode);
     const bool isWeb = url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http");
     return url.isValid() && isWeb && !url.host().isEmpty() ? url : QUrl();

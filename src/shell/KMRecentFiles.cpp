@@ -9,23 +9,18 @@ namespace {
 
 const QString listKey = QStringLiteral("recentFileList");
 
-QString iniFile()
-{
-    return gSettings->filePath(QStringLiteral("kelmo.ini"));
-}
-
 } // namespace
 
 QStringList KMRecentFiles::paths()
 {
-    return QSettings(iniFile(), QSettings::IniFormat).value(listKey).toStringList();
+    return QSettings(gSettings->kelmoFile(), QSettings::IniFormat).value(listKey).toStringList();
 }
 
 bool KMRecentFiles::add(const QString &path)
 {
     if (QFileInfo(path).baseName() == QLatin1String("_backup_"))
         return false;
-    QSettings file(iniFile(), QSettings::IniFormat);
+    QSettings file(gSettings->kelmoFile(), QSettings::IniFormat);
     QStringList list = file.value(listKey).toStringList();
     list.removeAll(path);
     list.prepend(path);
@@ -35,7 +30,7 @@ bool KMRecentFiles::add(const QString &path)
 
 void KMRecentFiles::remove(const QString &path)
 {
-    QSettings file(iniFile(), QSettings::IniFormat);
+    QSettings file(gSettings->kelmoFile(), QSettings::IniFormat);
     QStringList list = file.value(listKey).toStringList();
     list.removeAll(path);
     file.setValue(listKey, list);
@@ -43,7 +38,7 @@ void KMRecentFiles::remove(const QString &path)
 
 void KMRecentFiles::clear()
 {
-    QSettings(iniFile(), QSettings::IniFormat).remove(listKey);
+    QSettings(gSettings->kelmoFile(), QSettings::IniFormat).remove(listKey);
 }
 
 QString KMRecentFiles::entryText(int number, const QString &path)

@@ -75,7 +75,7 @@ bool KMStartFiles::loadStartupFile()
 {
     if (isShiftHeld() || gSettings->startup == 0)
         return false;
-    const QSettings file(gSettings->filePath(QStringLiteral("kelmo.ini")), QSettings::IniFormat);
+    const QSettings file(gSettings->kelmoFile(), QSettings::IniFormat);
     const QStringList recent = file.value(QStringLiteral("recentFileList")).toStringList();
     if (!recent.isEmpty())
         gSolution->load(recent.first());

@@ -265,7 +265,8 @@ void kmmainwidget::onMenuCreateMeshNode()
 /// It comes into the current rig; the first one brings a rig along.
 void kmmainwidget::onMenuCreateBoneNode()
 {
-    m_attributeDock->showFor(KMBoneEdit::createBone());
+    if (KMBone *bone = KMBoneEdit::createBone())
+        m_attributeDock->showFor(bone);
 }
 
 void kmmainwidget::onMenuCreateSphereNode()

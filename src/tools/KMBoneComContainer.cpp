@@ -52,6 +52,8 @@ Work selectNone(KMBoneContainer &container)
 
 Work insert(KMBoneContainer &container)
 {
+    if (!KMBoneEdit::hasRoom(container.selectedBones().value(0), 1))
+        return {};
     return [&container] { KMBoneEdit::pushNewBone(&container); };
 }
 
@@ -68,7 +70,7 @@ Work createSymmetric(KMBoneContainer &container)
         if (!bone->mirrorBone())
             alone << bone;
     }
-    if (alone.isEmpty())
+    if (alone.isEmpty() || !KMBoneEdit::hasRoomForDoubles(container, alone))
         return {};
     return [&container, alone] { KMBoneEdit::pushMirrored(&container, alone); };
 }
@@ -137,13 +139,9 @@ Work fitToFirstChild(KMBoneContainer &container)
 Work bonesFromEdges(KMBoneContainer &container)
 {
     KMBone *parent = container.selectedBones().value(0);
-    const int above = parent ? parent->depth() + 1 : 0;
     for (const KMMeshNode *mesh : KMMeshTargets::chosen()) {
-        if (above + KMBoneEdit::longestRun(*mesh) <= KMBoneEdit::MaxDepth)
-            continue;
-        gSolution->showMessage(KMBoneCommand::tr("A rig can't be deeper than %1 bones").arg(KMBoneEdit::MaxDepth),
-                               KMCommand::MessageLevel);
-        return {};
+        if (!KMBoneEdit::hasRoom(parent, KMBoneEdit::longestRun(*mesh)))
+            return {};
     }
     return [&container, parent] {
         for (const KMMeshNode *mesh : KMMeshTargets::chosen())
@@ -161,14 +159,20 @@ Work nothing(KMBoneContainer &)
     return {};
 }
 
+Work doubleEach(KMBoneContainer &container, void (*push)(KMBone *))
+{
+    const QList<KMBone *> bones = KMBoneEdit::unlocked(KMBoneEdit::selectedWithLength(container));
+    return KMBoneEdit::hasRoomForDoubles(container, bones) ? forEach(bones, push) : Work();
+}
+
 Work divide(KMBoneContainer &container)
 {
-    return forEach(KMBoneEdit::unlocked(KMBoneEdit::selectedWithLength(container)), &KMBoneEdit::pushDivided);
+    return doubleEach(container, &KMBoneEdit::pushDivided);
 }
 
 Work layer(KMBoneContainer &container)
 {
-    return forEach(KMBoneEdit::unlocked(KMBoneEdit::selectedWithLength(container)), &KMBoneEdit::pushLayered);
+    return doubleEach(container, &KMBoneEdit::pushLayered);
 }
 
 struct Entry

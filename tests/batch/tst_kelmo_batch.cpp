@@ -28,6 +28,7 @@ private slots:
     void infoTellsModels();
     void infoOfAnEmptyDocument();
     void convertWritesTheSameDocument();
+    void convertElsewhereKeepsPictures();
     void convertFitsRelease1();
     void pathsInAnyLanguageAndLocale();
     void warningsGoToStderr();
@@ -140,7 +141,7 @@ void tst_kelmo_batch::exitCodes_data()
     row("render good.kmd out.png --pose missing.vpd", 2, "exist");
     row("render good.kmd out.png --motion walk.vmd", 2, "RootBone");
     row("render rig.kmd out.png --motion short.vmd", 2, "filed load bone keys.");
-    row("render rig.kmd out.png --motion .", 2, "regular");
+    row("render rig.kmd out.png --motion .", 2, "folder");
     row("info walk.vmd", 2, "RootBone");
     row("info missing.vmd", 2, "exist");
     row("convert rig.kmd out.vmd", 1, "vmd");
@@ -269,6 +270,19 @@ void tst_kelmo_batch::convertWritesTheSameDocument()
     QCOMPARE(info(QStringLiteral("a.kmd")), info(QStringLiteral("good.kmd")));
     QVERIFY(!read("a.kmd").isEmpty());
     QCOMPARE(read("b.kmd"), read("a.kmd"));
+}
+
+void tst_kelmo_batch::convertElsewhereKeepsPictures()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("b")));
+    const auto convert = [this](const char *from, const char *to) {
+        return run({QStringLiteral("convert"), QLatin1String(from), QLatin1String(to)}).code;
+    };
+    QCOMPARE(convert("good.kmd", "b/good.kmd"), 0);
+    QCOMPARE(info(QStringLiteral("b/good.kmd")).value("textures").toArray(),
+             QJsonArray({path("tex/skin.png"), "inside"}));
+    QCOMPARE(convert("b/good.kmd", "back.kmd"), 0);
+    QCOMPARE(info(QStringLiteral("back.kmd")), info(QStringLiteral("good.kmd")));
 }
 
 void tst_kelmo_batch::convertFitsRelease1()

@@ -2,15 +2,20 @@
 #include "core/KMFileTextureNode.h"
 #include "core/KMHeadlessSession.h"
 #include "core/KMProcTextureNode.h"
+#include "core/KMProject.h"
 #include "core/KMSolution.h"
+#include "core/KMTextureCommands.h"
+#include "core/KMTexturePath.h"
 #include "support/TestRegistry.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUndoStack>
 
 #include <memory>
 #include <thread>
@@ -29,6 +34,8 @@ private slots:
     void failedReloadKeepsThePicture_data();
     void failedReloadKeepsThePicture();
     void anotherPath();
+    void pathsInFiles_data();
+    void pathsInFiles();
     void relativePathStartsAtTheDocument();
     void embeddedPicture();
     void clones();
@@ -218,23 +225,76 @@ void tst_KMTextures::anotherPath()
     QCOMPARE(node.image().pixelColor(5, 5), QColor(Qt::red));
 }
 
-/// Wherever the program was started: documents move about together with their pictures.
+void tst_KMTextures::pathsInFiles_data()
+{
+    QTest::addColumn<QString>("place");
+    QTest::addColumn<QString>("text"); // in a file of the folder /d/m
+    const auto row = [](const char *name, const char *place, const char *text) {
+        QTest::newRow(name) << QString::fromUtf8(place) << QString::fromUtf8(text);
+    };
+    row("beside", "/d/m/skin.png", "skin.png");
+    row("below", "/d/m/tex/肌 1.png", "tex/肌 1.png");
+    row("dots in a name", "/d/m/..tex/a.png", "..tex/a.png");
+    row("elsewhere", "/d/n/skin.png", "/d/n/skin.png");
+    row("folder of a longer name", "/d/mm/skin.png", "/d/mm/skin.png");
+    row("above", "/d/skin.png", "/d/skin.png");
+    row("looks like a drive", "/d/m/C:/skin.png", "/d/m/C:/skin.png");
+    row("another system", "C:\\tex\\skin.png", "C:\\tex\\skin.png");
+    row("another network", "\\\\host\\skin.png", "\\\\host\\skin.png");
+    row("in the program", ":/img/skin.png", ":/img/skin.png");
+    row("none", "", "");
+}
+
+/// A document takes along what lies at or below its folder, and finds the rest again from anywhere.
+void tst_KMTextures::pathsInFiles()
+{
+    QFETCH(QString, place);
+    QFETCH(QString, text);
+    const QString folder = KMTexturePath::folderOf(QStringLiteral("/d/m/model.kmd"));
+    QCOMPARE(KMTexturePath::written(place, folder), text);
+    QCOMPARE(KMTexturePath::place(text, folder), place);
+    QCOMPARE(KMTexturePath::written(place, QString()), place);
+    QCOMPARE(KMTexturePath::place(text, QString()), text);
+}
+
+/// Wherever the program was started. A document that lies nowhere yet gives them no place.
 void tst_KMTextures::relativePathStartsAtTheDocument()
 {
-    const KMHeadlessSession session;
+    KMHeadlessSession session;
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("pictures")));
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("other")));
     writePicture(path("pictures/skin.png"), Qt::green);
     const QString relative = QStringLiteral("pictures/skin.png");
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_folder->path()));
 
-    KMFileTextureNode untitled(relative);
-    QCOMPARE(untitled.filePath(), relative);
+    auto *texture = new KMFileTextureNode(relative);
+    gProject->addToScene(texture);
+    QCOMPARE(texture->path(), relative);
+    QCOMPARE(texture->filePath(), QString());
+    expectFailure(relative);
+    QVERIFY(texture->image().isNull());
+    QDir::setCurrent(before);
+
+    auto *deleted = new KMFileTextureNode(relative);
+    gProject->addToScene(deleted);
+    gProject->deleteNode(deleted);
+    for (const char *file : {"model.kmd", "other/model.kmd"}) { // and then it has one for good
+        gSolution->setFileName(path(file));
+        for (const KMFileTextureNode *node : {texture, deleted}) {
+            QCOMPARE(node->path(), path("pictures/skin.png"));
+            QCOMPARE(node->image().pixelColor(0, 0), QColor(Qt::green));
+        }
+    }
     gSolution->setFileName(path("model.kmd"));
-    KMFileTextureNode texture(relative);
-    QCOMPARE(texture.path(), relative);
-    QCOMPARE(QDir::cleanPath(texture.filePath()), QDir::cleanPath(path("pictures/skin.png")));
-    QCOMPARE(texture.image().pixelColor(0, 0), QColor(Qt::green));
-    QCOMPARE(KMFileTextureNode(QStringLiteral("pictures/missing.png")).filePath(),
-             QStringLiteral("pictures/missing.png"));
+    QCOMPARE(gProject->addTextureFile(relative), texture);
+    QCOMPARE(gProject->addTextureFile(path("pictures/skin.png")), texture);
+    gSolution->push(new editTextureFilenameCommand(texture, QStringLiteral("missing.png")));
+    QCOMPARE(texture->filePath(), path("missing.png"));
+    gSolution->setFileName(path("other/model.kmd"));
+    session.stack().undo();
+    session.stack().redo();
+    QCOMPARE(texture->filePath(), path("missing.png"));
 }
 
 void tst_KMTextures::embeddedPicture()

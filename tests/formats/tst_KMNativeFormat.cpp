@@ -52,6 +52,7 @@ private slots:
     void cleanup();
     void roundTrip_data();
     void roundTrip();
+    void picturesAreNeverLost();
     void newNamesOfOldNodes();
     void whatHasNoPlaceIsTold();
     void compatibilityForm();
@@ -319,6 +320,7 @@ Q_DECLARE_METATYPE(std::function<void()>)
 void tst_KMNativeFormat::roundTrip()
 {
     QFETCH(std::function<void()>, fill);
+    gSolution->setFileName(path("первый 一.kmd"));
     fill();
     const QStringList before = documentText();
     const QByteArray first = saved("первый 一.kmd");
@@ -331,6 +333,49 @@ void tst_KMNativeFormat::roundTrip()
     QCOMPARE(saved("second.kmd"), first);
     QCOMPARE(m_prompt.messages.size(), 0);
     QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden).size(), 2); // and nothing passing
+}
+
+/// Whatever becomes of the document: saved elsewhere, not saved, moved along with its pictures, restored after a fault.
+void tst_KMNativeFormat::picturesAreNeverLost()
+{
+    const QDir dir(m_dir->path());
+    const QStringList places{path("model/tex/skin.png"), path("toons/toon.png"), path("model/later.png")};
+    for (const char *folder : {"model/tex", "toons", "copy", "program"})
+        QVERIFY(dir.mkpath(QLatin1String(folder)));
+    const auto makeFile = [](const QString &place) {
+        QImage image(2, 2, QImage::Format_RGB32);
+        image.fill(Qt::green);
+        return image.save(place);
+    };
+    QVERIFY(makeFile(places[0]) && makeFile(places[1]));
+    const auto found = [] {
+        QStringList files;
+        for (KMTextureNode *texture : gProject->textures())
+            files << (texture->image().isNull() ? QString() : nodeAs<KMFileTextureNode>(texture)->filePath());
+        return files;
+    };
+    gProject->addTextureFile(QStringLiteral("tex/skin.png"));
+    gProject->addTextureFile(places[1]);
+    gProject->addTextureFile(places[2]);
+    QVERIFY(!saved("model/model.kmd").isEmpty());
+    QVERIFY(makeFile(places[2])); // nobody has looked for it yet
+    QCOMPARE(found(), places);
+
+    const QStringList before = documentText();
+    QVERIFY(!gSolution->saveBackup(path("nowhere/model.kmd")));
+    QCOMPARE(documentText(), before);
+    for (const char *file : {"copy/model.kmd", "program/_backup_.kmd", "model/again.kmd"}) {
+        QVERIFY(!saved(file).isEmpty());
+        QCOMPARE(found(), places);
+        QVERIFY(gSolution->load(path(file)));
+        gSolution->setFileName({});
+        QCOMPARE(found(), places);
+    }
+    QCOMPARE(contents(path("model/again.kmd")), contents(path("model/model.kmd")));
+
+    QVERIFY(QDir(dir).rename(QStringLiteral("model"), QStringLiteral("moved")));
+    QVERIFY(gSolution->load(path("moved/model.kmd")));
+    QCOMPARE(found(), QStringList({path("moved/tex/skin.png"), places[1], path("moved/later.png")}));
 }
 
 /// Nodes of a file keep their names even where they meet; what is added afterwards is numbered past them.
@@ -353,8 +398,16 @@ void tst_KMNativeFormat::whatHasNoPlaceIsTold()
     QVERIFY(!saved("a.kmd").isEmpty());
     QCOMPARE(m_prompt.messages.size(), 1);
     QVERIFY(m_prompt.messages.first().text.contains(QStringLiteral("note0")));
+    gSettings->showDialog = false;
+    addNull(QStringLiteral("other"))->addTag(new TestTag(QStringLiteral("more")));
+    gSolution->autoSave();
+    QVERIFY(!gSolution->isModified());
+    QCOMPARE(m_prompt.messages.size(), 1); // nobody asked for that save
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(gSolution->save());
+    QCOMPARE(m_prompt.messages.size(), 2); // of the new one, and once
     QVERIFY(gSolution->load(path("a.kmd")));
-    QCOMPARE(gProject->nullNodes().size(), 1);
+    QCOMPARE(gProject->nullNodes().size(), 2);
 }
 
 /// What came after version 3.0 is all that the form for release 1 lacks.

@@ -1,6 +1,7 @@
 #include "core/KMFileTextureNode.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
+#include "core/KMSolution.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMRenderer.h"
 #include "support/MeshFixtures.h"
@@ -68,6 +69,7 @@ private slots:
     void badPictures();
     void wideOnesAreFitted();
     void filesAreFollowed();
+    void missingFilesAreWaitedFor();
     void unusedFilesAreLetGo();
     void onePictureInTwoSlots();
 
@@ -137,6 +139,22 @@ void tst_KMTextureCache::filesAreFollowed()
     QTest::qWait(250);
     QVERIFY2(scene.color().blue() > 200, "what was there stays");
     QVERIFY(writeFile(path, pngOf({8, 8}, Qt::green)));
+    QTRY_VERIFY(scene.color().green() > 200 && scene.color().blue() < 40);
+}
+
+/// Beside the document, also where their folder has to come first.
+void tst_KMTextureCache::missingFilesAreWaitedFor()
+{
+    const QDir folder(m_folder.path());
+    PlateScene scene(QStringLiteral("late/tex/skin.png"));
+    scene.paint();
+    gSolution->setFileName(folder.filePath(QStringLiteral("model.kmd")));
+    scene.paint();
+    QTRY_COMPARE(gRenderer->textures().watchedPaths(), QStringList{folder.path()});
+    QVERIFY(folder.mkdir(QStringLiteral("late")));
+    QTRY_COMPARE(gRenderer->textures().watchedPaths(), QStringList{folder.filePath(QStringLiteral("late"))});
+    QVERIFY(folder.mkdir(QStringLiteral("late/tex"))); // both at once, as when a folder is moved in
+    QVERIFY(writeFile(folder.filePath(QStringLiteral("late/tex/skin.png")), pngOf({8, 8}, Qt::green)));
     QTRY_VERIFY(scene.color().green() > 200 && scene.color().blue() < 40);
 }
 

@@ -286,6 +286,14 @@ void tst_kmattributewidget::textureFile()
     QCOMPARE(steps(), 2);
     undo();
     QCOMPARE(field<KMTextField>("path")->text(), first);
+    gSolution->setFileName(m_window->filePath("model.kmd"));
+    field<KMTextField>("path")->setText(QStringLiteral("tex/none.png")); // meant from the document
+    QTest::keyClick(field<KMTextField>("path"), Qt::Key_Return);
+    QCOMPARE(texture->filePath(), m_window->filePath("tex/none.png"));
+    field<QAbstractButton>("choosePath")->click();
+    QCOMPARE(m_window->prompt.fileRequests.last().directory, m_window->filePath("tex"));
+    undo();
+    QCOMPARE(field<KMTextField>("path")->text(), QStringLiteral("first.png"));
 }
 
 void tst_kmattributewidget::embeddedImage()

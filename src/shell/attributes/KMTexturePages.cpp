@@ -6,6 +6,7 @@
 #include "core/KMPrompt.h"
 #include "core/KMSolution.h"
 #include "core/KMTextureCommands.h"
+#include "core/KMTexturePath.h"
 #include "shell/KMImageFiles.h"
 #include "shell/KMTexturePicture.h"
 #include "shell/widgets/KMTextField.h"
@@ -83,7 +84,9 @@ KMFileTexturePage::KMFileTexturePage(KMFileTextureNode *texture)
 
     connect(m_path, &KMTextField::committed, this, &KMFileTexturePage::setPath);
     connect(choose, &QToolButton::clicked, this, [this] {
-        const QString path = askImageFile(QFileInfo(m_texture->path()).absolutePath());
+        const QString file = m_texture->filePath();
+        const QString path =
+            askImageFile(file.isEmpty() ? gSolution->directory().absolutePath() : QFileInfo(file).absolutePath());
         if (!path.isEmpty())
             setPath(path);
     });
@@ -91,14 +94,16 @@ KMFileTexturePage::KMFileTexturePage(KMFileTextureNode *texture)
 
 void KMFileTexturePage::setPath(const QString &path)
 {
-    if (path != m_texture->path())
+    if (KMTexturePath::place(path) == m_texture->path())
+        refresh(); // another text may stand for it
+    else
         gSolution->push(new editTextureFilenameCommand(m_texture, path));
 }
 
 void KMFileTexturePage::refresh()
 {
     KMTexturePage::refresh();
-    m_path->showText(m_texture->path());
+    m_path->showText(KMTexturePath::written(m_texture->path()));
     m_path->setToolTip(m_texture->path());
 }
 
