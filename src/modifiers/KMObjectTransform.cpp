@@ -1,8 +1,10 @@
 #include "modifiers/KMObjectTransform.h"
 
+#include "core/KMBasePositions.h"
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMTransformCommands.h"
+#include "core/KMTransformFollower.h"
 #include "core/KMTreeWidget.h"
 #include "math/Matrix4.h"
 #include "mesh/KMMeshNode.h"
@@ -31,15 +33,38 @@ float ratio(float before, float after)
     return before == 0.0f || after == 0.0f ? 1.0f : after / before;
 }
 
+QVector<kvm::Vector3> positionsOf(const KMMeshNode &mesh)
+{
+    QVector<kvm::Vector3> positions(mesh.vertexCount());
+    for (int i = 0; i < positions.size(); ++i) {
+        if (mesh.vertex(i))
+            positions[i] = mesh.position(i);
+    }
+    return positions;
+}
+
+/// The offsets of tags stay as they are: these tags follow by themselves.
 void pushVertices(KMMeshNode *mesh, const kvm::Matrix4 &step)
 {
-    QVector<kvm::Vector3> positions(mesh->vertexCount());
+    const QVector<kvm::Vector3> shown = positionsOf(*mesh);
+    QVector<kvm::Vector3> positions;
+    {
+        const KMBasePositions base(mesh);
+        positions = positionsOf(*mesh);
+    }
     for (int i = 0; i < positions.size(); ++i) {
-        if (mesh->vertex(i))
-            positions[i] = step * mesh->position(i);
+        const kvm::Vector3 moved = step * positions.at(i);
+        positions[i] = shown.at(i) == positions.at(i) ? moved : moved + (shown.at(i) - positions.at(i));
     }
     if (!positions.isEmpty())
         gSolution->push(new editAllVertexCommand(mesh, positions));
+}
+
+template <class Holder>
+void pushCarried(Holder *holder, const kvm::Matrix4 &step)
+{
+    if (auto *follower = dynamic_cast<KMTransformFollower *>(holder))
+        follower->pushCarried(step);
 }
 
 } // namespace
@@ -47,6 +72,14 @@ void pushVertices(KMMeshNode *mesh, const kvm::Matrix4 &step)
 QList<KMMeshNode *> KMObjectTransform::meshesBelow(const KMNullNode *node)
 {
     return below<KMMeshNode>(node, [](int type) { return type == KMNodeType::Mesh; });
+}
+
+QList<KMContainerNode *> KMObjectTransform::rigsBelow(const KMNullNode *node)
+{
+    QList<KMContainerNode *> rigs =
+        below<KMContainerNode>(node, [](int type) { return type == KMNodeType::BoneContainer; });
+    rigs.removeOne(const_cast<KMNullNode *>(node));
+    return rigs;
 }
 
 QList<KMNullNode *> KMObjectTransform::placedBelow(const KMNullNode *node)
@@ -77,6 +110,8 @@ kvm::Matrix4 KMObjectTransform::worldStep(const KMNullNode *node, const KMTransf
 
 KMTransform KMObjectTransform::moved(const KMTransform &transform, const kvm::Matrix4 &step)
 {
+    if (step == kvm::Matrix4::fromTranslation(step.translation()))
+        return {transform.scale, transform.rotation, step * transform.translation};
     const kvm::Vector3 axes[] = {
         step.transformDirection(transform.rotation.rotate({1.0f, 0.0f, 0.0f})),
         step.transformDirection(transform.rotation.rotate({0.0f, 1.0f, 0.0f})),
@@ -131,8 +166,13 @@ void KMObjectTransform::push(KMNullNode *node, const KMTransform &transform)
     gSolution->push(new editSRTCommand(node, transform));
     if (step == kvm::Matrix4())
         return;
-    for (KMMeshNode *mesh : meshesBelow(node))
+    for (KMMeshNode *mesh : meshesBelow(node)) {
         pushVertices(mesh, step);
+        for (KMTagBase *tag : mesh->tags())
+            pushCarried(tag->isDeleted() ? nullptr : tag, step);
+    }
+    for (KMContainerNode *rig : rigsBelow(node))
+        pushCarried(rig, step);
     for (KMNullNode *placed : placedBelow(node))
         gSolution->push(new editSRTCommand(placed, moved(placed->transform(), step)));
 }

@@ -19,13 +19,14 @@ KMTransform sound(const KMTransform &transform);
 bool isSame(const KMTransform &a, const KMTransform &b); ///< to the last digit
 
 /// Sets the transform of a node and moves the vertices of the mesh that it is and of the meshes below it, and the
-/// primitives and modifiers below it. Pushes several commands; the caller opens the macro. An axis that the old or
-/// the new scale presses flat is taken over as it is.
+/// primitives and modifiers below it; rigs below it and the morphs of the meshes go along. Pushes several commands; the
+/// caller opens the macro. An axis that the old or the new scale presses flat is taken over as it is.
 void push(KMNullNode *node, const KMTransform &transform);
 
 // The pieces of it, for what shows the effect before it becomes a step
 
 QList<KMMeshNode *> meshesBelow(const KMNullNode *node); ///< itself included, where it is one
+QList<KMContainerNode *> rigsBelow(const KMNullNode *node);
 QList<KMNullNode *> placedBelow(const KMNullNode *node); ///< primitives and modifiers, without itself
 /// What moves a point of the world from the frame that a transform makes of the node into that of another one.
 kvm::Matrix4 worldStep(const KMNullNode *node, const KMTransform &before, const KMTransform &after);

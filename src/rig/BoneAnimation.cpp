@@ -5,6 +5,8 @@
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMModAnchorNode.h"
+#include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
 #include "rig/UnitRotation.h"
 
@@ -25,6 +27,21 @@ void visitConstraints(KMBone &bone, bool ofIK)
         if ((constraint->data().type == KMTagConstraint::IK) == ofIK)
             visit(bone, *constraint);
     }
+}
+
+/// Whether a pose of the rig may deform the mesh: by its weights, or by those that an anchor brings.
+bool canHangOn(const KMBoneContainer *rig, KMMeshNode &mesh)
+{
+    const auto *tag = static_cast<const KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
+    if (!tag)
+        return false;
+    const QVector<KMBone *> &bones = tag->bones();
+    const auto &stages = mesh.modifiers();
+    return std::any_of(bones.begin(), bones.end(),
+                       [rig](const KMBone *bone) { return bone && bone->container() == rig; })
+           || std::any_of(stages.begin(), stages.end(), [](const KMMeshNode::ModifierEntry &stage) {
+                  return dynamic_cast<const KMModAnchorNode *>(stage.second);
+              });
 }
 
 } // namespace
@@ -247,7 +264,7 @@ void BoneAnimation::resetAll()
 void BoneAnimation::markWeightedMeshes()
 {
     for (KMMeshNode *mesh : gProject->meshesInTree()) {
-        if (mesh->findTag(KMNodeType::TagBoneWeight))
+        if (canHangOn(m_container, *mesh))
             mesh->markDirty(KMMeshDirty::Positions);
     }
 }

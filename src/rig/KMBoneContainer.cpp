@@ -9,6 +9,7 @@
 #include "rig/KMBoneCopy.h"
 #include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMRigCarry.h"
 #include "rig/KMRigTags.h"
 
 #include <algorithm>
@@ -291,4 +292,9 @@ void KMBoneContainer::pushContentsDeleted()
     const QList<KMBone *> bones = this->bones();
     for (int i = bones.size() - 1; i >= 0; --i)
         gSolution->push(new deleteBoneCommand(bones[i]));
+}
+
+void KMBoneContainer::pushCarried(const kvm::Matrix4 &step)
+{
+    KMRigCarry::push(this, step);
 }

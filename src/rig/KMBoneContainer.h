@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/KMTransformFollower.h"
 #include "mesh/KMSymmetryPlane.h"
 #include "rig/BoneAnimation.h"
 #include "rig/KMBoneTreeWidget.h"
@@ -10,7 +11,7 @@
 /// A rig: owns its bones and their motion, and keeps the bones in a flat list in the order of evaluation, parents
 /// before children. Order and parenthood are those of the rows of its tree. The list, children, indices and depths are
 /// derived from these when they are next asked for after rebuildOrder(), so that many steps in a row cost one walk.
-class KMBoneContainer : public KMCtrlNode
+class KMBoneContainer : public KMCtrlNode, public KMTransformFollower
 {
     Q_OBJECT
 public:
@@ -62,6 +63,7 @@ public:
 
     KMBoneContainer *clone() const override; ///< with copies of the bones and the keys
     void pushContentsDeleted() override;     ///< its bones: what hangs on them has to follow
+    void pushCarried(const kvm::Matrix4 &step) override;
 
 private:
     void onFrameChanged(int frame);

@@ -2,12 +2,14 @@
 
 #include "rig/KMBoneEdit.h"
 
+#include "core/KMCommand.h"
 #include "core/KMSolution.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneSelectionCommand.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -45,7 +47,7 @@ bool makeSymmetric(kvm::Vector3 &a, kvm::Vector3 &b, const KMSymmetryPlane &plan
 bool isSame(const KMBoneRest &a, const KMBoneRest &b)
 {
     constexpr float step = 1e-6f;
-    const float margin = step * (1.0f + a.head.length() + a.tail().length());
+    const float margin = step * (a.head.length() + a.tail().length());
     return (a.head - b.head).length() <= margin && (a.tail() - b.tail()).length() <= margin
            && (a.rotation + -b.rotation).length() <= 2.0f * step && a.scale == b.scale;
 }
@@ -63,7 +65,7 @@ QVector<SideMark> sideMarks()
     const QString noLetter = QStringLiteral("(?<![\\p{Lu}\\p{Ll}])");
     const QString noCapital = QStringLiteral("(?<!\\p{Lu})");
     const QString noSmall = QStringLiteral("(?!\\p{Ll})");
-    const QString end = QStringLiteral("\\z");
+    const QString end = QStringLiteral("(?=[._]?[0-9]*\\z)"); // "arm.L.001", "arm_L2"
     const struct
     {
         QString left, right, before, behind;
@@ -121,10 +123,29 @@ bool areNeeded(const Changes &changes)
                        [](const Change &change) { return !isSame(change.rest, change.bone->rest()); });
 }
 
+QList<KMBone *> unlocked(const QList<KMBone *> &bones)
+{
+    QList<KMBone *> open;
+    std::copy_if(bones.begin(), bones.end(), std::back_inserter(open),
+                 [](const KMBone *bone) { return !bone->isLocked(); });
+    const int kept = bones.size() - open.size();
+    if (kept > 0)
+        gSolution->showMessage(
+            QCoreApplication::translate("KMBoneEdit", "%n bone(s) not changed: locked", nullptr, kept),
+            KMCommand::MessageLevel);
+    return open;
+}
+
 void pushChanges(const Changes &changes)
 {
+    QList<KMBone *> changed;
     for (const Change &change : changes) {
         if (!isSame(change.rest, change.bone->rest()))
+            changed << change.bone;
+    }
+    const QList<KMBone *> open = unlocked(changed);
+    for (const Change &change : changes) {
+        if (open.contains(change.bone))
             gSolution->push(new editBoneGeometryCommand(change.bone, change.rest));
     }
 }

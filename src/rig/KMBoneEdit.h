@@ -23,7 +23,10 @@ struct Change
 using Changes = QVector<Change>;
 
 bool areNeeded(const Changes &changes);   ///< pushChanges() has something to push
-void pushChanges(const Changes &changes); ///< those that are more than rounding away from what the bones have
+/// Those that are more than rounding away from what the bones have. Locked bones stay; it says so where some do.
+void pushChanges(const Changes &changes);
+/// The bones that may be changed. Says so where some are locked.
+QList<KMBone *> unlocked(const QList<KMBone *> &bones);
 
 /// The joints of a chain on the line from its first head to its last tail, with the shares that the lengths have now.
 /// Points are left out; empty for less than two bones, or when each isn't the parent of the next.

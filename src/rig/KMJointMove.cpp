@@ -1,8 +1,8 @@
+// Which ends move, and by what.
+
 #include "rig/KMJointMove.h"
 
-#include "core/KMSolution.h"
 #include "rig/KMBone.h"
-#include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
 
@@ -10,19 +10,13 @@
 #include <cmath>
 #include <limits>
 
-using kvm::Quaternion;
 using kvm::Vector3;
 
 namespace {
 
 constexpr float attachedShare = 1e-3f; // of a length: files round
-constexpr float rigidShare = 1e-6f;
-constexpr float sideShare = 1e-3f; // a side that is nearer by less than that doesn't lead before the front one
-
-Vector3 tailAtRest(const KMBoneRest &rest, const KMBone &bone)
-{
-    return bone.isPoint() ? rest.head : rest.tail();
-}
+constexpr float roundingShare = 1e-6f; // of a place
+constexpr float sideShare = 1e-3f;     // a side that is nearer by less than that doesn't lead before the front one
 
 /// It and its partner can move as images of each other.
 bool isPaired(const KMBone &bone)
@@ -38,8 +32,10 @@ bool KMJointMove::isAttached(const KMBone &child)
     const KMBone *parent = child.parentBone();
     if (!parent || child.isFloating())
         return false;
-    const float length = (parent->restTail() - parent->restHead()).length();
-    return (child.restHead() - parent->restTail()).length() <= attachedShare * (1.0f + length);
+    const auto lengthOf = [](const KMBone &bone) { return (bone.restTail() - bone.restHead()).length(); };
+    const float length = std::max(lengthOf(*parent), lengthOf(child));
+    const float margin = std::max(attachedShare * length, roundingShare * parent->restTail().length());
+    return (child.restHead() - parent->restTail()).length() <= margin;
 }
 
 KMJointMove::KMJointMove(KMBoneContainer *container, const QVector<Grabbed> &grabbed, const Options &options,
@@ -54,20 +50,25 @@ KMJointMove::KMJointMove(KMBoneContainer *container, const QVector<Grabbed> &gra
         m_points[pointOf(i, Head)].start = bones[i]->head();
         m_points[pointOf(i, Tail)].start = bones[i]->tail();
     }
+    findJoints(bones);
     grab(bones, grabbed);
-    closeJoints(bones);
+    closeJoints();
     if (options.takesChildren)
         carryChildren(bones);
     if (options.mirrors) {
         KMBoneEdit::pairForEdits(container, options.tolerance);
         pair(bones, grabbed, anchor, options.tolerance);
+        closeJoints(); // of leaders that move for their followers alone
+        joinFollowers(bones);
+        if (options.takesChildren)
+            carryChildren(bones);
     }
     order();
     m_movedAt.fill(-1, bones.size());
     QVector<bool> isAffected(bones.size());
     for (const int place : std::as_const(m_order)) {
         // What hangs on a posed bone has to change at rest to stay where it is shown.
-        for (const int before : {m_leaders[place], parentOf(place)})
+        for (const int before : placesBefore(place))
             isAffected[place] |= before >= 0 && isAffected[before];
         isAffected[place] |= moves(place);
         if (bones[place]->isLocked() || !isAffected[place])
@@ -91,9 +92,15 @@ void KMJointMove::order()
                 states[place] = Begun;
                 if (m_leaders[place] >= 0 && states[m_leaders[place]] == Begun)
                     m_leaders[place] = -1; // the leader hangs on it
-                for (const int before : {m_leaders[place], parentOf(place)}) {
-                    if (before >= 0 && states[before] == Open)
-                        stack << before;
+                for (const End end : {Head, Tail}) {
+                    int &follower = m_points[pointOf(place, end)].follower;
+                    const int leader = follower < 0 ? -1 : m_leaders[follower / 2];
+                    if (leader < 0 || states[leader] == Begun) // likewise
+                        follower = -1;
+                }
+                for (const int other : placesBefore(place)) {
+                    if (other >= 0 && states[other] == Open)
+                        stack << other;
                 }
                 continue;
             }
@@ -103,6 +110,14 @@ void KMJointMove::order()
             states[place] = Done;
         }
     }
+}
+
+/// The bones by which one goes, or -1.
+std::array<int, 4> KMJointMove::placesBefore(int place) const
+{
+    const auto leader = [this](const Point &point) { return point.follower < 0 ? -1 : m_leaders[point.follower / 2]; };
+    return {m_leaders[place], parentOf(place), leader(m_points[pointOf(place, Head)]),
+            leader(m_points[pointOf(place, Tail)])};
 }
 
 bool KMJointMove::moves(int place) const
@@ -116,6 +131,38 @@ int KMJointMove::parentOf(int place) const
     return parent ? parent->boneIndex() : -1;
 }
 
+/// Whether an end moves, a follower's included.
+bool KMJointMove::pointMoves(int point) const
+{
+    const int leader = leaderOf(point);
+    return m_points[leader < 0 ? point : leader].moves();
+}
+
+int KMJointMove::leaderOf(int point) const
+{
+    const int leader = m_leaders[point / 2];
+    return leader < 0 ? -1 : pointOf(leader, End(point % 2));
+}
+
+int KMJointMove::imageOf(int point) const
+{
+    if (m_points[point].follower >= 0)
+        return point;
+    const int carrier = m_points[point].isMirrored ? -1 : m_points[point].carrier;
+    return carrier >= 0 && (leaderOf(carrier) >= 0 || m_points[carrier].follower >= 0) ? carrier : -1;
+}
+
+/// Through points, whose ends are one, a joint may reach on to others. Parents stand before their children.
+void KMJointMove::findJoints(const QList<KMBone *> &bones)
+{
+    m_joints.resize(m_points.size());
+    for (int i = 0; i < bones.size(); ++i) {
+        int &head = m_joints[pointOf(i, Head)];
+        head = isAttached(*bones[i]) ? m_joints[pointOf(parentOf(i), Tail)] : pointOf(i, Head);
+        m_joints[pointOf(i, Tail)] = bones[i]->isPoint() ? head : pointOf(i, Tail);
+    }
+}
+
 void KMJointMove::grab(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed)
 {
     for (const Grabbed &entry : grabbed) {
@@ -127,43 +174,60 @@ void KMJointMove::grab(const QList<KMBone *> &bones, const QVector<Grabbed> &gra
     }
 }
 
-/// Through points, whose ends are one, a joint may reach on to others.
-void KMJointMove::closeJoints(const QList<KMBone *> &bones)
+/// All ends of a joint are grabbed with one of them, or carried with a leader that is so for its follower's sake. Those
+/// of followers go by their leaders.
+void KMJointMove::closeJoints()
 {
-    bool isGrowing = true;
-    const auto join = [&](int a, int b) {
-        if (m_points[a].isGrabbed == m_points[b].isGrabbed)
-            return;
-        m_points[a].isGrabbed = m_points[b].isGrabbed = true;
-        isGrowing = true;
-    };
-    while (isGrowing) {
-        isGrowing = false;
-        for (int i = 0; i < bones.size(); ++i) {
-            if (bones[i]->isPoint())
-                join(pointOf(i, Head), pointOf(i, Tail));
-            if (isAttached(*bones[i]))
-                join(pointOf(i, Head), pointOf(bones[i]->parentBone()->boneIndex(), Tail));
-        }
+    QVector<int> moving(m_points.size(), -1); // an end of each joint
+    for (int i = 0; i < m_points.size(); ++i) {
+        int &end = moving[m_joints[i]];
+        const Point &point = m_points[i];
+        if (m_leaders[i / 2] < 0 && (point.isGrabbed || (point.isMirrored && end < 0)))
+            end = i;
+    }
+    for (int i = 0; i < m_points.size(); ++i) {
+        const int end = moving[m_joints[i]];
+        Point &point = m_points[i];
+        if (end < 0 || m_leaders[i / 2] >= 0 || (m_points[end].isGrabbed ? point.isGrabbed : point.moves()))
+            continue;
+        point.isGrabbed = m_points[end].isGrabbed;
+        point.isMirrored = m_points[end].isMirrored;
+        point.carrier = m_points[end].carrier;
     }
 }
 
+/// Followers take no part: what hangs on one goes with it.
 void KMJointMove::carryChildren(const QList<KMBone *> &bones)
 {
-    QVector<int> carriers(bones.size(), -1);
+    struct Carrier
+    {
+        int point = -1;
+        bool isMirrored = false;
+    };
+    QVector<Carrier> carriers(bones.size());
+    const auto carrierAt = [this](int point) { return Carrier{point, m_points[point].isMirrored}; };
     for (int i = 0; i < bones.size(); ++i) {
-        const KMBone *parent = bones[i]->parentBone();
-        const int above = parent ? parent->boneIndex() : -1;
-        if (isGrabbed(i, Head))
-            carriers[i] = pointOf(i, Head);
-        else if (above >= 0 && carriers[above] >= 0)
+        const int above = parentOf(i);
+        const Point &head = m_points[pointOf(i, Head)];
+        if (m_leaders[i] >= 0) {
+            if (pointMoves(pointOf(i, Tail)))
+                carriers[i].point = pointOf(i, Tail);
+            continue;
+        }
+        if (head.isGrabbed || (head.follower >= 0 && pointMoves(head.follower)))
+            carriers[i] = carrierAt(pointOf(i, Head));
+        else if (above >= 0 && carriers[above].point >= 0)
             carriers[i] = carriers[above];
-        else if (above >= 0 && isGrabbed(above, Tail))
-            carriers[i] = pointOf(above, Tail);
+        else if (above >= 0 && m_points[pointOf(above, Tail)].isGrabbed)
+            carriers[i] = carrierAt(pointOf(above, Tail));
+        else if (isPaired(*bones[i]) && head.isMirrored) // it leads for the sake of its follower
+            carriers[i] = {head.carrier, true};
         for (const End end : {Head, Tail}) {
             Point &point = m_points[pointOf(i, end)];
-            if (!point.isGrabbed)
-                point.carrier = carriers[i];
+            if (point.isGrabbed || point.follower >= 0 || carriers[i].point < 0)
+                continue;
+            point.carrier = carriers[i].point;
+            point.isMirrored = carriers[i].isMirrored;
         }
     }
 }
@@ -203,19 +267,22 @@ std::optional<bool> KMJointMove::isLedFromBehind(const QVector<Grabbed> &ends, c
 void KMJointMove::pair(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed, const Vector3 &anchor,
                        float tolerance)
 {
-    QVector<Grabbed> moving;
+    QVector<Grabbed> moving, all;
     for (int i = 0; i < bones.size(); ++i) {
         Point &head = m_points[pointOf(i, Head)];
         Point &tail = m_points[pointOf(i, Tail)];
         head.isOnPlane = std::abs(m_plane.distance(bones[i]->restHead())) < tolerance;
         tail.isOnPlane = std::abs(m_plane.distance(bones[i]->restTail())) < tolerance;
+        all.append({bones[i], KMBone::BothSelected});
         if (moves(i))
             moving.append(
                 {bones[i], (head.moves() ? KMBone::HeadSelected : 0) | (tail.moves() ? KMBone::TailSelected : 0)});
     }
-    std::optional<bool> isLeaderBehind = isLedFromBehind(grabbed, anchor, tolerance);
-    if (!isLeaderBehind)
-        isLeaderBehind = isLedFromBehind(moving, anchor, tolerance);
+    std::optional<bool> isLeaderBehind;
+    for (const QVector<Grabbed> &ends : {grabbed, moving, all}) {
+        if (!isLeaderBehind)
+            isLeaderBehind = isLedFromBehind(ends, anchor, tolerance);
+    }
     for (int i = 0; i < bones.size(); ++i) {
         if (isPaired(*bones[i]) && isBehind(*bones[i], tolerance) == isLeaderBehind)
             lead(i, bones[i]->mirrorBone()->boneIndex());
@@ -237,142 +304,23 @@ void KMJointMove::lead(int leader, int follower)
     }
 }
 
-void KMJointMove::place(const Motion &motion)
+/// What has no partner but hangs on a follower would be left behind by it.
+void KMJointMove::joinFollowers(const QList<KMBone *> &bones)
 {
-    for (Point &point : m_points) {
-        point.now = point.start;
-        if (!point.moves())
+    QVector<int> followers(m_points.size(), -1); // an end of each joint
+    QVector<bool> areLed(m_points.size());       // joints with an end of a leader
+    for (int i = 0; i < m_points.size(); ++i) {
+        if (leaderOf(i) < 0)
+            areLed[m_joints[i]] |= isPaired(*bones[i / 2]);
+        else if (followers[m_joints[i]] < 0)
+            followers[m_joints[i]] = i;
+    }
+    for (int i = 0; i < m_points.size(); ++i) {
+        const int follower = followers[m_joints[i]];
+        if (follower < 0 || areLed[m_joints[i]] || m_leaders[i / 2] >= 0)
             continue;
-        if (point.isGrabbed || motion.isRigid) {
-            point.now = point.isMirrored ? m_plane.reflected(motion.map(m_plane.reflected(point.start)))
-                                         : motion.map(point.start);
-        } else {
-            const Vector3 &joint = m_points[point.carrier].start;
-            const Vector3 way = motion.map(joint) - joint;
-            point.now = point.start + (point.isMirrored ? m_plane.reflectedWay(way) : way);
-        }
-    }
-}
-
-Quaternion KMJointMove::reflectedTurn(const Quaternion &turn) const
-{
-    const Vector3 axis = -m_plane.reflectedWay(turn.vector());
-    return {turn.w, axis.x, axis.y, axis.z};
-}
-
-/// A bone hangs on its parent, so it is shown where that takes it.
-Vector3 KMJointMove::shownWay(int place, const Vector3 &atRest, const QVector<Way> &ways) const
-{
-    const int parent = parentOf(place);
-    if (parent < 0)
-        return atRest;
-    const Quaternion pose = m_container->bones().at(parent)->solvedPose().rotation;
-    return ways[parent].shown + pose.rotate(atRest - ways[parent].head);
-}
-
-Vector3 KMJointMove::headOf(const Moved &moved, const QVector<Way> &ways) const
-{
-    const Point &point = m_points[pointOf(moved.place, Head)];
-    const int leader = m_leaders[moved.place];
-    if (leader >= 0)
-        return moved.before.head + m_plane.reflectedWay(ways[leader].head);
-    Vector3 way = point.now - point.start;
-    const int parent = parentOf(moved.place);
-    if (parent >= 0) {
-        // What the parent's own move does to it doesn't have to be done again.
-        const Quaternion pose = m_container->bones().at(parent)->solvedPose().rotation;
-        way = pose.conjugate().rotate(way - ways[parent].shown) + ways[parent].head;
-    }
-    const Vector3 head = moved.before.head + way;
-    return point.isOnPlane ? head - m_plane.normal() * m_plane.distance(head) : head;
-}
-
-Vector3 KMJointMove::tailOf(const Moved &moved, const Vector3 &head, const QVector<Way> &ways) const
-{
-    const Point &point = m_points[pointOf(moved.place, Tail)];
-    const int leader = m_leaders[moved.place];
-    if (leader >= 0)
-        return moved.before.tail() + m_plane.reflectedWay(ways[leader].tail);
-    const Point &start = m_points[pointOf(moved.place, Head)];
-    const Vector3 shownHead = start.start + shownWay(moved.place, head - moved.before.head, ways);
-    const Vector3 change = (point.now - shownHead) - (point.start - start.start);
-    const Vector3 tail = head + (moved.before.tail() - moved.before.head) + moved.pose.conjugate().rotate(change);
-    return point.isOnPlane ? tail - m_plane.normal() * m_plane.distance(tail) : tail;
-}
-
-/// Whether the motion turns a bone as a whole. One that touches the plane is held there.
-bool KMJointMove::isTurned(int place, const Motion &motion, const QVector<Way> &ways) const
-{
-    if (m_leaders[place] >= 0)
-        return ways[m_leaders[place]].isTurned;
-    const Point &head = m_points[pointOf(place, Head)];
-    const Point &tail = m_points[pointOf(place, Tail)];
-    return motion.isRigid && head.moves() && tail.moves() && head.isMirrored == tail.isMirrored && !head.isOnPlane
-           && !tail.isOnPlane;
-}
-
-KMBoneRest KMJointMove::restOf(const Moved &moved, const Motion &motion, const QVector<Way> &ways) const
-{
-    KMBoneRest rest = moved.before;
-    rest.head = headOf(moved, ways);
-    if (isTurned(moved.place, motion, ways)) {
-        const int leader = m_leaders[moved.place];
-        const bool isMirrored = m_points[pointOf(moved.place, Head)].isMirrored;
-        const Quaternion shown = isMirrored ? reflectedTurn(motion.turn) : motion.turn;
-        const Quaternion turn =
-            leader >= 0 ? reflectedTurn(ways[leader].turn) : moved.pose.conjugate() * shown * moved.pose;
-        rest.rotation = (turn * rest.rotation).normalized();
-        return rest;
-    }
-    if (moved.bone->isPoint())
-        return rest;
-    const Vector3 end = tailOf(moved, rest.head, ways);
-    const Vector3 before = moved.before.tail() - moved.before.head;
-    const bool isSame = (end - rest.head - before).length() <= rigidShare * (before.length() + rest.head.length());
-    return isSame ? rest : restBone(rest.head, end, rest);
-}
-
-/// The partners do at rest what their leaders do there: as they are shown, the two needn't be images.
-void KMJointMove::apply(const Motion &motion)
-{
-    if (isEmpty() || !m_container)
-        return;
-    place(motion);
-    QVector<Way> ways(m_order.size());
-    for (const int place : std::as_const(m_order)) {
-        Way way;
-        if (m_movedAt[place] >= 0) {
-            const Moved &moved = m_bones.at(m_movedAt[place]);
-            const KMBoneRest rest = restOf(moved, motion, ways);
-            way.head = rest.head - moved.before.head;
-            way.tail = tailAtRest(rest, *moved.bone) - tailAtRest(moved.before, *moved.bone);
-            way.turn = rest.rotation * moved.before.rotation.conjugate();
-            way.isTurned = isTurned(place, motion, ways);
-            if (rest != moved.bone->rest())
-                moved.bone->setRest(rest);
-        }
-        way.shown = shownWay(place, way.head, ways);
-        ways[place] = way;
-    }
-    m_container->refreshAfterEdit();
-}
-
-void KMJointMove::restore()
-{
-    if (isEmpty() || !m_container)
-        return;
-    for (const Moved &moved : std::as_const(m_bones))
-        moved.bone->setRest(moved.before);
-    m_container->refreshAfterEdit();
-}
-
-void KMJointMove::pushCommands()
-{
-    if (!m_container)
-        return;
-    for (const Moved &moved : std::as_const(m_bones)) {
-        const KMBoneRest after = moved.bone->rest();
-        if (after != moved.before)
-            gSolution->push(new editBoneGeometryCommand(moved.bone, moved.before, after));
+        m_points[i].follower = follower;
+        m_points[i].isGrabbed = m_points[i].isMirrored = false;
+        m_points[i].carrier = -1;
     }
 }

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QVector>
 
+#include <array>
 #include <functional>
 #include <optional>
 
@@ -62,8 +63,9 @@ private:
         bool isGrabbed = false;
         bool isOnPlane = false;
         bool isMirrored = false; // its image is what was grabbed: it goes by the image of the motion
-        int carrier = -1;        // the joint that takes it along; with isMirrored the one that takes its image
-        bool moves() const { return isGrabbed || carrier >= 0; }
+        int carrier = -1;        // the end that takes it along; with isMirrored maybe the one that takes its image
+        int follower = -1;       // the end of a follower in the same joint, with which it goes
+        bool moves() const { return isGrabbed || carrier >= 0; } // by the motion
     };
     struct Moved
     {
@@ -83,30 +85,42 @@ private:
     };
 
     static int pointOf(int place, End end) { return 2 * place + end; }
+    void findJoints(const QList<KMBone *> &bones);
     void grab(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed);
-    void closeJoints(const QList<KMBone *> &bones);
+    void closeJoints();
     void carryChildren(const QList<KMBone *> &bones);
     void pair(const QList<KMBone *> &bones, const QVector<Grabbed> &grabbed, const kvm::Vector3 &anchor,
               float tolerance);
     void lead(int leader, int follower);
+    void joinFollowers(const QList<KMBone *> &bones);
     bool isBehind(const KMBone &bone, float tolerance) const;
     std::optional<bool> isLedFromBehind(const QVector<Grabbed> &ends, const kvm::Vector3 &anchor,
                                         float tolerance) const;
+    std::array<int, 4> placesBefore(int place) const;
     bool moves(int place) const;
+    bool pointMoves(int point) const;
+    int leaderOf(int point) const; // the end that its own is the image of, or -1
+    int imageOf(int point) const;  // the end by which it goes with a follower, or -1
     void order();
     void place(const Motion &motion);
     int parentOf(int place) const; // -1 without
     kvm::Vector3 shownWay(int place, const kvm::Vector3 &atRest, const QVector<Way> &ways) const;
-    kvm::Vector3 headOf(const Moved &moved, const QVector<Way> &ways) const;
-    kvm::Vector3 tailOf(const Moved &moved, const kvm::Vector3 &head, const QVector<Way> &ways) const;
+    kvm::Vector3 imageWay(int leader, const QVector<Way> &ways) const;
+    kvm::Vector3 goalOf(int point, const Motion &motion, const QVector<Way> &ways) const;
+    kvm::Vector3 headOf(const Moved &moved, const Motion &motion, const QVector<Way> &ways) const;
+    kvm::Vector3 tailOf(const Moved &moved, const kvm::Vector3 &head, const Motion &motion,
+                        const QVector<Way> &ways) const;
+    kvm::Quaternion turnAt(int point, const Motion &motion) const;
     bool isTurned(int place, const Motion &motion, const QVector<Way> &ways) const;
-    KMBoneRest restOf(const Moved &moved, const Motion &motion, const QVector<Way> &ways) const;
+    KMBoneRest restOf(const Moved &moved, const kvm::Vector3 &head, const Motion &motion,
+                      const QVector<Way> &ways) const;
     kvm::Quaternion reflectedTurn(const kvm::Quaternion &turn) const;
-    bool isGrabbed(int place, End end) const { return m_points[pointOf(place, end)].isGrabbed; }
+    kvm::Quaternion poseOf(int place) const; // of the world, as shown
 
     QPointer<KMBoneContainer> m_container; // the bones go with it, as a new document has it
     KMSymmetryPlane m_plane{kvm::Vector3(), kvm::Vector3(1.0f, 0.0f, 0.0f)};
     QVector<Point> m_points; // two for each bone of the container
+    QVector<int> m_joints;   // for each point the first one of its joint
     QVector<int> m_leaders;  // for each the bone whose image it is, or -1
     QVector<Moved> m_bones;  // those that can change
     QVector<int> m_movedAt;  // for each bone of the container the place among these, or -1

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/KMTagBase.h"
+#include "core/KMTransformFollower.h"
 #include "core/KMVertexFollower.h"
 #include "rig/KMMorph.h"
 
@@ -18,7 +19,7 @@ class KMMeshNode;
 /// Adding floats loses digits, so the tag remembers where each vertex stood before. A vertex that nobody moved gets
 /// exactly that place back, however often the values change; a place that was given up by a move comes back with the
 /// undo of the move.
-class KMTagMorph : public KMTagBase, public KMVertexFollower
+class KMTagMorph : public KMTagBase, public KMVertexFollower, public KMTransformFollower
 {
     Q_DECLARE_TR_FUNCTIONS(KMTagMorph)
 public:
@@ -56,6 +57,7 @@ public:
     void resetValues() override;   ///< as a step of the history; none when all are at 0
     void remapIndices() override;
     void pushVerticesMade(const QVector<KMVertexOrigin> &origins) override; ///< they stay where they are shown
+    void pushCarried(const kvm::Matrix4 &step) override;                    ///< the displacements
     QList<KMNode *> blockNodes() const override;
     KMTagMorph *clone() const override;
 

@@ -1,17 +1,17 @@
 // How the morphs of a mesh follow when an edit makes vertices from others.
 
 #include "core/KMSolution.h"
-#include "math/Finite.h"
+#include "math/Matrix4.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMSymmetryPlane.h"
 #include "mesh/KMVertexCommands.h"
 #include "rig/KMMorphCommands.h"
+#include "rig/KMMorphDeltas.h"
 #include "rig/KMTagMorph.h"
 
 #include <QSet>
 
 #include <algorithm>
-#include <cmath>
 
 using kvm::Vector3;
 
@@ -29,13 +29,6 @@ Offsets offsetsOf(const MorphDeltas &deltas, const QSet<int> &vertices)
     return offsets;
 }
 
-void append(MorphDeltas &deltas, int vertex, const Vector3 &offset)
-{
-    const float length = offset.length();
-    if (length > 0.0f && isFinite(offset) && std::isfinite(length))
-        deltas.append({vertex, length, offset / length});
-}
-
 /// The displacements with those of the new vertices, each the mean of what its sources have.
 MorphDeltas withMeans(const MorphDeltas &deltas, const QVector<KMVertexOrigin> &origins, const QSet<int> &sources,
                       const QSet<int> &made)
@@ -48,7 +41,7 @@ MorphDeltas withMeans(const MorphDeltas &deltas, const QVector<KMVertexOrigin> &
                  [&made](const MorphDelta &delta) { return !made.contains(delta.vertex); });
     for (const KMVertexOrigin &origin : origins) {
         const Vector3 mean = origin.mean([&offsets](int i) { return offsets.value(i); });
-        append(after, origin.vertex, origin.mirror ? origin.mirror->reflectedWay(mean) : mean);
+        appendDelta(after, origin.vertex, origin.mirror ? origin.mirror->reflectedWay(mean) : mean);
     }
     return after;
 }
@@ -90,4 +83,20 @@ void KMTagMorph::pushVerticesMade(const QVector<KMVertexOrigin> &origins)
         gSolution->push(new moveVertexArrayCommand(store, moves));
     for (const auto &[morph, deltas] : std::as_const(changes))
         gSolution->push(new editMorphDataCommand(morph, deltas));
+}
+
+/// The vertices have moved without the offsets that lie on them.
+void KMTagMorph::pushCarried(const kvm::Matrix4 &step)
+{
+    if (step == kvm::Matrix4::fromTranslation(step.translation()))
+        return;
+    const QList<KMMorph *> live = liveMorphs();
+    for (KMMorph *morph : live) {
+        MorphDeltas after;
+        after.reserve(morph->deltas().size());
+        for (const MorphDelta &delta : morph->deltas())
+            appendDelta(after, delta.vertex, step.transformDirection(delta.offset()));
+        if (after != morph->deltas())
+            gSolution->push(new editMorphDataCommand(morph, after));
+    }
 }

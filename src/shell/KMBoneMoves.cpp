@@ -102,9 +102,7 @@ void tell(const QString &text)
     gSolution->showMessage(text, KMCommand::MessageLevel);
 }
 
-} // namespace
-
-void KMBoneMoves::move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place place)
+void moveAll(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place place)
 {
     const bool isInto = place == KMTreeWidget::Place::Into;
     KMBone *parent = target && !isInto ? target->parentBone() : target;
@@ -123,16 +121,23 @@ void KMBoneMoves::move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidge
         gSolution->push(new moveCtrlNodeCommand(bone, parent, positionBefore(sibling, bone)));
 }
 
+} // namespace
+
+void KMBoneMoves::move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place place)
+{
+    moveAll(KMBoneEdit::unlocked(bones), target, place);
+}
+
 void KMBoneMoves::copy(KMBoneContainer *rig, KMBone *target, KMTreeWidget::Place place)
 {
     const KMUndoMacro macro(QCoreApplication::translate("KMBoneMoves", "Copy Bone"));
     KMBoneEdit::pushCopies(rig);
-    move(rig->topSelectedBones(), target, place);
+    moveAll(rig->topSelectedBones(), target, place); // copies of locked ones too
 }
 
 void KMBoneMoves::moveToRig(KMBoneContainer *from, KMBoneContainer *to)
 {
-    const QList<KMBone *> tops = from->topSelectedBones();
+    const QList<KMBone *> tops = KMBoneEdit::unlocked(from->topSelectedBones());
     if (tops.isEmpty())
         return;
     const int keysBefore = keysOf(*from);

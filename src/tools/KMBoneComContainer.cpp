@@ -164,7 +164,7 @@ Work nothing(KMBoneContainer &)
 
 Work doubleEach(KMBoneContainer &container, void (*push)(KMBone *))
 {
-    const QList<KMBone *> bones = KMBoneEdit::selectedWithLength(container);
+    const QList<KMBone *> bones = KMBoneEdit::unlocked(KMBoneEdit::selectedWithLength(container));
     return KMBoneEdit::hasRoomForDoubles(container, bones) ? forEach(bones, push) : Work();
 }
 
@@ -287,15 +287,6 @@ KMBoneComContainer::KMBoneComContainer(QObject *parent)
         auto *command = new KMBoneCommand(row, this);
         command->setObjectName(QString::fromLatin1(row.objectName));
         connect(command, &KMCommand::done, gSolution, &KMSolution::doCommand);
+        m_unlisted << command;
     }
-}
-
-KMCommand *KMBoneComContainer::unlisted(const QString &className) const
-{
-    const auto isListed = [this](KMCommand *command) { return commands().contains(command); };
-    for (KMCommand *command : findChildren<KMCommand *>(className)) {
-        if (!isListed(command))
-            return command;
-    }
-    return nullptr;
 }

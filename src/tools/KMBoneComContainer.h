@@ -2,12 +2,15 @@
 
 #include "core/KMCommandContainer.h"
 
-/// The commands on bones. Two of them are made but not listed: menus and shortcuts don't offer them.
+/// The commands on bones. Two of them are made but not listed: only the menu of the bone panel offers them.
 class KMBoneComContainer : public KMCommandContainer
 {
     Q_OBJECT
 public:
     explicit KMBoneComContainer(QObject *parent = nullptr);
 
-    KMCommand *unlisted(const QString &className) const; ///< "BoneComDevideBone" or "BoneComLayered", else null
+    const QList<KMCommand *> &unlisted() const { return m_unlisted; } ///< "BoneComDevideBone" and "BoneComLayered"
+
+private:
+    QList<KMCommand *> m_unlisted;
 };

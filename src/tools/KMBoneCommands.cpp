@@ -114,11 +114,14 @@ KMBoneCommand::Work BoneComEditViewMode::plan(KMBoneContainer &container)
     const auto differs = [viewType](const KMBone *bone) { return bone->viewType() != viewType; };
     if (std::none_of(bones.begin(), bones.end(), differs))
         return nothing(tr("The bones are shown so already."));
-    return [bones, viewType, differs] {
-        for (KMBone *bone : bones) {
-            if (differs(bone))
-                gSolution->push(new editBoneViewTypeCommand(bone, viewType));
-        }
+    QList<KMBone *> others;
+    std::copy_if(bones.begin(), bones.end(), std::back_inserter(others), differs);
+    others = KMBoneEdit::unlocked(others);
+    if (others.isEmpty())
+        return {};
+    return [others, viewType] {
+        for (KMBone *bone : others)
+            gSolution->push(new editBoneViewTypeCommand(bone, viewType));
     };
 }
 
@@ -151,7 +154,11 @@ KMBoneCommand::Work BoneComConvertAxis::plan(KMBoneContainer &container)
 KMBoneCommand::Work BoneComAlignPosition::plan(KMBoneContainer &container)
 {
     const QList<KMBone *> bones = container.selectedBones();
-    const auto toWorld = [&container](bool isWorld) { return isWorld ? kvm::Matrix4() : container.worldMatrix(); };
+    const auto toWorld = [&container](bool isWorld) {
+        // The frame of the plane of symmetry: bones stand in the world, whatever is above the rig
+        return isWorld ? kvm::Matrix4()
+                       : container.rotation().toMatrix() * kvm::Matrix4::fromTranslation(container.translation());
+    };
     const auto centre = [&bones, &toWorld](bool isWorld) {
         const Bounds bounds = boundsOf(bones, toWorld(isWorld).inverse());
         return (bounds.low + bounds.high) * 0.5f;

@@ -14,9 +14,13 @@ using KMMeshSelect::Mode;
 
 void KMBoneMarquee::begin(Mode mode)
 {
+    begin(mode, KMBoneTargets::container());
+}
+
+void KMBoneMarquee::begin(Mode mode, const KMBoneContainer *rig)
+{
     m_mode = mode;
     m_bones.clear();
-    const KMBoneContainer *rig = KMBoneTargets::container();
     if (!rig)
         return;
     for (KMBone *bone : rig->bones()) {

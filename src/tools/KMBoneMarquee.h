@@ -9,15 +9,17 @@
 #include <functional>
 
 class KMBone;
+class KMBoneContainer;
 class KMCameraNode;
 
-/// Selection of heads and tails of the current rig by an area or by a stroke, as one step of the history. What it will
+/// Selection of heads and tails of a rig by an area or by a stroke, as one step of the history. What it will
 /// select shows at once.
 class KMBoneMarquee
 {
 public:
-    void begin(KMMeshSelect::Mode mode);
-    bool isEmpty() const { return m_bones.isEmpty(); } ///< no bone can be selected
+    void begin(KMMeshSelect::Mode mode); ///< in the current rig, unless it is hidden or locked
+    void begin(KMMeshSelect::Mode mode, const KMBoneContainer *rig); ///< null: no bone can be selected
+    bool isEmpty() const { return m_bones.isEmpty(); }               ///< no bone can be selected
     /// Adds the ends that lie at such places of the window. What was touched before stays.
     void touch(const KMCameraNode &camera, const std::function<bool(const QPointF &)> &contains);
     bool hasTouched() const;

@@ -6,6 +6,7 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "mesh/KMMeshTargets.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
@@ -55,6 +56,14 @@ void selectAlone(KMBone *bone, int ends)
 {
     pushNothingSelected();
     pushMask(bone, ends);
+}
+
+void tellKept(int count)
+{
+    if (count > 0)
+        gSolution->showMessage(
+            QCoreApplication::translate("KMBoneTargets", "%n bone(s) not deleted: locked or hidden", nullptr, count),
+            KMCommand::MessageLevel);
 }
 
 int endsOf(const KMBonePicker::Hit &hit)
@@ -142,6 +151,15 @@ void selectBranch(KMBone *bone, bool on)
         gSolution->push(new selectNodeCommand(bone->container()));
 }
 
+void unselectBones(const KMBoneContainer *except)
+{
+    const KMWaitingMacro macro(QCoreApplication::translate("KMMeshSelect", "UnSelectAll"));
+    for (KMBoneContainer *rig : rigsWithSelection()) {
+        if (rig != except)
+            gSolution->push(new selectAllBoneCommand(rig, false));
+    }
+}
+
 void unselectAll()
 {
     if (!container() || rigsWithSelection().isEmpty())
@@ -156,11 +174,7 @@ QList<KMBone *> deletable(const KMBoneContainer &rig)
     QList<KMBone *> bones;
     std::copy_if(selected.begin(), selected.end(), std::back_inserter(bones),
                  [](const KMBone *bone) { return bone->isVisible() && !bone->isLocked(); });
-    const int kept = selected.size() - bones.size();
-    if (kept > 0)
-        gSolution->showMessage(
-            QCoreApplication::translate("KMBoneTargets", "%n bone(s) not deleted: locked or hidden", nullptr, kept),
-            KMCommand::MessageLevel);
+    tellKept(selected.size() - bones.size());
     return bones;
 }
 
@@ -199,8 +213,10 @@ void deleteBone(KMBone *bone, float mirrorTolerance)
     if (gSolution->editFilter().symmetry) {
         KMBoneEdit::pairForEdits(bone->container(), mirrorTolerance);
         KMBone *partner = bone->mirrorBone();
-        if (partner && partner != bone && !partner->isLocked())
+        if (partner && partner != bone && KMBonePicker::isPickable(*partner))
             bones << partner;
+        else if (partner && partner != bone)
+            tellKept(1);
     }
     const KMUndoMacro macro(deleteBoneCommand::tr("Delete Bone"));
     pushDelete(bones);

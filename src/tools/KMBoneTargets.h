@@ -29,6 +29,8 @@ bool click(const KMBonePicker::Hit &hit, KMMeshSelect::Mode mode);
 /// Takes what is selected of meshes out of the selection, and while a rig is at hand that of all rigs, as one step;
 /// none where nothing is.
 void unselectAll();
+/// Likewise what is selected of rigs alone; one of them may keep its selection.
+void unselectBones(const KMBoneContainer *except = nullptr);
 
 /// Selects it with all below it, or takes them out of the selection, as one step.
 void selectBranch(KMBone *bone, bool on);

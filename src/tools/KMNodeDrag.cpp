@@ -7,6 +7,7 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMObjectTransform.h"
+#include "rig/KMBoneContainer.h"
 #include "tools/KMFrameAxes.h"
 
 #include <QCoreApplication>
@@ -88,7 +89,7 @@ bool KMNodeDrag::begin(const Grab &)
     m_frames.clear();
     m_ends.clear();
     for (KMNullNode *node : targets()) {
-        Frame frame{node, node->transform(), {}, {}};
+        Frame frame{node, node->transform(), {}, {}, {}};
         for (KMMeshNode *mesh : KMObjectTransform::meshesBelow(node)) {
             Shape shape{mesh, QVector<Vector3>(mesh->vertexCount())};
             for (int i = 0; i < shape.starts.size(); ++i) {
@@ -99,6 +100,8 @@ bool KMNodeDrag::begin(const Grab &)
         }
         for (KMNullNode *primitive : KMObjectTransform::placedBelow(node))
             frame.primitives.append({primitive, primitive->transform()});
+        for (KMContainerNode *rig : KMObjectTransform::rigsBelow(node))
+            frame.rigs.append(KMRigCarry(nodeAs<KMBoneContainer>(rig)));
         m_frames << frame;
         m_ends << frame.start;
     }
@@ -155,6 +158,8 @@ void KMNodeDrag::show(const Frame &frame, const KMTransform &transform)
         if (primitive)
             primitive->setTransform(KMObjectTransform::moved(start, step));
     }
+    for (const KMRigCarry &rig : frame.rigs)
+        rig.show(step);
 }
 
 KMDragTransform KMNodeDrag::apply(const KMDragTransform &transform, const KMCameraNode &)
@@ -216,5 +221,7 @@ void KMNodeDrag::restore()
             if (primitive)
                 primitive->setTransform(start);
         }
+        for (const KMRigCarry &rig : frame.rigs)
+            rig.restore();
     }
 }

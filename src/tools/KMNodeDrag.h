@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/KMNullNode.h"
+#include "rig/KMRigCarry.h"
 #include "tools/KMDragSubject.h"
 
 #include <QPointer>
@@ -30,6 +31,7 @@ private:
         KMTransform start;
         QVector<Shape> shapes;
         QVector<QPair<QPointer<KMNullNode>, KMTransform>> primitives;
+        QVector<KMRigCarry> rigs;
     };
 
     static KMTransform moved(const Frame &frame, const KMDragTransform &transform);

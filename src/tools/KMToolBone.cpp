@@ -6,6 +6,7 @@
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "render/KMCameraNode.h"
 #include "render/KMMouseEvent.h"
 #include "render/KMOpenGLWidget.h"
@@ -166,7 +167,7 @@ bool KMToolBone::mousePress(KMMouseEvent *event, KMOpenGLWidget *widget)
     } else if (mode() == Make) {
         if (!isRefused())
             beginMaking({});
-    } else {
+    } else if (!isRefused()) {
         begin(Gesture::Area);
     }
     return true;
@@ -334,16 +335,24 @@ void KMToolBone::click(Qt::KeyboardModifiers modifiers)
     if (m_pressed.isHit())
         KMBoneTargets::click(m_pressed, KMMeshSelect::clickMode(modifiers));
     else if (!(modifiers & (Qt::ShiftModifier | Qt::ControlModifier)))
-        KMBoneTargets::unselectAll();
+        KMBoneTargets::unselectBones();
 }
 
 void KMToolBone::selectArea(const KMCameraNode &camera, Qt::KeyboardModifiers modifiers)
 {
+    KMBoneContainer *rig = KMBoneEdit::containerAtHand();
+    if (!rig)
+        return gSolution->showMessage(tr("There is no rig that is shown and not locked"), KMCommand::MessageLevel);
     const QRectF rect = QRectF(m_pressPos, m_lastPos).normalized();
+    const QString text = QCoreApplication::translate("KMMarqueeSelect", "Rect Select");
+    const KMWaitingMacro macro(text);
     KMBoneMarquee marquee;
-    marquee.begin(KMMeshSelect::marqueeMode(modifiers));
+    marquee.begin(KMMeshSelect::marqueeMode(modifiers), rig);
     marquee.touch(camera, [&rect](const QPointF &point) { return rect.contains(point); });
-    marquee.commit(QCoreApplication::translate("KMMarqueeSelect", "Rect Select"));
+    const bool hasTouched = marquee.hasTouched();
+    marquee.commit(text);
+    if (hasTouched && gSolution->currentNode() != rig)
+        gSolution->push(new selectNodeCommand(rig));
 }
 
 void KMToolBone::makeBone()
@@ -355,6 +364,7 @@ void KMToolBone::makeBone()
     KMBoneContainer *container = m_drawn.container ? m_drawn.container.data() : KMBoneEdit::addContainer();
     if (mirrors)
         KMBoneEdit::pairForEdits(container, m_mirrorTolerance);
+    KMBoneTargets::unselectBones(container);
     KMBone *bone = KMBoneEdit::pushDrawnBone(container, m_drawn.parent, m_drawn.head, m_drawn.tail, m_drawn.isFloating);
     if (mirrors)
         KMBoneEdit::pushMirrored(container, {bone});

@@ -14,6 +14,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <memory>
@@ -204,8 +205,10 @@ void MorphWalker::cut()
         return;
     const int a = edge->index0, b = edge->index1;
     const auto mean = [&] { return mesh().position(a) * 0.625f + mesh().position(b) * 0.375f; };
+    const auto reach = [&] { return mesh().position(a).length() + mesh().position(b).length(); };
+    const float shownReach = reach(); // the base is what is left of the shown place
     const auto isThere = [&](int vertex) {
-        const float size = mesh().position(a).length() + mesh().position(b).length();
+        const float size = std::max(reach(), shownReach);
         return (mesh().position(vertex) - mean()).length() <= 2e-6f * size + 1e-6f;
     };
     const auto made = KMMeshEdit::cutEdges(mesh(), {{a, b, {0.375f}}}).first();

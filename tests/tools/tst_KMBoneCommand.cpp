@@ -37,9 +37,11 @@ public:
     int run(const char *name)
     {
         const int before = session.stack().count();
-        KMCommand *command = commands.unlisted(QString::fromLatin1(name));
-        if (!command)
-            command = commands.command(QString::fromLatin1(name));
+        KMCommand *command = commands.command(QString::fromLatin1(name));
+        for (KMCommand *other : commands.unlisted()) {
+            if (other->objectName() == QLatin1String(name))
+                command = other;
+        }
         command->trigger();
         return session.stack().count() - before;
     }
@@ -91,6 +93,7 @@ private slots:
     void linearize();
     void symmetrize();
     void fitting();
+    void lockedBonesStay();
     void upVectorKeepsTheEnds();
     void alignPosition();
     void alignedBonesKeepTheirRoll();
@@ -323,6 +326,27 @@ void tst_KMBoneCommand::fitting()
     QCOMPARE(desk.session.stack().count(), fitted);
 }
 
+/// Also those that the selection means only by way of others.
+void tst_KMBoneCommand::lockedBonesStay()
+{
+    Arm desk;
+    desk.arm->setLocked(true);
+    const KMBoneRest before = desk.arm->rest();
+    desk.elbow->setSelectMask(KMBone::BothSelected);
+    desk.elbow->setRest(restBone({45, 33, 0}, {60, 35, 8}));
+    const int steps = desk.session.stack().count();
+    for (KMCommand *command : desk.commands.commands()) {
+        if (command->text() == QLatin1String("Fit To Parent"))
+            command->trigger();
+    }
+    QCOMPARE(desk.session.stack().count(), steps);
+    QVERIFY(desk.lastMessage().contains(QLatin1String("locked")));
+    desk.arm->setSelectMask(KMBone::BothSelected);
+    QCOMPARE(desk.run("BoneComLinearize"), 1);
+    QCOMPARE(desk.run("BoneComLayered"), 1);
+    QVERIFY(desk.arm->rest() == before && desk.arm->parentBone() == desk.spine);
+}
+
 void tst_KMBoneCommand::upVectorKeepsTheEnds()
 {
     Arm desk;
@@ -439,9 +463,17 @@ void tst_KMBoneCommand::sidesInNames()
     const struct
     {
         const char *name, *mirrored;
-    } rows[] = {{"arm_L", "arm_R"},      {"arm.r", "arm.l"},        {"左腕", "右腕"},
-                {"rightArm", "leftArm"}, {"armLeft1", "armRight1"}, {"left arm", "right arm"},
-                {"bright", ""},          {"upright", ""},           {"Lefty", ""},
+    } rows[] = {{"arm_L", "arm_R"},
+                {"arm.L.001", "arm.R.001"},
+                {"arm_L2", "arm_R2"},
+                {"arm.r", "arm.l"},
+                {"左腕", "右腕"},
+                {"rightArm", "leftArm"},
+                {"armLeft1", "armRight1"},
+                {"left arm", "right arm"},
+                {"bright", ""},
+                {"upright", ""},
+                {"Lefty", ""},
                 {"arm_Lx", ""}};
     for (const auto &row : rows)
         QCOMPARE(KMBoneEdit::mirroredName(QString::fromUtf8(row.name)), QString::fromUtf8(row.mirrored));

@@ -125,6 +125,7 @@ private slots:
     void picks();
     void marquees_data();
     void marquees();
+    void areaWithoutRig();
     void transforms();
     void clicksOnNothing();
     void editMenuMeansBones();
@@ -315,18 +316,22 @@ void tst_KMBoneTools::mirrorsAtRest_data()
 {
     QTest::addColumn<float>("shoulder"); // how far from the plane
     QTest::addColumn<bool>("isPosed");
-    QTest::newRow("arms apart") << 10.0f << false;
-    QTest::newRow("arms from the plane") << 0.0f << false;
-    QTest::newRow("arms apart, posed") << 10.0f << true;
-    QTest::newRow("arms from the plane, posed") << 0.0f << true;
+    QTest::addColumn<bool>("isUneven"); // with bones that have no partner
+    QTest::newRow("arms apart") << 10.0f << false << false;
+    QTest::newRow("arms from the plane") << 0.0f << false << false;
+    QTest::newRow("arms apart, posed") << 10.0f << true << false;
+    QTest::newRow("arms from the plane, posed") << 0.0f << true << false;
+    QTest::newRow("uneven") << 10.0f << false << true;
+    QTest::newRow("uneven, posed") << 10.0f << true << true;
 }
 
 /// Whatever is grabbed: the sides stay images of each other at rest, joints hold, and what the mouse has goes with it,
-/// also where each side is posed in another way.
+/// also where each side is posed in another way, and where more hangs on one.
 void tst_KMBoneTools::mirrorsAtRest()
 {
     QFETCH(float, shoulder);
     QFETCH(bool, isPosed);
+    QFETCH(bool, isUneven);
     BoneWindow window(KMToolKind::Bone);
     QVERIFY(window.isReady());
     QRandomGenerator random(11);
@@ -337,8 +342,19 @@ void tst_KMBoneTools::mirrorsAtRest()
     KMBone *arms[2], *hands[2];
     for (const int side : {0, 1}) {
         const float x = side ? -1.0f : 1.0f;
-        arms[side] = window.add("arm", root, {shoulder * x, 40, 0}, {50 * x, 40, 0});
+        KMBone *above = root;
+        if (isUneven)
+            above = window.add("collar", root, {2 * x, 20 + 9 * x, 0}, {shoulder * x, 40, 0});
+        arms[side] = window.add("arm", above, {shoulder * x, 40, 0}, {50 * x, 40, 0});
         hands[side] = window.add("hand", arms[side], {50 * x, 40, 0}, {80 * x, 30, 10});
+        if (isUneven) { // those of the left are locked
+            KMBone *finger = window.add("finger", hands[side], {80 * x, 30, 10}, {90 * x, 30, 10});
+            finger->setLocked(!side);
+        }
+    }
+    if (isUneven) {
+        KMBone *sword = window.add("sword", hands[1], {-80, 30, 10}, {-80, 60, 10});
+        window.add("blade", sword, {-80, 60, 10}, {-80, 90, 20});
     }
     if (isPosed) {
         for (KMBone *bone : window.rig->bones()) {
@@ -350,20 +366,26 @@ void tst_KMBoneTools::mirrorsAtRest()
     }
     const KMSymmetryPlane plane = window.rig->mirrorPlane();
     const QList<KMBone *> bones = window.rig->bones();
-    for (int round = 0; round < 120; ++round) {
-        KMBone *bone = bones[random.bounded(1, 5)];
-        KMBone *other = bones[random.bounded(5)];
+    const QList<KMBone *> paired{arms[0], arms[1], hands[0], hands[1]};
+    QList<KMBone *> open;
+    for (KMBone *bone : bones) {
+        if (!bone->isLocked() && bone != root)
+            open << bone;
+    }
+    for (int round = 0; round < 200; ++round) {
+        KMBone *bone = open[random.bounded(open.size())];
+        KMBone *other = bones[random.bounded(bones.size())];
         QVector<KMJointMove::Grabbed> grabbed{{bone, random.bounded(1, 4)}};
         if (other != bone && random.bounded(2))
             grabbed.append({other, random.bounded(1, 4)});
         const bool isTail = grabbed[0].ends & KMBone::TailSelected;
         const Vector3 anchor = isTail ? bone->tail() : bone->head();
         const bool isFree = isTail || shoulder > 0.0f || bone->parentBone() != root; // else the plane holds it
+        const bool isAtHand = paired.contains(bone) || grabbed.size() == 1;          // else the other side may lead
         KMJointMove::Options options;
         options.mirrors = random.bounded(4);
         options.tolerance = 0.1f;
         options.takesChildren = random.bounded(2);
-        KMJointMove move(window.rig, grabbed, options, anchor);
         KMJointMove::Motion motion;
         motion.isRigid = random.bounded(2);
         motion.turn = quaternion();
@@ -371,18 +393,53 @@ void tst_KMBoneTools::mirrorsAtRest()
         motion.map = [&](const Vector3 &p) {
             return motion.isRigid ? centre + motion.turn.rotate(p - centre) : p * 1.1f + delta;
         };
+        QVector<Vector3> shown;
+        for (const KMBone *each : bones)
+            shown << each->head() << each->tail();
+        KMJointMove move(window.rig, grabbed, options, anchor);
         move.apply(motion);
-        const QByteArray where =
-            QByteArray::number(round) + ' ' + bone->name().toUtf8() + ' ' + QByteArray::number(grabbed[0].ends);
-        QVERIFY2(!isFree || isClose(isTail ? bone->tail() : bone->head(), motion.map(anchor)), where);
+        const QByteArray where = QByteArray::number(round) + ' ' + bone->name().toUtf8() + ' '
+                                 + QByteArray::number(grabbed[0].ends) + (options.takesChildren ? " all" : "");
+        QVERIFY2(!isFree || !isAtHand || isClose(isTail ? bone->tail() : bone->head(), motion.map(anchor)), where);
         for (KMBone **pair : {arms, hands}) {
             const KMBone *image = options.mirrors ? pair[1] : nullptr;
             QVERIFY2(!image || isClose(image->restHead(), plane.reflected(pair[0]->restHead())), where);
             QVERIFY2(!image || isClose(image->restTail(), plane.reflected(pair[0]->restTail())), where);
         }
-        for (const int side : {0, 1}) {
-            QVERIFY2(isClose(hands[side]->restHead(), arms[side]->restTail()), where);
-            QVERIFY2(shoulder > 0.0f || isClose(arms[side]->restHead(), root->restTail()), where);
+        for (const KMBone *each : open) {
+            const KMBone *parent = each->parentBone();
+            const bool isJoint = parent != root || shoulder == 0.0f;
+            QVERIFY2(!isJoint || isClose(each->restHead(), parent->restTail()), where + " at " + each->name().toUtf8());
+        }
+        // What has no partner either comes along as it is or stays, but for what is joined to others.
+        if (isUneven && grabbed.size() == 1 && paired.contains(bone)) {
+            const int blade = bones.size() - 1;
+            QVERIFY(bones[blade]->name() == QLatin1String("blade"));
+            const KMBone *sword = bones[blade]->parentBone();
+            const Vector3 length = shown[2 * blade + 1] - shown[2 * blade - 2];
+            const Vector3 now = bones[blade]->tail() - sword->head();
+            QVERIFY2(options.takesChildren ? std::abs(now.length() - length.length()) < 0.05f
+                                           : isClose(bones[blade]->tail(), shown[2 * blade + 1]),
+                     where);
+        }
+        if (isUneven && !isPosed && options.mirrors && grabbed.size() == 1 && paired.contains(bone)) {
+            // The same drag from the other side
+            QVector<Vector3> rest;
+            for (const KMBone *each : bones)
+                rest << each->restHead() << each->restTail();
+            move.restore();
+            KMBone *partner = bone->mirrorBone();
+            KMJointMove::Motion image = motion;
+            const Vector3 axis = -plane.reflectedWay(motion.turn.vector());
+            image.turn = {motion.turn.w, axis.x, axis.y, axis.z};
+            image.map = [&](const Vector3 &p) { return plane.reflected(motion.map(plane.reflected(p))); };
+            move = KMJointMove(window.rig, {{partner, grabbed[0].ends}}, options, plane.reflected(anchor));
+            move.apply(image);
+            for (int i = 0; i < bones.size(); ++i) {
+                QVERIFY2(isClose(bones[i]->restHead(), rest[2 * i]), where + " head of " + bones[i]->name().toUtf8());
+                QVERIFY2(isClose(bones[i]->restTail(), rest[2 * i + 1]),
+                         where + " tail of " + bones[i]->name().toUtf8());
+            }
         }
         move.restore();
     }
@@ -537,6 +594,27 @@ void tst_KMBoneTools::marquees()
 }
 
 /// The handle of the tools for elements stands at the selected ends, and SRT takes whole branches.
+/// While a mesh is current the tool's area is for the rig at hand, and leaves the mesh alone.
+void tst_KMBoneTools::areaWithoutRig()
+{
+    BoneWindow window(KMToolKind::Bone, MeshFixtures::cube());
+    QVERIFY(window.isReady());
+    KMBone *bone = window.add("a", nullptr, {-60, -60, 0}, {-60, -40, 0});
+    gProject->tree()->setCurrentItem(window.mesh->item());
+    window.mesh->setVertexFlag(0, KMElementFlag::Selected);
+    window.bar->tool(KMToolKind::Bone)->setMode(KMToolBone::Move);
+    STEP(window, "Rect Select", [&] { window.pull({-80, -30, 0}, {-50, -80, 0}); });
+    QCOMPARE(bone->selectMask(), int(KMBone::BothSelected));
+    QCOMPARE(gSolution->currentNode(), window.rig);
+    window.rig->setLocked(true);
+    const int steps = window.steps();
+    window.pull({-80, -30, 0}, {-50, -80, 0}, Qt::ControlModifier);
+    QCOMPARE(window.steps(), steps);
+    window.rig->setLocked(false);
+    STEP(window, "UnSelectAll", [&] { ViewMouse(window.view(front)).click({15, 200}); });
+    QVERIFY(window.mesh->vertex(0)->hasFlag(KMElementFlag::Selected));
+}
+
 void tst_KMBoneTools::transforms()
 {
     BoneWindow window(KMToolKind::Universal);
@@ -653,6 +731,12 @@ void tst_KMBoneTools::erases()
     STEP(window, "Delete Bone", [&] { ViewMouse(window.view(front)).click(window.place({20, 50, 0})); });
     QVERIFY(b->isDeleted() && c->isDeleted());
     QCOMPARE(window.masks(), QString("a0 d0"));
+    // A hidden partner stays.
+    window->undoStack()->undo();
+    c->setVisible(false);
+    STEP(window, "Delete Bone", [&] { ViewMouse(window.view(front)).click(window.place({20, 50, 0})); });
+    QVERIFY(b->isDeleted() && !c->isDeleted());
+    gSolution->push(new deleteBoneCommand(c));
     // The key deletes what is selected.
     window.bar->tool(KMToolKind::Universal)->requestActivation();
     ViewMouse(window.view(front)).click(window.place({60, 60, 0}));

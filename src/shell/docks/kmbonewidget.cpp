@@ -1,7 +1,6 @@
 #include "shell/docks/kmbonewidget.h"
 
 #include "core/KMCommand.h"
-#include "core/KMCommandContainer.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
@@ -9,6 +8,7 @@
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
 #include "shell/KMBoneMoves.h"
+#include "tools/KMBoneComContainer.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -152,6 +152,8 @@ void kmbonewidget::addEntries(QMenu *menu, const QTreeWidgetItem *row)
 {
     menu->addSeparator();
     menu->addActions(m_commands->actions());
+    for (KMCommand *command : m_commands->unlisted())
+        menu->addAction(command);
     if (row)
         addMoveMenu(menu);
 }

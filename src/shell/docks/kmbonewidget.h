@@ -3,8 +3,8 @@
 #include "shell/docks/KMTreeDock.h"
 
 class KMBone;
+class KMBoneComContainer;
 class KMBoneContainer;
-class KMCommandContainer;
 class QComboBox;
 
 /// The bones of one rig: that of the current node or of the current bone, else the one that was shown before. Rows and
@@ -16,7 +16,7 @@ public:
     explicit kmbonewidget(QWidget *parent = nullptr);
 
     KMBoneContainer *rig() const { return m_rig; }                                      ///< null while there is none
-    void setBoneCommands(const KMCommandContainer *commands) { m_commands = commands; } ///< of the rows; not owned
+    void setBoneCommands(const KMBoneComContainer *commands) { m_commands = commands; } ///< of the rows; not owned
 
     void refresh() override;
     void resetDocument() override;
@@ -41,5 +41,5 @@ private:
 
     QComboBox *m_rigs;
     KMBoneContainer *m_rig = nullptr; // shown; not owned
-    const KMCommandContainer *m_commands = nullptr;
+    const KMBoneComContainer *m_commands = nullptr;
 };
