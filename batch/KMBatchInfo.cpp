@@ -7,6 +7,7 @@
 #include "core/KMTagBase.h"
 #include "core/KMTexturePath.h"
 #include "core/KMTreeWidget.h"
+#include "math/Box3.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
@@ -46,17 +47,10 @@ QJsonArray array(const kvm::Vector3 &v)
 /// Null for a mesh without vertices.
 QJsonValue bounds(const KMMeshNode &mesh)
 {
-    kvm::Vector3 low, high;
-    bool isFirst = true;
-    for (const KMVertex *vertex : mesh.vertices()) {
-        if (!vertex)
-            continue;
-        const kvm::Vector3 &p = vertex->pos;
-        low = isFirst ? p : kvm::Vector3(std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z));
-        high = isFirst ? p : kvm::Vector3(std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z));
-        isFirst = false;
-    }
-    return isFirst ? QJsonValue() : QJsonArray{array(low), array(high)};
+    kvm::Box3 box;
+    for (const KMVertex *vertex : mesh.liveVertices())
+        box.add(vertex->pos);
+    return box.isEmpty() ? QJsonValue() : QJsonArray{array(box.low), array(box.high)};
 }
 
 /// By name, in the order of their indices; faces without a shader add nothing.

@@ -3,6 +3,7 @@
 #include "core/KMDisplayColors.h"
 #include "core/KMProject.h"
 #include "core/KMSettings.h"
+#include "math/Box3.h"
 #include "mesh/KMMeshNode.h"
 #include "render/KMCameraNode.h"
 #include "render/KMOffscreenView.h"
@@ -34,26 +35,14 @@ constexpr ViewRow viewRows[] = {
     {"perspective", KMCameraNode::Perspective, false},
 };
 
-struct Bounds
+kvm::Vector3 corner(const kvm::Box3 &box, int i)
 {
-    kvm::Vector3 low, high;
-    bool isEmpty = true;
+    return {i & 1 ? box.high.x : box.low.x, i & 2 ? box.high.y : box.low.y, i & 4 ? box.high.z : box.low.z};
+}
 
-    void add(const kvm::Vector3 &p)
-    {
-        low = isEmpty ? p : kvm::Vector3(std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z));
-        high = isEmpty ? p : kvm::Vector3(std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z));
-        isEmpty = false;
-    }
-    kvm::Vector3 corner(int i) const
-    {
-        return {i & 1 ? high.x : low.x, i & 2 ? high.y : low.y, i & 4 ? high.z : low.z};
-    }
-};
-
-Bounds boundsOfScene()
+kvm::Box3 boundsOfScene()
 {
-    Bounds bounds;
+    kvm::Box3 bounds;
     for (KMMeshNode *mesh : gProject->renderMeshes()) {
         if (!KMRenderMask::isShown(*mesh) || !mesh->modifiers().isEmpty())
             continue;
@@ -65,17 +54,17 @@ Bounds boundsOfScene()
 }
 
 /// Turned to its view already; brings all corners of the bounds into the picture.
-void fit(KMCameraNode &camera, const Bounds &bounds)
+void fit(KMCameraNode &camera, const kvm::Box3 &bounds)
 {
-    const kvm::Vector3 centre = (bounds.low + bounds.high) * 0.5f;
+    const kvm::Vector3 centre = bounds.centre();
     const kvm::Matrix4 rotation = camera.viewRotation();
     const float aspect = float(camera.width()) / float(camera.height());
     const float tangent = std::tan(camera.fov() * float(M_PI) / 360.0f);
-    const float radius = std::max((bounds.high - bounds.low).length() * 0.5f, 0.001f);
+    const float radius = std::max(bounds.size().length() * 0.5f, 0.001f);
     float halfWidth = 0.001f;
     float distance = 0.0f;
     for (int i = 0; i < 8; ++i) {
-        const kvm::Vector3 p = rotation.transformDirection(bounds.corner(i) - centre);
+        const kvm::Vector3 p = rotation.transformDirection(corner(bounds, i) - centre);
         halfWidth = std::max({halfWidth, std::fabs(p.x), std::fabs(p.y) * aspect});
         distance = std::max({distance, std::fabs(p.x) / (tangent * aspect) - p.z, std::fabs(p.y) / tangent - p.z});
     }
@@ -96,8 +85,8 @@ QImage documentPicture(const QString &view, const QSize &size)
     camera.resize(size.width(), size.height());
     camera.setViewFlags({false, false, true, false, false});
     KMViewFilter::reset();
-    const Bounds bounds = boundsOfScene();
-    if (!bounds.isEmpty)
+    const kvm::Box3 bounds = boundsOfScene();
+    if (!bounds.isEmpty())
         fit(camera, bounds);
     KMOffscreenView target(size, samples);
     return target.paint(camera, gSettings->displayColor(DP_BG)).convertToFormat(QImage::Format_RGB32);

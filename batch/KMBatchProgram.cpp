@@ -4,6 +4,7 @@
 #include "KMBatchPicture.h"
 #include "KMBatchPrompt.h"
 #include "core/KMHeadlessSession.h"
+#include "core/KMInputFile.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTexturePath.h"
@@ -62,20 +63,17 @@ KMBatchProgram::ExitCode exchange(const KMExchangeFormat::Form &questions, const
                                   const QString &path, KMBatchProgram::ExitCode failure)
 {
     KMOptionForm form;
-    if (questions)
-        form = questions();
-    if (!KMPrompt::current().options(form))
+    if (!KMExchangeFormat::ask(questions, form))
         return KMBatchProgram::WrongUse;
     return work(path, form) ? KMBatchProgram::Done : failure; // which has said why
 }
 
 bool isThere(const QString &path)
 {
-    if (QFileInfo(path).isFile())
-        return true;
-    KMBatchPrompt::print(QFileInfo::exists(path) ? QStringLiteral("kelmo-batch: \"%1\" is not a regular file").arg(path)
-                                                 : QStringLiteral("kelmo-batch: \"%1\" doesn't exist").arg(path));
-    return false;
+    const QString fault = KMInputFile::obstacle(path);
+    if (!fault.isEmpty())
+        KMBatchPrompt::print(QStringLiteral("kelmo-batch: \"%1\": %2").arg(path, fault));
+    return fault.isEmpty();
 }
 
 /// Drawing needs a display. Where there is none the program starts itself anew inside a virtual one; it comes back from

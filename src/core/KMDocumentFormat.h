@@ -15,4 +15,7 @@ public:
     /// Writes the document; an application number below 200 selects the form for release 1.
     /// On failure it has shown why, and what was at the path before is still there.
     virtual bool write(const QString &path, double applicationNumber) = 0;
+
+    /// While the user hasn't asked for what is written, remarks on it go to the log. Failures are shown all the same.
+    virtual void setQuiet(bool /*quiet*/) {}
 };

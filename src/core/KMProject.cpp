@@ -116,8 +116,9 @@ void KMProject::clear()
     deleteContents();
     resetProperties();
     m_destroying = false;
-    emit shadersChanged();
-    emit texturesChanged();
+    markShelf(Shelf::Shaders);
+    markShelf(Shelf::Textures);
+    announceShelves();
 }
 
 /// Lists and rows go before the nodes: a destructor, or who is told that nothing is current any more, finds an

@@ -118,6 +118,9 @@ public:
     enum class Shelf { Shaders, Textures };
     void attachToShelf(Shelf shelf, int index, KMContainerNode *node); ///< into the live list; an index of -1 appends
     int detachFromShelf(Shelf shelf, KMContainerNode *node);           ///< out of the live list; returns where it was
+    /// Tells of the live lists that have changed since. The session does at the end of each step: a panel makes all its
+    /// tiles anew, and a step may bring or take thousands.
+    void announceShelves();
 
     void clear(); ///< empties everything for another document; the history must be empty already
     void setBlockModel(KMBlockModel *blocks) { m_blocks = blocks; } ///< not owned; null for none
@@ -198,12 +201,14 @@ private:
     void deleteBlocks(const QList<KMNode *> &nodes);
     void deleteContents();
     QList<KMNode *> &shelfList(Shelf shelf);
-    void announceShelf(Shelf shelf);
+    void markShelf(Shelf shelf);
 
     std::unique_ptr<KMTreeWidget> m_tree;
     mutable std::array<QList<KMNode *>, ListCount> m_lists;
     mutable bool m_derivedStale = false;      // all of the derived lists
     mutable bool m_renderMeshesStale = false; // the one with what modifiers and primitives make
+    bool m_shadersTold = true;                // who shows the live lists knows them as they are
+    bool m_texturesTold = true;
     bool m_destroying = false;
     KMBlockModel *m_blocks = nullptr;
     KMStringNode *m_information; // owned

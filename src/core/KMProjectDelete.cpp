@@ -14,6 +14,8 @@
 #include "core/KMTreeWidget.h"
 #include "core/KMUndoMacro.h"
 
+#include <utility>
+
 namespace {
 
 /// What goes with a node. The bones below a bone stay.
@@ -140,11 +142,18 @@ QList<KMNode *> &KMProject::shelfList(Shelf shelf)
     return m_lists[shelf == Shelf::Shaders ? Shaders : Textures];
 }
 
-void KMProject::announceShelf(Shelf shelf)
+void KMProject::markShelf(Shelf shelf)
 {
-    if (shelf == Shelf::Shaders)
+    (shelf == Shelf::Shaders ? m_shadersTold : m_texturesTold) = false;
+}
+
+void KMProject::announceShelves()
+{
+    if (signalsBlocked())
+        return; // who blocks them asks again at the end
+    if (!std::exchange(m_shadersTold, true))
         emit shadersChanged();
-    else
+    if (!std::exchange(m_texturesTold, true))
         emit texturesChanged();
 }
 
@@ -152,13 +161,13 @@ void KMProject::attachToShelf(Shelf shelf, int index, KMContainerNode *node)
 {
     QList<KMNode *> &list = shelfList(shelf);
     list.insert(index < 0 ? list.size() : index, node);
-    announceShelf(shelf);
+    markShelf(shelf);
 }
 
 int KMProject::detachFromShelf(Shelf shelf, KMContainerNode *node)
 {
     const int index = shelfList(shelf).indexOf(node);
     shelfList(shelf).removeOne(node);
-    announceShelf(shelf);
+    markShelf(shelf);
     return index;
 }

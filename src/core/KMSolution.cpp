@@ -131,6 +131,7 @@ void KMSolution::update(int undoIndex)
     refreshNodes();
     if (m_tool)
         m_tool->historyChanged(undoIndex);
+    m_project->announceShelves();
     if (m_window)
         m_window->refreshSetup();
     refreshViews(31);

@@ -149,8 +149,12 @@ bool KMSolution::askAutoSave()
 
 void KMSolution::writeAutoSave()
 {
+    if (m_format)
+        m_format->setQuiet(true);
     if (write(m_fileName))
         qDebug().noquote() << "Auto Saved." << QTime::currentTime().toString(QStringLiteral("hh:mm:ss"));
+    if (m_format)
+        m_format->setQuiet(false);
 }
 
 bool KMSolution::writeDump(const QString &path, const QString &text)

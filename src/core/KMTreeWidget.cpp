@@ -258,6 +258,23 @@ void KMTreeWidget::setFlags(QTreeWidgetItem *row, const KMRowFlags &flags)
     }
 }
 
+bool KMTreeWidget::hasRoom(const QTreeWidgetItem *parent, const QTreeWidgetItem *row, int maxDepth)
+{
+    int depth = 0;
+    for (; parent; parent = parent->parent())
+        ++depth;
+    QList<const QTreeWidgetItem *> level{row};
+    for (; depth <= maxDepth && !level.isEmpty(); ++depth) {
+        QList<const QTreeWidgetItem *> next;
+        for (const QTreeWidgetItem *member : std::as_const(level)) {
+            for (int i = 0; i < member->childCount(); ++i)
+                next << member->child(i);
+        }
+        level = next;
+    }
+    return level.isEmpty();
+}
+
 void KMTreeWidget::setCurrentItem(QTreeWidgetItem *row)
 {
     const auto command = row ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows

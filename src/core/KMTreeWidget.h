@@ -50,6 +50,11 @@ public:
     static KMRowFlags flagsOf(QTreeWidgetItem *row);
     static void setFlags(QTreeWidgetItem *row, const KMRowFlags &flags); ///< does nothing for another number of rows
 
+    static constexpr int MaxDepth = 1000; ///< of the scene: many walks recurse
+    /// Whether a row with all below it can hang on a parent, null for the top, so that no more rows than the maximum
+    /// stand above any of them.
+    static bool hasRoom(const QTreeWidgetItem *parent, const QTreeWidgetItem *row, int maxDepth = MaxDepth);
+
     using QTreeWidget::setCurrentItem;
     /// Makes a row the current and only selected one; null for none. The view's own function asks the keyboard, and a
     /// command that was called by Ctrl+V would leave the former selection as it was.

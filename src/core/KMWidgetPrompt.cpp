@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -37,12 +38,17 @@ private:
     QVector<QCursor> m_cursors; // the innermost last
 };
 
-/// More than a box can show beside its button.
-bool isLong(const QString &text)
+/// More than a box can show beside its button, or a word that it can't break.
+bool isLong(const QMessageBox &box, const QString &text)
 {
-    constexpr int mostCharacters = 2000;
-    constexpr int mostLines = 20;
-    return text.size() > mostCharacters || text.count(QLatin1Char('\n')) >= mostLines;
+    constexpr int certainly = 20000; // characters: that many need not be laid out
+    constexpr int usualWidth = 440;  // pixels to which a box breaks lines
+    if (text.size() > certainly)
+        return true;
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const QSize shown =
+        box.fontMetrics().boundingRect({0, 0, usualWidth, QWIDGETSIZE_MAX}, Qt::TextWordWrap, text).size();
+    return shown.height() > screen.height() / 3 || shown.width() > qMax(usualWidth, screen.width() / 2);
 }
 
 /// A long text scrolls, in the place of the box's label, and the box stays within the screen.
@@ -57,6 +63,7 @@ void showLong(QMessageBox &box, const QString &text)
     auto *label = box.findChild<QWidget *>(QStringLiteral("qt_msgbox_label"));
     delete box.layout()->replaceWidget(label, page);
     label->hide();
+    box.setAccessibleDescription(text); // which is the label's elsewhere
 }
 
 } // namespace
@@ -66,17 +73,21 @@ QMessageBox::StandardButton KMWidgetPrompt::message(const KMMessage &message)
     if (!qApp)
         return QMessageBox::NoButton;
     const UsualCursor cursor;
-    QMessageBox box(message.icon, message.title.isEmpty() ? QApplication::applicationName() : message.title,
-                    isLong(message.text) ? QString() : message.text, message.buttons,
-                    message.parent ? message.parent : QApplication::activeWindow());
-    box.setTextFormat(Qt::PlainText); // texts of files aren't to be taken for markup
+    QMessageBox box(message.icon, message.title.isEmpty() ? QApplication::applicationName() : message.title, QString(),
+                    message.buttons, message.parent ? message.parent : QApplication::activeWindow());
+    const bool scrolls = isLong(box, message.text);
+    if (!scrolls)
+        box.setText(message.text);
     box.setInformativeText(message.informativeText);
+    const QList<QLabel *> labels = box.findChildren<QLabel *>();
+    for (QLabel *label : labels)
+        label->setTextFormat(Qt::PlainText); // texts and names of files aren't to be taken for markup
     box.setDetailedText(message.detailedText);
     if (message.defaultButton != QMessageBox::NoButton)
         box.setDefaultButton(message.defaultButton);
     if (message.minimumSize.isValid())
         box.setMinimumSize(message.minimumSize);
-    if (isLong(message.text))
+    if (scrolls)
         showLong(box, message.text); // last: whatever else is set lays the box out anew
     return QMessageBox::StandardButton(box.exec());
 }

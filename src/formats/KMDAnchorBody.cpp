@@ -67,6 +67,7 @@ QVector<Corners> readFaces(KMDStream &in)
 Record readAnchor(KMDReadContext &context)
 {
     KMDStream &in = context.in;
+    const qint64 start = in.position();
     Record record{in.readU64(), std::make_shared<KMDisplayAnchorNode>()};
     KMMeshNode *mesh = record.anchor->mesh();
     KMDNodeBodies::readTransform(context, mesh);
@@ -77,7 +78,7 @@ Record readAnchor(KMDReadContext &context)
         point = context.readPosition();
     const QVector<Corners> faces = readFaces(in);
     constexpr qint64 nodeFaces = 8; // the node and its mesh take as much
-    if (!context.takeFaces(nodeFaces + std::max(points.size(), faces.size())))
+    if (!context.takeFaces(nodeFaces + std::max(points.size(), faces.size()), in.position() - start))
         in.fail(Texts::tr("The file has more anchors than it can be believed to hold"));
     if (!in.ok())
         return record;

@@ -123,12 +123,13 @@ Record readBone(KMDReadContext &context)
 Records readBones(KMDReadContext &context)
 {
     constexpr int headBytes = 28;   // type and three ids
-    constexpr qint64 bodyFaces = 8; // of a mesh: lets ten thousand bones in, where models have hundreds
+    constexpr qint64 bodyFaces = 8; // of a mesh: a bone takes as much
     Records records;
     for (int left = context.in.readCount(headBytes); left > 0 && context.in.ok(); --left) {
-        if (!context.takeFaces(bodyFaces))
-            context.in.fail(Texts::tr("The file has more bones than it can be believed to hold"));
+        const qint64 start = context.in.position();
         Record record = readBone(context);
+        if (!context.takeFaces(bodyFaces, context.in.position() - start))
+            context.in.fail(Texts::tr("The file has more bones than it can be believed to hold"));
         if (context.in.ok())
             records.push_back(std::move(record));
     }

@@ -20,7 +20,6 @@ enum Take : int {
 };
 
 // Limits that no real document reaches; what lies beyond them is damage.
-constexpr int MaxTreeDepth = 1000; ///< rows deeper than this are kept at this level: many walks recurse
 constexpr quint32 MaxStringBytes = 1u << 26;
 constexpr int MaxLargeTags = 4; ///< normal tags of one mesh, and morph tags
 

@@ -52,6 +52,10 @@ bool readDelta(KMDReadContext &context, const KMMeshNode *mesh, MorphDelta &delt
         in.warn(Texts::tr("A morph of the vertex %1, which the mesh doesn't have").arg(delta.vertex));
         return false;
     }
+    if (delta.length < 0.0f) {
+        delta.length = -delta.length;
+        delta.direction = delta.direction * -1.0f;
+    }
     return std::isfinite(delta.length) && delta.length != 0.0f && delta.direction.lengthSquared() > 0.0f;
 }
 

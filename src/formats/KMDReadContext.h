@@ -37,11 +37,16 @@ public:
     qint64 meshNanoseconds = 0; ///< time that the meshes took, for the log
 
     /// Whether a shape of so many faces may be made beside those before it; counts them when it may. A few bytes can
-    /// describe millions of faces, and opening a file shall not take memory out of proportion to it.
-    bool takeFaces(qint64 faces)
+    /// describe millions of faces, and opening a file shall not take memory out of proportion to it. What the file has
+    /// bytes of its own for is believed: whatever was saved can be read.
+    bool takeFaces(qint64 faces, qint64 ownBytes = 0)
     {
         constexpr qint64 freeBytes = 40 << 20;
+        constexpr qint64 bytesOfByte = 50;  // in proportion, from a file to a document
         constexpr qint64 bytesOfFace = 500; // with its share of vertices, edges and normals
+        faces -= ownBytes * bytesOfByte / bytesOfFace;
+        if (faces <= 0)
+            return true;
         const qint64 fileBytes = in.position() + in.bytesLeft();
         if (faces > (freeBytes + fileBytes) / bytesOfFace - facesTaken)
             return false;

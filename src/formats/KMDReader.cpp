@@ -1,9 +1,11 @@
 #include "formats/KMDReader.h"
 
+#include "core/KMInputFile.h"
 #include "core/KMProject.h"
 #include "core/KMShaderNode.h"
 #include "core/KMSolution.h"
 #include "core/KMTexturePath.h"
+#include "core/KMTreeWidget.h"
 #include "formats/KMDContents.h"
 #include "formats/KMDNodeBodies.h"
 #include "formats/KMDSceneBuilder.h"
@@ -13,7 +15,6 @@
 
 #include <QDebug>
 #include <QFile>
-#include <QFileInfo>
 
 namespace {
 
@@ -29,7 +30,7 @@ void startFromSession(KMDContents &contents)
 /// The record to which a child of this one can belong, no deeper than the limit.
 int parentWithinLimit(const KMDContents &contents, int parent)
 {
-    while (parent >= 0 && contents.nodes[size_t(parent)].depth >= KMD::MaxTreeDepth)
+    while (parent >= 0 && contents.nodes[size_t(parent)].depth >= KMTreeWidget::MaxDepth)
         parent = contents.nodes[size_t(parent)].parent;
     return parent;
 }
@@ -47,21 +48,11 @@ bool KMDReader::read(const QString &path)
 
 bool KMDReader::open(QFile &file)
 {
-    constexpr qint64 mostBytes = 0x7fffffc0; // pictures and texts in it are no longer than a QByteArray
-    const QFileInfo info(file.fileName());
-    if (!info.exists())
-        m_error = tr("The file doesn't exist");
-    else if (!info.isFile()) // opening a pipe would wait for its other end
-        m_error = info.isDir() ? tr("This is a folder, not a file") : tr("This is not a regular file");
-    else if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        m_error = tr("The file can't be opened: %1").arg(file.errorString());
-    if (!m_error.isEmpty()) {
-        qDebug("file open error.");
-        return false;
-    }
-    if (file.size() > mostBytes)
-        m_error = tr("The file is too large: %1 bytes").arg(file.size());
-    return m_error.isEmpty();
+    m_error = KMInputFile::open(file, QIODevice::ReadOnly | QIODevice::Unbuffered);
+    if (m_error.isEmpty())
+        return true;
+    qDebug("file open error.");
+    return false;
 }
 
 bool KMDReader::readBytes(const QByteArray &bytes)

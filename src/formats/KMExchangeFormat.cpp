@@ -6,6 +6,15 @@
 
 #include <algorithm>
 
+bool KMExchangeFormat::ask(const Form &questions, KMOptionForm &answers, QWidget *window)
+{
+    if (!questions)
+        return true;
+    answers = questions();
+    answers.parent = window;
+    return KMPrompt::current().options(answers);
+}
+
 const QVector<KMExchangeFormat> &exchangeFormats()
 {
     static const QVector<KMExchangeFormat> formats = {

@@ -22,6 +22,9 @@ struct KMExchangeFormat
     /// Writes the document. On failure it has shown why, and what was at the path before is still there. Null where
     /// the format is only read.
     Work write;
+
+    /// Puts the questions of a form, null for none, to the user. False when they were given up.
+    static bool ask(const Form &questions, KMOptionForm &answers, QWidget *window = nullptr);
 };
 
 /// All of them, in the order of the menus.

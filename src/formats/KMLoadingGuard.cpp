@@ -23,8 +23,7 @@ KMLoadingGuard::~KMLoadingGuard()
         gProject->tree()->setFocus(); // hiding had passed the keyboard on
     gSolution->setBusy(m_wasBusy);
     m_projectSignals.unblock();
-    emit gProject->shadersChanged();
-    emit gProject->texturesChanged();
+    gProject->announceShelves();
 }
 
 void KMLoadingGuard::selectNothing()

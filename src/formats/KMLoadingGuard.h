@@ -2,8 +2,8 @@
 
 #include <QSignalBlocker>
 
-/// While it lives nothing is saved by itself, and the tree shows and tells nothing. The shelves are told once, at
-/// the end: a panel makes the pictures of all its tiles anew each time.
+/// While it lives nothing is saved by itself, and the tree shows and tells nothing. What changed on the
+/// shelves is told once, at the end: a panel makes all its tiles anew each time.
 class KMLoadingGuard
 {
     Q_DISABLE_COPY(KMLoadingGuard)

@@ -1,6 +1,7 @@
 #include "formats/KMMotionTarget.h"
 
 #include "core/KMCommand.h"
+#include "core/KMInputFile.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
 #include "core/KMPrompt.h"
@@ -12,7 +13,6 @@
 #include <QDebug>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <cmath>
 
@@ -60,13 +60,9 @@ KMBoneContainer *rig()
 
 bool open(QFile &file)
 {
-    const QString path = file.fileName();
-    QString why;
-    if (const QFileInfo info(path); info.exists() && !info.isFile()) // opening a pipe would wait for its other end
-        why = QCoreApplication::translate("KMMotionTarget", "This is not a regular file.");
-    else if (!file.open(QIODevice::ReadOnly))
-        why = file.errorString();
-    return why.isEmpty() || fail(QCoreApplication::translate("KMMotionTarget", "file open error."), path, why);
+    const QString why = KMInputFile::open(file);
+    return why.isEmpty()
+           || fail(QCoreApplication::translate("KMMotionTarget", "file open error."), file.fileName(), why);
 }
 
 bool fail(const QString &headline, const QString &path, const QString &sentence)
@@ -90,6 +86,8 @@ QSet<QString> boneNames(const KMBoneContainer &rig)
 
 void tellFound(int found, int named)
 {
+    if (found == named && !gSolution->window())
+        return; // where there is no status bar a line means trouble
     gSolution->showMessage(QCoreApplication::translate("KMMotionTarget", "%1 of the %2 bones in the file were found")
                                .arg(found)
                                .arg(named),

@@ -21,7 +21,8 @@ bool fail(const QString &headline, const QString &path, const QString &sentence)
 
 QSet<QString> boneNames(const KMBoneContainer &rig);
 
-/// Says in the status bar for how many of the names in the file there are bones.
+/// Says in the status bar for how many of the names in the file there are bones. Without a window only what is missing
+/// is told.
 void tellFound(int found, int named);
 
 constexpr float Scale = 10.0f; ///< from the positions of these files to the document's

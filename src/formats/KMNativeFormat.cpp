@@ -7,6 +7,7 @@
 #include "formats/KMReadReport.h"
 
 #include <QBuffer>
+#include <QDebug>
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
@@ -16,9 +17,15 @@ KMNativeFormat *installNativeFormat(KMSolution *solution)
 {
     static KMNativeFormat format;
     solution->setDocumentFormat(&format);
-    format.forgetViews();
-    QObject::connect(solution, &KMSolution::documentReset, solution, [] { format.forgetViews(); });
+    format.forgetDocument();
+    QObject::connect(solution, &KMSolution::documentReset, solution, [] { format.forgetDocument(); });
     return &format;
+}
+
+void KMNativeFormat::forgetDocument()
+{
+    m_kept = {};
+    m_told.clear();
 }
 
 bool KMNativeFormat::read(const QString &path)
@@ -47,7 +54,8 @@ bool KMNativeFormat::readWith(const QString &path, KMDReader::Options options)
         return tellFailure(path, reader.error());
     if (options.mask == KMD::TakeAll)
         m_kept.picture = reader.thumbnail();
-    tellWarnings(path, reader.warnings());
+    if (!reader.warnings().isEmpty())
+        KMReadReport::show(path, reader.warnings());
     return true;
 }
 
@@ -84,7 +92,7 @@ bool KMNativeFormat::writeTo(const QString &path, bool compatibility, QString &e
         error = tr("The file can't be written: %1").arg(file.errorString());
         return false;
     }
-    tellWarnings(path, writer.warnings());
+    tellUnwritten(path, writer.warnings());
     return true;
 }
 
@@ -109,8 +117,14 @@ bool KMNativeFormat::tellFailure(const QString &path, const QString &sentence) c
     return false;
 }
 
-void KMNativeFormat::tellWarnings(const QString &path, const QStringList &warnings) const
+/// Once while it stays the same: a document is saved over and over.
+void KMNativeFormat::tellUnwritten(const QString &path, const QStringList &warnings)
 {
+    if (!warnings.isEmpty() && (m_isQuiet || warnings == m_told)) {
+        qDebug().noquote() << path << warnings.join(QLatin1Char('\n'));
+        return;
+    }
+    m_told = warnings;
     if (!warnings.isEmpty())
         KMReadReport::show(path, warnings);
 }

@@ -19,13 +19,14 @@ public:
     /// Writes beside the target and renames at the end, so what was there before stays whole until the new
     /// file is complete on disk.
     bool write(const QString &path, double applicationNumber) override;
+    void setQuiet(bool quiet) override { m_isQuiet = quiet; }
     /// Adds a file to the open document. A mask of KMD::Take bits tells what to take besides the nodes, and the
     /// scale multiplies positions. Clears the history; on failure the document is as it was.
     bool importFile(const QString &path, int mask, float scale);
 
     /// Not owned. Without parts, which null stands for, what the file said of views goes into the next file.
     void setViewParts(KMDViewParts *parts) { m_parts = parts; }
-    void forgetViews() { m_kept = {}; } ///< those kept from the file: the document is another
+    void forgetDocument(); ///< what is kept of the file and was told of it: the document is another
 
 private:
     bool readWith(const QString &path, KMDReader::Options options);
@@ -33,10 +34,12 @@ private:
     KMDViewParts *parts() { return m_parts ? m_parts : &m_kept; }
     QByteArray thumbnail(const QString &path) const;
     bool tellFailure(const QString &path, const QString &sentence) const;
-    void tellWarnings(const QString &path, const QStringList &warnings) const;
+    void tellUnwritten(const QString &path, const QStringList &warnings);
 
     KMDViewParts *m_parts = nullptr;
     KMDKeptViews m_kept;
+    QStringList m_told; // what the last save left out
+    bool m_isQuiet = false;
 };
 
 /// The session reads and writes native files from now on. Returns the one format of the program.

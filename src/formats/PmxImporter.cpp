@@ -1,6 +1,7 @@
 #include "formats/PmxImporter.h"
 
 #include "core/KMCommand.h"
+#include "core/KMInputFile.h"
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeTreeCommands.h"
 #include "core/KMProject.h"
@@ -26,18 +27,6 @@
 #include <QFileInfo>
 
 namespace {
-
-/// Empty when the file can be opened.
-QString obstacle(QFile &file)
-{
-    constexpr qint64 mostBytes = 0x7fffffc0; // of a QByteArray
-    const QFileInfo info(file.fileName());
-    if (!info.isFile()) // opening a pipe would wait for its other end
-        return info.exists() ? PmxImporter::tr("This is no file") : PmxImporter::tr("The file doesn't exist");
-    if (info.size() > mostBytes)
-        return PmxImporter::tr("The file is too large: %1 bytes").arg(info.size());
-    return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
-}
 
 bool isMeshName(const QString &name)
 {
@@ -84,7 +73,7 @@ bool PmxImporter::load(const QString &path)
 bool PmxImporter::read(const QString &path, PmxFile &file)
 {
     QFile device(path);
-    const QString fault = obstacle(device);
+    const QString fault = KMInputFile::open(device);
     if (!fault.isEmpty()) {
         qDebug("file open error.");
         gSolution->showMessage(fault, KMCommand::MessageLevel);

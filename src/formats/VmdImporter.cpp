@@ -48,7 +48,6 @@ public:
 
 private:
     QByteArray raw(int bytes);
-    QString text(const QByteArray &field) const;
     KMBoneKey readKey();
 
     QIODevice *m_device;
@@ -69,10 +68,10 @@ QByteArray VmdReader::raw(int bytes)
     return field;
 }
 
-/// A name that fills its field has no terminator.
-QString VmdReader::text(const QByteArray &field) const
+/// A name that fills its field has no terminator; behind one there may be anything.
+QByteArray nameIn(const QByteArray &field)
 {
-    return m_codec->toUnicode(field.constData(), int(qstrnlen(field.constData(), uint(field.size()))));
+    return field.left(int(qstrnlen(field.constData(), uint(field.size()))));
 }
 
 bool VmdReader::readHeader()
@@ -85,7 +84,7 @@ bool VmdReader::readHeader()
                       .arg(m_device->pos());
         return false;
     }
-    qDebug().noquote() << "model name:" << text(model);
+    qDebug().noquote() << "model name:" << m_codec->toUnicode(nameIn(model));
     return true;
 }
 
@@ -121,10 +120,10 @@ bool VmdReader::readKeys()
 
 KMBoneKey VmdReader::readKey()
 {
-    const QByteArray field = raw(boneNameBytes);
+    const QByteArray field = nameIn(raw(boneNameBytes));
     auto name = m_names.find(field);
     if (name == m_names.end())
-        name = m_names.insert(field, text(field));
+        name = m_names.insert(field, m_codec->toUnicode(field));
 
     KMBoneKey key;
     key.name = *name;

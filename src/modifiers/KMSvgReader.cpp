@@ -1,12 +1,12 @@
 #include "modifiers/KMSvgReader.h"
 
+#include "core/KMInputFile.h"
 #include "modifiers/KMPathMesher.h"
 #include "modifiers/KMSvgPathData.h"
 #include "modifiers/KMSvgScanner.h"
 #include "modifiers/KMSvgStyle.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QPainterPath>
 #include <QStack>
 #include <QXmlStreamReader>
@@ -271,15 +271,9 @@ bool KMSvgReader::fail(const QString &what)
 
 bool KMSvgReader::readFile(const QString &path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return fail(tr("The file doesn't exist"));
-    if (!info.isFile()) // opening a pipe would wait for its other end
-        return fail(tr("This is not a regular file"));
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(tr("The file can't be opened: %1").arg(file.errorString()));
-    return read(&file);
+    const QString fault = KMInputFile::open(file);
+    return fault.isEmpty() ? read(&file) : fail(fault);
 }
 
 bool KMSvgReader::read(QIODevice *device)

@@ -125,18 +125,18 @@ BoneAnimation::Relinked BoneAnimation::relinkTracks()
     Relinked changes;
     if (m_tracks.isEmpty())
         return changes;
-    QHash<QString, KMBone *> bones;
+    QHash<const BoneTrack *, KMBone *> bones;
     for (KMBone *bone : m_container->bones()) {
-        if (!bones.contains(bone->name()))
-            bones.insert(bone->name(), bone); // the first of a name is the one
+        const BoneTrack *named = track(bone->name());
+        if (named && !bones.contains(named))
+            bones.insert(named, bone); // the first of a name is the one
     }
-    noteChange();
-    m_byName.clear();
     const QList<BoneTrack *> before = std::exchange(m_tracks, {});
     for (int i = 0; i < before.size(); ++i) {
         BoneTrack *track = before[i];
-        KMBone *bone = bones.value(track->name);
+        KMBone *bone = bones.value(track);
         if (!bone) {
+            m_byName.remove(track->name);
             changes.lost.push_back({i, std::unique_ptr<BoneTrack>(track)});
             continue;
         }
@@ -144,8 +144,9 @@ BoneAnimation::Relinked BoneAnimation::relinkTracks()
             changes.formerBones.append({track->name, track->bone});
         track->bone = bone;
         m_tracks << track;
-        m_byName.insert(track->name, track);
     }
+    if (!changes.isEmpty())
+        noteChange();
     return changes;
 }
 

@@ -9,8 +9,10 @@
 #include "rig/KMBoneCopy.h"
 #include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMRigTags.h"
 
 #include <algorithm>
+#include <limits>
 
 KMBoneContainer::KMBoneContainer()
     : m_tree(new KMBoneTreeWidget)
@@ -28,8 +30,7 @@ KMBoneContainer::KMBoneContainer()
         });
     }
     if (gProject)
-        connect(gProject, &KMProject::frameChanged, this,
-                [this](int frame) { m_animation->applyFrame(quint32(std::max(frame, 0))); });
+        connect(gProject, &KMProject::frameChanged, this, &KMBoneContainer::onFrameChanged);
 }
 
 KMBoneContainer::~KMBoneContainer()
@@ -45,13 +46,8 @@ KMBoneContainer::~KMBoneContainer()
 
 KMBoneContainer *KMBoneContainer::activeBoneContainer()
 {
-    KMNode *node = gSolution->currentNode();
-    KMBoneContainer *container = nullptr;
-    if (node && node->type() == KMNodeType::BoneContainer)
-        container = nodeAs<KMBoneContainer>(node);
-    else if (KMNode *bone = gSolution->currentBone())
-        container = nodeAs<KMBone>(bone)->container();
-    return container && !container->isLocked() && !container->isDeleted() ? container : nullptr;
+    KMBoneContainer *current = KMRigTags::currentRig();
+    return current && !current->isLocked() ? current : nullptr;
 }
 
 QList<KMBoneContainer *> KMBoneContainer::inTree()
@@ -170,6 +166,7 @@ void KMBoneContainer::restoreOrder(BoneAnimation::Relinked &&relinked)
 void KMBoneContainer::markOrderStale()
 {
     m_orderStale = true;
+    m_linkedTracks = std::numeric_limits<quint64>::max();
     if (gProject)
         gProject->rebuildDerivedLists(); // helpers show as long as their bones are there
     requestPose();
@@ -177,7 +174,10 @@ void KMBoneContainer::markOrderStale()
 
 BoneAnimation::Relinked KMBoneContainer::relinkTracks()
 {
+    if (m_linkedTracks == m_animation->revision())
+        return {};
     BoneAnimation::Relinked relinked = m_animation->relinkTracks();
+    m_linkedTracks = m_animation->revision();
     if (!relinked.isEmpty())
         requestFrame();
     return relinked;
@@ -185,8 +185,9 @@ BoneAnimation::Relinked KMBoneContainer::relinkTracks()
 
 void KMBoneContainer::restoreTracks(BoneAnimation::Relinked &&relinked)
 {
-    if (!relinked.isEmpty())
-        requestFrame();
+    if (relinked.isEmpty())
+        return;
+    requestFrame();
     m_animation->takeBack(std::move(relinked));
 }
 
@@ -251,6 +252,15 @@ void KMBoneContainer::pairMirrorBones(float tolerance)
             other->setMirrorBone(bone);
         }
     }
+}
+
+/// A rig out of the scene, in the history or the clipboard, is posed when it comes back.
+void KMBoneContainer::onFrameChanged(int frame)
+{
+    if (item())
+        m_animation->applyFrame(quint32(std::max(frame, 0)));
+    else
+        requestFrame();
 }
 
 void KMBoneContainer::refreshAfterEdit()

@@ -64,6 +64,7 @@ public:
     void pushContentsDeleted() override;     ///< its bones: what hangs on them has to follow
 
 private:
+    void onFrameChanged(int frame);
     void markOrderStale();
     void deriveOrder() const;
 
@@ -72,6 +73,7 @@ private:
     mutable bool m_orderStale = false;
     std::unique_ptr<KMBoneTreeWidget> m_tree;
     std::unique_ptr<BoneAnimation> m_animation;
+    quint64 m_linkedTracks = 0; // the revision of the motion that was linked to the rows as they are
     bool m_poseStale = false;
     bool m_frameStale = false;
 };

@@ -2,23 +2,20 @@
 
 #include "core/KMNodeType.h"
 #include "rig/KMBone.h"
+#include "rig/KMRigTags.h"
 #include "rig/KMTagConstraint.h"
-#include "rig/KMTagJoint.h"
 
 #include <QHash>
 
 namespace {
 
 /// The copy has the live tags alone, in their order.
-void noteBodies(const KMBone &source, const KMBone &copy, QHash<KMTagRigidBody *, KMTagRigidBody *> *copyOf)
+void noteTags(const KMBone &source, const KMBone &copy, KMRigTags::Copies *copies)
 {
     int index = 0;
     for (KMTagBase *tag : source.tags()) {
-        if (tag->isDeleted())
-            continue;
-        if (tag->type() == KMNodeType::TagRigidBody)
-            copyOf->insert(nodeAs<KMTagRigidBody>(tag), nodeAs<KMTagRigidBody>(copy.tag(index)));
-        ++index;
+        if (!tag->isDeleted())
+            *copies << KMRigTags::Copied{tag, copy.tag(index++)};
     }
 }
 
@@ -37,21 +34,16 @@ QList<Placed> copies(const QList<KMBone *> &bones)
         copyOf.insert(bone, copy);
         placed.append({bone, copy, copyOf.value(bone->parentBone())});
     }
-    QHash<KMTagRigidBody *, KMTagRigidBody *> copyOfBody;
-    for (auto it = copyOf.cbegin(); it != copyOf.cend(); ++it)
-        noteBodies(*it.key(), *it.value(), &copyOfBody);
-    for (const Placed &entry : std::as_const(placed)) {
-        for (KMTagBase *tag : entry.copy->tags()) {
-            if (tag->type() == KMNodeType::TagConstraint) {
-                auto *constraint = nodeAs<KMTagConstraint>(tag);
-                KMBone *target = constraint->data().target;
-                constraint->setTarget(copyOf.value(target, target));
-            } else if (tag->type() == KMNodeType::TagJoint) {
-                auto *joint = nodeAs<KMTagJoint>(tag);
-                joint->linkBodies(copyOfBody.value(joint->bodyA(), joint->bodyA()),
-                                  copyOfBody.value(joint->bodyB(), joint->bodyB()));
-            }
-        }
+    KMRigTags::Copies tags;
+    for (const Placed &entry : std::as_const(placed))
+        noteTags(*entry.source, *entry.copy, &tags);
+    KMRigTags::relinkCopies(tags);
+    for (const auto &[source, copy] : std::as_const(tags)) {
+        if (source->type() != KMNodeType::TagConstraint)
+            continue;
+        auto *constraint = nodeAs<KMTagConstraint>(copy);
+        KMBone *target = constraint->data().target;
+        constraint->setTarget(copyOf.value(target, target));
     }
     return placed;
 }

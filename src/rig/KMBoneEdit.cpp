@@ -115,6 +115,12 @@ void pushSelected(KMBoneContainer *rig, const QList<KMBone *> &bones)
         gSolution->push(new selectBonesCommand(rig, masks));
 }
 
+bool areNeeded(const Changes &changes)
+{
+    return std::any_of(changes.begin(), changes.end(),
+                       [](const Change &change) { return !isSame(change.rest, change.bone->rest()); });
+}
+
 void pushChanges(const Changes &changes)
 {
     for (const Change &change : changes) {

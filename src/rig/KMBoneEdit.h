@@ -22,6 +22,7 @@ struct Change
 };
 using Changes = QVector<Change>;
 
+bool areNeeded(const Changes &changes);   ///< pushChanges() has something to push
 void pushChanges(const Changes &changes); ///< those that are more than rounding away from what the bones have
 
 /// The joints of a chain on the line from its first head to its last tail, with the shares that the lengths have now.
@@ -52,7 +53,8 @@ QString mirroredName(const QString &name);
 /// A new bone as the first child of the first selected one, from whose tail it goes on, or at the top of the container.
 /// It becomes the selected one.
 KMBone *pushNewBone(KMBoneContainer *container);
-/// One macro: a new bone in the active container, or else in the first one that isn't locked, or in a new one.
+/// One macro: a new bone in the active container, or else in the first one that isn't locked, or in a new one. Null
+/// where there is no room below the selected one.
 KMBone *createBone();
 /// The active container, or else the one at hand, or a new one.
 KMBoneContainer *containerForNew();
@@ -69,9 +71,14 @@ void pushCopies(KMBoneContainer *container); ///< of the selected bones with all
 void pushMirrored(KMBoneContainer *container, const QList<KMBone *> &bones); ///< a partner for each
 void pushDivided(KMBone *bone); ///< into two halves; its children hang on the second
 void pushLayered(KMBone *bone); ///< a point at the same place comes above it
-/// So many bones may stand above one. Rows are walked by recursion in Qt: at many thousands the stack isn't enough.
+/// So many bones may stand above one. Rows are walked by recursion in Qt: at many thousands the stack isn't enough. The
+/// readers move up what lies deeper, so whoever makes or moves bones asks first; where there is no room the user is
+/// told.
 constexpr int MaxDepth = 4000;
-int longestRun(const KMMeshNode &mesh); ///< of selected edges
+bool hasRoom(const KMBone *parent, int levels);            ///< for so many bones in a row on a parent, null for the top
+bool hasRoomFor(const KMBone *bone, const KMBone *parent); ///< with all below it on a parent, null for the top
+bool hasRoomForDoubles(const KMBoneContainer &rig, const QList<KMBone *> &bones); ///< one more bone for each of these
+int longestRun(const KMMeshNode &mesh);                                           ///< of selected edges
 /// A bone on each edge of the selected runs of edges, under a parent, null for the top.
 void pushFromEdges(KMBoneContainer *container, const KMMeshNode &mesh, KMBone *parent);
 

@@ -1,5 +1,6 @@
 // How bones are made: new ones, copies, images and parts of others.
 
+#include "core/KMCommand.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMUndoMacro.h"
@@ -12,6 +13,8 @@
 #include "rig/KMBoneEdit.h"
 #include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
+
+#include <QSet>
 
 #include <algorithm>
 
@@ -51,7 +54,40 @@ QVector<kvm::Vector3> pointsOf(const KMEdgeChain &chain, const KMMeshNode &mesh)
     return points;
 }
 
+bool tellNoRoom()
+{
+    gSolution->showMessage(KMBone::tr("A rig can't be deeper than %1 bones").arg(MaxDepth), KMCommand::MessageLevel);
+    return false;
+}
+
 } // namespace
+
+bool hasRoom(const KMBone *parent, int levels)
+{
+    return (parent ? parent->depth() : -1) + levels <= MaxDepth || tellNoRoom();
+}
+
+bool hasRoomFor(const KMBone *bone, const KMBone *parent)
+{
+    return KMTreeWidget::hasRoom(parent ? parent->item() : nullptr, bone->item(), MaxDepth) || tellNoRoom();
+}
+
+/// Wherever in its chain the other bone of each comes, a chain gets no longer than the deepest one and those of a
+/// chain.
+bool hasRoomForDoubles(const KMBoneContainer &rig, const QList<KMBone *> &bones)
+{
+    const QSet<KMBone *> doubled(bones.begin(), bones.end());
+    QVector<int> inChain; // by the index of the bone at its end
+    int deepest = 0;
+    int most = 0;
+    for (KMBone *bone : rig.bones()) { // parents come before their children
+        const KMBone *parent = bone->parentBone();
+        inChain << (parent ? inChain[parent->boneIndex()] : 0) + doubled.contains(bone);
+        most = std::max(most, inChain.last());
+        deepest = std::max(deepest, bone->depth());
+    }
+    return deepest + most <= MaxDepth || tellNoRoom();
+}
 
 KMBone *pushNewBone(KMBoneContainer *container)
 {
@@ -69,6 +105,9 @@ KMBone *pushNewBone(KMBoneContainer *container)
 
 KMBone *createBone()
 {
+    const KMBoneContainer *active = KMBoneContainer::activeBoneContainer();
+    if (active && !hasRoom(active->selectedBones().value(0), 1))
+        return nullptr;
     const KMUndoMacro macro(KMBone::tr("Add Bone"));
     return pushNewBone(containerForNew());
 }

@@ -81,6 +81,21 @@ void editTagBoneWeightCommand::write(const KMWeightParameters &parameters)
     m_tag->markChanged();
 }
 
+rebindBoneWeightCommand::rebindBoneWeightCommand(KMMeshNode *mesh, KMTagBoneWeight *tag,
+                                                 const QVector<Exchange> &exchanges)
+    : KMMeshCommand(tr("Rebind BoneWeight"), mesh)
+    , m_tag(tag)
+    , m_exchanges(exchanges)
+{
+}
+
+void rebindBoneWeightCommand::apply(Direction direction)
+{
+    for (const Exchange &exchange : std::as_const(m_exchanges))
+        m_tag->exchangeBone(exchange.number, direction == Direction::Redo ? exchange.after : exchange.before);
+    m_tag->markChanged();
+}
+
 KMSdefFlagCommand::KMSdefFlagCommand(const QString &text, KMMeshNode *mesh, KMTagBoneWeight *tag,
                                      const QVector<int> &vertices, bool flagged)
     : KMMeshCommand(text, mesh)

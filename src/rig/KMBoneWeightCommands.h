@@ -3,11 +3,13 @@
 #include "core/KMChangeValueCommand.h"
 #include "mesh/KMMeshCommand.h"
 #include "rig/BoneWeightEntry.h"
+#include "rig/KMBone.h"
 #include "rig/KMWeightEdit.h"
 #include "rig/KMWeightParameters.h"
 
 #include <QCoreApplication>
 #include <QPair>
+#include <QPointer>
 #include <QVector>
 
 class KMTagBoneWeight;
@@ -63,6 +65,28 @@ protected:
 
 private:
     KMTagBoneWeight *m_tag;
+};
+
+/// Binds what hangs on some bones to others in their place: what was copied stands for what is gone.
+class rebindBoneWeightCommand : public KMMeshCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(rebindBoneWeightCommand)
+public:
+    struct Exchange
+    {
+        int number;              ///< of the tag
+        QPointer<KMBone> before; ///< null when it is gone for good
+        QPointer<KMBone> after;
+    };
+
+    rebindBoneWeightCommand(KMMeshNode *mesh, KMTagBoneWeight *tag, const QVector<Exchange> &exchanges);
+
+protected:
+    void apply(Direction direction) override;
+
+private:
+    KMTagBoneWeight *m_tag;
+    QVector<Exchange> m_exchanges;
 };
 
 /// Says of vertices whether they shall be blended spherically. Those of which it is said already are left out.

@@ -2,6 +2,8 @@
 
 #include "core/KMProject.h"
 
+#include <algorithm>
+
 namespace {
 
 using Items = KMDisplayNode::Items;
@@ -17,15 +19,29 @@ int indexBehindLive(const Items &items, int live)
     return index;
 }
 
-Items with(Items items, const DisplayItem &item, int position)
+Items with(const Items &items, const Items &added, int position)
 {
-    items.insert(position < 0 ? items.size() : indexBehindLive(items, position), item);
-    return items;
+    const int index = position < 0 ? items.size() : indexBehindLive(items, position);
+    return items.mid(0, index) + added + items.mid(index);
 }
 
-Items without(Items items, int position)
+Items without(const Items &items, const QList<int> &positions)
 {
-    items.removeAt(indexBehindLive(items, position));
+    Items rest;
+    int live = 0;
+    for (const DisplayItem &item : items) {
+        if (!item.isLive() || !std::binary_search(positions.begin(), positions.end(), live++))
+            rest << item;
+    }
+    return rest;
+}
+
+Items moved(Items items, const moveDisplayItemCommand::Moves &moves)
+{
+    for (const auto &[from, to] : moves) {
+        const DisplayItem item = items.at(indexBehindLive(items, from));
+        items = with(without(items, {from}), {item}, to);
+    }
     return items;
 }
 
@@ -133,17 +149,36 @@ void KMDisplayItemsCommand::write(const Items &items)
 }
 
 addDisplayItemCommand::addDisplayItemCommand(KMDisplayNode *group, const DisplayItem &item, int position)
-    : KMDisplayItemsCommand(tr("Add DisplayItem"), group, with(group->items(), item, position))
+    : addDisplayItemCommand(group, Items{item}, position)
+{
+}
+
+addDisplayItemCommand::addDisplayItemCommand(KMDisplayNode *group, const Items &items, int position)
+    : KMDisplayItemsCommand(tr("Add DisplayItem"), group, with(group->items(), items, position))
 {
 }
 
 removeDisplayItemCommand::removeDisplayItemCommand(KMDisplayNode *group, int position)
-    : KMDisplayItemsCommand(tr("Remove DisplayItem"), group, without(group->items(), position))
+    : removeDisplayItemCommand(group, QList<int>{position})
+{
+}
+
+removeDisplayItemCommand::removeDisplayItemCommand(KMDisplayNode *group, const QList<int> &positions)
+    : KMDisplayItemsCommand(tr("Remove DisplayItem"), group, without(group->items(), positions))
 {
 }
 
 moveDisplayItemCommand::moveDisplayItemCommand(KMDisplayNode *group, int from, int to)
-    : KMDisplayItemsCommand(tr("Move DisplayItem"), group,
-                            with(without(group->items(), from), group->liveItems().at(from), to))
+    : moveDisplayItemCommand(group, Moves{{from, to}})
+{
+}
+
+moveDisplayItemCommand::moveDisplayItemCommand(KMDisplayNode *group, const Moves &moves)
+    : KMDisplayItemsCommand(tr("Move DisplayItem"), group, moved(group->items(), moves))
+{
+}
+
+relinkDisplayItemsCommand::relinkDisplayItemsCommand(KMDisplayNode *group, const Items &items)
+    : KMDisplayItemsCommand(tr("Relink DisplayItem"), group, items)
 {
 }

@@ -71,7 +71,8 @@ private:
     KMDisplayNode *m_group;
 };
 
-/// Base of what changes the lines of a group. Places count the live ones.
+/// Base of what changes the lines of a group. Places count the live ones. One step keeps all lines before and after, so
+/// several go in one.
 class KMDisplayItemsCommand : public changeValueCommand<KMDisplayNode::Items>
 {
 protected:
@@ -87,6 +88,7 @@ class addDisplayItemCommand : public KMDisplayItemsCommand
     Q_DECLARE_TR_FUNCTIONS(addDisplayItemCommand)
 public:
     addDisplayItemCommand(KMDisplayNode *group, const DisplayItem &item, int position = -1); ///< -1: last
+    addDisplayItemCommand(KMDisplayNode *group, const KMDisplayNode::Items &items, int position = -1);
 };
 
 class removeDisplayItemCommand : public KMDisplayItemsCommand
@@ -94,11 +96,23 @@ class removeDisplayItemCommand : public KMDisplayItemsCommand
     Q_DECLARE_TR_FUNCTIONS(removeDisplayItemCommand)
 public:
     removeDisplayItemCommand(KMDisplayNode *group, int position);
+    removeDisplayItemCommand(KMDisplayNode *group, const QList<int> &positions); ///< ascending
+};
+
+/// Lines name other nodes: what was copied stands for what is gone.
+class relinkDisplayItemsCommand : public KMDisplayItemsCommand
+{
+    Q_DECLARE_TR_FUNCTIONS(relinkDisplayItemsCommand)
+public:
+    relinkDisplayItemsCommand(KMDisplayNode *group, const KMDisplayNode::Items &items);
 };
 
 class moveDisplayItemCommand : public KMDisplayItemsCommand
 {
     Q_DECLARE_TR_FUNCTIONS(moveDisplayItemCommand)
 public:
+    using Moves = QVector<QPair<int, int>>; ///< from, to, one after the other
+
     moveDisplayItemCommand(KMDisplayNode *group, int from, int to); ///< to: the moved one not counted
+    moveDisplayItemCommand(KMDisplayNode *group, const Moves &moves);
 };

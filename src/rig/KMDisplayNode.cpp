@@ -40,6 +40,11 @@ KMDisplayNode::Items KMDisplayNode::liveItems() const
     return live;
 }
 
+bool KMDisplayNode::isSpecial() const
+{
+    return m_special.value_or(name() == QLatin1String("Root") || name() == QString::fromUtf8("表情"));
+}
+
 void KMDisplayNode::pushAddCommand()
 {
     gSolution->push(new addDisplayNodeCommand(this));

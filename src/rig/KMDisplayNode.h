@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QVector>
 
+#include <optional>
+
 /// A line of a display group.
 struct DisplayItem
 {
@@ -37,7 +39,9 @@ public:
     void setItems(const Items &items) { m_items = items; }
     Items liveItems() const;
 
-    bool isSpecial() const { return m_special; } ///< one of the two frames that every player has
+    /// One of the two frames that every player has: by what was said of it, else by its name, since neither the panel
+    /// nor the native file has a place for this.
+    bool isSpecial() const;
     void setSpecial(bool special) { m_special = special; }
 
     void pushAddCommand() override;
@@ -45,5 +49,5 @@ public:
 
 private:
     Items m_items;
-    bool m_special = false;
+    std::optional<bool> m_special; // none where nothing was said
 };

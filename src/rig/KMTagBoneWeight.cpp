@@ -47,6 +47,15 @@ int KMTagBoneWeight::numberOf(KMBone *bone)
     return m_bones.size() - 1;
 }
 
+void KMTagBoneWeight::exchangeBone(int number, KMBone *bone)
+{
+    m_numbers.remove(m_bones.at(number));
+    m_bones[number] = bone;
+    if (bone)
+        m_numbers.insert(bone, number);
+    staleAll();
+}
+
 bool KMTagBoneWeight::isLive(int number) const
 {
     const KMBone *bone = m_bones.at(number);

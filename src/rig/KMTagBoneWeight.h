@@ -60,6 +60,7 @@ public:
     const KMWeightLists &lists() const { return m_lists; }
     void setShares(int vertex, KMShareView shares); ///< all of a vertex, in place of what it had
     int numberOf(KMBone *bone);                     ///< gives it one the first time
+    void exchangeBone(int number, KMBone *bone);    ///< all entries of it go to another bone, that has no number yet
     int knownNumberOf(const KMBone *bone) const { return m_numbers.value(bone, -1); }
     const QVector<KMBone *> &bones() const { return m_bones; } ///< by number; null for one that is gone for good
     bool isLive(int number) const;                             ///< its bone is neither gone for good nor deleted

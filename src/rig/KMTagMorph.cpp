@@ -89,9 +89,12 @@ void KMTagMorph::dropMorph(KMMorph *morph)
 
 void KMTagMorph::setOrder(const QList<KMMorph *> &order)
 {
-    auto next = order.begin();
+    QList<KMMorph *> own;
+    std::copy_if(order.begin(), order.end(), std::back_inserter(own),
+                 [this](KMMorph *morph) { return m_morphs.contains(morph); });
+    auto next = own.begin();
     for (KMMorph *&morph : m_morphs) {
-        if (next != order.end() && order.contains(morph))
+        if (own.contains(morph))
             morph = *next++;
     }
     layAnew(); // floats in another order have another sum

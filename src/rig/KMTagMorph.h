@@ -32,7 +32,8 @@ public:
     KMMorph *findMorph(const QString &name) const;              ///< the first live one, else null
     void addMorph(KMMorph *morph);                              ///< behind the others; the tag owns it now
     void dropMorph(KMMorph *morph);                             ///< out of the list; for one that is being deleted
-    void setOrder(const QList<KMMorph *> &order); ///< of the live ones; those that the list doesn't name keep theirs
+    /// Of the live ones; those that the list doesn't name keep their places. Morphs of other tags are left out.
+    void setOrder(const QList<KMMorph *> &order);
 
     /// Brings the positions up to values and displacements as they are now, where the tag hangs on a mesh.
     void layAnew();

@@ -1,6 +1,8 @@
 #include "rig/KMTagSelection.h"
 
+#include "core/KMCommand.h"
 #include "core/KMNodeType.h"
+#include "core/KMSolution.h"
 #include "core/KMWaitingMacro.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
@@ -102,8 +104,10 @@ KMStoredSelection KMTagSelection::selectionOf(const KMMeshNode &mesh)
 void KMTagSelection::recall(Recall recall) const
 {
     KMMeshNode *target = mesh();
-    if (!target || target->isLocked())
+    if (!target)
         return;
+    if (target->isLocked())
+        return gSolution->showMessage(tr("%1 is locked").arg(target->name()), KMCommand::MessageLevel);
     const KMWaitingMacro macro(tr("Restore Selection"));
     KMMeshEdit::settleEdges(*target);
     const KMStoredSelection before = recall == Recall::Replace ? selectionOf(*target) : KMStoredSelection();

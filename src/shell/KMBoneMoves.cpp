@@ -8,8 +8,11 @@
 #include "rig/KMBoneEdit.h"
 #include "rig/KMBoneNames.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMPhysicsCommands.h"
+#include "rig/KMRigTags.h"
 
 #include <QCoreApplication>
+#include <QSet>
 
 #include <algorithm>
 #include <iterator>
@@ -74,6 +77,26 @@ int keysOf(const KMBoneContainer &rig)
     return count;
 }
 
+/// Takes bodies off joints that have come to stand in another rig: no player could hold these together. Answers how
+/// many joints that were; the body or the joint hangs on one of the bones.
+int pushJointsTorn(const KMBoneContainer *rig, const QSet<const KMBone *> &moved)
+{
+    int torn = 0;
+    for (KMTagJoint *joint : KMRigTags::joints(rig)) {
+        JointData data = joint->parameters();
+        for (QPointer<KMTagRigidBody> *side : {&data.bodyA, &data.bodyB}) {
+            const KMBone *bone = *side ? (*side)->bone() : nullptr;
+            if (bone && bone->container() != rig && (moved.contains(bone) || moved.contains(joint->bone())))
+                side->clear();
+        }
+        if (data == joint->parameters())
+            continue;
+        gSolution->push(new editTagJointCommand(joint, data));
+        ++torn;
+    }
+    return torn;
+}
+
 void tell(const QString &text)
 {
     gSolution->showMessage(text, KMCommand::MessageLevel);
@@ -90,6 +113,8 @@ void KMBoneMoves::move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidge
                  [parent](const KMBone *bone) { return canMoveBone(bone, parent); });
     if (movable.size() < bones.size())
         tell(QCoreApplication::translate("KMBoneMoves", "A bone can't stand below itself"));
+    const auto lacksRoom = [parent](const KMBone *bone) { return !KMBoneEdit::hasRoomFor(bone, parent); };
+    movable.erase(std::remove_if(movable.begin(), movable.end(), lacksRoom), movable.end());
     KMBone *sibling = target && !isInto ? stayingSibling(target, place, movable) : nullptr;
     if (movable.isEmpty() || standThere(movable, parent, sibling))
         return;
@@ -112,17 +137,24 @@ void KMBoneMoves::moveToRig(KMBoneContainer *from, KMBoneContainer *to)
         return;
     const int keysBefore = keysOf(*from);
     KMBoneNames names(*to);
+    QSet<const KMBone *> moved;
     const KMUndoMacro macro(moveCtrlNodeCommand::tr("Move Bone"));
     for (KMBone *top : tops) {
         const QList<KMBone *> bones = from->subtree(top->item());
         gSolution->push(new moveBoneToOtherContainerCommand(top, to));
         for (KMBone *bone : bones) { // keys find a bone by its name
+            moved.insert(bone);
             if (names.isTaken(bone->name()))
                 bone->pushRenameCommand(names.unique(bone->name()));
             else
                 names.take(bone->name());
         }
     }
+    QStringList losses;
     if (const int lost = keysBefore - keysOf(*from))
-        tell(QCoreApplication::translate("KMBoneMoves", "%n key(s) of the moved bones are gone", nullptr, lost));
+        losses << QCoreApplication::translate("KMBoneMoves", "%n key(s) of the moved bones are gone", nullptr, lost);
+    if (const int torn = pushJointsTorn(from, moved) + pushJointsTorn(to, moved))
+        losses << QCoreApplication::translate("KMBoneMoves", "%n joint(s) lost a body of the other rig", nullptr, torn);
+    if (!losses.isEmpty())
+        tell(losses.join(QStringLiteral(", ")));
 }

@@ -16,7 +16,7 @@ void move(const QList<KMBone *> &bones, KMBone *target, KMTreeWidget::Place plac
 void copy(KMBoneContainer *rig, KMBone *target, KMTreeWidget::Place place);
 
 /// Moves the selected bones with all below them to the top level of another rig. They get other names where theirs are
-/// taken there; their keys don't come along, and a message says so.
+/// taken there; their keys don't come along, joints don't reach from rig to rig, and a message says so.
 void moveToRig(KMBoneContainer *from, KMBoneContainer *to);
 
 } // namespace KMBoneMoves

@@ -10,7 +10,9 @@
 #include "core/KMWaitingMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMRigTags.h"
 #include "shell/KMNodeEdits.h"
+#include "shell/KMNodeTemplates.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -47,13 +49,8 @@ KMNodeClipboard::~KMNodeClipboard() = default;
 
 void KMNodeClipboard::copy(const QList<KMContainerNode *> &nodes)
 {
-    std::vector<std::unique_ptr<KMNodeEdits::Template>> templates;
-    for (const KMContainerNode *node : nodes) {
-        auto copied = std::make_unique<KMNodeEdits::Template>(node);
-        if (!copied->isEmpty())
-            templates.push_back(std::move(copied));
-    }
-    if (templates.empty())
+    auto templates = std::make_unique<KMNodeTemplates>(nodes);
+    if (templates->isEmpty())
         return;
     clear();
     m_templates = std::move(templates);
@@ -63,11 +60,14 @@ void KMNodeClipboard::copy(const QList<KMContainerNode *> &nodes)
 void KMNodeClipboard::copyTags(const QList<KMTagBase *> &tags)
 {
     clear();
-    for (const KMTagBase *tag : tags) {
+    KMRigTags::Copies copies;
+    for (KMTagBase *tag : tags) {
         m_tags.emplace_back(tag->clone());
         m_tags.back()->setName(tag->name());
         m_isOfBone = tag->owner() && tag->owner()->type() == KMNodeType::Bone;
+        copies << KMRigTags::Copied{tag, m_tags.back().get()};
     }
+    KMRigTags::relinkCopies(copies);
     mark(m_isOfBone ? KMBoneTreeWidget::BoneTagMimeType : KMTreeWidget::TagMimeType);
 }
 
@@ -83,7 +83,7 @@ bool KMNodeClipboard::isEmpty() const
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
     if (!data)
         return true;
-    const bool hasNodes = !m_templates.empty() && data->hasFormat(KMTreeWidget::NodeMimeType);
+    const bool hasNodes = m_templates && data->hasFormat(KMTreeWidget::NodeMimeType);
     const bool hasTag =
         data->hasFormat(KMTreeWidget::TagMimeType) || data->hasFormat(KMBoneTreeWidget::BoneTagMimeType);
     return !hasNodes && !(!m_tags.empty() && hasTag);
@@ -103,12 +103,10 @@ void KMNodeClipboard::pasteNodes()
 {
     QList<KMContainerNode *> rows;
     const KMUndoMacro macro(tr("Paste"));
-    for (const auto &copied : m_templates) {
-        KMContainerNode *node = copied->instantiate(nullptr);
+    for (KMContainerNode *node : m_templates->instantiate()) {
         if (node->item())
             rows << node;
     }
-    gProject->checkModifiers();
     if (!rows.isEmpty())
         KMNodeEdits::selectOnly(rows);
 }
@@ -117,8 +115,12 @@ void KMNodeClipboard::pasteTags()
 {
     const KMWaitingMacro macro(tr("Paste"));
     for (KMContainerNode *node : m_isOfBone ? selectedBones() : selectedNodes()) {
-        for (const auto &tag : m_tags)
-            KMNodeEdits::copyTag(tag.get(), node);
+        KMRigTags::Copies copies;
+        for (const auto &tag : m_tags) {
+            if (KMTagBase *copy = KMNodeEdits::copyTag(tag.get(), node))
+                copies << KMRigTags::Copied{tag.get(), copy};
+        }
+        KMRigTags::relinkCopies(copies);
     }
     if (!macro.hasBegun())
         gSolution->showMessage(tr("Select a node that can hold %1").arg(m_tags.front()->name()),
@@ -127,6 +129,6 @@ void KMNodeClipboard::pasteTags()
 
 void KMNodeClipboard::clear()
 {
-    m_templates.clear();
+    m_templates.reset();
     m_tags.clear();
 }

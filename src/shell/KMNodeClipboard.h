@@ -6,11 +6,8 @@
 #include <vector>
 
 class KMContainerNode;
+class KMNodeTemplates;
 class KMTagBase;
-
-namespace KMNodeEdits {
-class Template;
-}
 
 /// Nodes of the tree, shaders, textures or tags that were copied or cut. The system's clipboard gets a mark only: what
 /// was copied elsewhere since then counts instead.
@@ -35,7 +32,7 @@ private:
     void pasteNodes();
     void pasteTags();
 
-    std::vector<std::unique_ptr<KMNodeEdits::Template>> m_templates;
+    std::unique_ptr<KMNodeTemplates> m_templates; // null when tags were copied
     std::vector<std::unique_ptr<KMTagBase>> m_tags;
     bool m_isOfBone = false; ///< tags of bones go to bones
 };

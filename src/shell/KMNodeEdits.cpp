@@ -11,15 +11,16 @@
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMUndoMacro.h"
+#include "core/KMWaitingMacro.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMRigTags.h"
+#include "shell/KMNodeTemplates.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -48,30 +49,31 @@ KMContainerNode *nextSibling(KMContainerNode *node, const QList<KMContainerNode 
     return nullptr;
 }
 
-void moveTo(KMContainerNode *node, KMContainerNode *parent)
-{
-    if (parent)
-        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, parent, node));
-    else
-        gSolution->push(new moveNodeCommand(moveNodeCommand::LastTopLevel, nullptr, node));
-}
-
 void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
 {
     const auto mode = sibling->item()->parent() ? moveNodeCommand::BeforeSibling : moveNodeCommand::BeforeTopLevel;
     gSolution->push(new moveNodeCommand(mode, sibling, node));
 }
 
-/// Before which of the modifiers below a mesh a new one belongs; null for behind them all. A bone deform takes the
-/// weights that an anchor gives, and leaves none.
-KMContainerNode *placeOfModifier(const KMContainerNode *modifier, const KMContainerNode *mesh)
+/// As the last below a mesh; but a bone deform takes the weights that an anchor gives, and leaves none.
+void placeModifier(KMContainerNode *modifier, KMContainerNode *mesh)
 {
     for (int i = 0; modifier->type() == KMNodeType::ModAnchor && i < mesh->item()->childCount(); ++i) {
         KMContainerNode *child = KMTreeWidget::nodeOf(mesh->item()->child(i));
         if (child->type() == KMNodeType::ModBoneDeform)
-            return child;
+            return moveBefore(modifier, child);
     }
-    return nullptr;
+    moveTo(modifier, mesh);
+}
+
+/// Else the node would be moved up when the document is read again.
+bool hasRoom(const KMContainerNode *parent, const KMContainerNode *node)
+{
+    if (!parent || KMTreeWidget::hasRoom(parent->item(), node->item()))
+        return true;
+    gSolution->showMessage(tr("Nodes can't stand deeper than %1 in one another").arg(KMTreeWidget::MaxDepth),
+                           KMCommand::MessageLevel);
+    return false;
 }
 
 bool hasTagNamed(const KMContainerNode *node, const QString &name)
@@ -93,6 +95,14 @@ int indexAtPlace(const KMContainerNode *node, int place)
 }
 
 } // namespace
+
+void KMNodeEdits::moveTo(KMContainerNode *node, KMContainerNode *parent)
+{
+    if (parent)
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, parent, node));
+    else
+        gSolution->push(new moveNodeCommand(moveNodeCommand::LastTopLevel, nullptr, node));
+}
 
 KMContainerNode *KMNodeEdits::meshForModifier()
 {
@@ -136,20 +146,19 @@ QList<KMContainerNode *> KMNodeEdits::affectedBy(KMContainerNode *node)
 
 bool KMNodeEdits::move(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place)
 {
+    const bool isInto = place == KMTreeWidget::Place::Into;
+    KMContainerNode *parent = target && !isInto ? KMTreeWidget::parentNodeOf(target) : target;
     QList<KMContainerNode *> movable;
     for (KMContainerNode *node : nodes) {
-        if (canMove(node, target) || (node == target && place != KMTreeWidget::Place::Into && nodes.size() > 1))
+        const bool isPossible = canMove(node, target) || (node == target && !isInto && nodes.size() > 1);
+        if (isPossible && hasRoom(parent, node))
             movable << node;
     }
     if (movable.isEmpty())
         return false;
 
-    KMContainerNode *parent = nullptr;
     KMContainerNode *sibling = nullptr; // the nodes go before it, or last where there is none
-    if (target && place == KMTreeWidget::Place::Into) {
-        parent = target;
-    } else if (target) {
-        parent = KMTreeWidget::parentNodeOf(target);
+    if (target && !isInto) {
         const bool atTarget = place == KMTreeWidget::Place::Before && !movable.contains(target);
         sibling = atTarget ? target : nextSibling(target, movable);
     }
@@ -166,7 +175,10 @@ bool KMNodeEdits::move(const QList<KMContainerNode *> &nodes, KMContainerNode *t
 
 void KMNodeEdits::groupUnderNull(const QList<KMContainerNode *> &nodes)
 {
-    if (nodes.isEmpty())
+    const auto fits = [&nodes](const KMContainerNode *node) {
+        return hasRoom(nodes.first(), node); // the group will stand as deep
+    };
+    if (nodes.isEmpty() || !std::all_of(nodes.begin(), nodes.end(), fits))
         return;
     const KMUndoMacro macro(tr("Group"));
     auto *group = new KMNullNode;
@@ -185,13 +197,11 @@ void KMNodeEdits::addModifier(KMContainerNode *modifier)
     const KMUndoMacro macro(tr("Add Node"));
     gSolution->push(new selectNodeCommand(gSolution->currentNode())); // undone, it is current again
     gProject->addToScene(modifier);
-    if (KMContainerNode *behind = mesh ? placeOfModifier(modifier, mesh) : nullptr)
-        moveBefore(modifier, behind);
-    else if (mesh)
-        moveTo(modifier, mesh);
-    else
+    if (!mesh)
         gSolution->showMessage(tr("No mesh was current: move the modifier below the mesh that it shall change"),
                                KMCommand::MessageLevel);
+    else if (hasRoom(mesh, modifier))
+        placeModifier(modifier, mesh);
     gProject->checkModifiers();
     if (mesh)
         mesh->item()->setExpanded(true);
@@ -207,55 +217,18 @@ void KMNodeEdits::remove(const QList<KMContainerNode *> &nodes)
         gProject->deleteNode(node);
 }
 
-KMNodeEdits::Template::Template(const KMContainerNode *root)
-    : m_node(root->clone())
-{
-    if (!m_node || !root->item())
-        return;
-    for (int i = 0; i < root->item()->childCount(); ++i) {
-        auto *child = new Template(KMTreeWidget::nodeOf(root->item()->child(i)));
-        if (child->isEmpty())
-            delete child;
-        else
-            m_children << child;
-    }
-}
-
-KMNodeEdits::Template::~Template()
-{
-    qDeleteAll(m_children);
-    delete m_node;
-}
-
-KMContainerNode *KMNodeEdits::Template::instantiate(KMContainerNode *parent) const
-{
-    KMContainerNode *node = m_node->clone();
-    gProject->addToScene(node);
-    if (parent)
-        moveTo(node, parent);
-    for (const Template *child : m_children)
-        child->instantiate(node);
-    return node;
-}
-
 void KMNodeEdits::duplicate(const QList<KMContainerNode *> &nodes)
 {
-    std::vector<std::pair<KMContainerNode *, std::unique_ptr<Template>>> originals;
-    for (KMContainerNode *node : nodes) {
-        auto original = std::make_unique<Template>(node);
-        if (!original->isEmpty())
-            originals.emplace_back(node, std::move(original));
-    }
-    if (originals.empty())
+    const KMNodeTemplates templates(nodes);
+    if (templates.isEmpty())
         return; // nothing here can be copied: no step that does nothing
 
-    QList<KMContainerNode *> copies;
     const KMUndoMacro macro(tr("Duplicate"));
-    for (const auto &[node, original] : originals) {
-        KMContainerNode *copy = original->instantiate(KMTreeWidget::parentNodeOf(node));
-        if (KMContainerNode *sibling = nextSibling(node, {copy}))
-            moveBefore(copy, sibling);
-        copies << copy;
+    const QList<KMContainerNode *> originals = templates.sources();
+    const QList<KMContainerNode *> copies = templates.instantiate(true);
+    for (int i = 0; i < copies.size(); ++i) {
+        if (KMContainerNode *sibling = nextSibling(originals[i], {copies[i]}))
+            moveBefore(copies[i], sibling);
     }
     gProject->checkModifiers();
     selectOnly(copies);
@@ -263,18 +236,11 @@ void KMNodeEdits::duplicate(const QList<KMContainerNode *> &nodes)
 
 bool KMNodeEdits::copyTo(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place)
 {
-    std::vector<std::unique_ptr<Template>> originals;
-    for (const KMContainerNode *node : nodes) {
-        auto original = std::make_unique<Template>(node);
-        if (!original->isEmpty())
-            originals.push_back(std::move(original));
-    }
-    if (originals.empty())
+    const KMNodeTemplates templates(nodes);
+    if (templates.isEmpty())
         return false;
     const KMUndoMacro macro(tr("Duplicate"));
-    QList<KMContainerNode *> copies;
-    for (const auto &original : originals)
-        copies << original->instantiate(nullptr);
+    const QList<KMContainerNode *> copies = templates.instantiate();
     move(copies, target, place);
     selectOnly(copies);
     return true;
@@ -300,10 +266,10 @@ bool KMNodeEdits::moveTag(KMTagBase *tag, KMContainerNode *node, int place)
     return true;
 }
 
-bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
+KMTagBase *KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place)
 {
     if (!canTake(node, tag))
-        return false;
+        return nullptr;
     KMTagBase *copy = tag->clone();
     copy->setName(tag->name());
     const auto naming = hasTagNamed(node, tag->name()) ? addTagCommand::Name::Numbered : addTagCommand::Name::Keep;
@@ -312,13 +278,23 @@ bool KMNodeEdits::copyTag(const KMTagBase *tag, KMContainerNode *node, int place
         gSolution->push(new addTagBoneContainerCommand(nodeAs<KMBone>(node), copy, index, naming));
     else
         gSolution->push(new addTagCommand(node, copy, index, naming));
-    return true;
+    return copy;
+}
+
+bool KMNodeEdits::tellsLock(const KMNode *owner)
+{
+    const KMContainerNode *lock = KMRigTags::lockOf(owner);
+    if (lock)
+        gSolution->showMessage(tr("%1 is locked").arg(lock->name()), KMCommand::MessageLevel);
+    return lock;
 }
 
 void KMNodeEdits::deleteTags(const QList<KMTagBase *> &tags)
 {
-    const KMUndoMacro macro(tr("Delete Tag"));
+    const KMWaitingMacro macro(tr("Delete Tag"));
     for (KMTagBase *tag : tags) {
+        if (tellsLock(tag->owner()))
+            continue;
         deleteBlocks(tag->blockNodes());
         KMNode *owner = tag->owner();
         if (owner->type() == KMNodeType::Bone)

@@ -5,6 +5,7 @@
 #include <QList>
 
 class KMContainerNode;
+class KMNode;
 class KMTagBase;
 
 /// What the user does to nodes of the tree, each as one step of the history. Menus and the node panel share it.
@@ -15,6 +16,7 @@ void selectOnly(const QList<KMContainerNode *> &nodes); ///< of the tree; the la
 /// Whom an edit of a node is meant for: all selected rows when its own is among them, else the node alone.
 QList<KMContainerNode *> affectedBy(KMContainerNode *node);
 
+void moveTo(KMContainerNode *node, KMContainerNode *parent); ///< behind its children; null: to the end of the top level
 /// Moves nodes beside or into another one, in their order; a null target moves them to the end of the top level.
 /// Nothing happens where a node would come to lie below itself. False when there was nothing to move.
 bool move(const QList<KMContainerNode *> &nodes, KMContainerNode *target, KMTreeWidget::Place place);
@@ -33,29 +35,15 @@ void addModifier(KMContainerNode *modifier);
 
 void remove(const QList<KMContainerNode *> &nodes);
 
-/// A subtree of copies that stands in no document yet.
-class Template
-{
-    Q_DISABLE_COPY(Template)
-public:
-    explicit Template(const KMContainerNode *root);
-    ~Template();
-
-    bool isEmpty() const { return !m_node; }                     ///< the class of the root can't be copied
-    KMContainerNode *instantiate(KMContainerNode *parent) const; ///< brings new copies into the document
-
-private:
-    KMContainerNode *m_node;      // owned
-    QList<Template *> m_children; // owned
-};
-
 void duplicate(const QList<KMContainerNode *> &nodes); ///< each copy comes right behind its original
 
-bool canTake(const KMContainerNode *node, const KMTagBase *tag); ///< a second tag of normals or weights would lie idle on a mesh
+bool canTake(const KMContainerNode *node,
+             const KMTagBase *tag); ///< a second tag of normals or weights would lie idle on a mesh
 /// Hangs a tag, or a copy of it, on a node, at a place among the live tags; -1 puts it last. False where it can't.
 bool moveTag(KMTagBase *tag, KMContainerNode *node, int place = -1);
-bool copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1);
-void deleteTags(const QList<KMTagBase *> &tags); ///< with the blocks of what they hold
+KMTagBase *copyTag(const KMTagBase *tag, KMContainerNode *node, int place = -1); ///< the copy, else null
+void deleteTags(const QList<KMTagBase *> &tags); ///< with the blocks of what they hold; not those of locked bones
+bool tellsLock(const KMNode *owner); ///< a bone that is locked, or whose rig is, holds its tags; then the user is told
 
 void setVisible(const QList<KMContainerNode *> &nodes, bool visible);
 void setLocked(const QList<KMContainerNode *> &nodes, bool locked);

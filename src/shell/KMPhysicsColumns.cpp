@@ -68,8 +68,12 @@ public:
                                 gSolution->push(new renameTagCommand(tag, name));
                             return true;
                         }});
-        columns.append(
-            {Texts::tr("Bone"), [](KMTagBase *tag) { return nodeAs<KMContainerNode>(tag->owner())->name(); }, {}});
+        columns.append({Texts::tr("Bone"),
+                        [](KMTagBase *tag) {
+                            const KMBone *bone = of(tag)->bone(); // none once a step that made the tag is undone
+                            return bone ? bone->name() : QString();
+                        },
+                        {}});
     }
     /// A number, of which the function answers the place in the parameters.
     template <class Place>

@@ -1,7 +1,9 @@
 #include "shell/KMPhysicsSheet.h"
 
+#include "core/KMCommand.h"
 #include "core/KMDpi.h"
 #include "core/KMProject.h"
+#include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMRigTags.h"
@@ -65,10 +67,10 @@ public:
     }
 };
 
-KMBoneContainer *shownRig()
+const KMBoneContainer *shownRig()
 {
-    if (KMBoneContainer *active = KMBoneContainer::activeBoneContainer())
-        return active;
+    if (const KMBoneContainer *current = KMRigTags::currentRig())
+        return current;
     return KMBoneContainer::inTree().value(0);
 }
 
@@ -81,14 +83,30 @@ QList<KMTagBase *> asTags(const QList<Tag *> &tags)
     return list;
 }
 
-QList<int> selectedRows(const QTableView *table)
+/// For each row whether a cell of it is selected. Whole ranges may be, of which the cells that aren't used don't count.
+QVector<bool> chosenRows(const QTableView *table)
 {
-    QList<int> rows;
-    for (const QModelIndex &index : table->selectionModel()->selectedIndexes()) {
-        if (!rows.contains(index.row()))
-            rows << index.row();
+    const QAbstractItemModel *model = table->model();
+    QVector<bool> isChosen(model->rowCount());
+    for (const QItemSelectionRange &range : table->selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            for (int column = range.left(); column <= range.right() && !isChosen[row]; ++column)
+                isChosen[row] = model->flags(model->index(row, column)) & Qt::ItemIsEnabled;
+        }
     }
-    return rows;
+    return isChosen;
+}
+
+/// The rows that an edit in one of them goes to.
+QList<int> rowsBeside(const QTableView *table, int edited)
+{
+    const QVector<bool> isChosen = chosenRows(table);
+    QList<int> rows;
+    for (int row = 0; row < isChosen.size() && isChosen[edited]; ++row) {
+        if (isChosen[row])
+            rows << row;
+    }
+    return rows.isEmpty() ? QList<int>{edited} : rows;
 }
 
 } // namespace
@@ -123,40 +141,46 @@ QTableView *KMPhysicsSheet::addTable(const QString &objectName, KMSheetModel *mo
     table->horizontalHeader()->setDefaultSectionSize(dpiScaled(80));
     table->horizontalHeader()->setHighlightSections(false);
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + dpiScaled(8));
-    model->setReach([table](int row) {
-        const QList<int> rows = selectedRows(table);
-        return rows.contains(row) ? rows : QList<int>{row};
-    });
+    model->setReach([table](int row) { return rowsBeside(table, row); });
+    model->setLock([](const KMTagBase *tag) { return bool(KMRigTags::lockOf(tag->owner())); });
     connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this, table, model] { takeSelection(table, model); });
+            [this, table] { takeSelection(table); });
     return table;
 }
 
+/// While it is hidden there is nothing to keep up with.
 void KMPhysicsSheet::refresh()
 {
     if (!gProject)
         return;
-    const KMBoneContainer *rig = shownRig();
+    const KMBoneContainer *rig = isVisible() ? shownRig() : nullptr;
     m_rig->setText(rig ? tr("Rig: %1").arg(rig->name()) : tr("There is no rig in the document"));
     m_bodies->showTags(asTags(KMRigTags::bodies(rig)));
     m_joints->showTags(asTags(KMRigTags::joints(rig)));
-    showSelection(m_bodyTable, m_bodies);
-    showSelection(m_jointTable, m_joints);
+    showSelection(m_bodyTable);
+    showSelection(m_jointTable);
 }
 
-void KMPhysicsSheet::resetDocument()
+void KMPhysicsSheet::showEvent(QShowEvent *event)
 {
-    m_bodies->showTags({});
-    m_joints->showTags({});
+    refresh();
+    QWidget::showEvent(event);
 }
 
-void KMPhysicsSheet::takeSelection(const QTableView *table, const KMSheetModel *model)
+/// What is chosen in one table is chosen in place of what was in the other: else Delete would take along rows that the
+/// user has turned away from.
+void KMPhysicsSheet::takeSelection(QTableView *table)
 {
-    const QList<int> rows = selectedRows(table);
+    QTableView *other = table == m_bodyTable ? m_jointTable : m_bodyTable;
+    const KMSheetModel *model = modelOf(table);
+    const QVector<bool> isChosen = chosenRows(table);
     for (int row = 0; row < model->rowCount(); ++row)
-        model->tag(row)->setSelected(rows.contains(row));
+        model->tag(row)->setSelected(isChosen[row]);
+    for (int row = 0; row < modelOf(other)->rowCount(); ++row)
+        modelOf(other)->tag(row)->setSelected(false);
+    showSelection(other);
     const int row = table->currentIndex().row();
-    emit tagChosen(rows.contains(row) ? model->tag(row) : chosenTags().value(0));
+    emit tagChosen(isChosen.value(row) ? model->tag(row) : chosenTags().value(0));
 }
 
 QList<KMTagBase *> KMPhysicsSheet::chosenTags() const
@@ -171,24 +195,46 @@ QList<KMTagBase *> KMPhysicsSheet::chosenTags() const
     return chosen;
 }
 
-bool KMPhysicsSheet::deleteChosen()
+void KMPhysicsSheet::deleteChosen()
 {
     const QList<KMTagBase *> chosen = chosenTags();
-    if (!chosen.isEmpty())
+    if (chosen.isEmpty())
+        gSolution->showMessage(tr("not selected."), KMCommand::MessageLevel);
+    else
         KMNodeEdits::deleteTags(chosen);
-    return !chosen.isEmpty();
+}
+
+void KMPhysicsSheet::editCurrent()
+{
+    for (QTableView *table : {m_bodyTable, m_jointTable}) {
+        const QModelIndex current = table->currentIndex();
+        if (!table->hasFocus()) // nor while an editor is open in it
+            continue;
+        if (current.flags() & Qt::ItemIsEditable)
+            table->edit(current);
+        else
+            gSolution->showMessage(tr("This cell can't be edited"), KMCommand::MessageLevel);
+    }
+}
+
+KMSheetModel *KMPhysicsSheet::modelOf(const QTableView *table) const
+{
+    return table == m_bodyTable ? m_bodies : m_joints;
 }
 
 /// Tags that were selected elsewhere; cells that are selected stay as they are.
-void KMPhysicsSheet::showSelection(QTableView *table, const KMSheetModel *model)
+void KMPhysicsSheet::showSelection(QTableView *table)
 {
-    const QList<int> rows = selectedRows(table);
-    const QSignalBlocker quiet(table->selectionModel());
+    const KMSheetModel *model = modelOf(table);
+    const QVector<bool> isChosen = chosenRows(table);
+    QItemSelection switched[2]; // off, on
     for (int row = 0; row < model->rowCount(); ++row) {
-        if (model->tag(row)->isSelected() == rows.contains(row))
-            continue;
-        const auto command = rows.contains(row) ? QItemSelectionModel::Deselect : QItemSelectionModel::Select;
-        table->selectionModel()->select(model->index(row, 0), command | QItemSelectionModel::Rows);
+        const bool isOn = model->tag(row)->isSelected();
+        if (isOn != isChosen[row])
+            switched[isOn].select(model->index(row, 0), model->index(row, 0));
     }
+    const QSignalBlocker quiet(table->selectionModel());
+    table->selectionModel()->select(switched[0], QItemSelectionModel::Deselect | QItemSelectionModel::Rows);
+    table->selectionModel()->select(switched[1], QItemSelectionModel::Select | QItemSelectionModel::Rows);
     table->viewport()->update();
 }

@@ -15,18 +15,22 @@ class KMPhysicsSheet : public QWidget
 public:
     explicit KMPhysicsSheet(QWidget *window); ///< stays before this window
 
-    void refresh();       ///< shows the active rig, else the first one
-    void resetDocument(); ///< forgets what it shows
-    bool deleteChosen();  ///< bodies and joints, as one step of the history; false when none is selected
+    void refresh();      ///< shows the current rig, locked or not, else the first one; nothing while it is hidden
+    void deleteChosen(); ///< as one step of the history; says so where nothing is chosen
+    void editCurrent();  ///< opens the cell of the table that has the focus; says so where it can't be typed into
 
 signals:
     void tagChosen(KMTagBase *tag); ///< the user selected others; null when none is left
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     QTableView *addTable(const QString &objectName, KMSheetModel *model);
     QList<KMTagBase *> chosenTags() const;
-    void takeSelection(const QTableView *table, const KMSheetModel *model);
-    void showSelection(QTableView *table, const KMSheetModel *model);
+    KMSheetModel *modelOf(const QTableView *table) const;
+    void takeSelection(QTableView *table);
+    void showSelection(QTableView *table);
 
     KMSheetModel *m_bodies;
     KMSheetModel *m_joints;

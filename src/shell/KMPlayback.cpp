@@ -128,9 +128,11 @@ void KMPlayback::tick()
     const qint64 played = (m_clock() - m_startTime) * FramesPerSecond / 1000;
     const qint64 last = lastFrame(); // keys may have gone
     qint64 frame = m_startFrame + played;
-    const bool isOver = frame >= last && !isLooping();
-    if (isLooping())
+    const bool isOver = last == 0 || (frame >= last && !isLooping());
+    if (isLooping()) {
         frame %= last + 1;
+        m_startFrame = frame - played; // of this round, which is played to its end when looping is switched off
+    }
     frame = std::min(frame, last);
     if (frame != gProject->currentFrame())
         gProject->setCurrentFrame(int(frame));
@@ -147,7 +149,8 @@ void KMPlayback::toStart()
 void KMPlayback::step(int frames)
 {
     stop();
-    gProject->setCurrentFrame(std::max(0, gProject->currentFrame() + frames));
+    constexpr qint64 farthest = std::numeric_limits<int>::max(); // where a motion from elsewhere may have its last key
+    gProject->setCurrentFrame(int(qBound(qint64(0), qint64(gProject->currentFrame()) + frames, farthest)));
 }
 
 void KMPlayback::toEnd()

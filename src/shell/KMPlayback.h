@@ -33,7 +33,7 @@ public:
     void tick(); ///< shows the frame that is due; the timer calls it
 
     void toStart();
-    void step(int frames); ///< stops, and moves by so many frames, not below 0
+    void step(int frames); ///< stops, and moves by so many frames, within the range of frame numbers
     void toEnd();
 
 signals:
@@ -51,5 +51,5 @@ private:
     QAction *m_loop = nullptr;
     bool m_isPlaying = false;
     qint64 m_startTime = 0;
-    int m_startFrame = 0;
+    qint64 m_startFrame = 0; // at the start time; below 0 in later rounds
 };

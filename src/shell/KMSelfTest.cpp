@@ -95,7 +95,7 @@ void KMSelfTest::answerBox()
     if (!box || !box->isVisible())
         return;
     auto *standard = qobject_cast<QPushButton *>(box->defaultButton());
-    print({{"box", box->text()},
+    print({{"box", box->text().isEmpty() ? box->accessibleDescription() : box->text()},
            {"detail", box->detailedText()},
            {"information", box->informativeText()},
            {"buttons", buttonsOf(*box)},

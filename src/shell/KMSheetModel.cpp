@@ -1,5 +1,7 @@
 #include "shell/KMSheetModel.h"
 
+#include "core/KMCommand.h"
+#include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMWaitingMacro.h"
 
@@ -37,19 +39,28 @@ bool KMSheetModel::isUsed(const QModelIndex &index) const
     return !rule || rule(m_tags[index.row()]);
 }
 
+bool KMSheetModel::isBox(const QModelIndex &index) const
+{
+    const Column &column = m_columns[index.column()];
+    return !column.choices && column.get(m_tags[index.row()]).type() == QVariant::Bool;
+}
+
+/// A view asks for many roles of each cell that it paints, and some values take a walk over the rig.
 QVariant KMSheetModel::data(const QModelIndex &index, int role) const
 {
     const Column &column = m_columns[index.column()];
     KMTagBase *tag = m_tags[index.row()];
-    const QVariant value = column.get(tag);
-    const QStringList choices = column.choices ? column.choices(tag) : QStringList();
     if (role == ChoicesRole)
-        return choices;
-    if (value.type() == QVariant::Bool)
-        return role == Qt::CheckStateRole ? QVariant(value.toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
-    if (role == Qt::DisplayRole && !choices.isEmpty())
-        return choices.value(value.toInt());
-    return role == Qt::DisplayRole || role == Qt::EditRole ? value : QVariant();
+        return column.choices ? column.choices(tag) : QStringList();
+    if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::CheckStateRole)
+        return {};
+    const bool isForBox = role == Qt::CheckStateRole;
+    if (isBox(index) != isForBox)
+        return {};
+    const QVariant value = column.get(tag);
+    if (isForBox)
+        return value.toBool() ? Qt::Checked : Qt::Unchecked;
+    return role == Qt::DisplayRole && column.choices ? column.choices(tag).value(value.toInt()) : value;
 }
 
 QVariant KMSheetModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -61,13 +72,11 @@ QVariant KMSheetModel::headerData(int section, Qt::Orientation orientation, int 
 
 Qt::ItemFlags KMSheetModel::flags(const QModelIndex &index) const
 {
-    const Column &column = m_columns[index.column()];
     if (!isUsed(index))
         return Qt::ItemIsSelectable;
     Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
-    if (column.set)
-        flags |=
-            column.get(m_tags[index.row()]).type() == QVariant::Bool ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable;
+    if (m_columns[index.column()].set && !isLocked(index.row()))
+        flags |= isBox(index) ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable;
     return flags;
 }
 
@@ -80,7 +89,8 @@ bool KMSheetModel::setData(const QModelIndex &index, const QVariant &value, int 
     const QVariant entered = role == Qt::CheckStateRole ? QVariant(value.toInt() == Qt::Checked) : value;
     QList<KMTagBase *> tags;
     for (const int row : m_reach ? m_reach(index.row()) : QList<int>{index.row()}) {
-        if (isUsed(this->index(row, index.column())) && column.get(m_tags[row]) != entered)
+        const QModelIndex cell = this->index(row, index.column());
+        if (isUsed(cell) && !isLocked(row) && column.get(m_tags[row]) != entered)
             tags << m_tags[row];
     }
     if (tags.isEmpty())
@@ -89,5 +99,7 @@ bool KMSheetModel::setData(const QModelIndex &index, const QVariant &value, int 
     bool isTaken = false;
     for (KMTagBase *tag : std::as_const(tags))
         isTaken |= column.set(tag, entered);
+    if (!isTaken)
+        gSolution->showMessage(tr("%1 can't be \"%2\"").arg(column.title, entered.toString()), KMCommand::MessageLevel);
     return isTaken;
 }

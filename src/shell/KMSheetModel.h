@@ -8,7 +8,7 @@
 class KMTagBase;
 
 /// A table with a row for each of several tags and a column for each of their values. An edit goes to all rows that are
-/// selected together with the one that it is made in, as one step of the history.
+/// selected together with the one that it is made in, as one step of the history. What no such value can be is told.
 class KMSheetModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -31,6 +31,8 @@ public:
     KMTagBase *tag(int row) const { return m_tags.value(row); }
     /// Which rows an edit of one goes to; without it each edit goes to its own row.
     void setReach(const std::function<QList<int>(int row)> &reach) { m_reach = reach; }
+    /// Which tags are shown only; without it none.
+    void setLock(const std::function<bool(const KMTagBase *)> &isLocked) { m_isLocked = isLocked; }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -41,9 +43,12 @@ public:
 
 private:
     bool isUsed(const QModelIndex &index) const;
+    bool isBox(const QModelIndex &index) const; ///< to be checked
+    bool isLocked(int row) const { return m_isLocked && m_isLocked(m_tags[row]); }
 
     QString m_stepText;
     QVector<Column> m_columns;
     QList<KMTagBase *> m_tags; // not owned
     std::function<QList<int>(int)> m_reach;
+    std::function<bool(const KMTagBase *)> m_isLocked;
 };

@@ -2,7 +2,9 @@
 
 #include "core/KMSessionTool.h"
 #include "core/KMSolution.h"
+#include "core/KMTreeWidget.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -24,6 +26,19 @@ bool belongsToText(const QKeyEvent *event)
     return !(event->modifiers() & commands) && !isFunctionKey;
 }
 
+/// A key that types into the current cell of a table, or selects all of a list. Of the trees the commands know what is
+/// meant.
+bool belongsToCells(const QObject *focus, const QKeyEvent *event)
+{
+    const auto *view = qobject_cast<const QAbstractItemView *>(focus);
+    if (!view || qobject_cast<const KMTreeWidget *>(view))
+        return false;
+    if (keysOf(event) == QKeySequence(Qt::CTRL | Qt::Key_A))
+        return view->selectionMode() == QAbstractItemView::ExtendedSelection;
+    const bool isTypedInto = view->editTriggers() & QAbstractItemView::AnyKeyPressed;
+    return isTypedInto && belongsToText(event) && event->key() != Qt::Key_Delete;
+}
+
 } // namespace
 
 bool KMShortcutFilter::isTextEditor(const QObject *object)
@@ -41,8 +56,10 @@ bool KMShortcutFilter::eventFilter(QObject *watched, QEvent *event)
         return QObject::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     const bool isOverride = event->type() == QEvent::ShortcutOverride;
-    if (isTextEditor(QApplication::focusWidget())) {
-        if (!isOverride || !belongsToText(key))
+    const QObject *focus = QApplication::focusWidget();
+    const bool isTyped = isTextEditor(focus) ? belongsToText(key) : belongsToCells(focus, key);
+    if (isTyped || isTextEditor(focus)) {
+        if (!isOverride || !isTyped)
             return false;
         event->accept();
         return true;

@@ -259,7 +259,15 @@ void kmmainwidget::refreshAttributes()
     m_attributeDock->followSession();
 }
 
-void kmmainwidget::refreshSetup() {}
+/// Of all panels, not only of the one for the set-up: an autosave that waits may ask its question right behind this,
+/// and none of them may still show then what the step has taken away.
+void kmmainwidget::refreshSetup()
+{
+    for (KMDockWidget *dock : std::as_const(m_docks)) {
+        if (dock != m_attributeDock) // the session refreshes that one
+            dock->refresh();
+    }
+}
 
 void kmmainwidget::repaintTrees()
 {
@@ -317,10 +325,6 @@ void kmmainwidget::onUndoIndexChanged(int)
 {
     if (!gProject)
         return;
-    for (KMDockWidget *dock : std::as_const(m_docks)) {
-        if (dock != m_attributeDock) // the session refreshes that one
-            dock->refresh();
-    }
     m_animationPanel->transport()->refresh();
     updateCounts();
 }

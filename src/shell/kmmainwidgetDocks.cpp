@@ -95,11 +95,15 @@ void kmmainwidget::connectDocks()
     connect(setup, &KMDockWidget::onNodeChanged, this, &kmmainwidget::onNodeChanged);
     connect(setup, &KMDockWidget::onNodeChanged, this, &kmmainwidget::repaintTrees); // they mark the selected tags
 
-    // The tag that is chosen in the tree is the one whose morphs are shown.
+    // The morphs that are shown are those of the chosen tag, wherever one is chosen, or another in its place.
     auto *morphs = findChild<kmmorphwidget *>();
-    connect(m_nodeDock, &KMDockWidget::onNodeChanged, morphs, &kmmorphwidget::refresh);
-    for (KMTreeDock *dock : {static_cast<KMTreeDock *>(m_nodeDock), static_cast<KMTreeDock *>(m_boneDock)})
+    for (KMDockWidget *dock : {static_cast<KMDockWidget *>(m_nodeDock), static_cast<KMDockWidget *>(m_boneDock),
+                               static_cast<KMDockWidget *>(setup)})
+        connect(dock, &KMDockWidget::onNodeChanged, morphs, &kmmorphwidget::refresh);
+    for (KMTreeDock *dock : {static_cast<KMTreeDock *>(m_nodeDock), static_cast<KMTreeDock *>(m_boneDock)}) {
         connect(dock, &KMTreeDock::tagSelectionChanged, setup, &kmsetupwidget::refreshSheet);
+        connect(dock, &KMTreeDock::tagSelectionChanged, morphs, &kmmorphwidget::refresh);
+    }
 
     const auto actions = [this](const QList<const char *> &items) {
         QList<QAction *> list;

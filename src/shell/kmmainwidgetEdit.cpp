@@ -29,6 +29,7 @@
 #include "modifiers/KMPrimSphereNode.h"
 #include "modifiers/KMPrimTorusNode.h"
 #include "rig/KMBone.h"
+#include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
 #include "rig/KMModAnchorNode.h"
 #include "rig/KMModBoneDeformNode.h"
@@ -96,7 +97,12 @@ bool kmmainwidget::editInPanel(KMDockWidget::Edit edit)
 
 bool kmmainwidget::editBones(KMDockWidget::Edit edit)
 {
-    return worksOnElements() && KMBoneTargets::rigWithSelection() && m_boneDock->editRows(edit);
+    const KMBoneContainer *rig = worksOnElements() ? KMBoneTargets::rigWithSelection() : nullptr;
+    if (rig && rig != KMBoneTargets::container()) {
+        gSolution->showMessage(tr("%1 is locked or hidden").arg(rig->name()), KMCommand::MessageLevel);
+        return true;
+    }
+    return rig && m_boneDock->editRows(edit);
 }
 
 bool kmmainwidget::worksOnElements() const
@@ -172,7 +178,7 @@ void kmmainwidget::onMenuGroup()
 
 void kmmainwidget::onMenuRename()
 {
-    if (editInPanel(KMDockWidget::Edit::Rename))
+    if (editInPanel(KMDockWidget::Edit::Rename) || editBones(KMDockWidget::Edit::Rename))
         return;
     m_nodeDock->renameCurrent();
 }
@@ -265,7 +271,8 @@ void kmmainwidget::onMenuCreateMeshNode()
 /// It comes into the current rig; the first one brings a rig along.
 void kmmainwidget::onMenuCreateBoneNode()
 {
-    m_attributeDock->showFor(KMBoneEdit::createBone());
+    if (KMBone *bone = KMBoneEdit::createBone())
+        m_attributeDock->showFor(bone);
 }
 
 void kmmainwidget::onMenuCreateSphereNode()

@@ -42,12 +42,8 @@ bool exchange(const KMExchangeFormat::Form &questions, const KMExchangeFormat::W
               const QString &progress, QWidget *window)
 {
     KMOptionForm form;
-    if (questions) {
-        form = questions();
-        form.parent = window;
-        if (!KMPrompt::current().options(form))
-            return false;
-    }
+    if (!KMExchangeFormat::ask(questions, form, window))
+        return false;
     const Progress shown(progress.arg(QFileInfo(path).fileName()));
     const KMWaitCursor cursor;
     if (!work(path, form))
@@ -61,6 +57,7 @@ bool exchange(const KMExchangeFormat::Form &questions, const KMExchangeFormat::W
 void kmmainwidget::onMenuImportKMD()
 {
     commitOpenEditors();
+    m_playback->stop();
     KMOptionForm form;
     form.title = QStringLiteral("KMD");
     form.parent = this;

@@ -24,7 +24,7 @@ using Work = KMBoneCommand::Work;
 Work forEach(const QList<KMBone *> &bones, void (*push)(KMBone *))
 {
     if (bones.isEmpty())
-        return {};
+        return KMBoneCommand::nothing(KMBoneCommand::tr("There is no bone for which this does anything."));
     return [bones, push] {
         for (KMBone *bone : bones)
             push(bone);
@@ -52,6 +52,8 @@ Work selectNone(KMBoneContainer &container)
 
 Work insert(KMBoneContainer &container)
 {
+    if (!KMBoneEdit::hasRoom(container.selectedBones().value(0), 1))
+        return {};
     return [&container] { KMBoneEdit::pushNewBone(&container); };
 }
 
@@ -69,6 +71,8 @@ Work createSymmetric(KMBoneContainer &container)
             alone << bone;
     }
     if (alone.isEmpty())
+        return KMBoneCommand::nothing(KMBoneCommand::tr("The selected bones have their partners already."));
+    if (!KMBoneEdit::hasRoomForDoubles(container, alone))
         return {};
     return [&container, alone] { KMBoneEdit::pushMirrored(&container, alone); };
 }
@@ -106,7 +110,8 @@ Work deleteSelected(KMBoneContainer &container)
 
 Work linearize(KMBoneContainer &container)
 {
-    return KMBoneCommand::workOf(KMBoneEdit::linearized(container.selectedBones()));
+    return KMBoneCommand::workOf(KMBoneEdit::linearized(container.selectedBones()),
+                                 KMBoneCommand::tr("The selected bones are no chain."));
 }
 
 /// A parent of several reaches the first of them.
@@ -121,7 +126,7 @@ Work fitToParent(KMBoneContainer &container)
         fitted.insert(parent);
         changes += KMBoneEdit::fittedTo(parent, bone);
     }
-    return KMBoneCommand::workOf(changes);
+    return KMBoneCommand::workOf(changes, KMBoneCommand::tr("The selected bones have no parents."));
 }
 
 Work fitToFirstChild(KMBoneContainer &container)
@@ -131,19 +136,15 @@ Work fitToFirstChild(KMBoneContainer &container)
         if (!bone->childBones().isEmpty())
             changes += KMBoneEdit::fittedTo(bone, bone->childBones().first());
     }
-    return KMBoneCommand::workOf(changes);
+    return KMBoneCommand::workOf(changes, KMBoneCommand::tr("The selected bones have no children."));
 }
 
 Work bonesFromEdges(KMBoneContainer &container)
 {
     KMBone *parent = container.selectedBones().value(0);
-    const int above = parent ? parent->depth() + 1 : 0;
     for (const KMMeshNode *mesh : KMMeshTargets::chosen()) {
-        if (above + KMBoneEdit::longestRun(*mesh) <= KMBoneEdit::MaxDepth)
-            continue;
-        gSolution->showMessage(KMBoneCommand::tr("A rig can't be deeper than %1 bones").arg(KMBoneEdit::MaxDepth),
-                               KMCommand::MessageLevel);
-        return {};
+        if (!KMBoneEdit::hasRoom(parent, KMBoneEdit::longestRun(*mesh)))
+            return {};
     }
     return [&container, parent] {
         for (const KMMeshNode *mesh : KMMeshTargets::chosen())
@@ -161,14 +162,20 @@ Work nothing(KMBoneContainer &)
     return {};
 }
 
+Work doubleEach(KMBoneContainer &container, void (*push)(KMBone *))
+{
+    const QList<KMBone *> bones = KMBoneEdit::selectedWithLength(container);
+    return KMBoneEdit::hasRoomForDoubles(container, bones) ? forEach(bones, push) : Work();
+}
+
 Work divide(KMBoneContainer &container)
 {
-    return forEach(KMBoneEdit::selectedWithLength(container), &KMBoneEdit::pushDivided);
+    return doubleEach(container, &KMBoneEdit::pushDivided);
 }
 
 Work layer(KMBoneContainer &container)
 {
-    return forEach(KMBoneEdit::selectedWithLength(container), &KMBoneEdit::pushLayered);
+    return doubleEach(container, &KMBoneEdit::pushLayered);
 }
 
 struct Entry

@@ -1,5 +1,6 @@
 #include "tools/KMBoneCommand.h"
 
+#include "core/KMSolution.h"
 #include "core/KMWaitingMacro.h"
 #include "mesh/KMMeshTargets.h"
 #include "rig/KMBoneContainer.h"
@@ -37,8 +38,16 @@ QString KMBoneCommand::obstacle() const
     return hasSelectedEdges(meshes) ? QString() : tr("Edge Selection not found.");
 }
 
-KMBoneCommand::Work KMBoneCommand::workOf(const KMBoneEdit::Changes &changes)
+KMBoneCommand::Work KMBoneCommand::nothing(const QString &reason)
 {
+    gSolution->showMessage(reason, MessageLevel);
+    return {};
+}
+
+KMBoneCommand::Work KMBoneCommand::workOf(const KMBoneEdit::Changes &changes, const QString &ifEmpty)
+{
+    if (!KMBoneEdit::areNeeded(changes))
+        return nothing(changes.isEmpty() && !ifEmpty.isEmpty() ? ifEmpty : tr("The bones stand so already."));
     return [changes] { KMBoneEdit::pushChanges(changes); };
 }
 

@@ -28,7 +28,10 @@ public:
 
     KMBoneCommand(const Row &row, QObject *parent); ///< the row has to stay
 
-    static Work workOf(const KMBoneEdit::Changes &changes); ///< pushes those that change something
+    /// Pushes those that change something. Where there are none it is said for which reason; an empty one tells that
+    /// the bones stand so already.
+    static Work workOf(const KMBoneEdit::Changes &changes, const QString &ifEmpty = {});
+    static Work nothing(const QString &reason); ///< says it; no work
 
 protected:
     QString obstacle() const override;

@@ -113,7 +113,7 @@ KMBoneCommand::Work BoneComEditViewMode::plan(KMBoneContainer &container)
     const int viewType = modes[choice].viewType;
     const auto differs = [viewType](const KMBone *bone) { return bone->viewType() != viewType; };
     if (std::none_of(bones.begin(), bones.end(), differs))
-        return {};
+        return nothing(tr("The bones are shown so already."));
     return [bones, viewType, differs] {
         for (KMBone *bone : bones) {
             if (differs(bone))
@@ -244,7 +244,7 @@ KMBoneCommand::Work BoneComAlignReflectBone::plan(KMBoneContainer &container)
         done.insert(target);
         changes.append({target, KMBoneEdit::reflected(source->rest(), plane)});
     }
-    return workOf(changes);
+    return workOf(changes, tr("No selected bone has a partner on the other side."));
 }
 
 QString BoneComMakeRigidBody::obstacle() const

@@ -37,11 +37,10 @@ void pushMask(KMBone *bone, int mask)
 
 QList<KMBoneContainer *> rigsWithSelection()
 {
-    QList<KMBoneContainer *> rigs;
-    for (KMCtrlNode *ctrl : gProject->ctrlsInTree()) {
-        if (ctrl->type() == KMNodeType::BoneContainer && !nodeAs<KMBoneContainer>(ctrl)->selectedBones().isEmpty())
-            rigs << nodeAs<KMBoneContainer>(ctrl);
-    }
+    QList<KMBoneContainer *> rigs = KMBoneContainer::inTree();
+    rigs.erase(std::remove_if(rigs.begin(), rigs.end(),
+                              [](const KMBoneContainer *rig) { return rig->selectedBones().isEmpty(); }),
+               rigs.end());
     return rigs;
 }
 

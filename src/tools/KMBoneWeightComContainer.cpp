@@ -9,8 +9,8 @@
 #include "mesh/KMMeshSelect.h"
 #include "mesh/KMSelectedElements.h"
 #include "rig/KMBone.h"
-#include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneSelectionCommand.h"
 #include "rig/KMBoneWeightCommands.h"
 #include "rig/KMTagBoneWeight.h"
 #include "tools/KMBoneWeightCommands.h"
@@ -30,15 +30,19 @@ constexpr int ofTag = KMBoneWeightCommand::Tag;
 constexpr int ofVertices = KMBoneWeightCommand::Tag | KMBoneWeightCommand::Vertices;
 constexpr int ofBone = ofVertices | KMBoneWeightCommand::Bone;
 
-void say(const char *text)
+/// Says why there is no work.
+Work nothing(const char *reason)
 {
-    gSolution->showMessage(QCoreApplication::translate("KMBoneWeightCommand", text), KMCommand::MessageLevel);
+    gSolution->showMessage(QCoreApplication::translate("KMBoneWeightCommand", reason), KMCommand::MessageLevel);
+    return {};
 }
+
+constexpr const char *nothingToChange = QT_TRANSLATE_NOOP("KMBoneWeightCommand", "There is nothing to change.");
 
 Work workOf(const Target &target, const KMWeightEdit &edit)
 {
     if (edit.isEmpty())
-        return {};
+        return nothing(nothingToChange);
     KMMeshNode *mesh = target.mesh;
     return [mesh, edit] { KMWeightTargets::push(mesh, edit); };
 }
@@ -78,7 +82,7 @@ Work flag(const Target &target, bool flagged)
 {
     const auto isSo = [&](int vertex) { return target.tag->hasSdefFlag(vertex) == flagged; };
     if (std::all_of(target.vertices.begin(), target.vertices.end(), isSo))
-        return {};
+        return nothing(nothingToChange);
     return [target] { gSolution->push(new Command(target.mesh, target.tag, target.vertices)); };
 }
 
@@ -104,13 +108,11 @@ Work selectWhere(const Target &target, Condition isWanted)
         if (canBeSeen && isWanted(i))
             vertices << i;
     }
-    if (vertices.isEmpty()) {
-        say(QT_TRANSLATE_NOOP("KMBoneWeightCommand", "There is no such vertex."));
-        return {};
-    }
+    if (vertices.isEmpty())
+        return nothing(QT_TRANSLATE_NOOP("KMBoneWeightCommand", "There is no such vertex."));
     const bool hasOthers = !KMSelectedElements::faces(*mesh).isEmpty() || !KMSelectedElements::edges(*mesh).isEmpty();
     if (!hasOthers && KMSelectedElements::vertices(*mesh) == vertices)
-        return {};
+        return nothing(nothingToChange);
     return [mesh, vertices] {
         KMMeshSelect::clearSelection(*mesh);
         for (const int vertex : vertices)
@@ -169,37 +171,37 @@ bool canSelect(const KMBone &bone)
     return !bone.isDeleted() && !bone.isLocked() && bone.container() && !bone.container()->isLocked();
 }
 
+/// Rig by rig, in the order of the tree.
 Work selectAffecting(const Target &target)
 {
-    QSet<KMBone *> wanted;
+    QSet<const KMBone *> wanted;
     for (const int vertex : target.vertices) {
         for (const BoneWeightEntry &entry : target.tag->entriesOf(vertex)) {
             if (entry.weight > 0.0f && canSelect(*entry.bone))
                 wanted.insert(entry.bone);
         }
     }
-    QSet<KMBoneContainer *> rigs;
-    for (const KMBone *bone : std::as_const(wanted))
-        rigs.insert(bone->container());
-    if (rigs.isEmpty()) {
-        say(QT_TRANSLATE_NOOP("KMBoneWeightCommand", "No bone weighs on the selected vertices."));
-        return {};
-    }
-    QSet<KMBone *> selected;
-    for (const KMBoneContainer *rig : std::as_const(rigs)) {
-        const QList<KMBone *> bones = rig->selectedBones();
-        selected += QSet<KMBone *>(bones.begin(), bones.end());
-    }
-    if (selected == wanted)
-        return {};
-    return [wanted, rigs] {
-        for (KMBoneContainer *rig : rigs) {
-            gSolution->push(new selectAllBoneCommand(rig, false));
-            for (KMBone *bone : rig->bones()) {
-                if (wanted.contains(bone))
-                    gSolution->push(new selectBoneCommand(bone, KMBone::BothSelected));
-            }
+    if (wanted.isEmpty())
+        return nothing(QT_TRANSLATE_NOOP("KMBoneWeightCommand", "No bone weighs on the selected vertices."));
+    using Masks = QVector<selectBonesCommand::Mask>;
+    QVector<QPair<KMBoneContainer *, Masks>> selections;
+    bool isOther = false;
+    for (KMBoneContainer *rig : KMBoneContainer::inTree()) {
+        const QList<KMBone *> &bones = rig->bones();
+        if (std::none_of(bones.begin(), bones.end(), [&](const KMBone *bone) { return wanted.contains(bone); }))
+            continue;
+        Masks masks;
+        for (KMBone *bone : bones) {
+            masks.append({bone, wanted.contains(bone) ? KMBone::BothSelected : 0});
+            isOther = isOther || wanted.contains(bone) != (bone->selectMask() != 0);
         }
+        selections.append({rig, masks});
+    }
+    if (!isOther)
+        return nothing(nothingToChange);
+    return [selections] {
+        for (const auto &[rig, masks] : selections)
+            gSolution->push(new selectBonesCommand(rig, masks));
     };
 }
 
@@ -224,10 +226,8 @@ Work transferToOther(const Target &target)
 {
     KMBone *bone = target.bone;
     KMBone *other = KMWeightTargets::mirrorBone(bone);
-    if (!other || other == bone) {
-        say(QT_TRANSLATE_NOOP("KMBoneWeightCommand", "Other Bone Not Found."));
-        return {};
-    }
+    if (!other || other == bone)
+        return nothing(QT_TRANSLATE_NOOP("KMBoneWeightCommand", "Other Bone Not Found."));
     return edited(target, [bone, other](KMWeightEdit &edit, int vertex) {
         if (!edit.hasEntry(vertex, bone))
             return;
@@ -246,7 +246,7 @@ Work switchBoneModifiers(bool on)
             nodes << modifier;
     }
     if (nodes.isEmpty())
-        return {};
+        return nothing(nothingToChange);
     return [nodes, on] {
         for (KMContainerNode *node : nodes)
             gSolution->push(new setVisibleCommand(node, on));
@@ -283,7 +283,7 @@ Work printRecords(const Target &target)
     return {};
 }
 
-Work nothing(const Target &)
+Work test(const Target &)
 {
     return {};
 }
@@ -372,7 +372,7 @@ const Entry entries[] = {
     {&makeCommand<KMBoneWeightCommand>,
      {"BoneWeightComTest", QT_TRANSLATE_NOOP("KMBoneWeightCommand", "BoneWeightComTest"),
       QT_TRANSLATE_NOOP("KMBoneWeightCommand", "Does nothing: for those who work on the program"), "",
-      KMBoneWeightCommand::Nothing, &nothing}},
+      KMBoneWeightCommand::Nothing, &test}},
 };
 
 } // namespace

@@ -95,8 +95,10 @@ KMBoneWeightCommand::Work BoneWeightComBlur::plan(const Target &target)
         if (!weights.isEmpty())
             edit.setEntries(vertex, weights);
     }
-    if (edit.isEmpty())
+    if (edit.isEmpty()) {
+        gSolution->showMessage(tr("The weights are as even as their neighbours already."), MessageLevel);
         return {};
+    }
     KMMeshNode *mesh = target.mesh;
     return [mesh, edit] { KMWeightTargets::push(mesh, edit); };
 }

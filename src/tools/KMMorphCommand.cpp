@@ -1,6 +1,7 @@
 #include "tools/KMMorphCommand.h"
 
 #include "core/KMUndoMacro.h"
+#include "mesh/KMMeshNode.h"
 #include "rig/KMTagMorph.h"
 #include "tools/KMMorphTargets.h"
 
@@ -15,7 +16,9 @@ QString KMMorphCommand::obstacle() const
     const KMTagMorph *tag = KMMorphTargets::tag();
     if (!tag)
         return tr("MorphTag Not Selected.");
-    if (m_row.needed == Need::Morphs && KMMorphTargets::selectedMorphs(*tag).isEmpty())
+    if (m_row.needed & OpenMesh && tag->mesh()->isLocked())
+        return tr("%1 is locked.").arg(tag->mesh()->name());
+    if ((m_row.needed & Selection) == Selection && KMMorphTargets::selectedMorphs(*tag).isEmpty())
         return tr("MorphNode Not Selected.");
     return {};
 }

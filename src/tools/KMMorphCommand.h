@@ -16,12 +16,16 @@ class KMMorphCommand : public KMRowCommand
 {
     Q_OBJECT
 public:
-    enum class Need { Tag, Morphs };
+    enum Need {
+        Tag = 1,
+        Selection = 2 | Tag, ///< selected morphs
+        OpenMesh = 4         ///< that isn't locked; values, names and corners may be others all the same
+    };
     using Work = std::function<void()>; ///< what pushes the edits; empty when there are none
     using Morphs = QList<KMMorph *>;
     struct Row : KMCommandRow
     {
-        Need needed;
+        int needed;                                                      ///< bits of Need
         Work (*plan)(KMTagMorph &tag, const Morphs &selected) = nullptr; ///< for those that need no class of their own
     };
 

@@ -348,7 +348,7 @@ void KMToolBone::selectArea(const KMCameraNode &camera, Qt::KeyboardModifiers mo
 
 void KMToolBone::makeBone()
 {
-    if (m_drawn.head == m_drawn.tail)
+    if (m_drawn.head == m_drawn.tail || !KMBoneEdit::hasRoom(m_drawn.parent, 1))
         return;
     const KMUndoMacro macro(KMBone::tr("Add Bone"));
     const bool mirrors = isMirrored(); // by the rig as it is now

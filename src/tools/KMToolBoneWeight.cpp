@@ -13,8 +13,8 @@
 #include "render/KMOpenGLWidget.h"
 #include "render/KMPicker.h"
 #include "rig/KMBone.h"
-#include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneSelectionCommand.h"
 #include "rig/KMModAnchorNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "tools/KMToolCircle.h"
@@ -116,9 +116,10 @@ void KMToolBoneWeight::chooseBone(KMBone *bone)
         refresh();
         return gSolution->refreshViews(allViews);
     }
-    const KMUndoMacro macro(tr("Select Bone"));
-    gSolution->push(new selectAllBoneCommand(rig, false));
-    gSolution->push(new selectBoneCommand(bone, KMBone::BothSelected));
+    QVector<selectBonesCommand::Mask> masks;
+    for (KMBone *other : rig->bones())
+        masks.append({other, other == bone ? KMBone::BothSelected : 0});
+    gSolution->push(new selectBonesCommand(rig, masks));
 }
 
 // Life
@@ -149,6 +150,7 @@ void KMToolBoneWeight::activate()
 void KMToolBoneWeight::deactivate()
 {
     KMTool::deactivate();
+    KMBonePicker::clearHot();
     m_faceColors.show(nullptr, nullptr);
     m_pointColors.show(nullptr, nullptr);
     m_surface.reset();
@@ -237,6 +239,7 @@ void KMToolBoneWeight::leave(QEvent *, KMOpenGLWidget *widget)
     if (!m_stroke)
         m_circleView = nullptr;
     m_toldVertex = -1;
+    KMBonePicker::clearHot();
     gSolution->setProgress({});
     widget->update();
 }
@@ -306,7 +309,16 @@ bool KMToolBoneWeight::pressBone(const KMMouseEvent &event, const KMOpenGLWidget
     const KMBonePicker::Hit hit = KMBonePicker::pickBone(*widget.camera(), event.localPos());
     if (hit.isHit())
         chooseBone(hit.bone);
+    else
+        gSolution->showMessage(tr("No bone here can be chosen: locked and hidden ones only by the list."), warning);
     return true;
+}
+
+/// The one that a click would choose lights up.
+void KMToolBoneWeight::showBoneAt(const KMMouseEvent &event, const KMOpenGLWidget &widget)
+{
+    const bool isChoosing = event.modifiers() & Qt::ControlModifier;
+    KMBonePicker::setHot(isChoosing ? KMBonePicker::pickBone(*widget.camera(), event.localPos()) : KMBonePicker::Hit());
 }
 
 KMWeightSurface &KMToolBoneWeight::surfaceOf(KMMeshNode &mesh, const KMOpenGLWidget &widget)
@@ -319,6 +331,7 @@ KMWeightSurface &KMToolBoneWeight::surfaceOf(KMMeshNode &mesh, const KMOpenGLWid
 void KMToolBoneWeight::beginStroke(const KMMouseEvent &event, const KMOpenGLWidget &widget)
 {
     KMPicker::clearHot();
+    KMBonePicker::clearHot();
     m_mesh = KMWeightTargets::mesh();
     KMTagBoneWeight *tag = KMWeightTargets::tag(*m_mesh);
     if (!tag) {
@@ -414,6 +427,7 @@ bool KMToolBoneWeight::mouseMove(KMMouseEvent *event, KMOpenGLWidget *widget)
     m_lastPos = event->localPos();
     if (event->buttons() != Qt::NoButton)
         return false;
+    showBoneAt(*event, *widget);
     tellVertex(event->localPos(), widget);
     widget->update();
     return false;

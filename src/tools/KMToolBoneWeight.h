@@ -71,6 +71,7 @@ protected:
 private:
     QString obstacle() const;
     bool pressBone(const KMMouseEvent &event, const KMOpenGLWidget &widget);
+    void showBoneAt(const KMMouseEvent &event, const KMOpenGLWidget &widget);
     void beginStroke(const KMMouseEvent &event, const KMOpenGLWidget &widget);
     void strokeTo(const KMMouseEvent &event);
     void showMoved(const QVector<int> &vertices);

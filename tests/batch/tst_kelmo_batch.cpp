@@ -141,7 +141,7 @@ void tst_kelmo_batch::exitCodes_data()
     row("render good.kmd out.png --pose missing.vpd", 2, "exist");
     row("render good.kmd out.png --motion walk.vmd", 2, "RootBone");
     row("render rig.kmd out.png --motion short.vmd", 2, "filed load bone keys.");
-    row("render rig.kmd out.png --motion .", 2, "regular");
+    row("render rig.kmd out.png --motion .", 2, "folder");
     row("info walk.vmd", 2, "RootBone");
     row("info missing.vmd", 2, "exist");
     row("convert rig.kmd out.vmd", 1, "vmd");

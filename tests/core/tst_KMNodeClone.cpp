@@ -2,7 +2,6 @@
 #include "core/KMNodeClone.h"
 #include "core/KMNodeType.h"
 #include "core/KMNullNode.h"
-#include "core/KMValueNodeContainer.h"
 #include "core/KMVariantNode.h"
 #include "support/SceneFakes.h"
 #include "support/TestRegistry.h"
@@ -15,12 +14,9 @@ class tst_KMNodeClone : public QObject
 {
     Q_OBJECT
 private slots:
-    void valueContainers_data();
-    void valueContainers();
     void null();
     void asksTheClass_data();
     void asksTheClass();
-    void nothingToCopy();
 };
 
 namespace {
@@ -34,39 +30,6 @@ void addTags(KMContainerNode *node)
 }
 
 } // namespace
-
-void tst_KMNodeClone::valueContainers_data()
-{
-    QTest::addColumn<KMValueNodeContainer *>("node");
-    QTest::addColumn<QVariant>("value");
-
-    QTest::newRow("bool") << static_cast<KMValueNodeContainer *>(new KMBoolNodeContainer) << QVariant(false);
-    QTest::newRow("int") << static_cast<KMValueNodeContainer *>(new KMIntNodeContainer) << QVariant(-12);
-    QTest::newRow("float") << static_cast<KMValueNodeContainer *>(new KMFloatNodeContainer) << QVariant(0.25f);
-}
-
-void tst_KMNodeClone::valueContainers()
-{
-    QFETCH(KMValueNodeContainer *, node);
-    QFETCH(QVariant, value);
-    const std::unique_ptr<KMValueNodeContainer> owned(node);
-    KMFloatNode driven;
-    node->setName(QStringLiteral("Size"));
-    node->value()->setValue(value);
-    node->value()->addTarget(&driven);
-    addTags(node);
-
-    const std::unique_ptr<KMNode> copy(cloneNode(node));
-    QVERIFY(copy && copy.get() != node);
-    QCOMPARE(copy->type(), node->type());
-    const auto *clone = nodeAs<KMValueNodeContainer>(copy.get());
-    QCOMPARE(clone->name(), QStringLiteral("Size"));
-    QCOMPARE(clone->value()->value(), value);
-    QCOMPARE(clone->value()->owner(), clone);
-    QVERIFY(clone->value()->targets().isEmpty());
-    QCOMPARE(clone->tagCount(), 1);
-    QVERIFY(!clone->item());
-}
 
 void tst_KMNodeClone::null()
 {
@@ -122,15 +85,6 @@ void tst_KMNodeClone::asksTheClass()
     QCOMPARE(copy != nullptr, copied);
     if (copied)
         QCOMPARE(copy->type(), type);
-}
-
-void tst_KMNodeClone::nothingToCopy()
-{
-    KMBasicShaderNode shader;
-    KMIntNode value;
-    QVERIFY(!cloneNode(nullptr));
-    QVERIFY(!cloneNode(&shader)); // shaders are copied by their panel, not as nodes of the tree
-    QVERIFY(!cloneNode(&value));
 }
 
 KM_TEST(tst_KMNodeClone);

@@ -1,8 +1,6 @@
 #include "core/KMNodeType.h"
-#include "core/KMNullNode.h"
 #include "support/TestRegistry.h"
 
-#include <QDebug>
 #include <QSet>
 #include <QTest>
 
@@ -13,9 +11,6 @@ private slots:
     void familiesOfAnId_data();
     void familiesOfAnId();
     void noIdOrNameTwice();
-    void idsWithoutAName_data();
-    void idsWithoutAName();
-    void printsToTheLog();
 };
 
 namespace {
@@ -108,29 +103,6 @@ void tst_KMNodeType::noIdOrNameTwice()
         QVERIFY2(!names.contains(row->logName), row->logName);
         names << row->logName;
     }
-}
-
-void tst_KMNodeType::idsWithoutAName_data()
-{
-    QTest::addColumn<int>("id");
-
-    QTest::newRow("none") << 0;
-    QTest::newRow("between two") << 0x600004;
-    QTest::newRow("family alone") << 0x4000000;
-    QTest::newRow("negative") << -1;
-}
-
-void tst_KMNodeType::idsWithoutAName()
-{
-    QFETCH(int, id);
-    QVERIFY(!KMNodeType::find(id));
-    QCOMPARE(nodeTypeName(id), QStringLiteral("OTHERNODE"));
-}
-
-void tst_KMNodeType::printsToTheLog()
-{
-    QTest::ignoreMessage(QtDebugMsg, "node: KMNode(73400320) end");
-    qDebug() << "node:" << KMNullNode() << "end";
 }
 
 KM_TEST(tst_KMNodeType);

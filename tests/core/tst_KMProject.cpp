@@ -23,16 +23,13 @@ class tst_KMProject : public QObject
 {
     Q_OBJECT
 private slots:
-    void shaderByIndex();
     void uniqueNames_data();
     void uniqueNames();
     void namesOfDeletedNodesAreFree();
     void namesAreUniqueInTheirFamilyOnly();
     void numbersEnd();
-    void derivedListsFollowTheTree();
     void derivedListsMatchAWalk();
     void derivedListsHoldWhatIsEvaluated();
-    void addNodeSteps();
     void modifiersAreBuiltAgain();
     void deleteNodeSteps();
     void deletingAShaderShiftsReferences_data();
@@ -85,19 +82,6 @@ void move(FakeNode *node, KMContainerNode *parent)
 
 } // namespace
 
-void tst_KMProject::shaderByIndex()
-{
-    const RecordingSession scene;
-    KMBasicShaderNode *first = addShader("First");
-    KMBasicShaderNode *second = addShader("Second");
-    QCOMPARE(gProject->shader(0), first);
-    QCOMPARE(gProject->shader(1), second);
-    QVERIFY(!gProject->shader(2));
-    for (int i = 1; i < 9; ++i)
-        QCOMPARE(gProject->shader(-i), gProject->defaultShaders().at(i));
-    QVERIFY(!gProject->shader(-9));
-}
-
 void tst_KMProject::uniqueNames_data()
 {
     QTest::addColumn<QStringList>("taken");
@@ -106,20 +90,12 @@ void tst_KMProject::uniqueNames_data()
 
     QTest::newRow("first") << QStringList{} << "Mesh"
                            << "Mesh0";
-    QTest::newRow("others with numbers") << QStringList{"Mesh7", "Mesh12"} << "Mesh"
-                                         << "Mesh0";
     QTest::newRow("digits are stripped") << QStringList{"Mesh7", "Mesh12"} << "Mesh12"
                                          << "Mesh0";
-    QTest::newRow("next") << QStringList{"Mesh0", "Mesh1", "Mesh3"} << "Mesh9"
-                          << "Mesh2";
     QTest::newRow("digits further in stay") << QStringList{"a1b0"} << "a1b23"
                                             << "a1b1";
-    QTest::newRow("empty") << QStringList{} << ""
-                           << "0";
     QTest::newRow("placeholder") << QStringList{"%10"} << "%1"
                                  << "%0";
-    QTest::newRow("leading zero is another name") << QStringList{"Mesh00"} << "Mesh"
-                                                  << "Mesh0";
     QTest::newRow("Japanese") << QStringList{QString::fromUtf8("腕0")} << QString::fromUtf8("腕")
                               << QString::fromUtf8("腕1");
 }
@@ -178,40 +154,6 @@ void tst_KMProject::numbersEnd()
         gProject->addToScene(new FakeNode(KMNodeType::Mesh, QStringLiteral("Mesh")));
     QCOMPARE(nodeAs<KMContainerNode>(gProject->meshNodes().nodes().last())->name(), QStringLiteral("Mesh999"));
     QCOMPARE(scene.addFake(KMNodeType::Mesh, QStringLiteral("Mesh"))->name(), QStringLiteral("Mesh999"));
-}
-
-void tst_KMProject::derivedListsFollowTheTree()
-{
-    RecordingSession scene;
-    FakeNode *a = scene.addFake(KMNodeType::Mesh, QStringLiteral("a"));
-    FakeNode *b = scene.addFake(KMNodeType::Mesh, QStringLiteral("b"));
-    FakeNode *group = scene.addFake(KMNodeType::Null, QStringLiteral("g"));
-    scene.addFake(KMNodeType::ModSym, QStringLiteral("m"));
-    FakeNode *bone = scene.addFake(KMNodeType::BoneContainer, QStringLiteral("c"));
-    scene.addFake(KMNodeType::PrimCube, QStringLiteral("p"));
-    const auto lists = [] {
-        return QStringList{namesOf(gProject->meshesInTree().nodes()), namesOf(gProject->modifiersInTree().nodes()),
-                           namesOf(gProject->primitivesInTree().nodes()), namesOf(gProject->ctrlsInTree().nodes())}
-            .join(QLatin1Char('|'));
-    };
-    QCOMPARE(lists(), QStringLiteral("a0 b0|m0|p0|c0"));
-    move(a, group);
-    QCOMPARE(lists(), QStringLiteral("b0 a0|m0|p0|c0"));
-    gProject->deleteNode(group); // with a below it
-    QCOMPARE(lists(), QStringLiteral("b0|m0|p0|c0"));
-    QCOMPARE(namesOf(gProject->meshNodes().nodes()), QStringLiteral("a0 b0")); // the history still owns a
-    gProject->deleteNode(bone);
-    gProject->deleteNode(b);
-    QCOMPARE(lists(), QStringLiteral("|m0|p0|"));
-    scene.stack().undo();
-    scene.stack().undo();
-    scene.stack().undo();
-    QCOMPARE(lists(), QStringLiteral("b0 a0|m0|p0|c0"));
-    scene.stack().setIndex(1);
-    QCOMPARE(lists(), QStringLiteral("a0|||"));
-    scene.addFake(KMNodeType::Mesh, QStringLiteral("x")); // cuts the rest off for good
-    QCOMPARE(namesOf(gProject->meshNodes().nodes()), QStringLiteral("a0 x0"));
-    QCOMPARE(namesOf(gProject->allNodes().nodes()), QStringLiteral("a0 x0"));
 }
 
 /// Adds, moves, deletes and travels in the history at random. Nulls keep the members of a family far apart at times,
@@ -275,28 +217,6 @@ void tst_KMProject::derivedListsHoldWhatIsEvaluated()
     QCOMPARE(namesOf(gProject->meshesInTree().nodes()), QStringLiteral("a0"));
     move(mesh, nullptr);
     QCOMPARE(namesOf(gProject->renderMeshes().nodes()), QStringLiteral("ofPrimitive ofModifier a0"));
-}
-
-void tst_KMProject::addNodeSteps()
-{
-    RecordingSession scene;
-    auto *mesh = new FakeNode(KMNodeType::Mesh, QStringLiteral("Body"), scene.log());
-    gProject->addNode(mesh);
-    QCOMPARE(scene.takeLog().mid(0, 3), (CallLog{"commitOpenEditors", "isChainStale Body0",
-                                                 "refresh Body0"})); // nothing in between but silent steps
-    QCOMPARE(scene.stack().count(), 1);
-    QCOMPARE(topCommand(scene.stack()), QStringLiteral("Add Node"));
-    QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add Node")});
-    QVERIFY(mesh->isSelected() && !mesh->isDeleted() && mesh->item());
-    QCOMPARE(gSolution->currentNode(), mesh);
-
-    addShader("Skin");
-    QCOMPARE(scene.takeLog().filter(QStringLiteral("isChainStale")), CallLog{}); // not a row of the tree
-    QCOMPARE(topCommand(scene.stack()), QStringLiteral("Add Node"));
-    QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add ShaderNode")});
-    gProject->addNode(new KMProcTextureNode);
-    QCOMPARE(stepsOfTopCommand(scene.stack()), QStringList{QStringLiteral("Add TextureNode")});
-    QCOMPARE(gSolution->macroDepth(), 0);
 }
 
 void tst_KMProject::modifiersAreBuiltAgain()

@@ -2,7 +2,6 @@
 #include "core/KMWallpaper.h"
 #include "support/TestRegistry.h"
 
-#include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
@@ -17,7 +16,6 @@ class tst_KMSettings : public QObject
     Q_OBJECT
 private slots:
     void init();
-    void defaults();
     void defaultsFollowTheScale();
     void fileWinsOverTheScale();
     void tableIsSound();
@@ -32,10 +30,7 @@ private slots:
     void unusableFileIsHarmless();
     void foreignKeysStay();
     void keysOfOlderReleasesVanish();
-    void colorPlaces();
-    void colorSignal();
     void applySendsOnlyWhatChanged();
-    void actionGroups();
     void wallpaperOfAFile();
 
 private:
@@ -82,24 +77,6 @@ QByteArray tst_KMSettings::text(const char *file) const
 {
     QFile in(path(file));
     return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
-}
-
-void tst_KMSettings::defaults()
-{
-    KMSettings settings(m_dir->path());
-    settings.load();
-    QCOMPARE(settings.language, int(QLocale::system().language()));
-    QCOMPARE(settings.fontSize, 8);
-    QCOMPARE(settings.theme, -1);
-    QCOMPARE(settings.undoCount, 32);
-    QVERIFY(settings.enableAutoSave && settings.showDialog && !settings.enableBackup);
-    QCOMPARE(settings.autoSaveInterval, 60);
-    QCOMPARE(settings.backupDir, QStringLiteral("backup"));
-    QCOMPARE(settings.glSamples, 8);
-    QCOMPARE(settings.cameraRotateLimit, 4);
-    QCOMPARE(settings.vertexClickMargin, 12.0f);
-    QVERIFY(!settings.wallpaper);
-    QVERIFY2(text("kelmo.ini").isEmpty(), "reading must not write");
 }
 
 void tst_KMSettings::defaultsFollowTheScale()
@@ -197,17 +174,12 @@ void tst_KMSettings::damagedValueCountsAsMissing_data()
     QTest::addColumn<QByteArray>("value");
 
     QTest::newRow("no number") << QByteArray("Global/FontSize") << QByteArray("big");
-    QTest::newRow("fraction for a count") << QByteArray("Global/UndoCount") << QByteArray("3.7");
     QTest::newRow("negative count") << QByteArray("Global/UndoCount") << QByteArray("-1");
     QTest::newRow("beyond an int") << QByteArray("GL/MaxTextureSize") << QByteArray("99999999999999");
-    QTest::newRow("list for a number") << QByteArray("GL/LineWidth") << QByteArray("1, 2");
     QTest::newRow("no bool") << QByteArray("Backup/EnableBackup") << QByteArray("perhaps");
     QTest::newRow("not finite") << QByteArray("GL/PointSize") << QByteArray("nan");
-    QTest::newRow("infinite") << QByteArray("Operation/HandleRatio") << QByteArray("inf");
-    QTest::newRow("empty") << QByteArray("Operation/SnapMargin") << QByteArray();
     QTest::newRow("autosave all the time") << QByteArray("AutoSave/Interval") << QByteArray("0");
     QTest::newRow("timer overflow") << QByteArray("AutoSave/Interval") << QByteArray("2000000000");
-    QTest::newRow("unknown theme") << QByteArray("Global/Theme") << QByteArray("9");
     QTest::newRow("stopped camera") << QByteArray("Navigation/rotateRatio") << QByteArray("0");
     QTest::newRow("foreign variant") << QByteArray("GL/Samples") << QByteArray("@Variant(\\0\\0)");
 }
@@ -330,36 +302,6 @@ void tst_KMSettings::keysOfOlderReleasesVanish()
     QCOMPARE(file.value(QStringLiteral("Navigation/reverseX")).toBool(), true);
 }
 
-void tst_KMSettings::colorPlaces()
-{
-    const KMSettings settings(m_dir->path());
-    QCOMPARE(settings.displayColor(7), QColor(102, 102, 127, 178));
-    QCOMPARE(settings.displayColor(16), QColor(160, 255, 64, 255));
-    QCOMPARE(settings.displayColor(22), QColor(128, 96, 96, 255));
-    QCOMPARE(settings.displayColor(30), QColor(255, 204, 0, 255));
-    QCOMPARE(settings.displayColor(36), QColor(255, 0, 0, 255));
-    for (const int nothing : {-1, 21, 37, 1000})
-        QVERIFY(!settings.displayColor(nothing).isValid());
-
-    int offered = 0;
-    for (const KMDisplayColorRow &row : displayColorRows())
-        offered += *row.label ? 1 : 0;
-    QCOMPARE(offered, 35);
-}
-
-void tst_KMSettings::colorSignal()
-{
-    KMSettings settings(m_dir->path());
-    QSignalSpy spy(&settings, &KMSettings::DPColorChanged);
-    settings.setDisplayColor(DP_BG, QColor::fromHsvF(0.3, 0.5, 0.7, 0.5));
-    QCOMPARE(spy.count(), 1);
-    settings.setDisplayColor(DP_BG, settings.displayColor(DP_BG));
-    settings.setDisplayColor(21, Qt::red);
-    settings.setDisplayColor(-1, Qt::red);
-    settings.setDisplayColor(DP_BG, QColor());
-    QCOMPARE(spy.count(), 1);
-}
-
 void tst_KMSettings::applySendsOnlyWhatChanged()
 {
     KMSettings settings(m_dir->path());
@@ -377,24 +319,6 @@ void tst_KMSettings::applySendsOnlyWhatChanged()
     QCOMPARE(zRev.count(), 1);
     QCOMPARE(colors.count(), 1);
     QCOMPARE(settings.undoCount, 256);
-}
-
-void tst_KMSettings::actionGroups()
-{
-    KMSettings settings(m_dir->path());
-    QAction save(QStringLiteral("Save"), nullptr);
-    auto gone = std::make_unique<QAction>(QStringLiteral("Gone"), nullptr);
-    settings.setActionGroup(QStringLiteral("File(&F)"), {&save, gone.get()});
-    settings.setActionGroup(QStringLiteral("Edit (&E)"), {&save});
-    gone.reset();
-    QCOMPARE(settings.actionGroups().size(), 2);
-    QCOMPARE(settings.actionGroups().at(0).title, QStringLiteral("File"));
-    QVERIFY(settings.actionGroups().at(0).actions.at(1).isNull());
-    QCOMPARE(settings.actionGroups().at(1).title, QStringLiteral("Edit"));
-
-    settings.setActionGroup(QStringLiteral("File(&F)"), {&save});
-    QCOMPARE(settings.actionGroups().size(), 2);
-    QCOMPARE(settings.actionGroups().at(0).actions.size(), 1);
 }
 
 void tst_KMSettings::wallpaperOfAFile()

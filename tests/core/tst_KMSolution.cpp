@@ -17,10 +17,7 @@ class tst_KMSolution : public QObject
 {
     Q_OBJECT
 private slots:
-    void modified_data();
-    void modified();
     void macroCountsItsCommands();
-    void failedSaveStaysModified();
     void updateOrder();
     void updateOncePerMacro();
     void deferredRefresh_data();
@@ -34,8 +31,6 @@ private slots:
     void addonMayOpenABracket();
     void commandIsRemembered_data();
     void commandIsRemembered();
-    void title_data();
-    void title();
     void titleIsSetWhenItDiffers();
     void clearHistory();
     void autoSaveWaits_data();
@@ -53,55 +48,6 @@ void push(const char *text = "step")
 }
 
 } // namespace
-
-/// A letter a step: e edit, m macro of three, u undo, r redo, s save, b save under another name.
-void tst_KMSolution::modified_data()
-{
-    QTest::addColumn<QString>("steps");
-    QTest::addColumn<bool>("isModified");
-
-    QTest::newRow("nothing") << "" << false;
-    QTest::newRow("edit") << "e" << true;
-    QTest::newRow("back to the start") << "eu" << false;
-    QTest::newRow("saved") << "es" << false;
-    QTest::newRow("before the save") << "esu" << true;
-    QTest::newRow("back to the save") << "eesuur" << true;
-    QTest::newRow("all the way back to the save") << "eesuurr" << false;
-    QTest::newRow("save in the past") << "eeusr" << true;
-    QTest::newRow("start after the save") << "esu" << true;
-    QTest::newRow("past a macro") << "smu" << false;
-    QTest::newRow("save within macros") << "mmsuu" << true;
-    QTest::newRow("saved branch cut off") << "esue" << true;
-    QTest::newRow("cut off by a macro") << "eeesum" << true;
-    QTest::newRow("cut off and undone") << "esueu" << true;
-    QTest::newRow("cut off and saved again") << "esues" << false;
-    QTest::newRow("cut off and back to a new save") << "esueseu" << false;
-    QTest::newRow("under another name") << "eb" << false;
-}
-
-void tst_KMSolution::modified()
-{
-    QFETCH(QString, steps);
-    RecordingSession scene;
-    gSolution->setFileName(QStringLiteral("/tmp/doc.kmd"));
-    for (const QChar step : steps) {
-        if (step == 'e') {
-            push();
-        } else if (step == 'm') {
-            const KMUndoMacro macro(QStringLiteral("three"));
-            for (int i = 0; i < 3; ++i)
-                push();
-        } else if (step == 'u') {
-            scene.stack().undo();
-        } else if (step == 'r') {
-            scene.stack().redo();
-        } else {
-            QVERIFY(step == 's' ? gSolution->save() : gSolution->saveBackup(QStringLiteral("/tmp/other.kmd")));
-        }
-    }
-    QTEST(gSolution->isModified(), "isModified");
-    QCOMPARE(scene.window.title.contains('*'), gSolution->isModified());
-}
 
 void tst_KMSolution::macroCountsItsCommands()
 {
@@ -122,21 +68,6 @@ void tst_KMSolution::macroCountsItsCommands()
     gSolution->countStep(+1);
     QVERIFY(!gSolution->isModified());
     gSolution->countStep(-5);
-}
-
-void tst_KMSolution::failedSaveStaysModified()
-{
-    RecordingSession scene;
-    gSolution->setFileName(QStringLiteral("/tmp/doc.kmd"));
-    push();
-    scene.format.canWrite = false;
-    QVERIFY(!gSolution->save());
-    QVERIFY(gSolution->isModified());
-    QCOMPARE(gSolution->fileName(), QStringLiteral("/tmp/doc.kmd"));
-    QVERIFY(scene.window.recentFiles.isEmpty());
-    QVERIFY(!gSolution->saveBackup(QStringLiteral("/tmp/other.kmd")));
-    QVERIFY(gSolution->isModified());
-    QCOMPARE(gSolution->fileName(), QString());
 }
 
 void tst_KMSolution::updateOrder()
@@ -366,30 +297,6 @@ void tst_KMSolution::commandIsRemembered()
     QCOMPARE(scene.takeLog(), CallLog{QStringLiteral("commandRun")});
     gSolution->doCommand(); // nobody sent it
     QCOMPARE(scene.takeLog(), CallLog{QStringLiteral("commandRun")});
-}
-
-void tst_KMSolution::title_data()
-{
-    QTest::addColumn<QString>("fileName");
-    QTest::addColumn<bool>("modified");
-    QTest::addColumn<QString>("title");
-
-    QTest::newRow("untitled") << "" << false << "Kelmo - [untitled]";
-    QTest::newRow("untitled, modified") << "" << true << "Kelmo - [untitled*]";
-    QTest::newRow("named") << "/home/a b/miku.kmd" << false << "Kelmo - [miku]";
-    QTest::newRow("named, modified") << "/home/a b/miku.kmd" << true << "Kelmo - [miku*]";
-}
-
-void tst_KMSolution::title()
-{
-    QFETCH(QString, fileName);
-    QFETCH(bool, modified);
-    QCoreApplication::setApplicationName(QStringLiteral("Kelmo"));
-    RecordingSession scene;
-    gSolution->setFileName(fileName);
-    if (modified)
-        push();
-    QTEST(scene.window.title, "title");
 }
 
 void tst_KMSolution::titleIsSetWhenItDiffers()

@@ -1,6 +1,5 @@
 #include "core/KMNodeType.h"
 #include "core/KMTreeWidget.h"
-#include "core/KMValueNodeContainer.h"
 #include "support/SceneFakes.h"
 #include "support/TestRegistry.h"
 
@@ -13,16 +12,10 @@ class tst_KMTreeWidget : public QObject
 {
     Q_OBJECT
 private slots:
-    void rowsLeadToTheirNode();
-    void boxesOfANewRow_data();
-    void boxesOfANewRow();
-    void flattensParentsBeforeChildren();
     void topSelectedItems_data();
     void topSelectedItems();
     void copiesRowState();
     void leavesOtherShapesAlone();
-    void positions();
-    void currentRowIsAnnounced();
 };
 
 namespace {
@@ -73,77 +66,21 @@ QString namesOf(const QList<QTreeWidgetItem *> &rows)
 
 } // namespace
 
-void tst_KMTreeWidget::rowsLeadToTheirNode()
-{
-    FakeNode node(KMNodeType::Mesh, QStringLiteral("Body"));
-    const std::unique_ptr<QTreeWidgetItem> row(KMTreeWidget::makeRow(&node));
-    QCOMPARE(KMTreeWidget::nodeOf(row.get()), &node);
-    const qulonglong pointer = quintptr(&node);
-    QCOMPARE(row->data(0, Qt::UserRole), QVariant(pointer));
-    QCOMPARE(row->data(3, Qt::UserRole), QVariant(pointer));
-    QCOMPARE(row->text(0), QStringLiteral("Body"));
-    QVERIFY(!KMTreeWidget::nodeOf(nullptr));
-    QCOMPARE(KMTreeWidget().columnCount(), 4);
-}
-
-void tst_KMTreeWidget::boxesOfANewRow_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("followsNode");
-
-    QTest::newRow("mesh") << int(KMNodeType::Mesh) << true;
-    QTest::newRow("modifier") << int(KMNodeType::ModSym) << true;
-    QTest::newRow("null") << int(KMNodeType::Null) << false;
-    QTest::newRow("float") << int(KMNodeType::FloatContainer) << false;
-}
-
-void tst_KMTreeWidget::boxesOfANewRow()
-{
-    QFETCH(int, type);
-    QFETCH(bool, followsNode);
-    FakeNode node(type, {});
-    for (const bool on : {true, false}) {
-        node.setVisible(on);
-        node.setLocked(!on);
-        const std::unique_ptr<QTreeWidgetItem> row(KMTreeWidget::makeRow(&node));
-        QCOMPARE(row->data(1, Qt::CheckStateRole).toInt(), followsNode && on ? 2 : 0);
-        QCOMPARE(row->data(2, Qt::CheckStateRole).toInt(), followsNode && !on ? 2 : 0);
-    }
-}
-
-void tst_KMTreeWidget::flattensParentsBeforeChildren()
-{
-    LetterTree letters("A(B(C D) E) F(G)");
-    QCOMPARE(namesOf(KMTreeWidget::flatten(&letters.tree)), QStringLiteral("ABCDEFG"));
-    QCOMPARE(namesOf(KMTreeWidget::flatten(letters.row('B'))), QStringLiteral("BCD"));
-    QCOMPARE(namesOf(KMTreeWidget::flatten(letters.row('E'))), QStringLiteral("E"));
-    QVERIFY(KMTreeWidget::flatten(static_cast<QTreeWidgetItem *>(nullptr)).isEmpty());
-}
-
 void tst_KMTreeWidget::topSelectedItems_data()
 {
     QTest::addColumn<QString>("rows");
     QTest::addColumn<QString>("nodes");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("nothing") << ""
-                             << ""
-                             << "";
-    QTest::newRow("in order of the tree") << "FCE"
-                                          << "FCE"
-                                          << "CEF";
-    QTest::newRow("below the parent") << "BCD"
-                                      << "BCD"
-                                      << "B";
-    QTest::newRow("below a grandparent") << "AD"
-                                         << "AD"
-                                         << "A";
-    QTest::newRow("parent's row alone") << "BC"
-                                        << "C"
-                                        << "BC";
-    QTest::newRow("parent's node alone") << "C"
-                                         << "BC"
-                                         << "C";
+    const auto row = [](const char *name, const char *rows, const char *nodes, const char *result) {
+        QTest::newRow(name) << QString::fromUtf8(rows) << QString::fromUtf8(nodes) << QString::fromUtf8(result);
+    };
+    row("nothing", "", "", "");
+    row("in order of the tree", "FCE", "FCE", "CEF");
+    row("below the parent", "BCD", "BCD", "B");
+    row("below a grandparent", "AD", "AD", "A");
+    row("parent's row alone", "BC", "C", "BC");
+    row("parent's node alone", "C", "BC", "C");
 }
 
 void tst_KMTreeWidget::topSelectedItems()
@@ -182,34 +119,6 @@ void tst_KMTreeWidget::leavesOtherShapesAlone()
     KMTreeWidget::copyRowState(letters.row('D'), nullptr);
     QVERIFY(!letters.row('D')->isExpanded());
     QVERIFY(letters.row('A')->isExpanded());
-}
-
-void tst_KMTreeWidget::positions()
-{
-    LetterTree letters("A(B C) D");
-    QCOMPARE(KMTreeWidget::positionOf(letters.row('C')), 1);
-    QCOMPARE(KMTreeWidget::positionOf(letters.row('D')), 1);
-    QCOMPARE(KMTreeWidget::parentNodeOf(letters.node('C')), letters.node('A'));
-    QVERIFY(!KMTreeWidget::parentNodeOf(letters.node('D')));
-
-    QTreeWidgetItem *row = letters.row('B');
-    letters.tree.takeRow(row);
-    QCOMPARE(KMTreeWidget::positionOf(row), -1);
-    letters.tree.insertRow(nullptr, 1, row);
-    QCOMPARE(namesOf(KMTreeWidget::flatten(&letters.tree)), QStringLiteral("ACBD"));
-    QVERIFY(!KMTreeWidget::parentNodeOf(letters.node('B')));
-    const FakeNode rowless(KMNodeType::Null, {});
-    QVERIFY(!KMTreeWidget::parentNodeOf(&rowless));
-}
-
-void tst_KMTreeWidget::currentRowIsAnnounced()
-{
-    QList<KMNode *> announced;
-    LetterTree letters("A B");
-    connect(&letters.tree, &KMTreeWidget::onNodeUpdate, [&announced](KMNode *node) { announced << node; });
-    letters.tree.setCurrentItem(letters.row('B'));
-    letters.tree.setCurrentItem(nullptr);
-    QCOMPARE(announced, (QList<KMNode *>{letters.node('B'), nullptr}));
 }
 
 KM_TEST(tst_KMTreeWidget);

@@ -26,6 +26,11 @@ void tst_KMWidgetPrompt::texts_data()
     QTest::newRow("markup is text") << QStringLiteral("<b>one</b>\ntwo") << false;
     QTest::newRow("many lines") << line.repeated(200) << true;
     QTest::newRow("one long line") << line.trimmed().repeated(200) << true;
+    const QString wide = QString(125, QChar(0x3042)); // few characters, which take much room
+    QTest::newRow("Japanese line") << wide << false;
+    QTest::newRow("Japanese paragraphs") << (wide + QLatin1Char('\n')).repeated(15) << true;
+    QTest::newRow("one endless word") << QString(1900, QLatin1Char('x')) << true;
+    QTest::newRow("a word wider than the screen") << QString(300, QLatin1Char('x')) << true;
 }
 
 /// Whatever a file's maker wrote can be read to its end, as it was written, and the button is within reach.
@@ -34,13 +39,18 @@ void tst_KMWidgetPrompt::texts()
     QFETCH(QString, text);
     QFETCH(bool, scrolls);
     QString shown;
+    QString described;
     bool isPage = false;
+    bool isPlain = false;
     QSize size;
     QTimer::singleShot(0, [&] {
         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
         if (!box)
             return;
         size = box->frameGeometry().size();
+        described = box->text() + box->accessibleDescription();
+        const auto *information = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"));
+        isPlain = information && information->textFormat() == Qt::PlainText;
         if (const auto *page = box->findChild<QPlainTextEdit *>()) {
             isPage = page->isVisible() && page->isReadOnly() && page->height() > 100;
             shown = page->toPlainText();
@@ -53,9 +63,12 @@ void tst_KMWidgetPrompt::texts()
     KMMessage message;
     message.title = QStringLiteral("Model");
     message.text = text;
+    message.informativeText = QStringLiteral("/tmp/<b>folder");
     QCOMPARE(KMWidgetPrompt().message(message), QMessageBox::Ok);
     QCOMPARE(shown, text);
+    QCOMPARE(described, text);
     QCOMPARE(isPage, scrolls);
+    QVERIFY(isPlain);
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
     QVERIFY(size.width() <= screen.width() && size.height() <= screen.height());
 }

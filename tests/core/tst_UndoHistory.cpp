@@ -174,7 +174,6 @@ class tst_UndoHistory : public QObject
 private slots:
     void modified_data();
     void modified();
-    void clearedHistoryIsUnmodified();
     void commandsGoWithTheirNodes_data();
     void commandsGoWithTheirNodes();
     void limitDropsTheOldest();
@@ -217,18 +216,6 @@ void tst_UndoHistory::modified()
     play(steps);
     QCOMPARE(gSolution->isModified(), modified);
     QCOMPARE(gSolution->titleText().endsWith(QStringLiteral("*]")), modified);
-}
-
-void tst_UndoHistory::clearedHistoryIsUnmodified()
-{
-    const SmallScene scene;
-    play(QStringLiteral("emu"));
-    const int listed = gSolution->history().size();
-    QVERIFY(listed >= 6);
-    gSolution->clearHistory();
-    QVERIFY(!gSolution->isModified());
-    QCOMPARE(gSolution->undoStack()->count(), 0);
-    QCOMPARE(gSolution->history().size(), 0);
 }
 
 void tst_UndoHistory::commandsGoWithTheirNodes_data()

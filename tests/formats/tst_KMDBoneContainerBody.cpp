@@ -3,7 +3,6 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "formats/KMDReader.h"
-#include "formats/KMDWriter.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
@@ -12,6 +11,7 @@
 #include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagConstraint.h"
+#include "support/DocumentText.h"
 #include "support/KmdBytes.h"
 #include "support/KmdEveryKind.h"
 #include "support/MeshFixtures.h"
@@ -19,7 +19,6 @@
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
 
-#include <QBuffer>
 #include <QTest>
 #include <QTextCodec>
 #include <QtEndian>
@@ -115,14 +114,6 @@ void fill(Random &random)
     }
 }
 
-QByteArray saved()
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    KMDWriter writer(KMDOutput::Form::Present, {}, nullptr);
-    return writer.write(&buffer) && writer.warnings().isEmpty() ? buffer.data() : QByteArray();
-}
-
 QString dumped()
 {
     return RigDump().text();
@@ -182,11 +173,28 @@ private slots:
     void everyVersion();
     void oddParents();
     void weightsOverGaps();
+    void manyBones();
     void mutations();
 
 private:
     std::unique_ptr<KMHeadlessSession> m_session;
 };
+
+/// Whatever could be made can be read again.
+void tst_KMDBoneContainerBody::manyBones()
+{
+    constexpr int count = 12000;
+    auto *rig = new KMBoneContainer;
+    gProject->addToScene(rig);
+    for (int i = 0; i < count; ++i)
+        rig->attachBone(new KMBone, nullptr);
+    rig->rebuildOrder();
+    const QByteArray bytes = saved();
+    gSolution->newDocument();
+    KMDReader reader;
+    QVERIFY2(reader.readBytes(bytes), qPrintable(reader.error()));
+    QCOMPARE(KMBoneContainer::inTree().value(0)->bones().size(), count);
+}
 
 void tst_KMDBoneContainerBody::roundTrip()
 {
@@ -194,14 +202,14 @@ void tst_KMDBoneContainerBody::roundTrip()
         Random random(seed);
         fill(random);
         const QString before = dumped();
-        const QByteArray bytes = saved();
+        const QByteArray bytes = savedDocument();
         gSolution->newDocument();
         KMDReader reader;
         QVERIFY2(reader.readBytes(bytes), qPrintable(reader.error()));
         QCOMPARE(reader.warnings(), QStringList());
         QCOMPARE(dumped(), before);
         QCOMPARE(fault(), QString());
-        QCOMPARE(saved(), bytes);
+        QCOMPARE(savedDocument(), bytes);
         gSolution->newDocument();
     }
 }
@@ -252,7 +260,7 @@ void tst_KMDBoneContainerBody::oddParents()
     scene.addBone(QStringLiteral("b"), a, {}, {0, 1, 0});
     scene.addBone(QStringLiteral("c"), a, {}, {0, 1, 0});
     scene.addBone(QStringLiteral("d"), nullptr, {}, {0, 1, 0});
-    const QByteArray file = saved();
+    const QByteArray file = savedDocument();
     const quint64 idOfA = parentOf(file, 'b');
     const quint64 idOfB = idOfA + 2; // each has an id for its row too
     const auto read = [](const QByteArray &bytes) {
@@ -285,7 +293,7 @@ void tst_KMDBoneContainerBody::weightsOverGaps()
     }
     KMMeshEdit::deleteVertex(*tag->mesh(), 2);
     gSolution->push(new deleteBoneCommand(bones[3]));
-    const QByteArray bytes = saved();
+    const QByteArray bytes = savedDocument();
     gSolution->newDocument();
     KMDReader reader;
     QVERIFY2(reader.readBytes(bytes) && reader.warnings().isEmpty(), qPrintable(reader.error()));
@@ -305,19 +313,13 @@ void tst_KMDBoneContainerBody::mutations()
     const int rounds = qEnvironmentVariableIsSet("KELMO_LONG_TESTS") ? 50000 : 600;
     Random random(7);
     fill(random);
-    const QByteArray whole = saved();
+    const QByteArray whole = savedDocument();
     const int start = whole.indexOf(QTextCodec::codecForName("UTF-16BE")->fromUnicode(QStringLiteral("骨")).right(2));
     int accepted = 0;
     for (int round = 0; round < rounds; ++round) {
         gSolution->newDocument();
         QByteArray bytes = whole;
-        for (int faults = 1 + int(random() % 3); faults > 0; --faults) {
-            const int at = start + int(random() % uint(bytes.size() - start));
-            if (random() % 4 == 0)
-                bytes.remove(at, 1 + int(random() % 8));
-            else
-                bytes[at] = char(random());
-        }
+        damage(bytes, random, 3, start);
         KMDReader reader;
         if (!reader.readBytes(bytes)) {
             QVERIFY(!reader.error().isEmpty() && gProject->allNodes().isEmpty());
@@ -325,7 +327,7 @@ void tst_KMDBoneContainerBody::mutations()
         }
         ++accepted;
         QCOMPARE(fault(), QString());
-        const QByteArray again = saved();
+        const QByteArray again = savedDocument();
         const QString before = dumped();
         gSolution->newDocument();
         QVERIFY2(KMDReader().readBytes(again), qPrintable(QString::number(round)));

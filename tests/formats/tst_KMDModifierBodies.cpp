@@ -4,7 +4,6 @@
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
 #include "formats/KMDReader.h"
-#include "formats/KMDWriter.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshModifier.h"
 #include "mesh/KMMeshNode.h"
@@ -20,10 +19,10 @@
 #include "rig/KMDisplayAnchorNode.h"
 #include "rig/KMModAnchorNode.h"
 #include "rig/KMTagBoneWeight.h"
+#include "support/DocumentText.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 
-#include <QBuffer>
 #include <QTest>
 
 namespace {
@@ -81,12 +80,10 @@ void tst_KMDModifierBodies::allComeBack()
     const int faces = result->faceCount();
     const kvm::Vector3 corner = result->position(result->vertexCount() - 1);
 
-    QBuffer file;
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(KMDWriter(KMDOutput::Form::Present, {}, nullptr).write(&file));
+    const QByteArray file = savedDocument();
     gSolution->newDocument();
     KMDReader reader;
-    QVERIFY2(reader.readBytes(file.data()), qPrintable(reader.error()));
+    QVERIFY2(reader.readBytes(file), qPrintable(reader.error()));
     QCOMPARE(reader.warnings(), QStringList());
     QVERIFY(read<KMModSdvNode>(0) == sdv);
     QVERIFY(read<KMModSymNode>(1) == sym);
@@ -126,13 +123,11 @@ void tst_KMDModifierBodies::anchors()
     KMMeshEdit::deleteFace(*helper, 0);
     gSolution->push(new deleteBoneCommand(anchors.first()->bone()));
 
-    QBuffer file;
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(KMDWriter(KMDOutput::Form::Present, {}, nullptr).write(&file));
+    const QByteArray file = savedDocument();
     anchors.clear();
     gSolution->newDocument();
     KMDReader reader;
-    QVERIFY2(reader.readBytes(file.data()), qPrintable(reader.error()));
+    QVERIFY2(reader.readBytes(file), qPrintable(reader.error()));
     const auto *back = static_cast<const KMModAnchorNode *>(gProject->modifiersInTree().nodes().first());
     QCOMPARE(back->parameters(), (KMModAnchorNode::Parameters{KMAnchorWeights::FacesInRange, 1}));
     QCOMPARE(back->anchors().size(), 1);

@@ -1,7 +1,6 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "formats/KMDReader.h"
-#include "formats/KMDWriter.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
@@ -14,11 +13,11 @@
 #include "rig/KMTagGroup.h"
 #include "rig/KMTagSelection.h"
 #include "rig/KMTagText.h"
+#include "support/DocumentText.h"
 #include "support/RandomNumbers.h"
 #include "support/RigScene.h"
 #include "support/TestRegistry.h"
 
-#include <QBuffer>
 #include <QDataStream>
 #include <QTest>
 
@@ -72,17 +71,6 @@ void fill(RigScene &scene, Random &random)
         gProject->addToScene(group);
     }
     scene.forget();
-}
-
-QByteArray saved(QStringList *warnings = nullptr)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    KMDWriter writer(KMDOutput::Form::Present, {}, nullptr);
-    writer.write(&buffer);
-    if (warnings)
-        *warnings = writer.warnings();
-    return buffer.data();
 }
 
 KMBoneContainer *onlyRig()
@@ -145,7 +133,7 @@ void tst_KMDPhysicsTags::roundTrip()
                           KMRigTags::bodies(scene.rig).indexOf(tag->bodyB())});
         }
         const QStringList groups = groupsAndItems();
-        const QByteArray bytes = saved();
+        const QByteArray bytes = savedDocument();
 
         gSolution->newDocument();
         KMDReader reader;
@@ -166,7 +154,7 @@ void tst_KMDPhysicsTags::roundTrip()
             QVERIFY(data.linearSpring == joints[i].linearSpring && data.angularSpring == joints[i].angularSpring);
         }
         QCOMPARE(groupsAndItems(), groups);
-        QCOMPARE(saved(), bytes);
+        QCOMPARE(savedDocument(), bytes);
     }
 }
 
@@ -183,7 +171,7 @@ void tst_KMDPhysicsTags::orderOfABody()
     for (int number = 1; number <= 8; ++number)
         out << float(number);
     out << quint8(1) << quint32(KMTagRigidBody::Capsule) << quint32(KMTagRigidBody::Physics) << 1.0f;
-    QCOMPARE(saved().count(body), 1);
+    QCOMPARE(savedDocument().count(body), 1);
 }
 
 void tst_KMDPhysicsTags::deletedOnesAreLeftOut()
@@ -199,7 +187,7 @@ void tst_KMDPhysicsTags::deletedOnesAreLeftOut()
         gProject->addToScene(group);
     }
     gSolution->push(new deleteBoneCommand(a));
-    const QByteArray bytes = saved();
+    const QByteArray bytes = savedDocument();
     gSolution->newDocument();
     QVERIFY(KMDReader().readBytes(bytes));
     // The group that had nothing else is gone, the empty one isn't.
@@ -214,7 +202,7 @@ void tst_KMDPhysicsTags::importScale()
     RigScene scene;
     KMPhysicsMaking::pushBodies({scene.addBone(QStringLiteral("a"), nullptr, {}, {0, 4, 0})}, KMTagRigidBody::Box,
                                 true);
-    const QByteArray bytes = saved();
+    const QByteArray bytes = savedDocument();
     gSolution->newDocument();
     KMDReader::Options options;
     options.importScale = 0.5f;
@@ -249,7 +237,7 @@ void tst_KMDPhysicsTags::smallTags()
     value->setParameters({2.5f});
     mesh->addTag(value);
     QStringList warnings;
-    const QByteArray bytes = saved(&warnings);
+    const QByteArray bytes = savedDocument(&warnings);
     QCOMPARE(warnings.size(), 1); // the number has no place
 
     gSolution->newDocument();
@@ -272,26 +260,20 @@ void tst_KMDPhysicsTags::mutations()
     RigScene scene;
     Random random(3);
     fill(scene, random);
-    const QByteArray whole = saved();
+    const QByteArray whole = savedDocument();
     const int start = whole.size() * 2 / 3; // bones, their tags and the groups
     int accepted = 0;
     for (int round = 0; round < rounds; ++round) {
         gSolution->newDocument();
         QByteArray bytes = whole;
-        for (int faults = 1 + int(random() % 3); faults > 0; --faults) {
-            const int at = start + int(random() % uint(bytes.size() - start));
-            if (random() % 4 == 0)
-                bytes.remove(at, 1 + int(random() % 8));
-            else
-                bytes[at] = char(random());
-        }
+        damage(bytes, random, 3, start);
         if (!KMDReader().readBytes(bytes))
             continue;
         ++accepted;
-        const QByteArray again = saved();
+        const QByteArray again = savedDocument();
         gSolution->newDocument();
         QVERIFY2(KMDReader().readBytes(again), qPrintable(QString::number(round)));
-        QCOMPARE(saved().size(), again.size());
+        QCOMPARE(savedDocument().size(), again.size());
     }
     QVERIFY(accepted > 0 && accepted < rounds);
 }

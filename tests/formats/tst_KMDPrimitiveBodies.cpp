@@ -9,7 +9,7 @@
 #include "formats/KMNativeFormat.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMPrimitiveCommands.h"
-#include "support/MeshProbe.h"
+#include "support/MeshFixtures.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestRegistry.h"
 

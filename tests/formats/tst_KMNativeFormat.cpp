@@ -398,8 +398,16 @@ void tst_KMNativeFormat::whatHasNoPlaceIsTold()
     QVERIFY(!saved("a.kmd").isEmpty());
     QCOMPARE(m_prompt.messages.size(), 1);
     QVERIFY(m_prompt.messages.first().text.contains(QStringLiteral("note0")));
+    gSettings->showDialog = false;
+    addNull(QStringLiteral("other"))->addTag(new TestTag(QStringLiteral("more")));
+    gSolution->autoSave();
+    QVERIFY(!gSolution->isModified());
+    QCOMPARE(m_prompt.messages.size(), 1); // nobody asked for that save
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(gSolution->save());
+    QCOMPARE(m_prompt.messages.size(), 2); // of the new one, and once
     QVERIFY(gSolution->load(path("a.kmd")));
-    QCOMPARE(gProject->nullNodes().size(), 1);
+    QCOMPARE(gProject->nullNodes().size(), 2);
 }
 
 /// What came after version 3.0 is all that the form for release 1 lacks.

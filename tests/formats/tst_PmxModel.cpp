@@ -101,8 +101,6 @@ class tst_PmxModel : public QObject
     Q_OBJECT
 private slots:
     void triangles();
-    void islands();
-    void latestCloneOnly();
     void splitsAsRead();
     void groups();
 };
@@ -134,37 +132,6 @@ void tst_PmxModel::triangles()
     PmxModel hidden;
     hidden.triangulate(*mesh, PmxModel::SkipHidden);
     QVERIFY(hidden.faces().isEmpty());
-}
-
-void tst_PmxModel::islands()
-{
-    const Mesh cube(MeshFixtures::cube());
-    cube->setSmoothAngle(180.0f); // one normal at each corner of the cube
-    cube->refreshMesh(KMMeshDirty::All);
-    QCOMPARE(split(*cube).vertices().size(), 8);
-    for (int f = 0; f < cube->faceCount(); ++f) {
-        for (int c = 0; c < 4; ++c)
-            cube->face(f)->uvs[c] = {float(f), float(c)};
-    }
-    PmxModel model;
-    model.triangulate(*cube, PmxModel::TakeHidden);
-    model.splitVertices(PmxModel::ByUV);
-    QCOMPARE(model.vertices().size(), 24);
-    QCOMPARE(split(*cube).vertices().size(), 24);
-}
-
-/// A value that comes back after two others at one vertex gets a second copy.
-void tst_PmxModel::latestCloneOnly()
-{
-    const Mesh fan(MeshFixtures::openCone(4));
-    const float values[] = {0, 1, 2, 1};
-    for (int f = 0; f < 4; ++f)
-        fan->face(f)->uvs[fan->face(f)->cornerOf(0)].x = values[f];
-    PmxModel model;
-    model.triangulate(*fan, PmxModel::TakeHidden);
-    const int before = model.vertices().size();
-    model.splitVertices(PmxModel::ByUV);
-    QCOMPARE(model.vertices().size(), before + 3);
 }
 
 void tst_PmxModel::splitsAsRead()

@@ -3,15 +3,13 @@
 #include "formats/VpdImporter.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "support/MotionScene.h"
 #include "support/RandomNumbers.h"
-#include "support/RigScene.h"
-#include "support/ScriptedPrompt.h"
 #include "support/TestPaths.h"
 #include "support/TestRegistry.h"
 #include "support/VmdBytes.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -20,8 +18,8 @@ class tst_VpdImporter : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
+    void init() { m_scene = std::make_unique<MotionScene>(QStringLiteral("IK foot"), 7); }
+    void cleanup() { m_scene.reset(); }
     void lines_data();
     void lines();
     void poseAtBothEndsOfTheStep();
@@ -30,42 +28,11 @@ private slots:
     void realFile();
 
 private:
-    bool load(const QByteArray &bytes) const;
+    bool load(const QByteArray &bytes) const { return VpdImporter::load(m_scene->write(bytes)); }
     BoneAnimation *motion() const { return m_scene->rig->animation(); }
 
-    QTemporaryDir m_folder;
-    ScriptedPrompt m_prompt;
-    std::unique_ptr<KMPromptScope> m_scope;
-    std::unique_ptr<RigScene> m_scene;
-    KMBone *m_arm = nullptr;
-    KMBone *m_hand = nullptr;
+    std::unique_ptr<MotionScene> m_scene;
 };
-
-void tst_VpdImporter::init()
-{
-    m_prompt.messages.clear();
-    m_scope = std::make_unique<KMPromptScope>(&m_prompt);
-    m_scene = std::make_unique<RigScene>();
-    m_arm = m_scene->addBone(QStringLiteral("右腕"), nullptr, {0, 0, 0}, {0, 10, 0});
-    m_hand = m_scene->addBone(QStringLiteral("IK foot"), m_arm, {0, 10, 0}, {0, 20, 0});
-    m_scene->forget();
-    gProject->setCurrentFrame(7);
-}
-
-void tst_VpdImporter::cleanup()
-{
-    m_scene.reset();
-    m_scope.reset();
-}
-
-bool tst_VpdImporter::load(const QByteArray &bytes) const
-{
-    QFile file(m_folder.filePath(QStringLiteral("pose.vpd")));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("no place for a file");
-    file.close();
-    return VpdImporter::load(file.fileName());
-}
 
 void tst_VpdImporter::lines_data()
 {
@@ -113,13 +80,13 @@ void tst_VpdImporter::lines()
         return std::equal(expected.cbegin(), expected.cend(), stored,
                           [](float a, float b) { return std::abs(a - b) < 1e-6f; });
     };
-    QVERIFY(isRight(m_arm, arm));
-    QVERIFY(isRight(m_hand, hand));
+    QVERIFY(isRight(m_scene->arm, arm));
+    QVERIFY(isRight(m_scene->hand, hand));
     QCOMPARE(motion()->tracks().size(), int(!arm.isEmpty()) + int(!hand.isEmpty()));
     const bool isPosed = !arm.isEmpty() || !hand.isEmpty();
     QCOMPARE(m_scene->session.stack().count(), int(isPosed));
     QCOMPARE(m_scene->session.stack().text(0), isPosed ? QStringLiteral("Import VPD") : QString());
-    QVERIFY(m_prompt.messages.isEmpty());
+    QVERIFY(m_scene->prompt.messages.isEmpty());
 }
 
 /// Over keys of other frames and over one at this frame, which undo brings back.
@@ -127,38 +94,38 @@ void tst_VpdImporter::poseAtBothEndsOfTheStep()
 {
     for (const quint32 frame : {0u, 7u, 20u}) {
         KMBoneKey key;
-        key.name = m_arm->name();
+        key.name = m_scene->arm->name();
         key.frameno = frame;
         key.position = {float(frame), 0, 0};
         motion()->setKey(key);
     }
     motion()->applyFrame(7);
-    const kvm::Vector3 before = m_hand->tail();
+    const kvm::Vector3 before = m_scene->hand->tail();
     const QString document = m_scene->dump.text();
     QVERIFY(load(VmdBytes::shiftJis(QStringLiteral("Bone0{右腕\n0,0,0;\n0,0,1,1;\n}\nBone1{nobody\n\n}"))));
     const QString posed = m_scene->dump.text();
     for (int i = 0; i < 2; ++i) {
-        QVERIFY((m_hand->tail() - kvm::Vector3(-20, 0, 0)).length() < 1e-4f);
+        QVERIFY((m_scene->hand->tail() - kvm::Vector3(-20, 0, 0)).length() < 1e-4f);
         QCOMPARE(m_scene->dump.text(), posed);
         m_scene->session.stack().undo();
-        QCOMPARE(m_hand->tail(), before);
+        QCOMPARE(m_scene->hand->tail(), before);
         QCOMPARE(m_scene->dump.text(), document);
         m_scene->session.stack().redo();
     }
     gProject->setCurrentFrame(20);
-    QCOMPARE(m_hand->tail(), kvm::Vector3(20, 20, 0));
+    QCOMPARE(m_scene->hand->tail(), kvm::Vector3(20, 20, 0));
 }
 
 void tst_VpdImporter::whatCannotBeRead()
 {
     const QString before = m_scene->dump.text();
-    for (const QString &path : {m_folder.path(), m_folder.filePath(QStringLiteral("missing.vpd"))})
+    for (const QString &path : {m_scene->folder.path(), m_scene->folder.filePath(QStringLiteral("missing.vpd"))})
         QVERIFY(!VpdImporter::load(path));
-    QCOMPARE(m_prompt.messages.size(), 2);
+    QCOMPARE(m_scene->prompt.messages.size(), 2);
     QCOMPARE(m_scene->dump.text(), before);
     gSolution->newDocument();
     QVERIFY(!load("Bone0{a\n}"));
-    QCOMPARE(m_prompt.messages.last().text, QStringLiteral(" RootBone not found."));
+    QCOMPARE(m_scene->prompt.messages.last().text, QStringLiteral(" RootBone not found."));
 }
 
 /// Whatever stands in a file, bones stay where a number is, and one step takes it back.
@@ -181,7 +148,7 @@ void tst_VpdImporter::mutations()
                 bytes.replace(at, int(random() % 6), QByteArray(1, char(random())));
         }
         QVERIFY(load(bytes));
-        QVERIFY2(std::isfinite(m_hand->tail().length()), bytes.constData());
+        QVERIFY2(std::isfinite(m_scene->hand->tail().length()), bytes.constData());
         m_scene->session.stack().undo();
         QCOMPARE(m_scene->dump.text(), before);
     }

@@ -27,6 +27,37 @@ inline double dot(const Vec &a, const Vec &b)
     return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
 }
 
+inline Vec plus(const Vec &a, const Vec &b, double factor = 1.0)
+{
+    return {a[0] + factor * b[0], a[1] + factor * b[1], a[2] + factor * b[2]};
+}
+
+inline Vec minus(const Vec &a, const Vec &b)
+{
+    return plus(a, b, -1.0);
+}
+
+inline Vec scaled(const Vec &a, double factor)
+{
+    return {a[0] * factor, a[1] * factor, a[2] * factor};
+}
+
+inline double length(const Vec &a)
+{
+    return std::sqrt(dot(a, a));
+}
+
+inline Vec unit(const Vec &a)
+{
+    const double l = length(a);
+    return l > 0 ? scaled(a, 1 / l) : a;
+}
+
+inline Vec cross(const Vec &a, const Vec &b)
+{
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
 inline Vec apply(const Mat &m, const Vec &v)
 {
     return {dot(m[0], v), dot(m[1], v), dot(m[2], v)};
@@ -53,9 +84,28 @@ inline Mat rotation(const Vec &k, double angle)
     return result;
 }
 
+/// The turn of a quaternion of any length.
+inline Mat rotation(const kvm::Quaternion &q)
+{
+    const Vec axis{double(q.x), double(q.y), double(q.z)};
+    return rotation(unit(axis), 2.0 * std::atan2(length(axis), double(q.w)));
+}
+
+/// Back from where a rotation leads.
+inline Mat transposed(const Mat &m)
+{
+    return {{{m[0][0], m[1][0], m[2][0]}, {m[0][1], m[1][1], m[2][1]}, {m[0][2], m[1][2], m[2][2]}}};
+}
+
 inline double distance(const Vec &a, const Vec &b)
 {
-    return std::sqrt(std::pow(a[0] - b[0], 2) + std::pow(a[1] - b[1], 2) + std::pow(a[2] - b[2], 2));
+    return length(minus(a, b));
+}
+
+/// The greatest difference between any two rows.
+inline double distance(const Mat &a, const Mat &b)
+{
+    return std::max({distance(a[0], b[0]), distance(a[1], b[1]), distance(a[2], b[2])});
 }
 
 /// The greatest difference between any element of both rotations.
@@ -80,6 +130,7 @@ public:
     }
 
     double number(double low, double high) { return low + (high - low) * (m_engine() / 4294967296.0); }
+    int below(int limit) { return int(number(0, limit)); }
     kvm::Vector3 vector(double reach)
     {
         const double x = number(-reach, reach), y = number(-reach, reach), z = number(-reach, reach);

@@ -4,7 +4,6 @@
 #include "support/TestRegistry.h"
 
 #include <QTest>
-#include <QVector>
 
 using kvm::Matrix4;
 using kvm::Quaternion;
@@ -23,7 +22,6 @@ private slots:
     void inverse();
     void singularInverse();
     void rotationInverse();
-    void printing();
 };
 
 namespace {
@@ -168,23 +166,6 @@ void tst_Matrix4::rotationInverse()
 }
 
 // The fields are ten wide, the line breaks among them too.
-void tst_Matrix4::printing()
-{
-    const QString gap(9, ' ');
-    const auto line = [](const char *a, const char *b, const char *c, const char *d) {
-        return QString("%1%2%3%4").arg(a, 10).arg(b, 10).arg(c, 10).arg(d, 10);
-    };
-    const QString lines = line("1", "5", "9", "13") + gap + '\n' + line("2", "6", "10", "14") + gap + '\n'
-                          + line("-3.5", "7", "11", "15") + gap + '\n' + line("4", "8", "12", "16") + gap + '\n';
-    Matrix4 m = counting();
-    m[2] = -3.5f;
-    QCOMPARE(printed(m), QString("Matrix4(\n") + lines + ')');
-
-    QString text;
-    QDebug(&text) << m << 1; // the width is not left behind
-    QVERIFY(text.endsWith(") 1 "));
-}
-
 KM_TEST(tst_Matrix4);
 
 #include "tst_Matrix4.moc"

@@ -1,14 +1,12 @@
 #include "core/KMNodeType.h"
 #include "core/KMSolution.h"
 #include "core/KMTransformCommands.h"
-#include "core/KMVariantNode.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "support/MeshFixtures.h"
 #include "support/TestModifier.h"
 #include "support/TestRegistry.h"
 
-#include <QDebug>
 #include <QTest>
 #include <QUndoStack>
 
@@ -21,8 +19,6 @@ class tst_KMMeshNode : public QObject
 {
     Q_OBJECT
 private slots:
-    void freshMesh();
-    void debugTexts();
     void rawEdits();
     void refreshOrder_data();
     void refreshOrder();
@@ -36,19 +32,14 @@ private slots:
     void notificationsComeOnce();
     void edgesKeepWhatTheyCarry();
     void lineAndDegenerateFaces();
-    void compactKeepsEdges();
     void compactAndBack_data();
     void compactAndBack();
     void compactTellsAndRemaps();
     void cloneCopiesShape_data();
     void cloneCopiesShape();
-    void clearedGeometry();
-    void flagSettersRaiseBits();
     void selectionCache();
     void projection();
     void drawnElements();
-    void smoothAngleMarksNormals();
-    void frameMovesNoVertices();
 };
 
 namespace {
@@ -88,38 +79,6 @@ QStringList taken(QStringList &log)
 }
 
 } // namespace
-
-void tst_KMMeshNode::freshMesh()
-{
-    const KMMeshNode mesh;
-    QCOMPARE(mesh.type(), 0x4600004);
-    QCOMPARE(mesh.dirtyMask(), 32767u);
-    QCOMPARE(mesh.renderDirty(), 7u);
-    QVERIFY(!mesh.vertex(0) && !mesh.face(-1) && !mesh.findEdge(0, 1));
-    for (const char *port : {"container_visible", "container_lock", "smooth angle"})
-        QVERIFY(mesh.nodePort(QLatin1String(port)));
-}
-
-void tst_KMMeshNode::debugTexts()
-{
-    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::openCone(3));
-    mesh->vertex(0)->weight = 0.25f;
-    QString vertex;
-    QDebug(&vertex) << *mesh->vertex(0);
-    QCOMPARE(vertex.trimmed(), QStringLiteral("KMVertex(\npos:0, 2, 0\nweight:0.25\nrefcount:3\n0,1,2,\n)"));
-    mesh->face(1)->uvs[2] = {0.5f, 1.0f};
-    for (kvm::Vector3 &normal : mesh->face(1)->normals)
-        normal = {0, 1, 0};
-    QString face;
-    QDebug(&face) << *mesh->face(1);
-    QCOMPARE(face.trimmed(),
-             QStringLiteral("KMFace(\ncount:3\nshader:-1\nref index:0,2,3,Vector3(0, 1, 0),Vector3(0, 1, 0),"
-                            "Vector3(0, 1, 0),Vector2(0, 0),Vector2(0, 0),Vector2(0.5, 1),\n)"));
-    mesh->findEdge(2, 0)->weight = 0.5f;
-    QString edge;
-    QDebug(&edge) << *mesh->findEdge(2, 0);
-    QCOMPARE(edge.trimmed(), QStringLiteral("KMEdge(index0:0,index1:2,\nref count:QVector(0, 1)\nweight:0.5)"));
-}
 
 void tst_KMMeshNode::rawEdits()
 {
@@ -390,30 +349,6 @@ void tst_KMMeshNode::lineAndDegenerateFaces()
     QCOMPARE(checkInvariants(mesh), QString());
 }
 
-void tst_KMMeshNode::compactKeepsEdges()
-{
-    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(3, 1));
-    KMEdge *edge = mesh->findEdge(3, 7);
-    edge->flags = KMElementFlag::Selected;
-    edge->weight = 0.75f;
-    for (const int f : {0, 1}) {
-        mesh->removeFaceRefs(f);
-        mesh->setFace(f, nullptr);
-    }
-    mesh->compact();
-    QCOMPARE(mesh->vertexCount(), 4);
-    QCOMPARE(mesh->remappedVertex(3), 1);
-    QCOMPARE(mesh->remappedVertex(7), 3);
-    QCOMPARE(mesh->remappedVertex(0), -1);
-    QCOMPARE(mesh->remappedVertex(99), -1);
-    QCOMPARE(mesh->remappedFace(2), 0);
-    QVERIFY(mesh->findEdge(3, 1)->hasFlag(KMElementFlag::Selected));
-    QCOMPARE(mesh->findEdge(1, 3)->weight, 0.75f);
-    mesh->refreshMesh(All);
-    QCOMPARE(mesh->findEdge(1, 3)->weight, 0.75f);
-    QCOMPARE(checkInvariants(*mesh), QString());
-}
-
 void tst_KMMeshNode::compactAndBack_data()
 {
     addFixtureRows();
@@ -517,45 +452,6 @@ void tst_KMMeshNode::cloneCopiesShape()
     QCOMPARE(copy->dirtyMask(), quint32(All));
 }
 
-void tst_KMMeshNode::clearedGeometry()
-{
-    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::mixedBag());
-    mesh->setFaceFlag(0, KMElementFlag::Selected);
-    mesh->rebuildSelectionCache();
-    mesh->rememberPositions(false);
-    mesh->setDirtyMask(0);
-    mesh->clearGeometry();
-    QVERIFY(mesh->usedShaders().isEmpty() && mesh->selectedFaces().isEmpty() && mesh->selectedVertices().isEmpty()
-            && mesh->selectionPositions().isEmpty() && mesh->memoryPositions().isEmpty() && !mesh->needsCompact());
-    QCOMPARE(mesh->dirtyMask(), quint32(All));
-    QCOMPARE(checkInvariants(*mesh), QString());
-    QCOMPARE(mesh->vertexCount() + mesh->faceCount(), 0);
-}
-
-void tst_KMMeshNode::flagSettersRaiseBits()
-{
-    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::mixedBag());
-    const auto bitsOf = [&](const std::function<void()> &edit) {
-        mesh->setDirtyMask(0);
-        edit();
-        return mesh->dirtyMask();
-    };
-    const quint8 bit = KMElementFlag::Selected;
-    QCOMPARE(bitsOf([&] { mesh->setVertexFlag(0, bit); }), 0x500u);
-    QCOMPARE(bitsOf([&] { mesh->setVertexFlag(0, bit); }), 0u);
-    QCOMPARE(bitsOf([&] { mesh->clearVertexFlag(0, bit); }), 0x500u);
-    QCOMPARE(bitsOf([&] { mesh->setFaceFlag(0, bit); }), 0x180u);
-    QCOMPARE(bitsOf([&] { mesh->clearFaceFlag(0, KMElementFlag::Hidden); }), 0u);
-    QCOMPARE(bitsOf([&] { mesh->setCornerFlag(0, 2, bit); }), 0x100u);
-    QCOMPARE(bitsOf([&] { mesh->setEdgeFlag(1, 0, bit | KMElementFlag::HotSecond); }), 0x100u);
-    QCOMPARE(bitsOf([&] { mesh->setEdgeFlag(0, 9, bit); }), 0u); // no such edge
-    QCOMPARE(bitsOf([&] { mesh->setVertexFlag(7, bit); }), 0u);  // null slots
-    QCOMPARE(bitsOf([&] { mesh->setFaceFlag(2, bit); }), 0u);
-    QVERIFY(mesh->hasEdgeFlag(KMElementFlag::HotSecond));
-    mesh->clearAllEdgeFlags(KMElementFlag::Hot);
-    QVERIFY(!mesh->hasEdgeFlag(KMElementFlag::HotSecond) && mesh->hasEdgeFlag(bit));
-}
-
 void tst_KMMeshNode::selectionCache()
 {
     const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::grid(4, 1));
@@ -629,31 +525,6 @@ void tst_KMMeshNode::drawnElements()
             QCOMPARE(edges, isCulled ? 1 : 11);
         }
     }
-}
-
-void tst_KMMeshNode::smoothAngleMarksNormals()
-{
-    KMMeshNode empty;
-    empty.setDirtyMask(0);
-    empty.setSmoothAngle(20.0f);
-    QCOMPARE(empty.dirtyMask(), 0u);
-    const std::unique_ptr<KMMeshNode> mesh(MeshFixtures::cube());
-    KMFloatNode driver;
-    driver.setFloat(20.0f);
-    driver.addTarget(mesh->smoothAngleNode());
-    QCOMPARE(mesh->smoothAngle(), 20.0f);
-    QCOMPARE(mesh->dirtyMask(), 1u);
-}
-
-void tst_KMMeshNode::frameMovesNoVertices()
-{
-    MeshScene scene(MeshFixtures::cube());
-    const QString before = meshText(*scene.mesh);
-    gSolution->push(new editSRTCommand(scene.mesh, {{2, 2, 2}, {}, {5, 0, 0}}));
-    QCOMPARE(meshText(*scene.mesh), before);
-    QCOMPARE(scene.mesh->worldMatrix() * kvm::Vector3(1, 1, 1), kvm::Vector3(7, 2, 2));
-    scene.session.stack().undo();
-    QCOMPARE(scene.mesh->worldMatrix(), kvm::Matrix4());
 }
 
 KM_TEST(tst_KMMeshNode);

@@ -13,10 +13,7 @@ class tst_KMModClonerNode : public QObject
 {
     Q_OBJECT
 private slots:
-    void layout();
     void stepsByFormula();
-    void oneCopyIsTheInput_data() { modes(); }
-    void oneCopyIsTheInput();
     void copiesWithoutStepsCoincide_data() { modes(); }
     void copiesWithoutStepsCoincide();
     void line();
@@ -30,7 +27,6 @@ private slots:
     void stepsGoInTheFrameOfTheNode();
     void mirroredCopiesFaceOutward();
     void attributesCarryOver();
-    void followsEdits();
     void oddSettings();
     void refusesWhatMemoryCannotHold();
 
@@ -94,26 +90,6 @@ void tst_KMModClonerNode::modes()
         QTest::addRow("%s", qPrintable(Cloner::modeNames().at(mode))) << mode;
 }
 
-void tst_KMModClonerNode::layout()
-{
-    ModifierStage stage(MeshFixtures::mixedBag(), cloner({3}));
-    const int size = clonerOf(stage).copySize();
-    QCOMPARE(size, 9); // an empty slot less
-    QCOMPARE(stage.result().vertexCount(), 3 * size);
-    QCOMPARE(stage.result().faceCount(), 3 * 4);
-    QCOMPARE(checkInvariants(stage.result()), QString());
-    for (int f = 0; f < stage.mesh->faceCount(); ++f) {
-        const KMFace *from = stage.mesh->face(f);
-        for (int k = 0; from && k < 3; ++k) {
-            const KMFace *own = stage.result().face(4 * k + clonerOf(stage).faceMapAt(f));
-            QCOMPARE(own->count, from->count);
-            QCOMPARE(own->shader, from->shader);
-            for (int c = 0; c < from->count; ++c)
-                QCOMPARE(own->indices[c], size * k + clonerOf(stage).vertexMapAt(from->indices[c]));
-        }
-    }
-}
-
 /// Scaled, turned about x, then y, then z, then moved: by rotation matrices written out.
 void tst_KMModClonerNode::stepsByFormula()
 {
@@ -134,13 +110,6 @@ void tst_KMModClonerNode::stepsByFormula()
             QVERIFY(isNear(vertexOf(stage, k, i), expected));
         }
     }
-}
-
-void tst_KMModClonerNode::oneCopyIsTheInput()
-{
-    QFETCH(int, mode);
-    ModifierStage stage(cubeAt({4, 5, 6}), cloner({1, {10, 20, 30}, {1, 1, 1}, {0, 30, 7}, mode}));
-    QCOMPARE(meshText(stage.result()), meshText(*stage.mesh));
 }
 
 void tst_KMModClonerNode::copiesWithoutStepsCoincide()
@@ -280,26 +249,6 @@ void tst_KMModClonerNode::attributesCarryOver()
         QCOMPARE(int(stage.result().face(2 * k + 1)->flags), KMElementFlag::Hidden | KMElementFlag::Selected);
         QCOMPARE(stage.result().findEdge(6 * k + 1, 6 * k + 4)->weight, 3.0f);
         QCOMPARE(stage.result().vertex(6 * k)->weight, 2.0f);
-    }
-}
-
-void tst_KMModClonerNode::followsEdits()
-{
-    for (quint32 seed = 1; seed <= 5; ++seed) {
-        ModifierStage stage(seed % 3 ? MeshFixtures::torus(5, 4) : MeshFixtures::mixedBag(), cloner({}));
-        const QString problem = stage.walk(seed, [&stage](std::mt19937 &random) {
-            const auto any = [&random]() { return float(random() % 9) - 4.0f; };
-            KMTransform transform;
-            transform.translation = {any(), any(), any()};
-            stage.modifier->setTransform(transform);
-            clonerOf(stage).setParameters({1 + int(random() % 6),
-                                           {any(), any(), any()},
-                                           {any(), any(), any()},
-                                           {any() * 9, any(), any()},
-                                           int(random() % Cloner::ModeCount)});
-        });
-        QVERIFY2(problem.isEmpty(), qPrintable(problem));
-        QCOMPARE(stage.updateAllocations(), std::size_t(0));
     }
 }
 

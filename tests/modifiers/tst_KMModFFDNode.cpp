@@ -146,8 +146,6 @@ private slots:
     void leavesAlone();
     void bendsItsBorders();
     void power();
-    void latticeIsAMesh();
-    void followsEdits();
     void normalTag();
     void pointsGoAlong();
     void historyIsExact();
@@ -155,7 +153,6 @@ private slots:
     void settings();
     void fits_data();
     void fits();
-    void fitNeeds();
 };
 
 void tst_KMModFFDNode::sum_data()
@@ -282,42 +279,6 @@ void tst_KMModFFDNode::power()
         }
     }
     QCOMPARE(bent.node.controlPoints(), points);
-}
-
-void tst_KMModFFDNode::latticeIsAMesh()
-{
-    KMModFFDNode node;
-    node.setParameters(parametersOf({4, 4, 4}, {{2, 3, 4}}));
-    const KMMeshNode &mesh = *node.latticeMesh();
-    QCOMPARE(mesh.ownerNode(), static_cast<KMContainerNode *>(&node));
-    QCOMPARE(mesh.vertexCount(), 24);
-    QCOMPARE(mesh.faceCount(), 1 * 12 + 2 * 2 * 4 + 3 * 6); // a line for each two neighbours
-    for (const KMFace *face : mesh.faces()) {
-        QVERIFY(face->isLine());
-        const Vector3 way = mesh.position(face->indices[1]) - mesh.position(face->indices[0]);
-        const Vector3 steps(4.0f, 2.0f, 4.0f / 3);
-        const int axis = way.x > 0 ? 0 : way.y > 0 ? 1 : 2;
-        QCOMPARE(way.length(), way[axis]);
-        QCOMPARE(way[axis], steps[axis]);
-    }
-    QVERIFY(node.evaluatedMeshes().contains(node.latticeMesh()));
-}
-
-void tst_KMModFFDNode::followsEdits()
-{
-    for (quint32 seed = 1; seed < 5; ++seed) {
-        Bent bent(seed % 2 ? MeshFixtures::torus(8, 6) : MeshFixtures::mixedBag(),
-                  parametersOf({9, 9, 9}, {{3, 3, 3}}));
-        const QString problem = bent.walk(seed, [&](std::mt19937 &random) {
-            if (random() % 2)
-                bent.shake(seed, 1.0f);
-            else
-                bent.node.setParameters(parametersOf({9, 5, 12}, {{2 + int(random() % 4), 3, 2}}, float(random() % 3)));
-        });
-        QCOMPARE(problem, QString());
-    }
-    Bent empty(new KMMeshNode);
-    QCOMPARE(empty.result().vertexCount(), 0);
 }
 
 void tst_KMModFFDNode::normalTag()
@@ -488,20 +449,6 @@ void tst_KMModFFDNode::fits()
     QCOMPARE(scene.text(), before);
     scene.stack().redo();
     QCOMPARE(scene.text(), after);
-}
-
-void tst_KMModFFDNode::fitNeeds()
-{
-    LatticeScene scene(MeshFixtures::cube());
-    const int steps = scene.stack().count();
-    QVERIFY(!KMFitFFD::run(nullptr));
-    QVERIFY(!KMFitFFD::run(scene.mesh));
-    KMModFFDNode loose;
-    QVERIFY(!KMFitFFD::run(&loose));
-    scene.mesh->setVertexFlag(0, KMElementFlag::Selected);
-    scene.mesh->setVertexFlag(1, KMElementFlag::Selected);
-    QVERIFY(!KMFitFFD::run(scene.node));
-    QCOMPARE(scene.stack().count(), steps);
 }
 
 KM_TEST(tst_KMModFFDNode);

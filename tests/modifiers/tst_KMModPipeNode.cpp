@@ -21,7 +21,6 @@ private slots:
     void traces();
     void tubesAreTight_data();
     void tubesAreTight();
-    void straightTube();
     void ringsStandAcross();
     void mitreKeepsTheWidth();
     void shareOfTheMitre();
@@ -30,7 +29,6 @@ private slots:
     void upOfTwoVertices();
     void picture();
     void linesCarryOver();
-    void followsEdits();
     void oddInput_data();
     void oddInput();
     void refusesWhatMemoryCannotHold();
@@ -175,24 +173,6 @@ void tst_KMModPipeNode::tubesAreTight()
     }
 }
 
-void tst_KMModPipeNode::straightTube()
-{
-    constexpr int sectors = 5;
-    Pipe::Parameters parameters = thin(Pipe::Mitre, sectors);
-    parameters.radius = 2.0f;
-    ModifierStage stage(polyline({{1, 2, 3}, {2, 4, 5}, {4, 8, 9}}), pipe(parameters));
-    MeshProbe open(stage.result());
-    QCOMPARE(open.vertices, 3 * sectors);
-    QCOMPARE(open.faces, 2 * sectors);
-    QCOMPARE(open.openEdges, 2 * sectors);
-
-    parameters.fillCap = true;
-    static_cast<Pipe *>(stage.modifier)->setParameters(parameters);
-    stage.evaluate();
-    const double section = 0.5 * sectors * 2.0 * 2.0 * std::sin(2.0 * M_PI / sectors);
-    QVERIFY(isNear(MeshProbe(stage.result()).volume, section * 9.0, 1e-2));
-}
-
 void tst_KMModPipeNode::ringsStandAcross()
 {
     for (quint32 seed = 1; seed <= 30; ++seed) {
@@ -331,21 +311,6 @@ void tst_KMModPipeNode::linesCarryOver()
     QCOMPARE(hidden, 8);
     QCOMPARE(heavyEdges, 4);
     QCOMPARE(heavyVertices, 4);
-}
-
-void tst_KMModPipeNode::followsEdits()
-{
-    for (quint32 seed = 1; seed <= 5; ++seed) {
-        KMMeshNode *mesh = seed % 3 ? polyline(wander(seed, 12, false), seed % 2) : MeshFixtures::mixedBag();
-        ModifierStage stage(mesh, pipe(thin(int(seed % Pipe::ModeCount))));
-        const QString problem = stage.walk(seed, [&stage](std::mt19937 &random) {
-            Pipe::Parameters parameters = thin(int(random() % 5), 3 + int(random() % 4), random() % 2);
-            parameters.offset = float(random() % 360);
-            static_cast<Pipe *>(stage.modifier)->setParameters(parameters);
-        });
-        QVERIFY2(problem.isEmpty(), qPrintable(problem));
-        QCOMPARE(stage.updateAllocations(), std::size_t(0));
-    }
 }
 
 void tst_KMModPipeNode::oddInput_data()

@@ -1,4 +1,3 @@
-#include "mesh/KMFaceNormal.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModSolidNode.h"
 #include "support/MeshProbe.h"
@@ -24,10 +23,8 @@ private slots:
     void roughSheetsAreTight_data();
     void roughSheetsAreTight();
     void offsetAlongTheMeanNormal();
-    void recordsNameBothShells();
     void wallsTakeThePictureOfTheirSide();
     void faceAttributesCarryOver();
-    void followsEdits();
     void placesThatAreNoNumbers();
 };
 
@@ -153,33 +150,6 @@ void tst_KMModSolidNode::offsetAlongTheMeanNormal()
     }
 }
 
-void tst_KMModSolidNode::recordsNameBothShells()
-{
-    ModifierStage stage(MeshFixtures::mixedBag(), solid(1.0f));
-    const Solid &node = solidOf(stage);
-    for (int i = 0; i < stage.mesh->vertexCount(); ++i) {
-        const KMSolidVertex &record = node.vertexRecords().at(i);
-        QCOMPARE(record.first, node.vertexMapAt(i));
-        QCOMPARE(record.first >= 0, stage.mesh->vertex(i) != nullptr);
-        if (record.offset >= 0)
-            QCOMPARE(node.vertexByOffset(record.offset), &record);
-    }
-    QCOMPARE(node.vertexByOffset(0), nullptr);
-    for (int f = 0; f < stage.mesh->faceCount(); ++f) {
-        const KMSolidFace &record = node.faceRecords().at(f);
-        const KMFace *face = stage.mesh->face(f);
-        QCOMPARE(record.first >= 0, face && face->isPolygon());
-        if (record.first < 0)
-            continue;
-        QCOMPARE(record.firstCount, face->count);
-        for (int c = 0; c < face->count; ++c) {
-            const KMSolidVertex &corner = node.vertexRecords().at(face->indices[c]);
-            QVERIFY(stage.result().face(record.first)->hasVertex(corner.first));
-            QVERIFY(stage.result().face(record.offset)->hasVertex(corner.offset));
-        }
-    }
-}
-
 /// Whatever face a vertex stands in, its UV there is that of the input's face and vertex.
 void tst_KMModSolidNode::wallsTakeThePictureOfTheirSide()
 {
@@ -231,19 +201,6 @@ void tst_KMModSolidNode::faceAttributesCarryOver()
     QCOMPARE(ofShader, 5); // both sides, three walls
     QCOMPARE(marked, 5);
     QCOMPARE(heavy, 2);
-}
-
-void tst_KMModSolidNode::followsEdits()
-{
-    for (quint32 seed = 1; seed <= 5; ++seed) {
-        KMMeshNode *mesh = seed % 3 ? roughSheet(seed) : MeshFixtures::mixedBag();
-        ModifierStage stage(mesh, solid(-1.0f));
-        const QString problem = stage.walk(seed, [&stage](std::mt19937 &random) {
-            static_cast<Solid *>(stage.modifier)->setParameters({float(random() % 7) - 3.0f, 0});
-        });
-        QVERIFY2(problem.isEmpty(), qPrintable(problem));
-        QCOMPARE(stage.updateAllocations(), std::size_t(0));
-    }
 }
 
 /// They spoil themselves and nothing else.

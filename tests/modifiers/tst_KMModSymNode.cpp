@@ -98,10 +98,8 @@ private slots:
     void followsRandomEdits_data();
     void followsRandomEdits();
     void normalsAreMirrored();
-    void seamIsChangedInPlace();
     void badInput_data();
     void badInput();
-    void command();
 };
 
 void tst_KMModSymNode::seam_data()
@@ -234,12 +232,6 @@ void tst_KMModSymNode::followsRandomEdits()
         mirrored.evaluate();
         QCOMPARE(mirrored.problem(), QString());
     }
-    for (quint32 seed = 1; seed < 4; ++seed) {
-        const QString problem = mirrored.walk(seed, [&](std::mt19937 &numbers) {
-            mirrored.node.setParameters(parametersOf(int(numbers() % 6), int(numbers() % 3), float(numbers() % 20)));
-        });
-        QCOMPARE(problem, QString());
-    }
 }
 
 /// A crease and two overridden corners, on a mesh whose frame is turned.
@@ -281,21 +273,6 @@ void tst_KMModSymNode::normalsAreMirrored()
     QVERIFY(!result.findTag(KMNodeType::TagNormal));
 }
 
-/// The next stage gets a whole rebuild; the result itself keeps its records.
-void tst_KMModSymNode::seamIsChangedInPlace()
-{
-    Mirrored mirrored(MeshFixtures::grid(4, 4), parametersOf(KMModSymNode::PlusX, KMModSymNode::OneSide));
-    const QString atStart = meshText(mirrored.result());
-    const KMFace *record = mirrored.result().face(20);
-    const Vector3 place = mirrored.mesh->position(7);
-    mirrored.move(7, {0.05f, 0, 1});
-    QVERIFY(mirrored.node.isWelded(7));
-    QCOMPARE(mirrored.problem(), QString());
-    mirrored.move(7, place);
-    QCOMPARE(meshText(mirrored.result()), atStart);
-    QCOMPARE(mirrored.result().face(20), record);
-}
-
 void tst_KMModSymNode::badInput_data()
 {
     QTest::addColumn<int>("kind");
@@ -325,27 +302,6 @@ void tst_KMModSymNode::badInput()
         const bool isSpoilt = kind == 2 && (i == 0 || i == 8);
         QCOMPARE(bool(std::isnan(mirrored.result().position(i).lengthSquared())), isSpoilt);
     }
-}
-
-void tst_KMModSymNode::command()
-{
-    MeshScene scene(MeshFixtures::cube());
-    auto *node = new KMModSymNode;
-    gProject->addToScene(node);
-    gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, scene.mesh, node, KMRowFocus::Keep));
-    gProject->checkModifiers();
-    const auto make = [node] { return new editModSymCommand(node, parametersOf(KMModSymNode::PlusZ, 1, 0.5f)); };
-    const QString before = meshText(*node->modMesh());
-    gSolution->push(make());
-    const QString after = meshText(*node->modMesh());
-    QVERIFY(before != after);
-    scene.session.stack().undo();
-    QVERIFY(node->parameters() == Parameters());
-    QCOMPARE(meshText(*node->modMesh()), before);
-    scene.session.stack().redo();
-    QCOMPARE(meshText(*node->modMesh()), after);
-    const std::unique_ptr<KMModSymNode> copy(node->clone());
-    QVERIFY(copy->parameters() == node->parameters());
 }
 
 KM_TEST(tst_KMModSymNode);

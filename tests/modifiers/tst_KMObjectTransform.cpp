@@ -5,7 +5,6 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMObjectTransform.h"
-#include "modifiers/KMPrimCubeNode.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 
@@ -18,7 +17,6 @@ class tst_KMObjectTransform : public QObject
     Q_OBJECT
 private slots:
     void randomTree();
-    void primitivesFollow();
     void placeIsExact();
     void flattening();
 };
@@ -106,25 +104,6 @@ void tst_KMObjectTransform::randomTree()
         stack->undo();
     for (int i = 0; i < 4; ++i)
         QCOMPARE(scene.meshes[i]->position(3), inFrame[i]);
-}
-
-void tst_KMObjectTransform::primitivesFollow()
-{
-    Scene scene(11);
-    auto *cube = new KMPrimCubeNode;
-    gProject->addNode(cube);
-    Scene::put(cube, scene.top);
-    cube->setTransform(scene.transform());
-    for (int step = 0; step < 20; ++step) {
-        const kvm::Matrix4 before = scene.top->worldMatrix();
-        const kvm::Vector3 corner = before.inverse() * cube->mesh()->position(5);
-        KMTransform transform = scene.transform();
-        if (step % 3 == 0)
-            transform.scale = transform.scale * -1.0f;
-        Scene::move(scene.top, transform);
-        const kvm::Vector3 expected = scene.top->worldMatrix() * corner;
-        QVERIFY((expected - cube->mesh()->position(5)).length() < 0.1f);
-    }
 }
 
 /// What is only moved loses no digit by way of a matrix and its inverse.

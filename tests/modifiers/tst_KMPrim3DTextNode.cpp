@@ -1,7 +1,7 @@
-#include "core/KMHeadlessSession.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMPathMesher.h"
 #include "modifiers/KMPrim3DTextNode.h"
+#include "support/MeshFixtures.h"
 #include "support/MeshProbe.h"
 #include "support/TestRegistry.h"
 
@@ -25,7 +25,6 @@ private slots:
     void nothingToShow_data();
     void nothingToShow();
     void japanese();
-    void missingFont();
     void refused_data();
     void refused();
     void overlappingOutlines_data();
@@ -212,16 +211,6 @@ void tst_KMPrim3DTextNode::japanese()
         QVERIFY(probe.isClosed());
         QVERIFY(probe.volume > 0.0);
     }
-}
-
-void tst_KMPrim3DTextNode::missingFont()
-{
-    KMPrim3DTextNode node;
-    KMPrim3DText parameters = textOf(QStringLiteral("A"));
-    parameters.font.setFamily(QStringLiteral("No such font"));
-    node.setParameters(parameters);
-    QVERIFY(node.mesh()->faceCount() > 0);
-    QCOMPARE(node.parameters().font.family(), QStringLiteral("No such font"));
 }
 
 void tst_KMPrim3DTextNode::refused_data()

@@ -3,12 +3,11 @@
 #include "modifiers/KMSvgPathData.h"
 #include "modifiers/KMSvgReader.h"
 #include "modifiers/KMSvgStyle.h"
+#include "support/MeshFixtures.h"
 #include "support/MeshProbe.h"
-#include "support/TestPaths.h"
 #include "support/TestRegistry.h"
 
 #include <QBuffer>
-#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -35,7 +34,6 @@ private slots:
     void mutations();
     void shapeOfNode();
     void filesChange();
-    void ownIcons();
 };
 
 namespace {
@@ -335,20 +333,6 @@ void tst_KMPrimSVGNode::filesChange()
     file.close();
     node.rebuild();
     QCOMPARE(MeshProbe(*node.mesh()).area, 25.0);
-}
-
-/// The program's own drawings are line art, filled shapes and groups: each has something to show.
-void tst_KMPrimSVGNode::ownIcons()
-{
-    const QDir icons(TestPaths::sourceDir() + QLatin1String("/src/Resources/svg"));
-    const QStringList names = icons.entryList({QStringLiteral("node-*.svg")});
-    QVERIFY(!names.isEmpty());
-    for (const QString &name : names) {
-        KMSvgReader reader;
-        QVERIFY2(reader.readFile(icons.filePath(name)), qPrintable(name));
-        QVERIFY2(areaOf(reader.area()) > 10.0, qPrintable(name));
-        QVERIFY2(reader.warnings().isEmpty(), qPrintable(name + reader.warnings().join(QLatin1Char('\n'))));
-    }
 }
 
 KM_TEST(tst_KMPrimSVGNode);

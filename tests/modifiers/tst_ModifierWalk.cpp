@@ -25,7 +25,7 @@
 #include "rig/KMModAnchorNode.h"
 #include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
-#include "support/MeshFixtures.h"
+#include "support/ModifierStage.h"
 #include "support/TestRegistry.h"
 
 #include <QRandomGenerator>
@@ -351,7 +351,7 @@ void Walker::edit()
     KMContainerNode *node = anyModifier();
     if (auto *subdivision = qobject_cast<KMModSdvNode *>(node)) {
         KMModSdvNode::Parameters p = subdivision->parameters();
-        p.level = below(2);
+        p.level = below(3);
         p.isTriangleSmooth = coin();
         p.interpolation = below(6);
         p.hasTags = coin();
@@ -360,7 +360,7 @@ void Walker::edit()
         KMModSymNode::Parameters p = symmetry->parameters();
         p.axis = below(6);
         p.margin = number(0.5f);
-        p.crossing = quint8(below(2));
+        p.crossing = quint8(below(3));
         gSolution->push(new editModSymCommand(symmetry, p));
     } else if (auto *lattice = qobject_cast<KMModFFDNode *>(node)) {
         KMModFFDNode::Parameters p = lattice->parameters();
@@ -370,7 +370,9 @@ void Walker::edit()
         gSolution->push(new editModFFDCommand(lattice, p));
     } else if (auto *pipe = qobject_cast<KMModPipeNode *>(node)) {
         KMModPipeNode::Parameters p = pipe->parameters();
-        p.mode = below(4);
+        p.mode = below(5);
+        p.sectors = 3 + below(4);
+        p.offset = number(180.0f);
         p.radius = number(1.0f);
         p.fillCap = coin();
         gSolution->push(new editModPipeCommand(pipe, p));
@@ -380,6 +382,9 @@ void Walker::edit()
         KMModClonerNode::Parameters p = cloner->parameters();
         p.mode = below(5);
         p.count = 1 + below(3);
+        p.move = {number(9.0f), number(9.0f), number(9.0f)};
+        p.scale = {number(2.0f), 1.0f, number(2.0f)};
+        p.rotate = {number(90.0f), 0.0f, number(90.0f)};
         gSolution->push(new editModClonerCommand(cloner, p));
     }
 }
@@ -535,12 +540,17 @@ void Walker::undoAll()
 
 } // namespace
 
+using MakeModifier = KMModifierNode *(*)();
+Q_DECLARE_METATYPE(MakeModifier)
+
 class tst_ModifierWalk : public QObject
 {
     Q_OBJECT
 private slots:
     void stepByStepAsAfresh_data();
     void stepByStepAsAfresh();
+    void updatesTakeNoMemory_data();
+    void updatesTakeNoMemory();
     void freezing();
     void freezingKeepsNormals_data();
     void freezingKeepsNormals();
@@ -567,6 +577,28 @@ void tst_ModifierWalk::stepByStepAsAfresh()
     }
     walker.undoAll();
     QVERIFY2(walker.problem().isEmpty(), qPrintable(walker.problem()));
+}
+
+void tst_ModifierWalk::updatesTakeNoMemory_data()
+{
+    QTest::addColumn<MakeModifier>("make");
+    QTest::newRow("symmetry") << MakeModifier([]() -> KMModifierNode * { return new KMModSymNode; });
+    QTest::newRow("lattice") << MakeModifier([]() -> KMModifierNode * { return new KMModFFDNode; });
+    QTest::newRow("pipe") << MakeModifier([]() -> KMModifierNode * { return new KMModPipeNode; });
+    QTest::newRow("solid") << MakeModifier([]() -> KMModifierNode * { return new KMModSolidNode; });
+    QTest::newRow("cloner") << MakeModifier([]() -> KMModifierNode * { return new KMModClonerNode; });
+}
+
+/// While vertices are dragged.
+void tst_ModifierWalk::updatesTakeNoMemory()
+{
+    QFETCH(MakeModifier, make);
+    ModifierStage stage(MeshFixtures::mixedBag(), make());
+    for (KMVertex *vertex : stage.mesh->vertices()) {
+        if (vertex)
+            vertex->pos.y += 0.25f;
+    }
+    QCOMPARE(stage.updateAllocations(), std::size_t(0));
 }
 
 void tst_ModifierWalk::freezing()

@@ -4,9 +4,11 @@
 #include "mesh/KMBuildModifierCommand.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModClonerNode.h"
+#include "modifiers/KMModFFDNode.h"
 #include "modifiers/KMModPipeNode.h"
 #include "modifiers/KMModSdvCommands.h"
 #include "modifiers/KMModSolidNode.h"
+#include "modifiers/KMModSymNode.h"
 #include "support/CommandProof.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
@@ -58,6 +60,19 @@ Subject solid()
     return subject<KMModSolidNode, editModSolCommand>({2.0f, 5});
 }
 
+Subject symmetry()
+{
+    return subject<KMModSymNode, editModSymCommand>({0.5f, KMModSymNode::PlusZ, KMModSymNode::BothSides});
+}
+
+Subject lattice()
+{
+    KMModFFDNode::Parameters parameters;
+    parameters.nodeCounts[1] = 4;
+    parameters.power = 0.5f;
+    return subject<KMModFFDNode, editModFFDCommand>(parameters);
+}
+
 Subject cloner()
 {
     return subject<KMModClonerNode, editModClonerCommand>({2, {1, 2, 3}, {4, 5, 6}, {7, 8, 9}, KMModClonerNode::Grid});
@@ -87,6 +102,8 @@ void tst_editModifierCommands::commands_data()
     QTest::newRow("subdivision") << MakeSubject(&subdivision) << "Edit SdvNode";
     QTest::newRow("pipe") << MakeSubject(&pipe) << "Edit PipeNode";
     QTest::newRow("solidify") << MakeSubject(&solid) << "Edit SolidifyNode";
+    QTest::newRow("symmetry") << MakeSubject(&symmetry) << "Edit SymNode";
+    QTest::newRow("lattice") << MakeSubject(&lattice) << "Edit FFDNode";
     QTest::newRow("cloner") << MakeSubject(&cloner) << "Edit ClonerNode";
 }
 

@@ -60,19 +60,15 @@ class tst_BoneAnimation : public QObject
     Q_OBJECT
 private slots:
     void curves();
-    void curveOfAKey();
     void randomInterpolation();
     void shorterWay();
     void outsideOfTheKeys();
     void damagedRotations();
     void posesFollowTheKeys();
-    void frameDrivesTheBones();
     void keyEditsMoveThePose();
     void renamedBoneLosesItsTrack();
     void restoredBoneIsPosedByTheFrame();
-    void offsetsFollowTheParent();
     void firstBoneOfANameIsLinked();
-    void tracksWithoutBones();
     void foreignMotionSurvivesUndo();
     void foreignKeysSurviveUndo();
 };
@@ -87,17 +83,6 @@ void tst_BoneAnimation::curves()
             QVERIFY(std::abs(double(curve.evaluate(float(i / 50.0))) - height(i / 50.0, key, KMBoneKey::XCurve))
                     < 2e-3);
     }
-}
-
-void tst_BoneAnimation::curveOfAKey()
-{
-    KMBoneKey key;
-    for (int i = 0; i < 16; ++i)
-        key.curves[size_t(i)] = float(i);
-    const CBezier y = key.curve(KMBoneKey::YCurve);
-    QVERIFY(y.x1 == 4 && y.x2 == 5 && y.y1 == 6 && y.y2 == 7);
-    key.setCurve(KMBoneKey::RotationCurve, {1, 2, 3, 4});
-    QVERIFY(key.curves[12] == 1 && key.curves[13] == 3 && key.curves[14] == 2 && key.curves[15] == 4);
 }
 
 /// The curves of a position are asked at s, the eased parameter of the rotation, and not at r.
@@ -212,19 +197,6 @@ void tst_BoneAnimation::posesFollowTheKeys()
     QVERIFY(isPosed(arm));
 }
 
-void tst_BoneAnimation::frameDrivesTheBones()
-{
-    RigScene scene;
-    KMBone *bone = scene.addBone(QStringLiteral("b"), nullptr, {0, 0, 0}, {10, 0, 0});
-    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 0));
-    scene.rig->animation()->setKey(keyOf(QStringLiteral("b"), 10, {}, aboutZ(90)));
-    gProject->setCurrentFrame(10);
-    QVERIFY((bone->tail() - kvm::Vector3(0, 10, 0)).length() < 1e-4f);
-    QVERIFY(bone->keyPose().rotation == aboutZ(90));
-    gProject->setCurrentFrame(0);
-    QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
-}
-
 void tst_BoneAnimation::keyEditsMoveThePose()
 {
     RigScene scene;
@@ -289,19 +261,6 @@ void tst_BoneAnimation::restoredBoneIsPosedByTheFrame()
     QVERIFY((bone->tail() - kvm::Vector3(10, 0, 0)).length() < 1e-4f);
 }
 
-void tst_BoneAnimation::offsetsFollowTheParent()
-{
-    RigScene scene;
-    KMBone *top = scene.addBone(QStringLiteral("top"), nullptr, {0, 0, 0}, {0, 10, 0});
-    KMBone *low = scene.addBone(QStringLiteral("low"), top, {0, 10, 0}, {0, 20, 0});
-    scene.rig->animation()->setKey(keyOf(QStringLiteral("low"), 0, {1, 2, 3}));
-    scene.rig->animation()->applyFrame(0);
-    gSolution->push(new setCtrlParentCommand(low, nullptr));
-    QVERIFY(low->solvedPose().offset == kvm::Vector3(1, 2, 3));
-    scene.session.stack().undo();
-    QVERIFY(low->solvedPose().offset == kvm::Vector3());
-}
-
 void tst_BoneAnimation::firstBoneOfANameIsLinked()
 {
     RigScene scene;
@@ -320,19 +279,6 @@ void tst_BoneAnimation::firstBoneOfANameIsLinked()
     scene.session.stack().undo();
     QCOMPARE(track->bone, first);
     QVERIFY(first->tail() == driven && second->tail() == rest);
-}
-
-void tst_BoneAnimation::tracksWithoutBones()
-{
-    RigScene scene;
-    scene.addBone(QStringLiteral("arm"), nullptr, {}, {0, 10, 0});
-    BoneAnimation *animation = scene.rig->animation();
-    for (const char *name : {"nobody", "arm", "nothing"})
-        animation->setKey(keyOf(QLatin1String(name), 3));
-    animation->applyFrame(3);
-    animation->dropUnlinked();
-    QCOMPARE(animation->tracks().size(), 1);
-    QVERIFY(animation->hasKey(QStringLiteral("arm"), 3) && !animation->track(QStringLiteral("nobody")));
 }
 
 /// Tracks that were replaced without a step of the history: steps before that keep off the new ones.

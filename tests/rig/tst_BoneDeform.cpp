@@ -5,7 +5,6 @@
 #include "core/KMSettings.h"
 #include "core/KMSolution.h"
 #include "core/KMTagCommands.h"
-#include "core/KMUndoMacro.h"
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMChainCopy.h"
@@ -26,9 +25,9 @@
 #include "rig/KMTagBoneWeight.h"
 #include "support/AllocationCount.h"
 #include "support/MeshFixtures.h"
-#include "support/RigScene.h"
 #include "support/SkinReference.h"
 #include "support/TestRegistry.h"
+#include "support/WeightScene.h"
 
 #include <QTest>
 #include <QUndoStack>
@@ -41,17 +40,14 @@ namespace {
 
 /// A strip from x = 1 to 5 with an arm of two bones in it, mirrored on the other side: arm_L and elbow_L on the side
 /// of the mesh.
-class ArmScene : public RigScene
+class ArmScene : public WeightScene
 {
 public:
     ArmScene()
-        : mesh(MeshFixtures::grid(4, 2))
-        , tag(new KMTagBoneWeight)
+        : WeightScene(MeshFixtures::grid(4, 2))
     {
         for (KMVertex *vertex : mesh->vertices())
             vertex->pos.x += 1.0f;
-        gProject->addNode(mesh);
-        mesh->addTagKeepName(tag);
         for (const float side : {1.0f, -1.0f}) {
             bones << addBone(QStringLiteral("arm"), nullptr, {side, 0, 1}, {side * 3, 0, 1});
             bones << addBone(QStringLiteral("elbow"), bones.last(), {side * 3, 0, 1}, {side * 5, 0, 1});
@@ -65,15 +61,6 @@ public:
         forget();
     }
 
-    template <class Modifier>
-    Modifier *add(Modifier *modifier)
-    {
-        const KMUndoMacro macro(QStringLiteral("add"));
-        gProject->addToScene(modifier);
-        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, mesh, modifier, KMRowFocus::Keep));
-        gProject->checkModifiers();
-        return modifier;
-    }
     void turn(KMBone *bone, const Vector3 &axis, float degrees)
     {
         PoseTransform pose;
@@ -83,20 +70,13 @@ public:
         gSolution->update(0); // as the session does after whatever moved the bone
     }
 
-    KMMeshNode *mesh;
-    KMTagBoneWeight *tag;
     QList<KMBone *> bones; // arm, elbow, and the same of the other side
 };
-
-const KMTagBoneWeight *weightsOf(const KMMeshNode &mesh)
-{
-    return static_cast<const KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
-}
 
 /// How far the result is from its input taken where the input's own weights say.
 double away(const KMModifierNode &deform)
 {
-    const KMTagBoneWeight *weights = weightsOf(*deform.input());
+    const KMTagBoneWeight *weights = WeightScene::weightsOf(*deform.input());
     const std::unique_ptr<SkinReference> words(weights ? new SkinReference(*weights) : nullptr);
     double worst = 0;
     for (int v = 0; v < deform.input()->vertexCount(); ++v) {
@@ -149,7 +129,7 @@ void tst_BoneDeform::poseReachesTheResult()
     QVERIFY(moved(*deform) > 1 && away(*deform) < 1e-5);
     scene.turn(scene.bones[0], {0, 0, 1}, 40);
     QVERIFY(away(*deform) < 1e-5);
-    QVERIFY(!weightsOf(*deform->modMesh()));
+    QVERIFY(!WeightScene::weightsOf(*deform->modMesh()));
 
     scene.bones[1]->setVisible(false); // visibility has no say
     scene.turn(scene.bones[0], {0, 0, 1}, 30);
@@ -221,19 +201,13 @@ void tst_BoneDeform::weightsThroughTheChain_data()
 {
     QTest::addColumn<Make>("make");
     QTest::addColumn<int>("copies"); // of each vertex in the result
-    const auto row = [](const char *name, Make make, int copies) { QTest::newRow(name) << make << copies; };
-    row(
-        "subdivision", []() -> KMModifierNode * { return new KMModSdvNode; }, 0);
-    row(
-        "symmetry", []() -> KMModifierNode * { return new KMModSymNode; }, 2);
-    row(
-        "lattice", []() -> KMModifierNode * { return new KMModFFDNode; }, 1);
-    row(
-        "solid", []() -> KMModifierNode * { return new KMModSolidNode; }, 2);
-    row(
-        "cloner", []() -> KMModifierNode * { return new KMModClonerNode; }, 4);
-    row(
-        "pipe", []() -> KMModifierNode * { return new KMModPipeNode; }, 0);
+    const auto row = [](const char *name, int copies, Make make) { QTest::newRow(name) << make << copies; };
+    row("subdivision", 0, []() -> KMModifierNode * { return new KMModSdvNode; });
+    row("symmetry", 2, []() -> KMModifierNode * { return new KMModSymNode; });
+    row("lattice", 1, []() -> KMModifierNode * { return new KMModFFDNode; });
+    row("solid", 2, []() -> KMModifierNode * { return new KMModSolidNode; });
+    row("cloner", 4, []() -> KMModifierNode * { return new KMModClonerNode; });
+    row("pipe", 0, []() -> KMModifierNode * { return new KMModPipeNode; });
 }
 
 void tst_BoneDeform::weightsThroughTheChain()
@@ -246,7 +220,7 @@ void tst_BoneDeform::weightsThroughTheChain()
     scene.turn(scene.bones[1], {0, 1, 0}, 70);
     const KMMeshNode &between = *stage->modMesh();
     const auto check = [&](const char *when) {
-        const KMTagBoneWeight *carried = weightsOf(between);
+        const KMTagBoneWeight *carried = WeightScene::weightsOf(between);
         QVERIFY2(carried && carried != scene.tag, when);
         QCOMPARE(carried->name(), scene.tag->name());
         for (int v = 0; v < between.vertexCount(); ++v) {
@@ -273,7 +247,7 @@ void tst_BoneDeform::weightsThroughTheChain()
     scene.session.stack().setIndex(first);
     check("undone");
     gSolution->push(new deleteTagCommand(scene.mesh, scene.tag));
-    QVERIFY(!weightsOf(between) && moved(*deform) < 1e-6);
+    QVERIFY(!WeightScene::weightsOf(between) && moved(*deform) < 1e-6);
     scene.session.stack().undo();
     check("with the tag again");
 }
@@ -308,7 +282,8 @@ void tst_BoneDeform::coincidentBones()
     symmetry->setParameters(plane);
     scene.add(symmetry);
     const QVector<BoneWeightEntry> here = scene.tag->entriesOf(7);
-    const QVector<BoneWeightEntry> there = weightsOf(*symmetry->modMesh())->entriesOf(7 + scene.mesh->vertexCount());
+    const QVector<BoneWeightEntry> there =
+        WeightScene::weightsOf(*symmetry->modMesh())->entriesOf(7 + scene.mesh->vertexCount());
     QCOMPARE(there.size(), here.size());
     for (int i = 0; i < here.size(); ++i)
         QCOMPARE(there.at(i).bone, scene.bones.at(scene.bones.indexOf(here.at(i).bone) + 2));
@@ -332,7 +307,7 @@ void tst_BoneDeform::mirroredWeights()
         {{1, 1, 1}, kvm::Quaternion::fromAxisAngle({0, 1, 0}, degrees * float(M_PI) / 180.0f), place});
     scene.add(symmetry);
     const int half = scene.mesh->vertexCount();
-    const KMTagBoneWeight *carried = weightsOf(*symmetry->modMesh());
+    const KMTagBoneWeight *carried = WeightScene::weightsOf(*symmetry->modMesh());
     for (int v = 0; v < half; ++v) {
         QCOMPARE(carried->entriesOf(v), scene.tag->entriesOf(v));
         const QVector<BoneWeightEntry> here = carried->entriesOf(v), there = carried->entriesOf(v + half);
@@ -372,17 +347,17 @@ void tst_BoneDeform::mirrorFollowsBones()
         stack.setIndex(start + step);
         KMChainCopy anew(*scene.mesh);
         anew.evaluate();
-        const QVector<BoneWeightEntry> found = weightsOf(*symmetry->modMesh())->entries();
-        QCOMPARE(found, weightsOf(*anew.stage(0)->modMesh())->entries());
-        QCOMPARE(weightsOf(*symmetry->modMesh())->entriesOf(image).first().bone, expected.at(step));
+        const QVector<BoneWeightEntry> found = WeightScene::weightsOf(*symmetry->modMesh())->entries();
+        QCOMPARE(found, WeightScene::weightsOf(*anew.stage(0)->modMesh())->entries());
+        QCOMPARE(WeightScene::weightsOf(*symmetry->modMesh())->entriesOf(image).first().bone, expected.at(step));
         QVERIFY(away(*deform) < 1e-5);
     };
     for (const int step : {5, 4, 3, 2, 1, 0, 1, 2, 3, 4, 5, 0, 4})
         check(step);
     // A bone that moves and keeps its partner has nothing carried anew.
-    const int carried = weightsOf(*symmetry->modMesh())->revision();
+    const int carried = WeightScene::weightsOf(*symmetry->modMesh())->revision();
     gSolution->push(new editBoneGeometryCommand(made, restBone({-1, 0, 1.1f}, {-3, 0, 1})));
-    QCOMPARE(weightsOf(*symmetry->modMesh())->revision(), carried);
+    QCOMPARE(WeightScene::weightsOf(*symmetry->modMesh())->revision(), carried);
 }
 
 /// The plain mesh has the weights of what it was made of, past a stage that moves by bones and through those behind it.
@@ -393,7 +368,7 @@ void tst_BoneDeform::freezing()
         scene.tag->setSdefFlag(v, true);
     scene.add(new KMModSdvNode);
     std::unique_ptr<KMMeshNode> frozen = KMFreezeModifiers::shapeOf(*scene.mesh);
-    const KMTagBoneWeight *weights = weightsOf(*frozen);
+    const KMTagBoneWeight *weights = WeightScene::weightsOf(*frozen);
     QVERIFY(weights && weights->mesh() == frozen.get() && frozen->liveTagCount() == 1);
     QCOMPARE(weights->entries().last().vertex, frozen->vertexCount() - 1);
     const QVector<BoneWeightEntry> entries = weights->entries();
@@ -403,11 +378,11 @@ void tst_BoneDeform::freezing()
     scene.add(new KMModBoneDeformNode);
     scene.turn(scene.bones[1], {0, 1, 0}, 70);
     frozen = KMFreezeModifiers::shapeOf(*scene.mesh);
-    QVERIFY(weightsOf(*frozen));
-    QCOMPARE(weightsOf(*frozen)->entries(), entries);
-    QCOMPARE(weightsOf(*frozen)->sdefVertices(), flagged);
+    QVERIFY(WeightScene::weightsOf(*frozen));
+    QCOMPARE(WeightScene::weightsOf(*frozen)->entries(), entries);
+    QCOMPARE(WeightScene::weightsOf(*frozen)->sdefVertices(), flagged);
     QCOMPARE(frozen->position(0), scene.mesh->modifiers().last().second->modMesh()->position(0));
-    QVERIFY(!weightsOf(*scene.mesh->modifiers().last().second->modMesh()));
+    QVERIFY(!WeightScene::weightsOf(*scene.mesh->modifiers().last().second->modMesh()));
 
     auto *symmetry = new KMModSymNode;
     KMModSymNode::Parameters plane;
@@ -415,9 +390,9 @@ void tst_BoneDeform::freezing()
     symmetry->setParameters(plane);
     scene.add(symmetry);
     frozen = KMFreezeModifiers::shapeOf(*scene.mesh);
-    QVERIFY(frozen->vertexCount() > 0 && weightsOf(*frozen)->entries().size() > entries.size());
+    QVERIFY(frozen->vertexCount() > 0 && WeightScene::weightsOf(*frozen)->entries().size() > entries.size());
     for (int v = 0; v < frozen->vertexCount(); ++v)
-        QVERIFY(!weightsOf(*frozen)->entriesOf(v).isEmpty());
+        QVERIFY(!WeightScene::weightsOf(*frozen)->entriesOf(v).isEmpty());
 }
 
 void tst_BoneDeform::allocatesNothing()

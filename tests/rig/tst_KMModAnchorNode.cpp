@@ -23,9 +23,9 @@
 #include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagMorph.h"
 #include "support/MeshFixtures.h"
-#include "support/RigScene.h"
 #include "support/SkinReference.h"
 #include "support/TestRegistry.h"
+#include "support/WeightScene.h"
 
 #include <QTest>
 #include <QUndoStack>
@@ -34,30 +34,23 @@
 #include <map>
 
 using kvm::Vector3;
+using reference::minus;
 using reference::Vec;
 
 namespace {
 
 using Weights = std::map<const KMBone *, double>;
 
-KMTagBoneWeight *weightsOf(const KMMeshNode &mesh)
-{
-    return static_cast<KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
-}
-
 /// A strip along x from -5 to 35 with two bones of ten units in it, which is all bound to a third bone.
-class StripScene : public RigScene
+class StripScene : public WeightScene
 {
 public:
     StripScene()
-        : mesh(MeshFixtures::grid(40, 2))
-        , tag(new KMTagBoneWeight)
+        : WeightScene(MeshFixtures::grid(40, 2))
         , anchor(new KMModAnchorNode)
     {
         for (KMVertex *vertex : mesh->vertices())
             vertex->pos += Vector3(-5, 0, -1);
-        gProject->addNode(mesh);
-        mesh->addTagKeepName(tag);
         first = addBone(QStringLiteral("first"), nullptr, {0, 0, 0}, {10, 0, 0});
         second = addBone(QStringLiteral("second"), first, {10, 0, 0}, {20, 0, 0});
         own = addBone(QStringLiteral("own"), nullptr, {0, 0, 30}, {10, 0, 30});
@@ -67,22 +60,15 @@ public:
         forget();
     }
 
-    void add(KMModifierNode *modifier)
-    {
-        const KMUndoMacro macro(QStringLiteral("add"));
-        gProject->addToScene(modifier);
-        gSolution->push(new moveNodeCommand(moveNodeCommand::LastChild, mesh, modifier, KMRowFocus::Keep));
-        gProject->checkModifiers();
-    }
     float weightAt(int x, const KMBone *bone) const ///< in the middle of the strip
     {
-        return weightsOf(*anchor->modMesh())->weight(anchor->vertexMapAt(41 + x + 5), bone);
+        return WeightScene::weightsOf(*anchor->modMesh())->weight(anchor->vertexMapAt(41 + x + 5), bone);
     }
     QString weightsText() const { return textOf(*anchor->modMesh()); }
     static QString textOf(const KMMeshNode &result)
     {
         QString text;
-        const KMTagBoneWeight *weights = weightsOf(result);
+        const KMTagBoneWeight *weights = WeightScene::weightsOf(result);
         for (int v = 0; weights && v < result.vertexCount(); ++v) {
             text += QString::number(v);
             for (const BoneWeightEntry &entry : weights->entriesOf(v))
@@ -92,18 +78,11 @@ public:
         return text;
     }
 
-    KMMeshNode *mesh;
-    KMTagBoneWeight *tag;
     KMModAnchorNode *anchor;
     KMBone *first, *second, *own;
 };
 
 // The same in double precision, by trying every triangle.
-
-Vec minus(const Vec &a, const Vec &b)
-{
-    return {a[0] - b[0], a[1] - b[1], a[2] - b[2]};
-}
 
 struct Foot
 {
@@ -182,7 +161,8 @@ std::vector<Found> facesAt(const QList<KMDisplayAnchorNode *> &helpers, const Ve
                 const Foot foot = footOn(p, reference::vec(place));
                 Found one{foot.distance, margin, {}};
                 for (size_t i = 0; i < 3; ++i) {
-                    for (const BoneWeightEntry &entry : weightsOf(mesh)->entriesOf(face->indices[corners[i]]))
+                    for (const BoneWeightEntry &entry :
+                         WeightScene::weightsOf(mesh)->entriesOf(face->indices[corners[i]]))
                         one.weights[entry.bone] += foot.shares[i] * double(entry.weight);
                 }
                 found.push_back(one);
@@ -211,8 +191,6 @@ private slots:
     void weightsByWords_data();
     void weightsByWords();
     void everyStepIsFollowed();
-    void poseThroughTheChain();
-    void onlyVerticesMove();
     void carriedByTheTransform();
     void helperBox();
 };
@@ -279,8 +257,8 @@ void tst_KMModAnchorNode::weightsByWords()
         owned.back()->setBone(bones[0]);
         for (int v = 0; v < points.size(); ++v) {
             const float share = float(random.number(0, 1));
-            weightsOf(*owned.back()->mesh())->addEntry({v, share, bones[0]});
-            weightsOf(*owned.back()->mesh())->addEntry({v, 1 - share, bones[1]});
+            WeightScene::weightsOf(*owned.back()->mesh())->addEntry({v, share, bones[0]});
+            WeightScene::weightsOf(*owned.back()->mesh())->addEntry({v, 1 - share, bones[1]});
         }
         helpers << owned.back().get();
     }
@@ -337,7 +315,7 @@ void tst_KMModAnchorNode::everyStepIsFollowed()
         const KMUndoMacro macro(QStringLiteral("cut"));
         KMMeshEdit::cutEdges(*helper, {{0, 1, {0.5f}}});
     }
-    QCOMPARE(weightsOf(*helper)->weight(8, scene.first), 1.0f);
+    QCOMPARE(WeightScene::weightsOf(*helper)->weight(8, scene.first), 1.0f);
     KMMeshEdit::moveVertex(*helper, 8, {2, -9, 0});
     gSolution->push(new editBoneWeightCommand(scene.mesh, scene.tag, {{0, 0.25f, scene.own}}));
     KMModAnchorNode::Anchors anchors = scene.anchor->anchors();
@@ -371,65 +349,7 @@ void tst_KMModAnchorNode::everyStepIsFollowed()
     }
     texts.removeAll(QString());
     QVERIFY(texts.removeDuplicates() <= 2);
-    QVERIFY(!weightsOf(*scene.anchor->modMesh()));
-}
-
-void tst_KMModAnchorNode::poseThroughTheChain()
-{
-    StripScene scene;
-    gSolution->push(new modAnchorAddBoneCommand(scene.anchor, scene.first));
-    auto *deform = new KMModBoneDeformNode;
-    scene.add(deform);
-    PoseTransform pose;
-    pose.rotation = kvm::Quaternion::fromAxisAngle({0, 0, 1}, 1.25f);
-    scene.first->setKeyPose(pose);
-    scene.rig->animation()->reevaluate();
-    gSolution->update(0);
-    for (int v = 0; v < scene.mesh->vertexCount(); ++v) {
-        const Vector3 rest = scene.mesh->position(v);
-        const bool isReached = rest.x > -0.5f && rest.x < 10.5f;
-        const Vector3 expected = isReached ? scene.first->skinMatrix() * rest : rest;
-        QVERIFY((deform->modMesh()->position(deform->vertexMapAt(v)) - expected).length() < 1e-4f);
-    }
-    scene.session.stack().undo();
-    scene.session.stack().undo();
-    QVERIFY(scene.anchor->anchors().isEmpty());
-}
-
-/// Vertices that leave a helper and come back, with a subdivision behind that is never made anew; a morph is no move.
-void tst_KMModAnchorNode::onlyVerticesMove()
-{
-    StripScene scene;
-    auto *morphs = new KMTagMorph;
-    scene.mesh->addTagKeepName(morphs);
-    auto *morph = new KMMorph;
-    morphs->addMorph(morph);
-    morph->setDeltas({{50, 40.0f, {0, 1, 0}}});
-    auto *behind = new KMModSdvNode;
-    scene.add(behind);
-    gSolution->push(new modAnchorAddBoneCommand(scene.anchor, scene.first));
-    const QString before = scene.textOf(*behind->modMesh());
-    const KMVertex *record = behind->modMesh()->vertex(0);
-    morph->setValue(1.0f);
-    gSolution->update(0);
-    QCOMPARE(scene.textOf(*behind->modMesh()), before);
-    QCOMPARE(behind->modMesh()->vertex(0), record);
-
-    RandomMath random(5);
-    QStringList texts;
-    for (int i = 0; i < 30; ++i) {
-        const int vertex = 44 + int(random.number(0, 14.9)); // in the reach of the helper and beside it
-        if (i % 3)
-            KMMeshEdit::moveVertex(*scene.mesh, vertex, random.vector(12));
-        else
-            KMMeshEdit::moveVertex(*scene.anchor->anchors().first()->mesh(), vertex % 8, random.vector(9));
-        KMChainCopy fresh(*scene.mesh);
-        fresh.evaluate();
-        QCOMPARE(scene.textOf(*behind->modMesh()), scene.textOf(*fresh.stage(1)->modMesh()));
-        texts << scene.textOf(*behind->modMesh());
-    }
-    QVERIFY(texts.removeDuplicates() < 20);
-    QCOMPARE(behind->modMesh()->vertex(0), record);
+    QVERIFY(!WeightScene::weightsOf(*scene.anchor->modMesh()));
 }
 
 /// There and back leaves every corner where it was, also by way of a scale of 0.
@@ -475,7 +395,7 @@ void tst_KMModAnchorNode::helperBox()
         const Vector3 from = mesh.position(i) - middle;
         QVERIFY(std::abs(std::abs(dot(from, along)) - 7.5f) < 1e-4f);
         QVERIFY(std::abs((from - along * dot(from, along)).length() - 3.75f * std::sqrt(2.0f)) < 1e-4f);
-        QCOMPARE(weightsOf(mesh)->weight(i, bone), 1.0f);
+        QCOMPARE(WeightScene::weightsOf(mesh)->weight(i, bone), 1.0f);
     }
     for (const KMFace *face : mesh.faces()) {
         const Vector3 p[] = {mesh.position(face->indices[0]), mesh.position(face->indices[1]),

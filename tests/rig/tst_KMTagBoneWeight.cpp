@@ -16,33 +16,17 @@
 #include "rig/KMTagBoneWeight.h"
 #include "support/CommandProof.h"
 #include "support/MeshFixtures.h"
-#include "support/RigScene.h"
 #include "support/SkinReference.h"
 #include "support/TestRegistry.h"
+#include "support/WeightScene.h"
 
 #include <QTest>
 #include <QUndoStack>
 
+#include <functional>
 #include <memory>
 
 namespace {
-
-/// A rig, and a mesh with a weight tag in the same document.
-class WeightScene : public RigScene
-{
-public:
-    explicit WeightScene(KMMeshNode *shape)
-        : mesh(shape)
-        , tag(new KMTagBoneWeight)
-    {
-        gProject->addNode(mesh);
-        mesh->addTagKeepName(tag);
-        forget();
-    }
-
-    KMMeshNode *mesh;
-    KMTagBoneWeight *tag; // of the mesh
-};
 
 /// Bones and weights at random. Every second vertex shall be blended spherically.
 class RandomSkin : public WeightScene
@@ -151,7 +135,6 @@ private slots:
     void normalizing();
     void commands_data();
     void commands();
-    void strokeIsOneStep();
     void newVertices_data();
     void newVertices();
     void renumbering();
@@ -271,55 +254,35 @@ void tst_KMTagBoneWeight::normalizing()
         QCOMPARE(scene.tag->entriesOf(3).at(i).weight, expected.at(i));
 }
 
-using MakeCommand = KMUndoCommand *(*)(RandomSkin &);
+using MakeCommand = std::function<KMUndoCommand *(RandomSkin &)>;
 Q_DECLARE_METATYPE(MakeCommand)
 
 void tst_KMTagBoneWeight::commands_data()
 {
     QTest::addColumn<MakeCommand>("make");
     QTest::addColumn<QString>("text");
-    const auto row = [](const char *name, MakeCommand make, const QString &text) {
-        QTest::newRow(name) << make << text;
+    const auto row = [](const char *name, const char *text, const MakeCommand &make) {
+        QTest::newRow(name) << make << QString::fromLatin1(text);
     };
-    row(
-        "add",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new addBoneWeightCommand(s.mesh, s.tag, {{5, 0.4f, s.bones[9]}, {6, 0.25f, s.bones[9]}});
-        },
-        QStringLiteral("Add BoneWeight"));
-    row(
-        "delete",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new deleteBoneWeightCommand(s.mesh, s.tag, s.tag->entriesOf(4) + s.tag->entriesOf(5).mid(0, 1));
-        },
-        QStringLiteral("Delete BoneWeight"));
-    row(
-        "edit",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            QVector<BoneWeightEntry> entries = s.tag->entries();
-            for (BoneWeightEntry &entry : entries)
-                entry.weight = 0.5f;
-            return new editBoneWeightCommand(s.mesh, s.tag, entries);
-        },
-        QStringLiteral("Edit BoneWeight"));
-    row(
-        "settings",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new editTagBoneWeightCommand(s.mesh, s.tag, {1, true, 40.0f});
-        },
-        QStringLiteral("Edit BoneWeight"));
-    row(
-        "flag",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new setSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6});
-        },
-        QStringLiteral("Set Sdef Flag"));
-    row(
-        "unflag",
-        [](RandomSkin &s) -> KMUndoCommand * {
-            return new removeSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6});
-        },
-        QStringLiteral("Remove Sdef Flag"));
+    row("add", "Add BoneWeight", [](RandomSkin &s) {
+        return new addBoneWeightCommand(s.mesh, s.tag, {{5, 0.4f, s.bones[9]}, {6, 0.25f, s.bones[9]}});
+    });
+    row("delete", "Delete BoneWeight", [](RandomSkin &s) {
+        return new deleteBoneWeightCommand(s.mesh, s.tag, s.tag->entriesOf(4) + s.tag->entriesOf(5).mid(0, 1));
+    });
+    row("edit", "Edit BoneWeight", [](RandomSkin &s) {
+        QVector<BoneWeightEntry> entries = s.tag->entries();
+        for (BoneWeightEntry &entry : entries)
+            entry.weight = 0.5f;
+        return new editBoneWeightCommand(s.mesh, s.tag, entries);
+    });
+    row("settings", "Edit BoneWeight", [](RandomSkin &s) {
+        return new editTagBoneWeightCommand(s.mesh, s.tag, {1, true, 40.0f});
+    });
+    row("flag", "Set Sdef Flag", [](RandomSkin &s) { return new setSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6}); });
+    row("unflag", "Remove Sdef Flag", [](RandomSkin &s) {
+        return new removeSdefFlagCommand(s.mesh, s.tag, {3, 4, 5, 6});
+    });
 }
 
 void tst_KMTagBoneWeight::commands()
@@ -335,29 +298,6 @@ void tst_KMTagBoneWeight::commands()
     QVERIFY(skin.away() < 2e-4); // the records went along
     skin.session.stack().undo();
     QVERIFY(skin.away() < 2e-4);
-}
-
-/// A brush writes as it goes; the whole stroke is undone at once.
-void tst_KMTagBoneWeight::strokeIsOneStep()
-{
-    RandomSkin skin(6);
-    const QString before = skin.dump.text();
-    KMWeightEdit stroke(skin.tag);
-    for (int move = 0; move < 40; ++move) {
-        const int vertex = skin.below(20);
-        stroke.setWeight(vertex, skin.bones[0], stroke.weight(vertex, skin.bones[0]) + 0.1f);
-        if (move % 7 == 0)
-            stroke.removeEntry(vertex, skin.bones[1]);
-        stroke.write(KMWeightEdit::Side::After, {vertex});
-    }
-    const QString painted = skin.dump.text();
-    QVERIFY(painted != before && !stroke.isEmpty());
-    gSolution->push(new editBoneWeightCommand(skin.mesh, stroke));
-    QCOMPARE(skin.dump.text(), painted);
-    skin.session.stack().undo();
-    QCOMPARE(skin.dump.text(), before);
-    skin.session.stack().redo();
-    QCOMPARE(skin.dump.text(), painted);
 }
 
 /// Weights go with their vertices, and those of a vertex that went come back with it.
@@ -479,7 +419,7 @@ void tst_KMTagBoneWeight::chainIsLeftItsSkin()
     scene.tag->addEntry({0, 0.5f, above});
     scene.tag->setSdefFlag(0, true);
     const auto isDerivedBy = [](KMMeshNode &mesh, int mask) {
-        auto *tag = static_cast<KMTagBoneWeight *>(mesh.findTag(KMNodeType::TagBoneWeight));
+        auto *tag = WeightScene::weightsOf(mesh);
         const int before = tag->records().sdefRevision();
         tag->rebuildWeights(mask);
         return tag->records().sdefRevision() != before && tag->vertexWeights(0).count() == 2;

@@ -1,7 +1,6 @@
 #include "core/KMBasePositions.h"
 #include "core/KMNodeType.h"
 #include "core/KMTagCommands.h"
-#include "core/KMUndoMacro.h"
 #include "mesh/KMEdgeCut.h"
 #include "mesh/KMExtrusion.h"
 #include "mesh/KMVertexCommands.h"
@@ -260,7 +259,6 @@ private slots:
     void everyStepComesBack_data();
     void everyStepComesBack();
     void valuesAddUp();
-    void positionsDoNotDrift();
     void removedOffsetsStayOff();
     void deltasFromTwoMeshes();
     void copies();
@@ -304,24 +302,6 @@ void tst_KMTagMorph::valuesAddUp()
     QCOMPARE(morphed.tag->offsets().at(10), 0.0f); // too little to be any
     first->setValue(0.0f);
     QCOMPARE(cube->position(2), before + Vector3(0.0f, 0.5f, 0.0f));
-}
-
-void tst_KMTagMorph::positionsDoNotDrift()
-{
-    MeshScene scene(MeshFixtures::torus(6, 5));
-    Morphed morphed(scene.mesh);
-    const QString start = baseText(*scene.mesh);
-    MorphDeltas deltas;
-    for (int i = 0; i < scene.mesh->vertexCount(); ++i)
-        deltas.append({i, 1234.567f / float(i + 1), Vector3(0.6f, -0.48f, 0.64f)});
-    KMMorph *morph = morphed.add(1.0f, deltas);
-    for (int i = 0; i < 200; ++i) {
-        gSolution->push(new editMorphValueCommand(morph, float(i % 17) / 16.0f + 0.001f));
-        scene.mesh->refreshMesh(i % 2 ? KMMeshDirty::Moved : KMMeshDirty::All);
-    }
-    QCOMPARE(baseText(*scene.mesh), start);
-    morph->setValue(0.0f);
-    QCOMPARE(meshText(*scene.mesh), start);
 }
 
 void tst_KMTagMorph::removedOffsetsStayOff()

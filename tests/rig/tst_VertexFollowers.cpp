@@ -8,8 +8,8 @@
 #include "rig/KMTagBoneWeight.h"
 #include "rig/KMTagMorph.h"
 #include "support/MeshFixtures.h"
-#include "support/RigScene.h"
 #include "support/TestRegistry.h"
+#include "support/WeightScene.h"
 
 #include <QTest>
 
@@ -21,16 +21,9 @@ using kvm::Vector3;
 
 namespace {
 
-/// A mesh with a weight tag in a scene with a rig.
-struct SkinScene : RigScene
+struct SkinScene : WeightScene
 {
-    explicit SkinScene(KMMeshNode *made)
-        : mesh(made)
-        , tag(new KMTagBoneWeight)
-    {
-        gProject->addToScene(mesh);
-        mesh->addTagKeepName(tag);
-    }
+    using WeightScene::WeightScene;
     QStringList bonesOf(int vertex) const
     {
         QStringList names;
@@ -39,9 +32,6 @@ struct SkinScene : RigScene
         names.sort();
         return names;
     }
-
-    KMMeshNode *mesh;
-    KMTagBoneWeight *tag;
 };
 
 } // namespace

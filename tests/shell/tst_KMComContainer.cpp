@@ -6,11 +6,13 @@
 #include "mesh/KMMeshEdit.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMPrimitiveNode.h"
+#include "rig/KMBoneContainer.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/commands/KMComContainer.h"
 #include "shell/commands/KMGlobalCommand.h"
 #include "shell/docks/kmattributewidget.h"
 #include "shell/kmmainwidget.h"
+#include "shell/widgets/KMMessageLabel.h"
 #include "support/MeshFixtures.h"
 #include "support/TestRegistry.h"
 #include "support/TestWindow.h"
@@ -167,10 +169,22 @@ void tst_KMComContainer::selectAllElements()
     mesh->rebuildSelectionCache();
     QVERIFY(mesh->selectedVertices().isEmpty());
 
+    // What is current and closed isn't the whole document.
+    const auto *line = window.child<KMMessageLabel>("messageLabel");
+    mesh->setLocked(true);
+    window.trigger("ComSelectAll");
+    QCOMPARE(line->message(), QStringLiteral("Mesh0 is locked or hidden"));
+    auto *rig = new KMBoneContainer;
+    gProject->addNode(rig);
+    rig->setVisible(false);
+    window.trigger("ComSelectAll");
+    QCOMPARE(line->message(), rig->name() + QStringLiteral(" is locked or hidden"));
+    QCOMPARE(gProject->tree()->selectedItems().size(), 1);
+
     QVERIFY(window.focus(gProject->tree()));
     window.trigger("ComSelectAll");
-    QCOMPARE(gProject->tree()->selectedItems().size(), 2);
-    QCOMPARE(window->undoStack()->index(), steps + 2);
+    QCOMPARE(gProject->tree()->selectedItems().size(), 3);
+    QCOMPARE(window->undoStack()->index(), steps + 3);
 }
 
 void tst_KMComContainer::selectLastNode()

@@ -21,6 +21,7 @@
 #include <QUndoStack>
 
 #include <functional>
+#include <limits>
 #include <random>
 
 namespace {
@@ -104,9 +105,28 @@ void tst_KMPlayback::followsTheClock()
     }
     QVERIFY(frames.size() <= ticks);
     QCOMPARE(scene.bone->solvedPose().rotation.length(), 1.0f);
-    playback.stop();
-    if (loops)
+    if (loops) { // the round is played to its end
+        const int frame = gProject->currentFrame();
+        QVERIFY(frame < 59);
+        playback.actions().last()->setChecked(false);
+        playback.tick();
+        QCOMPARE(gProject->currentFrame(), frame);
+        QVERIFY(playback.isPlaying());
+        now += 3000;
+        playback.tick();
+        QCOMPARE(gProject->currentFrame(), 60);
+        QVERIFY(!playback.isPlaying());
+        playback.actions().last()->setChecked(true);
+        playback.play();
+        scene.rig->animation()->clear();
+        playback.tick(); // else it would go on with nothing to play
+        QVERIFY(!playback.isPlaying());
+        const int farthest = std::numeric_limits<int>::max();
+        gProject->setCurrentFrame(farthest);
+        playback.step(1);
+        QCOMPARE(gProject->currentFrame(), farthest);
         return;
+    }
     QVERIFY(std::abs(scene.bone->solvedPose().rotation.y) > 0.999f);
     playback.play(); // at the end it begins at the start
     QCOMPARE(gProject->currentFrame(), 0);

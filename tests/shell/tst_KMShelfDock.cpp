@@ -7,6 +7,7 @@
 #include "support/TestRegistry.h"
 
 #include <QListWidget>
+#include <QSignalSpy>
 #include <QTest>
 
 /// Tiles and their pictures.
@@ -53,11 +54,12 @@ protected:
 
 } // namespace
 
-/// A step that brings many textures, or takes them back, makes a picture of each once.
+/// A step that brings many textures, or takes them back, makes all tiles once, and the pictures that are seen.
 void tst_KMShelfDock::picturesAreKept()
 {
     KMHeadlessSession session;
     CountingShelf shelf;
+    const QSignalSpy told(gProject, &KMProject::texturesChanged);
     constexpr int count = 12;
     {
         const KMUndoMacro macro(QStringLiteral("Textures"));
@@ -65,15 +67,23 @@ void tst_KMShelfDock::picturesAreKept()
             gProject->addToScene(new KMFileTextureNode(QStringLiteral("/%1.png").arg(i)));
     }
     const auto *list = shelf.findChild<QListWidget *>();
+    const auto isSeen = [list](int i) { return !list->item(i)->icon().isNull(); };
+    QCOMPARE(told.size(), 1);
     QCOMPARE(list->count(), count);
-    QCOMPARE(std::exchange(shelf.made, 0), count);
+    QVERIFY(isSeen(3) && isSeen(5));
+    QCOMPARE(shelf.made, 2);
+    gProject->addToScene(new KMFileTextureNode(QStringLiteral("/more.png")));
+    QVERIFY(isSeen(3) && isSeen(4));
+    QCOMPARE(shelf.made, 3); // tiles that stay keep theirs
     session.stack().undo();
+    QCOMPARE(told.size(), 3);
+    session.stack().undo();
+    QCOMPARE(told.size(), 4);
     QCOMPARE(list->count(), 0);
-    QCOMPARE(shelf.made, 0);
     session.stack().redo();
-    QCOMPARE(shelf.made, count);
-    for (int i = 0; i < count; ++i)
-        QVERIFY(!list->item(i)->icon().isNull());
+    QCOMPARE(told.size(), 5);
+    QCOMPARE(list->count(), count);
+    QCOMPARE(shelf.made, 3);
 }
 
 KM_TEST(tst_KMShelfDock);

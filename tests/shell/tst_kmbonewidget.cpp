@@ -4,6 +4,7 @@
 #include "rig/KMBoneCommands.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneTreeCommands.h"
+#include "rig/KMPhysicsMaking.h"
 #include "rig/KMRigTags.h"
 #include "rig/KMTagConstraint.h"
 #include "rig/KMTagJoint.h"
@@ -39,6 +40,7 @@ private slots:
     void rowsByKeyboardAndMouse();
     void tagsOfBones();
     void severalTags();
+    void copiesOfBodiesAndJoints();
     void severalRigs();
     void movesToAnotherRig();
 
@@ -337,6 +339,33 @@ void tst_kmbonewidget::severalTags()
     QCOMPARE(gSolution->currentTag(), nullptr);
 }
 
+/// A body and its joint that are copied together hold together again, on one bone or another.
+void tst_kmbonewidget::copiesOfBodiesAndJoints()
+{
+    KMPhysicsMaking::pushBodies({m_a, m_b}, KMTagRigidBody::Box, true);
+    KMTagRigidBody *parent = KMPhysicsMaking::firstBody(m_a);
+    KMTagJoint *joint = KMRigTags::joints(m_rig).last();
+    QVERIFY(m_window->focus(tree()));
+    for (KMTagBase *tag : QList<KMTagBase *>{joint, KMPhysicsMaking::firstBody(m_b)})
+        tag->setSelected(true);
+    gSolution->setCurrentTag(joint);
+    m_window->trigger("actionDuplicate");
+    const QList<KMTagRigidBody *> bodies = KMRigTags::bodies(m_rig);
+    const KMTagJoint *duplicate = KMRigTags::joints(m_rig).last();
+    QCOMPARE(bodies.size(), 3);
+    QVERIFY(duplicate != joint && duplicate->bone() == m_b);
+    const auto sides = [](const KMTagJoint *joint) { return QSet<KMTagRigidBody *>{joint->bodyA(), joint->bodyB()}; };
+    QCOMPARE(sides(duplicate), (QSet<KMTagRigidBody *>{parent, bodies[2]}));
+    QCOMPARE(sides(joint), (QSet<KMTagRigidBody *>{parent, bodies[1]}));
+
+    m_window->trigger("actionCut");
+    click(m_f, KMTreeWidget::NameColumn);
+    m_window->trigger("actionPaste");
+    const KMTagJoint *pasted = KMRigTags::joints(m_rig).last();
+    QVERIFY(pasted->bone() == m_f);
+    QCOMPARE(sides(pasted), (QSet<KMTagRigidBody *>{parent, KMPhysicsMaking::firstBody(m_f)}));
+}
+
 void tst_kmbonewidget::severalRigs()
 {
     auto *rigs = m_window->child<QComboBox>("boneRigs");
@@ -370,6 +399,10 @@ void tst_kmbonewidget::movesToAnotherRig()
     gProject->tree()->setCurrentItem(m_rig->item());
     m_dock->refresh();
     QCOMPARE(m_dock->rig(), m_rig);
+    KMPhysicsMaking::pushBodies({m_a, m_b}, KMTagRigidBody::Box, true);
+    const KMTagJoint *joint = KMRigTags::joints(m_rig).last();
+    const JointData data = joint->parameters();
+    QVERIFY(data.bodyA && data.bodyB);
     click(m_b, KMTreeWidget::NameColumn);
     const int steps = stack()->count();
     const auto moveByMenu = [&](bool isAllowed) {
@@ -392,7 +425,9 @@ void tst_kmbonewidget::movesToAnotherRig()
     QCOMPARE(shape(), QStringLiteral("0a 1e 0f"));
     QCOMPARE(other->bones(), (QList<KMBone *>{namesake, m_b, m_c, m_d}));
     QCOMPARE(m_c->name(), QStringLiteral("c0")); // keys find a bone by its name
+    QVERIFY(!joint->bodyA() != !joint->bodyB()); // no player holds bodies of two rigs together
     stack()->undo();
+    QVERIFY(joint->parameters() == data);
     QCOMPARE(m_c->name(), QStringLiteral("c"));
     // Dropped with Ctrl it is a copy that moves.
     gProject->tree()->setCurrentItem(m_rig->item());

@@ -1,3 +1,4 @@
+#include "core/KMNodeTreeCommands.h"
 #include "core/KMNodeType.h"
 #include "core/KMNullNode.h"
 #include "core/KMProject.h"
@@ -5,11 +6,14 @@
 #include "core/KMSolution.h"
 #include "core/KMTextureNode.h"
 #include "core/KMTreeWidget.h"
+#include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModSymNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "shell/KMMainBox.h"
+#include "shell/KMNodeEdits.h"
+#include "shell/KMPlayback.h"
 #include "shell/KMProjectDialog.h"
 #include "shell/KMRecentFiles.h"
 #include "shell/KMShortcutFile.h"
@@ -450,6 +454,14 @@ void tst_kmmainwidget::motionsAndPoses()
     QVERIFY(!rig->animation()->hasKey(arm->name(), 20));
     QCOMPARE(window->undoStack()->count(), 3);
     QVERIFY(window.prompt.messages.isEmpty() && !QApplication::overrideCursor());
+
+    auto *playback = window->findChild<KMPlayback *>();
+    for (const char *action : {"actionImportKMD", "actionImportVPD", "actionExportPMX"}) {
+        playback->play();
+        QVERIFY(playback->isPlaying());
+        window.trigger(action);
+        QVERIFY2(!playback->isPlaying(), action);
+    }
 }
 
 void tst_kmmainwidget::windowState()
@@ -615,6 +627,24 @@ void tst_kmmainwidget::groupAndDuplicate()
     window.trigger("actionUndo");
     window.trigger("actionUndo");
     QCOMPARE(treeText(), QStringLiteral("Null0 Null1 Int0"));
+
+    // Below a chain as deep as files can hold it nothing comes.
+    KMContainerNode *deepest = nullptr;
+    {
+        const KMUndoMacro macro(QStringLiteral("Chain"));
+        for (int i = 0; i <= KMTreeWidget::MaxDepth; ++i) {
+            auto *node = new KMNullNode;
+            gProject->addRaw(node);
+            gSolution->push(new insertNodeCommand(node, deepest, -1, KMRowFocus::Keep));
+            deepest = node;
+        }
+    }
+    const int steps = window->undoStack()->count();
+    gProject->tree()->setCurrentItem(deepest->item());
+    window.trigger("actionGroup");
+    QVERIFY(!KMNodeEdits::move({a}, deepest, KMTreeWidget::Place::Into));
+    QCOMPARE(window->undoStack()->count(), steps);
+    QVERIFY(KMNodeEdits::move({a}, deepest, KMTreeWidget::Place::After));
 }
 
 void tst_kmmainwidget::projectDialogue_data()

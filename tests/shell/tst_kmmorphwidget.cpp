@@ -43,6 +43,7 @@ private slots:
     void copiedTag();
     void removeAndSelect();
     void otherBase();
+    void tagThatIsShown();
     void refusals();
 
 private:
@@ -263,6 +264,11 @@ void tst_kmmorphwidget::removeAndSelect()
     m_window->trigger("MorphComSelectVertex"); // no row is selected
     QCOMPARE(steps(), before);
     m_rows->topLevelItem(1)->setSelected(true);
+    m_base->setLocked(true);
+    m_window->trigger("MorphComSelectVertex");
+    m_window->trigger("MorphComRemoveMorph");
+    m_base->setLocked(false);
+    QCOMPARE(steps(), before);
     m_window->trigger("MorphComSelectVertex");
     QVERIFY(m_base->vertex(2)->hasFlag(KMElementFlag::Selected));
     m_window->trigger("MorphComRemoveMorph");
@@ -294,6 +300,34 @@ void tst_kmmorphwidget::otherBase()
     const KMMorph *smile = assignAs("smile");
     QVERIFY(smile);
     QCOMPARE(smile->deltas(), (MorphDeltas{{2, 4.0f, {0, 1, 0}}}));
+}
+
+/// Edits of the rows mean the tag whose rows they are, and the panel follows whichever panel chooses another one.
+void tst_kmmorphwidget::tagThatIsShown()
+{
+    for (const char *name : {"a", "b"})
+        assignAs(name);
+    const QList<KMMorph *> own = m_tag->liveMorphs();
+    auto *other = new KMTagMorph;
+    gSolution->push(new addTagCommand(m_target, other));
+    auto *foreign = new KMMorph;
+    foreign->setName(QStringLiteral("x"));
+    other->addMorph(foreign);
+    gProject->tree()->setCurrentItem(m_base->item());
+    QCOMPARE(names(), QStringLiteral("ab"));
+    gSolution->setCurrentTag(other); // unseen
+    emit m_rows->morphsDropped({own[1]}, 0);
+    QCOMPARE(m_tag->liveMorphs(), (QList<KMMorph *>{own[1], own[0]}));
+    QCOMPARE(other->liveMorphs(), QList<KMMorph *>{foreign});
+    m_tag->setOrder({foreign, own[0], own[1]});
+    QCOMPARE(m_tag->morphs(), own);
+    for (const char *dock : {"kmbonewidget", "kmsetupwidget", "kmnodewidget"}) {
+        gSolution->setCurrentTag(m_tag);
+        m_dock->refresh();
+        gSolution->setCurrentTag(other);
+        emit m_window->child<KMDockWidget>(dock)->onNodeChanged(other, other->type());
+        QCOMPARE(names(), QStringLiteral("x"));
+    }
 }
 
 void tst_kmmorphwidget::refusals()

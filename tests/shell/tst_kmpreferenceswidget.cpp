@@ -1,22 +1,18 @@
 #include "core/KMSettings.h"
-#include "shell/KMStyle.h"
 #include "shell/kmpreferenceswidget.h"
 #include "support/ScriptedPrompt.h"
 #include "support/TestRegistry.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFontComboBox>
 #include <QKeySequenceEdit>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSpinBox>
-#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -29,14 +25,12 @@ class tst_kmpreferenceswidget : public QObject
 private slots:
     void init();
     void cleanup();
-    void listLeadsToItsPage();
     void openingAndAcceptingChangesNothing();
     void editsReachTheSettings();
     void cancelForgets();
     void editorShowsAndChangesEveryRow();
     void foreignChangesSurviveAnOpenDialogue();
     void dependentFieldsAreDisabled();
-    void panelNames();
     void backupFolder();
     void colors();
     void colorReset();
@@ -45,7 +39,6 @@ private slots:
     void shortcutIsRefused();
     void clearedShortcutIsFree();
     void deletedActionIsHarmless();
-    void themeIsTakenAtOnce();
     void autoSaveTimer();
     void dialogueIsForgotten();
 
@@ -127,15 +120,6 @@ QStringList tst_kmpreferenceswidget::snapshot() const
     for (const QColor &color : m_settings->displayColors)
         lines << color.name(QColor::HexArgb);
     return lines;
-}
-
-void tst_kmpreferenceswidget::listLeadsToItsPage()
-{
-    auto *list = find<QListWidget>("pageList");
-    for (int i = 0; i < list->count(); ++i) {
-        list->setCurrentRow(i);
-        QCOMPARE(find<QStackedWidget>("pages")->currentWidget()->objectName(), list->item(i)->text());
-    }
 }
 
 /// Values that an editor shows rounded, or has no entry for, must come through untouched.
@@ -246,18 +230,6 @@ void tst_kmpreferenceswidget::dependentFieldsAreDisabled()
     QVERIFY(!find<QWidget>("Backup/BackupDir")->isEnabled());
     find<QCheckBox>("Backup/EnableBackup")->click();
     QVERIFY(find<QWidget>("Backup/BackupDir")->isEnabled());
-}
-
-void tst_kmpreferenceswidget::panelNames()
-{
-    QSignalSpy spy(m_dialog.get(), &kmpreferenceswidget::panelNameChanged);
-    find<QLineEdit>("customPanel3/Name")->setText(QStringLiteral("Faces"));
-    QCOMPARE(spy.count(), 0);
-    press(QDialogButtonBox::Ok);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(0).toString(), QStringLiteral("Faces"));
-    QCOMPARE(spy.at(0).at(1).toInt(), 2);
-    QCOMPARE(m_settings->customPanel3Name, QStringLiteral("Faces"));
 }
 
 void tst_kmpreferenceswidget::backupFolder()
@@ -384,17 +356,6 @@ void tst_kmpreferenceswidget::deletedActionIsHarmless()
     QCOMPARE(m_undo->shortcut(), QKeySequence(QStringLiteral("Ctrl+P")));
     m_dialog->show();
     QCOMPARE(find<QTreeWidget>("shortcutTree")->findItems(QStringLiteral("Open"), Qt::MatchRecursive).size(), 0);
-}
-
-void tst_kmpreferenceswidget::themeIsTakenAtOnce()
-{
-    QApplication::setStyle(new KMStyle); // the application takes it
-    auto *theme = find<QComboBox>("Global/Theme");
-    theme->setCurrentIndex(theme->findText(QStringLiteral("Dark Green")));
-    QVERIFY(QApplication::palette() != KMStyle::themePalette(2));
-    press(QDialogButtonBox::Apply);
-    QCOMPARE(m_settings->theme, 2);
-    QCOMPARE(m_dialog->palette().color(QPalette::Highlight), KMStyle::themePalette(2).color(QPalette::Highlight));
 }
 
 void tst_kmpreferenceswidget::autoSaveTimer()

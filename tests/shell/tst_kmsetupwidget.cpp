@@ -1,3 +1,4 @@
+#include "core/KMNodePropertyCommands.h"
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTagCommands.h"
@@ -6,12 +7,14 @@
 #include "mesh/KMMeshNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
+#include "rig/KMBoneEdit.h"
 #include "rig/KMBoneMMDTemplate.h"
 #include "rig/KMDisplayCommands.h"
 #include "rig/KMPhysicsMaking.h"
 #include "rig/KMRigTags.h"
 #include "rig/KMTagJoint.h"
 #include "rig/KMTagMorph.h"
+#include "shell/KMPhysicsColumns.h"
 #include "shell/KMPhysicsSheet.h"
 #include "shell/attributes/KMAttributePage.h"
 #include "shell/docks/KMSetupList.h"
@@ -55,6 +58,11 @@ private slots:
     void sheetEditsAllSelectedRows();
     void sheetRefusesWhatIsNoNumber();
     void sheetShowsAndDeletes();
+    void sheetDeletesOfOneTable();
+    void keysOfCells_data();
+    void keysOfCells();
+    void sheetOfALockedRig();
+    void waitingAutoSave();
     void pageOfABody();
 
 private:
@@ -66,6 +74,15 @@ private:
     QTableView *table(const char *name) const
     {
         return m_setup->window()->findChild<QTableView *>(QLatin1String(name));
+    }
+    QString message() const { return m_window->child<KMMessageLabel>("messageLabel")->message(); }
+    static bool focus(QTableView *table)
+    {
+        return QTest::qWaitFor([table] { // the window manager may give the focus back once
+            table->activateWindow();
+            table->setFocus();
+            return table->hasFocus();
+        });
     }
     static int columnOf(const QTableView *table, const QString &title);
     int steps() const { return (*m_window)->undoStack()->index(); }
@@ -165,6 +182,8 @@ void tst_kmsetupwidget::information()
     (*m_window)->undoStack()->undo();
     QCOMPARE(gProject->textInfo(2), QString());
     QCOMPARE(comment->toPlainText(), QString());
+    gSolution->newDocument();
+    QCOMPARE(english->text(), QString());
 }
 
 void tst_kmsetupwidget::groupsAndItems()
@@ -172,12 +191,14 @@ void tst_kmsetupwidget::groupsAndItems()
     const int before = steps();
     drop(KMBoneTreeWidget::BoneMimeType, {bone("head")}); // no group yet
     QCOMPARE(steps(), before);
-    QCOMPARE(m_window->child<KMMessageLabel>("messageLabel")->message(), QStringLiteral("not selected."));
+    QCOMPARE(message(), QStringLiteral("not selected."));
     choose(m_groups, "setupCreate");
     QCOMPARE(groups(), QStringList{QStringLiteral("Disp")});
+    QCOMPARE((*m_window)->undoStack()->undoText(), QStringLiteral("Add DisplayNode"));
     drop(KMBoneTreeWidget::BoneMimeType, {bone("head"), bone("neck"), bone("center")});
     QCOMPARE(items(), (QStringList{QStringLiteral("center"), QStringLiteral("neck"), QStringLiteral("head")}));
-    drop(KMBoneTreeWidget::BoneMimeType, {bone("head")}); // is listed
+    drop(KMBoneTreeWidget::BoneMimeType, {bone("head")});
+    QCOMPARE(message(), QStringLiteral("The group lists all of them already"));
     QCOMPARE(steps(), before + 2);
     emit m_items->movesWanted({0, 1}, 3);
     QCOMPARE(items(), (QStringList{QStringLiteral("head"), QStringLiteral("center"), QStringLiteral("neck")}));
@@ -327,6 +348,7 @@ void tst_kmsetupwidget::sheetRefusesWhatIsNoNumber()
     const int mask = columnOf(bodies, QStringLiteral("Collision Mask"));
     for (const char *text : {"16", "-1", "a"})
         QVERIFY(!bodies->model()->setData(bodies->model()->index(0, mask), QString::fromLatin1(text)));
+    QCOMPARE(message(), QStringLiteral("Collision Mask can't be \"a\""));
     QCOMPARE(steps(), before);
     QVERIFY(bodies->model()->setData(bodies->model()->index(0, mask), QStringLiteral("0, 15")));
     QCOMPARE(KMRigTags::bodies(m_rig).first()->parameters().collisionMask, 0x8001u);
@@ -344,11 +366,7 @@ void tst_kmsetupwidget::sheetShowsAndDeletes()
     bodies->selectionModel()->select(bodies->model()->index(2, 0), QItemSelectionModel::Select);
     QCOMPARE(gSolution->currentTag(), tags[0]);
     QVERIFY((*m_window)->attributeDock()->page()->findChild<QCheckBox *>(QStringLiteral("rigid_check03")));
-    QVERIFY(QTest::qWaitFor([bodies] { // the window manager may give the focus back once
-        bodies->activateWindow();
-        bodies->setFocus();
-        return bodies->hasFocus();
-    }));
+    QVERIFY(focus(bodies));
     const int before = steps();
     QTest::keyClick(bodies, Qt::Key_Delete);
     QCOMPARE(KMRigTags::bodies(m_rig), QList<KMTagRigidBody *>{tags[1]});
@@ -359,6 +377,113 @@ void tst_kmsetupwidget::sheetShowsAndDeletes()
     QCOMPARE(steps(), before + 1);
     QTest::keyClick(bodies, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(KMRigTags::bodies(m_rig).size(), 3);
+}
+
+void tst_kmsetupwidget::sheetDeletesOfOneTable()
+{
+    m_setup->sheetAction()->trigger();
+    QTableView *joints = table("jointTable");
+    const int before = KMRigTags::joints(m_rig).size();
+    table("rigidBodyTable")->selectAll();
+    joints->selectRow(1);
+    QCOMPARE(KMRigTags::bodies(m_rig).first()->isSelected(), false);
+    QVERIFY(!table("rigidBodyTable")->selectionModel()->hasSelection());
+    QVERIFY(focus(joints));
+    QTest::keyClick(joints, Qt::Key_Delete);
+    QCOMPARE(KMRigTags::joints(m_rig).size(), before - 1);
+    QCOMPARE(KMRigTags::bodies(m_rig).size(), 3);
+}
+
+void tst_kmsetupwidget::keysOfCells_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("column");
+    QTest::addColumn<QString>("typed"); // null: no editor opens
+    QTest::newRow("digit") << int(Qt::Key_5) << "Mass"
+                           << "5";
+    QTest::newRow("point") << int(Qt::Key_Period) << "Mass"
+                           << ".";
+    QTest::newRow("letter") << int(Qt::Key_M) << "Name"
+                            << "m";
+    QTest::newRow("rename") << int(Qt::Key_F2) << "Mass"
+                            << "1";
+    QTest::newRow("rename what can't be") << int(Qt::Key_F2) << "Bone" << QString();
+    QTest::newRow("all") << int(Qt::CTRL | Qt::Key_A) << "Mass" << QString();
+}
+
+/// With the main window there, whose shortcuts most of them are.
+void tst_kmsetupwidget::keysOfCells()
+{
+    QFETCH(int, key);
+    QFETCH(QString, column);
+    QFETCH(QString, typed);
+    m_setup->sheetAction()->trigger();
+    QTableView *bodies = table("rigidBodyTable");
+    bodies->setCurrentIndex(bodies->model()->index(1, columnOf(bodies, column)));
+    QVERIFY(focus(bodies));
+    const int before = steps();
+    QTest::keyClick(bodies, Qt::Key(key & ~int(Qt::KeyboardModifierMask)),
+                    Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
+    const auto *editor = bodies->findChild<QLineEdit *>();
+    QCOMPARE(editor ? editor->text() : QString(), typed);
+    QCOMPARE(message() == QStringLiteral("This cell can't be edited"), column == QStringLiteral("Bone"));
+    QCOMPARE(KMRigTags::bodies(m_rig).last()->isSelected(), bool(key & Qt::CTRL));
+    QCOMPARE(steps(), before);
+}
+
+void tst_kmsetupwidget::sheetOfALockedRig()
+{
+    auto *second = new KMBoneContainer;
+    gProject->addNode(second);
+    gSolution->setCurrentNode(second);
+    KMBone *tail = KMBoneEdit::createBone();
+    KMPhysicsMaking::pushBodies({tail}, KMTagRigidBody::Box, false);
+    gSolution->setCurrentNode(second);
+    m_setup->sheetAction()->trigger();
+    QTableView *bodies = table("rigidBodyTable");
+    const auto mass = [bodies] { return bodies->model()->index(0, columnOf(bodies, QStringLiteral("Mass"))); };
+    for (const bool locksRig : {true, false}) {
+        KMContainerNode *locked = locksRig ? static_cast<KMContainerNode *>(second) : tail;
+        QCOMPARE(bodies->model()->rowCount(), 1);
+        QVERIFY(mass().flags() & Qt::ItemIsEditable);
+        gSolution->push(new setLockedCommand(locked, true));
+        QCOMPARE(bodies->model()->rowCount(), 1);
+        QVERIFY(!(mass().flags() & Qt::ItemIsEditable));
+        const int before = steps();
+        bodies->clearSelection();
+        bodies->selectRow(0);
+        QVERIFY(focus(bodies));
+        QTest::keyClick(bodies, Qt::Key_Delete);
+        QCOMPARE(message(), QStringLiteral("%1 is locked").arg(locked->name()));
+        QVERIFY(!bodies->model()->setData(mass(), QStringLiteral("9")));
+        QCOMPARE(steps(), before);
+        gSolution->push(new setLockedCommand(locked, false));
+    }
+    gSolution->setCurrentNode(m_rig);
+    QTRY_COMPARE(bodies->model()->rowCount(), 3);
+}
+
+/// A step that takes rows away may bring the question of an autosave along, under which the table is painted.
+void tst_kmsetupwidget::waitingAutoSave()
+{
+    m_setup->sheetAction()->trigger();
+    QTableView *bodies = table("rigidBodyTable");
+    KMPhysicsMaking::pushBodies({bone("head")}, KMTagRigidBody::Box, false);
+    QCOMPARE(bodies->model()->rowCount(), 4);
+    gSolution->setFileName(m_window->filePath("a.kmd"));
+    gSolution->setBusy(true);
+    gSolution->autoSave();
+    gSolution->setBusy(false);
+    int rows = -1;
+    m_window->prompt.onMessage = [&rows, bodies] { rows = bodies->model()->rowCount(); };
+    (*m_window)->undoStack()->undo();
+    QCOMPARE(rows, 3);
+
+    KMTagRigidBody body; // hangs on no bone
+    KMSheetModel model({}, KMPhysicsColumns::ofBodies());
+    model.showTags({&body});
+    for (int c = 0; c < model.columnCount(); ++c)
+        QVERIFY(model.index(0, c).data().isValid() || model.index(0, c).data(Qt::CheckStateRole).isValid());
 }
 
 void tst_kmsetupwidget::pageOfABody()
@@ -386,6 +511,8 @@ void tst_kmsetupwidget::pageOfABody()
     const kvm::Quaternion quarter(0.70710677f, 0.0f, 0.70710677f, 0.0f);
     QVERIFY(dot(body->parameters().pose.rotation, quarter) > 1.0f - 1e-6f);
     QCOMPARE(degrees->shownNumber(), 90.0);
+    gSolution->push(new setLockedCommand(body->bone(), true));
+    QVERIFY(!field("width")->isEnabled());
 }
 
 KM_TEST(tst_kmsetupwidget);

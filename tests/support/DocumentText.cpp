@@ -5,11 +5,13 @@
 #include "core/KMProject.h"
 #include "core/KMSolution.h"
 #include "core/KMTreeWidget.h"
+#include "formats/KMDWriter.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMPrimitiveNode.h"
 #include "support/DocumentDump.h"
 #include "support/MeshFileText.h"
 
+#include <QBuffer>
 #include <QRegularExpression>
 #include <QTextStream>
 
@@ -59,6 +61,17 @@ QStringList documentText()
                         .arg(gSolution->displayMask())
                  << QStringLiteral("current \"%1\" \"%2\"")
                         .arg(nameOf(gSolution->currentShader()), nameOf(gSolution->currentTexture()));
+}
+
+QByteArray savedDocument(QStringList *warnings)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    KMDWriter writer(KMDOutput::Form::Present, {}, nullptr);
+    const bool isWritten = writer.write(&buffer) && (warnings || writer.warnings().isEmpty());
+    if (warnings)
+        *warnings = writer.warnings();
+    return isWritten ? buffer.data() : QByteArray();
 }
 
 bool isEmptyUntitledDocument()

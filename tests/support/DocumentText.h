@@ -6,6 +6,10 @@
 /// comparison shows what differs.
 QStringList documentText();
 
+/// The open document as the bytes of a native file; empty when it can't be written, or not without a word where
+/// nobody takes the words.
+QByteArray savedDocument(QStringList *warnings = nullptr);
+
 /// Whether the document holds nothing and has no name.
 bool isEmptyUntitledDocument();
 

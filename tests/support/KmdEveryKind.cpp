@@ -168,8 +168,3 @@ int everyKindNodes()
 {
     return int(std::size(nodeKinds));
 }
-
-int everyKindTags()
-{
-    return int(std::size(tagKinds));
-}

@@ -9,5 +9,4 @@ void addEveryKind(KmdBytes &file);
 /// Adds one node at the top, with a body in the words that stand there.
 void addRecord(KmdBytes &file, int type, const char *body);
 
-int everyKindNodes(); ///< how many kinds of nodes these are
-int everyKindTags();
+int everyKindNodes();

@@ -6,19 +6,10 @@
 #include <QHash>
 #include <QPair>
 #include <QSet>
-#include <QTextStream>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
-
-quint32 bits(float value)
-{
-    quint32 number;
-    std::memcpy(&number, &value, sizeof number);
-    return number;
-}
 
 kvm::Vector3 cornerOf(const KMMeshStore &mesh, const KMFace &face, int corner)
 {
@@ -71,20 +62,4 @@ double areaOf(const KMPathMesh &mesh)
         area += (a.x() * b.y() - a.y() * b.x()) / 2.0;
     }
     return area;
-}
-
-QString meshText(const KMMeshStore &mesh)
-{
-    QString text;
-    QTextStream out(&text);
-    for (const KMVertex *vertex : mesh.vertices())
-        out << "v " << bits(vertex->pos.x) << ' ' << bits(vertex->pos.y) << ' ' << bits(vertex->pos.z) << '\n';
-    for (const KMFace *face : mesh.faces()) {
-        out << "f " << face->shader;
-        for (int c = 0; c < face->count; ++c)
-            out << ' ' << face->indices[c] << '/' << bits(face->uvs[c].x) << '/' << bits(face->uvs[c].y);
-        out << '\n';
-    }
-    out.flush();
-    return text;
 }

@@ -28,6 +28,3 @@ struct MeshProbe
 kvm::Vector3 rawNormal(const KMMeshStore &mesh, const KMFace &face);
 
 double areaOf(const KMPathMesh &mesh); ///< negative where triangles run clockwise
-
-/// The whole mesh as text, bit for bit.
-QString meshText(const KMMeshStore &mesh);

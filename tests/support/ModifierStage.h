@@ -8,8 +8,6 @@
 #include <QVector>
 
 #include <cstddef>
-#include <functional>
-#include <random>
 
 class KMModifierNode;
 
@@ -25,9 +23,6 @@ public:
     KMMeshNode &result();
     QString rebuiltProblem(); ///< where the result differs from one made afresh; empty where it doesn't
     std::size_t updateAllocations();
-
-    /// Random edits of the mesh, and those that are given in between. What was wrong after one of them, or nothing.
-    QString walk(quint32 seed, const std::function<void(std::mt19937 &)> &editSettings);
 
     KMMeshNode *mesh;
     KMModifierNode *modifier;

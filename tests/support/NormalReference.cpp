@@ -1,67 +1,22 @@
 #include "support/NormalReference.h"
 
+#include "math/MathReference.h"
 #include "mesh/KMMeshNode.h"
 #include "mesh/KMTagNormal.h"
 
 #include <algorithm>
 #include <cmath>
 
+using namespace reference;
+
 namespace {
 
 using Vector = NormalReference::Vector;
 
-Vector vectorOf(const kvm::Vector3 &v)
-{
-    return {double(v.x), double(v.y), double(v.z)};
-}
-
-double product(const Vector &a, const Vector &b)
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-double length(const Vector &v)
-{
-    return std::hypot(std::hypot(v[0], v[1]), v[2]);
-}
-
-Vector combined(const Vector &a, double s, const Vector &b)
-{
-    return {a[0] + s * b[0], a[1] + s * b[1], a[2] + s * b[2]};
-}
-
-Vector crossed(const Vector &a, const Vector &b)
-{
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-Vector unit(const Vector &v)
-{
-    const double l = length(v);
-    return l > 1e-30 ? Vector{v[0] / l, v[1] / l, v[2] / l} : Vector{0, 0, 0};
-}
-
 /// Clockwise as seen from where the normal points to.
 Vector triangleNormal(const Vector &a, const Vector &b, const Vector &c)
 {
-    return unit(crossed(combined(c, -1, a), combined(b, -1, a)));
-}
-
-/// Turns v about a unit axis, by the formula with the parts along and across it.
-Vector turned(const Vector &v, const Vector &axis, double angle)
-{
-    const Vector along = combined({0, 0, 0}, product(v, axis), axis);
-    const Vector across = combined(v, -1, along);
-    return combined(combined(along, std::cos(angle), across), std::sin(angle), crossed(axis, v));
-}
-
-/// By the columns of the rotation matrix.
-Vector rotated(const kvm::Quaternion &q, const Vector &v)
-{
-    const double w = q.w, x = q.x, y = q.y, z = q.z;
-    return {(1 - 2 * (y * y + z * z)) * v[0] + 2 * (x * y - w * z) * v[1] + 2 * (x * z + w * y) * v[2],
-            2 * (x * y + w * z) * v[0] + (1 - 2 * (x * x + z * z)) * v[1] + 2 * (y * z - w * x) * v[2],
-            2 * (x * z - w * y) * v[0] + 2 * (y * z + w * x) * v[1] + (1 - 2 * (x * x + y * y)) * v[2]};
+    return unit(cross(minus(c, a), minus(b, a)));
 }
 
 } // namespace
@@ -91,19 +46,19 @@ void NormalReference::findFaceNormals()
             continue;
         Vector p[4];
         for (int c = 0; c < face->count; ++c)
-            p[c] = vectorOf(m_mesh.position(face->indices[c]));
+            p[c] = vec(m_mesh.position(face->indices[c]));
         if (face->count == 3) {
             m_faceNormals[f] = triangleNormal(p[0], p[1], p[2]);
             continue;
         }
         const Vector a = triangleNormal(p[0], p[1], p[2]), b = triangleNormal(p[0], p[2], p[3]);
         const Vector c = triangleNormal(p[1], p[2], p[3]), d = triangleNormal(p[1], p[3], p[0]);
-        const Vector even = combined(a, 1, b), odd = combined(c, 1, d);
-        const double advantage = product(a, b) - product(c, d);
+        const Vector even = plus(a, b), odd = plus(c, d);
+        const double advantage = dot(a, b) - dot(c, d);
         const Vector chosen = advantage > 0 ? even : odd;
         m_faceNormals[f] = unit(chosen);
-        m_faceDoubtful[f] = length(chosen) < 1e-2
-                            || (std::fabs(advantage) < 1e-5 && length(combined(unit(even), -1, unit(odd))) > 1e-5);
+        m_faceDoubtful[f] =
+            length(chosen) < 1e-2 || (std::fabs(advantage) < 1e-5 && distance(unit(even), unit(odd)) > 1e-5);
     }
 }
 
@@ -157,7 +112,7 @@ void NormalReference::smoothVertex(int vertex)
             auto group = groups.begin();
             for (; group != groups.end(); ++group) {
                 const double lengths = length(group->sum) * length(normal);
-                const double cosine = lengths > 0 ? product(group->sum, normal) / lengths : 0;
+                const double cosine = lengths > 0 ? dot(group->sum, normal) / lengths : 0;
                 const bool isNear = std::fabs(cosine - limit) < 1e-5;
                 // At the ends of the scale what is alike is alike for good.
                 isDoubtful |= isNear && std::fabs(limit) < 0.999999;
@@ -168,7 +123,7 @@ void NormalReference::smoothVertex(int vertex)
             }
             if (group == groups.end())
                 group = groups.insert(group, Group{{0, 0, 0}, {}});
-            group->sum = combined(group->sum, 1, normal);
+            group->sum = plus(group->sum, normal);
             group->corners << 4 * f + c;
         }
     }
@@ -187,12 +142,12 @@ void NormalReference::override()
     for (const KMNormalFace &record : m_tag->faceNormals()) {
         for (int c = 0; c < 4; ++c) {
             const kvm::Quaternion &stored = record.rotation[c];
-            const Vector inWorld = rotated(m_mesh.rotation(), vectorOf(stored.vector()));
+            const Vector inWorld = reference::apply(rotation(m_mesh.rotation()), vec(stored.vector()));
             Vector &normal = m_normals[4 * record.face + c];
             if (record.mode[c] == 1)
                 normal = inWorld;
             else if (record.mode[c] == 2)
-                normal = turned(normal, unit(inWorld), double(stored.w));
+                normal = reference::apply(rotation(unit(inWorld), double(stored.w)), normal);
         }
     }
 }

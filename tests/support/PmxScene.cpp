@@ -19,29 +19,11 @@
 #include "rig/KMTagJoint.h"
 #include "rig/KMTagMorph.h"
 #include "support/MeshFixtures.h"
+#include "support/ModelDump.h"
 
 #include <QFile>
 
 namespace {
-
-/// With what hangs on bones and what morphs do.
-class EverythingDump : public RigDump
-{
-protected:
-    void writeDetails(QTextStream &out, const KMContainerNode *node) override
-    {
-        RigDump::writeDetails(out, node);
-        if (node->type() != KMNodeType::Mesh)
-            return;
-        const auto *mesh = static_cast<const KMMeshNode *>(node);
-        out << meshText(*mesh) << mesh->modifiers().size();
-        if (const auto *tag = static_cast<const KMTagMorph *>(mesh->findTag(KMNodeType::TagMorph))) {
-            const QList<KMMorph *> morphs = tag->liveMorphs();
-            for (const KMMorph *morph : morphs)
-                out << morph->name() << morph->value() << morph->panel() << morph->deltas().size();
-        }
-    }
-};
 
 template <class Tag>
 Tag *tagOf(KMMeshNode *mesh, int type)
@@ -195,5 +177,5 @@ PmxRecords PmxScene::exported()
 
 QString PmxScene::document()
 {
-    return EverythingDump().text();
+    return ModelDump().text();
 }

@@ -4,38 +4,11 @@
 #include "rig/KMBone.h"
 #include "rig/KMTagBoneWeight.h"
 
-using reference::dot;
-using reference::vec;
+using namespace reference;
 using Vec = reference::Vec;
 using Quat = SkinReference::Quat;
 
 namespace {
-
-Vec plus(const Vec &a, const Vec &b, double factor = 1.0)
-{
-    return {a[0] + factor * b[0], a[1] + factor * b[1], a[2] + factor * b[2]};
-}
-
-Vec minus(const Vec &a, const Vec &b)
-{
-    return plus(a, b, -1.0);
-}
-
-Vec scaled(const Vec &a, double factor)
-{
-    return {a[0] * factor, a[1] * factor, a[2] * factor};
-}
-
-double length(const Vec &a)
-{
-    return std::sqrt(dot(a, a));
-}
-
-Vec unit(const Vec &a)
-{
-    const double l = length(a);
-    return l > 0 ? scaled(a, 1 / l) : a;
-}
 
 Quat times(const Quat &a, const Quat &b)
 {
@@ -49,7 +22,7 @@ Quat conjugate(const Quat &q)
     return {q[0], -q[1], -q[2], -q[3]};
 }
 
-Quat unit(const Quat &q)
+Quat ofUnitLength(const Quat &q)
 {
     const double l = std::sqrt(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
     return l > 0 ? Quat{q[0] / l, q[1] / l, q[2] / l, q[3] / l} : Quat{1, 0, 0, 0};
@@ -67,7 +40,7 @@ Quat nlerp(const Quat &x, const Quat &y, double t)
     Quat mixed;
     for (size_t i = 0; i < 4; ++i)
         mixed[i] = x[i] + (side * y[i] - x[i]) * t;
-    return unit(mixed);
+    return ofUnitLength(mixed);
 }
 
 Vec skinned(const KMBone &bone, const Vec &p)
@@ -248,7 +221,7 @@ Vec SkinReference::spherical(const Blend &blend, const Vec &p, bool rigid) const
     const Vec centre = plus(plus(blend.c, minus(skinned(*blend.p, blend.c), blend.c), blend.w0),
                             minus(skinned(*blend.q, blend.c), blend.c), blend.w1);
     const Vec base = scaled(plus(plus(a, centre), centre), 0.5);
-    const Quat q = unit(times(q0, nlerp({1, 0, 0, 0}, k, blend.w1)));
+    const Quat q = ofUnitLength(times(q0, nlerp({1, 0, 0, 0}, k, blend.w1)));
     return plus(turned(q, minus(p, blend.c)), base);
 }
 

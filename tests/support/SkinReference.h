@@ -16,10 +16,20 @@ public:
     using Vec = reference::Vec;
     using Quat = std::array<double, 4>; ///< w first
 
+    /// Of a vertex that is blended spherically between two bones, the parent first.
+    struct Blend
+    {
+        const KMBone *p, *q;
+        double w0, w1;
+        bool unrelated;
+        Vec c, r0, r1;
+    };
+
     explicit SkinReference(const KMTagBoneWeight &tag);
 
     Vec at(int vertex) const;
     bool isSpherical(int vertex) const { return m_blends.contains(vertex); }
+    Blend blend(int vertex) const { return m_blends.value(vertex); } ///< where isSpherical()
     Vec rigid(int vertex) const; ///< an unrelated pair in the form that follows a turn of both bones
 
     static Quat quat(const kvm::Quaternion &q) { return {double(q.w), double(q.x), double(q.y), double(q.z)}; }
@@ -35,14 +45,6 @@ private:
         double distanceA = 0, distanceB = 0, weightA = 0, weightB = 0;
         QVector<int> vertices;
     };
-    struct Blend
-    {
-        const KMBone *p, *q;
-        double w0, w1;
-        bool unrelated;
-        Vec c, r0, r1;
-    };
-
     Vec place(int vertex) const;
     double weightOf(int vertex, const KMBone *bone) const;
     void collectPairs();

@@ -5,6 +5,7 @@
 #include "rig/KMBone.h"
 #include "rig/KMBoneContainer.h"
 #include "rig/KMBoneEdit.h"
+#include "rig/KMBoneTreeCommands.h"
 #include "rig/KMRigTags.h"
 #include "rig/KMTagConstraint.h"
 #include "rig/KMTagJoint.h"
@@ -99,6 +100,7 @@ private slots:
     void convertAxis();
     void bonesFromEdges();
     void divideAndLayer();
+    void noRigIsTooDeep();
     void bodiesAndSideJoint();
 };
 
@@ -160,7 +162,9 @@ void tst_KMBoneCommand::oneStepAndBack()
         desk.session.stack().redo();
         QCOMPARE(desk.dump.text(), after);
     }
+    desk.window.messages.clear();
     QCOMPARE(desk.run(name), again);
+    QVERIFY(again || !desk.lastMessage().isEmpty() || desk.rig->selectedBones().isEmpty());
     desk.prompt.acceptForms = false;
     desk.session.stack().setIndex(0);
     if (!answers.isEmpty())
@@ -485,6 +489,43 @@ void tst_KMBoneCommand::divideAndLayer()
     QCOMPARE(desk.names(), QStringLiteral("0spine 1arm_L親2 2arm_L 3arm_L0 4elbow_L"));
     const KMBone *layer = desk.rig->bones()[1];
     QVERIFY(layer->isPoint() && layer->isMovable() && layer->restHead() == desk.arm->restHead());
+}
+
+/// A rig as deep as files can hold it gets no deeper by any command, and its chain can be taken apart and put together.
+void tst_KMBoneCommand::noRigIsTooDeep()
+{
+    Desk desk;
+    KMBone *last = nullptr;
+    for (int i = 0; i <= KMBoneEdit::MaxDepth; ++i) {
+        auto *bone = new KMBone;
+        bone->setName(QString::number(i));
+        desk.rig->attachBone(bone, last);
+        last = bone;
+    }
+    desk.rig->rebuildOrder();
+    desk.forget();
+    KMMeshNode *mesh = MeshFixtures::grid(1, 1);
+    gProject->addNode(mesh);
+    mesh->setEdgeFlag(0, 1, KMElementFlag::Selected);
+    gSolution->setCurrentNode(desk.rig);
+    last->setSelectMask(KMBone::BothSelected);
+    for (const char *name : {"BoneComInsert", "BoneComDevideBone", "BoneComLayered", "BoneComBoneFromEdge"}) {
+        desk.window.messages.clear();
+        QCOMPARE(desk.run(name), 0);
+        QVERIFY2(desk.window.messages.join(' ').contains(QStringLiteral("can't be deeper than 4000 bones")), name);
+    }
+    QVERIFY(!KMBoneEdit::createBone());
+    KMBone *middle = desk.rig->bones()[2000];
+    QVERIFY(!KMBoneEdit::hasRoomFor(middle->parentBone(), desk.rig->bones()[3000]));
+    const int before = desk.session.stack().index();
+    gSolution->push(new deleteBoneCommand(middle));
+    QCOMPARE(last->depth(), KMBoneEdit::MaxDepth - 1);
+    QCOMPARE(desk.run("BoneComLayered"), 1);
+    QCOMPARE(last->depth(), KMBoneEdit::MaxDepth);
+    while (desk.session.stack().index() > before)
+        desk.session.stack().undo();
+    QCOMPARE(last->depth(), KMBoneEdit::MaxDepth);
+    QCOMPARE(middle->childBones().size(), 1);
 }
 
 void tst_KMBoneCommand::bodiesAndSideJoint()

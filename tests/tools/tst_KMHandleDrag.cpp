@@ -102,22 +102,18 @@ void tst_KMHandleDrag::scales_data()
     QTest::addColumn<bool>("inSteps");
     QTest::addColumn<QString>("factors");
     QTest::addColumn<QString>("value");
-    QTest::newRow("x") << int(ScaleX) << QPointF(40, 25) << false << "2.000 1.000 1.000"
-                       << "2.00";
-    QTest::newRow("y") << int(ScaleY) << QPointF(40, -20) << false << "1.000 1.500 1.000"
-                       << "1.50";
-    QTest::newRow("y, below nothing") << int(ScaleY) << QPointF(0, 60) << false << "1.000 -0.500 1.000"
-                                      << "-0.50";
-    QTest::newRow("along the view") << int(ScaleZ) << QPointF(40, -20) << false << "1.000 1.000 1.000"
-                                    << "1.00";
-    QTest::newRow("all, up and down only") << int(Scale) << QPointF(70, -30) << false << "1.300 1.300 1.300"
-                                           << "1.30";
-    QTest::newRow("first step not reached") << int(ScaleX) << QPointF(9, 0) << true << "1.000 1.000 1.000"
-                                            << "1.00";
-    QTest::newRow("first step") << int(ScaleX) << QPointF(11, 0) << true << "1.250 1.000 1.000"
-                                << "1.25";
-    QTest::newRow("second step, all") << int(Scale) << QPointF(0, -55) << true << "1.500 1.500 1.500"
-                                      << "1.50";
+    const auto row = [](const char *name, int code, const QPointF &way, bool inSteps, const char *factors,
+                        const char *value) {
+        QTest::newRow(name) << code << way << inSteps << QString::fromUtf8(factors) << QString::fromUtf8(value);
+    };
+    row("x", int(ScaleX), QPointF(40, 25), false, "2.000 1.000 1.000", "2.00");
+    row("y", int(ScaleY), QPointF(40, -20), false, "1.000 1.500 1.000", "1.50");
+    row("y, below nothing", int(ScaleY), QPointF(0, 60), false, "1.000 -0.500 1.000", "-0.50");
+    row("along the view", int(ScaleZ), QPointF(40, -20), false, "1.000 1.000 1.000", "1.00");
+    row("all, up and down only", int(Scale), QPointF(70, -30), false, "1.300 1.300 1.300", "1.30");
+    row("first step not reached", int(ScaleX), QPointF(9, 0), true, "1.000 1.000 1.000", "1.00");
+    row("first step", int(ScaleX), QPointF(11, 0), true, "1.250 1.000 1.000", "1.25");
+    row("second step, all", int(Scale), QPointF(0, -55), true, "1.500 1.500 1.500", "1.50");
 }
 
 void tst_KMHandleDrag::scales()
@@ -144,29 +140,23 @@ void tst_KMHandleDrag::rotates_data()
     QTest::addColumn<QString>("status");
     const int front = KMCameraNode::Front, perspective = KMCameraNode::Perspective;
     const QPointF up60(5, -60); // 17.2 degrees
-    QTest::newRow("x") << front << int(RotateX) << up60 << false << false << "1.000 1.024 3.457"
-                       << "Rotate:17.189";
-    QTest::newRow("x in steps") << front << int(RotateX) << up60 << true << false << "1.000 1.155 3.415"
-                                << "Rotate:15.000";
-    QTest::newRow("down in steps") << front << int(RotateX) << -up60 << true << false << "1.000 2.708 2.380"
-                                   << "Rotate:-15.000";
-    QTest::newRow("y, sideways too") << front << int(RotateY) << QPointF(-60, 0) << true << false << "1.742 2.000 2.639"
-                                     << "Rotate:15.000";
-    QTest::newRow("z") << front << int(RotateZ) << up60 << true << false << "1.484 1.673 3.000"
-                       << "Rotate:15.000";
-    QTest::newRow("z reversed") << front << int(RotateZ) << up60 << true << true << "0.448 2.191 3.000"
-                                << "Rotate:15.000";
-    QTest::newRow("x knows no reversal") << front << int(RotateX) << up60 << true << true << "1.000 1.155 3.415"
-                                         << "Rotate:15.000";
+    const auto row = [](const char *name, int kind, int code, const QPointF &way, bool inSteps, bool zReversed,
+                        const char *turned, const char *status) {
+        QTest::newRow(name) << kind << code << way << inSteps << zReversed << QString::fromUtf8(turned)
+                            << QString::fromUtf8(status);
+    };
+    row("x", front, int(RotateX), up60, false, false, "1.000 1.024 3.457", "Rotate:17.189");
+    row("x in steps", front, int(RotateX), up60, true, false, "1.000 1.155 3.415", "Rotate:15.000");
+    row("down in steps", front, int(RotateX), -up60, true, false, "1.000 2.708 2.380", "Rotate:-15.000");
+    row("y, sideways too", front, int(RotateY), QPointF(-60, 0), true, false, "1.742 2.000 2.639", "Rotate:15.000");
+    row("z", front, int(RotateZ), up60, true, false, "1.484 1.673 3.000", "Rotate:15.000");
+    row("z reversed", front, int(RotateZ), up60, true, true, "0.448 2.191 3.000", "Rotate:15.000");
+    row("x knows no reversal", front, int(RotateX), up60, true, true, "1.000 1.155 3.415", "Rotate:15.000");
     // The press stands right below the handle's place, 100 to the right and 50 down.
-    QTest::newRow("ring, a quarter") << front << int(Ring) << QPointF(-50, -150) << false << false
-                                     << "-2.000 1.000 3.000"
-                                     << "Rotate:90.000";
-    QTest::newRow("ring, the other way") << front << int(Ring) << QPointF(-150, 50) << true << false
-                                         << "2.000 -1.000 3.000"
-                                         << "Rotate:-90.000";
-    QTest::newRow("ring in a free view") << perspective << int(Ring) << up60 << true << false << ""
-                                         << "Rotate:-15.000";
+    row("ring, a quarter", front, int(Ring), QPointF(-50, -150), false, false, "-2.000 1.000 3.000", "Rotate:90.000");
+    row("ring, the other way", front, int(Ring), QPointF(-150, 50), true, false, "2.000 -1.000 3.000",
+        "Rotate:-90.000");
+    row("ring in a free view", perspective, int(Ring), up60, true, false, "", "Rotate:-15.000");
 }
 
 void tst_KMHandleDrag::rotates()

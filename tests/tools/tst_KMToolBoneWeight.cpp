@@ -6,6 +6,7 @@
 #include "core/KMUndoMacro.h"
 #include "mesh/KMMeshNode.h"
 #include "modifiers/KMModSymNode.h"
+#include "render/KMBonePicker.h"
 #include "render/KMCameraNode.h"
 #include "rig/KMBone.h"
 #include "rig/KMBoneCommands.h"
@@ -15,6 +16,7 @@
 #include "rig/KMModBoneDeformNode.h"
 #include "rig/KMTagBoneWeight.h"
 #include "shell/kmmainwidget.h"
+#include "shell/widgets/KMMessageLabel.h"
 #include "support/RecordingSession.h"
 #include "support/TestRegistry.h"
 #include "support/ToolWindow.h"
@@ -394,8 +396,17 @@ void tst_KMToolBoneWeight::choosingTheBone()
     QCOMPARE(window.bones[2]->selectMask(), 0);
     gSolution->undoStack()->undo();
     QCOMPARE(list->currentRow(), 2);
+    ViewMouse mouse(window.view(ToolWindow::Front));
+    for (const Qt::KeyboardModifiers held : {Qt::ControlModifier, Qt::NoModifier}) {
+        mouse.modifiers = held;
+        mouse.move(window.at(ToolWindow::Front, onArm));
+        QCOMPARE(KMBonePicker::hot().bone, held ? window.bones[2] : nullptr);
+    }
     // A locked rig can't be selected in, but painted with.
     window.bones[0]->container()->setLocked(true);
+    window.stroke(ToolWindow::Front, window.at(ToolWindow::Front, onArm), window.at(ToolWindow::Front, onArm), 0,
+                  Qt::ControlModifier);
+    QVERIFY(window.child<KMMessageLabel>("messageLabel")->message().startsWith(QStringLiteral("No bone here")));
     const int steps = gSolution->undoStack()->index();
     list->setCurrentRow(1);
     QCOMPARE(window.tool->bone(), window.bones[1]);

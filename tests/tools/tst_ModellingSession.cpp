@@ -94,47 +94,23 @@ struct Step
 
 const Step steps[] = {
     // Each side in four
-    {"Ring Select",
-     [](Sculptor &s) {
-         s.ring(front, {0, 1, 1});
-     }},
+    {"Ring Select", [](Sculptor &s) { s.ring(front, Vector3(0, 1, 1)); }},
     {"Divide Edge", [](Sculptor &s) { s.trigger("SelComDivideEdge"); }},
-    {"UnSelectAll",
-     [](Sculptor &s) {
-         s.click(front, {0, 1.8f, 1});
-     }},
-    {"Ring Select",
-     [](Sculptor &s) {
-         s.ring(front, {1, 0, 1});
-     }},
+    {"UnSelectAll", [](Sculptor &s) { s.click(front, Vector3(0, 1.8f, 1)); }},
+    {"Ring Select", [](Sculptor &s) { s.ring(front, Vector3(1, 0, 1)); }},
     {"Divide Edge", [](Sculptor &s) { s.trigger("SelComDivideEdge"); }},
-    {"UnSelectAll",
-     [](Sculptor &s) {
-         s.click(front, {0, 1.8f, 1});
-     }},
-    {"Ring Select",
-     [](Sculptor &s) {
-         s.ring(right, {1, 1, 0});
-     }},
+    {"UnSelectAll", [](Sculptor &s) { s.click(front, Vector3(0, 1.8f, 1)); }},
+    {"Ring Select", [](Sculptor &s) { s.ring(right, Vector3(1, 1, 0)); }},
     {"Divide Edge", [](Sculptor &s) { s.trigger("SelComDivideEdge"); }},
-    {"UnSelectAll",
-     [](Sculptor &s) {
-         s.click(front, {0, 1.8f, 1});
-     }},
+    {"UnSelectAll", [](Sculptor &s) { s.click(front, Vector3(0, 1.8f, 1)); }},
     // Rounder at the crown and the chin
-    {"Rect Select",
-     [](Sculptor &s) {
-         s.marquee(front, {-1.5f, 1.5f, 1}, {1.5f, 0.7f, 1});
-     }},
+    {"Rect Select", [](Sculptor &s) { s.marquee(front, Vector3(-1.5f, 1.5f, 1), Vector3(1.5f, 0.7f, 1)); }},
     {"Scale Selection",
      [](Sculptor &s) {
          s.take(KMToolKind::Scale);
          s.drag(front, s.onHandle(front, 0, 0), {0, 35});
      }},
-    {"Rect Select",
-     [](Sculptor &s) {
-         s.marquee(front, {-1.5f, -1.5f, 1}, {1.5f, -0.7f, 1});
-     }},
+    {"Rect Select", [](Sculptor &s) { s.marquee(front, Vector3(-1.5f, -1.5f, 1), Vector3(1.5f, -0.7f, 1)); }},
     {"Scale Selection",
      [](Sculptor &s) {
          s.take(KMToolKind::Scale);
@@ -145,10 +121,7 @@ const Step steps[] = {
          s.take(KMToolKind::Move);
          s.click(top, {0, 1, 0});
      }},
-    {"Move Selection",
-     [](Sculptor &s) {
-         s.pull(front, 1, {5, -20});
-     }},
+    {"Move Selection", [](Sculptor &s) { s.pull(front, 1, QPointF(5, -20)); }},
     // Ears, both at once
     {"Select Face",
      [](Sculptor &s) {
@@ -189,10 +162,7 @@ const Step steps[] = {
          s.take(KMToolKind::Universal);
          s.click(front, {0, 0, 1});
      }},
-    {"Move Selection",
-     [](Sculptor &s) {
-         s.pull(right, 2, {s.face * 25, 4});
-     }},
+    {"Move Selection", [](Sculptor &s) { s.pull(right, 2, QPointF(s.face * 25, 4)); }},
     {"Select Edge",
      [](Sculptor &s) {
          s.take(KMToolKind::Bevel);

@@ -3,6 +3,7 @@
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
+#include "rig/KMRigTags.h"
 #include "shell/widgets/KMTextField.h"
 
 KMTagPage::KMTagPage(KMTagBase *tag, const QString &title)
@@ -24,4 +25,5 @@ void KMTagPage::refresh()
 {
     KMAttributePage::refresh();
     m_name->showText(m_tag->name());
+    setEnabled(!KMRigTags::lockOf(m_tag->owner()));
 }

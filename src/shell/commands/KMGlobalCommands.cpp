@@ -84,6 +84,18 @@ QList<KMMeshNode *> meshesInMind()
     return meshes;
 }
 
+/// The current rig or mesh while it is locked or hidden: what is meant lies in it then, where nothing can be selected,
+/// and not the rows of the tree. Null without.
+const KMContainerNode *closedNode()
+{
+    KMNode *current = isTreeInUse() ? nullptr : gSolution->currentNode();
+    if (current && current->type() == KMNodeType::BoneContainer)
+        return rigInMind() ? nullptr : nodeAs<KMContainerNode>(current);
+    const bool isClosed = current && current->type() == KMNodeType::Mesh && KMMeshTargets::filteredElements()
+                          && !KMMeshTargets::isEditable(*nodeAs<KMMeshNode>(current)) && meshesInMind().isEmpty();
+    return isClosed ? nodeAs<KMContainerNode>(current) : nullptr;
+}
+
 template <class Shelf>
 QList<KMContainerNode *> unused(const Shelf &shelf, const QSet<int> &used)
 {
@@ -130,6 +142,12 @@ void ComSelectLastNode::run()
 ComSelectAll::ComSelectAll(QObject *parent)
     : KMGlobalCommand(tr("Select All"), parent)
 {
+}
+
+QString ComSelectAll::obstacle() const
+{
+    const KMContainerNode *closed = closedNode();
+    return closed ? tr("%1 is locked or hidden").arg(closed->name()) : QString();
 }
 
 bool ComSelectAll::isOneStep() const

@@ -36,6 +36,7 @@ public:
     explicit ComSelectAll(QObject *parent);
 
 protected:
+    QString obstacle() const override;
     void run() override;
     bool isOneStep() const override; ///< rows are selected without one
 };

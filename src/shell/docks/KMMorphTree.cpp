@@ -75,6 +75,7 @@ KMMorphTree::KMMorphTree(QWidget *parent)
 
 void KMMorphTree::showTag(KMTagMorph *tag)
 {
+    m_tag = tag;
     const QList<KMMorph *> morphs = tag ? tag->liveMorphs() : QList<KMMorph *>();
     if (morphs != m_morphs) {
         m_morphs = morphs;
@@ -109,6 +110,7 @@ void KMMorphTree::refreshRow(QTreeWidgetItem *row, const KMMorph *morph)
 
 void KMMorphTree::forget()
 {
+    m_tag = nullptr;
     m_morphs.clear();
     rebuild();
 }

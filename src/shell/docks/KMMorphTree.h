@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QTreeWidget>
+#include "rig/KMTagMorph.h"
 
-class KMMorph;
-class KMTagMorph;
+#include <QTreeWidget>
 
 /// The morphs of a tag, a row for each: name, value, corner in the panel of the players. Rows can be dragged to another
 /// place among them, and onto lists that take morphs.
@@ -15,9 +14,10 @@ public:
 
     explicit KMMorphTree(QWidget *parent = nullptr);
 
-    void showTag(KMTagMorph *tag); ///< rows are made anew only where the morphs or their order are others
-    void forget();                 ///< the morphs may be gone
-    void commit();                 ///< hands over what is being typed
+    void showTag(KMTagMorph *tag);            ///< rows are made anew only where the morphs or their order are others
+    KMTagMorph *tag() const { return m_tag; } ///< whose rows these are; null without one, and when it is gone for good
+    void forget();                            ///< the morphs may be gone
+    void commit();                            ///< hands over what is being typed
     KMMorph *morphOf(const QTreeWidgetItem *row) const; ///< null for a null row
     QTreeWidgetItem *rowOf(const KMMorph *morph) const;
 
@@ -38,5 +38,6 @@ private:
     void onSelectionChanged();
     void onItemChanged(QTreeWidgetItem *row, int column);
 
+    QPointer<KMTagMorph> m_tag;
     QList<KMMorph *> m_morphs; // in the order of the rows
 };

@@ -17,7 +17,6 @@
 namespace {
 
 constexpr int TileSize = 56;
-constexpr int KeyRole = Qt::UserRole + 1; // of the picture that the tile shows
 
 /// Tiles can be dragged onto a view.
 class TileList : public QListWidget
@@ -46,6 +45,52 @@ protected:
 
 } // namespace
 
+class KMShelfDock::Tile : public QListWidgetItem
+{
+public:
+    struct Picture
+    {
+        QByteArray key;
+        QIcon icon; // null until it is seen
+    };
+
+    Tile(KMShelfDock *dock, KMContainerNode *node, const Picture &picture)
+        : m_dock(dock)
+        , m_node(node)
+        , m_picture(picture)
+    {
+        setSizeHint(dock->m_list->gridSize()); // known before the picture is: tiles stay in their columns
+        setFlags(flags() | Qt::ItemIsEditable);
+        setTextAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+        setData(Qt::UserRole, qulonglong(reinterpret_cast<quintptr>(node)));
+    }
+
+    KMContainerNode *node() const { return m_node; }
+    QVariant data(int role) const override
+    {
+        if (role != Qt::DecorationRole)
+            return QListWidgetItem::data(role);
+        if (m_picture.icon.isNull())
+            m_picture.icon = m_dock->icon(m_node);
+        return m_picture.icon;
+    }
+    const Picture &picture() const { return m_picture; }
+
+    /// The picture of another key is made anew when it is seen. True where the key is another one.
+    bool setKey(const QByteArray &key)
+    {
+        if (m_picture.key == key)
+            return false;
+        m_picture = {key, {}};
+        return true;
+    }
+
+private:
+    KMShelfDock *m_dock;
+    KMContainerNode *m_node;
+    mutable Picture m_picture;
+};
+
 KMShelfDock::KMShelfDock(const QString &objectName, const QString &title, const QString &icon, QWidget *parent)
     : KMDockWidget(objectName, title, icon, parent)
     , m_list(new TileList)
@@ -71,32 +116,20 @@ KMShelfDock::KMShelfDock(const QString &objectName, const QString &title, const 
 
 KMContainerNode *KMShelfDock::nodeOf(const QListWidgetItem *tile)
 {
-    return tile ? reinterpret_cast<KMContainerNode *>(quintptr(tile->data(Qt::UserRole).toULongLong())) : nullptr;
+    return tile ? static_cast<const Tile *>(tile)->node() : nullptr;
 }
 
 void KMShelfDock::refill()
 {
-    struct Picture
-    {
-        QByteArray key;
-        QIcon icon;
-    };
-    // A step of the history brings or takes many, one by one: those that stay keep their pictures.
-    QHash<KMContainerNode *, Picture> made;
-    for (int i = 0; i < m_list->count(); ++i)
-        made.insert(nodeOf(m_list->item(i)), {m_list->item(i)->data(KeyRole).toByteArray(), m_list->item(i)->icon()});
     const QSignalBlocker blocker(m_list);
-    m_list->clear();
-    for (KMContainerNode *node : nodes()) {
-        auto *tile = new QListWidgetItem(m_list);
-        tile->setSizeHint(m_list->gridSize()); // known before the picture is: tiles stay in their columns
-        tile->setFlags(tile->flags() | Qt::ItemIsEditable);
-        tile->setData(Qt::UserRole, qulonglong(reinterpret_cast<quintptr>(node)));
-        tile->setTextAlignment(Qt::AlignHCenter | Qt::AlignBottom);
-        const Picture known = made.value(node);
-        tile->setData(KeyRole, known.key);
-        tile->setIcon(known.icon);
+    QHash<KMContainerNode *, Tile::Picture> made; // those that stay keep their pictures
+    for (int i = 0; i < m_list->count(); ++i) {
+        const auto *tile = static_cast<const Tile *>(m_list->item(i));
+        made.insert(tile->node(), tile->picture());
     }
+    m_list->clear();
+    for (KMContainerNode *node : nodes())
+        m_list->addItem(new Tile(this, node, made.value(node)));
     refresh();
 }
 
@@ -105,7 +138,7 @@ void KMShelfDock::refresh()
     const QSignalBlocker blocker(m_list);
     const KMContainerNode *chosen = current();
     for (int i = 0; i < m_list->count(); ++i) {
-        QListWidgetItem *tile = m_list->item(i);
+        auto *tile = static_cast<Tile *>(m_list->item(i));
         showTile(tile);
         if (nodeOf(tile) == chosen && m_list->currentItem() != tile)
             m_list->setCurrentItem(tile);
@@ -114,21 +147,23 @@ void KMShelfDock::refresh()
         m_list->setCurrentItem(nullptr);
 }
 
-void KMShelfDock::showTile(QListWidgetItem *tile)
+void KMShelfDock::showTile(Tile *tile)
 {
-    KMContainerNode *node = nodeOf(tile);
+    KMContainerNode *node = tile->node();
     tile->setText(node->name());
     tile->setToolTip(tr("%1: %2").arg(m_list->row(tile)).arg(node->name()));
-    const QByteArray key = pictureKey(node);
-    if (tile->data(KeyRole).toByteArray() == key)
-        return;
-    tile->setData(KeyRole, key);
+    if (tile->setKey(pictureKey(node)))
+        m_list->viewport()->update();
+}
+
+QIcon KMShelfDock::icon(KMContainerNode *node) const
+{
     const qreal ratio = devicePixelRatioF();
     QPixmap shown = picture(node, m_list->iconSize() * ratio);
     shown.setDevicePixelRatio(ratio);
     QIcon icon(shown);
     icon.addPixmap(shown, QIcon::Selected); // the tile's frame shows the choice; tinted colours would lie
-    tile->setIcon(icon);
+    return icon;
 }
 
 void KMShelfDock::resetDocument()

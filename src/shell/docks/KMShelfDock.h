@@ -11,7 +11,8 @@ class QListWidget;
 class QListWidgetItem;
 
 /// A panel of tiles, one for each shader or texture of the document, in the order in which the document refers to
-/// them. Derived classes say what stands on the shelf and how it looks.
+/// them. Derived classes say what stands on the shelf and how it looks. A picture is made when its tile is first seen:
+/// an import may bring thousands.
 class KMShelfDock : public KMDockWidget
 {
     Q_OBJECT
@@ -36,11 +37,13 @@ protected:
     void refill(); ///< the live list is another
 
 private:
+    class Tile;
     static KMContainerNode *nodeOf(const QListWidgetItem *tile);
+    QIcon icon(KMContainerNode *node) const;
     void choose(QListWidgetItem *tile);
     void rename(QListWidgetItem *tile);
     void remove(QListWidgetItem *tile);
-    void showTile(QListWidgetItem *tile);
+    void showTile(Tile *tile);
     void showMenu(const QPoint &position);
 
     QListWidget *m_list;

@@ -8,6 +8,7 @@
 #include "core/KMTagBase.h"
 #include "core/KMTagCommands.h"
 #include "core/KMWaitingMacro.h"
+#include "rig/KMRigTags.h"
 #include "shell/KMNodeClipboard.h"
 #include "shell/KMNodeEdits.h"
 #include "shell/docks/KMNodeRowDelegate.h"
@@ -310,6 +311,7 @@ void KMTreeDock::showMenu(const QPoint &position)
             return showTagMenu(tag, globalPosition);
     }
     gSolution->setCurrentTag(nullptr); // entries of edits work on nodes; some others take the tags that are selected
+    emit tagSelectionChanged();
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (QAction *action : std::as_const(m_menuActions)) {
@@ -374,17 +376,22 @@ void KMTreeDock::renameTag(KMTagBase *tag)
 void KMTreeDock::duplicateTags(const QList<KMTagBase *> &tags)
 {
     const KMWaitingMacro macro(tr("Duplicate"));
+    KMRigTags::Copies copies;
     for (KMTagBase *tag : tags) {
-        if (!KMNodeEdits::copyTag(tag, nodeAs<KMContainerNode>(tag->owner())))
+        if (KMTagBase *copy = KMNodeEdits::copyTag(tag, nodeAs<KMContainerNode>(tag->owner())))
+            copies << KMRigTags::Copied{tag, copy};
+        else
             gSolution->showMessage(tr("A node can hold only one %1").arg(tag->name()), KMCommand::MessageLevel);
     }
+    KMRigTags::relinkCopies(copies);
 }
 
 void KMTreeDock::deleteTags(const QList<KMTagBase *> &tags)
 {
     KMNode *owner = gSolution->currentTag()->owner();
     KMNodeEdits::deleteTags(tags);
-    emit onNodeChanged(owner, owner->type());
+    if (!gSolution->currentTag()) // a locked bone keeps its own
+        emit onNodeChanged(owner, owner->type());
 }
 
 void KMTreeDock::dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &position, bool asCopy)
@@ -399,7 +406,9 @@ void KMTreeDock::dropTag(KMTagBase *tag, KMContainerNode *target, const QPoint &
         if (place < 0 || place == present)
             return;
     }
-    if (asCopy ? KMNodeEdits::copyTag(tag, target, place) : KMNodeEdits::moveTag(tag, target, place))
+    if (KMNodeEdits::tellsLock(target) || (!asCopy && KMNodeEdits::tellsLock(tag->owner())))
+        return;
+    if (asCopy ? bool(KMNodeEdits::copyTag(tag, target, place)) : KMNodeEdits::moveTag(tag, target, place))
         m_tree->viewport()->update();
     else
         gSolution->showMessage(tr("%1 can't hold another %2").arg(target->name(), tag->name()),

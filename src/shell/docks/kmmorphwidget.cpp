@@ -56,12 +56,15 @@ void kmmorphwidget::resetDocument()
 
 bool kmmorphwidget::edit(Edit edit)
 {
-    if (edit == Edit::Rename && m_tree->currentItem())
-        m_tree->editItem(m_tree->currentItem(), KMMorphTree::NameColumn);
-    else if (edit == Edit::Delete && m_commands)
-        m_commands->command(QStringLiteral("MorphComRemoveMorph"))->trigger();
-    else
+    QTreeWidgetItem *row = m_tree->currentItem();
+    if (edit == Edit::Rename && row)
+        m_tree->editItem(row, KMMorphTree::NameColumn);
+    else if (edit == Edit::Rename)
+        gSolution->showMessage(tr("Select a morph first"), KMCommand::MessageLevel);
+    else if (edit != Edit::Delete)
         gSolution->showMessage(tr("Morphs can't be copied by themselves"), KMCommand::MessageLevel);
+    else if (m_commands)
+        m_commands->command(QStringLiteral("MorphComRemoveMorph"))->trigger();
     return true; // the nodes of the tree are safe from here
 }
 
@@ -81,7 +84,7 @@ void kmmorphwidget::showMenu(const QPoint &position)
 
 void kmmorphwidget::askOrder()
 {
-    const KMTagMorph *tag = KMMorphTargets::tag();
+    const KMTagMorph *tag = m_tree->tag();
     if (!tag)
         return;
     kmmorphreoderdialog dialog(tag->liveMorphs(), this);
@@ -91,7 +94,7 @@ void kmmorphwidget::askOrder()
 
 void kmmorphwidget::moveRows(const QList<KMMorph *> &morphs, int place)
 {
-    const KMTagMorph *tag = KMMorphTargets::tag();
+    const KMTagMorph *tag = m_tree->tag();
     if (!tag)
         return;
     QList<KMMorph *> before;
@@ -106,7 +109,7 @@ void kmmorphwidget::moveRows(const QList<KMMorph *> &morphs, int place)
 
 void kmmorphwidget::pushOrder(const QList<KMMorph *> &order)
 {
-    KMTagMorph *tag = KMMorphTargets::tag();
+    KMTagMorph *tag = m_tree->tag();
     if (tag && order != tag->liveMorphs())
         gSolution->push(new reorderMorphCommand(tag, order));
 }

@@ -6,6 +6,7 @@
 #include "core/KMNodePropertyCommands.h"
 #include "core/KMNodeType.h"
 #include "core/KMProject.h"
+#include "core/KMSessionWindow.h"
 #include "core/KMSolution.h"
 #include "core/KMTagBase.h"
 #include "core/KMTreeWidget.h"
@@ -79,9 +80,9 @@ QList<KMContainerNode *> allMorphs()
 }
 
 /// The moves of single rows that bring several to a place, each counted without the one that moves.
-QVector<QPair<int, int>> movesTo(const QList<int> &rows, int place)
+moveDisplayItemCommand::Moves movesTo(const QList<int> &rows, int place)
 {
-    QVector<QPair<int, int>> moves;
+    moveDisplayItemCommand::Moves moves;
     int above = place;
     for (int i = rows.size() - 1; i >= 0; --i) {
         if (rows[i] < place)
@@ -188,14 +189,16 @@ QWidget *kmsetupwidget::createLists()
     return splitter;
 }
 
-/// The table is a window of the main window: this panel floats, and shortcuts reach no further than to the window above.
+/// The table is a window of the main window: this panel floats, and shortcuts reach no further than to the window
+/// above.
 void kmsetupwidget::openSheet()
 {
     if (!m_sheet) {
         m_sheet = new KMPhysicsSheet(parentWidget()->window());
         connect(m_sheet, &KMPhysicsSheet::tagChosen, this, &kmsetupwidget::showTag);
+        // Not at once: a step that takes a rig away tells so in its midst.
+        connect(gSolution, &KMSolution::currentNodeChanged, m_sheet, &KMPhysicsSheet::refresh, Qt::QueuedConnection);
     }
-    m_sheet->refresh();
     m_sheet->show();
     m_sheet->raise();
     m_sheet->activateWindow();
@@ -250,13 +253,17 @@ void kmsetupwidget::commit()
 
 void kmsetupwidget::resetDocument()
 {
-    const QSignalBlocker quietGroups(m_groups);
-    const QSignalBlocker quietItems(m_items);
     m_group = nullptr;
-    m_groups->clear();
-    m_items->clear();
-    if (m_sheet)
-        m_sheet->resetDocument();
+    refresh(); // the document is empty by now
+}
+
+void kmsetupwidget::releaseDocument()
+{
+    m_group = nullptr;
+    if (!m_sheet)
+        return;
+    m_sheet->hide();
+    m_sheet->refresh();
 }
 
 void kmsetupwidget::refillGroups()
@@ -313,10 +320,10 @@ void kmsetupwidget::renameGroup(QListWidgetItem *row)
 
 void kmsetupwidget::createGroup()
 {
+    gSolution->window()->commitOpenEditors();
     auto *created = new KMDisplayNode;
     m_group = created;
-    gProject->addNode(created);
-    refresh();
+    gProject->addToScene(created);
 }
 
 void kmsetupwidget::deleteGroups()
@@ -351,22 +358,17 @@ void kmsetupwidget::createItems()
 
 void kmsetupwidget::deleteItems()
 {
-    QList<int> rows = m_items->chosenRows();
+    const QList<int> rows = m_items->chosenRows();
     if (!group() || rows.isEmpty())
         return gSolution->showMessage(tr("not selected."), KMCommand::MessageLevel);
-    const KMUndoMacro macro(tr("Remove DisplayItem"));
-    while (!rows.isEmpty())
-        gSolution->push(new removeDisplayItemCommand(group(), rows.takeLast()));
+    gSolution->push(new removeDisplayItemCommand(group(), rows));
 }
 
 void kmsetupwidget::moveItems(const QList<int> &rows, int place)
 {
     const auto moves = movesTo(rows, place);
-    if (!group() || moves.isEmpty())
-        return;
-    const KMUndoMacro macro(tr("Move DisplayItem"));
-    for (const auto &move : moves)
-        gSolution->push(new moveDisplayItemCommand(group(), move.first, move.second));
+    if (group() && !moves.isEmpty())
+        gSolution->push(new moveDisplayItemCommand(group(), moves));
 }
 
 void kmsetupwidget::dropItems(const QMimeData *data, int place)
@@ -381,17 +383,16 @@ void kmsetupwidget::addItems(const QList<KMContainerNode *> &nodes, int place)
 {
     if (!group() || nodes.isEmpty())
         return gSolution->showMessage(tr("not selected."), KMCommand::MessageLevel);
-    QList<DisplayItem> added;
+    KMDisplayNode::Items added;
+    const KMDisplayNode::Items listed = group()->liveItems();
     for (KMContainerNode *node : nodes) {
         const DisplayItem item = DisplayItem::of(node);
-        if (!group()->liveItems().contains(item))
+        if (!listed.contains(item))
             added << item;
     }
     if (added.isEmpty())
-        return;
-    const KMUndoMacro macro(tr("Add DisplayItem"));
-    for (const DisplayItem &item : std::as_const(added))
-        gSolution->push(new addDisplayItemCommand(group(), item, place++));
+        return gSolution->showMessage(tr("The group lists all of them already"), KMCommand::MessageLevel);
+    gSolution->push(new addDisplayItemCommand(group(), added, place));
 }
 
 void kmsetupwidget::showMenu(KMSetupList *list, const QPoint &position)
@@ -415,8 +416,13 @@ void kmsetupwidget::showMenu(KMSetupList *list, const QPoint &position)
 bool kmsetupwidget::edit(Edit edit)
 {
     if (isInSheet(QApplication::focusWidget())) {
-        if (edit == Edit::Delete && !m_sheet->deleteChosen())
-            gSolution->showMessage(tr("not selected."), KMCommand::MessageLevel);
+        if (edit == Edit::Delete)
+            m_sheet->deleteChosen();
+        else if (edit == Edit::Rename)
+            m_sheet->editCurrent();
+        else
+            gSolution->showMessage(tr("Bodies and joints are copied in the tree of the bones"),
+                                   KMCommand::MessageLevel);
         return true;
     }
     const bool ofItems = m_items->hasFocus();

@@ -34,6 +34,7 @@ public:
     void refresh() override;
     void refreshSheet(); ///< where it is open
     void resetDocument() override;
+    void releaseDocument() override;
 
 private:
     QWidget *createInformation();
