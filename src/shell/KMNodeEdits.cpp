@@ -55,6 +55,17 @@ void moveBefore(KMContainerNode *node, KMContainerNode *sibling)
     gSolution->push(new moveNodeCommand(mode, sibling, node));
 }
 
+/// As the last below a mesh; but a bone deform takes the weights that an anchor gives, and leaves none.
+void placeModifier(KMContainerNode *modifier, KMContainerNode *mesh)
+{
+    for (int i = 0; modifier->type() == KMNodeType::ModAnchor && i < mesh->item()->childCount(); ++i) {
+        KMContainerNode *child = KMTreeWidget::nodeOf(mesh->item()->child(i));
+        if (child->type() == KMNodeType::ModBoneDeform)
+            return moveBefore(modifier, child);
+    }
+    moveTo(modifier, mesh);
+}
+
 /// Else the node would be moved up when the document is read again.
 bool hasRoom(const KMContainerNode *parent, const KMContainerNode *node)
 {
@@ -63,18 +74,6 @@ bool hasRoom(const KMContainerNode *parent, const KMContainerNode *node)
     gSolution->showMessage(tr("Nodes can't stand deeper than %1 in one another").arg(KMTreeWidget::MaxDepth),
                            KMCommand::MessageLevel);
     return false;
-}
-
-/// Before which of the modifiers below a mesh a new one belongs; null for behind them all. A bone deform takes the
-/// weights that an anchor gives, and leaves none.
-KMContainerNode *placeOfModifier(const KMContainerNode *modifier, const KMContainerNode *mesh)
-{
-    for (int i = 0; modifier->type() == KMNodeType::ModAnchor && i < mesh->item()->childCount(); ++i) {
-        KMContainerNode *child = KMTreeWidget::nodeOf(mesh->item()->child(i));
-        if (child->type() == KMNodeType::ModBoneDeform)
-            return child;
-    }
-    return nullptr;
 }
 
 bool hasTagNamed(const KMContainerNode *node, const QString &name)
@@ -201,10 +200,8 @@ void KMNodeEdits::addModifier(KMContainerNode *modifier)
     if (!mesh)
         gSolution->showMessage(tr("No mesh was current: move the modifier below the mesh that it shall change"),
                                KMCommand::MessageLevel);
-    else if (KMContainerNode *behind = placeOfModifier(modifier, mesh))
-        moveBefore(modifier, behind);
     else if (hasRoom(mesh, modifier))
-        moveTo(modifier, mesh);
+        placeModifier(modifier, mesh);
     gProject->checkModifiers();
     if (mesh)
         mesh->item()->setExpanded(true);
