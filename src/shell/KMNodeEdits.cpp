@@ -63,7 +63,7 @@ void placeModifier(KMContainerNode *modifier, KMContainerNode *mesh)
         if (child->type() == KMNodeType::ModBoneDeform)
             return moveBefore(modifier, child);
     }
-    moveTo(modifier, mesh);
+    KMNodeEdits::moveTo(modifier, mesh);
 }
 
 /// Else the node would be moved up when the document is read again.
