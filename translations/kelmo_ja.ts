@@ -15,6 +15,10 @@
         <source>Left</source>
         <translation>左</translation>
     </message>
+    <message>
+        <source>No selected bone has a partner on the other side.</source>
+        <translation>選択したボーンには反対側の対がありません。</translation>
+    </message>
 </context>
 <context>
     <name>BoneComEditViewMode</name>
@@ -33,6 +37,10 @@
     <message>
         <source>ViewMode</source>
         <translation>表示モード</translation>
+    </message>
+    <message>
+        <source>The bones are shown so already.</source>
+        <translation>ボーンは既にその表示です。</translation>
     </message>
 </context>
 <context>
@@ -81,6 +89,10 @@
     <message>
         <source>Threshold</source>
         <translation>しきい値</translation>
+    </message>
+    <message>
+        <source>The weights are as even as their neighbours already.</source>
+        <translation>ウェイトは既に周りと同じです。</translation>
     </message>
 </context>
 <context>
@@ -160,6 +172,10 @@
     <message>
         <source>Select All</source>
         <translation>すべて選択</translation>
+    </message>
+    <message>
+        <source>%1 is locked or hidden</source>
+        <translation>%1 はロックまたは非表示です</translation>
     </message>
 </context>
 <context>
@@ -360,6 +376,10 @@
     <message>
         <source>Add Bone</source>
         <translation>ボーンを追加</translation>
+    </message>
+    <message>
+        <source>A rig can&apos;t be deeper than %1 bones</source>
+        <translation>リグの階層は %1 ボーンまでです</translation>
     </message>
 </context>
 <context>
@@ -576,8 +596,28 @@
         <translation>選択した二つの剛体をつなぎます。Ctrl で順序が逆になります</translation>
     </message>
     <message>
-        <source>A rig can&apos;t be deeper than %1 bones</source>
-        <translation>リグの階層は %1 ボーンまでです</translation>
+        <source>There is no bone for which this does anything.</source>
+        <translation>対象になるボーンがありません。</translation>
+    </message>
+    <message>
+        <source>The selected bones have their partners already.</source>
+        <translation>選択したボーンには既に対があります。</translation>
+    </message>
+    <message>
+        <source>The selected bones are no chain.</source>
+        <translation>選択したボーンは一続きではありません。</translation>
+    </message>
+    <message>
+        <source>The selected bones have no parents.</source>
+        <translation>選択したボーンに親がありません。</translation>
+    </message>
+    <message>
+        <source>The selected bones have no children.</source>
+        <translation>選択したボーンに子がありません。</translation>
+    </message>
+    <message>
+        <source>The bones stand so already.</source>
+        <translation>ボーンは既にその位置です。</translation>
     </message>
 </context>
 <context>
@@ -600,6 +640,15 @@
     <message>
         <source>Rotate Bone</source>
         <translation>ボーンを回転</translation>
+    </message>
+</context>
+<context>
+    <name>KMBoneEdit</name>
+    <message numerus="yes">
+        <source>%n bone(s) not changed: locked</source>
+        <translation>
+            <numerusform>%n 個のボーンはロックのため変更されませんでした</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -878,6 +927,12 @@
         <source>%n key(s) of the moved bones are gone</source>
         <translation>
             <numerusform>移動したボーンのキー %n 個が失われました</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n joint(s) lost a body of the other rig</source>
+        <translation>
+            <numerusform>%n 個のジョイントは別のリグの剛体を失いました</numerusform>
         </translation>
     </message>
 </context>
@@ -1213,6 +1268,10 @@
     <message>
         <source>Bone Selection not found.</source>
         <translation>選択中のボーンがありません。</translation>
+    </message>
+    <message>
+        <source>There is nothing to change.</source>
+        <translation>変更するものがありません。</translation>
     </message>
 </context>
 <context>
@@ -1609,26 +1668,6 @@
 </context>
 <context>
     <name>KMDReader</name>
-    <message>
-        <source>The file doesn&apos;t exist</source>
-        <translation>ファイルがありません</translation>
-    </message>
-    <message>
-        <source>This is a folder, not a file</source>
-        <translation>ファイルではなくフォルダーです</translation>
-    </message>
-    <message>
-        <source>This is not a regular file</source>
-        <translation>通常のファイルではありません</translation>
-    </message>
-    <message>
-        <source>The file can&apos;t be opened: %1</source>
-        <translation>ファイルを開けません: %1</translation>
-    </message>
-    <message>
-        <source>The file is too large: %1 bytes</source>
-        <translation>ファイルが大きすぎます: %1 バイト</translation>
-    </message>
     <message>
         <source>This is not a model file: %1</source>
         <translation>モデルファイルではありません: %1</translation>
@@ -2408,6 +2447,29 @@
     </message>
 </context>
 <context>
+    <name>KMInputFile</name>
+    <message>
+        <source>The file doesn&apos;t exist</source>
+        <translation>ファイルがありません</translation>
+    </message>
+    <message>
+        <source>This is a folder, not a file</source>
+        <translation>ファイルではなくフォルダーです</translation>
+    </message>
+    <message>
+        <source>This is not a regular file</source>
+        <translation>通常のファイルではありません</translation>
+    </message>
+    <message>
+        <source>The file is too large: %1 bytes</source>
+        <translation>ファイルが大きすぎます: %1 バイト</translation>
+    </message>
+    <message>
+        <source>The file can&apos;t be opened: %1</source>
+        <translation>ファイルを開けません: %1</translation>
+    </message>
+</context>
+<context>
     <name>KMIntNodeContainer</name>
     <message>
         <source>Int</source>
@@ -2697,6 +2759,10 @@
     <message>
         <source>Remove the helpers of the chosen bones</source>
         <translation>選んだボーンの補助形状を取り除きます</translation>
+    </message>
+    <message>
+        <source>The anchor stands behind %1 and does nothing: move it before that</source>
+        <translation>アンカーは %1 の後ろにあり、効果がありません。その前に移動してください</translation>
     </message>
 </context>
 <context>
@@ -3048,6 +3114,22 @@
         <source>MorphNode Not Selected.</source>
         <translation>モーフが選択されていません。</translation>
     </message>
+    <message>
+        <source>All values are at 0.</source>
+        <translation>すべての値が 0 です。</translation>
+    </message>
+    <message>
+        <source>There is no schematic to put them in.</source>
+        <translation>登録先のスケマティックがありません。</translation>
+    </message>
+    <message>
+        <source>There is no vertex to be selected.</source>
+        <translation>選択する頂点がありません。</translation>
+    </message>
+    <message>
+        <source>%1 is locked.</source>
+        <translation>%1 はロックされています。</translation>
+    </message>
 </context>
 <context>
     <name>KMMorphDialog</name>
@@ -3092,10 +3174,6 @@
     <message>
         <source>%1 is locked</source>
         <translation>%1 はロックされています</translation>
-    </message>
-    <message>
-        <source>This is not a regular file.</source>
-        <translation>通常のファイルではありません。</translation>
     </message>
     <message>
         <source>file open error.</source>
@@ -3355,6 +3433,10 @@
     <message>
         <source>Delete Tag</source>
         <translation>タグの削除</translation>
+    </message>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 はロックされています</translation>
     </message>
 </context>
 <context>
@@ -3668,6 +3750,14 @@
     <message>
         <source>There is no rig in the document</source>
         <translation>リグがありません</translation>
+    </message>
+    <message>
+        <source>not selected.</source>
+        <translation>選択されていません。</translation>
+    </message>
+    <message>
+        <source>This cell can&apos;t be edited</source>
+        <translation>このセルは編集できません</translation>
     </message>
 </context>
 <context>
@@ -4103,6 +4193,10 @@
     <message>
         <source>Scale</source>
         <translation>拡大縮小</translation>
+    </message>
+    <message>
+        <source>Kept with the document: sizes alone go into a model</source>
+        <translation>ドキュメントにだけ保存されます。モデルにはサイズだけが書き出されます</translation>
     </message>
 </context>
 <context>
@@ -4848,6 +4942,13 @@
     </message>
 </context>
 <context>
+    <name>KMSheetModel</name>
+    <message>
+        <source>%1 can&apos;t be &quot;%2&quot;</source>
+        <translation>%1 を「%2」にはできません</translation>
+    </message>
+</context>
+<context>
     <name>KMShelfDock</name>
     <message>
         <source>%1: %2</source>
@@ -4942,18 +5043,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Line %1: the path ends at a mistake or is too long</source>
         <translation>%1 行: パスは誤りのある所で終わっているか、長すぎます</translation>
-    </message>
-    <message>
-        <source>The file doesn&apos;t exist</source>
-        <translation>ファイルがありません</translation>
-    </message>
-    <message>
-        <source>This is not a regular file</source>
-        <translation>通常のファイルではありません</translation>
-    </message>
-    <message>
-        <source>The file can&apos;t be opened: %1</source>
-        <translation>ファイルを開けません: %1</translation>
     </message>
     <message>
         <source>The file is larger than %1 bytes</source>
@@ -5196,6 +5285,10 @@ Trying to Recover Files?</source>
     <message>
         <source>Restore Selection</source>
         <translation>選択の復元</translation>
+    </message>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 はロックされています</translation>
     </message>
 </context>
 <context>
@@ -5493,6 +5586,10 @@ Trying to Recover Files?</source>
         <source>Move</source>
         <translation>移動</translation>
     </message>
+    <message>
+        <source>There is no rig that is shown and not locked</source>
+        <translation>表示されていてロックされていないリグがありません</translation>
+    </message>
 </context>
 <context>
     <name>KMToolBoneWeight</name>
@@ -5515,10 +5612,6 @@ Trying to Recover Files?</source>
     <message>
         <source>Eraser</source>
         <translation>消しゴム</translation>
-    </message>
-    <message>
-        <source>Select Bone</source>
-        <translation>ボーンを選択</translation>
     </message>
     <message>
         <source>Select the mesh to be painted.</source>
@@ -5551,6 +5644,14 @@ Trying to Recover Files?</source>
     <message>
         <source>Vertex %1   %2</source>
         <translation>頂点 %1   %2</translation>
+    </message>
+    <message>
+        <source>No bone here can be chosen: locked and hidden ones only by the list.</source>
+        <translation>ここで選べるボーンはありません。ロックまたは非表示のボーンはリストから選んでください。</translation>
+    </message>
+    <message>
+        <source>%1 gives this place its weights: what is painted here has no effect.</source>
+        <translation>この場所のウェイトは %1 が決めるため、ここを塗っても効果はありません。</translation>
     </message>
 </context>
 <context>
@@ -6438,18 +6539,6 @@ By going on you agree to respect the rights of all authors whose data you use.</
 </context>
 <context>
     <name>PmxImporter</name>
-    <message>
-        <source>This is no file</source>
-        <translation>ファイルではありません</translation>
-    </message>
-    <message>
-        <source>The file doesn&apos;t exist</source>
-        <translation>ファイルがありません</translation>
-    </message>
-    <message>
-        <source>The file is too large: %1 bytes</source>
-        <translation>ファイルが大きすぎます: %1 バイト</translation>
-    </message>
     <message>
         <source>The file can&apos;t be read to its end: %1</source>
         <translation>ファイルを最後まで読み込めません: %1</translation>
@@ -8236,6 +8325,10 @@ Overwrite the current file?</source>
         <source>Writing %1...</source>
         <translation>%1 を書き出し中...</translation>
     </message>
+    <message>
+        <source>%1 is locked or hidden</source>
+        <translation>%1 はロックまたは非表示です</translation>
+    </message>
 </context>
 <context>
     <name>kmmorphreoderdialog</name>
@@ -8277,6 +8370,10 @@ Overwrite the current file?</source>
     <message>
         <source>Bring the morphs into another order</source>
         <translation>モーフの順序を変えます</translation>
+    </message>
+    <message>
+        <source>Select a morph first</source>
+        <translation>先にモーフを選択してください</translation>
     </message>
 </context>
 <context>
@@ -8450,18 +8547,6 @@ Overwrite the current file?</source>
         <translation>表示枠の移動</translation>
     </message>
     <message>
-        <source>Remove DisplayItem</source>
-        <translation>表示項目の削除</translation>
-    </message>
-    <message>
-        <source>Move DisplayItem</source>
-        <translation>表示項目の移動</translation>
-    </message>
-    <message>
-        <source>Add DisplayItem</source>
-        <translation>表示項目の追加</translation>
-    </message>
-    <message>
         <source>Create</source>
         <translation>作成</translation>
     </message>
@@ -8484,6 +8569,14 @@ Overwrite the current file?</source>
     <message>
         <source>Take the chosen items out of the group</source>
         <translation>選択した項目を表示枠から外します</translation>
+    </message>
+    <message>
+        <source>The group lists all of them already</source>
+        <translation>グループには既にすべて登録されています</translation>
+    </message>
+    <message>
+        <source>Bodies and joints are copied in the tree of the bones</source>
+        <translation>剛体とジョイントはボーンのツリーでコピーします</translation>
     </message>
 </context>
 <context>
@@ -8608,6 +8701,13 @@ Overwrite the current file?</source>
     </message>
 </context>
 <context>
+    <name>rebindBoneWeightCommand</name>
+    <message>
+        <source>Rebind BoneWeight</source>
+        <translation>ボーンウェイトの再割り当て</translation>
+    </message>
+</context>
+<context>
     <name>redrawTagCommand</name>
     <message>
         <source>Redraw Tag</source>
@@ -8619,6 +8719,13 @@ Overwrite the current file?</source>
     <message>
         <source>Edit Info</source>
         <translation>情報の編集</translation>
+    </message>
+</context>
+<context>
+    <name>relinkDisplayItemsCommand</name>
+    <message>
+        <source>Relink DisplayItem</source>
+        <translation>表示項目の再リンク</translation>
     </message>
 </context>
 <context>
