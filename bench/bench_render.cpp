@@ -73,8 +73,8 @@ void rewriteFaces(benchmark::State &state)
     measure(state, ours, plain);
 }
 
-/// What a selected vertex costs a view that shows faces, edges and vertices, beside a copy of the colours alone, element by
-/// element.
+/// What a selected vertex costs a view that shows faces, edges and vertices, beside a copy of the colours alone,
+/// element by element.
 void flagFrame(benchmark::State &state)
 {
     Scene scene(int(state.range(0)));

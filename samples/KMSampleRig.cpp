@@ -13,6 +13,8 @@
 #include "rig/KMBoneMMDTemplate.h"
 #include "rig/KMBoneTreeCommands.h"
 
+#include <QtMath>
+
 namespace {
 
 /// Where a bone of the template lies; the right side follows.
@@ -117,6 +119,19 @@ QVector<QByteArray> namesOf(const QByteArray &chain, int joints, Namer namer)
     return names;
 }
 
+/// Knees bend backwards alone, so that players that solve the legs don't turn them aside.
+void limitKnees(KMBoneContainer *rig)
+{
+    constexpr float straightest = -0.5f; // degrees; a leg that is quite straight could bend either way
+    for (const char *knee : {"knee_L", "knee_R"}) {
+        BoneLimit limits;
+        limits.enabled = true;
+        limits.maxH = qDegreesToRadians(straightest);
+        limits.minP = limits.maxP = limits.minB = limits.maxB = 0.0f;
+        gSolution->push(new editBoneLimitHPBCommand(boneOf(rig, knee), limits));
+    }
+}
+
 } // namespace
 
 KMBoneContainer *KMSampleRig::build()
@@ -126,6 +141,7 @@ KMBoneContainer *KMSampleRig::build()
     KMBoneMMDTemplate::insertInto(rig);
     for (const Fit &row : trunkFits() + armFits())
         fit(rig, row);
+    limitKnees(rig);
     for (const KMSampleHair::Chain &chain : KMSampleHair::chains())
         addChain(rig, "head", namesOf(chain.name, chain.joints.size(), &KMSampleHair::boneName), chain.joints);
     for (const KMSampleClothes::SkirtChain &chain : KMSampleClothes::skirtChains())

@@ -45,8 +45,8 @@ struct KMOption
     double minimum = -1e9;
     double maximum = 1e9;
     QStringList choices = {};
-    double step = 1.0; ///< of the arrows of a Float
-    QString unit = {}; ///< behind the number of a Float
+    double step = 1.0;     ///< of the arrows of a Float
+    QString unit = {};     ///< behind the number of a Float
     bool isEnabled = true; ///< false: the row is shown, its value stays
 };
 

@@ -139,7 +139,7 @@ KMMeshNode *KMMeshNode::clone() const
     auto *copy = new KMMeshNode;
     {
         const KMBasePositions base(this); // the copies of the tags lay their offsets on anew
-        copy->copyRecords(*this);           // before the tags, which follow the records
+        copy->copyRecords(*this);         // before the tags, which follow the records
     }
     copyNullTo(copy);
     copy->setSmoothAngle(smoothAngle());

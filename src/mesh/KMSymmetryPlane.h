@@ -8,7 +8,7 @@ class KMMeshNode;
 class KMSymmetryPlane
 {
 public:
-    explicit KMSymmetryPlane(const KMMeshNode &mesh); ///< as the frame is now
+    explicit KMSymmetryPlane(const KMMeshNode &mesh);                        ///< as the frame is now
     KMSymmetryPlane(const kvm::Vector3 &origin, const kvm::Vector3 &normal); ///< a normal of unit length
 
     const kvm::Vector3 &normal() const { return m_normal; } ///< unit length

@@ -18,7 +18,7 @@ enum Mask : quint32 {
     UVVertices = 64,
     CageEdges = 128,
     MarkedFaces = 256, ///< of the faces those that are selected or under the cursor
-    CullBack = 512, ///< the faces alone lose those that look away
+    CullBack = 512,    ///< the faces alone lose those that look away
     ActiveChanged = 0x400
 };
 

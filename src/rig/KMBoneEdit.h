@@ -22,7 +22,7 @@ struct Change
 };
 using Changes = QVector<Change>;
 
-bool areNeeded(const Changes &changes);   ///< pushChanges() has something to push
+bool areNeeded(const Changes &changes); ///< pushChanges() has something to push
 /// Those that are more than rounding away from what the bones have. Locked bones stay; it says so where some do.
 void pushChanges(const Changes &changes);
 /// The bones that may be changed. Says so where some are locked.

@@ -46,7 +46,8 @@ QList<KMContainerNode *> KMNodeTemplates::sources() const
     return sources;
 }
 
-KMContainerNode *KMNodeTemplates::bringIn(const Template &copied, KMContainerNode *parent, std::vector<Instance> &instances)
+KMContainerNode *KMNodeTemplates::bringIn(const Template &copied, KMContainerNode *parent,
+                                          std::vector<Instance> &instances)
 {
     KMContainerNode *node = copied.node->clone();
     gProject->addToScene(node);

@@ -244,8 +244,8 @@ private:
     void saveDocument();
     QString askOpenPath(const QString &title, const QString &filter); ///< an existing file; empty when cancelled
     QString askSavePath(const QString &title, const QString &filter,
-                        const QString &addition = {});            ///< with a suffix; empty when cancelled
-    void importModel(const QString &path, int mask, float scale); ///< the mask is of KMD::Take
+                        const QString &addition = {});               ///< with a suffix; empty when cancelled
+    void importModel(const QString &path, int mask, float scale);    ///< the mask is of KMD::Take
     void importAs(const QString &suffix, const QString &given = {}); ///< asks for the path where none is given
     void exportAs(const QString &suffix);
     void create(KMContainerNode *node);

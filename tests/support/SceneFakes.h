@@ -31,7 +31,7 @@ public:
 
     bool refreshDeferred = false;
     KMContainerNode *evaluated = nullptr; ///< not owned
-    mutable bool hasOtherChain = false; ///< until it was asked
+    mutable bool hasOtherChain = false;   ///< until it was asked
     QVector<int> faceShaders;
 
 private:

@@ -12,7 +12,7 @@ struct KMEditFilter;
 /// The window with four views, a mesh in the scene, forty times the size of the fixture, and a tool in the hand.
 struct ToolWindow : TestWindow
 {
-    static constexpr float Size = 40.0f;                      ///< of the fixture's unit
+    static constexpr float Size = 40.0f;                                 ///< of the fixture's unit
     static constexpr int Top = 3, Perspective = 4, Front = 5, Right = 6; ///< numbers of views
 
     ToolWindow(KMMeshNode *shape, int toolId); ///< takes the mesh over; with none the document is empty

@@ -28,7 +28,7 @@ public:
     void setTagActions(const QList<QAction *> &actions) { m_tagActions = actions; }   ///< of the tags' menu
     void setClipboard(KMNodeClipboard *clipboard) { m_clipboard = clipboard; }        ///< not owned; outlives the dock
     static bool deselectTags(const QTreeWidget *tree); ///< of all rows; false where none was selected
-    void renameCurrent(); ///< opens the editor of the current row
+    void renameCurrent();                              ///< opens the editor of the current row
 
     /// How the width of the columns comes about; the numbers stand in a file.
     enum ResizeMode { FillPanel, ByHand, FitContents };

@@ -21,7 +21,8 @@ struct ModeRow
 
 /// By KMToolBone::Mode.
 constexpr ModeRow modeRows[] = {
-    {"boneMake", QT_TRANSLATE_NOOP("KMBoneToolPage", "A drag makes a bone; from a head or a tail it goes on from there")},
+    {"boneMake",
+     QT_TRANSLATE_NOOP("KMBoneToolPage", "A drag makes a bone; from a head or a tail it goes on from there")},
     {"boneMove", QT_TRANSLATE_NOOP("KMBoneToolPage", "A drag moves heads and tails, or selects an area")},
 };
 
