@@ -140,6 +140,9 @@ QTableView *KMPhysicsSheet::addTable(const QString &objectName, KMSheetModel *mo
     table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table->horizontalHeader()->setDefaultSectionSize(dpiScaled(80));
     table->horizontalHeader()->setHighlightSections(false);
+    for (int column = 0; column < model->columnCount(); ++column) // in any language
+        table->setColumnWidth(column,
+                              qMax(table->columnWidth(column), table->horizontalHeader()->sectionSizeHint(column)));
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + dpiScaled(8));
     model->setReach([table](int row) { return rowsBeside(table, row); });
     model->setLock([](const KMTagBase *tag) { return bool(KMRigTags::lockOf(tag->owner())); });
