@@ -310,7 +310,7 @@ void tst_KMDReader::mutations()
     const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
     const QVector<double> versions = {1.0, 1.1, 1.9, 2.0, 2.3, 4.0, 4.4};
     int accepted = 0;
-    const qint64 memoryBefore = peakMemory();
+    [[maybe_unused]] const qint64 memoryBefore = peakMemory();
     for (int round = 0; round < rounds; ++round) {
         KmdBytes file(versions[below(versions.size())]);
         file.hasMesh = below(2);
