@@ -5,18 +5,25 @@
 
 namespace {
 
+/// A rig goes with the nodes above by steps of its own, and its transform is its plane of symmetry in the world: it is
+/// no frame for what stands below.
+bool isRig(int type)
+{
+    return type == KMNodeType::BoneContainer;
+}
+
 /// The product of the transforms from a node up to the top.
-kvm::Matrix4 matrixFrom(const KMContainerNode *node)
+kvm::Matrix4 matrixFrom(const KMContainerNode *start)
 {
     kvm::Matrix4 world;
-    for (; node; node = KMTreeWidget::parentNodeOf(node)) {
-        if (!isNull(node->type()))
+    for (const KMContainerNode *node = start; node; node = KMTreeWidget::parentNodeOf(node)) {
+        if (!isNull(node->type()) || (node != start && isRig(node->type())))
             continue;
         const KMTransform &local = static_cast<const KMNullNode *>(node)->transform();
         world *= kvm::Matrix4::fromScale(local.scale);
         world *= local.rotation;
         world += local.translation;
-        if (standsInWorld(node->type()))
+        if (standsInWorld(node->type()) || isRig(node->type()))
             break;
     }
     return world;
@@ -42,7 +49,10 @@ kvm::Matrix4 KMNullNode::worldMatrix() const
 
 kvm::Matrix4 KMNullNode::parentMatrix() const
 {
-    return standsInWorld(type()) ? kvm::Matrix4() : matrixFrom(KMTreeWidget::parentNodeOf(this));
+    if (standsInWorld(type()) || isRig(type()))
+        return {};
+    const KMContainerNode *parent = KMTreeWidget::parentNodeOf(this);
+    return matrixFrom(parent && isRig(parent->type()) ? KMTreeWidget::parentNodeOf(parent) : parent);
 }
 
 KMContainerNode *KMNullNode::clone() const

@@ -111,6 +111,10 @@ void tst_KMRigCarry::follows()
         gProject->tree()->takeRow(node->item());
         gProject->tree()->insertRow(group->item(), -1, node->item());
     }
+    KMMeshNode *below = MeshFixtures::cube(); // the rig, which is no frame for it
+    gProject->addNode(below);
+    gProject->tree()->takeRow(below->item());
+    gProject->tree()->insertRow(rig->item(), -1, below->item());
     KMBone *arm = add(rig, QStringLiteral("arm"), nullptr, {4, 40, 1}, {30, 45, 3});
     KMBone *hand = add(rig, QStringLiteral("hand"), arm, {30, 45, 3}, {38, 60, -9});
     auto *body = new KMTagRigidBody;
@@ -170,6 +174,7 @@ void tst_KMRigCarry::follows()
         QVERIFY(isClose(now[i] * point, dragged[i] * point));
     }
     QVERIFY(isClose(rig->mirrorPlane().reflected(step * point), step * plane.reflected(point)));
+    QVERIFY(isClose(below->worldMatrix() * point, mesh->worldMatrix() * point));
 
     gSolution->undoStack()->undo();
     QCOMPARE(dump.text(), before);
