@@ -12,18 +12,22 @@ bool isRig(int type)
     return type == KMNodeType::BoneContainer;
 }
 
+void append(kvm::Matrix4 &world, const KMTransform &local)
+{
+    world *= kvm::Matrix4::fromScale(local.scale);
+    world *= local.rotation;
+    world += local.translation;
+}
+
 /// The product of the transforms from a node up to the top.
-kvm::Matrix4 matrixFrom(const KMContainerNode *start)
+kvm::Matrix4 matrixFrom(const KMContainerNode *node)
 {
     kvm::Matrix4 world;
-    for (const KMContainerNode *node = start; node; node = KMTreeWidget::parentNodeOf(node)) {
-        if (!isNull(node->type()) || (node != start && isRig(node->type())))
+    for (; node; node = KMTreeWidget::parentNodeOf(node)) {
+        if (!isNull(node->type()) || isRig(node->type()))
             continue;
-        const KMTransform &local = static_cast<const KMNullNode *>(node)->transform();
-        world *= kvm::Matrix4::fromScale(local.scale);
-        world *= local.rotation;
-        world += local.translation;
-        if (standsInWorld(node->type()) || isRig(node->type()))
+        append(world, static_cast<const KMNullNode *>(node)->transform());
+        if (standsInWorld(node->type()))
             break;
     }
     return world;
@@ -44,15 +48,17 @@ void KMNullNode::setTransform(const KMTransform &transform)
 
 kvm::Matrix4 KMNullNode::worldMatrix() const
 {
-    return matrixFrom(this);
+    if (!isRig(type()))
+        return matrixFrom(this);
+    kvm::Matrix4 world;
+    append(world, m_transform);
+    return world;
 }
 
 kvm::Matrix4 KMNullNode::parentMatrix() const
 {
-    if (standsInWorld(type()) || isRig(type()))
-        return {};
-    const KMContainerNode *parent = KMTreeWidget::parentNodeOf(this);
-    return matrixFrom(parent && isRig(parent->type()) ? KMTreeWidget::parentNodeOf(parent) : parent);
+    const bool isInWorld = standsInWorld(type()) || isRig(type());
+    return isInWorld ? kvm::Matrix4() : matrixFrom(KMTreeWidget::parentNodeOf(this));
 }
 
 KMContainerNode *KMNullNode::clone() const
